@@ -1,0 +1,40 @@
+// Which columns of a table become x and the curves.
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "app/column_survey.h"
+
+namespace kurv::app {
+
+// A graph's limits: its counts are 16-bit integers, and its columns have a fixed number.
+inline constexpr std::size_t kMostRows = 32767;
+inline constexpr std::size_t kMostCurves = 149;
+
+// What the user asks for; column names, all optional.
+struct Selection {
+  std::optional<std::string> x;
+  std::vector<std::string> y;
+  // Each n-th row is taken, the first one always.
+  std::size_t every = 1;
+};
+
+struct Choice {
+  // Without an x column the row number takes its place.
+  std::optional<std::size_t> x;
+  std::vector<std::size_t> y;
+  // Whole sentences.
+  std::vector<std::string> warnings;
+};
+
+// Without a wish, the first column is x and all other columns of numbers are curves. Where the
+// first one has neither numbers nor dates, or no other one has numbers, the rows are numbered
+// instead. Throws UserError, which begins with `path`, when nothing can be drawn that way.
+Choice choose_columns(const std::vector<std::string>& names,
+                      const std::vector<ColumnSurvey>& surveys, const Selection& selection,
+                      const std::string& path);
+
+}  // namespace kurv::app

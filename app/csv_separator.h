@@ -1,0 +1,13 @@
+// Which character separates the fields of a file.
+#pragma once
+
+#include <string_view>
+
+namespace kurv::app {
+
+// Comma, semicolon or tab: the one that most of the first lines have equally often, outside quotes.
+// Where two are as good, a tab goes before a semicolon and a semicolon before a comma, because the
+// commas between semicolons are decimal commas. A comma where no line has any of them.
+char find_separator(std::string_view bytes);
+
+}  // namespace kurv::app

@@ -1,0 +1,53 @@
+// The program: finds out what is asked for, does it, and says how it went.
+//
+// Everything that it has to say about the work goes to standard error, one line each. It ends with
+// 0 when the picture is written, 1 when it is not, and 2 when the command line makes no sense.
+
+#include <KurvGraph/fault.h>
+
+#include <iostream>
+#include <new>
+#include <string>
+#include <variant>
+
+#include "app/command_line.h"
+#include "app/render_command.h"
+#include "app/text.h"
+#include "app/user_error.h"
+
+namespace {
+
+using namespace kurv::app;
+
+void say(const std::string& sentence) {
+  std::cerr << "kurv: " << on_one_line(sentence) << '\n';
+}
+
+int run(int argc, char** argv) {
+  if (argc < 2) {
+    std::cerr << program_help();
+    return kUsageFailure;
+  }
+  const Command command = parse_command_line(argc, argv);
+  if (const Notice* notice = std::get_if<Notice>(&command)) {
+    std::cout << notice->text;
+    return 0;
+  }
+  render(std::get<RenderRequest>(command),
+         [](const std::string& warning) { say("warning: " + warning); });
+  return 0;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  try {
+    return run(argc, argv);
+  } catch (const UserError& error) {
+    say(error.what());
+    return error.exit_status();
+  } catch (const std::bad_alloc&) {
+    say("there is not enough memory for this picture; make it smaller or the data fewer.");
+    return kFailure;
+  }
+}

@@ -1,0 +1,177 @@
+#include "app/option_values.h"
+
+#include <KurvGraph/fault.h>
+#include <KurvGraph/number_text.h>
+
+#include <algorithm>
+#include <charconv>
+#include <optional>
+
+#include "app/csv_table.h"
+#include "app/text.h"
+#include "app/user_error.h"
+
+namespace kurv::app {
+
+namespace {
+
+constexpr int kWidest = 7680;
+constexpr int kHighest = 4320;
+constexpr double kSmallestScale = 0.5;
+constexpr double kLargestScale = 8;
+constexpr double kMostPixels = 4.0 * kWidest * kHighest;
+
+UserError misuse(const std::string& sentence) {
+  return UserError(sentence, kUsageFailure);
+}
+
+template <class Number>
+std::optional<Number> whole_number(std::string_view text) {
+  Number value{};
+  const char* end = text.data() + text.size();
+  const std::from_chars_result result = std::from_chars(text.data(), end, value);
+  if (result.ec != std::errc() || result.ptr != end) return std::nullopt;
+  return value;
+}
+
+// What the type takes, for a sentence.
+std::string expectation(ValueType type) {
+  switch (type) {
+    case ValueType::kInteger:
+      return "a whole number from -32768 to 32767";
+    case ValueType::kBoolean:
+      return "True or False";
+    case ValueType::kSingle:
+    case ValueType::kDouble:
+      return "a number";
+    case ValueType::kString:
+      break;
+  }
+  return "a text";
+}
+
+void convert(ValueType type, const Variant& value) {
+  switch (type) {
+    case ValueType::kInteger:
+      static_cast<void>(to_integer(value));
+      break;
+    case ValueType::kBoolean:
+      static_cast<void>(to_boolean(value));
+      break;
+    case ValueType::kSingle:
+      static_cast<void>(to_single(value));
+      break;
+    case ValueType::kDouble:
+      static_cast<void>(to_double(value));
+      break;
+    case ValueType::kString:
+      break;
+  }
+}
+
+// Whether the one text becomes the other by a few changed, missing or added letters.
+std::size_t distance(std::string_view one, std::string_view other) {
+  std::vector<std::size_t> row(other.size() + 1);
+  for (std::size_t j = 0; j < row.size(); ++j) row[j] = j;
+  for (std::size_t i = 1; i <= one.size(); ++i) {
+    std::size_t diagonal = row[0];
+    row[0] = i;
+    for (std::size_t j = 1; j < row.size(); ++j) {
+      const std::size_t changed = diagonal + (one[i - 1] == other[j - 1] ? 0 : 1);
+      diagonal = row[j];
+      row[j] = std::min({changed, row[j] + 1, row[j - 1] + 1});
+    }
+  }
+  return row.back();
+}
+
+// Names that contain the text or are almost the same.
+std::vector<std::string> similar_properties(std::string_view name) {
+  constexpr std::size_t kLongestName = 40;
+  std::vector<std::string> result;
+  if (name.empty() || name.size() > kLongestName) return result;
+  const std::string wanted = lower_case(name);
+  for (const Property& property : properties()) {
+    const std::string known = lower_case(property.name);
+    const bool contained = wanted.size() > 2 && known.find(wanted) != std::string::npos;
+    if (contained || distance(wanted, known) <= 2) result.emplace_back(property.name);
+  }
+  return result;
+}
+
+const Property& property_named(std::string_view name) {
+  if (const Property* property = find_property(name)) return *property;
+  const std::vector<std::string> similar = similar_properties(name);
+  throw misuse("there is no property " + in_quotes(name) + "; " +
+               (similar.empty() ? "\"kurv render --help\" lists all of them."
+                                : "similar ones are " + enumeration(similar, 6) + "."));
+}
+
+}  // namespace
+
+QSize parse_size(std::string_view text) {
+  const std::size_t cross = text.find_first_of("xX");
+  if (cross != std::string_view::npos) {
+    const std::optional<int> width = whole_number<int>(text.substr(0, cross));
+    const std::optional<int> height = whole_number<int>(text.substr(cross + 1));
+    if (width && height && *width >= 1 && *width <= kWidest && *height >= 1 &&
+        *height <= kHighest) {
+      return {*width, *height};
+    }
+  }
+  throw misuse("--size takes a width and a height such as 1000x700, from 1x1 to 7680x4320, not " +
+               in_quotes(text) + ".");
+}
+
+double parse_scale(std::string_view text) {
+  const std::optional<Double> scale = text_to_number(text);
+  if (scale && *scale >= kSmallestScale && *scale <= kLargestScale) return *scale;
+  throw misuse("--scale takes a number from 0.5 to 8, not " + in_quotes(text) + ".");
+}
+
+std::size_t parse_every(std::string_view text) {
+  const std::optional<std::size_t> every = whole_number<std::size_t>(text);
+  if (every && *every >= 1) return *every;
+  throw misuse("--every takes a whole number from 1 upwards, not " + in_quotes(text) + ".");
+}
+
+std::vector<std::string> parse_names(std::string_view text) {
+  std::vector<std::string> names;
+  try {
+    // A list of names is written as a line of a file is.
+    const CsvTable table = parse_csv(text, ',', "--y");
+    for (std::size_t i = 0; table.rows() == 1 && i < table.width(0); ++i) {
+      names.emplace_back(trimmed(table.cell(0, i)));
+    }
+  } catch (const UserError&) {
+    // A quotation mark is open: as it is, the list has no names.
+  }
+  if (!names.empty()) return names;
+  throw misuse("--y takes the names of columns with commas between them, not " + in_quotes(text) +
+               ".");
+}
+
+Setting parse_setting(std::string_view text) {
+  const std::size_t sign = text.find('=');
+  if (sign == std::string_view::npos) {
+    throw misuse("--set takes a property and its value such as NumTicks=5, not " + in_quotes(text) +
+                 ".");
+  }
+  const Property& property = property_named(trimmed(text.substr(0, sign)));
+  const std::string value(text.substr(sign + 1));
+  try {
+    convert(property.type, Variant(value));
+  } catch (const Fault&) {
+    throw misuse("the property " + std::string(property.name) + " takes " +
+                 expectation(property.type) + ", not " + in_quotes(value) + ".");
+  }
+  return {&property, value};
+}
+
+void check_picture_size(QSize size, double scale) {
+  if (size.width() * scale * (size.height() * scale) <= kMostPixels) return;
+  throw misuse("--size and --scale together ask for more than " + std::to_string(2 * kWidest) +
+               "x" + std::to_string(2 * kHighest) + " pixels; choose a smaller one.");
+}
+
+}  // namespace kurv::app

@@ -1,0 +1,27 @@
+// What an intake does with data that are in the document: sort, validate, choose label formats.
+#pragma once
+
+#include <optional>
+
+#include <KurvGraph/services.h>
+
+#include "core/graph_document.h"
+
+namespace kurv {
+
+// Puts the points of xyArr in the order that a selection sort on x gives: at each place the first
+// smallest of what follows is exchanged into it, whole points at a time. Not stable, and a NaN stays
+// where it is. O(n log n) comparisons; every exchange goes through the service, a Double at a time.
+void Sort_xy(GraphDocument& document, const SwapService& swap);
+
+// Keeps xyArr as the copy in the host's order, sorts it, keeps that as the sorted copy, and leaves
+// the one that SortXY selects.
+void refresh_sorted_data(GraphDocument& document, const SwapService& swap);
+
+// Nothing when the data can be plotted, otherwise what to tell the user.
+std::optional<String> Validate(const GraphDocument& document);
+
+// Picks formats that suit the spans of the limits, y first; a middling span keeps the format.
+void choose_label_formats(GraphDocument& document, const NumericService& numeric);
+
+}  // namespace kurv

@@ -1,0 +1,24 @@
+// The control's life from its making on.
+#pragma once
+
+namespace kurv {
+
+struct ControlState;
+
+// Once per control, before any host call: counts the instance (kOverflow past 32767), sets the
+// defaults, takes the fonts from the surface's current one, puts title, subtitle and legend in
+// their home places and loads the demonstration graph.
+void initialise(ControlState& state);
+
+// When a host places a control for which it has no saved properties: visible is what has a name or
+// an expression; ticks and grids get their defaults; then resize().
+void first_placement(ControlState& state);
+
+// Each time the host shows the control. In run mode the titles go home and the graph is redrawn.
+void show(ControlState& state);
+
+// Each time the surface has changed its size. The plot is at least 500 twips wide and high until
+// the next redraw. Redraws in design mode and when the host has handed over data.
+void resize(ControlState& state);
+
+}  // namespace kurv

@@ -1,0 +1,22 @@
+// The exchanges of a selection sort, without its cost.
+#pragma once
+
+#include <vector>
+
+#include <KurvGraph/arrays.h>
+#include <KurvGraph/values.h>
+
+namespace kurv {
+
+// Points `place` and `taken` change places; place < taken.
+struct Exchange {
+  int place;
+  int taken;
+};
+
+// The exchanges, in order, by which a selection sort puts values(1..count) into ascending order: at
+// each place the first smallest value from there on is taken. NaN compares with nothing, so it is
+// never taken and never moves. O(count log count).
+std::vector<Exchange> selection_sort_exchanges(const Column<Double>& values, int count);
+
+}  // namespace kurv

@@ -1,0 +1,119 @@
+// Arrays that carry their own bounds and check every index.
+//
+// Columns, points, curves and slots count from 1 in this system, so an array knows where it starts,
+// and nobody writes [k - 1]. An index outside the bounds throws kSubscriptOutOfRange. A bound that
+// would give fewer than zero elements throws the same; zero elements are allowed.
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <utility>
+#include <vector>
+
+#include <KurvGraph/fault.h>
+
+namespace kurv {
+
+namespace detail {
+
+inline std::size_t extent(int lower, int upper) {
+  const long long count = static_cast<long long>(upper) - lower + 1;
+  if (count < 0) throw Fault(FaultKind::kSubscriptOutOfRange);
+  return static_cast<std::size_t>(count);
+}
+
+inline std::size_t offset(int index, int lower, int upper) {
+  if (index < lower || index > upper) throw Fault(FaultKind::kSubscriptOutOfRange);
+  return static_cast<std::size_t>(static_cast<long long>(index) - lower);
+}
+
+}  // namespace detail
+
+// A one-dimensional array lower..upper; 0..-1, that is empty, by default.
+template <class T>
+class List {
+ public:
+  List() = default;
+  List(int lower, int upper) : m_elements(detail::extent(lower, upper)), m_lower(lower) {}
+  List(int lower, std::vector<T> elements) : m_elements(std::move(elements)), m_lower(lower) {}
+
+  int lower() const { return m_lower; }
+  int upper() const { return m_lower + static_cast<int>(m_elements.size()) - 1; }
+
+  T& operator()(int index) { return m_elements[detail::offset(index, m_lower, upper())]; }
+  const T& operator()(int index) const {
+    return m_elements[detail::offset(index, m_lower, upper())];
+  }
+
+  // Moves the upper bound; elements that fit keep their values, new ones are value-initialised.
+  void resize_keeping(int upper) { m_elements.resize(detail::extent(m_lower, upper)); }
+
+  friend bool operator==(const List&, const List&) = default;
+
+ private:
+  std::vector<T> m_elements;
+  int m_lower = 0;
+};
+
+// One column of a Matrix: a view that is checked like an array and valid as long as the matrix is
+// neither assigned nor destroyed.
+template <class T>
+class Column {
+ public:
+  Column(T* first, int lower, int upper) : m_first(first), m_lower(lower), m_upper(upper) {}
+
+  int lower() const { return m_lower; }
+  int upper() const { return m_upper; }
+  T& operator()(int index) const { return m_first[detail::offset(index, m_lower, m_upper)]; }
+
+ private:
+  T* m_first;
+  int m_lower;
+  int m_upper;
+};
+
+// A two-dimensional array, element (column, point). A column is contiguous in memory.
+template <class T>
+class Matrix {
+ public:
+  Matrix() = default;
+  Matrix(int lower_column, int upper_column, int lower_point, int upper_point)
+      : m_elements(detail::extent(lower_column, upper_column) *
+                   detail::extent(lower_point, upper_point)),
+        m_lower_column(lower_column),
+        m_upper_column(upper_column),
+        m_lower_point(lower_point),
+        m_upper_point(upper_point) {}
+
+  int lower_column() const { return m_lower_column; }
+  int upper_column() const { return m_upper_column; }
+  int lower_point() const { return m_lower_point; }
+  int upper_point() const { return m_upper_point; }
+
+  T& operator()(int column, int point) { return this->column(column)(point); }
+  const T& operator()(int column, int point) const { return this->column(column)(point); }
+
+  // A loop over points takes the column once.
+  Column<T> column(int index) { return {first_of(*this, index), m_lower_point, m_upper_point}; }
+  Column<const T> column(int index) const {
+    return {first_of(*this, index), m_lower_point, m_upper_point};
+  }
+
+  friend bool operator==(const Matrix&, const Matrix&) = default;
+
+ private:
+  template <class Self>
+  static auto first_of(Self& self, int index) {
+    const std::size_t length = detail::extent(self.m_lower_point, self.m_upper_point);
+    return self.m_elements.data() +
+           detail::offset(index, self.m_lower_column, self.m_upper_column) * length;
+  }
+
+  std::vector<T> m_elements;
+  int m_lower_column = 0;
+  int m_upper_column = -1;
+  int m_lower_point = 0;
+  int m_upper_point = -1;
+};
+
+}  // namespace kurv

@@ -1,0 +1,52 @@
+// A drawing surface of real pixels, at device resolution.
+#pragma once
+
+#include <QImage>
+#include <QSize>
+#include <memory>
+
+#include <KurvGraph/plot_surface.h>
+
+namespace kurv {
+
+// Needs a QGuiApplication for text; no window and no display server. Copying nothing, it belongs to
+// one thread.
+class Picture final : public PlotSurface {
+ public:
+  // Size in logical pixels, and the device pixels that each of them has in either direction.
+  explicit Picture(QSize logical_size, double device_pixel_ratio = 1);
+  ~Picture() override;
+
+  // Throws the contents away and starts white. Both directions are at least one device pixel. A
+  // logical pixel has 15 twips, or fewer where a side would then exceed 32767 twips.
+  void resize(QSize logical_size, double device_pixel_ratio);
+
+  // What has been drawn: RGB, `devicePixelRatio` and dots per metre set. Shares its pixels until
+  // either side changes them.
+  QImage image() const;
+
+  QSize device_size() const;
+  double twips_per_device_pixel() const;
+
+  Double ScaleWidth() const override;
+  Double ScaleHeight() const override;
+  void Cls() override;
+  void Line(SurfacePoint from, SurfacePoint to, int colour, LineKind kind) override;
+  void Circle(SurfacePoint centre, Single radius, int colour) override;
+  void Arc(SurfacePoint centre, Single radius, int colour, Single start, Single end) override;
+  void PSet(SurfacePoint at, int colour) override;
+  void DrawWidth(Integer pixels) override;
+  void Print(Single CurrentX, Single CurrentY, std::string_view text) override;
+  Double TextWidth(std::string_view text) const override;
+  Double TextHeight(std::string_view text) const override;
+  const Font& font() const override;
+  void set_font(const Font& font) override;
+  int ForeColor() const override;
+  void set_ForeColor(int colour) override;
+
+ private:
+  struct Pixels;
+  std::unique_ptr<Pixels> m_pixels;
+};
+
+}  // namespace kurv

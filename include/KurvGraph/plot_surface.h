@@ -1,0 +1,76 @@
+// What the painting needs of a drawing surface; the only thing of the platform that it touches.
+//
+// Coordinates are in twips (1/1440 inch) from the top-left corner, x to the right, y downwards.
+// How many twips a device pixel has is the surface's own business. Colours are indices 0..15 of the
+// classic console palette (see palette_rgb()). A coordinate may be NaN, infinite or absurdly far
+// away: a surface draws what is visible of it, in bounded time, and never fails.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string_view>
+
+#include <KurvGraph/values.h>
+
+namespace kurv {
+
+// A point of the surface, in twips.
+struct SurfacePoint {
+  Single x = 0;
+  Single y = 0;
+};
+
+struct Font {
+  String FontName = "Liberation Sans";
+  Single FontSize = 8;  // points
+  bool FontBold = false;
+  bool FontItalic = false;
+
+  friend bool operator==(const Font&, const Font&) = default;
+};
+
+enum class LineKind {
+  kSegment,    // a straight segment, antialiased where it stands
+  kRule,       // an axis-parallel segment of ticks and grids, put on whole device pixels
+  kBox,        // the outline of the rectangle with these corners, put on whole device pixels
+  kFilledBox,  // that rectangle filled with the colour, put on whole device pixels
+};
+
+class PlotSurface {
+ public:
+  virtual ~PlotSurface() = default;
+
+  // Inner size in twips.
+  virtual Double ScaleWidth() const = 0;
+  virtual Double ScaleHeight() const = 0;
+
+  // Clears the whole surface to its background, white. Pen width, font and text colour stay.
+  virtual void Cls() = 0;
+
+  virtual void Line(SurfacePoint from, SurfacePoint to, int colour, LineKind kind) = 0;
+  // A circle outline of the given radius in twips.
+  virtual void Circle(SurfacePoint centre, Single radius, int colour) = 0;
+  // The part of it from angle `start` to `end`, radians, anticlockwise from the positive x axis.
+  virtual void Arc(SurfacePoint centre, Single radius, int colour, Single start, Single end) = 0;
+  // One point as large as the pen.
+  virtual void PSet(SurfacePoint at, int colour) = 0;
+
+  // Pen width of later Line, Circle, Arc and PSet calls, in logical pixels; at least one device
+  // pixel is drawn whatever is asked for.
+  virtual void DrawWidth(Integer pixels) = 0;
+
+  // Draws text with its top-left corner at (CurrentX, CurrentY) in the current font and text
+  // colour. CR LF, LF or CR begins a new line below the first.
+  virtual void Print(Single CurrentX, Single CurrentY, std::string_view text) = 0;
+  // Size of the text in twips in the current font: the widest line, and the height of all lines.
+  // Every line end begins a new line, also one at the very end; an empty text has no size.
+  virtual Double TextWidth(std::string_view text) const = 0;
+  virtual Double TextHeight(std::string_view text) const = 0;
+
+  virtual const Font& font() const = 0;
+  virtual void set_font(const Font& font) = 0;
+  virtual int ForeColor() const = 0;
+  virtual void set_ForeColor(int colour) = 0;
+};
+
+}  // namespace kurv

@@ -1,0 +1,65 @@
+// The value types that cross the control's interface, and the two checked operations on them.
+#pragma once
+
+#include <concepts>
+#include <cstdint>
+#include <string>
+#include <variant>
+
+namespace kurv {
+
+using Integer = std::int16_t;
+using Single = float;    // IEEE 754, 32 bits
+using Double = double;   // IEEE 754, 64 bits; NaN is a missing value
+using String = std::string;  // UTF-8
+
+// Sixteen bits, of which True has all set and False has none.
+//
+// Other bit patterns come in from hosts and files and are kept: "non-zero" and "exactly -1" are
+// different questions, and both are asked.
+class Boolean {
+ public:
+  constexpr Boolean() = default;
+  // Only a real bool converts; a number would hide which of the two questions was meant.
+  template <std::same_as<bool> Truth>
+  constexpr Boolean(Truth value) : m_bits(value ? Integer{-1} : Integer{0}) {}
+
+  static constexpr Boolean from_bits(Integer bits) {
+    Boolean value;
+    value.m_bits = bits;
+    return value;
+  }
+
+  constexpr Integer bits() const { return m_bits; }
+  constexpr explicit operator bool() const { return m_bits != 0; }
+  constexpr bool is_exactly_true() const { return m_bits == -1; }
+
+  friend constexpr bool operator==(Boolean, Boolean) = default;
+
+ private:
+  Integer m_bits = 0;
+};
+
+// A self-describing value; std::monostate is the empty one.
+using Variant = std::variant<std::monostate, Boolean, Integer, Single, Double, String>;
+
+// The nearest 16-bit integer, ties to even. Throws kOverflow where there is none (NaN included).
+Integer to_integer(Double value);
+
+// Throws kDivisionByZero when `divisor` is zero, whatever the dividend.
+Double divide(Double dividend, Double divisor);
+
+// Narrows for the drawing surface: out of range becomes an infinity, NaN stays NaN.
+Single to_single(Double value);
+
+// Conversions of a self-describing value, as a dispatch interface makes them. Text is read as
+// text_to_number() reads it; an empty value is zero, False or the empty text; True counts as -1.
+// They throw kTypeMismatch for text that is no number, kOverflow for a number that does not fit.
+Integer to_integer(const Variant& value);
+Single to_single(const Variant& value);
+Double to_double(const Variant& value);
+String to_string(const Variant& value);
+// Text may also be "True" or "False" in any letter case.
+Boolean to_boolean(const Variant& value);
+
+}  // namespace kurv

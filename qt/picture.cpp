@@ -1,0 +1,394 @@
+#include <KurvGraph/picture.h>
+
+#include <QColor>
+#include <QFont>
+#include <QFontMetricsF>
+#include <QPainter>
+#include <QString>
+#include <QStringList>
+#include <QTransform>
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <new>
+#include <optional>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "raster/boxes.h"
+#include "raster/canvas.h"
+#include "raster/coverage.h"
+#include "raster/strokes.h"
+#include "render/palette.h"
+
+namespace kurv {
+namespace {
+
+constexpr double kTwipsPerInch = 1440;
+constexpr double kTwipsPerPoint = 20;
+// Coordinates of the surface stay within sixteen bits.
+constexpr double kMaxTwips = 32767;
+// Limits of the memory that a picture takes: a quarter of a gigabyte of pixels, twice of what the
+// largest screens have. A picture that would be larger is kept at a lower resolution.
+constexpr double kMaxSide = 32767;
+constexpr double kMaxPixels = 64.0 * 1024 * 1024;
+
+struct Resolution {
+  int width = 1;  // in device pixels
+  int height = 1;
+  double device_pixel_ratio = 1;
+  double twips_per_pixel = 15;
+};
+
+Resolution resolution_of(QSize logical_size, double device_pixel_ratio) {
+  const double width = std::max(logical_size.width(), 1);
+  const double height = std::max(logical_size.height(), 1);
+  const double longest = std::max(width, height);
+  double ratio =
+      device_pixel_ratio > 0 && std::isfinite(device_pixel_ratio) ? device_pixel_ratio : 1;
+  ratio = std::min({ratio, kMaxSide / longest, std::sqrt(kMaxPixels / (width * height))});
+  ratio = std::max(ratio, 1e-6);
+  const auto pixels = [ratio](double logical) {
+    return static_cast<int>(std::clamp(std::round(logical * ratio), 1.0, kMaxSide));
+  };
+  const double twips_per_logical_pixel = std::min(15.0, kMaxTwips / longest);
+  return {pixels(width), pixels(height), ratio, twips_per_logical_pixel / ratio};
+}
+
+QImage white_image(const Resolution& resolution) {
+  QImage image(resolution.width, resolution.height, QImage::Format_RGB32);
+  if (image.isNull()) throw std::bad_alloc();
+  image.fill(Qt::white);
+  image.setDevicePixelRatio(resolution.device_pixel_ratio);
+  const double per_metre = kTwipsPerInch / resolution.twips_per_pixel / 0.0254;
+  const int dots = static_cast<int>(std::clamp(std::round(per_metre), 1.0, 1e9));
+  image.setDotsPerMeterX(dots);
+  image.setDotsPerMeterY(dots);
+  return image;
+}
+
+std::uint32_t pixel_of(int colour) {
+  return 0xFF000000 | palette_rgb(colour);
+}
+
+// Near enough for anything off the canvas, and far from where sums of integers overflow.
+int to_pixel(double coordinate) {
+  constexpr double kFar = 1 << 28;
+  return static_cast<int>(std::clamp(coordinate, -kFar, kFar));
+}
+
+raster::Point to_point(SurfacePoint point) {
+  return {point.x, point.y};
+}
+
+bool has_nan(SurfacePoint point) {
+  return std::isnan(point.x) || std::isnan(point.y);
+}
+
+std::vector<std::string_view> lines_of(std::string_view text) {
+  std::vector<std::string_view> lines;
+  if (text.empty()) return lines;
+  for (;;) {
+    const std::size_t end = text.find_first_of("\r\n");
+    lines.push_back(text.substr(0, end));
+    if (end == std::string_view::npos) return lines;
+    text.remove_prefix(end + (text.substr(end, 2) == "\r\n" ? 2 : 1));
+  }
+}
+
+// Long lines are measured and drawn in pieces: the toolkit's layout counts in 32-bit fractions, and
+// of a megabyte only a few pieces are ever visible. Characters that show nothing become blanks.
+std::vector<QString> pieces_of(std::string_view line) {
+  constexpr qsizetype kPiece = 200;
+  QString text = QString::fromUtf8(line.data(), static_cast<qsizetype>(line.size()));
+  for (QChar& character : text) {
+    const QChar::Category category = character.category();
+    if (category == QChar::Other_Control || category == QChar::Separator_Line ||
+        category == QChar::Separator_Paragraph) {
+      character = u' ';
+    }
+  }
+  std::vector<QString> pieces;
+  for (qsizetype start = 0; start < text.size();) {
+    qsizetype end = std::min(start + kPiece, text.size());
+    if (end < text.size() && text.at(end).isLowSurrogate()) --end;
+    pieces.push_back(text.mid(start, end - start));
+    start = end;
+  }
+  return pieces;
+}
+
+double size_in_twips(const Font& font) {
+  return kTwipsPerPoint * (font.FontSize > 0 ? std::min<double>(font.FontSize, 1638) : 8);
+}
+
+// A font of which one pixel is about one twip. All layout is done with it, and the painter scales
+// it down to device pixels: so a text has the same extents, in twips, at every resolution, and
+// sizes with a fraction of a device pixel come out as they are, which they do not when asked for
+// directly.
+QFont layout_font(const Font& font) {
+  // Beyond some ten thousand pixels the toolkit's font metrics overflow.
+  constexpr int kLargest = 8000;
+  QStringList families = {QStringLiteral("Liberation Sans"), QStringLiteral("DejaVu Sans"),
+                          QStringLiteral("sans-serif")};
+  // A name of nothing would match any font at all.
+  if (!font.FontName.empty()) families.prepend(QString::fromStdString(font.FontName));
+  QFont result;
+  result.setFamilies(families);
+  result.setStyleHint(QFont::SansSerif,
+                      QFont::StyleStrategy(QFont::PreferAntialias | QFont::NoSubpixelAntialias));
+  result.setHintingPreference(QFont::PreferNoHinting);
+  result.setKerning(true);
+  result.setPixelSize(std::clamp(static_cast<int>(std::lround(size_in_twips(font))), 1, kLargest));
+  result.setBold(font.FontBold);
+  result.setItalic(font.FontItalic);
+  return result;
+}
+
+// Lengths are in twips.
+class TextLayout {
+ public:
+  explicit TextLayout(const Font& font)
+      : m_font(layout_font(font)),
+        m_metrics(m_font),
+        m_twips_per_pixel(size_in_twips(font) / m_font.pixelSize()) {}
+
+  const QFont& font() const { return m_font; }
+  double twips_per_font_pixel() const { return m_twips_per_pixel; }
+  double ascent() const { return m_metrics.ascent() * m_twips_per_pixel; }
+  double line_height() const { return ascent() + m_metrics.descent() * m_twips_per_pixel; }
+  double width(const QString& piece) const {
+    return m_metrics.horizontalAdvance(piece) * m_twips_per_pixel;
+  }
+
+ private:
+  QFont m_font;
+  QFontMetricsF m_metrics;
+  double m_twips_per_pixel;
+};
+
+}  // namespace
+
+struct Picture::Pixels {
+  explicit Pixels(const Resolution& size)
+      : resolution(size), image(white_image(size)), mask(size.width, size.height) {}
+
+  Resolution resolution;
+  QImage image;
+  // Strokes that are not yet in the image, all of one colour and pen.
+  raster::Coverage mask;
+  std::optional<std::uint32_t> pending_colour;
+
+  Integer draw_width = 1;
+  int fore_color = kBlack;
+  Font font;
+  std::optional<TextLayout> layout;  // of the font, once a text was measured or drawn
+
+  raster::Canvas canvas() {
+    // Taking the bits detaches the image from those handed out.
+    return {reinterpret_cast<std::uint32_t*>(image.bits()), image.width(), image.height(),
+            static_cast<std::ptrdiff_t>(image.bytesPerLine() / 4)};
+  }
+
+  double pixels(double twips) const { return twips / resolution.twips_per_pixel; }
+  double pen_width() const { return std::max(1.0, draw_width * resolution.device_pixel_ratio); }
+
+  void flush() {
+    if (!pending_colour) return;
+    mask.flush(canvas(), *pending_colour);
+    pending_colour.reset();
+  }
+
+  // Where the next strokes of this colour are collected.
+  raster::Coverage& strokes(int colour) {
+    const std::uint32_t pixel = pixel_of(colour);
+    if (pending_colour != pixel) flush();
+    pending_colour = pixel;
+    return mask;
+  }
+
+  raster::Pen pen() const { return {1 / resolution.twips_per_pixel, pen_width() / 2}; }
+  int whole_pen() const { return to_pixel(std::round(pen_width())); }
+
+  // What an outline with these corners covers, its pen included. A rule is such an outline without
+  // height or width; so rules end exactly where a frame with the same coordinates does.
+  raster::PixelRect outline(SurfacePoint a, SurfacePoint b) const {
+    const int pen_pixels = whole_pen();
+    const auto edge = [&](double twips) {
+      return to_pixel(std::floor(pixels(twips) - pen_pixels / 2.0 + 0.5));
+    };
+    return {edge(std::min(a.x, b.x)), edge(std::min(a.y, b.y)),
+            edge(std::max(a.x, b.x)) + pen_pixels, edge(std::max(a.y, b.y)) + pen_pixels};
+  }
+
+  raster::PixelRect inside(SurfacePoint a, SurfacePoint b) const {
+    const auto edge = [&](double twips) { return to_pixel(std::floor(pixels(twips) + 0.5)); };
+    return {edge(std::min(a.x, b.x)), edge(std::min(a.y, b.y)), edge(std::max(a.x, b.x)),
+            edge(std::max(a.y, b.y))};
+  }
+
+  const TextLayout& text_layout() {
+    if (!layout) layout.emplace(font);
+    return *layout;
+  }
+
+  // Draws what is visible of a line of text; `left` and `top` in twips.
+  void print_line(QPainter& painter, double left, double top, std::string_view line) {
+    const TextLayout& text = text_layout();
+    const double scale = pixels(text.twips_per_font_pixel());
+    // A whole baseline keeps the feet of the letters crisp.
+    const double baseline = std::floor(pixels(top + text.ascent()) + 0.5);
+    // Letters may lean out of the extents that they are measured with.
+    const double overhang = text.line_height();
+    const double right = resolution.width * resolution.twips_per_pixel + overhang;
+    for (const QString& piece : pieces_of(line)) {
+      if (left > right) return;
+      const double end = left + text.width(piece);
+      if (end > -overhang) {
+        painter.setTransform(QTransform(scale, 0, 0, scale, pixels(left), baseline));
+        painter.drawText(QPointF(0, 0), piece);
+      }
+      left = end;
+    }
+  }
+};
+
+Picture::Picture(QSize logical_size, double device_pixel_ratio)
+    : m_pixels(std::make_unique<Pixels>(resolution_of(logical_size, device_pixel_ratio))) {}
+
+Picture::~Picture() = default;
+
+void Picture::resize(QSize logical_size, double device_pixel_ratio) {
+  const Resolution resolution = resolution_of(logical_size, device_pixel_ratio);
+  QImage image = white_image(resolution);
+  raster::Coverage mask(resolution.width, resolution.height);
+  m_pixels->resolution = resolution;
+  m_pixels->image = std::move(image);
+  m_pixels->mask = std::move(mask);
+  m_pixels->pending_colour.reset();
+}
+
+QImage Picture::image() const {
+  m_pixels->flush();
+  return m_pixels->image;
+}
+
+QSize Picture::device_size() const {
+  return m_pixels->image.size();
+}
+
+double Picture::twips_per_device_pixel() const {
+  return m_pixels->resolution.twips_per_pixel;
+}
+
+Double Picture::ScaleWidth() const {
+  return std::min(kMaxTwips, m_pixels->resolution.width * twips_per_device_pixel());
+}
+
+Double Picture::ScaleHeight() const {
+  return std::min(kMaxTwips, m_pixels->resolution.height * twips_per_device_pixel());
+}
+
+void Picture::Cls() {
+  m_pixels->mask.clear();
+  m_pixels->pending_colour.reset();
+  m_pixels->image.fill(Qt::white);
+}
+
+void Picture::Line(SurfacePoint from, SurfacePoint to, int colour, LineKind kind) {
+  if (has_nan(from) || has_nan(to)) return;
+  const bool level_or_upright = from.x == to.x || from.y == to.y;
+  if (kind == LineKind::kSegment || (kind == LineKind::kRule && !level_or_upright)) {
+    raster::add_segment(m_pixels->strokes(colour), m_pixels->pen(), to_point(from), to_point(to));
+    return;
+  }
+  m_pixels->flush();
+  const raster::Canvas canvas = m_pixels->canvas();
+  if (kind == LineKind::kFilledBox) {
+    raster::fill_rect(canvas, m_pixels->inside(from, to), pixel_of(colour));
+  } else if (kind == LineKind::kBox) {
+    raster::frame_rect(canvas, m_pixels->outline(from, to), m_pixels->whole_pen(),
+                       pixel_of(colour));
+  } else {
+    raster::fill_rect(canvas, m_pixels->outline(from, to), pixel_of(colour));
+  }
+}
+
+void Picture::Circle(SurfacePoint centre, Single radius, int colour) {
+  raster::add_circle(m_pixels->strokes(colour), m_pixels->pen(), to_point(centre), radius);
+}
+
+void Picture::Arc(SurfacePoint centre, Single radius, int colour, Single start, Single end) {
+  raster::add_arc(m_pixels->strokes(colour), m_pixels->pen(), to_point(centre), radius, start, end);
+}
+
+void Picture::PSet(SurfacePoint at, int colour) {
+  raster::add_segment(m_pixels->strokes(colour), m_pixels->pen(), to_point(at), to_point(at));
+}
+
+void Picture::DrawWidth(Integer pixels) {
+  if (pixels == m_pixels->draw_width) return;
+  m_pixels->flush();
+  m_pixels->draw_width = pixels;
+}
+
+void Picture::Print(Single CurrentX, Single CurrentY, std::string_view text) {
+  if (std::isnan(CurrentX) || std::isnan(CurrentY)) return;
+  constexpr Single kLargest = std::numeric_limits<Single>::max();
+  const double left = std::clamp(CurrentX, -kLargest, kLargest);
+  double top = std::clamp(CurrentY, -kLargest, kLargest);
+  const double line_height = m_pixels->text_layout().line_height();
+  const double bottom = m_pixels->resolution.height * twips_per_device_pixel();
+
+  m_pixels->flush();
+  const raster::Canvas canvas = m_pixels->canvas();
+  // Painted through a plain view of the pixels: of the image itself the painter would take the
+  // device pixel ratio as one more scale.
+  QImage view(reinterpret_cast<uchar*>(canvas.pixels), canvas.width, canvas.height,
+              canvas.stride * 4, QImage::Format_RGB32);
+  QPainter painter(&view);
+  painter.setFont(m_pixels->text_layout().font());
+  painter.setPen(QColor::fromRgb(pixel_of(m_pixels->fore_color)));
+  for (const std::string_view line : lines_of(text)) {
+    // Accents and descenders may lean out of their line by no more than another one.
+    if (top > bottom + line_height) break;
+    if (top > -2 * line_height) m_pixels->print_line(painter, left, top, line);
+    top += line_height;
+  }
+}
+
+Double Picture::TextWidth(std::string_view text) const {
+  const TextLayout& layout = m_pixels->text_layout();
+  double widest = 0;
+  for (const std::string_view line : lines_of(text)) {
+    double width = 0;
+    for (const QString& piece : pieces_of(line)) width += layout.width(piece);
+    widest = std::max(widest, width);
+  }
+  return widest;
+}
+
+Double Picture::TextHeight(std::string_view text) const {
+  return static_cast<double>(lines_of(text).size()) * m_pixels->text_layout().line_height();
+}
+
+const Font& Picture::font() const {
+  return m_pixels->font;
+}
+
+void Picture::set_font(const Font& font) {
+  if (font == m_pixels->font) return;
+  m_pixels->font = font;
+  m_pixels->layout.reset();
+}
+
+int Picture::ForeColor() const {
+  return m_pixels->fore_color;
+}
+
+void Picture::set_ForeColor(int colour) {
+  m_pixels->fore_color = colour;
+}
+
+}  // namespace kurv

@@ -1,0 +1,195 @@
+#include <cmath>
+#include <numbers>
+
+#include "raster/stroke_parts.h"
+#include "raster/strokes.h"
+
+namespace kurv::raster {
+namespace {
+
+// Which directions from the centre belong to an arc. Each bound is a line through the centre whose
+// value is positive on the side of larger angles.
+class Sector {
+ public:
+  // Every direction.
+  Sector() = default;
+
+  // From `start` on, anticlockwise, by a sweep of less than a full turn; the centre is in pixels.
+  Sector(double centre_x, double centre_y, double start, double sweep)
+      : m_start(through(centre_x, centre_y, start)),
+        m_end(through(centre_x, centre_y, start + sweep)),
+        m_kind(sweep <= std::numbers::pi ? Kind::kBothSides : Kind::kEitherSide) {}
+
+  bool contains(double x, double y) const {
+    if (m_kind == Kind::kWhole) return true;
+    const bool after_start = m_start.value_at(x, y) >= 0;
+    const bool before_end = m_end.value_at(x, y) <= 0;
+    return m_kind == Kind::kBothSides ? after_start && before_end : after_start || before_end;
+  }
+
+ private:
+  enum class Kind { kWhole, kBothSides, kEitherSide };
+
+  struct HalfPlane {
+    double a = 0, b = 0, c = 0;
+    double value_at(double x, double y) const { return a * x + b * y + c; }
+  };
+
+  // The surface's y axis points down.
+  static HalfPlane through(double x, double y, double angle) {
+    const double a = -std::sin(angle);
+    const double b = -std::cos(angle);
+    return {a, b, -(a * x + b * y)};
+  }
+
+  HalfPlane m_start;
+  HalfPlane m_end;
+  Kind m_kind = Kind::kWhole;
+};
+
+struct TwoParts {
+  double sum, error;
+};
+
+// sum + error is exactly a + b.
+TwoParts exact_sum(double a, double b) {
+  const double sum = a + b;
+  const double b_part = sum - a;
+  return {sum, (a - (sum - b_part)) + (b - b_part)};
+}
+
+// x^2 + y^2 - r^2. The squares of singles are exact in a double, and the roundings of the sums are
+// kept: of a circle of 1e30 pixels the visible piece is exact.
+double power_of_origin(Point centre, float radius) {
+  const double x = centre.x, y = centre.y, r = radius;
+  const TwoParts first = exact_sum(x * x, -(r * r));
+  const TwoParts second = exact_sum(first.sum, y * y);
+  return second.sum + (first.error + second.error);
+}
+
+// Where a row crosses a circle; none if left > right.
+struct Crossing {
+  double left = 1;
+  double right = 0;
+};
+
+// Works with the power of a point, d^2 - r^2 for a point at distance d from the centre: unlike the
+// distance it can be had for a circle of any size without losing what matters.
+class RingFiller {
+ public:
+  RingFiller(Coverage& mask, const Pen& pen, Point centre, float radius, const Sector& sector)
+      : m_mask(mask),
+        m_sector(sector),
+        m_reach(pen.half_width + 0.5),
+        m_x(centre.x * pen.pixels_per_unit),
+        m_y(centre.y * pen.pixels_per_unit),
+        m_radius(radius * pen.pixels_per_unit),
+        m_power(power_of_origin(centre, radius) * pen.pixels_per_unit * pen.pixels_per_unit),
+        m_top((static_cast<double>(centre.y) - radius) * pen.pixels_per_unit - m_reach),
+        m_bottom((static_cast<double>(centre.y) + radius) * pen.pixels_per_unit + m_reach) {}
+
+  void fill() const {
+    const int end = pixel_from(m_bottom, m_mask.height());
+    for (int y = pixel_from(m_top, m_mask.height()); y < end; ++y) fill_row(y);
+  }
+
+ private:
+  void fill_row(int y) const {
+    const double row_power = (y + 0.5) * (y + 0.5 - 2 * m_y) + m_power;
+    const Crossing outer = crossing(row_power, m_reach);
+    if (outer.left > outer.right) return;
+    const Crossing hole = m_radius > m_reach ? crossing(row_power, -m_reach) : Crossing{};
+    if (hole.left > hole.right) {
+      fill_span(y, row_power, outer.left, outer.right);
+    } else {
+      fill_span(y, row_power, outer.left, hole.left);
+      fill_span(y, row_power, hole.right, outer.right);
+    }
+  }
+
+  // Of the row with the circle that is `wider` in radius. The root far from zero is computed first
+  // and the other from it, so that neither comes from a difference of nearly equal numbers.
+  Crossing crossing(double row_power, double wider) const {
+    const double product = row_power - wider * (2 * m_radius + wider);
+    const double under_root = m_x * m_x - product;
+    if (under_root < 0) return {};
+    const double far = m_x + std::copysign(std::sqrt(under_root), m_x);
+    const double near = far == 0 ? 0 : product / far;
+    return {std::min(near, far), std::max(near, far)};
+  }
+
+  void fill_span(int y, double row_power, double left, double right) const {
+    const int first = pixel_from(left, m_mask.width());
+    const int end = pixel_from(right, m_mask.width());
+    if (first >= end) return;
+    std::uint8_t* values = m_mask.row(y);
+    const double radius_squared = m_radius * m_radius;
+    for (int i = first; i < end; ++i) {
+      const double x = i + 0.5;
+      const double power = x * (x - 2 * m_x) + row_power;
+      const double from_centre = std::sqrt(std::max(0.0, power + radius_squared));
+      const double distance = std::abs(power / (from_centre + m_radius));
+      if (m_sector.contains(x, y + 0.5)) {
+        values[i] = std::max(values[i], coverage_at(distance, m_reach));
+      }
+    }
+    m_mask.touch(y, first, end);
+  }
+
+  Coverage& m_mask;
+  const Sector& m_sector;
+  double m_reach;
+  double m_x;
+  double m_y;
+  double m_radius;
+  double m_power;  // of the mask's corner
+  double m_top;
+  double m_bottom;
+};
+
+constexpr double kFullTurn = 2 * std::numbers::pi;
+
+// How far an arc goes anticlockwise from its start.
+double sweep_of(double start, double end) {
+  return end >= start ? end - start : kFullTurn - std::fmod(start - end, kFullTurn);
+}
+
+void add_dot(Coverage& mask, const Pen& pen, double x, double y) {
+  constexpr double kLargest = FLT_MAX;
+  const Point at{static_cast<float>(std::clamp(x, -kLargest, kLargest)),
+                 static_cast<float>(std::clamp(y, -kLargest, kLargest))};
+  add_segment(mask, pen, at, at);
+}
+
+}  // namespace
+
+void add_circle(Coverage& mask, const Pen& pen, Point centre, float radius) {
+  if (std::isnan(centre.x) || std::isnan(centre.y) || !(radius >= 0)) return;
+  centre = finite(centre);
+  if (radius == 0) return add_segment(mask, pen, centre, centre);
+  RingFiller(mask, pen, centre, finite(radius), Sector()).fill();
+}
+
+void add_arc(Coverage& mask, const Pen& pen, Point centre, float radius, float start, float end) {
+  if (std::isnan(start) || std::isnan(end)) return;
+  const double sweep = sweep_of(finite(start), finite(end));
+  if (!(radius > 0) || sweep >= kFullTurn) return add_circle(mask, pen, centre, radius);
+  if (std::isnan(centre.x) || std::isnan(centre.y)) return;
+  centre = finite(centre);
+  radius = finite(radius);
+
+  // Turned back near zero, where a small sweep is not lost beside a large start.
+  const double from = std::fmod(finite(start), kFullTurn);
+  // The bounds of a sector of no width are one line, which would go on beyond the centre.
+  if (sweep > 1e-12) {
+    const double scale = pen.pixels_per_unit;
+    const Sector sector(centre.x * scale, centre.y * scale, from, sweep);
+    RingFiller(mask, pen, centre, radius, sector).fill();
+  }
+  // Beyond its two bounds an arc ends in half dots; their other halves are inside the ring.
+  for (const double angle : {from, from + sweep}) {
+    add_dot(mask, pen, centre.x + radius * std::cos(angle), centre.y - radius * std::sin(angle));
+  }
+}
+
+}  // namespace kurv::raster

@@ -1,0 +1,69 @@
+#include "raster/coverage.h"
+
+#include <algorithm>
+
+namespace kurv::raster {
+namespace {
+
+// Source over destination, rounded to the nearest: 255 is odd, so there are no ties.
+std::uint32_t blend_channel(std::uint32_t below, std::uint32_t above, std::uint32_t coverage,
+                            int shift) {
+  const std::uint32_t from = (below >> shift) & 255;
+  const std::uint32_t to = (above >> shift) & 255;
+  return ((to * coverage + from * (255 - coverage) + 127) / 255) << shift;
+}
+
+std::uint32_t blend(std::uint32_t below, std::uint32_t above, std::uint32_t coverage) {
+  return 0xFF000000 | blend_channel(below, above, coverage, 16) |
+         blend_channel(below, above, coverage, 8) | blend_channel(below, above, coverage, 0);
+}
+
+}  // namespace
+
+Coverage::Coverage(int width, int height)
+    : m_width(width),
+      m_height(height),
+      m_values(offset(height)),
+      m_spans(static_cast<std::size_t>(height), Span{width, 0}) {
+  forget_rows();
+}
+
+void Coverage::touch(int y, int first, int end) {
+  m_top = std::min(m_top, y);
+  m_bottom = std::max(m_bottom, y + 1);
+  Span& span = m_spans[static_cast<std::size_t>(y)];
+  span.first = std::min(span.first, first);
+  span.end = std::max(span.end, end);
+}
+
+void Coverage::flush(const Canvas& canvas, std::uint32_t colour) {
+  for (int y = m_top; y < m_bottom; ++y) {
+    const Span span = m_spans[static_cast<std::size_t>(y)];
+    const std::uint8_t* values = row(y);
+    std::uint32_t* pixels = canvas.row(y);
+    for (int x = span.first; x < span.end; ++x) {
+      if (values[x] == 0) continue;
+      pixels[x] = values[x] == 255 ? colour : blend(pixels[x], colour, values[x]);
+    }
+    clear_row(y);
+  }
+  forget_rows();
+}
+
+void Coverage::clear() {
+  for (int y = m_top; y < m_bottom; ++y) clear_row(y);
+  forget_rows();
+}
+
+void Coverage::clear_row(int y) {
+  Span& span = m_spans[static_cast<std::size_t>(y)];
+  if (span.first < span.end) std::fill(row(y) + span.first, row(y) + span.end, std::uint8_t{0});
+  span = {m_width, 0};
+}
+
+void Coverage::forget_rows() {
+  m_top = m_height;
+  m_bottom = 0;
+}
+
+}  // namespace kurv::raster

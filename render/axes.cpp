@@ -1,0 +1,172 @@
+#include "render/axes.h"
+
+#include <algorithm>
+
+#include "render/mapping.h"
+#include "render/number_format.h"
+#include "render/palette.h"
+
+namespace kurv {
+
+namespace {
+
+// Twips.
+constexpr Double kTickLengthY = 60;
+constexpr Double kTickLengthX = 70;
+constexpr Double kTickOffset = 10;
+constexpr Double kXLabelShift = 100;
+constexpr Double kLabelGap = 50;
+constexpr Double kCaptionGap = 50;
+constexpr Double kCaptionAreaDrop = 230;
+constexpr Double kStripHalfWidth = 50;
+
+constexpr int kLabelsAtMost = 20;
+constexpr const char* kLabelHeightSample = "2.34";
+constexpr Double kSampleValue = 999999.99999;
+
+// Everything that the steps of one pass share.
+struct AxisPass {
+  const GraphDocument& document;
+  const NumericService& numeric;
+  Layout& layout;
+  PlotSurface& surface;
+
+  const PlotRect& plot() const { return layout.plot; }
+  Double bottom() const { return Double(plot().PlotTop) + plot().PlotHeight; }
+
+  Single larger_of(Double value, Double bound) const {
+    return to_single(numeric.larger_of(value, bound));
+  }
+  // How far along its axis tick i stands, 0..1.
+  Double fraction(int i) const { return divide(i, document.NumTicks); }
+  // At most about twenty labels an axis, however many ticks.
+  int label_step() const { return document.NumTicks / kLabelsAtMost + 1; }
+
+  Double y_of_tick(int i) const {
+    return bottom() - fraction(i) * plot().PlotHeight - kTickOffset;
+  }
+  Double x_of_tick(int i) const { return plot().PlotLeft + fraction(i) * plot().PlotWidth; }
+
+  void rule(Double x1, Double y1, Double x2, Double y2) const {
+    surface.Line({to_single(x1), to_single(y1)}, {to_single(x2), to_single(y2)}, kDarkGrey,
+                 LineKind::kRule);
+  }
+};
+
+void draw_x_caption(const AxisPass& pass) {
+  const String& caption = pass.document.yVarName(1);
+  const Double middle = pass.plot().PlotLeft + pass.plot().PlotWidth / 2.0;
+  const Double height = pass.surface.TextHeight(caption);
+  // The caption begins at the middle of the plot; it is not centred there.
+  pass.surface.Print(to_single(middle), to_single(pass.bottom() + height + kCaptionGap), caption);
+
+  pass.layout.shpXcaption = {to_single(middle - 50), to_single(pass.bottom() + kCaptionAreaDrop),
+                             to_single(pass.surface.TextWidth(caption) + 100), to_single(height)};
+}
+
+void draw_y_ticks(const AxisPass& pass, Double length) {
+  for (int i = 0; i <= pass.document.NumTicks; ++i) {
+    const Double y = pass.y_of_tick(i);
+    pass.rule(pass.plot().PlotLeft, y, pass.plot().PlotLeft + length, y);
+  }
+}
+
+// Returns where the last label starts, in whole twips.
+Integer draw_y_labels(const AxisPass& pass) {
+  const GraphDocument& document = pass.document;
+  const Double half_height = pass.surface.TextHeight(kLabelHeightSample) / 2;
+  Integer last_left = 0;
+  for (int i = 0; i <= document.NumTicks; i += pass.label_step()) {
+    const Double value = pass.fraction(i) * (document.ymax - document.ymin) + document.ymin;
+    const String text = format_number(value, document.AxisLabelFormatY);
+    const Double centred = pass.plot().PlotLeft / 2.0 - pass.surface.TextWidth(text) / 2;
+    const Single left = pass.larger_of(centred, 10);
+    pass.surface.Print(left, to_single(pass.y_of_tick(i) - half_height), text);
+    last_left = to_integer(Double(left));
+  }
+  return last_left;
+}
+
+void draw_x_ticks(const AxisPass& pass, Double length) {
+  for (int i = 0; i <= pass.document.NumTicks; ++i) {
+    const Double x = pass.x_of_tick(i) - kTickOffset;
+    pass.rule(x, pass.bottom() - length, x, pass.bottom());
+  }
+}
+
+void draw_x_labels(const AxisPass& pass) {
+  const GraphDocument& document = pass.document;
+  for (int i = 0; i <= document.NumTicks; i += pass.label_step()) {
+    const Double value = pass.fraction(i) * (document.xmax - document.xmin) + document.xmin;
+    // A fixed shift to the left of the tick, whatever the label's width.
+    pass.surface.Print(to_single(pass.x_of_tick(i) - kXLabelShift),
+                       to_single(pass.bottom() + kLabelGap),
+                       format_number(value, document.AxisLabelFormatX));
+  }
+}
+
+void draw_border(const AxisPass& pass) {
+  const PlotRect& plot = pass.plot();
+  pass.surface.DrawWidth(pass.document.BorderWidth);
+  pass.surface.Line({Single(plot.PlotLeft), Single(plot.PlotTop)},
+                    {to_single(Double(plot.PlotLeft) + plot.PlotWidth), to_single(pass.bottom())},
+                    kBlack, LineKind::kBox);
+}
+
+void place_axis_strips(const AxisPass& pass) {
+  const PlotRect& plot = pass.plot();
+  const Double left = plot.PlotLeft - kStripHalfWidth;
+  pass.layout.shpGraphBorder[0] = {
+      pass.larger_of(left, 5), pass.larger_of(pass.bottom() - kStripHalfWidth, 5),
+      pass.larger_of(plot.PlotWidth + 2 * kStripHalfWidth, 5), Single(2 * kStripHalfWidth)};
+  pass.layout.shpGraphBorder[1] = {
+      pass.larger_of(left, 5), pass.larger_of(plot.PlotTop - kStripHalfWidth, 5),
+      Single(2 * kStripHalfWidth), pass.larger_of(plot.PlotHeight + 2 * kStripHalfWidth, 5)};
+}
+
+void place_label_strips(const AxisPass& pass, Integer last_y_label_left) {
+  const GraphDocument& document = pass.document;
+  const PlotRect& plot = pass.plot();
+  const auto width_of = [&](Double value) {
+    return pass.surface.TextWidth(format_number(value, document.AxisLabelFormatX));
+  };
+  const auto sample_height = [&](const String& format) {
+    return pass.surface.TextHeight(format_number(kSampleValue, format));
+  };
+
+  // The smaller of the two end labels, deliberately: the strip reaches no further than both.
+  const Double end_width = std::min(width_of(document.xmin), width_of(document.xmax));
+  pass.layout.shpXlabels = {pass.larger_of(plot.PlotLeft - end_width, 0),
+                            pass.larger_of(pass.bottom() + kLabelGap, 0),
+                            pass.larger_of(plot.PlotWidth + 2 * end_width, 50),
+                            pass.larger_of(sample_height(document.AxisLabelFormatX), 0)};
+
+  const Double height = sample_height(document.AxisLabelFormatY);
+  pass.layout.shpYlabels = {pass.larger_of(last_y_label_left - 50.0, 10),
+                            pass.larger_of(plot.PlotTop - height, 10),
+                            pass.larger_of(plot.PlotLeft - last_y_label_left - 100.0, 10),
+                            pass.larger_of(plot.PlotHeight + 2 * height, 10)};
+}
+
+}  // namespace
+
+void DrawAxes(const GraphDocument& document, const NumericService& numeric, Layout& layout,
+              PlotSurface& surface) {
+  // Grid lines are as long as the plot rectangle that stands before this pass: a change of margins
+  // shows in them one redraw later, deliberately.
+  const Double y_tick_length = document.X_grid ? layout.plot.PlotWidth : kTickLengthY;
+  const Double x_tick_length = document.Y_grid ? layout.plot.PlotHeight : kTickLengthX;
+  layout.plot = plot_rect(document, surface.ScaleWidth(), surface.ScaleHeight());
+
+  const AxisPass pass{document, numeric, layout, surface};
+  draw_x_caption(pass);
+  draw_y_ticks(pass, y_tick_length);
+  const Integer last_y_label_left = draw_y_labels(pass);
+  draw_x_ticks(pass, x_tick_length);
+  draw_x_labels(pass);
+  draw_border(pass);
+  place_axis_strips(pass);
+  place_label_strips(pass, last_y_label_left);
+}
+
+}  // namespace kurv

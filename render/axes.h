@@ -1,0 +1,18 @@
+// The axis pass: the first layer of every redraw.
+#pragma once
+
+#include <KurvGraph/plot_surface.h>
+#include <KurvGraph/services.h>
+
+#include "core/graph_document.h"
+#include "render/layout.h"
+
+namespace kurv {
+
+// Computes the plot rectangle; draws the x caption, the ticks or grid lines and the labels of both
+// axes and the border; lays out the hit areas. The axis font is current on the surface. Throws
+// kDivisionByZero when NumTicks is zero.
+void DrawAxes(const GraphDocument& document, const NumericService& numeric, Layout& layout,
+              PlotSurface& surface);
+
+}  // namespace kurv

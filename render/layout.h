@@ -1,0 +1,43 @@
+// Where the parts of the picture stand. A redraw writes nothing but this record and the surface.
+#pragma once
+
+#include <array>
+
+#include <KurvGraph/values.h>
+
+namespace kurv {
+
+// A rectangle on the surface, twips.
+struct Rect {
+  Single left = 0;
+  Single top = 0;
+  Single width = 0;
+  Single height = 0;
+};
+
+// The frame in which curves are drawn, twips. Rewritten by every axis pass and every resize; all
+// zero before the first of them.
+struct PlotRect {
+  Integer PlotTop = 0;
+  Integer PlotLeft = 0;
+  Integer PlotWidth = 0;
+  Integer PlotHeight = 0;
+};
+
+struct Layout {
+  PlotRect plot;
+
+  // What the user can drag. Positions last until a drag, a "refresh" or a load moves them; sizes
+  // follow the texts at every redraw.
+  Rect imgTitle;
+  Rect imgSubTitle;
+  Rect picLegend;
+
+  // Where a press or a double click finds the parts of the axes; written by the axis pass.
+  std::array<Rect, 2> shpGraphBorder;  // 0 along the x axis, 1 along the y axis
+  Rect shpXlabels;
+  Rect shpYlabels;
+  Rect shpXcaption;
+};
+
+}  // namespace kurv

@@ -1,0 +1,136 @@
+#include "render/legend_titles.h"
+
+#include <vector>
+
+#include "render/curves.h"
+#include "render/markers.h"
+#include "render/palette.h"
+
+namespace kurv {
+
+namespace {
+
+// Lengths in twips.
+constexpr Double kRowPitchPerMarkerSize = 2.2;
+constexpr Double kSymbolInset = 60;
+constexpr Double kTextInset = 30;
+constexpr Double kTextRise = 80;
+constexpr Single kHomeGap = 60;
+constexpr Single kTitleGap = 100;
+constexpr int kLegendInset = 200;
+
+constexpr const char* kDefinitionSign = " = ";
+constexpr const char* kEntryLead = "   ";
+constexpr const char* kEntryTail = "    ";
+
+struct Entry {
+  int curve;
+  String text;
+};
+
+// A derived curve's name is its definition, of which the legend shows what stands before the first
+// blank.
+String entry_text(const String& name) {
+  return name.find(kDefinitionSign) == String::npos ? name : name.substr(0, name.find(' '));
+}
+
+// A flag that is neither True nor False draws its curve but does not list it; deliberate.
+std::vector<Entry> legend_entries(const GraphDocument& document) {
+  std::vector<Entry> entries;
+  for (int k = 1; k <= document.NumY; ++k) {
+    if (document.y_visible(k).is_exactly_true()) {
+      entries.push_back({k, entry_text(document.yVarName(k + 1))});
+    }
+  }
+  return entries;
+}
+
+void keep_on_surface(Rect& handle, const PlotRect& plot, const PlotSurface& surface) {
+  if (handle.top > surface.ScaleHeight()) handle.top = to_single(plot.PlotHeight / 3.0);
+  if (handle.left > surface.ScaleWidth()) handle.left = to_single(plot.PlotWidth / 3.0);
+}
+
+void size_legend(const GraphDocument& document, const std::vector<Entry>& entries, Rect& legend,
+                 const PlotSurface& surface) {
+  String measured;
+  for (const Entry& entry : entries) measured += kEntryLead + entry.text + kEntryTail + "\r\n";
+  const Double count = static_cast<Double>(entries.size());
+  const Double pitch = kRowPitchPerMarkerSize * document.MarkerSize;
+  const Double height = surface.TextHeight(measured);
+  legend.width = to_single(surface.TextWidth(measured) + 3 * document.MarkerSize);
+  legend.height = to_single(height < count * pitch ? (count + 1) * pitch : height);
+}
+
+void paint_box(PlotSurface& surface, const Rect& rect, int colour, LineKind kind) {
+  surface.Line({rect.left, rect.top}, {rect.left + rect.width, rect.top + rect.height}, colour,
+               kind);
+}
+
+void paint_legend(const GraphDocument& document, const std::vector<Entry>& entries,
+                  const Rect& legend, PlotSurface& surface) {
+  const int text_colour = surface.ForeColor();
+  paint_box(surface, legend, kWhite, LineKind::kFilledBox);
+  paint_box(surface, legend, kBlack, LineKind::kBox);
+  const Double row_height = Double(legend.height) / static_cast<Double>(entries.size());
+  Double row = 0.5;
+  for (const Entry& entry : entries) {
+    const Double centre = legend.top + row * row_height;
+    DrawMarker(document, surface, entry.curve, legend.left + kSymbolInset + document.MarkerSize,
+               centre, !document.DrawMarkers.is_exactly_true());
+    surface.set_ForeColor(curve_colour(entry.curve));
+    surface.Print(to_single(legend.left + kTextInset + 2 * document.MarkerSize),
+                  to_single(centre - kTextRise), entry.text + kEntryTail);
+    row += 1;
+  }
+  surface.set_ForeColor(text_colour);
+}
+
+void paint_title(const Font& font, const Rect& handle, const String& text, PlotSurface& surface) {
+  surface.set_font(font);
+  paint_box(surface, handle, kWhite, LineKind::kFilledBox);
+  surface.Print(handle.left, handle.top, text);
+}
+
+void size_to_text(const Font& font, const String& text, Rect& handle, PlotSurface& surface) {
+  surface.set_font(font);
+  handle.width = to_single(surface.TextWidth(text));
+  handle.height = to_single(surface.TextHeight(text));
+}
+
+}  // namespace
+
+void SizeTitleHandles(const GraphDocument& document, Layout& layout, PlotSurface& surface) {
+  size_to_text(title_font(document), document.Title, layout.imgTitle, surface);
+  size_to_text(subtitle_font(document), document.SubTitle, layout.imgSubTitle, surface);
+  surface.set_font(axis_font(document));
+}
+
+void DrawLegendAndTitles(const GraphDocument& document, Layout& layout, PlotSurface& surface) {
+  for (Rect* handle : {&layout.picLegend, &layout.imgTitle, &layout.imgSubTitle}) {
+    keep_on_surface(*handle, layout.plot, surface);
+  }
+  const std::vector<Entry> entries = legend_entries(document);
+  if (!entries.empty()) {
+    size_legend(document, entries, layout.picLegend, surface);
+    paint_legend(document, entries, layout.picLegend, surface);
+  }
+  paint_title(title_font(document), layout.imgTitle, document.Title, surface);
+  paint_title(subtitle_font(document), layout.imgSubTitle, document.SubTitle, surface);
+  surface.set_font(axis_font(document));
+}
+
+void place_titles(const GraphDocument& document, Layout& layout) {
+  Rect& title = layout.imgTitle;
+  Rect& subtitle = layout.imgSubTitle;
+  title.top = document.Top_margine - title.height - kHomeGap;
+  title.left = document.Left_margine;
+  subtitle.top = document.Top_margine - subtitle.height - kHomeGap;
+  subtitle.left = title.left + title.width + kTitleGap;
+}
+
+void place_legend(const GraphDocument& document, Layout& layout) {
+  layout.picLegend.top = to_integer(Double(document.Top_margine + kLegendInset));
+  layout.picLegend.left = to_integer(Double(document.Left_margine + kLegendInset));
+}
+
+}  // namespace kurv

@@ -1,0 +1,26 @@
+// The last layer: the legend box, the title and the subtitle, and where the user finds them.
+#pragma once
+
+#include <KurvGraph/plot_surface.h>
+
+#include "core/graph_document.h"
+#include "render/layout.h"
+
+namespace kurv {
+
+// The first step of every redraw: the handles of title and subtitle get the size of their texts.
+// Leaves the axis font current.
+void SizeTitleHandles(const GraphDocument& document, Layout& layout, PlotSurface& surface);
+
+// The last step. Handles that stand beyond the right or bottom edge come back; the legend gets one
+// entry for each curve whose visibility flag is exactly True. Leaves the axis font current.
+void DrawLegendAndTitles(const GraphDocument& document, Layout& layout, PlotSurface& surface);
+
+// Home positions, for handles of which the sizes are known: the title above the plot's top-left
+// corner, the subtitle to its right; the legend inside the plot. A top margin smaller than a title
+// puts it above the surface's edge, which is not corrected. Throws kOverflow where the legend's
+// position leaves 16 bits.
+void place_titles(const GraphDocument& document, Layout& layout);
+void place_legend(const GraphDocument& document, Layout& layout);
+
+}  // namespace kurv

@@ -1,0 +1,63 @@
+// A drawing surface that writes every call as one line of text.
+//
+//   cls
+//   width 2
+//   forecolor 3
+//   font "Liberation Sans" 8 0 0
+//   segment 800 470 8000 470 8          box, fill: likewise
+//   circle 1200 900 40 1
+//   arc 1200 900 40 1 0 3.1415927
+//   point 1200 900 0
+//   print 800 520 "0.00"
+//
+// Texts are quoted as in JSON; numbers are in the shortest form that reads back to the same single
+// precision value. Rules are written as segments: how crisp a line comes out is not what was asked
+// for. Text measures are made up from the font size alone, so that a log depends on no font: every
+// character is half as wide as the font is high, and a line is 1.2 times as high.
+#pragma once
+
+#include <string>
+
+#include <KurvGraph/plot_surface.h>
+
+namespace kurv {
+
+class RecordingSurface final : public PlotSurface {
+ public:
+  // Size in twips.
+  RecordingSurface(Double width, Double height) : m_width(width), m_height(height) {}
+
+  void set_size(Double width, Double height) {
+    m_width = width;
+    m_height = height;
+  }
+
+  // All lines since the last clear_log(), each ended by a line feed.
+  const std::string& log() const { return m_log; }
+  void clear_log() { m_log.clear(); }
+
+  Double ScaleWidth() const override { return m_width; }
+  Double ScaleHeight() const override { return m_height; }
+  void Cls() override;
+  void Line(SurfacePoint from, SurfacePoint to, int colour, LineKind kind) override;
+  void Circle(SurfacePoint centre, Single radius, int colour) override;
+  void Arc(SurfacePoint centre, Single radius, int colour, Single start, Single end) override;
+  void PSet(SurfacePoint at, int colour) override;
+  void DrawWidth(Integer pixels) override;
+  void Print(Single CurrentX, Single CurrentY, std::string_view text) override;
+  Double TextWidth(std::string_view text) const override;
+  Double TextHeight(std::string_view text) const override;
+  const Font& font() const override { return m_font; }
+  void set_font(const Font& font) override;
+  int ForeColor() const override { return m_fore_colour; }
+  void set_ForeColor(int colour) override;
+
+ private:
+  Double m_width;
+  Double m_height;
+  Font m_font;
+  int m_fore_colour = 0;
+  std::string m_log;
+};
+
+}  // namespace kurv

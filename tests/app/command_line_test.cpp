@@ -1,0 +1,172 @@
+#include "app/command_line.h"
+
+#include <gmock/gmock.h>
+
+#include <string>
+#include <vector>
+
+#include "app/option_values.h"
+#include "app/picture_file.h"
+#include "app/user_error.h"
+
+namespace kurv::app {
+namespace {
+
+using testing::AllOf;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+Command parsed(std::vector<const char*> arguments) {
+  arguments.insert(arguments.begin(), "kurv");
+  return parse_command_line(static_cast<int>(arguments.size()), arguments.data());
+}
+
+RenderRequest request_of(std::vector<const char*> more) {
+  more.insert(more.begin(), {"render", "data.csv", "-o", "picture.png"});
+  return std::get<RenderRequest>(parsed(more));
+}
+
+std::string misuse_of(const std::vector<const char*>& arguments) {
+  try {
+    parsed(arguments);
+  } catch (const UserError& error) {
+    EXPECT_EQ(error.exit_status(), kUsageFailure);
+    return error.what();
+  }
+  return "nothing was refused";
+}
+
+std::string misuse_with(std::vector<const char*> more) {
+  more.insert(more.begin(), {"render", "data.csv", "-o", "picture.png"});
+  return misuse_of(more);
+}
+
+TEST(CommandLine, HasADefaultForEverythingButTheFiles) {
+  const RenderRequest request = request_of({});
+  EXPECT_EQ(request.data_file, "data.csv");
+  EXPECT_EQ(request.picture_file, "picture.png");
+  EXPECT_EQ(request.size, QSize(1000, 700));
+  EXPECT_EQ(request.scale, 1);
+  EXPECT_FALSE(request.selection.x);
+  EXPECT_THAT(request.selection.y, IsEmpty());
+  EXPECT_EQ(request.selection.every, 1u);
+  EXPECT_FALSE(request.title);
+  EXPECT_EQ(request.subtitle, "");
+  EXPECT_TRUE(request.lines);
+  EXPECT_FALSE(request.markers);
+  EXPECT_FALSE(request.sort);
+  EXPECT_THAT(request.settings, IsEmpty());
+}
+
+TEST(CommandLine, TakesAllOptions) {
+  const RenderRequest request =
+      request_of({"--size", "640x480", "--scale", "1.5", "--x", "t", "--title", "A title",
+                  "--subtitle", "below", "--no-lines", "--markers", "--sort", "--every", "3"});
+  EXPECT_EQ(request.size, QSize(640, 480));
+  EXPECT_EQ(request.scale, 1.5);
+  EXPECT_EQ(request.selection.x, "t");
+  EXPECT_EQ(request.title, "A title");
+  EXPECT_EQ(request.subtitle, "below");
+  EXPECT_FALSE(request.lines);
+  EXPECT_TRUE(request.markers);
+  EXPECT_TRUE(request.sort);
+  EXPECT_EQ(request.selection.every, 3u);
+}
+
+TEST(CommandLine, AnEmptyTitleIsATitle) {
+  EXPECT_EQ(request_of({"--title", ""}).title, "");
+  EXPECT_EQ(request_of({"--title="}).title, "");
+}
+
+TEST(CommandLine, OfTwoContrarySwitchesTheLaterCounts) {
+  EXPECT_TRUE(request_of({"--no-lines", "--lines"}).lines);
+  EXPECT_FALSE(request_of({"--lines", "--no-lines"}).lines);
+  EXPECT_FALSE(request_of({"--markers", "--no-markers"}).markers);
+}
+
+TEST(CommandLine, NamesOfCurvesComeInListsAndRepeatedly) {
+  EXPECT_THAT(request_of({"--y", "a, b", "--y", "\"c, d\",e"}).selection.y,
+              ElementsAre("a", "b", "c, d", "e"));
+  const Command command = parsed({"render", "--y", "a", "data.csv", "-o", "picture.png"});
+  EXPECT_EQ(std::get<RenderRequest>(command).data_file, "data.csv");
+}
+
+TEST(CommandLine, ListsOfNamesThatAreNoneAreRefused) {
+  for (const char* list : {"", "\"open", "two\nlines"}) {
+    EXPECT_THAT(misuse_with({"--y", list}), HasSubstr("--y takes the names")) << list;
+  }
+}
+
+TEST(CommandLine, SettingsFindTheirPropertyInAnyLetterCase) {
+  const RenderRequest request = request_of({"--set", "numticks=5", "--set", "TITLE=a=b"});
+  ASSERT_EQ(request.settings.size(), 2u);
+  EXPECT_EQ(request.settings[0].property->name, "NumTicks");
+  EXPECT_EQ(request.settings[0].value, "5");
+  EXPECT_EQ(request.settings[1].property->name, "Title");
+  EXPECT_EQ(request.settings[1].value, "a=b");
+}
+
+TEST(CommandLine, SettingsThatDoNotConvertAreRefused) {
+  EXPECT_EQ(misuse_with({"--set", "NumTicks=many"}),
+            "the property NumTicks takes a whole number from -32768 to 32767, not \"many\".");
+  EXPECT_THAT(misuse_with({"--set", "NumTicks=40000"}), HasSubstr("takes a whole number"));
+  EXPECT_THAT(misuse_with({"--set", "ymin=low"}), HasSubstr("ymin takes a number, not \"low\""));
+  EXPECT_THAT(misuse_with({"--set", "X_grid=maybe"}), HasSubstr("takes True or False"));
+  EXPECT_THAT(misuse_with({"--set", "NumTicks"}), HasSubstr("such as NumTicks=5"));
+}
+
+TEST(CommandLine, UnknownPropertiesAreRefusedWithSimilarOnes) {
+  EXPECT_THAT(misuse_with({"--set", "NumTick=5"}), HasSubstr("\"NumTicks\""));
+  EXPECT_THAT(misuse_with({"--set", "grid=5"}), AllOf(HasSubstr("X_grid"), HasSubstr("Y_grid")));
+  EXPECT_THAT(misuse_with({"--set", "nonsense=5"}), HasSubstr("render --help"));
+  EXPECT_THAT(misuse_with({"--set", "=5"}), HasSubstr("no property \"\""));
+}
+
+TEST(CommandLine, SizesAndScalesOutsideTheirRangeAreRefused) {
+  EXPECT_EQ(request_of({"--size", "1x1"}).size, QSize(1, 1));
+  EXPECT_EQ(request_of({"--size", "7680X4320", "--scale", "2"}).size, QSize(7680, 4320));
+  for (const char* size : {"", "x", "0x5", "5x0", "-1x5", "7681x1", "1x4321", "1000", "5x5x5",
+                           "1e3x5", " 5x5", "99999999999x1"}) {
+    EXPECT_THAT(misuse_with({"--size", size}), HasSubstr("--size takes")) << size;
+  }
+  for (const char* scale : {"", "0", "0.49", "8.1", "-1", "nan", "inf", "two", "1,5"}) {
+    EXPECT_THAT(misuse_with({"--scale", scale}), HasSubstr("--scale takes")) << scale;
+  }
+  EXPECT_THAT(misuse_with({"--size", "7680x4320", "--scale", "2.1"}), HasSubstr("15360x8640"));
+}
+
+TEST(CommandLine, EveryTakesAWholeNumberAboveZero) {
+  for (const char* every : {"", "0", "-2", "1.5", "x", "99999999999999999999999"}) {
+    EXPECT_THAT(misuse_with({"--every", every}), HasSubstr("--every takes")) << every;
+  }
+}
+
+TEST(CommandLine, OnlyTwoKindsOfPicturesAreKnown) {
+  EXPECT_EQ(picture_format("a.PNG"), "PNG");
+  EXPECT_EQ(picture_format("dir.png/a.Bmp"), "BMP");
+  for (const char* name : {"a.jpg", "a", "", "png", "a.png.txt", "a.png/"}) {
+    EXPECT_THAT(misuse_of({"render", "data.csv", "--output", name}),
+                AllOf(HasSubstr(".png"), HasSubstr(".bmp")))
+        << name;
+  }
+}
+
+TEST(CommandLine, WhatIsMissingOrUnknownIsNamed) {
+  EXPECT_THAT(misuse_of({"render", "-o", "a.png"}), HasSubstr("FILE"));
+  EXPECT_THAT(misuse_of({"render", "data.csv"}), HasSubstr("--output"));
+  EXPECT_THAT(misuse_with({"--colour"}), HasSubstr("--colour"));
+  EXPECT_THAT(misuse_with({"other.csv"}), HasSubstr("other.csv"));
+  EXPECT_THAT(misuse_of({"paint"}), HasSubstr("a command is missing"));
+}
+
+TEST(CommandLine, HelpAndVersionAreTexts) {
+  EXPECT_EQ(std::get<Notice>(parsed({"--version"})).text, "kurv 1.0.0\n");
+  EXPECT_THAT(std::get<Notice>(parsed({"--help"})).text,
+              AllOf(HasSubstr("render"), HasSubstr("Example")));
+  EXPECT_THAT(std::get<Notice>(parsed({"render", "--help"})).text,
+              AllOf(HasSubstr("--every"), HasSubstr("NumTicks"), HasSubstr("Example")));
+}
+
+}  // namespace
+}  // namespace kurv::app

@@ -1,0 +1,156 @@
+// Reads the sources and keeps the picture in docs/architecture.md true.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <map>
+#include <regex>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+const fs::path kRoot = KURV_SOURCE_DIR;
+
+struct Source {
+  std::string path;  // from the root
+  std::string room;
+  std::string text;
+};
+
+// core/ has two floors: the model below the painting, the control above it.
+const std::set<std::string> kModel = {"decimal",  "fault",  "graph_document", "number_text",
+                                      "services", "values", "words"};
+
+std::string room_of(const fs::path& path) {
+  const std::string first = path.begin()->string();
+  if (first == "core") return kModel.contains(path.stem().string()) ? "model" : "control";
+  if (first == "ui") return "control";
+  return first == "include" ? "public" : first;
+}
+
+std::vector<Source> sources() {
+  std::vector<Source> found;
+  for (const char* top : {"include", "core", "render", "raster", "ui", "qt", "app", "examples"}) {
+    for (const auto& entry : fs::recursive_directory_iterator(kRoot / top)) {
+      const std::string extension = entry.path().extension().string();
+      if (extension != ".h" && extension != ".cpp") continue;
+      std::ifstream file(entry.path(), std::ios::binary);
+      const fs::path path = fs::relative(entry.path(), kRoot);
+      found.push_back({path.string(), room_of(path),
+                       std::string{std::istreambuf_iterator<char>(file), {}}});
+    }
+  }
+  return found;
+}
+
+std::vector<std::string> includes(const Source& source) {
+  static const std::regex kInclude(R"((^|\n)\s*#\s*include\s*([<"][^>"]+)[>"])");
+  std::vector<std::string> found;
+  for (std::sregex_iterator it(source.text.begin(), source.text.end(), kInclude), end; it != end;
+       ++it) {
+    found.push_back((*it)[2]);
+  }
+  return found;
+}
+
+bool matches(const Source& source, const char* pattern) {
+  return std::regex_search(source.text, std::regex(pattern));
+}
+
+bool may_know_the_toolkit(const Source& source) {
+  return source.room == "qt" || source.room == "app" || source.room == "examples" ||
+         source.path == "include/KurvGraph/picture.h";
+}
+
+TEST(Architecture, SourcesAreFound) {
+  std::set<std::string> rooms;
+  for (const Source& source : sources()) rooms.insert(source.room);
+  for (const char* room : {"public", "model", "control", "render", "raster", "qt", "app"}) {
+    EXPECT_TRUE(rooms.contains(room)) << room;
+  }
+}
+
+TEST(Architecture, NothingIncludesUpwards) {
+  const std::map<std::string, std::set<std::string>> allowed = {
+      {"public", {}},
+      {"model", {"model"}},
+      {"raster", {"raster"}},
+      {"render", {"render", "model"}},
+      {"control", {"control", "render", "model"}},
+      {"qt", {"qt", "raster", "render", "control", "model"}},
+      {"app", {"app"}},
+      {"examples", {}},
+  };
+  for (const Source& source : sources()) {
+    for (const std::string& include : includes(source)) {
+      if (include[0] != '"') continue;
+      const std::string room = room_of(include.substr(1));
+      EXPECT_TRUE(allowed.at(source.room).contains(room))
+          << source.path << " includes " << include.substr(1);
+    }
+  }
+}
+
+TEST(Architecture, ToolkitStaysInItsRooms) {
+  for (const Source& source : sources()) {
+    if (may_know_the_toolkit(source)) continue;
+    for (const std::string& include : includes(source)) {
+      EXPECT_FALSE(include.starts_with("<Q") || include.starts_with("<Qt"))
+          << source.path << " includes " << include;
+    }
+  }
+}
+
+TEST(Architecture, CoreUsesTheStandardLibraryAlone) {
+  const std::regex foreign(R"(<[^>]*(/|\.h).*)");
+  for (const Source& source : sources()) {
+    if (may_know_the_toolkit(source)) continue;
+    for (const std::string& include : includes(source)) {
+      if (include[0] != '<' || include.starts_with("<KurvGraph/")) continue;
+      EXPECT_FALSE(std::regex_match(include, foreign)) << source.path << " includes " << include;
+    }
+  }
+}
+
+TEST(Architecture, NumbersAndTextsDependOnNoLocale) {
+  const char* locale_bound =
+      R"(\b(strtod|strtof|strtold|atof|stod|stof|stold|setlocale|isalpha|isdigit|isspace|tolower|toupper|printf|sprintf|snprintf|scanf|sscanf)\s*\()";
+  for (const Source& source : sources()) {
+    EXPECT_FALSE(matches(source, locale_bound)) << source.path;
+    if (source.room == "app" || source.room == "qt") continue;
+    for (const char* header : {"<iostream", "<sstream", "<locale", "<iomanip", "<cstdio"}) {
+      for (const std::string& include : includes(source)) {
+        EXPECT_NE(include, header) << source.path;
+      }
+    }
+  }
+}
+
+TEST(Architecture, OnlyTheOuterEdgesCatch) {
+  for (const Source& source : sources()) {
+    if (source.room == "app") continue;
+    EXPECT_FALSE(matches(source, R"(\bcatch\s*\()")) << source.path;
+  }
+}
+
+TEST(Architecture, EveryHeaderIsIncludedOnce) {
+  for (const Source& source : sources()) {
+    if (!source.path.ends_with(".h")) continue;
+    EXPECT_NE(source.text.find("#pragma once"), std::string::npos) << source.path;
+  }
+}
+
+TEST(Architecture, FilesStayShort) {
+  for (const Source& source : sources()) {
+    const auto lines = std::count(source.text.begin(), source.text.end(), '\n');
+    EXPECT_LE(lines, 400) << source.path;
+  }
+}
+
+}  // namespace

@@ -1,0 +1,156 @@
+#include <KurvGraph/arrays.h>
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace kurv {
+namespace {
+
+template <class Action>
+void expect_out_of_range(Action action) {
+  try {
+    action();
+    ADD_FAILURE() << "no fault";
+  } catch (const Fault& fault) {
+    EXPECT_EQ(fault.kind(), FaultKind::kSubscriptOutOfRange);
+  }
+}
+
+TEST(List, IsEmptyByDefault) {
+  List<int> list;
+  EXPECT_EQ(list.lower(), 0);
+  EXPECT_EQ(list.upper(), -1);
+  expect_out_of_range([&] { list(0); });
+  expect_out_of_range([&] { list(-1); });
+}
+
+TEST(List, StartsWithValueInitialisedElementsAtItsOwnLowerBound) {
+  const List<double> list(-2, 3);
+  EXPECT_EQ(list.lower(), -2);
+  EXPECT_EQ(list.upper(), 3);
+  for (int k = -2; k <= 3; ++k) EXPECT_EQ(list(k), 0.0) << k;
+}
+
+TEST(List, ChecksEveryIndex) {
+  List<int> list(1, 3);
+  list(1) = 10;
+  list(3) = 30;
+  EXPECT_EQ(list(1), 10);
+  EXPECT_EQ(list(3), 30);
+  for (const int index :
+       {0, 4, -1, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()}) {
+    SCOPED_TRACE(index);
+    expect_out_of_range([&] { list(index) = 1; });
+    expect_out_of_range([&] { static_cast<const List<int>&>(list)(index); });
+  }
+}
+
+TEST(List, MayHaveNoElementsButNotFewer) {
+  const List<int> none(1, 0);
+  EXPECT_EQ(none.upper(), 0);
+  expect_out_of_range([&] { none(0); });
+  expect_out_of_range([&] { none(1); });
+  expect_out_of_range([] { List<int>(1, -1); });
+  expect_out_of_range([] { List<int>(0, -2); });
+}
+
+TEST(List, TakesElementsOverFromAVector) {
+  const List<std::string> list(1, std::vector<std::string>{"a", "b"});
+  EXPECT_EQ(list.upper(), 2);
+  EXPECT_EQ(list(1), "a");
+  EXPECT_EQ(list(2), "b");
+}
+
+TEST(List, ResizeKeepsTheElementsThatFit) {
+  List<int> list(1, std::vector<int>{10, 20, 30});
+  list.resize_keeping(2);
+  EXPECT_EQ(list, List<int>(1, std::vector<int>{10, 20}));
+  list.resize_keeping(4);
+  EXPECT_EQ(list, List<int>(1, std::vector<int>{10, 20, 0, 0}));
+  list.resize_keeping(0);
+  EXPECT_EQ(list, List<int>(1, 0));
+}
+
+TEST(List, ARefusedResizeChangesNothing) {
+  List<int> list(1, std::vector<int>{10, 20});
+  expect_out_of_range([&] { list.resize_keeping(-1); });
+  EXPECT_EQ(list, List<int>(1, std::vector<int>{10, 20}));
+}
+
+TEST(List, ListsWithOtherBoundsDiffer) {
+  EXPECT_EQ(List<int>(1, 2), List<int>(1, 2));
+  EXPECT_NE(List<int>(1, 2), List<int>(0, 1));
+}
+
+TEST(Matrix, IsEmptyByDefault) {
+  Matrix<int> matrix;
+  EXPECT_EQ(matrix.lower_column(), 0);
+  EXPECT_EQ(matrix.upper_column(), -1);
+  EXPECT_EQ(matrix.lower_point(), 0);
+  EXPECT_EQ(matrix.upper_point(), -1);
+  expect_out_of_range([&] { matrix(0, 0); });
+  expect_out_of_range([&] { matrix.column(0); });
+}
+
+TEST(Matrix, KeepsEveryElementApart) {
+  Matrix<int> matrix(1, 3, 0, 4);
+  for (int column = 1; column <= 3; ++column) {
+    for (int point = 0; point <= 4; ++point) matrix(column, point) = 100 * column + point;
+  }
+  const Matrix<int> copy = matrix;
+  matrix(2, 2) = -1;
+  for (int column = 1; column <= 3; ++column) {
+    for (int point = 0; point <= 4; ++point) {
+      EXPECT_EQ(copy(column, point), 100 * column + point);
+    }
+  }
+  EXPECT_NE(copy, matrix);
+}
+
+TEST(Matrix, ChecksBothIndices) {
+  Matrix<int> matrix(1, 2, 1, 3);
+  const Matrix<int>& constant = matrix;
+  const std::pair<int, int> kOutside[] = {{0, 1}, {3, 1}, {1, 0}, {1, 4}, {2, 0}, {-1, -1}};
+  for (const auto& [column, point] : kOutside) {
+    SCOPED_TRACE(testing::Message() << column << ", " << point);
+    const int c = column;
+    const int p = point;
+    expect_out_of_range([&] { matrix(c, p) = 1; });
+    expect_out_of_range([&] { constant(c, p); });
+  }
+}
+
+TEST(Matrix, ColumnsAreContiguousAndWriteThrough) {
+  Matrix<double> matrix(1, 2, 1, 4);
+  const Column<double> column = matrix.column(2);
+  EXPECT_EQ(column.lower(), 1);
+  EXPECT_EQ(column.upper(), 4);
+  for (int point = 1; point <= 4; ++point) {
+    EXPECT_EQ(&column(point), &column(1) + (point - 1));
+    EXPECT_EQ(&column(point), &matrix(2, point));
+  }
+  column(3) = 2.5;
+  EXPECT_EQ(matrix(2, 3), 2.5);
+  EXPECT_EQ(matrix(1, 3), 0.0);
+  expect_out_of_range([&] { column(0); });
+  expect_out_of_range([&] { column(5); });
+}
+
+TEST(Matrix, MayHaveColumnsWithoutPointsAndPointsWithoutColumns) {
+  const Matrix<int> no_points(1, 3, 1, 0);
+  EXPECT_EQ(no_points.column(3).upper(), 0);
+  expect_out_of_range([&] { no_points(1, 1); });
+  const Matrix<int> no_columns(1, 0, 1, 3);
+  expect_out_of_range([&] { no_columns(1, 1); });
+}
+
+TEST(Matrix, RefusesBoundsBelowZeroElements) {
+  expect_out_of_range([] { Matrix<int>(1, -1, 1, 3); });
+  expect_out_of_range([] { Matrix<int>(1, 3, 1, -1); });
+}
+
+}  // namespace
+}  // namespace kurv

@@ -1,0 +1,59 @@
+#include <gtest/gtest.h>
+
+#include "tests/support/test_host.h"
+
+namespace kurv {
+namespace {
+
+TEST(MarkerSizeProperty, IgnoresSizesOutsideTwoToFiveHundred) {
+  test::TestHost host;
+  for (const Integer ignored : {Integer{1}, Integer{501}, Integer{0}, Integer{-32768}}) {
+    host.control.set_MarkerSize(ignored);
+    EXPECT_EQ(host.control.MarkerSize(), 40) << ignored;
+    EXPECT_EQ(host.document().MarkerDrawSize, 200.0 / 6);
+  }
+  host.control.set_MarkerSize(2);
+  EXPECT_EQ(host.control.MarkerSize(), 2);
+  host.control.set_MarkerSize(500);
+  EXPECT_EQ(host.control.MarkerSize(), 500);
+}
+
+TEST(MarkerSizeProperty, TwelveDrawsAsTen) {
+  test::TestHost host;
+  host.control.set_MarkerSize(12);
+  EXPECT_EQ(host.document().MarkerDrawSize, 10);
+}
+
+TEST(MarkerSizeProperty, ReadsTheStoredSizeToTheNearestEvenInteger) {
+  test::TestHost host;
+  set_marker_size(host.document(), 2.5);
+  EXPECT_EQ(host.control.MarkerSize(), 2);
+  set_marker_size(host.document(), 3.5);
+  EXPECT_EQ(host.control.MarkerSize(), 4);
+}
+
+TEST(Properties, LimitsAreTakenAsTheyStandAlsoCrossed) {
+  test::TestHost host;
+  host.load({0, 10}, {0, 10});
+  host.control.set_xmin(20);
+  EXPECT_EQ(host.control.xmin(), 20);
+  EXPECT_EQ(host.control.xmax(), 10);
+  const std::string log = host.redrawn();
+  EXPECT_NE(log.find("\"20.00\""), std::string::npos);
+  EXPECT_EQ(host.control.xmin(), 20);
+}
+
+TEST(Methods, InitDoesNothingAtAnyTime) {
+  test::TestHost host;
+  host.control.init();
+  host.load({0, 10}, {0, 10});
+  host.surface.clear_log();
+  host.control.set_NumTicks(3);
+  host.control.init();
+  EXPECT_EQ(host.surface.log(), "");
+  EXPECT_EQ(host.control.NumTicks(), 3);
+  EXPECT_TRUE(host.document().GraphValid);
+}
+
+}  // namespace
+}  // namespace kurv

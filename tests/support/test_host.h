@@ -1,0 +1,88 @@
+// A control on a recording surface, with a host that only remembers.
+#pragma once
+
+#include <KurvGraph/control.h>
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "core/control_state.h"
+#include "render/recording_surface.h"
+
+namespace kurv::test {
+
+struct PlainContainer final : Container {
+  bool run_mode() const override { return running; }
+  void set_MousePointer(Integer pointer) override { pointers.push_back(pointer); }
+
+  bool running = true;
+  std::vector<Integer> pointers;
+};
+
+struct RememberingShell final : Shell {
+  struct Message {
+    std::string text;
+    int flags;
+    std::string title;
+  };
+  void message_box(std::string_view text, int flags, std::string_view title) override {
+    messages.push_back({std::string(text), flags, std::string(title)});
+  }
+
+  std::vector<Message> messages;
+};
+
+inline List<Double> points(std::vector<Double> values) { return {1, std::move(values)}; }
+inline List<String> names(std::vector<String> values) { return {1, std::move(values)}; }
+inline List<Boolean> flags(std::vector<Boolean> values) { return {1, std::move(values)}; }
+
+// Each inner list is one column; both indices count from 1.
+inline Matrix<Double> columns(const std::vector<std::vector<Double>>& values) {
+  const int count = static_cast<int>(values.size());
+  const int length = count == 0 ? 0 : static_cast<int>(values.front().size());
+  Matrix<Double> matrix(1, count, 1, length);
+  for (int c = 1; c <= count; ++c) {
+    for (int i = 1; i <= length; ++i) {
+      matrix(c, i) = values[static_cast<std::size_t>(c - 1)][static_cast<std::size_t>(i - 1)];
+    }
+  }
+  return matrix;
+}
+
+// A control of 12000 x 9000 twips unless said otherwise, placed and shown.
+struct TestHost {
+  explicit TestHost(Double width = 12000, Double height = 9000, bool run_mode = true)
+      : surface(width, height) {
+    container.running = run_mode;
+    control.first_placement();
+    control.show();
+    surface.clear_log();
+  }
+
+  GraphDocument& document() { return control.state().document; }
+  Layout& layout() { return control.state().layout; }
+
+  // One curve "y" over "x".
+  void load(std::vector<Double> x, std::vector<Double> y, bool connected = true,
+            bool markers = false) {
+    const auto count = static_cast<Integer>(x.size());
+    control.scatter_graph(columns({std::move(y)}), points(std::move(x)), count, 1,
+                          String("Title"), "x", names({"y"}), 0, {}, Boolean(connected),
+                          Boolean(markers));
+  }
+
+  std::string redrawn() {
+    surface.clear_log();
+    control.build_the_graph();
+    return surface.log();
+  }
+
+  PlainContainer container;
+  RememberingShell shell;
+  RecordingSurface surface;
+  Services services = make_services();
+  Control control{container, shell, surface, services};
+};
+
+}  // namespace kurv::test

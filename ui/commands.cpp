@@ -1,0 +1,26 @@
+#include "ui/commands.h"
+
+#include "core/control_state.h"
+#include "core/redraw.h"
+#include "render/legend_titles.h"
+
+namespace kurv {
+
+namespace {
+
+void refresh(ControlState& state) {
+  SizeTitleHandles(state.document, state.layout, state.surface);
+  place_titles(state.document, state.layout);
+  place_legend(state.document, state.layout);
+  build_the_graph(state);
+}
+
+}  // namespace
+
+void ChartOptions(ControlState& state, std::string_view command) {
+  state.container.set_MousePointer(kHourglassPointer);
+  if (command == "refresh") refresh(state);
+  state.container.set_MousePointer(kDefaultPointer);
+}
+
+}  // namespace kurv
