@@ -1,10 +1,8 @@
 #include "app/render_command.h"
 
-#include <KurvGraph/container.h>
 #include <KurvGraph/control.h>
 #include <KurvGraph/fault.h>
 #include <KurvGraph/picture.h>
-#include <KurvGraph/shell.h>
 
 #include <QGuiApplication>
 #include <filesystem>
@@ -17,41 +15,13 @@
 #include "app/text.h"
 #include "app/text_file.h"
 #include "app/user_error.h"
+#include "app/windowless.h"
 
 namespace kurv::app {
 
 namespace {
 
 constexpr int kMostRounds = 8;
-
-class RunningHost final : public Container {
- public:
-  bool run_mode() const override { return true; }
-  void set_MousePointer(Integer) override {}
-};
-
-// Nobody is there to close a message box: what it says ends the program.
-class MessageKeeper final : public Shell {
- public:
-  void message_box(std::string_view text, int, std::string_view) override {
-    if (!m_messages.empty()) m_messages += ' ';
-    m_messages += text;
-  }
-
-  // All boxes as one sentence.
-  std::string sentence() const {
-    std::string result;
-    for (const char c : on_one_line(m_messages)) {
-      if (c != ' ' || !result.ends_with(' ')) result += c;
-    }
-    return std::string(trimmed(result));
-  }
-
-  bool empty() const { return m_messages.empty(); }
-
- private:
-  std::string m_messages;
-};
 
 DataSet load(const RenderRequest& request) {
   const std::string bytes = read_text_file(request.data_file);
@@ -88,9 +58,9 @@ QImage settled_picture(Control& control, const Picture& picture) {
 }
 
 QImage draw(const RenderRequest& request, const DataSet& data) {
-  RunningHost host;
-  MessageKeeper shell;
   Picture picture(request.size, request.scale);
+  RunningHost host(picture.ScaleWidth(), picture.ScaleHeight());
+  MessageKeeper shell;
   Control control(host, shell, picture);
   // As in a window, the graph is there first and gets its data then.
   control.first_placement();

@@ -63,7 +63,8 @@ constexpr std::array kProperties = {
     row<&Control::SubTitleFontName, &Control::set_SubTitleFontName>("SubTitleFontName", 0x680300B2),
     row<&Control::SubTitleFontSize, &Control::set_SubTitleFontSize>("SubTitleFontSize", 0x680300B1),
     row<&Control::SubTitleFontBold, &Control::set_SubTitleFontBold>("SubTitleFontBold", 0x680300B0),
-    row<&Control::SubTitleFontItalic, &Control::set_SubTitleFontItalic>("SubTitleFontItalic", 0x680300AF),
+    row<&Control::SubTitleFontItalic, &Control::set_SubTitleFontItalic>("SubTitleFontItalic",
+                                                                        0x680300AF),
     row<&Control::AxisLabelFormatY, &Control::set_AxisLabelFormatY>("AxisLabelFormatY", 0x680300AE),
     row<&Control::Right_margine, &Control::set_Right_margine>("Right_margine", 0x680300AD),
     row<&Control::Left_margine, &Control::set_Left_margine>("Left_margine", 0x680300AC),
@@ -74,7 +75,9 @@ constexpr std::array kProperties = {
     row<&Control::SubTitle, &Control::set_SubTitle>("SubTitle", 0x680300A6),
 };
 
-constexpr char lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+constexpr char lower(char c) {
+  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
 
 bool same_name(std::string_view a, std::string_view b) {
   return std::equal(a.begin(), a.end(), b.begin(), b.end(),
@@ -83,7 +86,9 @@ bool same_name(std::string_view a, std::string_view b) {
 
 }  // namespace
 
-std::span<const Property> properties() { return kProperties; }
+std::span<const Property> properties() {
+  return kProperties;
+}
 
 const Property* find_property(std::string_view name) {
   const auto found = std::find_if(kProperties.begin(), kProperties.end(),

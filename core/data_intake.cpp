@@ -34,8 +34,8 @@ void store_settings(GraphDocument& document, const IntakeSettings& settings,
   }
 }
 
-// Columns first..last of a host's matrix into the document's from column `target` on. Without points
-// the host's matrix may be empty, so its columns are not asked for.
+// Columns first..last of a host's matrix into the document's from column `target` on. Without
+// points the host's matrix may be empty, so its columns are not asked for.
 void copy_columns(GraphDocument& document, const Matrix<Double>& source, int first, int last,
                   int target) {
   if (document.NumData < 1) return;
@@ -88,9 +88,9 @@ void present(ControlState& state) {
 
 }  // namespace
 
-void scatter_graph(ControlState& state, const IntakeSettings& settings,
-                   const Matrix<Double>& yarr, const List<Double>& xarr, const String& x_name,
-                   const List<String>& y_names, const List<String>& functions) {
+void scatter_graph(ControlState& state, const IntakeSettings& settings, const Matrix<Double>& yarr,
+                   const List<Double>& xarr, const String& x_name, const List<String>& y_names,
+                   const List<String>& functions) {
   store_settings(state.document, settings, functions);
   store_separate(state, kUpperColumn, yarr, xarr, x_name, y_names);
   present(state);

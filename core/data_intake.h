@@ -18,13 +18,13 @@ struct IntakeSettings {
   Boolean draw_markers;
 };
 
-// From separate arrays, yarr(curve, point) and xarr(point), all counted from 1; every curve visible.
-// Data that cannot be plotted stay in the document, which is then not valid, and a message says why.
-// Throws kSubscriptOutOfRange for an array shorter than its count and for more than 149 curves,
-// kOverflow for a count of curves that has no successor; what was written until then stays.
-void scatter_graph(ControlState& state, const IntakeSettings& settings,
-                   const Matrix<Double>& yarr, const List<Double>& xarr, const String& x_name,
-                   const List<String>& y_names, const List<String>& functions);
+// From separate arrays, yarr(curve, point) and xarr(point), all counted from 1; every curve
+// visible. Data that cannot be plotted stay in the document, which is then not valid, and a message
+// says why. Throws kSubscriptOutOfRange for an array shorter than its count and for more than 149
+// curves, kOverflow for a count of curves that has no successor; what was written until then stays.
+void scatter_graph(ControlState& state, const IntakeSettings& settings, const Matrix<Double>& yarr,
+                   const List<Double>& xarr, const String& x_name, const List<String>& y_names,
+                   const List<String>& functions);
 
 // From one matrix xyarr(column, point) of which column 1 is x, with names alike and a visibility
 // flag per curve. More than 149 curves are cut to 149. The data count as the host's even if they

@@ -10,8 +10,9 @@
 namespace kurv {
 
 // Puts the points of xyArr in the order that a selection sort on x gives: at each place the first
-// smallest of what follows is exchanged into it, whole points at a time. Not stable, and a NaN stays
-// where it is. O(n log n) comparisons; every exchange goes through the service, a Double at a time.
+// smallest of what follows is exchanged into it, whole points at a time. Not stable, and a NaN
+// stays where it is. O(n log n) comparisons; every exchange goes through the service, a Double at a
+// time.
 void Sort_xy(GraphDocument& document, const SwapService& swap);
 
 // Keeps xyArr as the copy in the host's order, sorts it, keeps that as the sorted copy, and leaves

@@ -13,8 +13,7 @@ void reset_file(GraphDocument& document) {
 }
 
 Font axis_font(const GraphDocument& document) {
-  return {document.FontName, document.FontSize, bool(document.FontBold),
-          bool(document.FontItalic)};
+  return {document.FontName, document.FontSize, bool(document.FontBold), bool(document.FontItalic)};
 }
 
 Font title_font(const GraphDocument& document) {

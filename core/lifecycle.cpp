@@ -9,7 +9,7 @@ namespace kurv {
 
 namespace {
 
-constexpr Double kSmallestPlot = 500;  // twips
+constexpr Double kSmallestPlot = 500;        // twips
 constexpr Single kTitleFontEnlargement = 3;  // points
 
 Integer g_instance_counter = 0;

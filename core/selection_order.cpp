@@ -21,10 +21,10 @@ std::vector<int> comparable_places(const Column<Double>& values, int count) {
 
 // The places of each value, as one min-heap per distinct value, heaps in ascending order of value.
 //
-// At any time a heap holds the places where its value stands now. Taking the first smallest value is
-// popping the top of the first heap. The value that has to make room stands at the foremost place
-// of all, so it is the top of its own heap, and giving it the place that became free is a pop and a
-// push there.
+// At any time a heap holds the places where its value stands now. Taking the first smallest value
+// is popping the top of the first heap. The value that has to make room stands at the foremost
+// place of all, so it is the top of its own heap, and giving it the place that became free is a pop
+// and a push there.
 class PlacesByValue {
  public:
   PlacesByValue(const Column<Double>& values, const std::vector<int>& places)

@@ -42,9 +42,7 @@ struct AxisPass {
   // At most about twenty labels an axis, however many ticks.
   int label_step() const { return document.NumTicks / kLabelsAtMost + 1; }
 
-  Double y_of_tick(int i) const {
-    return bottom() - fraction(i) * plot().PlotHeight - kTickOffset;
-  }
+  Double y_of_tick(int i) const { return bottom() - fraction(i) * plot().PlotHeight - kTickOffset; }
   Double x_of_tick(int i) const { return plot().PlotLeft + fraction(i) * plot().PlotWidth; }
 
   void rule(Double x1, Double y1, Double x2, Double y2) const {

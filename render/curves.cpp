@@ -39,7 +39,9 @@ void draw_markers(const GraphDocument& document, const Mapping& mapping, int cur
 
 }  // namespace
 
-int curve_colour(int curve) { return curve % 14; }
+int curve_colour(int curve) {
+  return curve % 14;
+}
 
 void DrawScatterCurves(const GraphDocument& document, const Layout& layout, PlotSurface& surface) {
   const Mapping mapping(document, layout.plot);

@@ -35,9 +35,7 @@ class Mapping {
   }
 
   // Both ends of both ranges are inside; NaN is not.
-  bool InPlot(DataPoint point) const {
-    return in_unit(NormX(point.x)) && in_unit(NormY(point.y));
-  }
+  bool InPlot(DataPoint point) const { return in_unit(NormX(point.x)) && in_unit(NormY(point.y)); }
 
   SurfacePoint surface_point(DataPoint point) const {
     return {to_single(SurfX(point.x)), to_single(SurfY(point.y))};

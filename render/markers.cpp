@@ -14,8 +14,7 @@ constexpr Single kPi = 3.1415927F;
 // Draws around one centre in one colour. Offsets and lengths are in twips, y downwards.
 class MarkerPen {
  public:
-  MarkerPen(const GraphDocument& document, PlotSurface& surface, int pen_colour, Double x,
-            Double y)
+  MarkerPen(const GraphDocument& document, PlotSurface& surface, int pen_colour, Double x, Double y)
       : s(document.MarkerDrawSize),
         r(document.MarkerSize),
         colour(pen_colour),
@@ -23,8 +22,8 @@ class MarkerPen {
         m_x(x),
         m_y(y) {}
 
-  const Double s;                 // half the side of the square markers
-  const Double r;                 // radius of the circular ones
+  const Double s;  // half the side of the square markers
+  const Double r;  // radius of the circular ones
   const Double q = std::sqrt(2.0);
   const int colour;
 

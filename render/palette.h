@@ -17,6 +17,8 @@ inline constexpr std::array<std::uint32_t, 16> kPalette = {
 };
 
 // Any integer picks a colour: only the lowest four bits count.
-constexpr std::uint32_t palette_rgb(int index) { return kPalette[static_cast<unsigned>(index) % 16]; }
+constexpr std::uint32_t palette_rgb(int index) {
+  return kPalette[static_cast<unsigned>(index) % 16];
+}
 
 }  // namespace kurv

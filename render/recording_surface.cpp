@@ -73,7 +73,9 @@ void for_each_line(std::string_view text, Visit visit) {
 
 }  // namespace
 
-void RecordingSurface::Cls() { m_log += "cls\n"; }
+void RecordingSurface::Cls() {
+  m_log += "cls\n";
+}
 
 void RecordingSurface::Line(SurfacePoint from, SurfacePoint to, int colour, LineKind kind) {
   append(m_log, word(kind), {from.x, from.y, to.x, to.y, Single(colour)});
@@ -108,9 +110,8 @@ void RecordingSurface::Print(Single CurrentX, Single CurrentY, std::string_view 
 
 Double RecordingSurface::TextWidth(std::string_view text) const {
   std::ptrdiff_t widest = 0;
-  for_each_line(text, [&](std::string_view line) {
-    widest = std::max(widest, character_count(line));
-  });
+  for_each_line(text,
+                [&](std::string_view line) { widest = std::max(widest, character_count(line)); });
   return static_cast<Double>(widest) * m_font.FontSize * 20 / 2;
 }
 

@@ -14,6 +14,14 @@ class Container {
   // False while a form designer shows the control.
   virtual bool run_mode() const = 0;
   virtual void set_MousePointer(Integer pointer) = 0;
+  // The control's outer size in twips. The host answers a change with Control::resize().
+  virtual Single Height() const = 0;
+  virtual Single Width() const = 0;
+  virtual void set_Height(Single twips) = 0;
+  virtual void set_Width(Single twips) = 0;
+  // The control's one event: a mouse button was released over the plot. Button is 1 left, 2 right,
+  // 4 middle; Shift adds up 1 shift, 2 control, 4 alt; the point is in twips of the surface.
+  virtual void MouseUp(Integer Button, Integer Shift, Single x, Single Y) = 0;
 };
 
 }  // namespace kurv

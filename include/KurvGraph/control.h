@@ -52,8 +52,8 @@ class Control {
   // count claims, or pNumY_ is above 149.
   void scatter_graph(const Matrix<Double>& yarr_, const List<Double>& xarr, Integer pNumData_,
                      Integer pNumY_, const Variant& pTitle_, const String& xVarName_,
-                     const List<String>& yVarName_, Integer pNumYFunc_,
-                     const List<String>& y_func_, std::optional<Boolean> pConnected_ = {},
+                     const List<String>& yVarName_, Integer pNumYFunc_, const List<String>& y_func_,
+                     std::optional<Boolean> pConnected_ = {},
                      std::optional<Boolean> draw_scatter_points_ = {});
   // The same from one matrix xyArr_(column, point) whose column 1 is x, names likewise, and a flag
   // per curve. More than 149 curves are cut to 149.

@@ -9,8 +9,8 @@
 namespace kurv {
 
 using Integer = std::int16_t;
-using Single = float;    // IEEE 754, 32 bits
-using Double = double;   // IEEE 754, 64 bits; NaN is a missing value
+using Single = float;        // IEEE 754, 32 bits
+using Double = double;       // IEEE 754, 64 bits; NaN is a missing value
 using String = std::string;  // UTF-8
 
 // Sixteen bits, of which True has all set and False has none.

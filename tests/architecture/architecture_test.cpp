@@ -42,8 +42,8 @@ std::vector<Source> sources() {
       if (extension != ".h" && extension != ".cpp") continue;
       std::ifstream file(entry.path(), std::ios::binary);
       const fs::path path = fs::relative(entry.path(), kRoot);
-      found.push_back({path.string(), room_of(path),
-                       std::string{std::istreambuf_iterator<char>(file), {}}});
+      found.push_back(
+          {path.string(), room_of(path), std::string{std::istreambuf_iterator<char>(file), {}}});
     }
   }
   return found;

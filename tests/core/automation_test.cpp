@@ -26,11 +26,21 @@ TEST(Automation, EveryPropertyReadsBackWhatWasSet) {
     SCOPED_TRACE(std::string(row.name));
     Variant value;
     switch (row.type) {
-      case ValueType::kInteger: value = Integer{17}; break;
-      case ValueType::kBoolean: value = Boolean::from_bits(5); break;
-      case ValueType::kSingle: value = Single{8.25F}; break;
-      case ValueType::kDouble: value = -1.0 / 3; break;
-      case ValueType::kString: value = String("Ω text"); break;
+      case ValueType::kInteger:
+        value = Integer{17};
+        break;
+      case ValueType::kBoolean:
+        value = Boolean::from_bits(5);
+        break;
+      case ValueType::kSingle:
+        value = Single{8.25F};
+        break;
+      case ValueType::kDouble:
+        value = -1.0 / 3;
+        break;
+      case ValueType::kString:
+        value = String("Ω text");
+        break;
     }
     row.let(host.control, value);
     EXPECT_TRUE(row.get(host.control) == value);

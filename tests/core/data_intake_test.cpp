@@ -103,18 +103,17 @@ TEST(ScatterGraph, RefusedDataStayButAreNotDrawn) {
 TEST(ScatterGraph, ShortArraysAreOutOfRange) {
   for (const Integer num_data : {Integer{4}, Integer{32767}}) {
     TestHost host;
-    EXPECT_EQ(fault_of([&] { load_counts(host, num_data, 2); }),
-              FaultKind::kSubscriptOutOfRange);
+    EXPECT_EQ(fault_of([&] { load_counts(host, num_data, 2); }), FaultKind::kSubscriptOutOfRange);
     EXPECT_EQ(host.document().NumData, num_data) << "what was written stays";
   }
   TestHost host;
   EXPECT_EQ(fault_of([&] { load_counts(host, 3, 3); }), FaultKind::kSubscriptOutOfRange);
   EXPECT_EQ(fault_of([&] { load_counts(host, 3, 2, 2); }), FaultKind::kSubscriptOutOfRange);
-  EXPECT_EQ(fault_of([&] {
-              host.control.scatter_graph(columns({{1, 2}}), points({1, 2}), 2, 1, {}, "x", {}, 0,
-                                         {});
-            }),
-            FaultKind::kSubscriptOutOfRange)
+  EXPECT_EQ(
+      fault_of([&] {
+        host.control.scatter_graph(columns({{1, 2}}), points({1, 2}), 2, 1, {}, "x", {}, 0, {});
+      }),
+      FaultKind::kSubscriptOutOfRange)
       << "names are too few";
   EXPECT_NO_THROW(load_counts(host, 3, 2)) << "the control lives on";
 }
@@ -211,8 +210,7 @@ TEST(ScatterGraph2, WithoutVisibleCurveValidatesTheOldLimits) {
   host.control.scatter_graph2("T", columns({{1, 2}, {3, 4}}), names({"x", "a"}), 2, 1,
                               flags({false}), 0, {});
   ASSERT_EQ(host.shell.messages.size(), 1U);
-  EXPECT_EQ(host.shell.messages[0].text,
-            "Graph cannot be plotted when all x values are the same.");
+  EXPECT_EQ(host.shell.messages[0].text, "Graph cannot be plotted when all x values are the same.");
 }
 
 }  // namespace

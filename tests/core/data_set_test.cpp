@@ -75,8 +75,7 @@ TEST(Validate, EqualXHaveTheSecondMessageAlone) {
   TestHost host;
   host.load({4, 4}, {7, 8});
   ASSERT_EQ(host.shell.messages.size(), 1U);
-  EXPECT_EQ(host.shell.messages[0].text,
-            "Graph cannot be plotted when all x values are the same.");
+  EXPECT_EQ(host.shell.messages[0].text, "Graph cannot be plotted when all x values are the same.");
 }
 
 TEST(Validate, NoPointAtAllHasTheFirstMessageAndALineBreak) {

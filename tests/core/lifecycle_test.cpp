@@ -13,7 +13,7 @@ using test::TestHost;
 
 TEST(Initialise, TakesItsFontsFromTheSurface) {
   test::PlainContainer container;
-  test::RememberingShell shell;
+  test::ScriptedShell shell;
   RecordingSurface surface(12000, 9000);
   surface.set_font({"Some Font", 10, true, true});
   Control control(container, shell, surface);
@@ -69,7 +69,7 @@ TEST(Initialise, LoadsADemonstrationThatIsNeverDrawn) {
 
 TEST(Initialise, PutsTitlesAndLegendInTheirHomePlaces) {
   test::PlainContainer container;
-  test::RememberingShell shell;
+  test::ScriptedShell shell;
   RecordingSurface surface(12000, 9000);
   Control control(container, shell, surface);
   const Layout& layout = control.state().layout;

@@ -34,7 +34,9 @@ TEST(Services, ExchangeMovesBothValues) {
   EXPECT_EQ(second, 1);
 }
 
-TEST(Services, LibrarySetIsMadeOnce) { EXPECT_EQ(&library_services(), &library_services()); }
+TEST(Services, LibrarySetIsMadeOnce) {
+  EXPECT_EQ(&library_services(), &library_services());
+}
 
 }  // namespace
 }  // namespace kurv

@@ -94,7 +94,7 @@ TEST(SortXy, EqualsSelectionSortOnRandomDataWithTiesNanAndInfinities) {
       std::vector<Double> x;
       for (int i = 0; i < length; ++i) {
         const int value = pick(generator);
-        x.push_back(value == distinct ? kNaN
+        x.push_back(value == distinct       ? kNaN
                     : value == distinct + 1 ? kInf
                     : value == distinct + 2 ? -kInf
                                             : value);
@@ -106,7 +106,9 @@ TEST(SortXy, EqualsSelectionSortOnRandomDataWithTiesNanAndInfinities) {
   }
 }
 
-TEST(SortXy, ZerosOfBothSignsAreEqual) { expect_same_order({0.0, -0.0, 1, -0.0, 0.0, -1}); }
+TEST(SortXy, ZerosOfBothSignsAreEqual) {
+  expect_same_order({0.0, -0.0, 1, -0.0, 0.0, -1});
+}
 
 TEST(SortXy, EveryExchangeOfEveryColumnGoesThroughTheService) {
   GraphDocument document = document_with({3, 1, 2});

@@ -3,6 +3,8 @@
 
 #include <KurvGraph/control.h>
 
+#include <deque>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -15,27 +17,84 @@ namespace kurv::test {
 struct PlainContainer final : Container {
   bool run_mode() const override { return running; }
   void set_MousePointer(Integer pointer) override { pointers.push_back(pointer); }
+  Single Height() const override { return height; }
+  Single Width() const override { return width; }
+  void set_Height(Single twips) override { height = twips; }
+  void set_Width(Single twips) override { width = twips; }
+  void MouseUp(Integer, Integer, Single, Single) override { ++mouse_ups; }
 
   bool running = true;
   std::vector<Integer> pointers;
+  Single height = 0;
+  Single width = 0;
+  int mouse_ups = 0;
 };
 
-struct RememberingShell final : Shell {
+// Keeps what was shown and answers from lists; what has no answer is cancelled or answered No.
+struct ScriptedShell final : Shell {
   struct Message {
     std::string text;
     int flags;
     std::string title;
   };
-  void message_box(std::string_view text, int flags, std::string_view title) override {
+  struct Prompt {
+    std::string text;
+    std::string title;
+    std::string default_text;
+  };
+
+  Answer message_box(std::string_view text, int flags, std::string_view title) override {
     messages.push_back({std::string(text), flags, std::string(title)});
+    return flags == kYesNoQuestion ? next(answers, Answer::kNo) : Answer::kOk;
+  }
+  String input_prompt(std::string_view text, std::string_view title,
+                      std::string_view default_text) override {
+    prompts.push_back({std::string(text), std::string(title), std::string(default_text)});
+    return next(inputs, String());
+  }
+  void beep() override { ++beeps; }
+  FileChoice open_file(const OpenDialog& dialog) override {
+    open_dialogs.push_back(dialog);
+    return next(files, FileChoice());
+  }
+  FileChoice save_file(const SaveDialog& dialog) override {
+    save_dialogs.push_back(dialog);
+    return next(files, FileChoice());
+  }
+  std::optional<Font> choose_font(const Font& preset) override {
+    font_presets.push_back(preset);
+    return next(fonts, std::optional<Font>());
   }
 
+  template <class T>
+  static T next(std::deque<T>& queue, T otherwise) {
+    if (queue.empty()) return otherwise;
+    T first = queue.front();
+    queue.pop_front();
+    return first;
+  }
+
+  std::deque<Answer> answers;
+  std::deque<String> inputs;
+  std::deque<FileChoice> files;
+  std::deque<std::optional<Font>> fonts;
   std::vector<Message> messages;
+  std::vector<Prompt> prompts;
+  std::vector<OpenDialog> open_dialogs;
+  std::vector<SaveDialog> save_dialogs;
+  std::vector<Font> font_presets;
+  int beeps = 0;
 };
 
-inline List<Double> points(std::vector<Double> values) { return {1, std::move(values)}; }
-inline List<String> names(std::vector<String> values) { return {1, std::move(values)}; }
-inline List<Boolean> flags(std::vector<Boolean> values) { return {1, std::move(values)}; }
+inline List<Double> points(std::vector<Double> values) {
+  return {1, std::move(values)};
+}
+inline List<String> names(std::vector<String> values) {
+  return {1, std::move(values)};
+}
+inline List<Boolean> flags(std::vector<Boolean> values) {
+  return {1, std::move(values)};
+}
 
 // Each inner list is one column; both indices count from 1.
 inline Matrix<Double> columns(const std::vector<std::vector<Double>>& values) {
@@ -67,9 +126,8 @@ struct TestHost {
   void load(std::vector<Double> x, std::vector<Double> y, bool connected = true,
             bool markers = false) {
     const auto count = static_cast<Integer>(x.size());
-    control.scatter_graph(columns({std::move(y)}), points(std::move(x)), count, 1,
-                          String("Title"), "x", names({"y"}), 0, {}, Boolean(connected),
-                          Boolean(markers));
+    control.scatter_graph(columns({std::move(y)}), points(std::move(x)), count, 1, String("Title"),
+                          "x", names({"y"}), 0, {}, Boolean(connected), Boolean(markers));
   }
 
   std::string redrawn() {
@@ -79,7 +137,7 @@ struct TestHost {
   }
 
   PlainContainer container;
-  RememberingShell shell;
+  ScriptedShell shell;
   RecordingSurface surface;
   Services services = make_services();
   Control control{container, shell, surface, services};
