@@ -16,8 +16,26 @@ const char* fault_text(FaultKind kind) {
       return "Division by zero";
     case FaultKind::kTypeMismatch:
       return "Type mismatch";
+    case FaultKind::kFileNotFound:
+      return "File not found";
+    case FaultKind::kDeviceIoError:
+      return "Device I/O error";
+    case FaultKind::kDiskFull:
+      return "Disk full";
+    case FaultKind::kInputPastEnd:
+      return "Input past end of file";
+    case FaultKind::kPermissionDenied:
+      return "Permission denied";
+    case FaultKind::kPathFileAccessError:
+      return "Path/File access error";
+    case FaultKind::kPathNotFound:
+      return "Path not found";
     case FaultKind::kNoSuchMember:
       return "Object doesn't support this property or method";
+    case FaultKind::kArgumentMissing:
+      return "Argument not optional";
+    case FaultKind::kTooManyArguments:
+      return "Wrong number of arguments or invalid property assignment";
   }
   // A service that a host registered may raise a number of its own.
   return "Unknown error";

@@ -27,10 +27,24 @@ class BuiltInSwapService final : public SwapService {
   void exchange(Double& first, Double& second) const override { std::swap(first, second); }
 };
 
+class BuiltInTextFieldTool final : public TextFieldTool {
+ public:
+  String GetField(std::string_view text, int field, std::string_view delimiter) const override {
+    if (field < 1) return {};
+    for (int i = 1; i < field; ++i) {
+      const std::size_t end = delimiter.empty() ? text.npos : text.find(delimiter);
+      if (end == text.npos) return {};
+      text.remove_prefix(end + delimiter.size());
+    }
+    return String(delimiter.empty() ? text : text.substr(0, text.find(delimiter)));
+  }
+};
+
 }  // namespace
 
 Services make_services() {
-  return {std::make_unique<BuiltInNumericService>(), std::make_unique<BuiltInSwapService>()};
+  return {std::make_unique<BuiltInNumericService>(), std::make_unique<BuiltInSwapService>(),
+          std::make_unique<BuiltInTextFieldTool>()};
 }
 
 const Services& library_services() {

@@ -1,11 +1,8 @@
 #include <KurvGraph/picture.h>
 
 #include <QColor>
-#include <QFont>
-#include <QFontMetricsF>
 #include <QPainter>
 #include <QString>
-#include <QStringList>
 #include <QTransform>
 #include <algorithm>
 #include <cmath>
@@ -14,8 +11,8 @@
 #include <optional>
 #include <string_view>
 #include <utility>
-#include <vector>
 
+#include "qt/text_layout.h"
 #include "raster/boxes.h"
 #include "raster/canvas.h"
 #include "raster/coverage.h"
@@ -26,7 +23,6 @@ namespace kurv {
 namespace {
 
 constexpr double kTwipsPerInch = 1440;
-constexpr double kTwipsPerPoint = 20;
 // Coordinates of the surface stay within sixteen bits.
 constexpr double kMaxTwips = 32767;
 // Limits of the memory that a picture takes: a quarter of a gigabyte of pixels, twice of what the
@@ -85,88 +81,6 @@ raster::Point to_point(SurfacePoint point) {
 bool has_nan(SurfacePoint point) {
   return std::isnan(point.x) || std::isnan(point.y);
 }
-
-std::vector<std::string_view> lines_of(std::string_view text) {
-  std::vector<std::string_view> lines;
-  if (text.empty()) return lines;
-  for (;;) {
-    const std::size_t end = text.find_first_of("\r\n");
-    lines.push_back(text.substr(0, end));
-    if (end == std::string_view::npos) return lines;
-    text.remove_prefix(end + (text.substr(end, 2) == "\r\n" ? 2 : 1));
-  }
-}
-
-// Long lines are measured and drawn in pieces: the toolkit's layout counts in 32-bit fractions, and
-// of a megabyte only a few pieces are ever visible. Characters that show nothing become blanks.
-std::vector<QString> pieces_of(std::string_view line) {
-  constexpr qsizetype kPiece = 200;
-  QString text = QString::fromUtf8(line.data(), static_cast<qsizetype>(line.size()));
-  for (QChar& character : text) {
-    const QChar::Category category = character.category();
-    if (category == QChar::Other_Control || category == QChar::Separator_Line ||
-        category == QChar::Separator_Paragraph) {
-      character = u' ';
-    }
-  }
-  std::vector<QString> pieces;
-  for (qsizetype start = 0; start < text.size();) {
-    qsizetype end = std::min(start + kPiece, text.size());
-    if (end < text.size() && text.at(end).isLowSurrogate()) --end;
-    pieces.push_back(text.mid(start, end - start));
-    start = end;
-  }
-  return pieces;
-}
-
-double size_in_twips(const Font& font) {
-  return kTwipsPerPoint * (font.FontSize > 0 ? std::min<double>(font.FontSize, 1638) : 8);
-}
-
-// A font of which one pixel is about one twip. All layout is done with it, and the painter scales
-// it down to device pixels: so a text has the same extents, in twips, at every resolution, and
-// sizes with a fraction of a device pixel come out as they are, which they do not when asked for
-// directly.
-QFont layout_font(const Font& font) {
-  // Beyond some ten thousand pixels the toolkit's font metrics overflow.
-  constexpr int kLargest = 8000;
-  QStringList families = {QStringLiteral("Liberation Sans"), QStringLiteral("DejaVu Sans"),
-                          QStringLiteral("sans-serif")};
-  // A name of nothing would match any font at all.
-  if (!font.FontName.empty()) families.prepend(QString::fromStdString(font.FontName));
-  QFont result;
-  result.setFamilies(families);
-  result.setStyleHint(QFont::SansSerif,
-                      QFont::StyleStrategy(QFont::PreferAntialias | QFont::NoSubpixelAntialias));
-  result.setHintingPreference(QFont::PreferNoHinting);
-  result.setKerning(true);
-  result.setPixelSize(std::clamp(static_cast<int>(std::lround(size_in_twips(font))), 1, kLargest));
-  result.setBold(font.FontBold);
-  result.setItalic(font.FontItalic);
-  return result;
-}
-
-// Lengths are in twips.
-class TextLayout {
- public:
-  explicit TextLayout(const Font& font)
-      : m_font(layout_font(font)),
-        m_metrics(m_font),
-        m_twips_per_pixel(size_in_twips(font) / m_font.pixelSize()) {}
-
-  const QFont& font() const { return m_font; }
-  double twips_per_font_pixel() const { return m_twips_per_pixel; }
-  double ascent() const { return m_metrics.ascent() * m_twips_per_pixel; }
-  double line_height() const { return ascent() + m_metrics.descent() * m_twips_per_pixel; }
-  double width(const QString& piece) const {
-    return m_metrics.horizontalAdvance(piece) * m_twips_per_pixel;
-  }
-
- private:
-  QFont m_font;
-  QFontMetricsF m_metrics;
-  double m_twips_per_pixel;
-};
 
 }  // namespace
 

@@ -122,9 +122,9 @@ void DrawLegendAndTitles(const GraphDocument& document, Layout& layout, PlotSurf
 void place_titles(const GraphDocument& document, Layout& layout) {
   Rect& title = layout.imgTitle;
   Rect& subtitle = layout.imgSubTitle;
-  title.top = document.Top_margine - title.height - kHomeGap;
+  title.top = Single(document.Top_margine) - title.height - kHomeGap;
   title.left = document.Left_margine;
-  subtitle.top = document.Top_margine - subtitle.height - kHomeGap;
+  subtitle.top = Single(document.Top_margine) - subtitle.height - kHomeGap;
   subtitle.left = title.left + title.width + kTitleGap;
 }
 

@@ -18,7 +18,16 @@ enum class FaultKind : int {
   kSubscriptOutOfRange = 9,
   kDivisionByZero = 11,
   kTypeMismatch = 13,
+  kFileNotFound = 53,
+  kDeviceIoError = 57,
+  kDiskFull = 61,
+  kInputPastEnd = 62,
+  kPermissionDenied = 70,
+  kPathFileAccessError = 75,
+  kPathNotFound = 76,
   kNoSuchMember = 438,
+  kArgumentMissing = 449,
+  kTooManyArguments = 450,
 };
 
 // The classic text of a kind, such as "Subscript out of range".

@@ -5,6 +5,7 @@
 #pragma once
 
 #include <memory>
+#include <string_view>
 
 #include <KurvGraph/values.h>
 
@@ -27,10 +28,19 @@ class SwapService {
   virtual void exchange(Double& first, Double& second) const = 0;
 };
 
+class TextFieldTool {
+ public:
+  virtual ~TextFieldTool() = default;
+  // The field, counted from 1, of a text in which the delimiter stands between fields. Empty where
+  // there is no such field.
+  virtual String GetField(std::string_view text, int field, std::string_view delimiter) const = 0;
+};
+
 // One of each, shared by all controls of a process.
 struct Services {
   std::unique_ptr<NumericService> numeric;
   std::unique_ptr<SwapService> swap;
+  std::unique_ptr<TextFieldTool> text_field;
 };
 
 // The built-in ones: the library's set, made at its first use.
