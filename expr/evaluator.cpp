@@ -1,0 +1,147 @@
+#include "expr/evaluator.h"
+
+#include <algorithm>
+#include <cmath>
+#include <functional>
+#include <limits>
+#include <string>
+#include <unordered_map>
+#include <utility>
+
+#include "expr/characters.h"
+#include "expr/parser.h"
+#include "expr/program.h"
+
+namespace kurv {
+
+namespace {
+
+// What an undefined variable reads as: it fails each evaluation that reads it.
+constexpr Double kMissing = std::numeric_limits<Double>::quiet_NaN();
+
+// Lets a table of Strings be searched for a view without making a String of it.
+struct NameHash {
+  using is_transparent = void;
+  std::size_t operator()(std::string_view name) const {
+    return std::hash<std::string_view>()(name);
+  }
+};
+
+// The variables by name. Their values stay where they are in memory.
+class Variables {
+ public:
+  // Sets the variable that was set after the last one when that was last set, and returns whether
+  // it has this name. Callers go through the same names point by point, so that this guess mostly
+  // spares the search.
+  bool set_expected(std::string_view name, Double value);
+  // Returns whether the variable is new.
+  bool set(std::string_view name, Double value);
+  // Null when there is none of that name.
+  const Double* find(std::string_view name) const;
+
+ private:
+  struct Variable;
+  using Entry = std::pair<const String, Variable>;
+  struct Variable {
+    Double value = 0;
+    Entry* follower = nullptr;
+  };
+
+  std::unordered_map<String, Variable, NameHash, std::equal_to<>> m_table;
+  Entry* m_last = nullptr;
+};
+
+bool Variables::set_expected(std::string_view name, Double value) {
+  Entry* const expected = m_last ? m_last->second.follower : nullptr;
+  if (!expected || expected->first != name) return false;
+  expected->second.value = value;
+  m_last = expected;
+  return true;
+}
+
+bool Variables::set(std::string_view name, Double value) {
+  auto found = m_table.find(name);
+  const bool is_new = found == m_table.end();
+  if (is_new) found = m_table.try_emplace(String(name)).first;
+  found->second.value = value;
+  if (m_last) m_last->second.follower = &*found;
+  m_last = &*found;
+  return is_new;
+}
+
+const Double* Variables::find(std::string_view name) const {
+  const auto found = m_table.find(name);
+  return found == m_table.end() ? nullptr : &found->second.value;
+}
+
+class BuiltInEvaluator final : public ExprEvaluator {
+ public:
+  ParsedExpression ParseExpression(std::string_view text) override {
+    const expr::Compilation compilation = expr::compile(text);
+    ParsedExpression parsed{
+        compilation.message.empty(), {}, compilation.message, compilation.place};
+    for (const expr::Operand& operand : compilation.program.operands()) {
+      if (!operand.name.empty()) parsed.variables.push_back(operand.name);
+    }
+    return parsed;
+  }
+
+  bool IsValidVariableName(std::string_view name) const override {
+    return expr::is_variable_name(expr::without_blanks_around(name));
+  }
+
+  // An infinity would be hidden by a division by it, and counts as missing like NaN.
+  void SetVariable(std::string_view name, Double value) override {
+    if (!std::isfinite(value)) value = kMissing;
+    if (m_variables.set_expected(name, value)) return;
+    if (m_variables.set(expr::without_blanks_around(name), value)) m_bound = false;
+  }
+
+  bool GetEvalError() const override { return m_failed; }
+
+  Double Evaluate() override {
+    if (!m_bound) bind();
+    const Double value = m_program.run(m_values.data());
+    m_failed = std::isnan(value);
+    return value;
+  }
+
+  void SetExpression(std::string_view text) override {
+    if (text == m_text) return;
+    // What may run out of memory comes first: the old expression stays whole then.
+    expr::Program program = expr::compile(text).program;
+    std::vector<const Double*> values(program.operands().size());
+    m_text = text;
+    m_program = std::move(program);
+    m_values = std::move(values);
+    m_bound = false;
+  }
+
+ private:
+  // Finds the values of the operands; a variable that is defined later is found then.
+  void bind() {
+    const auto value_of = [this](const expr::Operand& operand) {
+      if (operand.name.empty()) return &operand.number;
+      const Double* const value = m_variables.find(operand.name);
+      return value ? value : &kMissing;
+    };
+    const std::vector<expr::Operand>& operands = m_program.operands();
+    std::transform(operands.begin(), operands.end(), m_values.begin(), value_of);
+    m_bound = true;
+  }
+
+  Variables m_variables;
+  String m_text;  // the empty text, which is no expression, has the empty program
+  expr::Program m_program;
+  std::vector<const Double*> m_values;  // one for each of the program's operands
+  bool m_bound = true;
+  bool m_failed = false;
+};
+
+}  // namespace
+
+std::unique_ptr<ExprEvaluator> make_evaluator() {
+  return std::make_unique<BuiltInEvaluator>();
+}
+
+}  // namespace kurv

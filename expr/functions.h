@@ -1,0 +1,33 @@
+// The functions and constants that an expression can name.
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string_view>
+
+#include <KurvGraph/values.h>
+
+namespace kurv::expr {
+
+// Outside its domain a function gives NaN or an infinity, which fails the evaluation.
+struct Function {
+  std::string_view name;  // in small letters
+  Double (*of_one)(Double) = nullptr;
+  Double (*of_two)(Double, Double) = nullptr;
+  // One argument or more, of_two taking them together from left to right.
+  bool of_many = false;
+};
+
+// All of them, in one array.
+const Function* functions();
+
+// The position in functions(), for a name in any letter case.
+std::optional<std::size_t> find_function(std::string_view name);
+
+// The value of a constant, for a name in any letter case.
+std::optional<Double> find_constant(std::string_view name);
+
+// x^y.
+Double power(Double x, Double y);
+
+}  // namespace kurv::expr

@@ -1,0 +1,47 @@
+// Which class stands behind each of the external components.
+//
+// A component is created by its class identifier, and a host may register a class of its own under
+// one: what the control then creates is the host's. Four of the five are created once per process,
+// when the library's first control is made, so a host registers before that.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string_view>
+
+#include <KurvGraph/fault.h>
+
+namespace kurv {
+
+inline constexpr std::string_view kExprEvaluatorClass = "{D10A8894-FCD7-441D-BE94-39703B7B85E3}";
+inline constexpr std::string_view kNumericServiceClass = "{DC310E99-5AAF-4F6D-AAA2-FBB6B4AF54AF}";
+inline constexpr std::string_view kSwapServiceClass = "{777D194A-1CDA-447F-B3FB-32E768482A56}";
+inline constexpr std::string_view kTextFieldToolClass = "{0D3FA4E7-4074-41CE-9530-6CEC2D7D987F}";
+inline constexpr std::string_view kPicturePrinterClass = "{5E0B6C1D-93A7-4F52-8C0E-2B7D41F6A398}";
+
+// What every component is.
+class Service {
+ public:
+  virtual ~Service() = default;
+};
+
+using ServiceFactory = std::function<std::unique_ptr<Service>()>;
+
+// Registers the class that is created for the identifier from now on; an empty factory brings the
+// built-in one back. Not for two threads at a time.
+void register_class(std::string_view class_id, ServiceFactory factory);
+
+// Throws kCannotCreateObject for an identifier without a class, and what the factory throws.
+std::unique_ptr<Service> create_service(std::string_view class_id);
+
+// The same as the interface that it has to be. Throws kTypeMismatch when it is another one.
+template <class Interface>
+std::unique_ptr<Interface> create(std::string_view class_id) {
+  std::unique_ptr<Service> service = create_service(class_id);
+  auto* const wanted = dynamic_cast<Interface*>(service.get());
+  if (wanted == nullptr) throw Fault(FaultKind::kTypeMismatch);
+  static_cast<void>(service.release());
+  return std::unique_ptr<Interface>(wanted);
+}
+
+}  // namespace kurv
