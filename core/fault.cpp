@@ -30,6 +30,8 @@ const char* fault_text(FaultKind kind) {
       return "Path/File access error";
     case FaultKind::kPathNotFound:
       return "Path not found";
+    case FaultKind::kCannotCreateObject:
+      return "Component can't create object";
     case FaultKind::kNoSuchMember:
       return "Object doesn't support this property or method";
     case FaultKind::kArgumentMissing:

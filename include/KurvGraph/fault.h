@@ -25,6 +25,7 @@ enum class FaultKind : int {
   kPermissionDenied = 70,
   kPathFileAccessError = 75,
   kPathNotFound = 76,
+  kCannotCreateObject = 429,
   kNoSuchMember = 438,
   kArgumentMissing = 449,
   kTooManyArguments = 450,

@@ -1,0 +1,58 @@
+// A graph from a file.
+#pragma once
+
+#include <KurvGraph/arrays.h>
+#include <KurvGraph/services.h>
+#include <KurvGraph/values.h>
+
+#include "core/graph_document.h"
+
+namespace kurv {
+
+class InputFile;
+
+// Where a handle's top-left corner goes, twips.
+struct HandlePlace {
+  Integer top = 0;
+  Integer left = 0;
+};
+
+// What a load holds back until the whole file has been read.
+struct GraphFile {
+  Integer num_data = 0;
+  Integer num_y = 0;
+  Integer num_functions = 0;
+
+  HandlePlace imgTitle;
+  HandlePlace imgSubTitle;
+  HandlePlace picLegend;
+  Integer height = 0;  // of the control, twips
+  Integer width = 0;
+
+  Double ymin = 0;
+  Double ymax = 0;
+  Double xmin = 0;
+  Double xmax = 0;
+
+  Boolean Y_grid;
+  Boolean X_grid;
+  Boolean Connected;
+  Boolean DrawMarkers;
+
+  Matrix<Double> xyarr;    // (column, point), column 1 is x
+  List<String> names;      // alike
+  List<Boolean> visible;   // of curves 1..
+  List<String> functions;  // 1..
+};
+
+// Titles, widths, margins, ticks, label formats, fonts, the two exact-limit switches and SortXY go
+// straight into the document, where they stay when a later line fails; the rest is returned. Needs
+// memory in proportion to the bytes that it reads, whatever they claim.
+//
+// Throws kInputPastEnd for too few lines, kTypeMismatch for what is no number or no truth,
+// kOverflow for a number that does not fit into 16 bits where it has to, kSubscriptOutOfRange for a
+// data line with fewer values than points and for negative counts.
+GraphFile read_graph_file(InputFile& file, GraphDocument& document, const TextFieldTool& tool,
+                          char decimal_separator);
+
+}  // namespace kurv

@@ -1,0 +1,32 @@
+// A graph as a file.
+#pragma once
+
+#include <KurvGraph/values.h>
+
+#include "core/graph_document.h"
+#include "render/layout.h"
+
+namespace kurv {
+
+// What every graph file begins with; the version that wrote it follows, and nothing reads that.
+inline constexpr const char* kGraphFileTag = "QXPLOT/V500//";
+
+// The digits of both numbers, one after the other, as one number times three in hexadecimal: "1E"
+// for version 1.0.
+String version_stamp(int major, int minor);
+
+// The control's outer size, twips.
+struct ControlSize {
+  Single height = 0;
+  Single width = 0;
+};
+
+// Writes the whole graph, its data in the order in which they were last drawn. MarkerSize,
+// Autoscale and the visibility of function curves are not in the file. Nothing is escaped, so a
+// name or an expression with a comma reads back as two, and a text with a line break as two lines;
+// deliberate. Throws kSubscriptOutOfRange for more than 30 function curves and what an OutputFile
+// throws; the file is then incomplete, and the one it was to replace stays beside it as PATH~.
+void write_graph_file(const String& path, const GraphDocument& document, const Layout& layout,
+                      ControlSize size, char decimal_separator);
+
+}  // namespace kurv

@@ -1,0 +1,168 @@
+// What the platform refuses: folders, permissions, full disks.
+#include <sys/resource.h>
+#include <unistd.h>
+
+#include <csignal>
+
+#include "tests/io/graph_files.h"
+
+namespace kurv {
+namespace {
+
+using test::fault_of;
+
+// Makes files end after so many bytes, as a full disk does.
+class FullDisk {
+ public:
+  explicit FullDisk(rlim_t bytes) : m_handler(std::signal(SIGXFSZ, SIG_IGN)) {
+    getrlimit(RLIMIT_FSIZE, &m_before);
+    const rlimit limit{bytes, m_before.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &limit);
+  }
+  ~FullDisk() {
+    setrlimit(RLIMIT_FSIZE, &m_before);
+    std::signal(SIGXFSZ, m_handler);
+  }
+  FullDisk(const FullDisk&) = delete;
+  FullDisk& operator=(const FullDisk&) = delete;
+
+ private:
+  rlimit m_before{};
+  void (*m_handler)(int);
+};
+
+// Permissions do not stop root, so root becomes somebody else for a while.
+class Unprivileged {
+ public:
+  Unprivileged() {
+    if (m_before == 0) {
+      EXPECT_EQ(seteuid(65534), 0);
+    }
+  }
+  ~Unprivileged() { EXPECT_EQ(seteuid(m_before), 0); }
+  Unprivileged(const Unprivileged&) = delete;
+  Unprivileged& operator=(const Unprivileged&) = delete;
+
+ private:
+  uid_t m_before = geteuid();
+};
+
+struct GraphFileAccess : test::GraphFileTest {
+  GraphFileAccess() { host.load({1, 2, 3}, {1, 4, 9}); }
+
+  int save_to(const std::string& where) {
+    host.control.build_the_graph();
+    host.shell.files = {{where, 1}};
+    return fault_of([&] { host.control.ChartOptions("saveas"); });
+  }
+  int load(const std::string& where) {
+    return fault_of([&] { host.control.file_load(where); });
+  }
+
+  test::TestHost host;
+};
+
+TEST_F(GraphFileAccess, LoadingWhatCannotBeReadIsTypedAndChangesNothing) {
+  write("file", "x");
+  EXPECT_EQ(load(path("missing.gdf")), 53);
+  EXPECT_EQ(load(path("nowhere/missing.gdf")), 76);
+  EXPECT_EQ(load(path("file/below.gdf")), 76);
+  EXPECT_EQ(load(folder.string()), 75);
+  EXPECT_EQ(host.control.Title(), "Title");
+  EXPECT_EQ(host.control.FileName(), "");
+}
+
+TEST_F(GraphFileAccess, SavingWhereNothingCanBeWrittenIsTyped) {
+  write("file", "x");
+  EXPECT_EQ(save_to(path("nowhere/a.gdf")), 76);
+  EXPECT_EQ(save_to(path("file/a.gdf")), 76);
+  EXPECT_EQ(save_to(folder.string()), 75);
+  EXPECT_FALSE(host.control.GraphSaved());
+  EXPECT_EQ(host.control.FileName(), "");
+}
+
+TEST_F(GraphFileAccess, WithoutPermissionNothingIsReadOrWritten) {
+  using std::filesystem::perms;
+  write("secret.gdf", "secret");
+  std::filesystem::permissions(path("secret.gdf"), perms::none);
+  write("protected.gdf", "protected");
+  std::filesystem::permissions(path("protected.gdf"), perms::owner_read | perms::others_read);
+  std::filesystem::create_directory(path("closed"));
+  std::filesystem::permissions(path("closed"), perms::owner_read | perms::owner_exec |
+                                                   perms::others_read | perms::others_exec);
+  {
+    const Unprivileged user;
+    EXPECT_EQ(load(path("secret.gdf")), 70);
+    EXPECT_EQ(save_to(path("secret.gdf")), 70);
+    EXPECT_EQ(save_to(path("protected.gdf")), 70);
+    EXPECT_EQ(save_to(path("closed/a.gdf")), 70);
+    EXPECT_EQ(save_to(path("open.gdf")), 0);
+  }
+  EXPECT_EQ(read("protected.gdf"), "protected");
+  EXPECT_FALSE(exists("protected.gdf~"));
+  EXPECT_TRUE(exists("open.gdf"));
+}
+
+TEST_F(GraphFileAccess, AFullDeviceIsADiskThatIsFull) {
+  EXPECT_EQ(save_to("/dev/full"), 61);
+  EXPECT_TRUE(std::filesystem::is_character_file("/dev/full")) << "a device is never moved away";
+  EXPECT_FALSE(host.control.GraphSaved());
+}
+
+TEST_F(GraphFileAccess, AFullDiskLeavesThePartAndTheOlderGraph) {
+  ASSERT_EQ(save_to(path("a.gdf")), 0);
+  const std::string older = read("a.gdf");
+  host.control.set_Title("Newer");
+  {
+    const FullDisk disk(100);
+    EXPECT_EQ(save_to(path("a.gdf")), 61);
+  }
+  EXPECT_EQ(read("a.gdf").size(), 100U);
+  EXPECT_EQ(read("a.gdf~"), older);
+  EXPECT_EQ(host.document().SavedTitle, "Title");
+  EXPECT_FALSE(host.control.GraphSaved());
+}
+
+TEST_F(GraphFileAccess, SavingAgainOnAFullDiskNeverCostsTheOlderGraph) {
+  ASSERT_EQ(save_to(path("a.gdf")), 0);
+  const std::string older = read("a.gdf");
+  for (rlim_t size = 0; size < older.size(); size += 7) {
+    const FullDisk disk(size);
+    EXPECT_EQ(save_to(path("a.gdf")), 61);
+    EXPECT_EQ(read("a.gdf~"), older) << size;
+  }
+  // Cut in its last line, it has all its lines and is torn all the same.
+  write("a.gdf", older.substr(0, older.size() - 1));
+  {
+    const FullDisk disk(10);
+    EXPECT_EQ(save_to(path("a.gdf")), 61);
+  }
+  EXPECT_EQ(read("a.gdf~"), older);
+  EXPECT_EQ(save_to(path("a.gdf")), 0);
+  EXPECT_EQ(read("a.gdf"), older);
+  EXPECT_FALSE(exists("a.gdf~"));
+}
+
+TEST_F(GraphFileAccess, AFileThatIsWholeTakesThePlaceOfTheOneKeptEarlier) {
+  ASSERT_EQ(save_to(path("a.gdf")), 0);
+  const std::string whole = read("a.gdf");
+  for (const std::string& content : {whole, std::string("no graph at all")}) {
+    write("a.gdf", content);
+    write("a.gdf~", "kept earlier");
+    const FullDisk disk(10);
+    EXPECT_EQ(save_to(path("a.gdf")), 61);
+    EXPECT_EQ(read("a.gdf~"), content);
+  }
+}
+
+TEST_F(GraphFileAccess, ALargeGraphFillsTheDiskToo) {
+  std::vector<Double> values(30'000);
+  for (std::size_t i = 0; i < values.size(); ++i) values[i] = 1.0 / static_cast<Double>(i + 3);
+  host.load(values, values);
+  const FullDisk disk(300'000);
+  EXPECT_EQ(save_to(path("a.gdf")), 61);
+  EXPECT_EQ(std::filesystem::file_size(path("a.gdf")), 300'000U);
+}
+
+}  // namespace
+}  // namespace kurv
