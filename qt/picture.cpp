@@ -25,10 +25,10 @@ namespace {
 constexpr double kTwipsPerInch = 1440;
 // Coordinates of the surface stay within sixteen bits.
 constexpr double kMaxTwips = 32767;
-// Limits of the memory that a picture takes: a quarter of a gigabyte of pixels, twice of what the
-// largest screens have. A picture that would be larger is kept at a lower resolution.
+// Limits of the memory that a picture takes: four times the pixels of the largest screens. A
+// picture that would be larger is kept at a lower resolution.
 constexpr double kMaxSide = 32767;
-constexpr double kMaxPixels = 64.0 * 1024 * 1024;
+constexpr double kMaxPixels = 4.0 * 7680 * 4320;
 
 struct Resolution {
   int width = 1;  // in device pixels
@@ -125,21 +125,39 @@ struct Picture::Pixels {
   raster::Pen pen() const { return {1 / resolution.twips_per_pixel, pen_width() / 2}; }
   int whole_pen() const { return to_pixel(std::round(pen_width())); }
 
-  // What an outline with these corners covers, its pen included. A rule is such an outline without
-  // height or width; so rules end exactly where a frame with the same coordinates does.
-  raster::PixelRect outline(SurfacePoint a, SurfacePoint b) const {
-    const int pen_pixels = whole_pen();
+  struct Edges {
+    int low;
+    int high;
+  };
+  // Whole device pixels for the edges at `a` and `b` of something drawn with a pen of `pen` pixels.
+  // Each edge is rounded for itself, so that things with an edge in common meet there.
+  Edges edges(double a, double b, int pen_pixels) const {
     const auto edge = [&](double twips) {
       return to_pixel(std::floor(pixels(twips) - pen_pixels / 2.0 + 0.5));
     };
-    return {edge(std::min(a.x, b.x)), edge(std::min(a.y, b.y)),
-            edge(std::max(a.x, b.x)) + pen_pixels, edge(std::max(a.y, b.y)) + pen_pixels};
+    return {edge(std::min(a, b)), edge(std::max(a, b)) + pen_pixels};
+  }
+  // A small box keeps its size wherever it stands instead: a curve's square markers are all alike.
+  // It is rather too large than too small, or the dot in a marker would vanish among its strokes.
+  Edges box_edges(double a, double b, int pen_pixels) const {
+    constexpr double kSmall = 334;  // twips: the squares of markers of 200 and less
+    if (!(std::abs(b - a) <= kSmall)) return edges(a, b, pen_pixels);
+    const double extent = std::ceil(pixels(std::abs(b - a)) - 0.25);
+    const double middle = (pixels(a) + pixels(b)) / 2;
+    const int low = to_pixel(std::floor(middle - (extent + pen_pixels) / 2 + 0.5));
+    return {low, low + static_cast<int>(extent) + pen_pixels};
   }
 
-  raster::PixelRect inside(SurfacePoint a, SurfacePoint b) const {
-    const auto edge = [&](double twips) { return to_pixel(std::floor(pixels(twips) + 0.5)); };
-    return {edge(std::min(a.x, b.x)), edge(std::min(a.y, b.y)), edge(std::max(a.x, b.x)),
-            edge(std::max(a.y, b.y))};
+  static raster::PixelRect rect(Edges x, Edges y) { return {x.low, y.low, x.high, y.high}; }
+
+  // What a rule covers: an outline without height or width, which ends exactly where a frame with
+  // the same coordinates does.
+  raster::PixelRect rule(SurfacePoint a, SurfacePoint b) const {
+    return rect(edges(a.x, b.x, whole_pen()), edges(a.y, b.y, whole_pen()));
+  }
+  // What a box covers, the pen of its outline included; a filled one has no pen.
+  raster::PixelRect box(SurfacePoint a, SurfacePoint b, int pen_pixels) const {
+    return rect(box_edges(a.x, b.x, pen_pixels), box_edges(a.y, b.y, pen_pixels));
   }
 
   const TextLayout& text_layout() {
@@ -220,12 +238,12 @@ void Picture::Line(SurfacePoint from, SurfacePoint to, int colour, LineKind kind
   m_pixels->flush();
   const raster::Canvas canvas = m_pixels->canvas();
   if (kind == LineKind::kFilledBox) {
-    raster::fill_rect(canvas, m_pixels->inside(from, to), pixel_of(colour));
+    raster::fill_rect(canvas, m_pixels->box(from, to, 0), pixel_of(colour));
   } else if (kind == LineKind::kBox) {
-    raster::frame_rect(canvas, m_pixels->outline(from, to), m_pixels->whole_pen(),
-                       pixel_of(colour));
+    raster::frame_rect(canvas, m_pixels->box(from, to, m_pixels->whole_pen()),
+                       m_pixels->whole_pen(), pixel_of(colour));
   } else {
-    raster::fill_rect(canvas, m_pixels->outline(from, to), pixel_of(colour));
+    raster::fill_rect(canvas, m_pixels->rule(from, to), pixel_of(colour));
   }
 }
 

@@ -18,7 +18,8 @@ class Picture final : public PlotSurface {
   ~Picture() override;
 
   // Throws the contents away and starts white. Both directions are at least one device pixel. A
-  // logical pixel has 15 twips, or fewer where a side would then exceed 32767 twips.
+  // logical pixel has 15 twips, or fewer where a side would then exceed 32767 twips. A picture of
+  // more than 4 x 7680 x 4320 device pixels is kept at a lower resolution.
   void resize(QSize logical_size, double device_pixel_ratio);
 
   // What has been drawn: RGB, `devicePixelRatio` and dots per metre set. Shares its pixels until

@@ -4,6 +4,8 @@
 
 #include <limits>
 #include <numbers>
+#include <set>
+#include <utility>
 
 #include "tests/qt/picture_pixels.h"
 
@@ -17,11 +19,26 @@ constexpr int kNavy = 1;
 
 TEST(PictureBoxes, FilledBoxCoversRoundedCornersInAnyOrder) {
   Picture picture({40, 40});
-  picture.Line({307, 310}, {148, 89}, kMaroon, LineKind::kFilledBox);
+  picture.Line({507, 430}, {148, 89}, kMaroon, LineKind::kFilledBox);
   const QImage image = picture.image();
-  const QRect expected(QPoint(10, 6), QPoint(19, 20));  // 9.87..20.47 and 5.93..20.67 pixels
+  const QRect expected(QPoint(10, 6), QPoint(33, 28));  // 9.87..33.8 and 5.93..28.67 pixels
   EXPECT_EQ(ink_of(image), expected);
   EXPECT_TRUE(is_filled(image, expected, kMaroon));
+}
+
+TEST(PictureBoxes, SmallBoxKeepsItsSizeWhereverItStands) {
+  for (const LineKind kind : {LineKind::kBox, LineKind::kFilledBox}) {
+    std::set<std::pair<int, int>> sizes;
+    for (int step = 0; step < 30; ++step) {
+      Picture picture({40, 40});
+      const auto at = static_cast<Single>(200 + step * 0.7);
+      picture.Line({at, at + 3}, {at + 66.7F, at + 69.7F}, kMaroon, kind);
+      const QRect ink = ink_of(picture.image());
+      sizes.insert({ink.width(), ink.height()});
+    }
+    EXPECT_EQ(sizes.size(), 1U);
+    EXPECT_EQ(sizes.begin()->first, sizes.begin()->second) << "and a square is a square";
+  }
 }
 
 TEST(PictureBoxes, FilledBoxOfNoSizePaintsNothing) {

@@ -61,9 +61,9 @@ TEST(PictureSize, MemoryIsBoundedByALowerResolution) {
   EXPECT_EQ(picture.device_size(), QSize(32767, 1));
   EXPECT_LE(picture.ScaleWidth(), 32767);
   picture.resize({2, 2}, 1e300);
-  EXPECT_EQ(picture.device_size(), QSize(8192, 8192));
+  EXPECT_EQ(picture.device_size(), QSize(11520, 11520));
   EXPECT_NEAR(picture.ScaleWidth(), 30, 1e-9);
-  EXPECT_DOUBLE_EQ(picture.image().devicePixelRatio(), 4096);
+  EXPECT_DOUBLE_EQ(picture.image().devicePixelRatio(), 5760);
 }
 
 TEST(PictureSize, ImageTellsRatioAndResolution) {

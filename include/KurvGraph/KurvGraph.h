@@ -1,0 +1,277 @@
+// The graph as a widget: a control in a window of the host.
+//
+//   auto* graph = new kurv::KurvGraph(&window);
+//   graph->plot({.title = "Growth", .x = days, .y = {{"height", heights}, {"width", widths}}});
+//
+// Properties are stored as they come and do not redraw: call build_the_graph() after changing what
+// the picture shows. They and the methods below are also reached by name, through property(),
+// setProperty() and QMetaObject::invokeMethod().
+//
+// A run-time error of the control (a Fault, such as too large a number or a division by zero)
+// reaches whoever called: every member below throws it, also when it was called by name. What the
+// event loop calls, it never crosses: after a resize, a mouse click or a queued call that failed,
+// the signal runTimeError() comes. So a signal that may not throw is connected to a method with
+// Qt::QueuedConnection.
+//
+// The widget may be deleted at any time, also in a slot of its own signals or while one of its
+// message boxes is open.
+#pragma once
+
+#include <KurvGraph/arrays.h>
+#include <KurvGraph/fault.h>
+#include <KurvGraph/values.h>
+
+#include <QImage>
+#include <QPointF>
+#include <QString>
+#include <QWidget>
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace kurv {
+
+class PlotSurface;
+
+// The values of one curve, one for each x. NaN is a missing value.
+struct Series {
+  QString name = {};
+  std::vector<double> values = {};
+};
+
+// A whole graph, for plot().
+struct Graph {
+  QString title = {};
+  QString x_name = QStringLiteral("x");
+  std::vector<double> x = {};
+  std::vector<Series> y = {};
+  std::vector<QString> expressions = {};  // functions of x, such as "x^2"
+  bool connected = true;
+  bool markers = false;
+};
+
+class KurvGraph : public QWidget {
+  Q_OBJECT
+  Q_PROPERTY(double ymin READ ymin WRITE set_ymin)
+  Q_PROPERTY(double ymax READ ymax WRITE set_ymax)
+  Q_PROPERTY(double xmax READ xmax WRITE set_xmax)
+  Q_PROPERTY(double xmin READ xmin WRITE set_xmin)
+  Q_PROPERTY(int NumTicks READ NumTicks WRITE set_NumTicks)
+  Q_PROPERTY(bool Autoscale READ Autoscale WRITE set_Autoscale)
+  Q_PROPERTY(bool Connected READ Connected WRITE set_Connected)
+  Q_PROPERTY(bool DrawMarkers READ DrawMarkers WRITE set_DrawMarkers)
+  Q_PROPERTY(bool QueryForSave READ QueryForSave WRITE set_QueryForSave)
+  Q_PROPERTY(bool SortXY READ SortXY WRITE set_SortXY)
+  Q_PROPERTY(bool Y_grid READ Y_grid WRITE set_Y_grid)
+  Q_PROPERTY(bool X_grid READ X_grid WRITE set_X_grid)
+  Q_PROPERTY(int CurvesWidth READ CurvesWidth WRITE set_CurvesWidth)
+  Q_PROPERTY(int BorderWidth READ BorderWidth WRITE set_BorderWidth)
+  Q_PROPERTY(QString AxisLabelFormatX READ AxisLabelFormatX WRITE set_AxisLabelFormatX)
+  Q_PROPERTY(QString FontName READ FontName WRITE set_FontName)
+  Q_PROPERTY(double FontSize READ FontSize WRITE set_FontSize)
+  Q_PROPERTY(bool FontBold READ FontBold WRITE set_FontBold)
+  Q_PROPERTY(bool FontItalic READ FontItalic WRITE set_FontItalic)
+  Q_PROPERTY(QString TitleFontName READ TitleFontName WRITE set_TitleFontName)
+  Q_PROPERTY(double TitleFontSize READ TitleFontSize WRITE set_TitleFontSize)
+  Q_PROPERTY(bool TitleFontBold READ TitleFontBold WRITE set_TitleFontBold)
+  Q_PROPERTY(bool TitleFontItalic READ TitleFontItalic WRITE set_TitleFontItalic)
+  Q_PROPERTY(QString SubTitleFontName READ SubTitleFontName WRITE set_SubTitleFontName)
+  Q_PROPERTY(double SubTitleFontSize READ SubTitleFontSize WRITE set_SubTitleFontSize)
+  Q_PROPERTY(bool SubTitleFontBold READ SubTitleFontBold WRITE set_SubTitleFontBold)
+  Q_PROPERTY(bool SubTitleFontItalic READ SubTitleFontItalic WRITE set_SubTitleFontItalic)
+  Q_PROPERTY(QString AxisLabelFormatY READ AxisLabelFormatY WRITE set_AxisLabelFormatY)
+  Q_PROPERTY(int Right_margine READ Right_margine WRITE set_Right_margine)
+  Q_PROPERTY(int Left_margine READ Left_margine WRITE set_Left_margine)
+  Q_PROPERTY(int Top_margine READ Top_margine WRITE set_Top_margine)
+  Q_PROPERTY(int Bottom_margine READ Bottom_margine WRITE set_Bottom_margine)
+  Q_PROPERTY(int MarkerSize READ MarkerSize WRITE set_MarkerSize)
+  Q_PROPERTY(QString Title READ Title WRITE set_Title)
+  Q_PROPERTY(QString SubTitle READ SubTitle WRITE set_SubTitle)
+
+ public:
+  explicit KurvGraph(QWidget* parent = nullptr);
+  // Where QueryForSave is set and the graph is not saved, asks the user whether to save it.
+  ~KurvGraph() override;
+
+  // -- Data -----------------------------------------------------------------------------------
+  // Draws the graph with title and legend in their home places. Throws std::invalid_argument with
+  // a sentence about what is wrong with it, and then nothing has changed.
+  void plot(const Graph& graph);
+
+  // Loads a data set: yarr_(curve, point) and xarr(point), all counted from 1; texts are UTF-8.
+  // Shows a message box when the data cannot be plotted; throws kSubscriptOutOfRange when an array
+  // is shorter than its count claims, or pNumY_ is above 149.
+  Q_INVOKABLE void scatter_graph(const kurv::Matrix<kurv::Double>& yarr_,
+                                 const kurv::List<kurv::Double>& xarr, int pNumData_, int pNumY_,
+                                 const kurv::Variant& pTitle_, const kurv::String& xVarName_,
+                                 const kurv::List<kurv::String>& yVarName_, int pNumYFunc_,
+                                 const kurv::List<kurv::String>& y_func_,
+                                 std::optional<bool> pConnected_ = {},
+                                 std::optional<bool> draw_scatter_points_ = {});
+  // The same from one matrix xyArr_(column, point) whose column 1 is x, names likewise, and a flag
+  // per curve. More than 149 curves are cut to 149.
+  Q_INVOKABLE void scatter_graph2(const kurv::String& pTitle_,
+                                  const kurv::Matrix<kurv::Double>& xyArr_,
+                                  const kurv::List<kurv::String>& xyVarNames_, int pNumData_,
+                                  int pNumY_, const kurv::List<kurv::Boolean>& y_visible_,
+                                  int pNumYFunc_, const kurv::List<kurv::String>& y_func_,
+                                  std::optional<bool> pConnected_ = {},
+                                  std::optional<bool> draw_scatter_points_ = {});
+
+  // -- Methods --------------------------------------------------------------------------------
+  // Does nothing; kept for hosts that call it.
+  Q_INVOKABLE void init();
+  // Clears and redraws the whole graph; nothing until data have come.
+  Q_INVOKABLE void build_the_graph();
+  // Loads a graph file and redraws. Throws what the file runs into, see Fault.
+  Q_INVOKABLE void file_load(const QString& filename);
+  // Writes a graph that is not saved to its file, or asks the user for one where it has none.
+  Q_INVOKABLE void Save_graph();
+  // Sorts the plotted data by ascending x, points moving whole. Does not redraw.
+  Q_INVOKABLE void Sort_xy();
+  // Runs one command by its word: "refresh" puts title, subtitle and legend back in their home
+  // places and redraws; "save", "saveas" and "open" work with graph files. Other words do nothing.
+  Q_INVOKABLE void ChartOptions(const QString& command);
+  // Default marker size and margins, limits from the data, and a redraw.
+  Q_INVOKABLE void Restore_Grf();
+  // Releases the control's dialogs.
+  Q_INVOKABLE void CloseMe();
+
+  // -- Properties -----------------------------------------------------------------------------
+  // A whole number outside -32768..32767 throws kOverflow.
+  // The four limits of the axes.
+  double ymin() const;
+  void set_ymin(double value);
+  double ymax() const;
+  void set_ymax(double value);
+  double xmax() const;
+  void set_xmax(double value);
+  double xmin() const;
+  void set_xmin(double value);
+  // Intervals per axis.
+  int NumTicks() const;
+  void set_NumTicks(int value);
+  bool Autoscale() const;
+  void set_Autoscale(bool value);
+  bool Connected() const;
+  void set_Connected(bool value);
+  bool DrawMarkers() const;
+  void set_DrawMarkers(bool value);
+  bool QueryForSave() const;
+  void set_QueryForSave(bool value);
+  // Whether the points are drawn in the order of x.
+  bool SortXY() const;
+  void set_SortXY(bool value);
+  // Vertical lines at the x ticks.
+  bool Y_grid() const;
+  void set_Y_grid(bool value);
+  // Horizontal lines at the y ticks.
+  bool X_grid() const;
+  void set_X_grid(bool value);
+  // Pens, in logical pixels.
+  int CurvesWidth() const;
+  void set_CurvesWidth(int value);
+  int BorderWidth() const;
+  void set_BorderWidth(int value);
+  // Patterns such as "0.00" or "0.00E+0".
+  QString AxisLabelFormatX() const;
+  void set_AxisLabelFormatX(const QString& value);
+  // Axis labels and legend; sizes in points.
+  QString FontName() const;
+  void set_FontName(const QString& value);
+  double FontSize() const;
+  void set_FontSize(double value);
+  bool FontBold() const;
+  void set_FontBold(bool value);
+  bool FontItalic() const;
+  void set_FontItalic(bool value);
+  QString TitleFontName() const;
+  void set_TitleFontName(const QString& value);
+  double TitleFontSize() const;
+  void set_TitleFontSize(double value);
+  bool TitleFontBold() const;
+  void set_TitleFontBold(bool value);
+  bool TitleFontItalic() const;
+  void set_TitleFontItalic(bool value);
+  QString SubTitleFontName() const;
+  void set_SubTitleFontName(const QString& value);
+  double SubTitleFontSize() const;
+  void set_SubTitleFontSize(double value);
+  bool SubTitleFontBold() const;
+  void set_SubTitleFontBold(bool value);
+  bool SubTitleFontItalic() const;
+  void set_SubTitleFontItalic(bool value);
+  QString AxisLabelFormatY() const;
+  void set_AxisLabelFormatY(const QString& value);
+  // Space around the plot, in twips.
+  int Right_margine() const;
+  void set_Right_margine(int value);
+  int Left_margine() const;
+  void set_Left_margine(int value);
+  int Top_margine() const;
+  void set_Top_margine(int value);
+  int Bottom_margine() const;
+  void set_Bottom_margine(int value);
+  // Radius of the circular markers in twips; a value below 2 or above 500 is ignored.
+  int MarkerSize() const;
+  void set_MarkerSize(int value);
+  QString Title() const;
+  void set_Title(const QString& value);
+  QString SubTitle() const;
+  void set_SubTitle(const QString& value);
+
+  // -- Picture --------------------------------------------------------------------------------
+  // What has been drawn, in device pixels. A hidden widget takes up a new size with the next call
+  // that may draw.
+  QImage image() const;
+  // The data coordinates at a point of the widget, and back, by the limits and the plot rectangle
+  // as they are; both also outside the plot. Nothing while there is no graph, or the limits of an
+  // axis are equal.
+  std::optional<QPointF> data_at(QPointF pixel) const;
+  std::optional<QPointF> pixel_of(double x, double y) const;
+
+  // In design mode a form editor shows the control: it redraws at every resize, and a Show does
+  // nothing. Off by default.
+  bool design_mode() const;
+  void set_design_mode(bool on);
+
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override;
+
+ Q_SIGNALS:
+  // A mouse button was released over the graph. Button is 1 left, 2 right, 4 middle; Shift adds up
+  // 1 shift, 2 control, 4 alt; the point is in twips.
+  void MouseUp(int Button, int Shift, float x, float Y);
+  // After each redraw that was complete: before the host's call returns, or, where an event of the
+  // toolkit caused it, once that event is over.
+  void redrawn();
+  // Something that the user or the toolkit did has failed; the graph is as the error left it. When
+  // nobody listens, a message box says so.
+  void runTimeError(int number, const QString& text);
+
+ protected:
+  // Draws on a surface that a derived class lends, such as one that keeps a log. Nothing of it is
+  // shown, and whoever lends it gives it its size. It must outlive the widget.
+  KurvGraph(PlotSurface& lent, QWidget* parent);
+
+  bool event(QEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void showEvent(QShowEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+
+  // What stands behind the widget; a host cannot see into it. Calls in progress share it.
+  struct State;
+  std::shared_ptr<State> m_state;
+
+ private:
+  KurvGraph(PlotSurface* lent, QWidget* parent);
+  template <class Work>
+  void call(Work work);
+  template <class Work>
+  void handle(Work work);
+  void tell(int number, const QString& text);
+};
+
+}  // namespace kurv

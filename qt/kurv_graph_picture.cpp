@@ -1,0 +1,48 @@
+// What a host can learn about the picture: its pixels, and where its data stand.
+#include <cmath>
+
+#include "core/control_state.h"
+#include "qt/kurv_graph_state.h"
+#include "render/mapping.h"
+
+namespace kurv {
+
+namespace {
+
+std::optional<QPointF> finite(double x, double y) {
+  if (!std::isfinite(x) || !std::isfinite(y)) return std::nullopt;
+  return QPointF(x, y);
+}
+
+bool can_be_mapped(const GraphDocument& document, const PlotRect& plot) {
+  return document.GraphValid && document.xmax != document.xmin && document.ymax != document.ymin &&
+         plot.PlotWidth != 0 && plot.PlotHeight != 0;
+}
+
+}  // namespace
+
+QImage KurvGraph::image() const {
+  return m_state->picture.image();
+}
+
+std::optional<QPointF> KurvGraph::data_at(QPointF pixel) const {
+  const GraphDocument& document = m_state->control.state().document;
+  const PlotRect& plot = m_state->control.state().layout.plot;
+  if (!can_be_mapped(document, plot)) return std::nullopt;
+  const QPointF twips = pixel * m_state->twips_per_logical_pixel();
+  const double across = (twips.x() - plot.PlotLeft) / plot.PlotWidth;
+  const double upwards = (plot.PlotTop + plot.PlotHeight - twips.y()) / plot.PlotHeight;
+  return finite(document.xmin + across * (document.xmax - document.xmin),
+                document.ymin + upwards * (document.ymax - document.ymin));
+}
+
+std::optional<QPointF> KurvGraph::pixel_of(double x, double y) const {
+  const GraphDocument& document = m_state->control.state().document;
+  const PlotRect& plot = m_state->control.state().layout.plot;
+  if (!can_be_mapped(document, plot)) return std::nullopt;
+  const Mapping mapping(document, plot);
+  const double scale = m_state->twips_per_logical_pixel();
+  return finite(mapping.SurfX(x) / scale, mapping.SurfY(y) / scale);
+}
+
+}  // namespace kurv

@@ -1,0 +1,94 @@
+#include "qt/kurv_graph_state.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace kurv {
+
+namespace {
+
+// Where a side of the control reads as this, it may be larger in truth.
+constexpr Single kCeiling = 32767;
+constexpr double kLargestWidget = 16777215;
+
+int pixels_of(Single twips, double twips_per_pixel) {
+  return static_cast<int>(std::lround(std::clamp(twips / twips_per_pixel, 1.0, kLargestWidget)));
+}
+
+}  // namespace
+
+KurvGraph::State::State(KurvGraph& owner, PlotSurface* lent)
+    : widget(&owner),
+      size(owner.size()),
+      ratio(owner.devicePixelRatioF()),
+      picture(size, ratio),
+      surface(lent ? *lent : static_cast<PlotSurface&>(picture)),
+      shell(owner),
+      control(*this, shell, surface) {}
+
+void KurvGraph::State::fit() {
+  if (!widget) return;
+  const QSize new_size = widget->size();
+  const double new_ratio = widget->devicePixelRatioF();
+  const bool resized = new_size != size;
+  if (!resized && new_ratio == ratio) return;
+  picture.resize(new_size, new_ratio);
+  size = new_size;
+  ratio = new_ratio;
+  widget->update();
+  // Another screen is no other size: the graph keeps its twips and only gets other pixels.
+  if (resized) {
+    control.resize();
+  } else {
+    control.build_the_graph();
+  }
+}
+
+int KurvGraph::State::finish() {
+  const int redraws = surface.take_redraws();
+  if (redraws == 0) return 0;
+  static_cast<void>(picture.image());
+  if (widget) widget->update();
+  return redraws;
+}
+
+double KurvGraph::State::twips_per_logical_pixel() const {
+  return picture.twips_per_device_pixel() * picture.image().devicePixelRatio();
+}
+
+void KurvGraph::State::set_MousePointer(Integer pointer) {
+  if (!widget) return;
+  if (pointer == kHourglassPointer) {
+    widget->setCursor(Qt::WaitCursor);
+  } else {
+    widget->unsetCursor();
+  }
+}
+
+Single KurvGraph::State::Height() const {
+  return std::min(kCeiling, to_single(size.height() * twips_per_logical_pixel()));
+}
+
+Single KurvGraph::State::Width() const {
+  return std::min(kCeiling, to_single(size.width() * twips_per_logical_pixel()));
+}
+
+// A size that reads as asked for already stays: at the ceiling it may well be larger than the one
+// that was once stored there.
+void KurvGraph::State::set_Height(Single twips) {
+  if (!widget || std::isnan(twips) || std::min(twips, kCeiling) == Height()) return;
+  widget->resize(widget->width(), pixels_of(twips, twips_per_logical_pixel()));
+  fit();
+}
+
+void KurvGraph::State::set_Width(Single twips) {
+  if (!widget || std::isnan(twips) || std::min(twips, kCeiling) == Width()) return;
+  widget->resize(pixels_of(twips, twips_per_logical_pixel()), widget->height());
+  fit();
+}
+
+void KurvGraph::State::MouseUp(Integer Button, Integer Shift, Single x, Single Y) {
+  if (widget) Q_EMIT widget->MouseUp(Button, Shift, x, Y);
+}
+
+}  // namespace kurv

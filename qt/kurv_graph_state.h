@@ -1,0 +1,50 @@
+// What stands behind one widget: its pixels, its control, and what the two ask of each other.
+#pragma once
+
+#include <KurvGraph/KurvGraph.h>
+#include <KurvGraph/container.h>
+#include <KurvGraph/control.h>
+#include <KurvGraph/picture.h>
+
+#include <QPointer>
+#include <QSize>
+
+#include "qt/qt_shell.h"
+#include "qt/watched_surface.h"
+
+namespace kurv {
+
+// It outlives the widget while a call is in progress, so everything about the widget is asked only
+// as long as there is one.
+struct KurvGraph::State final : Container {
+  State(KurvGraph& owner, PlotSurface* lent);
+
+  // -- For the widget -------------------------------------------------------------------------
+  // Brings the picture to the widget's size and resolution, if they have changed.
+  void fit();
+  // Ends a call, whether or not it failed: the last strokes become pixels, and a picture that has
+  // changed is shown. Returns how many redraws there were.
+  int finish();
+  double twips_per_logical_pixel() const;
+
+  // -- For the control ------------------------------------------------------------------------
+  bool run_mode() const override { return !design_mode; }
+  void set_MousePointer(Integer pointer) override;
+  Single Height() const override;
+  Single Width() const override;
+  void set_Height(Single twips) override;
+  void set_Width(Single twips) override;
+  void MouseUp(Integer Button, Integer Shift, Single x, Single Y) override;
+
+  QPointer<KurvGraph> widget;
+  QSize size;        // what the picture was made for, in logical pixels
+  double ratio = 1;  // and its device pixels per logical pixel
+  bool design_mode = false;
+  bool telling = false;  // a message box about a run-time error is open
+  Picture picture;
+  WatchedSurface surface;
+  QtShell shell;
+  Control control;
+};
+
+}  // namespace kurv

@@ -1,0 +1,47 @@
+// The desktop by the toolkit's dialogs.
+#pragma once
+
+#include <KurvGraph/shell.h>
+
+#include <QPointer>
+#include <QString>
+#include <QStringList>
+#include <QWidget>
+#include <string_view>
+
+namespace kurv {
+
+// UTF-8 whose lines end in CR LF, CR or LF as the toolkit's text.
+QString shown_text(std::string_view text);
+
+// "A (*.gdf)|*.gdf|B|*.*" as the toolkit's list: "A (*.gdf)", "B (*)".
+QStringList name_filters(std::string_view filter);
+
+// What a name without an extension gets under one of these filters: that of its first pattern, or
+// `otherwise` where it has none.
+QString extension_of(const QString& name_filter, const QString& otherwise);
+
+// Dialogs stand before the window that `owner` is in. When that window goes away under an open
+// dialog, or the application has ended already, the answer is No or nothing.
+class QtShell final : public Shell {
+ public:
+  explicit QtShell(QWidget& owner) : m_owner(&owner) {}
+
+  // Later dialogs stand alone.
+  void leave_window() { m_owner.clear(); }
+
+  Answer message_box(std::string_view text, int flags, std::string_view title) override;
+  String input_prompt(std::string_view text, std::string_view title,
+                      std::string_view default_text) override;
+  void beep() override;
+  FileChoice open_file(const OpenDialog& dialog) override;
+  FileChoice save_file(const SaveDialog& dialog) override;
+  std::optional<Font> choose_font(const Font& preset) override;
+
+ private:
+  QWidget* window() const { return m_owner ? m_owner->window() : nullptr; }
+
+  QPointer<QWidget> m_owner;
+};
+
+}  // namespace kurv

@@ -1,0 +1,73 @@
+#include "qt/text_layout.h"
+
+#include <QStringList>
+#include <algorithm>
+#include <cmath>
+
+namespace kurv {
+namespace {
+
+constexpr double kTwipsPerPoint = 20;
+
+double size_in_twips(const Font& font) {
+  return kTwipsPerPoint * (font.FontSize > 0 ? std::min<double>(font.FontSize, 1638) : 8);
+}
+
+QFont layout_font(const Font& font) {
+  // Beyond some ten thousand pixels the toolkit's font metrics overflow.
+  constexpr int kLargest = 8000;
+  QStringList families = {QStringLiteral("Liberation Sans"), QStringLiteral("DejaVu Sans"),
+                          QStringLiteral("sans-serif")};
+  // A name of nothing would match any font at all.
+  if (!font.FontName.empty()) families.prepend(QString::fromStdString(font.FontName));
+  QFont result;
+  result.setFamilies(families);
+  result.setStyleHint(QFont::SansSerif,
+                      QFont::StyleStrategy(QFont::PreferAntialias | QFont::NoSubpixelAntialias));
+  result.setHintingPreference(QFont::PreferNoHinting);
+  result.setKerning(true);
+  result.setPixelSize(std::clamp(static_cast<int>(std::lround(size_in_twips(font))), 1, kLargest));
+  result.setBold(font.FontBold);
+  result.setItalic(font.FontItalic);
+  return result;
+}
+
+}  // namespace
+
+std::vector<std::string_view> lines_of(std::string_view text) {
+  std::vector<std::string_view> lines;
+  if (text.empty()) return lines;
+  for (;;) {
+    const std::size_t end = text.find_first_of("\r\n");
+    lines.push_back(text.substr(0, end));
+    if (end == std::string_view::npos) return lines;
+    text.remove_prefix(end + (text.substr(end, 2) == "\r\n" ? 2 : 1));
+  }
+}
+
+std::vector<QString> pieces_of(std::string_view line) {
+  constexpr qsizetype kPiece = 200;
+  QString text = QString::fromUtf8(line.data(), static_cast<qsizetype>(line.size()));
+  for (QChar& character : text) {
+    const QChar::Category category = character.category();
+    if (category == QChar::Other_Control || category == QChar::Separator_Line ||
+        category == QChar::Separator_Paragraph) {
+      character = u' ';
+    }
+  }
+  std::vector<QString> pieces;
+  for (qsizetype start = 0; start < text.size();) {
+    qsizetype end = std::min(start + kPiece, text.size());
+    if (end < text.size() && text.at(end).isLowSurrogate()) --end;
+    pieces.push_back(text.mid(start, end - start));
+    start = end;
+  }
+  return pieces;
+}
+
+TextLayout::TextLayout(const Font& font)
+    : m_font(layout_font(font)),
+      m_metrics(m_font),
+      m_twips_per_pixel(size_in_twips(font) / m_font.pixelSize()) {}
+
+}  // namespace kurv

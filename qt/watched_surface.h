@@ -1,0 +1,50 @@
+// A surface that passes every call on and counts the redraws.
+#pragma once
+
+#include <KurvGraph/plot_surface.h>
+
+#include <utility>
+
+namespace kurv {
+
+class WatchedSurface final : public PlotSurface {
+ public:
+  explicit WatchedSurface(PlotSurface& target) : m_target(target) {}
+
+  // How many redraws have begun since the last question.
+  int take_redraws() { return std::exchange(m_redraws, 0); }
+
+  Double ScaleWidth() const override { return m_target.ScaleWidth(); }
+  Double ScaleHeight() const override { return m_target.ScaleHeight(); }
+  // The first thing that a redraw does to its surface, and nobody else clears one.
+  void Cls() override {
+    ++m_redraws;
+    m_target.Cls();
+  }
+  void Line(SurfacePoint from, SurfacePoint to, int colour, LineKind kind) override {
+    m_target.Line(from, to, colour, kind);
+  }
+  void Circle(SurfacePoint centre, Single radius, int colour) override {
+    m_target.Circle(centre, radius, colour);
+  }
+  void Arc(SurfacePoint centre, Single radius, int colour, Single start, Single end) override {
+    m_target.Arc(centre, radius, colour, start, end);
+  }
+  void PSet(SurfacePoint at, int colour) override { m_target.PSet(at, colour); }
+  void DrawWidth(Integer pixels) override { m_target.DrawWidth(pixels); }
+  void Print(Single CurrentX, Single CurrentY, std::string_view text) override {
+    m_target.Print(CurrentX, CurrentY, text);
+  }
+  Double TextWidth(std::string_view text) const override { return m_target.TextWidth(text); }
+  Double TextHeight(std::string_view text) const override { return m_target.TextHeight(text); }
+  const Font& font() const override { return m_target.font(); }
+  void set_font(const Font& font) override { m_target.set_font(font); }
+  int ForeColor() const override { return m_target.ForeColor(); }
+  void set_ForeColor(int colour) override { m_target.set_ForeColor(colour); }
+
+ private:
+  PlotSurface& m_target;
+  int m_redraws = 0;
+};
+
+}  // namespace kurv

@@ -1,0 +1,46 @@
+// Small things that the widget's tests share.
+#pragma once
+
+#include <KurvGraph/KurvGraph.h>
+
+#include <QApplication>
+#include <QObject>
+#include <QString>
+#include <utility>
+#include <vector>
+
+namespace kurv::test {
+
+inline Graph small_graph() {
+  return {.title = "Small", .x = {1, 2, 3}, .y = {{"a", {1, 4, 2}}, {"b", {3, 1, 5}}}};
+}
+
+// Until everything that was posted is done, and what that has posted in turn.
+inline void process_all() {
+  for (int i = 0; i < 3; ++i) QApplication::processEvents();
+}
+
+// Counts what a widget tells its host.
+struct Listener {
+  explicit Listener(KurvGraph& graph) {
+    QObject::connect(&graph, &KurvGraph::redrawn, &context, [this] { ++redraws; });
+    QObject::connect(&graph, &KurvGraph::runTimeError, &context,
+                     [this](int number, const QString& text) {
+                       errors.push_back(number);
+                       texts.push_back(text);
+                     });
+  }
+
+  // What was told since the last time, once all events are over.
+  int redraws_since() {
+    process_all();
+    return std::exchange(redraws, 0);
+  }
+
+  QObject context;
+  int redraws = 0;
+  std::vector<int> errors;
+  std::vector<QString> texts;
+};
+
+}  // namespace kurv::test
