@@ -20,7 +20,7 @@ constexpr Double kCaptionGap = 50;
 constexpr Double kCaptionAreaDrop = 230;
 constexpr Double kStripHalfWidth = 50;
 
-constexpr int kLabelsAtMost = 20;
+constexpr int kLabelledIntervals = 20;
 constexpr const char* kLabelHeightSample = "2.34";
 constexpr Double kSampleValue = 999999.99999;
 
@@ -39,8 +39,12 @@ struct AxisPass {
   }
   // How far along its axis tick i stands, 0..1.
   Double fraction(int i) const { return divide(i, document.NumTicks); }
-  // At most about twenty labels an axis, however many ticks.
-  int label_step() const { return document.NumTicks / kLabelsAtMost + 1; }
+  // About twenty labels an axis, however many ticks: each of up to twenty intervals has its label,
+  // from 21 on every second one, from 40 on every third one, and so on.
+  int label_step() const {
+    const int ticks = document.NumTicks;
+    return ticks <= kLabelledIntervals ? 1 : ticks / kLabelledIntervals + 1;
+  }
 
   Double y_of_tick(int i) const { return bottom() - fraction(i) * plot().PlotHeight - kTickOffset; }
   Double x_of_tick(int i) const { return plot().PlotLeft + fraction(i) * plot().PlotWidth; }
@@ -139,6 +143,7 @@ void place_label_strips(const AxisPass& pass, Integer last_y_label_left) {
                             pass.larger_of(plot.PlotWidth + 2 * end_width, 50),
                             pass.larger_of(sample_height(document.AxisLabelFormatX), 0)};
 
+  // Both the place and the width of the strip beside the y labels come from the last label.
   const Double height = sample_height(document.AxisLabelFormatY);
   pass.layout.shpYlabels = {pass.larger_of(last_y_label_left - 50.0, 10),
                             pass.larger_of(plot.PlotTop - height, 10),

@@ -34,8 +34,13 @@ class Mapping {
     return m_plot.PlotTop + m_plot.PlotHeight - m_plot.PlotHeight * NormY(y);
   }
 
-  // Both ends of both ranges are inside; NaN is not.
-  bool InPlot(DataPoint point) const { return in_unit(NormX(point.x)) && in_unit(NormY(point.y)); }
+  // Both ends of both ranges are inside; NaN is not. Both coordinates are mapped always, so a range
+  // of zero width is found whichever of them is outside.
+  bool InPlot(DataPoint point) const {
+    const Double x = NormX(point.x);
+    const Double y = NormY(point.y);
+    return in_unit(x) && in_unit(y);
+  }
 
   SurfacePoint surface_point(DataPoint point) const {
     return {to_single(SurfX(point.x)), to_single(SurfY(point.y))};

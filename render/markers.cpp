@@ -74,10 +74,19 @@ class MarkerPen {
     vertical(r);
   }
 
-  // Four arms of length s: left, right and the two lower diagonals.
-  void trestle() const {
+  // Pairs of arms of a plus, from the centre outwards.
+  void side_arms() const {
     segment(0, 0, -s, 0);
     segment(0, 0, s, 0);
+  }
+  void upright_arms() const {
+    segment(0, 0, 0, -s);
+    segment(0, 0, 0, s);
+  }
+
+  // Four arms of length s: left, right and the two lower diagonals.
+  void trestle() const {
+    side_arms();
     segment(0, 0, -s / q, s / q);
     segment(0, 0, s / q, s / q);
   }
@@ -121,10 +130,14 @@ void paint_outline(const MarkerPen& pen, int kind) {
     case 18: case 22: pen.right_half(); break;
     case 29: case 30: pen.plus(pen.s); pen.cross(pen.s); break;
     case 31: pen.trestle(); break;
-    case 32: case 36: pen.horizontal(pen.s); pen.rising(pen.s); break;
-    case 33: case 37: pen.horizontal(pen.s); pen.falling(pen.s); break;
-    case 34: case 38: pen.vertical(pen.s); pen.rising(pen.s); break;
-    case 35: case 39: pen.vertical(pen.s); pen.falling(pen.s); break;
+    case 32: pen.horizontal(pen.s); pen.rising(pen.s); break;
+    case 33: pen.horizontal(pen.s); pen.falling(pen.s); break;
+    case 34: pen.vertical(pen.s); pen.rising(pen.s); break;
+    case 35: pen.vertical(pen.s); pen.falling(pen.s); break;
+    case 36: pen.side_arms(); pen.rising(pen.s); break;
+    case 37: pen.side_arms(); pen.falling(pen.s); break;
+    case 38: pen.upright_arms(); pen.rising(pen.s); break;
+    case 39: pen.upright_arms(); pen.falling(pen.s); break;
     default: break;
   }
   // clang-format on

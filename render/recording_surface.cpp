@@ -1,4 +1,4 @@
-#include "render/recording_surface.h"
+#include <KurvGraph/recording_surface.h>
 
 #include <algorithm>
 #include <initializer_list>
@@ -71,44 +71,65 @@ void for_each_line(std::string_view text, Visit visit) {
   }
 }
 
+// A redraw selects the title's, the subtitle's and the axes' font before it clears the surface.
+constexpr int kLinesBeforeClear = 3;
+
+std::size_t start_of_last_lines(std::string_view log, int count) {
+  std::size_t start = log.size();
+  for (; count > 0 && start > 0; --count) {
+    const std::size_t end_before = log.substr(0, start - 1).rfind('\n');
+    start = end_before == std::string_view::npos ? 0 : end_before + 1;
+  }
+  return start;
+}
+
 }  // namespace
 
 void RecordingSurface::Cls() {
+  if (m_target != nullptr) m_target->Cls();
+  if (m_last_redraw_only) m_log.erase(0, start_of_last_lines(m_log, kLinesBeforeClear));
   m_log += "cls\n";
 }
 
 void RecordingSurface::Line(SurfacePoint from, SurfacePoint to, int colour, LineKind kind) {
+  if (m_target != nullptr) m_target->Line(from, to, colour, kind);
   append(m_log, word(kind), {from.x, from.y, to.x, to.y, Single(colour)});
   m_log += '\n';
 }
 
 void RecordingSurface::Circle(SurfacePoint centre, Single radius, int colour) {
+  if (m_target != nullptr) m_target->Circle(centre, radius, colour);
   append(m_log, "circle", {centre.x, centre.y, radius, Single(colour)});
   m_log += '\n';
 }
 
 void RecordingSurface::Arc(SurfacePoint centre, Single radius, int colour, Single start,
                            Single end) {
+  if (m_target != nullptr) m_target->Arc(centre, radius, colour, start, end);
   append(m_log, "arc", {centre.x, centre.y, radius, Single(colour), start, end});
   m_log += '\n';
 }
 
 void RecordingSurface::PSet(SurfacePoint at, int colour) {
+  if (m_target != nullptr) m_target->PSet(at, colour);
   append(m_log, "point", {at.x, at.y, Single(colour)});
   m_log += '\n';
 }
 
 void RecordingSurface::DrawWidth(Integer pixels) {
+  if (m_target != nullptr) m_target->DrawWidth(pixels);
   append(m_log, "width", {Single(pixels)});
   m_log += '\n';
 }
 
 void RecordingSurface::Print(Single CurrentX, Single CurrentY, std::string_view text) {
+  if (m_target != nullptr) m_target->Print(CurrentX, CurrentY, text);
   append(m_log, "print", {CurrentX, CurrentY});
   m_log += ' ' + quoted(text) + '\n';
 }
 
 Double RecordingSurface::TextWidth(std::string_view text) const {
+  if (m_target != nullptr) return m_target->TextWidth(text);
   std::ptrdiff_t widest = 0;
   for_each_line(text,
                 [&](std::string_view line) { widest = std::max(widest, character_count(line)); });
@@ -116,6 +137,7 @@ Double RecordingSurface::TextWidth(std::string_view text) const {
 }
 
 Double RecordingSurface::TextHeight(std::string_view text) const {
+  if (m_target != nullptr) return m_target->TextHeight(text);
   if (text.empty()) return 0;
   int lines = 0;
   for_each_line(text, [&](std::string_view) { ++lines; });
@@ -123,12 +145,14 @@ Double RecordingSurface::TextHeight(std::string_view text) const {
 }
 
 void RecordingSurface::set_font(const Font& font) {
+  if (m_target != nullptr) m_target->set_font(font);
   m_font = font;
   m_log += "font " + quoted(font.FontName) + ' ' + number_to_text(font.FontSize) +
            (font.FontBold ? " 1" : " 0") + (font.FontItalic ? " 1\n" : " 0\n");
 }
 
 void RecordingSurface::set_ForeColor(int colour) {
+  if (m_target != nullptr) m_target->set_ForeColor(colour);
   m_fore_colour = colour;
   append(m_log, "forecolor", {Single(colour)});
   m_log += '\n';

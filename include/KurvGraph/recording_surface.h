@@ -12,8 +12,9 @@
 //
 // Texts are quoted as in JSON; numbers are in the shortest form that reads back to the same single
 // precision value. Rules are written as segments: how crisp a line comes out is not what was asked
-// for. Text measures are made up from the font size alone, so that a log depends on no font: every
-// character is half as wide as the font is high, and a line is 1.2 times as high.
+// for. Without another surface to draw on, text measures are made up from the font size alone, so
+// that a log depends on no font: every character is half as wide as the font is high, and a line is
+// 1.2 times as high.
 #pragma once
 
 #include <string>
@@ -26,6 +27,9 @@ class RecordingSurface final : public PlotSurface {
  public:
   // Size in twips.
   RecordingSurface(Double width, Double height) : m_width(width), m_height(height) {}
+  // Also draws on `target`, which measures the texts. It must outlive this surface.
+  RecordingSurface(Double width, Double height, PlotSurface& target)
+      : m_width(width), m_height(height), m_target(&target), m_font(target.font()) {}
 
   void set_size(Double width, Double height) {
     m_width = width;
@@ -35,6 +39,8 @@ class RecordingSurface final : public PlotSurface {
   // All lines since the last clear_log(), each ended by a line feed.
   const std::string& log() const { return m_log; }
   void clear_log() { m_log.clear(); }
+  // With it, a redraw throws away what was written before it began.
+  void keep_last_redraw_only() { m_last_redraw_only = true; }
 
   Double ScaleWidth() const override { return m_width; }
   Double ScaleHeight() const override { return m_height; }
@@ -55,6 +61,8 @@ class RecordingSurface final : public PlotSurface {
  private:
   Double m_width;
   Double m_height;
+  PlotSurface* m_target = nullptr;
+  bool m_last_redraw_only = false;
   Font m_font;
   int m_fore_colour = 0;
   std::string m_log;

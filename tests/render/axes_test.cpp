@@ -1,5 +1,7 @@
 #include "render/axes.h"
 
+#include "render/number_format.h"
+
 #include <gtest/gtest.h>
 
 #include <sstream>
@@ -54,7 +56,7 @@ TEST(Axes, TicksStandTenTwipsOffTheirPlaces) {
   EXPECT_EQ(ticks[21], "segment 11190 8410 11190 8480 8") << "the last x tick is 10 to the left";
 }
 
-TEST(Axes, AtMostAboutTwentyLabels) {
+TEST(Axes, EveryTickUpToTwentyHasALabelThenEverySecondThenEveryThird) {
   const auto labels = [](Integer ticks) {
     AxesHost host;
     host.control.set_NumTicks(ticks);
@@ -62,8 +64,9 @@ TEST(Axes, AtMostAboutTwentyLabels) {
   };
   // One print is the caption; both axes have the same number of labels.
   EXPECT_EQ(labels(19), 1U + 2 * 20);
-  EXPECT_EQ(labels(20), 1U + 2 * 11) << "a step of two from twenty ticks on";
+  EXPECT_EQ(labels(20), 1U + 2 * 21);
   EXPECT_EQ(labels(21), 1U + 2 * 11);
+  EXPECT_EQ(labels(39), 1U + 2 * 20);
   EXPECT_EQ(labels(40), 1U + 2 * 14);
 }
 
@@ -74,6 +77,14 @@ TEST(Axes, GridLengthLagsBehindAChangeOfMarginsByOneRedraw) {
   EXPECT_NE(host.drawn().find("segment 800 470 11200 470 8\n"), std::string::npos)
       << "the first redraw ends short of the right border";
   EXPECT_NE(host.drawn().find("segment 800 470 11600 470 8\n"), std::string::npos);
+}
+
+TEST(Axes, VerticalGridLinesLagBehindTheTopMarginLikewise) {
+  AxesHost host;
+  host.control.set_Y_grid(true);
+  host.control.set_Top_margine(280);
+  EXPECT_NE(host.drawn().find("segment 790 480 790 8480 8\n"), std::string::npos);
+  EXPECT_NE(host.drawn().find("segment 790 280 790 8480 8\n"), std::string::npos);
 }
 
 TEST(Axes, WideYLabelStartsTenTwipsFromTheEdge) {
@@ -162,8 +173,11 @@ TEST(Axes, NoTicksAreADivisionByZero) {
 TEST(Axes, SenselessFormatIsPrintedAsTheFormattingReturnsIt) {
   AxesHost host;
   host.control.set_AxisLabelFormatY("E+");
-  host.control.set_AxisLabelFormatX("no digits; at all;;;;");
-  EXPECT_NO_THROW(host.drawn());
+  host.control.set_AxisLabelFormatX("no digits");
+  const auto labels = lines_starting(host.drawn(), "print ");
+  ASSERT_EQ(labels.size(), 23U);
+  EXPECT_EQ(labels[1], "print 320 8374 \"" + format_number(0, "E+") + "\"");
+  EXPECT_EQ(labels[12], "print 700 8530 \"" + format_number(0, "no digits") + "\"");
 }
 
 TEST(Axes, TickWidthIsWhateverThePenHad) {

@@ -133,5 +133,14 @@ TEST(Curves, NothingVisibleNeedsNoRange) {
   EXPECT_NO_THROW(curves_of(host));
 }
 
+TEST(Curves, FlatRangeIsFoundAlsoWhereEveryXIsOutside) {
+  TestHost host;
+  host.load({1, 2}, {1, 2}, false, false);
+  host.control.set_xmin(10);
+  host.control.set_xmax(20);
+  host.control.set_ymax(host.control.ymin());
+  EXPECT_THROW(curves_of(host), Fault);
+}
+
 }  // namespace
 }  // namespace kurv

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "render/recording_surface.h"
+#include <KurvGraph/recording_surface.h>
 #include "tests/support/golden.h"
 
 namespace kurv {

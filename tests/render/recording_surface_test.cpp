@@ -1,4 +1,4 @@
-#include "render/recording_surface.h"
+#include <KurvGraph/recording_surface.h>
 
 #include <gtest/gtest.h>
 
