@@ -28,9 +28,11 @@ Example:
 )";
 
 constexpr const char* kProgramExample = R"(
-"kurv render --help" explains the command and its options.
+Each FILE opens in a window of its own. "kurv render --help" explains how to
+draw without one, and lists the properties for --set.
 
-Example:
+Examples:
+  kurv co2.csv --y co2,adjusted
   kurv render co2.csv -o co2.png
 )";
 
@@ -38,7 +40,7 @@ Example:
 std::string property_list() {
   std::string result = "Properties for --set:\n";
   std::size_t column = kHelpWidth;
-  for (const Property& property : properties()) {
+  for (const Member& property : properties()) {
     if (column + 1 + property.name.size() > kHelpWidth) {
       result += result.back() == '\n' ? " " : "\n ";
       column = 1;
@@ -89,14 +91,17 @@ class Program {
  public:
   Program() {
     m_app.name("kurv");
+    m_app.formatter(std::make_shared<HelpFormatter>());
     m_app.set_version_flag("--version", "kurv " KURV_VERSION, "Print the version and exit");
     m_render->formatter(std::make_shared<HelpFormatter>());
-    m_app.require_subcommand(1);
     m_app.footer(kProgramExample);
     m_render->footer(property_list() + kRenderExample);
-    add_files();
-    add_choice();
-    add_looks();
+    m_app.add_option("FILE", m_data_files, "The data: CSV files")->type_name("");
+    add_render_files();
+    for (CLI::App* command : {&m_app, m_render}) {
+      add_choice(*command);
+      add_looks(*command);
+    }
   }
 
   Command parse(int argc, const char* const* argv) {
@@ -106,83 +111,100 @@ class Program {
       std::ostringstream text;
       std::ostringstream ignored;
       if (m_app.exit(stop, text, ignored) == 0) return Notice{text.str()};
-      if (!m_render->parsed()) {
-        throw UserError("a command is missing, as in \"kurv render data.csv -o picture.png\".",
-                        kUsageFailure);
-      }
-      throw UserError(on_one_line(stop.what()) + "; \"kurv render --help\" explains the options.",
-                      kUsageFailure);
+      const std::string command = m_render->parsed() ? "kurv render" : "kurv";
+      throw UserError(
+          on_one_line(stop.what()) + "; \"" + command + " --help\" explains the options.",
+          kUsageFailure);
     }
-    return read_texts();
+    read_choice();
+    if (m_render->parsed()) return render_request();
+    return window_request();
   }
 
   std::string help() const { return m_app.help(); }
 
  private:
-  void add_files() {
-    m_render->add_option("FILE", m_request.data_file, "The data: a CSV file")
-        ->required()
-        ->type_name("");
-    m_render->add_option("-o,--output", m_request.picture_file, "The picture: a .png or .bmp file")
+  void add_render_files() {
+    m_render->add_option("FILE", m_render_file, "The data: a CSV file")->required()->type_name("");
+    m_render->add_option("-o,--output", m_picture_file, "The picture: a .png or .bmp file")
         ->required()
         ->type_name("PICTURE");
-    m_render
-        ->add_option("--size", m_texts.size,
-                     "Width and height in logical pixels, up to 7680x4320 (1000x700)")
-        ->type_name("WxH");
     m_render->add_option("--scale", m_texts.scale, "Pixels per logical pixel, from 0.5 to 8 (1)")
         ->type_name("RATIO");
   }
 
-  void add_choice() {
-    m_render->add_option("--x", m_request.selection.x, "The column for x (the first one)")
+  void add_choice(CLI::App& command) {
+    command
+        .add_option("--size", m_texts.size,
+                    "Width and height in logical pixels, up to 7680x4320 (1000x700)")
+        ->type_name("WxH");
+    command.add_option("--x", m_choice.selection.x, "The column for x (the first one)")
         ->type_name("NAME");
-    m_render
-        ->add_option("--y", m_texts.y, "The columns to draw, repeatable (all others with numbers)")
+    command
+        .add_option("--y", m_texts.y, "The columns to draw, repeatable (all others with numbers)")
         ->type_name("NAME,...")
         ->allow_extra_args(false);
-    m_render->add_option("--every", m_texts.every, "Take each N-th row: 1, N+1, 2N+1 and so on")
+    command.add_option("--every", m_texts.every, "Take each N-th row: 1, N+1, 2N+1 and so on")
         ->type_name("N");
-    m_render->add_flag("--sort", m_request.sort, "Sort the points by x");
+    command.add_flag("--sort", m_choice.sort, "Sort the points by x");
   }
 
-  void add_looks() {
-    m_render->add_option("--title", m_request.title, "The title (the data file's name)")
+  void add_looks(CLI::App& command) {
+    command.add_option("--title", m_choice.title, "The title (the data file's name)")
         ->type_name("TEXT");
-    m_render->add_option("--subtitle", m_request.subtitle, "The line below it")->type_name("TEXT");
-    add_switch("lines", m_request.lines, "lines between the points (on)");
-    add_switch("markers", m_request.markers, "a marker at each point (off)");
-    m_render->add_option("--set", m_texts.settings, "Set a property of the graph, repeatable")
+    command.add_option("--subtitle", m_choice.subtitle, "The line below it")->type_name("TEXT");
+    add_switch(command, "lines", m_choice.lines, "lines between the points (on)");
+    add_switch(command, "markers", m_choice.markers, "a marker at each point (off)");
+    command.add_option("--set", m_texts.settings, "Set a property of the graph, repeatable")
         ->type_name("PROPERTY=VALUE")
         ->allow_extra_args(false);
   }
 
   // Of two contrary switches the later one counts.
-  void add_switch(const std::string& name, bool& target, const std::string& what) {
-    m_render->add_flag("--" + name + ",!--no-" + name, target, "Draw " + what)
+  static void add_switch(CLI::App& command, const std::string& name, bool& target,
+                         const std::string& what) {
+    command.add_flag("--" + name + ",!--no-" + name, target, "Draw " + what)
         ->multi_option_policy(CLI::MultiOptionPolicy::TakeLast);
   }
 
-  Command read_texts() {
-    m_request.size = parse_size(m_texts.size);
-    m_request.scale = parse_scale(m_texts.scale);
-    check_picture_size(m_request.size, m_request.scale);
-    m_request.selection.every = parse_every(m_texts.every);
+  void read_choice() {
+    m_choice.size = parse_size(m_texts.size);
+    m_choice.selection.every = parse_every(m_texts.every);
     for (const std::string& list : m_texts.y) {
-      for (const std::string& name : parse_names(list)) m_request.selection.y.push_back(name);
+      for (const std::string& name : parse_names(list)) m_choice.selection.y.push_back(name);
     }
     for (const std::string& text : m_texts.settings) {
-      m_request.settings.push_back(parse_setting(text));
+      m_choice.settings.push_back(parse_setting(text));
     }
-    if (!picture_format(m_request.picture_file)) {
-      throw UserError("the name of the picture must end in .png or .bmp, and " +
-                          in_quotes(m_request.picture_file) + " does not.",
-                      kUsageFailure);
-    }
-    return m_request;
   }
 
-  RenderRequest m_request;
+  RenderRequest render_request() const {
+    if (!m_data_files.empty()) {
+      throw UserError("the file " + in_quotes(m_data_files.front()) +
+                          " stands before \"render\"; it belongs behind it.",
+                      kUsageFailure);
+    }
+    const double scale = parse_scale(m_texts.scale);
+    check_picture_size(m_choice.size, scale);
+    if (!picture_format(m_picture_file)) {
+      throw UserError("the name of the picture must end in .png or .bmp, and " +
+                          in_quotes(m_picture_file) + " does not.",
+                      kUsageFailure);
+    }
+    return {m_choice, m_render_file, m_picture_file, scale};
+  }
+
+  WindowRequest window_request() const {
+    if (m_data_files.empty()) {
+      throw UserError("a file is missing, as in \"kurv data.csv\".", kUsageFailure);
+    }
+    return {m_choice, m_data_files};
+  }
+
+  GraphChoice m_choice;
+  std::vector<std::string> m_data_files;
+  std::string m_render_file;
+  std::string m_picture_file;
   Texts m_texts;
   CLI::App m_app{"Draws tables of numbers as graphs."};
   CLI::App* m_render =

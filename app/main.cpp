@@ -1,7 +1,8 @@
 // The program: finds out what is asked for, does it, and says how it went.
 //
 // Everything that it has to say about the work goes to standard error, one line each. It ends with
-// 0 when the picture is written, 1 when it is not, and 2 when the command line makes no sense.
+// 0 when everything asked for is there, 1 when it is not, and 2 when the command line makes no
+// sense.
 
 #include <KurvGraph/fault.h>
 
@@ -14,6 +15,7 @@
 #include "app/render_command.h"
 #include "app/text.h"
 #include "app/user_error.h"
+#include "app/window_command.h"
 
 namespace {
 
@@ -32,6 +34,9 @@ int run(int argc, char** argv) {
   if (const Notice* notice = std::get_if<Notice>(&command)) {
     std::cout << notice->text;
     return 0;
+  }
+  if (const WindowRequest* windows = std::get_if<WindowRequest>(&command)) {
+    return open_windows(*windows, say);
   }
   render(std::get<RenderRequest>(command),
          [](const std::string& warning) { say("warning: " + warning); });

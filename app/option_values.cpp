@@ -44,28 +44,22 @@ std::string expectation(ValueType type) {
     case ValueType::kSingle:
     case ValueType::kDouble:
       return "a number";
-    case ValueType::kString:
-      break;
+    default:
+      return "a text";
   }
-  return "a text";
 }
 
+// Throws Fault where the control would. A part of a whole number is refused here, because whoever
+// types one does not expect it to be rounded.
 void convert(ValueType type, const Variant& value) {
-  switch (type) {
-    case ValueType::kInteger:
-      static_cast<void>(to_integer(value));
-      break;
-    case ValueType::kBoolean:
-      static_cast<void>(to_boolean(value));
-      break;
-    case ValueType::kSingle:
-      static_cast<void>(to_single(value));
-      break;
-    case ValueType::kDouble:
-      static_cast<void>(to_double(value));
-      break;
-    case ValueType::kString:
-      break;
+  if (type == ValueType::kInteger) {
+    if (to_double(value) != to_integer(value)) throw Fault(FaultKind::kTypeMismatch);
+  } else if (type == ValueType::kBoolean) {
+    static_cast<void>(to_boolean(value));
+  } else if (type == ValueType::kSingle) {
+    static_cast<void>(to_single(value));
+  } else if (type == ValueType::kDouble) {
+    static_cast<void>(to_double(value));
   }
 }
 
@@ -91,7 +85,7 @@ std::vector<std::string> similar_properties(std::string_view name) {
   std::vector<std::string> result;
   if (name.empty() || name.size() > kLongestName) return result;
   const std::string wanted = lower_case(name);
-  for (const Property& property : properties()) {
+  for (const Member& property : properties()) {
     const std::string known = lower_case(property.name);
     const bool contained = wanted.size() > 2 && known.find(wanted) != std::string::npos;
     if (contained || distance(wanted, known) <= 2) result.emplace_back(property.name);
@@ -99,8 +93,8 @@ std::vector<std::string> similar_properties(std::string_view name) {
   return result;
 }
 
-const Property& property_named(std::string_view name) {
-  if (const Property* property = find_property(name)) return *property;
+const Member& property_named(std::string_view name) {
+  if (const Member* property = find_property(name)) return *property;
   const std::vector<std::string> similar = similar_properties(name);
   throw misuse("there is no property " + in_quotes(name) + "; " +
                (similar.empty() ? "\"kurv render --help\" lists all of them."
@@ -157,7 +151,7 @@ Setting parse_setting(std::string_view text) {
     throw misuse("--set takes a property and its value such as NumTicks=5, not " + in_quotes(text) +
                  ".");
   }
-  const Property& property = property_named(trimmed(text.substr(0, sign)));
+  const Member& property = property_named(trimmed(text.substr(0, sign)));
   const std::string value(text.substr(sign + 1));
   try {
     convert(property.type, Variant(value));

@@ -157,7 +157,28 @@ TEST(CommandLine, WhatIsMissingOrUnknownIsNamed) {
   EXPECT_THAT(misuse_of({"render", "data.csv"}), HasSubstr("--output"));
   EXPECT_THAT(misuse_with({"--colour"}), HasSubstr("--colour"));
   EXPECT_THAT(misuse_with({"other.csv"}), HasSubstr("other.csv"));
-  EXPECT_THAT(misuse_of({"paint"}), HasSubstr("a command is missing"));
+  EXPECT_THAT(misuse_of({"--title", "no file"}), HasSubstr("a file is missing"));
+  EXPECT_THAT(misuse_of({"a.csv", "render", "b.csv", "-o", "c.png"}),
+              AllOf(HasSubstr("\"a.csv\""), HasSubstr("behind")));
+}
+
+TEST(CommandLine, FilesWithoutACommandAreForWindowsWithTheSameChoices) {
+  const auto request = std::get<WindowRequest>(parsed(
+      {"a.csv", "--size", "640x480", "--x", "t", "--y", "a,b", "--title", "T", "--subtitle", "S",
+       "--no-lines", "--markers", "--sort", "--every", "2", "--set", "NumTicks=5", "b.csv"}));
+  EXPECT_THAT(request.data_files, ElementsAre("a.csv", "b.csv"));
+  EXPECT_EQ(request.size, QSize(640, 480));
+  EXPECT_EQ(request.selection.x, "t");
+  EXPECT_THAT(request.selection.y, ElementsAre("a", "b"));
+  EXPECT_EQ(request.selection.every, 2u);
+  EXPECT_EQ(request.title, "T");
+  EXPECT_EQ(request.subtitle, "S");
+  EXPECT_FALSE(request.lines);
+  EXPECT_TRUE(request.markers);
+  EXPECT_TRUE(request.sort);
+  ASSERT_EQ(request.settings.size(), 1u);
+  EXPECT_THAT(misuse_of({"a.csv", "--set", "Nonsense=1"}), HasSubstr("no property"));
+  EXPECT_THAT(misuse_of({"a.csv", "-o", "a.png"}), HasSubstr("kurv --help"));
 }
 
 TEST(CommandLine, HelpAndVersionAreTexts) {

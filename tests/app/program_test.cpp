@@ -202,7 +202,7 @@ TEST_F(Program, ARunTimeErrorOfTheGraphIsSaidInOneSentence) {
 
 TEST_F(Program, MistakesInTheCommandLineEndWithTwo) {
   expect_refusal(run({"render"}), 2, "--help");
-  expect_refusal(run({"paint"}), 2, "a command is missing");
+  expect_refusal(run({"--title", "no file"}), 2, "a file is missing");
   expect_refusal(run({"render", small(), "-o", path("out.jpg")}), 2, ".png or .bmp");
   expect_refusal(render(small(), {"--size", "0x0"}), 2, "--size takes");
   expect_refusal(render(small(), {"--set", "NumTicks=many"}), 2, "takes a whole number");
@@ -215,6 +215,19 @@ TEST_F(Program, WithoutArgumentsItHelps) {
   EXPECT_EQ(outcome.status, 2);
   EXPECT_EQ(outcome.out, "");
   EXPECT_THAT(outcome.err, AllOf(HasSubstr("Usage"), HasSubstr("render")));
+}
+
+TEST_F(Program, AWindowWithoutADisplayIsRefusedInOneSentence) {
+  expect_refusal(run({small()}), 1, "\"kurv render\" draws a picture without one");
+}
+
+TEST_F(Program, WhatCannotBeDrawnIsSaidBeforeAWindowOpens) {
+  expect_refusal(run({path("missing.csv")}), 1, "cannot be read");
+  QProcessEnvironment environment = m_process.processEnvironment();
+  environment.insert("QT_QPA_PLATFORM", "offscreen");
+  m_process.setProcessEnvironment(environment);
+  expect_refusal(run({written("same.csv", "x,y\n1,2\n1,3\n")}), 1, "all x values are the same");
+  expect_refusal(run({small(), "--set", "NumTicks=0"}), 1, "check the values given with --set");
 }
 
 TEST_F(Program, HelpAndVersionGoToStandardOutput) {

@@ -1,0 +1,64 @@
+// The desktop and the container of a control on a pipe: everything shown is kept for the answer to
+// the request, and everything asked is answered from what was queued before.
+#pragma once
+
+#include <KurvGraph/container.h>
+#include <KurvGraph/shell.h>
+
+#include <QJsonArray>
+#include <QJsonObject>
+
+namespace kurv::app {
+
+class HostShell final : public Shell {
+ public:
+  // Appends to what later questions are answered with.
+  void queue(const QJsonArray& answers);
+  // What was shown since the last call of this.
+  QJsonArray take_shown();
+
+  // A question takes the next entry, "yes" or anything else for No; a box with OK alone takes none.
+  Answer message_box(std::string_view text, int flags, std::string_view title) override;
+  // Text; anything else cancels, and so does an empty queue.
+  String input_prompt(std::string_view text, std::string_view title,
+                      std::string_view default_text) override;
+  void beep() override;
+  // {"path": ..., "filter": ...}; anything else cancels.
+  FileChoice open_file(const OpenDialog& dialog) override;
+  FileChoice save_file(const SaveDialog& dialog) override;
+  // {"name": ..., "size": ..., "bold": ..., "italic": ...}, of which what is left out stays.
+  std::optional<Font> choose_font(const Font& preset) override;
+
+ private:
+  QJsonValue next_answer();
+
+  QJsonArray m_answers;
+  QJsonArray m_shown;
+};
+
+class HostContainer final : public Container {
+ public:
+  HostContainer(Single width, Single height, bool run_mode)
+      : m_width(width), m_height(height), m_run_mode(run_mode) {}
+
+  Integer pointer() const { return m_pointer; }
+  // What was raised since the last call of this.
+  QJsonArray take_events();
+
+  bool run_mode() const override { return m_run_mode; }
+  void set_MousePointer(Integer pointer) override { m_pointer = pointer; }
+  Single Height() const override { return m_height; }
+  Single Width() const override { return m_width; }
+  void set_Height(Single twips) override { m_height = twips; }
+  void set_Width(Single twips) override { m_width = twips; }
+  void MouseUp(Integer Button, Integer Shift, Single x, Single Y) override;
+
+ private:
+  Single m_width;
+  Single m_height;
+  bool m_run_mode;
+  Integer m_pointer = kDefaultPointer;
+  QJsonArray m_events;
+};
+
+}  // namespace kurv::app

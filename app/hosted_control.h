@@ -1,0 +1,67 @@
+// A control on a pipe with everything that it stands on.
+#pragma once
+
+#include <KurvGraph/control.h>
+#include <KurvGraph/picture.h>
+#include <KurvGraph/recording_surface.h>
+
+#include <cmath>
+
+#include "app/host_desktop.h"
+
+namespace kurv::app {
+
+inline constexpr double kLargestSide = 32767;  // twips
+
+// Where a control is put. Width and height in twips.
+struct Place {
+  double width = 7200;
+  double height = 4800;
+  double scale = 1;  // device pixels per logical pixel
+  bool design = false;
+};
+
+// The recording surface has the size in twips to the letter, the picture beneath it the next whole
+// pixels.
+class HostedControl {
+ public:
+  HostedControl(Shell& shell, const Place& place)
+      : m_scale(place.scale),
+        m_picture(pixels(place.width, place.height), place.scale),
+        m_surface(place.width, place.height, m_picture),
+        m_container(to_single(place.width), to_single(place.height), !place.design),
+        m_control(m_container, shell, m_surface) {
+    m_surface.keep_last_redraw_only();
+    m_control.first_placement();
+    m_surface.clear_log();
+  }
+
+  Control& control() { return m_control; }
+  HostContainer& container() { return m_container; }
+  QImage image() const { return m_picture.image(); }
+  const std::string& drawn() const { return m_surface.log(); }
+
+  // Twips.
+  void resize(double width, double height) {
+    m_container.set_Width(to_single(width));
+    m_container.set_Height(to_single(height));
+    m_picture.resize(pixels(width, height), m_scale);
+    m_surface.set_size(width, height);
+    m_control.resize();
+  }
+
+ private:
+  static QSize pixels(double width, double height) {
+    constexpr double kTwipsPerPixel = 15;
+    return {static_cast<int>(std::ceil(width / kTwipsPerPixel)),
+            static_cast<int>(std::ceil(height / kTwipsPerPixel))};
+  }
+
+  double m_scale;
+  Picture m_picture;
+  RecordingSurface m_surface;
+  HostContainer m_container;
+  Control m_control;
+};
+
+}  // namespace kurv::app
