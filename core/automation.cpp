@@ -3,97 +3,268 @@
 #include <algorithm>
 #include <array>
 #include <type_traits>
+#include <utility>
 
 #include <KurvGraph/control.h>
+
+#include "core/control_state.h"
+#include "core/events.h"
+#include "core/words.h"
 
 namespace kurv {
 
 namespace {
 
 template <class T>
-T converted(const Variant& value) {
-  if constexpr (std::is_same_v<T, Integer>) return to_integer(value);
-  if constexpr (std::is_same_v<T, Boolean>) return to_boolean(value);
-  if constexpr (std::is_same_v<T, Single>) return to_single(value);
-  if constexpr (std::is_same_v<T, Double>) return to_double(value);
-  if constexpr (std::is_same_v<T, String>) return to_string(value);
-}
-
-template <class T>
 constexpr ValueType type_of() {
   if (std::is_same_v<T, Integer>) return ValueType::kInteger;
   if (std::is_same_v<T, Boolean>) return ValueType::kBoolean;
+  if (std::is_same_v<T, std::optional<Boolean>>) return ValueType::kBoolean;
   if (std::is_same_v<T, Single>) return ValueType::kSingle;
   if (std::is_same_v<T, Double>) return ValueType::kDouble;
+  if (std::is_same_v<T, Variant>) return ValueType::kVariant;
+  if (std::is_same_v<T, List<Double>>) return ValueType::kDoubleList;
+  if (std::is_same_v<T, Matrix<Double>>) return ValueType::kDoubleMatrix;
+  if (std::is_same_v<T, List<String>>) return ValueType::kStringList;
+  if (std::is_same_v<T, List<Boolean>>) return ValueType::kBooleanList;
   return ValueType::kString;
 }
 
-template <auto get, auto let>
-constexpr Property row(std::string_view name, std::uint32_t dispatch_id) {
-  using Value = decltype((std::declval<const Control&>().*get)());
-  return {name, dispatch_id, type_of<Value>(),
-          [](const Control& control) -> Variant { return (control.*get)(); },
-          [](Control& control, const Variant& value) { (control.*let)(converted<Value>(value)); }};
+// What a member function takes, from a self-describing value; arrays are passed as they are.
+template <class T>
+decltype(auto) converted(const Variant& value) {
+  if constexpr (std::is_same_v<T, Integer>) {
+    return to_integer(value);
+  } else if constexpr (std::is_same_v<T, Boolean>) {
+    return to_boolean(value);
+  } else if constexpr (std::is_same_v<T, std::optional<Boolean>>) {
+    const bool omitted = std::holds_alternative<std::monostate>(value);
+    return omitted ? T() : T(to_boolean(value));
+  } else if constexpr (std::is_same_v<T, Single>) {
+    return to_single(value);
+  } else if constexpr (std::is_same_v<T, Double>) {
+    return to_double(value);
+  } else if constexpr (std::is_same_v<T, String> || std::is_same_v<T, std::string_view>) {
+    return to_string(value);
+  } else if constexpr (std::is_same_v<T, Variant>) {
+    return (value);
+  } else {
+    const T* array = std::get_if<T>(&value);
+    if (array == nullptr) throw Fault(FaultKind::kTypeMismatch);
+    return (*array);
+  }
 }
 
-constexpr std::array kProperties = {
-    row<&Control::ymin, &Control::set_ymin>("ymin", 0x680300CD),
-    row<&Control::ymax, &Control::set_ymax>("ymax", 0x680300CC),
-    row<&Control::xmax, &Control::set_xmax>("xmax", 0x680300CB),
-    row<&Control::xmin, &Control::set_xmin>("xmin", 0x680300CA),
-    row<&Control::NumTicks, &Control::set_NumTicks>("NumTicks", 0x680300C7),
-    row<&Control::Autoscale, &Control::set_Autoscale>("Autoscale", 0x680300C4),
-    row<&Control::Connected, &Control::set_Connected>("Connected", 0x680300C3),
-    row<&Control::DrawMarkers, &Control::set_DrawMarkers>("DrawMarkers", 0x680300C2),
-    row<&Control::QueryForSave, &Control::set_QueryForSave>("QueryForSave", 0x680300C1),
-    row<&Control::SortXY, &Control::set_SortXY>("SortXY", 0x680300C0),
-    row<&Control::Y_grid, &Control::set_Y_grid>("Y_grid", 0x680300BF),
-    row<&Control::X_grid, &Control::set_X_grid>("X_grid", 0x680300BE),
-    row<&Control::CurvesWidth, &Control::set_CurvesWidth>("CurvesWidth", 0x680300BD),
-    row<&Control::BorderWidth, &Control::set_BorderWidth>("BorderWidth", 0x680300BC),
-    row<&Control::AxisLabelFormatX, &Control::set_AxisLabelFormatX>("AxisLabelFormatX", 0x680300BB),
-    row<&Control::FontName, &Control::set_FontName>("FontName", 0x680300BA),
-    row<&Control::FontSize, &Control::set_FontSize>("FontSize", 0x680300B9),
-    row<&Control::FontBold, &Control::set_FontBold>("FontBold", 0x680300B8),
-    row<&Control::FontItalic, &Control::set_FontItalic>("FontItalic", 0x680300B7),
-    row<&Control::TitleFontName, &Control::set_TitleFontName>("TitleFontName", 0x680300B6),
-    row<&Control::TitleFontSize, &Control::set_TitleFontSize>("TitleFontSize", 0x680300B5),
-    row<&Control::TitleFontBold, &Control::set_TitleFontBold>("TitleFontBold", 0x680300B4),
-    row<&Control::TitleFontItalic, &Control::set_TitleFontItalic>("TitleFontItalic", 0x680300B3),
-    row<&Control::SubTitleFontName, &Control::set_SubTitleFontName>("SubTitleFontName", 0x680300B2),
-    row<&Control::SubTitleFontSize, &Control::set_SubTitleFontSize>("SubTitleFontSize", 0x680300B1),
-    row<&Control::SubTitleFontBold, &Control::set_SubTitleFontBold>("SubTitleFontBold", 0x680300B0),
-    row<&Control::SubTitleFontItalic, &Control::set_SubTitleFontItalic>("SubTitleFontItalic",
-                                                                        0x680300AF),
-    row<&Control::AxisLabelFormatY, &Control::set_AxisLabelFormatY>("AxisLabelFormatY", 0x680300AE),
-    row<&Control::Right_margine, &Control::set_Right_margine>("Right_margine", 0x680300AD),
-    row<&Control::Left_margine, &Control::set_Left_margine>("Left_margine", 0x680300AC),
-    row<&Control::Top_margine, &Control::set_Top_margine>("Top_margine", 0x680300AB),
-    row<&Control::Bottom_margine, &Control::set_Bottom_margine>("Bottom_margine", 0x680300AA),
-    row<&Control::MarkerSize, &Control::set_MarkerSize>("MarkerSize", 0x680300A8),
-    row<&Control::Title, &Control::set_Title>("Title", 0x680300A7),
-    row<&Control::SubTitle, &Control::set_SubTitle>("SubTitle", 0x680300A6),
+// The row of a method, from the types of its member function and the names of its parameters.
+template <auto function, const auto& names, class... Arguments>
+struct MethodRow {
+  static constexpr std::size_t kCount = sizeof...(Arguments);
+  static_assert(names.size() == kCount);
+
+  template <std::size_t... index>
+  static constexpr auto rows(std::index_sequence<index...>) {
+    return std::array<Parameter, kCount>{Parameter{
+        names[index], type_of<Arguments>(), std::is_same_v<Arguments, std::optional<Boolean>>}...};
+  }
+  static constexpr std::array<Parameter, kCount> kParameters =
+      rows(std::make_index_sequence<kCount>());
+
+  // Arguments that were left out are empty values.
+  template <std::size_t... index>
+  static void pass([[maybe_unused]] Control& control, [[maybe_unused]] std::span<Variant> arguments,
+                   std::index_sequence<index...>) {
+    static const Variant kOmitted;
+    (control.*function)(converted<Arguments>(
+        index < arguments.size() ? std::as_const(arguments[index]) : kOmitted)...);
+  }
+  static void call(Control& control, std::span<Variant> arguments) {
+    pass(control, arguments, std::make_index_sequence<kCount>());
+  }
 };
 
-constexpr char lower(char c) {
-  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+template <auto function, const auto& names, class... Arguments>
+constexpr Member method_row(std::string_view name, std::uint32_t dispatch_id,
+                            void (Control::*)(Arguments...)) {
+  using Row = MethodRow<function, names, std::remove_cvref_t<Arguments>...>;
+  return {name,    dispatch_id, MemberKind::kMethod, ValueType::kVariant, Row::kParameters, nullptr,
+          nullptr, Row::call};
 }
 
-bool same_name(std::string_view a, std::string_view b) {
-  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                    [](char x, char y) { return lower(x) == lower(y); });
+template <auto function, const auto& names>
+constexpr Member method(std::string_view name, std::uint32_t dispatch_id) {
+  return method_row<function, names>(name, dispatch_id, function);
+}
+
+template <auto getter, auto letter>
+constexpr Member property(std::string_view name, std::uint32_t dispatch_id) {
+  using Value = decltype((std::declval<const Control&>().*getter)());
+  return {
+      name,
+      dispatch_id,
+      MemberKind::kProperty,
+      type_of<Value>(),
+      {},
+      [](const Control& control) -> Variant { return (control.*getter)(); },
+      [](Control& control, const Variant& value) { (control.*letter)(converted<Value>(value)); },
+      nullptr};
+}
+
+using Name = std::string_view;
+constexpr std::array<Name, 0> kNone{};
+constexpr std::array<Name, 11> kScatterGraph{
+    "yarr_",   "xarr",        "pNumData_",           "pNumY_",
+    "pTitle_", "xVarName_",   "yVarName_",           "pNumYFunc_",
+    "y_func_", "pConnected_", "draw_scatter_points_"};
+constexpr std::array<Name, 10> kScatterGraph2{
+    "pTitle_",    "xyArr_",     "xyVarNames_", "pNumData_",   "pNumY_",
+    "y_visible_", "pNumYFunc_", "y_func_",     "pConnected_", "draw_scatter_points_"};
+constexpr std::array<Name, 1> kFileLoad{"filename"};
+constexpr std::array<Name, 1> kChartOptions{"command"};
+
+constexpr std::array kMembers = {
+    method<&Control::init, kNone>("init", 0x600300CF),
+    method<&Control::build_the_graph, kNone>("build_the_graph", 0x600300D5),
+    method<&Control::scatter_graph, kScatterGraph>("scatter_graph", 0x600300D7),
+    method<&Control::file_load, kFileLoad>("file_load", 0x600300DA),
+    method<&Control::Save_graph, kNone>("Save_graph", 0x600300DB),
+    method<&Control::scatter_graph2, kScatterGraph2>("scatter_graph2", 0x600300DD),
+    method<&Control::Sort_xy, kNone>("Sort_xy", 0x600300F9),
+    method<&Control::ChartOptions, kChartOptions>("ChartOptions", 0x600300FD),
+    method<&Control::Restore_Grf, kNone>("Restore_Grf", 0x60030105),
+    method<&Control::CloseMe, kNone>("CloseMe", 0x6003010D),
+    property<&Control::ymin, &Control::set_ymin>("ymin", 0x680300CD),
+    property<&Control::ymax, &Control::set_ymax>("ymax", 0x680300CC),
+    property<&Control::xmax, &Control::set_xmax>("xmax", 0x680300CB),
+    property<&Control::xmin, &Control::set_xmin>("xmin", 0x680300CA),
+    property<&Control::NumTicks, &Control::set_NumTicks>("NumTicks", 0x680300C7),
+    property<&Control::Autoscale, &Control::set_Autoscale>("Autoscale", 0x680300C4),
+    property<&Control::Connected, &Control::set_Connected>("Connected", 0x680300C3),
+    property<&Control::DrawMarkers, &Control::set_DrawMarkers>("DrawMarkers", 0x680300C2),
+    property<&Control::QueryForSave, &Control::set_QueryForSave>("QueryForSave", 0x680300C1),
+    property<&Control::SortXY, &Control::set_SortXY>("SortXY", 0x680300C0),
+    property<&Control::Y_grid, &Control::set_Y_grid>("Y_grid", 0x680300BF),
+    property<&Control::X_grid, &Control::set_X_grid>("X_grid", 0x680300BE),
+    property<&Control::CurvesWidth, &Control::set_CurvesWidth>("CurvesWidth", 0x680300BD),
+    property<&Control::BorderWidth, &Control::set_BorderWidth>("BorderWidth", 0x680300BC),
+    property<&Control::AxisLabelFormatX, &Control::set_AxisLabelFormatX>("AxisLabelFormatX",
+                                                                         0x680300BB),
+    property<&Control::FontName, &Control::set_FontName>("FontName", 0x680300BA),
+    property<&Control::FontSize, &Control::set_FontSize>("FontSize", 0x680300B9),
+    property<&Control::FontBold, &Control::set_FontBold>("FontBold", 0x680300B8),
+    property<&Control::FontItalic, &Control::set_FontItalic>("FontItalic", 0x680300B7),
+    property<&Control::TitleFontName, &Control::set_TitleFontName>("TitleFontName", 0x680300B6),
+    property<&Control::TitleFontSize, &Control::set_TitleFontSize>("TitleFontSize", 0x680300B5),
+    property<&Control::TitleFontBold, &Control::set_TitleFontBold>("TitleFontBold", 0x680300B4),
+    property<&Control::TitleFontItalic, &Control::set_TitleFontItalic>("TitleFontItalic",
+                                                                       0x680300B3),
+    property<&Control::SubTitleFontName, &Control::set_SubTitleFontName>("SubTitleFontName",
+                                                                         0x680300B2),
+    property<&Control::SubTitleFontSize, &Control::set_SubTitleFontSize>("SubTitleFontSize",
+                                                                         0x680300B1),
+    property<&Control::SubTitleFontBold, &Control::set_SubTitleFontBold>("SubTitleFontBold",
+                                                                         0x680300B0),
+    property<&Control::SubTitleFontItalic, &Control::set_SubTitleFontItalic>("SubTitleFontItalic",
+                                                                             0x680300AF),
+    property<&Control::AxisLabelFormatY, &Control::set_AxisLabelFormatY>("AxisLabelFormatY",
+                                                                         0x680300AE),
+    property<&Control::Right_margine, &Control::set_Right_margine>("Right_margine", 0x680300AD),
+    property<&Control::Left_margine, &Control::set_Left_margine>("Left_margine", 0x680300AC),
+    property<&Control::Top_margine, &Control::set_Top_margine>("Top_margine", 0x680300AB),
+    property<&Control::Bottom_margine, &Control::set_Bottom_margine>("Bottom_margine", 0x680300AA),
+    property<&Control::MarkerSize, &Control::set_MarkerSize>("MarkerSize", 0x680300A8),
+    property<&Control::Title, &Control::set_Title>("Title", 0x680300A7),
+    property<&Control::SubTitle, &Control::set_SubTitle>("SubTitle", 0x680300A6),
+};
+constexpr std::size_t kMethodCount = 10;
+
+constexpr std::array kMouseUp = {
+    Parameter{"Button", ValueType::kInteger, false}, Parameter{"Shift", ValueType::kInteger, false},
+    Parameter{"x", ValueType::kSingle, false}, Parameter{"Y", ValueType::kSingle, false}};
+constexpr std::array kEvents = {Event{"MouseUp", 1, kMouseUp}};
+
+const Member& need(const MemberKey& key, MemberKind kind) {
+  const Member* member = find_member(key);
+  if (member == nullptr || member->kind != kind) throw Fault(FaultKind::kNoSuchMember);
+  return *member;
 }
 
 }  // namespace
 
-std::span<const Property> properties() {
-  return kProperties;
+std::string_view type_name(ValueType type) {
+  switch (type) {
+    case ValueType::kInteger:
+      return "Integer";
+    case ValueType::kBoolean:
+      return "Boolean";
+    case ValueType::kSingle:
+      return "Single";
+    case ValueType::kDouble:
+      return "Double";
+    case ValueType::kString:
+      return "String";
+    case ValueType::kVariant:
+      return "Variant";
+    case ValueType::kDoubleList:
+    case ValueType::kDoubleMatrix:
+      return "array of Double";
+    case ValueType::kStringList:
+      return "array of String";
+    case ValueType::kBooleanList:
+      return "array of Boolean";
+  }
+  return "";
 }
 
-const Property* find_property(std::string_view name) {
-  const auto found = std::find_if(kProperties.begin(), kProperties.end(),
-                                  [&](const Property& row) { return same_name(row.name, name); });
-  return found == kProperties.end() ? nullptr : &*found;
+std::span<const Member> members() {
+  return kMembers;
+}
+std::span<const Member> properties() {
+  return members().subspan(kMethodCount);
+}
+std::span<const Event> events() {
+  return kEvents;
+}
+
+const Member* find_member(const MemberKey& key) {
+  const auto fits = [&](const Member& member) {
+    if (const auto* name = std::get_if<std::string_view>(&key)) return is_word(*name, member.name);
+    return member.dispatch_id == std::get<std::uint32_t>(key);
+  };
+  const auto found = std::find_if(kMembers.begin(), kMembers.end(), fits);
+  return found == kMembers.end() ? nullptr : &*found;
+}
+
+const Member* find_property(std::string_view name) {
+  const Member* member = find_member(name);
+  return member != nullptr && member->kind == MemberKind::kProperty ? member : nullptr;
+}
+
+Variant get_property(const Control& control, const MemberKey& key) {
+  return need(key, MemberKind::kProperty).get(control);
+}
+
+void let_property(Control& control, const MemberKey& key, const Variant& value) {
+  need(key, MemberKind::kProperty).let(control, value);
+}
+
+void call_method(Control& control, const MemberKey& key, std::span<Variant> arguments) {
+  const Member& method = need(key, MemberKind::kMethod);
+  const auto required = std::count_if(method.parameters.begin(), method.parameters.end(),
+                                      [](const Parameter& row) { return !row.optional; });
+  if (arguments.size() > method.parameters.size()) throw Fault(FaultKind::kTooManyArguments);
+  if (arguments.size() < static_cast<std::size_t>(required)) {
+    throw Fault(FaultKind::kArgumentMissing);
+  }
+  method.call(control, arguments);
+}
+
+void raise_MouseUp(ControlState& state, Integer Button, Integer Shift, Single x, Single Y) {
+  state.container.MouseUp(Button, Shift, x, Y);
+  const std::array<Variant, 4> arguments{Button, Shift, x, Y};
+  // A listener may add another one, so they are gone through by number.
+  for (std::size_t i = 0; i < state.listeners.size(); ++i) {
+    state.listeners[i](kEvents.front(), arguments);
+  }
 }
 
 }  // namespace kurv

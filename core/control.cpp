@@ -1,12 +1,16 @@
 #include <KurvGraph/control.h>
 
+#include <utility>
+
 #include "core/axis_range.h"
 #include "core/control_state.h"
 #include "core/data_intake.h"
 #include "core/data_set.h"
+#include "core/events.h"
 #include "core/lifecycle.h"
 #include "core/redraw.h"
 #include "ui/commands.h"
+#include "ui/graph_file_commands.h"
 
 namespace kurv {
 
@@ -16,14 +20,24 @@ namespace {
 constexpr Integer kSmallestMarker = 2;
 constexpr Integer kLargestMarker = 500;
 
+constexpr const char* kNotSaved = "The graph could not be saved.";
+
 }  // namespace
 
 Control::Control(Container& container, Shell& shell, PlotSurface& surface, const Services& services)
-    : m_state(new ControlState{container, shell, surface, services, {}, {}}) {
+    : m_state(new ControlState{container, shell, surface, services}) {
   initialise(*m_state);
 }
 
-Control::~Control() = default;
+// An outer edge: a destructor has nobody to throw to. The user is told instead, as the only one who
+// can still rescue something.
+Control::~Control() {
+  try {
+    terminate();
+  } catch (const Fault&) {
+    m_state->shell.message_box(kNotSaved, kCriticalStop, "KURV Guide");
+  }
+}
 
 void Control::first_placement() {
   kurv::first_placement(*m_state);
@@ -33,6 +47,9 @@ void Control::show() {
 }
 void Control::resize() {
   kurv::resize(*m_state);
+}
+void Control::terminate() {
+  kurv::terminate(*m_state);
 }
 
 void Control::build_the_graph() {
@@ -62,6 +79,12 @@ void Control::scatter_graph2(const String& pTitle_, const Matrix<Double>& xyArr_
                        xyArr_, xyVarNames_, y_visible_, y_func_);
 }
 
+void Control::file_load(const String& filename) {
+  kurv::file_load(*m_state, filename);
+}
+void Control::Save_graph() {
+  kurv::Save_graph(*m_state);
+}
 void Control::Sort_xy() {
   kurv::Sort_xy(m_state->document, *m_state->services.swap);
 }
@@ -70,6 +93,31 @@ void Control::ChartOptions(std::string_view command) {
 }
 void Control::Restore_Grf() {
   basKurvGraph01::Restore_Grf(*m_state);
+}
+
+void Control::release_mouse(Integer Button, Integer Shift, Single x, Single Y) {
+  raise_MouseUp(*m_state, Button, Shift, x, Y);
+}
+void Control::add_listener(EventListener listener) {
+  m_state->listeners.push_back(std::move(listener));
+}
+
+String Control::FileName() const {
+  return m_state->document.FileName;
+}
+Boolean Control::GraphSaved() const {
+  return m_state->document.GraphSaved;
+}
+void Control::reset_file() {
+  kurv::reset_file(m_state->document);
+}
+
+char Control::decimal_separator() const {
+  return m_state->decimal_separator;
+}
+void Control::set_decimal_separator(char separator) {
+  if (separator != '.' && separator != ',') throw Fault(FaultKind::kInvalidProcedureCall);
+  m_state->decimal_separator = separator;
 }
 
 Integer Control::MarkerSize() const {

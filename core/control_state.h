@@ -2,12 +2,17 @@
 // functions over this record, which every room of the control may include and no host can.
 #pragma once
 
+#include <optional>
+#include <vector>
+
+#include <KurvGraph/automation.h>
 #include <KurvGraph/container.h>
 #include <KurvGraph/plot_surface.h>
 #include <KurvGraph/services.h>
 #include <KurvGraph/shell.h>
 
 #include "core/graph_document.h"
+#include "io/text_file.h"
 #include "render/layout.h"
 
 namespace kurv {
@@ -17,8 +22,14 @@ struct ControlState {
   Shell& shell;
   PlotSurface& surface;
   const Services& services;
-  GraphDocument document;
-  Layout layout;
+  GraphDocument document{};
+  Layout layout{};
+  char decimal_separator = '.';  // in graph files
+  // The graph file that is being read. A load that fails leaves it open; the next load or save
+  // begins by closing it.
+  std::optional<InputFile> open_file{};
+  bool is_terminated = false;
+  std::vector<EventListener> listeners = {};
 };
 
 }  // namespace kurv

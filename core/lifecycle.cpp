@@ -1,9 +1,12 @@
 #include "core/lifecycle.h"
 
+#include <utility>
+
 #include "core/control_state.h"
 #include "core/data_intake.h"
 #include "core/redraw.h"
 #include "render/legend_titles.h"
+#include "ui/graph_file_commands.h"
 
 namespace kurv {
 
@@ -11,6 +14,9 @@ namespace {
 
 constexpr Double kSmallestPlot = 500;        // twips
 constexpr Single kTitleFontEnlargement = 3;  // points
+
+constexpr const char* kSaveQuestion =
+    "The graph was not saved. Do you want to save it before closing ?";
 
 Integer g_instance_counter = 0;
 
@@ -77,6 +83,14 @@ void resize(ControlState& state) {
   plot.PlotWidth = to_integer(numeric.larger_of(width, kSmallestPlot));
   plot.PlotHeight = to_integer(numeric.larger_of(height, kSmallestPlot));
   if (!state.container.run_mode() || document.DataFromHost) build_the_graph(state);
+}
+
+void terminate(ControlState& state) {
+  const bool is_first = !std::exchange(state.is_terminated, true);
+  const GraphDocument& document = state.document;
+  if (!is_first || document.GraphSaved || !document.QueryForSave) return;
+  const Answer answer = state.shell.message_box(kSaveQuestion, kYesNoQuestion, "KURV Guide");
+  if (answer == Answer::kYes) Save_graph(state);
 }
 
 }  // namespace kurv

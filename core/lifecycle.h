@@ -1,4 +1,4 @@
-// The control's life from its making on.
+// The control's life.
 #pragma once
 
 namespace kurv {
@@ -20,5 +20,9 @@ void show(ControlState& state);
 // Each time the surface has changed its size. The plot is at least 500 twips wide and high until
 // the next redraw. Redraws in design mode and when the host has handed over data.
 void resize(ControlState& state);
+
+// Once, before the control is destroyed: where the host has asked for it and the graph is not
+// saved, offers the user to save it. No loses the graph without another word.
+void terminate(ControlState& state);
 
 }  // namespace kurv

@@ -24,6 +24,10 @@ struct ReadNumber {
     if (!number) throw Fault(FaultKind::kTypeMismatch);
     return *number;
   }
+  template <class Array>
+  Double operator()(const Array&) const {
+    throw Fault(FaultKind::kTypeMismatch);
+  }
 };
 
 struct WriteText {
@@ -33,6 +37,10 @@ struct WriteText {
   String operator()(Single value) const { return number_to_text(value); }
   String operator()(Double value) const { return number_to_text(value); }
   String operator()(const String& value) const { return value; }
+  template <class Array>
+  String operator()(const Array&) const {
+    throw Fault(FaultKind::kTypeMismatch);
+  }
 };
 
 // The word that a text is, or nothing when it has to be read as a number.

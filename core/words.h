@@ -14,13 +14,13 @@ inline std::string_view without_outer_blanks(std::string_view text) {
 }
 
 // Only the letters A to Z have two cases here, because the words of this system are ASCII and a
-// locale must not have a say. `word` is in small letters.
+// locale must not have a say.
 inline bool is_word(std::string_view text, std::string_view word) {
   const auto small = [](char c) {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
   };
   return std::equal(text.begin(), text.end(), word.begin(), word.end(),
-                    [&](char left, char right) { return small(left) == right; });
+                    [&](char left, char right) { return small(left) == small(right); });
 }
 
 }  // namespace kurv

@@ -3,6 +3,8 @@
 #include "core/control_state.h"
 #include "core/redraw.h"
 #include "render/legend_titles.h"
+#include "ui/export.h"
+#include "ui/graph_file_commands.h"
 
 namespace kurv {
 
@@ -20,6 +22,9 @@ void refresh(ControlState& state) {
 void ChartOptions(ControlState& state, std::string_view command) {
   state.container.set_MousePointer(kHourglassPointer);
   if (command == "refresh") refresh(state);
+  if (command == "save") Save_graph(state);
+  if (command == "saveas") save_dialog(state);
+  if (command == "open") open_graph(state);
   state.container.set_MousePointer(kDefaultPointer);
 }
 

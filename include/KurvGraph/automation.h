@@ -1,9 +1,13 @@
-// The control's properties by name, for hosts that know them only at run time.
+// The control's interface by name or number, for hosts that know its members only at run time.
+//
+// One table says what there is; calls, the pipe host and the reference page are made from it.
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <span>
 #include <string_view>
+#include <variant>
 
 #include <KurvGraph/values.h>
 
@@ -11,22 +15,71 @@ namespace kurv {
 
 class Control;
 
-enum class ValueType { kInteger, kBoolean, kSingle, kDouble, kString };
-
-// One row of the property table. `let` converts the value to the property's type first and throws
-// as the conversions of values.h do.
-struct Property {
-  std::string_view name;
-  std::uint32_t dispatch_id;
-  ValueType type;
-  Variant (*get)(const Control&);
-  void (*let)(Control&, const Variant&);
+enum class ValueType {
+  kInteger,
+  kBoolean,
+  kSingle,
+  kDouble,
+  kString,
+  kVariant,
+  kDoubleList,
+  kDoubleMatrix,
+  kStringList,
+  kBooleanList,
 };
 
-// All properties, in interface order.
-std::span<const Property> properties();
+// As the interface calls it, such as "Integer" or "array of Double".
+std::string_view type_name(ValueType type);
 
-// By name, in any letter case; nullptr when there is none.
-const Property* find_property(std::string_view name);
+struct Parameter {
+  std::string_view name;
+  ValueType type;
+  bool optional;
+};
+
+enum class MemberKind { kMethod, kProperty };
+
+struct Member {
+  std::string_view name;
+  std::uint32_t dispatch_id;
+  MemberKind kind;
+  ValueType type;                         // of a property
+  std::span<const Parameter> parameters;  // of a method
+  // nullptr where the kind has none. They convert as values.h does and check nothing else.
+  Variant (*get)(const Control&);
+  void (*let)(Control&, const Variant&);
+  void (*call)(Control&, std::span<Variant>);
+};
+
+struct Event {
+  std::string_view name;
+  std::uint32_t dispatch_id;
+  std::span<const Parameter> parameters;
+};
+
+// In interface order: methods, then properties.
+std::span<const Member> members();
+// The properties among them.
+std::span<const Member> properties();
+std::span<const Event> events();
+
+// A member by its name, in any letter case, or by its dispatch identifier.
+using MemberKey = std::variant<std::string_view, std::uint32_t>;
+
+// nullptr when there is none.
+const Member* find_member(const MemberKey& key);
+const Member* find_property(std::string_view name);
+
+// Late-bound calls. They throw kNoSuchMember also for a method that is got and a property that is
+// called, kArgumentMissing for too few arguments, kTooManyArguments for too many,
+// kTypeMismatch and kOverflow as the conversions of values.h do, and what the member itself throws.
+// An optional argument is omitted by an empty value or by a shorter list. Arguments are passed by
+// reference: a callee may write to them.
+Variant get_property(const Control& control, const MemberKey& key);
+void let_property(Control& control, const MemberKey& key, const Variant& value);
+void call_method(Control& control, const MemberKey& key, std::span<Variant> arguments);
+
+// A late-bound listener to the control's events; the arguments are those of the event's row.
+using EventListener = std::function<void(const Event& event, std::span<const Variant> arguments)>;
 
 }  // namespace kurv

@@ -15,6 +15,7 @@
 #include <string_view>
 
 #include <KurvGraph/arrays.h>
+#include <KurvGraph/automation.h>
 #include <KurvGraph/container.h>
 #include <KurvGraph/plot_surface.h>
 #include <KurvGraph/services.h>
@@ -27,9 +28,12 @@ struct ControlState;
 
 class Control {
  public:
-  // All four must outlive the control. The surface already has its size.
+  // All four must outlive the control. The surface already has its size. Throws kOverflow for the
+  // 32768th control of a process.
   Control(Container& container, Shell& shell, PlotSurface& surface,
           const Services& services = library_services());
+  // Terminates a control whose host has not: what the user then cannot save is told to the user
+  // alone, because a destructor has nobody to throw to.
   ~Control();
   Control(const Control&) = delete;
   Control& operator=(const Control&) = delete;
@@ -41,6 +45,12 @@ class Control {
   void show();
   // Each time the surface's size has changed.
   void resize();
+  // Releases the control's dialogs, of which none is open.
+  void CloseMe() {}
+  // Before the host destroys the control: where QueryForSave is True and the graph is not saved,
+  // asks the user whether to save it, and does so. A save that fails throws as Save_graph() does.
+  // Asks once; later calls do nothing.
+  void terminate();
 
   // -- Methods --------------------------------------------------------------------------------
   // Does nothing; kept for hosts that call it.
@@ -49,7 +59,7 @@ class Control {
   void build_the_graph();
   // Loads a data set: yarr_(curve, point) and xarr(point), all counted from 1. Shows a message box
   // when the data cannot be plotted; throws kSubscriptOutOfRange when an array is shorter than its
-  // count claims, or pNumY_ is above 149.
+  // count claims, or pNumY_ is above 149 and there are points.
   void scatter_graph(const Matrix<Double>& yarr_, const List<Double>& xarr, Integer pNumData_,
                      Integer pNumY_, const Variant& pTitle_, const String& xVarName_,
                      const List<String>& yVarName_, Integer pNumYFunc_, const List<String>& y_func_,
@@ -62,10 +72,28 @@ class Control {
                       const List<Boolean>& y_visible_, Integer pNumYFunc_,
                       const List<String>& y_func_, std::optional<Boolean> pConnected_ = {},
                       std::optional<Boolean> draw_scatter_points_ = {});
+  // Loads a graph file and redraws. Text is UTF-8, or code page 1252 where its bytes are not UTF-8;
+  // lines end in CR LF or LF. Handle places, font sizes and the control's size come back as whole
+  // numbers, a flag as True or False. The label formats are chosen anew where the data call for it.
+  // Data that cannot be plotted are refused as by scatter_graph2(), and everything else of the file
+  // is taken all the same. Throws kFileNotFound, kPathNotFound, kPermissionDenied,
+  // kPathFileAccessError, kDeviceIoError, and what a file that is no graph runs into:
+  // kInputPastEnd, kTypeMismatch, kOverflow, kSubscriptOutOfRange. Titles, widths, margins, ticks,
+  // formats, fonts, SortXY and the two exact-limit switches that were read until then stay; curves,
+  // places, sizes, grids, limits and the file's name are as before.
+  void file_load(const String& filename);
+  // Writes a graph that is not saved to its file, or asks the user for one where it has none. Does
+  // nothing where the graph is saved. MarkerSize, Autoscale and the visibility of function curves
+  // are not in the file. Throws kDiskFull, kPathNotFound, kPermissionDenied, kPathFileAccessError,
+  // kDeviceIoError, and kSubscriptOutOfRange for more than 30 function curves; the file is then
+  // incomplete, and the one that it was to replace is kept as NAME~.
+  void Save_graph();
   // Sorts the plotted data by ascending x, points moving whole. Does not redraw.
   void Sort_xy();
   // Runs one command by its word: "refresh" puts title, subtitle and legend back in their home
-  // places and redraws. Other words do nothing.
+  // places and redraws; "save" is Save_graph(); "saveas" asks for a file and writes it; "open" asks
+  // for a graph file, loads it and redraws once more, so that the graph counts as not saved. Other
+  // words do nothing.
   void ChartOptions(std::string_view command);
   // Default marker size and margins, limits from the data, and a redraw.
   void Restore_Grf();
@@ -146,6 +174,26 @@ class Control {
   void set_Title(const String& value);
   String SubTitle() const;
   void set_SubTitle(const String& value);
+
+  // -- Events ---------------------------------------------------------------------------------
+  // A mouse button was released over the surface, at this point of it in twips. Raises the event
+  // MouseUp: the container hears it, and so does every listener.
+  void release_mouse(Integer Button, Integer Shift, Single x, Single Y);
+  // For hosts that bind late; listeners stay as long as the control does.
+  void add_listener(EventListener listener);
+
+  // -- The graph's file -----------------------------------------------------------------------
+  // The path last loaded or written, empty before the first.
+  String FileName() const;
+  // False again after every redraw and every resize.
+  Boolean GraphSaved() const;
+  // Forgets the path, so that other data are never saved over an older graph.
+  void reset_file();
+  // What stands before the fraction of a number in graph files: a point, or a comma where the
+  // host's locale has one. Every number of a data line that has a fraction then reads back as two.
+  // Throws kInvalidProcedureCall for anything else.
+  char decimal_separator() const;
+  void set_decimal_separator(char separator);
 
   // For the library's own rooms; a host sees only the declaration.
   ControlState& state() { return *m_state; }

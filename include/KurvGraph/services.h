@@ -7,13 +7,14 @@
 #include <memory>
 #include <string_view>
 
+#include <KurvGraph/class_registry.h>
+#include <KurvGraph/expr_evaluator.h>
 #include <KurvGraph/values.h>
 
 namespace kurv {
 
-class NumericService {
+class NumericService : public Service {
  public:
-  virtual ~NumericService() = default;
   // The base-10 logarithm. Throws kInvalidProcedureCall where it is not defined (zero, negative).
   virtual Double decimal_logarithm(Double value) const = 0;
   // The largest whole number not above the value, and the smallest not below it.
@@ -22,30 +23,31 @@ class NumericService {
   virtual Double larger_of(Double value, Double other) const = 0;
 };
 
-class SwapService {
+class SwapService : public Service {
  public:
-  virtual ~SwapService() = default;
   virtual void exchange(Double& first, Double& second) const = 0;
 };
 
-class TextFieldTool {
+class TextFieldTool : public Service {
  public:
-  virtual ~TextFieldTool() = default;
   // The field, counted from 1, of a text in which the delimiter stands between fields. Empty where
   // there is no such field.
   virtual String GetField(std::string_view text, int field, std::string_view delimiter) const = 0;
 };
 
-// One of each, shared by all controls of a process.
+// One of each, in the order in which they are created.
 struct Services {
+  std::unique_ptr<ExprEvaluator> evaluator;
   std::unique_ptr<NumericService> numeric;
   std::unique_ptr<SwapService> swap;
   std::unique_ptr<TextFieldTool> text_field;
 };
 
-// The built-in ones: the library's set, made at its first use.
+// The library's set, shared by all controls of a process: created at its first use, from the
+// classes that are registered then. Where one cannot be created, its fault reaches the caller, and
+// the next use tries again.
 const Services& library_services();
-// A fresh built-in set, for a host that wants to replace some of it.
+// A fresh set of the classes that are registered now.
 Services make_services();
 
 }  // namespace kurv

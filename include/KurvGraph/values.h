@@ -6,6 +6,8 @@
 #include <string>
 #include <variant>
 
+#include <KurvGraph/arrays.h>
+
 namespace kurv {
 
 using Integer = std::int16_t;
@@ -41,7 +43,8 @@ class Boolean {
 };
 
 // A self-describing value; std::monostate is the empty one.
-using Variant = std::variant<std::monostate, Boolean, Integer, Single, Double, String>;
+using Variant = std::variant<std::monostate, Boolean, Integer, Single, Double, String, List<Double>,
+                             Matrix<Double>, List<String>, List<Boolean>>;
 
 // The nearest 16-bit integer, ties to even. Throws kOverflow where there is none (NaN included).
 Integer to_integer(Double value);
@@ -54,7 +57,8 @@ Single to_single(Double value);
 
 // Conversions of a self-describing value, as a dispatch interface makes them. Text is read as
 // text_to_number() reads it; an empty value is zero, False or the empty text; True counts as -1.
-// They throw kTypeMismatch for text that is no number, kOverflow for a number that does not fit.
+// They throw kTypeMismatch for arrays and for text that is no number, kOverflow for a number that
+// does not fit.
 Integer to_integer(const Variant& value);
 Single to_single(const Variant& value);
 Double to_double(const Variant& value);

@@ -24,8 +24,8 @@ struct Source {
 };
 
 // core/ has two floors: the model below the painting, the control above it.
-const std::set<std::string> kModel = {"decimal",  "fault",  "graph_document", "number_text",
-                                      "services", "values", "words"};
+const std::set<std::string> kModel = {"built_in_services", "decimal", "fault", "graph_document",
+                                      "number_text",       "values",  "words"};
 
 std::string room_of(const fs::path& path) {
   const std::string first = path.begin()->string();
@@ -34,10 +34,14 @@ std::string room_of(const fs::path& path) {
   return first == "include" ? "public" : first;
 }
 
+// Every folder but those that are read by nobody who ships.
 std::vector<Source> sources() {
+  const std::set<std::string> left_out = {"bench", "build", "docs", "fuzz", "tests"};
   std::vector<Source> found;
-  for (const char* top : {"include", "core", "render", "raster", "ui", "qt", "app", "examples"}) {
-    for (const auto& entry : fs::recursive_directory_iterator(kRoot / top)) {
+  for (const auto& top : fs::directory_iterator(kRoot)) {
+    const std::string name = top.path().filename().string();
+    if (!top.is_directory() || name.starts_with('.') || left_out.contains(name)) continue;
+    for (const auto& entry : fs::recursive_directory_iterator(top)) {
       const std::string extension = entry.path().extension().string();
       if (extension != ".h" && extension != ".cpp") continue;
       std::ifstream file(entry.path(), std::ios::binary);
@@ -65,13 +69,15 @@ bool matches(const Source& source, const char* pattern) {
 
 bool may_know_the_toolkit(const Source& source) {
   return source.room == "qt" || source.room == "app" || source.room == "examples" ||
-         source.path == "include/KurvGraph/picture.h";
+         source.path == "include/KurvGraph/picture.h" ||
+         source.path == "include/KurvGraph/KurvGraph.h";
 }
 
 TEST(Architecture, SourcesAreFound) {
   std::set<std::string> rooms;
   for (const Source& source : sources()) rooms.insert(source.room);
-  for (const char* room : {"public", "model", "control", "render", "raster", "qt", "app"}) {
+  for (const char* room :
+       {"public", "model", "control", "render", "raster", "io", "expr", "qt", "app"}) {
     EXPECT_TRUE(rooms.contains(room)) << room;
   }
 }
@@ -82,8 +88,10 @@ TEST(Architecture, NothingIncludesUpwards) {
       {"model", {"model"}},
       {"raster", {"raster"}},
       {"render", {"render", "model"}},
-      {"control", {"control", "render", "model"}},
-      {"qt", {"qt", "raster", "render", "control", "model"}},
+      {"io", {"io", "render", "model"}},
+      {"expr", {"expr", "model"}},
+      {"control", {"control", "io", "expr", "render", "model"}},
+      {"qt", {"qt", "raster", "io", "render", "control", "model"}},
       {"app", {"app"}},
       {"examples", {}},
   };
@@ -91,6 +99,7 @@ TEST(Architecture, NothingIncludesUpwards) {
     for (const std::string& include : includes(source)) {
       if (include[0] != '"') continue;
       const std::string room = room_of(include.substr(1));
+      ASSERT_TRUE(allowed.contains(source.room)) << source.path << " is in an unknown room";
       EXPECT_TRUE(allowed.at(source.room).contains(room))
           << source.path << " includes " << include.substr(1);
     }
@@ -125,6 +134,8 @@ TEST(Architecture, NumbersAndTextsDependOnNoLocale) {
     EXPECT_FALSE(matches(source, locale_bound)) << source.path;
     if (source.room == "app" || source.room == "qt") continue;
     for (const char* header : {"<iostream", "<sstream", "<locale", "<iomanip", "<cstdio"}) {
+      // Files of bytes are the other thing that <cstdio> is for.
+      if (source.path.starts_with("io/text_file.")) continue;
       for (const std::string& include : includes(source)) {
         EXPECT_NE(include, header) << source.path;
       }
@@ -134,7 +145,10 @@ TEST(Architecture, NumbersAndTextsDependOnNoLocale) {
 
 TEST(Architecture, OnlyTheOuterEdgesCatch) {
   for (const Source& source : sources()) {
-    if (source.room == "app") continue;
+    // The widget stands between the control and the event loop, which no exception may cross, and
+    // the control's destructor has nobody to throw to.
+    if (source.room == "app" || source.path == "qt/kurv_graph.cpp") continue;
+    if (source.path == "core/control.cpp") continue;
     EXPECT_FALSE(matches(source, R"(\bcatch\s*\()")) << source.path;
   }
 }

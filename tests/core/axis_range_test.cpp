@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <limits>
 
 #include "tests/support/test_host.h"
@@ -95,6 +96,24 @@ TEST(AxisRange, SpanOfZeroOnARoundedAxisIsTheNumericHelpersError) {
   TestHost host;
   host.document().XLimitsExact = false;
   EXPECT_THROW(host.load({5, 5}, {1, 2}), Fault);
+  EXPECT_EQ(host.control.xmin(), 5) << "what was computed until then stays";
+  EXPECT_EQ(host.control.xmax(), 5);
+  EXPECT_EQ(host.control.ymin(), 1E+299);
+  EXPECT_EQ(host.control.ymax(), -1E+299);
+}
+
+TEST(AxisRange, HelperThatFailsToRoundUpLeavesTheLowerLimitRounded) {
+  struct NoRoundingUp final : NumericService {
+    Double decimal_logarithm(Double) const override { return 0; }
+    Double round_down(Double value) const override { return std::floor(value); }
+    Double round_up(Double) const override { throw Fault(FaultKind::kOverflow); }
+    Double larger_of(Double value, Double) const override { return value; }
+  };
+  TestHost host;
+  host.load({1, 2}, {3, 37});
+  EXPECT_THROW(basKurvGraph01::compute_axis_range(host.document(), NoRoundingUp()), Fault);
+  EXPECT_EQ(host.control.ymin(), 0);
+  EXPECT_EQ(host.control.ymax(), 37);
 }
 
 TEST(AxisRange, RestoreBringsDefaultsAndLimitsAndRedraws) {

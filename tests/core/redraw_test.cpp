@@ -37,6 +37,27 @@ TEST(Redraw, TwiceTheSameIsTheSamePicture) {
   EXPECT_EQ(host.redrawn(), first);
 }
 
+TEST(Redraw, PenWidthSurvivesFromOneRedrawToTheNext) {
+  TestHost host;
+  host.load({0, 1}, {1, 3});
+  host.document().y_visible(1) = false;
+  host.control.set_BorderWidth(4);
+  const std::string log = host.redrawn();
+  EXPECT_EQ(log.find("width "), log.rfind("width ")) << "only the border sets a width";
+  EXPECT_LT(log.find("segment "), log.find("width 4\n")) << "ticks take what was left";
+}
+
+TEST(Redraw, MovesNoHandleHome) {
+  TestHost host;
+  host.load({0, 1}, {1, 3});
+  host.layout().imgTitle.left = 1234;
+  host.layout().picLegend.top = 2345;
+  host.control.set_Left_margine(1500);
+  host.control.build_the_graph();
+  EXPECT_EQ(host.layout().imgTitle.left, 1234);
+  EXPECT_EQ(host.layout().picLegend.top, 2345);
+}
+
 TEST(Redraw, FaultLeavesWhatWasPainted) {
   TestHost host;
   host.load({0, 1}, {1, 3});

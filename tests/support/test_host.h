@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "core/control_state.h"
-#include "render/recording_surface.h"
+#include <KurvGraph/recording_surface.h>
 
 namespace kurv::test {
 

@@ -1,3 +1,5 @@
+#include "core/built_in_services.h"
+
 #include <KurvGraph/services.h>
 
 #include <cmath>
@@ -42,14 +44,14 @@ class BuiltInTextFieldTool final : public TextFieldTool {
 
 }  // namespace
 
-Services make_services() {
-  return {std::make_unique<BuiltInNumericService>(), std::make_unique<BuiltInSwapService>(),
-          std::make_unique<BuiltInTextFieldTool>()};
+std::unique_ptr<Service> make_numeric_service() {
+  return std::make_unique<BuiltInNumericService>();
 }
-
-const Services& library_services() {
-  static const Services services = make_services();
-  return services;
+std::unique_ptr<Service> make_swap_service() {
+  return std::make_unique<BuiltInSwapService>();
+}
+std::unique_ptr<Service> make_text_field_tool() {
+  return std::make_unique<BuiltInTextFieldTool>();
 }
 
 }  // namespace kurv

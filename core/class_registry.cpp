@@ -1,0 +1,79 @@
+#include <KurvGraph/class_registry.h>
+
+#include <algorithm>
+#include <array>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include <KurvGraph/services.h>
+
+#include "core/built_in_services.h"
+#include "expr/evaluator.h"
+
+namespace kurv {
+
+namespace {
+
+struct BuiltIn {
+  std::string_view class_id;
+  std::unique_ptr<Service> (*make)();
+};
+
+constexpr std::array kBuiltIn = {
+    BuiltIn{kExprEvaluatorClass, []() -> std::unique_ptr<Service> { return make_evaluator(); }},
+    BuiltIn{kNumericServiceClass, make_numeric_service},
+    BuiltIn{kSwapServiceClass, make_swap_service},
+    BuiltIn{kTextFieldToolClass, make_text_field_tool},
+};
+
+struct Registered {
+  std::string class_id;
+  ServiceFactory factory;
+};
+
+std::vector<Registered>& registered() {
+  static std::vector<Registered> classes;
+  return classes;
+}
+
+template <class Classes>
+auto find_class(Classes& classes, std::string_view class_id) {
+  return std::find_if(classes.begin(), classes.end(),
+                      [&](const auto& entry) { return entry.class_id == class_id; });
+}
+
+}  // namespace
+
+void register_class(std::string_view class_id, ServiceFactory factory) {
+  auto& classes = registered();
+  if (const auto found = find_class(classes, class_id); found != classes.end()) {
+    classes.erase(found);
+  }
+  if (factory) classes.push_back({std::string(class_id), std::move(factory)});
+}
+
+std::unique_ptr<Service> create_service(std::string_view class_id) {
+  const auto& classes = registered();
+  if (const auto found = find_class(classes, class_id); found != classes.end()) {
+    // A copy, because a factory may register another class while it runs.
+    const ServiceFactory factory = found->factory;
+    return factory();
+  }
+  const auto built_in = find_class(kBuiltIn, class_id);
+  if (built_in == kBuiltIn.end()) throw Fault(FaultKind::kCannotCreateObject);
+  return built_in->make();
+}
+
+// Braces evaluate from left to right, so this is also the order of creation.
+Services make_services() {
+  return {create<ExprEvaluator>(kExprEvaluatorClass), create<NumericService>(kNumericServiceClass),
+          create<SwapService>(kSwapServiceClass), create<TextFieldTool>(kTextFieldToolClass)};
+}
+
+const Services& library_services() {
+  static const Services services = make_services();
+  return services;
+}
+
+}  // namespace kurv
