@@ -82,12 +82,8 @@ TEST(Services, FourAreCreatedInTheirOrder) {
 
 TEST(Services, HostsOwnClassTakesTheBuiltInOnesPlace) {
   const Registration failing(kNumericServiceClass, [] { return std::make_unique<NoLogarithm>(); });
-  test::TestHost host;
-  EXPECT_EQ(fault_of([&] {
-              host.load({1, 2}, {3, 4});
-            }),
-            FaultKind::kDeviceIoError)
-      << "its failure reaches the caller of the control";
+  EXPECT_EQ(fault_of([] { test::TestHost host; }), FaultKind::kDeviceIoError)
+      << "its failure reaches whoever makes a control, which loads its demonstration graph";
 }
 
 TEST(Services, WhatCannotBeCreatedIsATypedError) {
