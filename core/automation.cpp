@@ -84,23 +84,27 @@ struct MethodRow {
 
 template <auto function, const auto& names, class... Arguments>
 constexpr Member method_row(std::string_view name, std::uint32_t dispatch_id,
-                            void (Control::*)(Arguments...)) {
+                            std::string_view summary, void (Control::*)(Arguments...)) {
   using Row = MethodRow<function, names, std::remove_cvref_t<Arguments>...>;
-  return {name,    dispatch_id, MemberKind::kMethod, ValueType::kVariant, Row::kParameters, nullptr,
-          nullptr, Row::call};
+  return {
+      name,    dispatch_id, summary,  MemberKind::kMethod, ValueType::kVariant, Row::kParameters,
+      nullptr, nullptr,     Row::call};
 }
 
 template <auto function, const auto& names>
-constexpr Member method(std::string_view name, std::uint32_t dispatch_id) {
-  return method_row<function, names>(name, dispatch_id, function);
+constexpr Member method(std::string_view name, std::uint32_t dispatch_id,
+                        std::string_view summary) {
+  return method_row<function, names>(name, dispatch_id, summary, function);
 }
 
 template <auto getter, auto letter>
-constexpr Member property(std::string_view name, std::uint32_t dispatch_id) {
+constexpr Member property(std::string_view name, std::uint32_t dispatch_id,
+                          std::string_view summary) {
   using Value = decltype((std::declval<const Control&>().*getter)());
   return {
       name,
       dispatch_id,
+      summary,
       MemberKind::kProperty,
       type_of<Value>(),
       {},
@@ -122,65 +126,110 @@ constexpr std::array<Name, 1> kFileLoad{"filename"};
 constexpr std::array<Name, 1> kChartOptions{"command"};
 
 constexpr std::array kMembers = {
-    method<&Control::init, kNone>("init", 0x600300CF),
-    method<&Control::build_the_graph, kNone>("build_the_graph", 0x600300D5),
-    method<&Control::scatter_graph, kScatterGraph>("scatter_graph", 0x600300D7),
-    method<&Control::file_load, kFileLoad>("file_load", 0x600300DA),
-    method<&Control::Save_graph, kNone>("Save_graph", 0x600300DB),
-    method<&Control::scatter_graph2, kScatterGraph2>("scatter_graph2", 0x600300DD),
-    method<&Control::Sort_xy, kNone>("Sort_xy", 0x600300F9),
-    method<&Control::ChartOptions, kChartOptions>("ChartOptions", 0x600300FD),
-    method<&Control::Restore_Grf, kNone>("Restore_Grf", 0x60030105),
-    method<&Control::CloseMe, kNone>("CloseMe", 0x6003010D),
-    property<&Control::ymin, &Control::set_ymin>("ymin", 0x680300CD),
-    property<&Control::ymax, &Control::set_ymax>("ymax", 0x680300CC),
-    property<&Control::xmax, &Control::set_xmax>("xmax", 0x680300CB),
-    property<&Control::xmin, &Control::set_xmin>("xmin", 0x680300CA),
-    property<&Control::NumTicks, &Control::set_NumTicks>("NumTicks", 0x680300C7),
-    property<&Control::Autoscale, &Control::set_Autoscale>("Autoscale", 0x680300C4),
-    property<&Control::Connected, &Control::set_Connected>("Connected", 0x680300C3),
-    property<&Control::DrawMarkers, &Control::set_DrawMarkers>("DrawMarkers", 0x680300C2),
-    property<&Control::QueryForSave, &Control::set_QueryForSave>("QueryForSave", 0x680300C1),
-    property<&Control::SortXY, &Control::set_SortXY>("SortXY", 0x680300C0),
-    property<&Control::Y_grid, &Control::set_Y_grid>("Y_grid", 0x680300BF),
-    property<&Control::X_grid, &Control::set_X_grid>("X_grid", 0x680300BE),
-    property<&Control::CurvesWidth, &Control::set_CurvesWidth>("CurvesWidth", 0x680300BD),
-    property<&Control::BorderWidth, &Control::set_BorderWidth>("BorderWidth", 0x680300BC),
-    property<&Control::AxisLabelFormatX, &Control::set_AxisLabelFormatX>("AxisLabelFormatX",
-                                                                         0x680300BB),
-    property<&Control::FontName, &Control::set_FontName>("FontName", 0x680300BA),
-    property<&Control::FontSize, &Control::set_FontSize>("FontSize", 0x680300B9),
-    property<&Control::FontBold, &Control::set_FontBold>("FontBold", 0x680300B8),
-    property<&Control::FontItalic, &Control::set_FontItalic>("FontItalic", 0x680300B7),
-    property<&Control::TitleFontName, &Control::set_TitleFontName>("TitleFontName", 0x680300B6),
-    property<&Control::TitleFontSize, &Control::set_TitleFontSize>("TitleFontSize", 0x680300B5),
-    property<&Control::TitleFontBold, &Control::set_TitleFontBold>("TitleFontBold", 0x680300B4),
-    property<&Control::TitleFontItalic, &Control::set_TitleFontItalic>("TitleFontItalic",
-                                                                       0x680300B3),
-    property<&Control::SubTitleFontName, &Control::set_SubTitleFontName>("SubTitleFontName",
-                                                                         0x680300B2),
-    property<&Control::SubTitleFontSize, &Control::set_SubTitleFontSize>("SubTitleFontSize",
-                                                                         0x680300B1),
-    property<&Control::SubTitleFontBold, &Control::set_SubTitleFontBold>("SubTitleFontBold",
-                                                                         0x680300B0),
-    property<&Control::SubTitleFontItalic, &Control::set_SubTitleFontItalic>("SubTitleFontItalic",
-                                                                             0x680300AF),
-    property<&Control::AxisLabelFormatY, &Control::set_AxisLabelFormatY>("AxisLabelFormatY",
-                                                                         0x680300AE),
-    property<&Control::Right_margine, &Control::set_Right_margine>("Right_margine", 0x680300AD),
-    property<&Control::Left_margine, &Control::set_Left_margine>("Left_margine", 0x680300AC),
-    property<&Control::Top_margine, &Control::set_Top_margine>("Top_margine", 0x680300AB),
-    property<&Control::Bottom_margine, &Control::set_Bottom_margine>("Bottom_margine", 0x680300AA),
-    property<&Control::MarkerSize, &Control::set_MarkerSize>("MarkerSize", 0x680300A8),
-    property<&Control::Title, &Control::set_Title>("Title", 0x680300A7),
-    property<&Control::SubTitle, &Control::set_SubTitle>("SubTitle", 0x680300A6),
+    method<&Control::init, kNone>("init", 0x600300CF, "Does nothing; kept for hosts that call it."),
+    method<&Control::build_the_graph, kNone>(
+        "build_the_graph", 0x600300D5,
+        "Clears and redraws the whole graph; nothing until data have come."),
+    method<&Control::scatter_graph, kScatterGraph>(
+        "scatter_graph", 0x600300D7,
+        "Loads a data set: `yarr_` by curve and point, `xarr` by point, all counted from 1; every "
+        "curve is visible. Draws, or shows a message where the data cannot be plotted."),
+    method<&Control::file_load, kFileLoad>("file_load", 0x600300DA,
+                                           "Loads a graph file and draws it."),
+    method<&Control::Save_graph, kNone>("Save_graph", 0x600300DB,
+                                        "Writes a graph that is not saved to its file, or asks the "
+                                        "user for one where it has none."),
+    method<&Control::scatter_graph2, kScatterGraph2>(
+        "scatter_graph2", 0x600300DD,
+        "The same from one matrix by column and point, of which column 1 is x, with names alike "
+        "and a visibility flag for each curve. More than 149 curves are cut to 149."),
+    method<&Control::Sort_xy, kNone>(
+        "Sort_xy", 0x600300F9,
+        "Sorts the plotted data by ascending x, points moving whole. Does not redraw."),
+    method<&Control::ChartOptions, kChartOptions>(
+        "ChartOptions", 0x600300FD, "Runs one command by its word, in small letters."),
+    method<&Control::Restore_Grf, kNone>(
+        "Restore_Grf", 0x60030105,
+        "Default marker size and margins, limits from the data, and a redraw."),
+    method<&Control::CloseMe, kNone>("CloseMe", 0x6003010D, "Releases the control's windows."),
+    property<&Control::ymin, &Control::set_ymin>("ymin", 0x680300CD, "Lower limit of y."),
+    property<&Control::ymax, &Control::set_ymax>("ymax", 0x680300CC, "Upper limit of y."),
+    property<&Control::xmax, &Control::set_xmax>("xmax", 0x680300CB, "Upper limit of x."),
+    property<&Control::xmin, &Control::set_xmin>("xmin", 0x680300CA, "Lower limit of x."),
+    property<&Control::NumTicks, &Control::set_NumTicks>("NumTicks", 0x680300C7,
+                                                         "Tick intervals on each axis."),
+    property<&Control::Autoscale, &Control::set_Autoscale>(
+        "Autoscale", 0x680300C4, "Limits follow the data when curves are shown and hidden."),
+    property<&Control::Connected, &Control::set_Connected>("Connected", 0x680300C3,
+                                                           "Lines between the points."),
+    property<&Control::DrawMarkers, &Control::set_DrawMarkers>(
+        "DrawMarkers", 0x680300C2, "A marker at each point; only True draws them."),
+    property<&Control::QueryForSave, &Control::set_QueryForSave>(
+        "QueryForSave", 0x680300C1,
+        "Ask the user to save an unsaved graph before the control ends."),
+    property<&Control::SortXY, &Control::set_SortXY>("SortXY", 0x680300C0,
+                                                     "Plot the points sorted by x."),
+    property<&Control::Y_grid, &Control::set_Y_grid>("Y_grid", 0x680300BF,
+                                                     "Vertical lines at the x ticks."),
+    property<&Control::X_grid, &Control::set_X_grid>("X_grid", 0x680300BE,
+                                                     "Horizontal lines at the y ticks."),
+    property<&Control::CurvesWidth, &Control::set_CurvesWidth>("CurvesWidth", 0x680300BD,
+                                                               "Width of curves, pixels."),
+    property<&Control::BorderWidth, &Control::set_BorderWidth>("BorderWidth", 0x680300BC,
+                                                               "Width of the frame, pixels."),
+    property<&Control::AxisLabelFormatX, &Control::set_AxisLabelFormatX>(
+        "AxisLabelFormatX", 0x680300BB, "Number format of the x labels, such as `0.00`."),
+    property<&Control::FontName, &Control::set_FontName>("FontName", 0x680300BA,
+                                                         "Font of axis labels and legend."),
+    property<&Control::FontSize, &Control::set_FontSize>("FontSize", 0x680300B9,
+                                                         "Its size, points."),
+    property<&Control::FontBold, &Control::set_FontBold>("FontBold", 0x680300B8,
+                                                         "Whether it is bold."),
+    property<&Control::FontItalic, &Control::set_FontItalic>("FontItalic", 0x680300B7,
+                                                             "Whether it is italic."),
+    property<&Control::TitleFontName, &Control::set_TitleFontName>("TitleFontName", 0x680300B6,
+                                                                   "Font of the title."),
+    property<&Control::TitleFontSize, &Control::set_TitleFontSize>("TitleFontSize", 0x680300B5,
+                                                                   "Its size, points."),
+    property<&Control::TitleFontBold, &Control::set_TitleFontBold>("TitleFontBold", 0x680300B4,
+                                                                   "Whether it is bold."),
+    property<&Control::TitleFontItalic, &Control::set_TitleFontItalic>(
+        "TitleFontItalic", 0x680300B3, "Whether it is italic."),
+    property<&Control::SubTitleFontName, &Control::set_SubTitleFontName>(
+        "SubTitleFontName", 0x680300B2, "Font of the subtitle."),
+    property<&Control::SubTitleFontSize, &Control::set_SubTitleFontSize>(
+        "SubTitleFontSize", 0x680300B1, "Its size, points."),
+    property<&Control::SubTitleFontBold, &Control::set_SubTitleFontBold>(
+        "SubTitleFontBold", 0x680300B0, "Whether it is bold."),
+    property<&Control::SubTitleFontItalic, &Control::set_SubTitleFontItalic>(
+        "SubTitleFontItalic", 0x680300AF, "Whether it is italic."),
+    property<&Control::AxisLabelFormatY, &Control::set_AxisLabelFormatY>(
+        "AxisLabelFormatY", 0x680300AE, "Number format of the y labels."),
+    property<&Control::Right_margine, &Control::set_Right_margine>(
+        "Right_margine", 0x680300AD, "Space right of the plot, twips."),
+    property<&Control::Left_margine, &Control::set_Left_margine>("Left_margine", 0x680300AC,
+                                                                 "Space left of the plot, twips."),
+    property<&Control::Top_margine, &Control::set_Top_margine>("Top_margine", 0x680300AB,
+                                                               "Space above the plot, twips."),
+    property<&Control::Bottom_margine, &Control::set_Bottom_margine>(
+        "Bottom_margine", 0x680300AA, "Space below the plot, twips."),
+    property<&Control::MarkerSize, &Control::set_MarkerSize>(
+        "MarkerSize", 0x680300A8,
+        "Radius of the circular markers, twips; values below 2 or above 500 are ignored."),
+    property<&Control::Title, &Control::set_Title>("Title", 0x680300A7, "The title."),
+    property<&Control::SubTitle, &Control::set_SubTitle>("SubTitle", 0x680300A6,
+                                                         "The subtitle, beside the title."),
 };
 constexpr std::size_t kMethodCount = 10;
 
 constexpr std::array kMouseUp = {
     Parameter{"Button", ValueType::kInteger, false}, Parameter{"Shift", ValueType::kInteger, false},
     Parameter{"x", ValueType::kSingle, false}, Parameter{"Y", ValueType::kSingle, false}};
-constexpr std::array kEvents = {Event{"MouseUp", 1, kMouseUp}};
+constexpr std::array kEvents = {
+    Event{"MouseUp", 1,
+          "A mouse button was released over the plot: 1 left, 2 right, 4 middle; 1 shift, 2 "
+          "control, 4 alt, added up; the point on the surface, twips.",
+          kMouseUp}};
 
 const Member& need(const MemberKey& key, MemberKind kind) {
   const Member* member = find_member(key);

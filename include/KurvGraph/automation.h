@@ -42,6 +42,7 @@ enum class MemberKind { kMethod, kProperty };
 struct Member {
   std::string_view name;
   std::uint32_t dispatch_id;
+  std::string_view summary;  // a sentence or two for people
   MemberKind kind;
   ValueType type;                         // of a property
   std::span<const Parameter> parameters;  // of a method
@@ -54,6 +55,7 @@ struct Member {
 struct Event {
   std::string_view name;
   std::uint32_t dispatch_id;
+  std::string_view summary;
   std::span<const Parameter> parameters;
 };
 

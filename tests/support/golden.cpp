@@ -9,7 +9,11 @@
 namespace kurv::test {
 
 void expect_golden(const std::string& name, const std::string& text) {
-  const std::string path = std::string(KURV_SOURCE_DIR) + "/tests/golden/" + name;
+  expect_page("tests/golden/" + name, text);
+}
+
+void expect_page(const std::string& from_root, const std::string& text) {
+  const std::string path = std::string(KURV_SOURCE_DIR) + '/' + from_root;
   if (const char* update = std::getenv("UPDATE_GOLDENS"); update && *update == '1') {
     std::ofstream(path, std::ios::binary) << text;
     return;
