@@ -84,7 +84,7 @@ String keep_old_file(const String& path, bool (*is_torn)(const String& path)) {
   }
   std::error_code error;
   if (!fs::is_regular_file(path, error)) return {};
-  const String kept = path + "~";
+  String kept = path + "~";
   if (fs::exists(kept, error) && is_torn(path)) return kept;
   fs::rename(path, kept, error);
   if (error) throw fault_of(error.value(), FaultKind::kPathFileAccessError);

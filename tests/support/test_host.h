@@ -9,8 +9,8 @@
 #include <utility>
 #include <vector>
 
-#include "core/control_state.h"
 #include <KurvGraph/recording_surface.h>
+#include "core/control_state.h"
 
 namespace kurv::test {
 
