@@ -296,23 +296,26 @@ void let_property(Control& control, const MemberKey& key, const Variant& value) 
   need(key, MemberKind::kProperty).let(control, value);
 }
 
-void call_method(Control& control, const MemberKey& key, std::span<Variant> arguments) {
-  const Member& method = need(key, MemberKind::kMethod);
+void check_count(const Member& method, std::size_t count) {
   const auto required = std::count_if(method.parameters.begin(), method.parameters.end(),
                                       [](const Parameter& row) { return !row.optional; });
-  if (arguments.size() > method.parameters.size()) throw Fault(FaultKind::kTooManyArguments);
-  if (arguments.size() < static_cast<std::size_t>(required)) {
-    throw Fault(FaultKind::kArgumentMissing);
-  }
+  if (count > method.parameters.size()) throw Fault(FaultKind::kTooManyArguments);
+  if (count < static_cast<std::size_t>(required)) throw Fault(FaultKind::kArgumentMissing);
+}
+
+void call_method(Control& control, const MemberKey& key, std::span<Variant> arguments) {
+  const Member& method = need(key, MemberKind::kMethod);
+  check_count(method, arguments.size());
   method.call(control, arguments);
 }
 
 void raise_MouseUp(ControlState& state, Integer Button, Integer Shift, Single x, Single Y) {
   state.container.MouseUp(Button, Shift, x, Y);
   const std::array<Variant, 4> arguments{Button, Shift, x, Y};
-  // A listener may add another one, so they are gone through by number.
+  // A listener may add others, which moves them all, so a copy is called.
   for (std::size_t i = 0; i < state.listeners.size(); ++i) {
-    state.listeners[i](kEvents.front(), arguments);
+    const EventListener listener = state.listeners[i];
+    listener(kEvents.front(), arguments);
   }
 }
 

@@ -9,6 +9,7 @@
 #include <KurvGraph/services.h>
 
 #include "core/built_in_services.h"
+#include "core/words.h"
 #include "expr/evaluator.h"
 
 namespace kurv {
@@ -40,7 +41,7 @@ std::vector<Registered>& registered() {
 template <class Classes>
 auto find_class(Classes& classes, std::string_view class_id) {
   return std::find_if(classes.begin(), classes.end(),
-                      [&](const auto& entry) { return entry.class_id == class_id; });
+                      [&](const auto& entry) { return is_word(entry.class_id, class_id); });
 }
 
 }  // namespace
@@ -55,14 +56,16 @@ void register_class(std::string_view class_id, ServiceFactory factory) {
 
 std::unique_ptr<Service> create_service(std::string_view class_id) {
   const auto& classes = registered();
+  std::unique_ptr<Service> service;
   if (const auto found = find_class(classes, class_id); found != classes.end()) {
     // A copy, because a factory may register another class while it runs.
     const ServiceFactory factory = found->factory;
-    return factory();
+    service = factory();
+  } else if (const auto built_in = find_class(kBuiltIn, class_id); built_in != kBuiltIn.end()) {
+    service = built_in->make();
   }
-  const auto built_in = find_class(kBuiltIn, class_id);
-  if (built_in == kBuiltIn.end()) throw Fault(FaultKind::kCannotCreateObject);
-  return built_in->make();
+  if (!service) throw Fault(FaultKind::kCannotCreateObject);
+  return service;
 }
 
 // Braces evaluate from left to right, so this is also the order of creation.

@@ -72,48 +72,55 @@ class Column {
   int m_upper;
 };
 
-// A two-dimensional array, element (column, point). A column is contiguous in memory.
+// A two-dimensional array, element (column, point). A column is contiguous in memory, and one that
+// nobody has asked for takes none: a matrix of 151 columns costs what its used columns cost.
 template <class T>
 class Matrix {
  public:
   Matrix() = default;
   Matrix(int lower_column, int upper_column, int lower_point, int upper_point)
-      : m_elements(detail::extent(lower_column, upper_column) *
-                   detail::extent(lower_point, upper_point)),
+      : m_columns(detail::extent(lower_column, upper_column)),
         m_lower_column(lower_column),
-        m_upper_column(upper_column),
         m_lower_point(lower_point),
-        m_upper_point(upper_point) {}
+        m_length(detail::extent(lower_point, upper_point)) {}
 
   int lower_column() const { return m_lower_column; }
-  int upper_column() const { return m_upper_column; }
+  int upper_column() const { return m_lower_column + static_cast<int>(m_columns.size()) - 1; }
   int lower_point() const { return m_lower_point; }
-  int upper_point() const { return m_upper_point; }
+  int upper_point() const { return m_lower_point + static_cast<int>(m_length) - 1; }
 
   T& operator()(int column, int point) { return this->column(column)(point); }
   const T& operator()(int column, int point) const { return this->column(column)(point); }
 
   // A loop over points takes the column once.
-  Column<T> column(int index) { return {first_of(*this, index), m_lower_point, m_upper_point}; }
+  Column<T> column(int index) { return {touched(index).data(), m_lower_point, upper_point()}; }
   Column<const T> column(int index) const {
-    return {first_of(*this, index), m_lower_point, m_upper_point};
+    return {touched(index).data(), m_lower_point, upper_point()};
   }
 
-  friend bool operator==(const Matrix&, const Matrix&) = default;
+  friend bool operator==(const Matrix& left, const Matrix& right) {
+    if (left.m_lower_column != right.m_lower_column || left.m_length != right.m_length ||
+        left.m_lower_point != right.m_lower_point ||
+        left.m_columns.size() != right.m_columns.size()) {
+      return false;
+    }
+    for (int index = left.lower_column(); index <= left.upper_column(); ++index) {
+      if (left.touched(index) != right.touched(index)) return false;
+    }
+    return true;
+  }
 
  private:
-  template <class Self>
-  static auto first_of(Self& self, int index) {
-    const std::size_t length = detail::extent(self.m_lower_point, self.m_upper_point);
-    return self.m_elements.data() +
-           detail::offset(index, self.m_lower_column, self.m_upper_column) * length;
+  std::vector<T>& touched(int index) const {
+    std::vector<T>& column = m_columns[detail::offset(index, m_lower_column, upper_column())];
+    if (column.empty()) column.resize(m_length);
+    return column;
   }
 
-  std::vector<T> m_elements;
+  mutable std::vector<std::vector<T>> m_columns;  // empty until it is asked for
   int m_lower_column = 0;
-  int m_upper_column = -1;
   int m_lower_point = 0;
-  int m_upper_point = -1;
+  std::size_t m_length = 0;
 };
 
 }  // namespace kurv

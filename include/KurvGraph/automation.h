@@ -80,6 +80,8 @@ const Member* find_property(std::string_view name);
 Variant get_property(const Control& control, const MemberKey& key);
 void let_property(Control& control, const MemberKey& key, const Variant& value);
 void call_method(Control& control, const MemberKey& key, std::span<Variant> arguments);
+// Throws as call_method() does where a method does not take so many arguments.
+void check_count(const Member& method, std::size_t count);
 
 // A late-bound listener to the control's events; the arguments are those of the event's row.
 using EventListener = std::function<void(const Event& event, std::span<const Variant> arguments)>;

@@ -31,7 +31,8 @@ using ServiceFactory = std::function<std::unique_ptr<Service>()>;
 // built-in one back. Not for two threads at a time.
 void register_class(std::string_view class_id, ServiceFactory factory);
 
-// Throws kCannotCreateObject for an identifier without a class, and what the factory throws.
+// Identifiers are compared in any letter case. Throws kCannotCreateObject for one without a class
+// or whose factory makes nothing, and what the factory throws.
 std::unique_ptr<Service> create_service(std::string_view class_id);
 
 // The same as the interface that it has to be. Throws kTypeMismatch when it is another one.

@@ -35,7 +35,15 @@ class TextFieldTool : public Service {
   virtual String GetField(std::string_view text, int field, std::string_view delimiter) const = 0;
 };
 
-// One of each, in the order in which they are created.
+class PicturePrinter : public Service {
+ public:
+  // Prints one picture, the bytes of a Windows bitmap file, scaled to the page, with a caption in
+  // the font of that name and size in points.
+  virtual void PrintPicture(std::string_view bitmap, std::string_view font_name,
+                            std::string_view caption, Single font_size) = 0;
+};
+
+// One of each that all controls share, in the order in which they are created.
 struct Services {
   std::unique_ptr<ExprEvaluator> evaluator;
   std::unique_ptr<NumericService> numeric;

@@ -160,5 +160,19 @@ TEST(Automation, MouseUpReachesTheContainerAndEveryListener) {
                                              "second MouseUp 1 4 1200.5 900"}));
 }
 
+TEST(Automation, ListenerMayAddOthersWhileItRuns) {
+  test::TestHost host;
+  int heard = 0;
+  const std::string long_enough(100, 'x');  // so that the function owns memory
+  host.control.add_listener([&, long_enough](const Event&, std::span<const Variant>) {
+    for (int i = 0; i < 20; ++i) {
+      host.control.add_listener([&](const Event&, std::span<const Variant>) { ++heard; });
+    }
+    heard += long_enough.size() == 100;
+  });
+  host.control.release_mouse(1, 0, 0, 0);
+  EXPECT_EQ(heard, 1 + 20);
+}
+
 }  // namespace
 }  // namespace kurv

@@ -40,7 +40,8 @@ TEST(Refresh, PutsTheTitleAboveTheSurfaceWhereTheMarginIsTooSmall) {
 TEST(Commands, UnknownWordsAndOtherLetterCasesDoNothing) {
   TestHost host;
   host.load({1, 2}, {3, 4});
-  for (const char* word : {"Refresh", "REFRESH", "", " refresh", "design", "close", "nonsense"}) {
+  for (const char* word :
+       {"Refresh", "REFRESH", "SAVE", "help", "", " refresh", "design", "close", "nonsense"}) {
     host.surface.clear_log();
     host.container.pointers.clear();
     host.control.ChartOptions(word);
