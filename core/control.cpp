@@ -1,5 +1,6 @@
 #include <KurvGraph/control.h>
 
+#include <exception>
 #include <utility>
 
 #include "core/axis_range.h"
@@ -9,8 +10,11 @@
 #include "core/events.h"
 #include "core/lifecycle.h"
 #include "core/redraw.h"
+#include "expr/derived_curve_wizard.h"
+#include "expr/function_curve_commands.h"
 #include "ui/commands.h"
 #include "ui/graph_file_commands.h"
+#include "ui/prompted_settings.h"
 
 namespace kurv {
 
@@ -34,7 +38,7 @@ Control::Control(Container& container, Shell& shell, PlotSurface& surface, const
 Control::~Control() {
   try {
     terminate();
-  } catch (const Fault&) {
+  } catch (const std::exception&) {
     m_state->shell.message_box(kNotSaved, kCriticalStop, "KURV Guide");
   }
 }
@@ -93,6 +97,25 @@ void Control::ChartOptions(std::string_view command) {
 }
 void Control::Restore_Grf() {
   basKurvGraph01::Restore_Grf(*m_state);
+}
+
+void Control::prompt(PromptedSetting setting) {
+  kurv::prompt(*m_state, setting);
+}
+void Control::add_function() {
+  kurv::add_function(*m_state);
+}
+void Control::edit_function(const String& selected) {
+  kurv::edit_function(*m_state, selected);
+}
+void Control::add_derived_curve() {
+  kurv::add_derived_curve(*m_state);
+}
+std::optional<String> Control::add_function(const String& expression) {
+  return kurv::add_function(*m_state, expression);
+}
+std::optional<String> Control::derive(const String& name, const String& expression) {
+  return kurv::derive(*m_state, name, expression);
 }
 
 void Control::release_mouse(Integer Button, Integer Shift, Single x, Single Y) {

@@ -2,6 +2,7 @@
 // functions over this record, which every room of the control may include and no host can.
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -12,6 +13,7 @@
 #include <KurvGraph/shell.h>
 
 #include "core/graph_document.h"
+#include "core/late_evaluator.h"
 #include "io/text_file.h"
 #include "render/layout.h"
 
@@ -28,8 +30,14 @@ struct ControlState {
   // The graph file that is being read. A load that fails leaves it open; the next load or save
   // begins by closing it.
   std::optional<InputFile> open_file{};
+  // Three evaluators, so that none sees the variables or the expression of another. A fourth, the
+  // library's, judges edited functions, and each function that is added has one of its own.
+  LateEvaluator function_evaluator{};  // draws function curves
+  LateEvaluator derived_evaluator{};   // computes derived curves
+  LateEvaluator wizard_evaluator{};    // judges names and expressions of derived curves
   bool is_terminated = false;
   std::vector<EventListener> listeners = {};
+  std::unique_ptr<PicturePrinter> printer = {};  // made at the first print
 };
 
 }  // namespace kurv

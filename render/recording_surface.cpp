@@ -88,6 +88,7 @@ std::size_t start_of_last_lines(std::string_view log, int count) {
 void RecordingSurface::Cls() {
   if (m_target != nullptr) m_target->Cls();
   if (m_last_redraw_only) m_log.erase(0, start_of_last_lines(m_log, kLinesBeforeClear));
+  m_has_redraw = true;
   m_log += "cls\n";
 }
 
@@ -149,6 +150,10 @@ void RecordingSurface::set_font(const Font& font) {
   m_font = font;
   m_log += "font " + quoted(font.FontName) + ' ' + number_to_text(font.FontSize) +
            (font.FontBold ? " 1" : " 0") + (font.FontItalic ? " 1\n" : " 0\n");
+  // Handles are sized also where nothing is drawn; only what may begin a redraw is kept of that.
+  if (m_last_redraw_only && !m_has_redraw) {
+    m_log.erase(0, start_of_last_lines(m_log, kLinesBeforeClear));
+  }
 }
 
 void RecordingSurface::set_ForeColor(int colour) {

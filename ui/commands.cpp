@@ -22,6 +22,7 @@ void refresh(ControlState& state) {
 void ChartOptions(ControlState& state, std::string_view command) {
   state.container.set_MousePointer(kHourglassPointer);
   if (command == "refresh") refresh(state);
+  if (command == "print") print_graph(state);
   if (command == "save") Save_graph(state);
   if (command == "saveas") save_dialog(state);
   if (command == "open") open_graph(state);

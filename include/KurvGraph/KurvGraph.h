@@ -13,6 +13,13 @@
 // the signal runTimeError() comes. So a signal that may not throw is connected to a method with
 // Qt::QueuedConnection.
 //
+// A locale that the host sets on the widget itself decides about the decimal separator in graph
+// files and prompts, a comma or else a point; the system's does not.
+//
+// A right click, once MouseUp() has come, and the menu key open a menu of settings and curves that
+// the user is asked for. A host with a menu of its own sets another contextMenuPolicy(); in design
+// mode there is none.
+//
 // The widget may be deleted at any time, also in a slot of its own signals or while one of its
 // message boxes is open.
 #pragma once
@@ -117,6 +124,14 @@ class KurvGraph : public QWidget {
                                   int pNumYFunc_, const kurv::List<kurv::String>& y_func_,
                                   std::optional<bool> pConnected_ = {},
                                   std::optional<bool> draw_scatter_points_ = {});
+
+  // Adds a visible function curve, an expression of x, and redraws. Returns nothing when that is
+  // done, otherwise one sentence that says why not; then nothing has changed.
+  std::optional<QString> add_function(const QString& expression);
+  // Appends a visible series whose values are computed from x and the other series by their names,
+  // sets the limits from the data and redraws. Returns as add_function() does. Throws
+  // kSubscriptOutOfRange at 149 series, and redraws fail then until other data are loaded.
+  std::optional<QString> derive(const QString& name, const QString& expression);
 
   // -- Methods --------------------------------------------------------------------------------
   // Does nothing; kept for hosts that call it.
@@ -260,6 +275,8 @@ class KurvGraph : public QWidget {
   void showEvent(QShowEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
 
   // What stands behind the widget; a host cannot see into it. Calls in progress share it.
   struct State;
@@ -272,6 +289,7 @@ class KurvGraph : public QWidget {
   template <class Work>
   void handle(Work work);
   void tell(int number, const QString& text);
+  void open_menu(QPoint at);
 };
 
 }  // namespace kurv

@@ -19,6 +19,8 @@ class Container {
   virtual Single Width() const = 0;
   virtual void set_Height(Single twips) = 0;
   virtual void set_Width(Single twips) = 0;
+  // The end of each redraw that drew the whole graph.
+  virtual void redrawn() {}
   // The control's one event: a mouse button was released over the plot. Button is 1 left, 2 right,
   // 4 middle; Shift adds up 1 shift, 2 control, 4 alt; the point is in twips of the surface.
   virtual void MouseUp(Integer Button, Integer Shift, Single x, Single Y) = 0;

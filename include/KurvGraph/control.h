@@ -26,6 +26,20 @@ namespace kurv {
 
 struct ControlState;
 
+// What a prompt can ask the user for. The fonts' numbers are those by which other windows call
+// their dialogs.
+enum class PromptedSetting {
+  kMarkerSize = 0,
+  kLeftMargin = 1,
+  kRightMargin = 2,
+  kTopMargin = 3,
+  kBottomMargin = 4,
+  kAxisFont = 5,
+  kTitleFont = 6,
+  kSubtitleFont = 7,
+  kXAxisTitle = 8,
+};
+
 class Control {
  public:
   // All four must outlive the control. The surface already has its size. Throws kOverflow for the
@@ -175,11 +189,34 @@ class Control {
   String SubTitle() const;
   void set_SubTitle(const String& value);
 
+  // -- Prompts --------------------------------------------------------------------------------
+  // Each asks the user through the shell, and redraws where something has been changed.
+  // One setting. Cancelled, nothing changes; what is not accepted is told and changes nothing.
+  void prompt(PromptedSetting setting);
+  // A new function curve; the user is told why it cannot be one.
+  void add_function();
+  // Another expression for the function curve with this very text; nothing where there is none.
+  void edit_function(const String& selected);
+  // A name and an expression for a new scatter curve that is computed from the others, each until
+  // it is accepted or cancelled. Offer it below 149 curves only, see derive().
+  void add_derived_curve();
+
+  // -- Curves from expressions, without a prompt ----------------------------------------------
+  // Adds a visible function curve, an expression of x, and redraws. Returns nothing when that is
+  // done, otherwise one sentence that says why not; then nothing has changed.
+  std::optional<String> add_function(const String& expression);
+  // Appends a visible scatter curve whose values are computed from x and the other curves by their
+  // names, sets the limits from the data and redraws. Returns as add_function() does. Throws
+  // kSubscriptOutOfRange at 149 curves: the 150th has no column, and yet it is counted then, so
+  // that redraws fail until other data are loaded.
+  std::optional<String> derive(const String& name, const String& expression);
+
   // -- Events ---------------------------------------------------------------------------------
   // A mouse button was released over the surface, at this point of it in twips. Raises the event
   // MouseUp: the container hears it, and so does every listener.
   void release_mouse(Integer Button, Integer Shift, Single x, Single Y);
-  // For hosts that bind late; listeners stay as long as the control does.
+  // For hosts that bind late; listeners stay as long as the control does, which none of them may
+  // destroy.
   void add_listener(EventListener listener);
 
   // -- The graph's file -----------------------------------------------------------------------
@@ -189,9 +226,9 @@ class Control {
   Boolean GraphSaved() const;
   // Forgets the path, so that other data are never saved over an older graph.
   void reset_file();
-  // What stands before the fraction of a number in graph files: a point, or a comma where the
-  // host's locale has one. Every number of a data line that has a fraction then reads back as two.
-  // Throws kInvalidProcedureCall for anything else.
+  // What stands before the fraction of a number in graph files and prompts: a point, or a comma
+  // where the host's locale has one. Every number of a data line that has a fraction then reads
+  // back as two. Throws kInvalidProcedureCall for anything else.
   char decimal_separator() const;
   void set_decimal_separator(char separator);
 

@@ -40,6 +40,7 @@ class Picture final : public PlotSurface {
   void Print(Single CurrentX, Single CurrentY, std::string_view text) override;
   Double TextWidth(std::string_view text) const override;
   Double TextHeight(std::string_view text) const override;
+  String bitmap() const override;
   const Font& font() const override;
   void set_font(const Font& font) override;
   int ForeColor() const override;

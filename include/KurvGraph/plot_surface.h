@@ -67,6 +67,10 @@ class PlotSurface {
   virtual Double TextWidth(std::string_view text) const = 0;
   virtual Double TextHeight(std::string_view text) const = 0;
 
+  // What has been drawn, as the bytes of a Windows bitmap file at device resolution; nothing where
+  // the surface has no pixels.
+  virtual String bitmap() const = 0;
+
   virtual const Font& font() const = 0;
   virtual void set_font(const Font& font) = 0;
   virtual int ForeColor() const = 0;

@@ -39,7 +39,9 @@ class RecordingSurface final : public PlotSurface {
   // All lines since the last clear_log(), each ended by a line feed.
   const std::string& log() const { return m_log; }
   void clear_log() { m_log.clear(); }
-  // With it, a redraw throws away what was written before it began.
+  bool has_redraw() const { return m_has_redraw; }
+  // With it, a redraw throws away what was written before it began, and before the first one there
+  // is nothing.
   void keep_last_redraw_only() { m_last_redraw_only = true; }
 
   Double ScaleWidth() const override { return m_width; }
@@ -53,6 +55,7 @@ class RecordingSurface final : public PlotSurface {
   void Print(Single CurrentX, Single CurrentY, std::string_view text) override;
   Double TextWidth(std::string_view text) const override;
   Double TextHeight(std::string_view text) const override;
+  String bitmap() const override { return m_target != nullptr ? m_target->bitmap() : String(); }
   const Font& font() const override { return m_font; }
   void set_font(const Font& font) override;
   int ForeColor() const override { return m_fore_colour; }
@@ -63,6 +66,7 @@ class RecordingSurface final : public PlotSurface {
   Double m_height;
   PlotSurface* m_target = nullptr;
   bool m_last_redraw_only = false;
+  bool m_has_redraw = false;
   Font m_font;
   int m_fore_colour = 0;
   std::string m_log;

@@ -235,16 +235,13 @@ TEST(NumberText, EverySingleReadsBackToItself) {
   }
 }
 
-// Runs with a decimal comma where the machine has such a locale, and with its default otherwise.
 TEST(NumberText, NoLocaleChangesAnything) {
   const std::string before = std::setlocale(LC_ALL, nullptr);
-  for (const char* name : {"de_DE.UTF-8", "fr_FR.UTF-8", "C"}) {
-    SCOPED_TRACE(name);
-    std::setlocale(LC_ALL, name);
-    EXPECT_EQ(number_to_text(1234.5), "1234.5");
-    EXPECT_EQ(text_to_number("1234.5"), 1234.5);
-    EXPECT_EQ(text_to_number("1234,5"), std::nullopt);
-  }
+  if (std::setlocale(LC_ALL, "de_DE.UTF-8") == nullptr) GTEST_SKIP() << "./test makes the locale";
+  EXPECT_EQ(std::localeconv()->decimal_point, std::string(","));
+  EXPECT_EQ(number_to_text(1234.5), "1234.5");
+  EXPECT_EQ(text_to_number("1234.5"), 1234.5);
+  EXPECT_EQ(text_to_number("1234,5"), std::nullopt);
   std::setlocale(LC_ALL, before.c_str());
 }
 

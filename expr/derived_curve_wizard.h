@@ -1,0 +1,21 @@
+// The two questions that lead to a derived curve.
+#pragma once
+
+#include <optional>
+
+#include <KurvGraph/values.h>
+
+namespace kurv {
+
+struct ControlState;
+
+// Asks for a name and then for an expression over the names of x and the curves, each until it is
+// accepted, and appends the curve. An empty answer ends it, and nothing has changed.
+void add_derived_curve(ControlState& state);
+
+// The same with both answers known. Returns nothing when the curve has been appended, and otherwise
+// the sentence that a user is told; then nothing has changed. Throws what append_derived_curve()
+// does.
+std::optional<String> derive(ControlState& state, const String& name, const String& expression);
+
+}  // namespace kurv

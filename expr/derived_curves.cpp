@@ -1,0 +1,45 @@
+#include "expr/derived_curves.h"
+
+#include "core/axis_range.h"
+#include "core/control_state.h"
+#include "core/data_set.h"
+#include "core/redraw.h"
+
+namespace kurv {
+
+namespace {
+
+// Point i of x and of curves 1 to `curves`, under their names as they are stored.
+void set_variables(const GraphDocument& document, int curves, int i, ExprEvaluator& evaluator) {
+  for (int c = 1; c <= curves + 1; ++c) {
+    evaluator.SetVariable(document.yVarName(c), document.xyArr(c, i));
+  }
+}
+
+}  // namespace
+
+void append_derived_curve(ControlState& state, const String& name, const String& expression) {
+  GraphDocument& document = state.document;
+  const int curves = document.NumY;
+  document.NumY = to_integer(Double(curves) + 1);
+  document.y_visible.resize_keeping(document.NumY);
+  document.yVarName.resize_keeping(document.NumY + 1);
+  document.yVarName(document.NumY + 1) = name;
+  document.y_visible(document.NumY) = true;
+
+  ExprEvaluator& evaluator = state.derived_evaluator.get();
+  for (int i = 1; i <= document.NumData; ++i) {
+    set_variables(document, curves, i, evaluator);
+    evaluator.SetExpression(expression);
+    const Double value = evaluator.Evaluate();
+    document.xyArr(document.NumY + 1, i) = value;
+  }
+
+  basKurvGraph01::compute_axis_range(document, *state.services.numeric);
+  document.xyArrUnsorted = document.xyArr;
+  Sort_xy(document, *state.services.swap);
+  document.xyArrSorted = document.xyArr;
+  build_the_graph(state);
+}
+
+}  // namespace kurv
