@@ -138,7 +138,8 @@ bool is_torn(const String& path) {
 
   InputFile file(path);
   std::optional<std::string_view> line = file.next_line();
-  if (!line || std::string_view(kGraphFileTag).starts_with(*line)) return true;
+  if (!line) return true;
+  if (!line->empty() && std::string_view(kGraphFileTag).starts_with(*line)) return true;
   if (!line->starts_with(kGraphFileTag)) return false;
   Double claimed = kLinesBesidesCurves;
   int count = 0;

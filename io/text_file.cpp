@@ -58,6 +58,9 @@ Fault open_fault(const String& path) {
 File open(const String& path, const char* mode) {
   // The platform would take such a text as the name that ends there.
   if (path.find('\0') != path.npos) throw Fault(FaultKind::kPathFileAccessError);
+  // Opening a pipe waits for its other end, and that may never come.
+  std::error_code ignored;
+  if (fs::is_fifo(path, ignored)) throw Fault(FaultKind::kPathFileAccessError);
   File file(std::fopen(path.c_str(), mode));
   if (file) std::setvbuf(file.get(), nullptr, _IONBF, 0);
   return file;

@@ -43,7 +43,8 @@ class InputFile {
 
 // A file that takes the place of an older one, which stays beside it as NAME~ until close(). Where
 // close() is never reached, what was written until then stays, and so does the older file. A link
-// keeps pointing to where it points; a device or a pipe is written as it is.
+// keeps pointing to where it points; a device is written as it is, and a
+// pipe is refused.
 class OutputFile {
  public:
   // What `is_torn` says to be left by a write that failed does not take the place of the good NAME~

@@ -1,5 +1,7 @@
 #include "io/text_file.h"
 
+#include <sys/stat.h>
+
 #include "tests/io/graph_files.h"
 
 namespace kurv {
@@ -150,6 +152,13 @@ TEST_F(OutputFileTest, AFolderInThePlaceOfTheKeptFileLeavesEverythingAsItIs) {
   std::filesystem::create_directory(path("out~"));
   EXPECT_EQ(fault_of([&] { OutputFile(path("out"), never_torn); }), 75);
   EXPECT_EQ(read("out"), "old");
+}
+
+TEST_F(InputFileTest, PipeIsRefusedBecauseOpeningItMayWaitForever) {
+  const std::string pipe = path("pipe");
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  EXPECT_EQ(fault_of([&] { InputFile file(pipe); }), 75);
+  EXPECT_EQ(fault_of([&] { OutputFile file(pipe, never_torn); }), 75);
 }
 
 }  // namespace

@@ -332,10 +332,9 @@ TEST(NumberFormat, AScientificPatternReadsBackToFifteenDigits) {
   }
 }
 
-// Runs with a decimal comma where the machine has such a locale, and with its default otherwise.
 TEST(NumberFormat, NoLocaleChangesAnything) {
   const std::string before = std::setlocale(LC_ALL, nullptr);
-  std::setlocale(LC_ALL, "de_DE.UTF-8");
+  if (std::setlocale(LC_ALL, "de_DE.UTF-8") == nullptr) GTEST_SKIP() << "./test makes the locale";
   EXPECT_EQ(format_number(1234.5, "#,##0.00"), "1,234.50");
   std::setlocale(LC_ALL, before.c_str());
 }
