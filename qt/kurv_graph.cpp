@@ -1,7 +1,9 @@
 #include <KurvGraph/KurvGraph.h>
 
+#include <QContextMenuEvent>
 #include <QCoreApplication>
 #include <QEvent>
+#include <QKeyEvent>
 #include <QMetaMethod>
 #include <QMouseEvent>
 #include <QPainter>
@@ -9,6 +11,7 @@
 
 #include "core/control_state.h"
 #include "qt/kurv_graph_state.h"
+#include "qt/plot_menu.h"
 #include "render/mapping.h"
 
 namespace kurv {
@@ -36,6 +39,11 @@ Integer shift_bits(Qt::KeyboardModifiers modifiers) {
   const int control = modifiers.testFlag(Qt::ControlModifier) ? 2 : 0;
   const int alt = modifiers.testFlag(Qt::AltModifier) ? 4 : 0;
   return static_cast<Integer>(shift + control + alt);
+}
+
+std::optional<QString> shown(const std::optional<String>& sentence) {
+  if (!sentence) return std::nullopt;
+  return shown_text(*sentence);
 }
 
 // The run-time error that ends the work early, if one does.
@@ -111,10 +119,12 @@ void KurvGraph::call(Work work) {
   State& state = *held.state;
   // While the widget is hidden the toolkit keeps its new sizes to itself.
   state.fit();
-  work(state.control);
+  state.take_locale();
+  const std::optional<Fault> failure = failure_of([&] { work(state.control); });
   for (int redraws = state.finish(); redraws > 0 && state.widget; --redraws) {
     Q_EMIT state.widget->redrawn();
   }
+  if (failure) throw *failure;
 }
 
 // A call of the toolkit. What it has to say is said when the toolkit is done with its event: it
@@ -122,20 +132,19 @@ void KurvGraph::call(Work work) {
 template <class Work>
 void KurvGraph::handle(Work work) {
   const std::shared_ptr<State> state = m_state;
+  state->take_locale();
   const std::optional<Fault> failure = failure_of([&] { work(*state); });
   const int redraws = state->finish();
   if (!state->widget) return;
   KurvGraph* const widget = state->widget;
-  if (failure) {
-    const int number = failure->number();
-    const QString text = QString::fromUtf8(failure->what());
-    QMetaObject::invokeMethod(
-        widget, [widget, number, text] { widget->tell(number, text); }, Qt::QueuedConnection);
-    return;
-  }
   for (int i = 0; i < redraws; ++i) {
     QMetaObject::invokeMethod(widget, &KurvGraph::redrawn, Qt::QueuedConnection);
   }
+  if (!failure) return;
+  const int number = failure->number();
+  const QString text = QString::fromUtf8(failure->what());
+  QMetaObject::invokeMethod(
+      widget, [widget, number, text] { widget->tell(number, text); }, Qt::QueuedConnection);
 }
 
 void KurvGraph::tell(int number, const QString& text) {
@@ -149,6 +158,22 @@ void KurvGraph::tell(int number, const QString& text) {
   state->telling = true;
   state->shell.message_box(text.toStdString(), kCriticalStop, kBoxTitle);
   state->telling = false;
+}
+
+// -- Data -----------------------------------------------------------------------------------------
+
+std::optional<QString> KurvGraph::add_function(const QString& expression) {
+  std::optional<String> refusal;
+  call([&](Control& control) { refusal = control.add_function(expression.toStdString()); });
+  return shown(refusal);
+}
+
+std::optional<QString> KurvGraph::derive(const QString& name, const QString& expression) {
+  std::optional<String> refusal;
+  call([&](Control& control) {
+    refusal = control.derive(name.toStdString(), expression.toStdString());
+  });
+  return shown(refusal);
 }
 
 // -- Methods --------------------------------------------------------------------------------------
@@ -258,10 +283,36 @@ void KurvGraph::mouseReleaseEvent(QMouseEvent* event) {
   const Integer button = button_bit(event->button());
   if (button == 0) return;
   const Integer shift = shift_bits(event->modifiers());
+  const QPoint at = event->globalPosition().toPoint();
+  const bool is_right = event->button() == Qt::RightButton;
+  const std::shared_ptr<State> held = m_state;
   handle([&](State& state) {
     const QPointF twips = event->position() * state.twips_per_logical_pixel();
     state.control.release_mouse(button, shift, to_single(twips.x()), to_single(twips.y()));
   });
+  // The host has heard of the click first, and may have deleted the widget.
+  if (is_right && held->widget) open_menu(at);
+}
+
+void KurvGraph::keyPressEvent(QKeyEvent* event) {
+  const bool is_menu_key = event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier;
+  if (!is_menu_key) return QWidget::keyPressEvent(event);
+  open_menu(mapToGlobal(rect().center()));
+}
+
+// The toolkit has its own idea of when a mouse asks for a menu; here it is the release alone.
+void KurvGraph::contextMenuEvent(QContextMenuEvent* event) {
+  event->accept();
+  if (event->reason() == QContextMenuEvent::Keyboard) open_menu(mapToGlobal(rect().center()));
+}
+
+void KurvGraph::open_menu(QPoint at) {
+  if (contextMenuPolicy() != Qt::DefaultContextMenu || m_state->design_mode) return;
+  const bool can_derive = m_state->control.state().document.NumY < kMaxCurves;
+  QMenu* const menu = new_plot_menu(*this, can_derive, [this](PlotCommand command) {
+    handle([command](State& state) { command(state.control); });
+  });
+  menu->popup(at);
 }
 
 }  // namespace kurv

@@ -1,7 +1,10 @@
 #include "qt/kurv_graph_state.h"
 
+#include <QLocale>
+
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace kurv {
 
@@ -44,12 +47,20 @@ void KurvGraph::State::fit() {
   }
 }
 
+void KurvGraph::State::take_locale() {
+  if (!widget) return;
+  const bool has_comma =
+      widget->testAttribute(Qt::WA_SetLocale) && widget->locale().decimalPoint() == ",";
+  control.set_decimal_separator(has_comma ? ',' : '.');
+}
+
 int KurvGraph::State::finish() {
-  const int redraws = surface.take_redraws();
-  if (redraws == 0) return 0;
-  static_cast<void>(picture.image());
-  if (widget) widget->update();
-  return redraws;
+  // A redraw that failed has changed the picture as well.
+  if (surface.take_redraws() > 0) {
+    static_cast<void>(picture.image());
+    if (widget) widget->update();
+  }
+  return std::exchange(whole_redraws, 0);
 }
 
 double KurvGraph::State::twips_per_logical_pixel() const {

@@ -22,8 +22,12 @@ struct KurvGraph::State final : Container {
   // -- For the widget -------------------------------------------------------------------------
   // Brings the picture to the widget's size and resolution, if they have changed.
   void fit();
+  // Brings the control's decimal separator to the widget's locale. Only one that the host has set
+  // on this widget counts: files must not depend on the desktop that the program runs on. The
+  // toolkit tells nobody when a host sets the very locale that the system has, so it is asked.
+  void take_locale();
   // Ends a call, whether or not it failed: the last strokes become pixels, and a picture that has
-  // changed is shown. Returns how many redraws there were.
+  // changed is shown. Returns how many whole redraws there were.
   int finish();
   double twips_per_logical_pixel() const;
 
@@ -34,13 +38,15 @@ struct KurvGraph::State final : Container {
   Single Width() const override;
   void set_Height(Single twips) override;
   void set_Width(Single twips) override;
+  void redrawn() override { ++whole_redraws; }
   void MouseUp(Integer Button, Integer Shift, Single x, Single Y) override;
 
   QPointer<KurvGraph> widget;
   QSize size;        // what the picture was made for, in logical pixels
   double ratio = 1;  // and its device pixels per logical pixel
   bool design_mode = false;
-  bool telling = false;  // a message box about a run-time error is open
+  int whole_redraws = 0;  // since the last finish()
+  bool telling = false;   // a message box about a run-time error is open
   Picture picture;
   WatchedSurface surface;
   QtShell shell;

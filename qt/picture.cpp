@@ -1,5 +1,6 @@
 #include <KurvGraph/picture.h>
 
+#include <QBuffer>
 #include <QColor>
 #include <QPainter>
 #include <QString>
@@ -303,6 +304,14 @@ Double Picture::TextWidth(std::string_view text) const {
 
 Double Picture::TextHeight(std::string_view text) const {
   return static_cast<double>(lines_of(text).size()) * m_pixels->text_layout().line_height();
+}
+
+String Picture::bitmap() const {
+  QByteArray bytes;
+  QBuffer buffer(&bytes);
+  buffer.open(QIODevice::WriteOnly);
+  if (!image().save(&buffer, "BMP")) throw std::bad_alloc();
+  return bytes.toStdString();
 }
 
 const Font& Picture::font() const {

@@ -1,4 +1,5 @@
-// A surface that passes every call on and counts the redraws.
+// A surface that passes every call on and notes when a redraw has begun, whether or not it ends
+// well.
 #pragma once
 
 #include <KurvGraph/plot_surface.h>
@@ -37,6 +38,7 @@ class WatchedSurface final : public PlotSurface {
   }
   Double TextWidth(std::string_view text) const override { return m_target.TextWidth(text); }
   Double TextHeight(std::string_view text) const override { return m_target.TextHeight(text); }
+  String bitmap() const override { return m_target.bitmap(); }
   const Font& font() const override { return m_target.font(); }
   void set_font(const Font& font) override { m_target.set_font(font); }
   int ForeColor() const override { return m_target.ForeColor(); }

@@ -26,10 +26,14 @@ struct Source {
 // core/ has two floors: the model below the painting, the control above it.
 const std::set<std::string> kModel = {"built_in_services", "decimal", "fault", "graph_document",
                                       "number_text",       "values",  "words"};
+// And what draws or asks stands above the painting, although it is about expressions.
+const std::set<std::string> kExpressionCommands = {"derived_curve_wizard", "derived_curves",
+                                                   "function_curve_commands", "function_curves"};
 
 std::string room_of(const fs::path& path) {
   const std::string first = path.begin()->string();
   if (first == "core") return kModel.contains(path.stem().string()) ? "model" : "control";
+  if (first == "expr" && kExpressionCommands.contains(path.stem().string())) return "control";
   if (first == "ui") return "control";
   return first == "include" ? "public" : first;
 }

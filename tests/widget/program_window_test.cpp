@@ -117,7 +117,7 @@ TEST(ProgramWindow, AFileThatCannotBeReadIsSaidAndTheOtherOpens) {
   EXPECT_TRUE(kurv.waitForFinished(10000));
   EXPECT_EQ(kurv.exitCode(), 1);
   EXPECT_EQ(kurv.readAllStandardError(),
-            "kurv: no_such_file.csv cannot be read: No such file or directory.\n");
+            "kurv: no_such_file.csv cannot be read: No such file or directory; check the name.\n");
 }
 
 TEST(ProgramWindow, TheSmallestHostShowsAGraph) {

@@ -121,5 +121,18 @@ TEST(WidgetFaults, WhereNobodyListensOneMessageBoxSaysSo) {
   answer.stop();
 }
 
+TEST(WidgetFaults, WholeRedrawsBeforeAFailureAreTold) {
+  KurvGraph graph;
+  graph.plot(small_graph());
+  Listener listener(graph);
+  QObject::connect(&graph, &KurvGraph::redrawn, &listener.context, [&] {
+    graph.set_NumTicks(0);
+    EXPECT_THROW(graph.build_the_graph(), Fault);
+  });
+  graph.build_the_graph();
+  EXPECT_EQ(listener.redraws_since(), 1);
+  EXPECT_TRUE(listener.errors.empty()) << "the caller has been told";
+}
+
 }  // namespace
 }  // namespace kurv::test

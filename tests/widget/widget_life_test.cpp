@@ -2,8 +2,10 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
+#include <QFile>
 #include <QFileDialog>
 #include <QLineEdit>
+#include <QLocale>
 #include <QMessageBox>
 #include <QPointer>
 #include <QTemporaryDir>
@@ -165,6 +167,40 @@ TEST(WidgetLife, ItsEndAsksWhereTheHostWantsThat) {
               "The graph was not saved. Do you want to save it before closing ?");
     EXPECT_EQ(QFile::exists(file), save);
   }
+}
+
+// What the graph saves, with 0.5 as a value of y.
+QByteArray saved_by(KurvGraph& graph) {
+  const QTemporaryDir folder;
+  const QString file = folder.filePath("graph.gdf");
+  graph.plot({.title = "Halves", .x = {1, 2}, .y = {{"y", {0.5, 2}}}});
+  QTimer answer;
+  QObject::connect(&answer, &QTimer::timeout, [&] {
+    auto* const dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+    if (!dialog) return;
+    dialog->findChild<QLineEdit*>("fileNameEdit")->setText(file);
+    static_cast<QDialog*>(dialog)->accept();
+  });
+  answer.start(1);
+  graph.ChartOptions("saveas");
+  QFile bytes(file);
+  EXPECT_TRUE(bytes.open(QIODevice::ReadOnly));
+  return bytes.readAll();
+}
+
+TEST(WidgetLife, OnlyALocaleSetOnTheWidgetDecidesAboutFiles) {
+  const QLocale before;
+  QLocale::setDefault(QLocale("de_DE"));
+  KurvGraph graph;
+  EXPECT_TRUE(saved_by(graph).contains("\r\n0.5,2\r\n")) << "the system's has no say";
+  graph.setLocale(QLocale("de_DE"));
+  EXPECT_TRUE(saved_by(graph).contains("\r\n0,5,2\r\n"));
+  graph.setLocale(QLocale("en_US"));
+  EXPECT_TRUE(saved_by(graph).contains("\r\n0.5,2\r\n"));
+  graph.setLocale(QLocale("de_DE"));
+  graph.unsetLocale();
+  EXPECT_TRUE(saved_by(graph).contains("\r\n0.5,2\r\n"));
+  QLocale::setDefault(before);
 }
 
 TEST(WidgetLife, ASavedGraphComesBack) {

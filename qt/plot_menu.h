@@ -1,0 +1,17 @@
+// The menu that a right click or the menu key opens on the plot.
+#pragma once
+
+#include <KurvGraph/control.h>
+
+#include <QMenu>
+#include <functional>
+
+namespace kurv {
+
+using PlotCommand = void (*)(Control&);
+
+// A menu of everything that a prompt can change. `run` gets the chosen command when the menu has
+// closed, unless `owner` is gone by then. The menu deletes itself once it is closed.
+QMenu* new_plot_menu(QWidget& owner, bool can_derive, const std::function<void(PlotCommand)>& run);
+
+}  // namespace kurv
