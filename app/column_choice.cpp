@@ -85,7 +85,7 @@ std::vector<std::size_t> all_curves(const Columns& columns, Choice& choice) {
     const ColumnKind kind = columns.kind(column);
     if (kind == ColumnKind::kNumbers) result.push_back(column);
     // The first column has had its warning when it could not be x.
-    if (column == 0) continue;
+    if (column == 0 && !choice.x) continue;
     if (kind == ColumnKind::kWords || kind == ColumnKind::kDates)
       words.push_back(columns.names[column]);
     if (kind == ColumnKind::kEmpty) empty.push_back(columns.names[column]);

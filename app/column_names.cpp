@@ -1,6 +1,5 @@
 #include "app/column_names.h"
 
-#include <QString>
 #include <algorithm>
 #include <string_view>
 #include <unordered_map>
@@ -12,14 +11,6 @@
 namespace kurv::app {
 
 namespace {
-
-// Older programs write one byte per letter, which would be no valid text in the picture.
-std::string as_utf8(std::string_view bytes) {
-  if (QUtf8StringView(bytes.data(), static_cast<qsizetype>(bytes.size())).isValidUtf8()) {
-    return std::string(bytes);
-  }
-  return QString::fromLatin1(bytes.data(), static_cast<qsizetype>(bytes.size())).toStdString();
-}
 
 // Makes names different. A name that comes a thousand times does not search a thousand times.
 class Names {

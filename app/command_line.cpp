@@ -1,11 +1,12 @@
 #include "app/command_line.h"
 
-#include <CLI/CLI.hpp>
 #include <algorithm>
+#include <cstdint>
 #include <memory>
 #include <sstream>
-#include <string_view>
 
+#include "app/command_help.h"
+#include "app/graph_file.h"
 #include "app/option_values.h"
 #include "app/picture_file.h"
 #include "app/text.h"
@@ -15,61 +16,15 @@ namespace kurv::app {
 
 namespace {
 
-constexpr std::size_t kHelpWidth = 78;
-
-constexpr const char* kRenderExample = R"(
-What holds without an option stands in parentheses. Columns are named as in
-the file, and one with a comma in its name is quoted: --y 'co2,"adjusted, ppm"'.
-The letter case of a property does not matter.
-
-Example:
-  kurv render co2.csv -o co2.png --y co2,adjusted --title "Mauna Loa" \
-       --subtitle "CO2 in ppm" --set X_grid=True --set NumTicks=6
-)";
-
-constexpr const char* kProgramExample = R"(
-Each FILE opens in a window of its own. "kurv render --help" explains how to
-draw without one, and lists the properties for --set.
-
-Examples:
-  kurv co2.csv --y co2,adjusted
-  kurv render co2.csv -o co2.png
-)";
-
-// All properties as a paragraph.
-std::string property_list() {
-  std::string result = "Properties for --set:\n";
-  std::size_t column = kHelpWidth;
-  for (const Member& property : properties()) {
-    if (column + 1 + property.name.size() > kHelpWidth) {
-      result += result.back() == '\n' ? " " : "\n ";
-      column = 1;
-    }
-    result += ' ';
-    result += property.name;
-    column += 1 + property.name.size();
-  }
-  return result + '\n';
-}
-
-// Shows both words of a switch and not what they mean to the parser.
-class HelpFormatter : public CLI::Formatter {
- public:
-  std::string make_option_name(const CLI::Option* option, bool positional) const override {
-    std::string name = CLI::Formatter::make_option_name(option, positional);
-    constexpr std::string_view kMeaning = "{false}";
-    if (name.ends_with(kMeaning)) name.resize(name.size() - kMeaning.size());
-    return name;
-  }
-};
-
 // Texts as the options give them, until all of them are read.
 struct Texts {
-  std::string size = "1000x700";
+  std::optional<std::string> size;
   std::string scale = "1";
   std::string every = "1";
   std::vector<std::string> y;
+  std::vector<std::string> derivations;
   std::vector<std::string> settings;
+  std::optional<std::string> locale;
 };
 
 // The arguments, last one first, as the parser wants them. It takes "--title=" for an option
@@ -87,21 +42,39 @@ std::vector<std::string> words(int argc, const char* const* argv) {
   return result;
 }
 
+void check_file_name(const std::string& name) {
+  if (!name.empty()) return;
+  throw UserError("the name of a file is empty; name one, as in \"kurv data.csv\".", kUsageFailure);
+}
+
 class Program {
  public:
   Program() {
     m_app.name("kurv");
-    m_app.formatter(std::make_shared<HelpFormatter>());
     m_app.set_version_flag("--version", "kurv " KURV_VERSION, "Print the version and exit");
-    m_render->formatter(std::make_shared<HelpFormatter>());
-    m_app.footer(kProgramExample);
-    m_render->footer(property_list() + kRenderExample);
-    m_app.add_option("FILE", m_data_files, "The data: CSV files")->type_name("");
-    add_render_files();
-    for (CLI::App* command : {&m_app, m_render}) {
+    for (CLI::App* command : {&m_app, m_render, m_convert, m_host, m_info}) {
+      command->formatter(std::make_shared<HelpFormatter>());
+    }
+    m_app.footer(program_footer());
+    m_render->footer(render_footer());
+    m_convert->footer(convert_footer());
+    m_host->footer(host_footer());
+    m_info->footer(info_footer());
+    add_files();
+    for (CLI::App* command : {&m_app, m_render, m_convert}) {
       add_choice(*command);
       add_looks(*command);
     }
+    for (CLI::App* command : {&m_app, m_render, m_convert, m_info}) add_locale(*command);
+    m_render->add_option("--scale", m_texts.scale, "Pixels per logical pixel, from 0.5 to 8 (1)")
+        ->type_name("RATIO");
+    m_eval
+        ->add_option("EXPRESSION", m_expression,
+                     "Such as 'x*(sin(x)+2)'; read from the input without")
+        ->type_name("");
+    m_eval->add_option("VALUES", m_values, "Values of its variables: name=value ...")
+        ->type_name("");
+    m_info->add_flag("--check", m_check, "List what is odd about the file, with line numbers");
   }
 
   Command parse(int argc, const char* const* argv) {
@@ -111,12 +84,18 @@ class Program {
       std::ostringstream text;
       std::ostringstream ignored;
       if (m_app.exit(stop, text, ignored) == 0) return Notice{text.str()};
-      const std::string command = m_render->parsed() ? "kurv render" : "kurv";
       throw UserError(
-          on_one_line(stop.what()) + "; \"" + command + " --help\" explains the options.",
+          on_one_line(stop.what()) + "; \"" + command_name() + " --help\" explains the options.",
           kUsageFailure);
     }
+    refuse_files_before_commands();
+    for (const std::string& name : m_data_files) check_file_name(name);
+    if (m_host->parsed()) return HostRequest();
+    if (m_eval->parsed()) return EvalRequest{m_expression, m_values};
+    if (chosen() != nullptr) check_file_name(m_file);
     read_choice();
+    if (m_info->parsed()) return InfoRequest{m_file, m_check, m_choice.locale};
+    if (m_convert->parsed()) return convert_request();
     if (m_render->parsed()) return render_request();
     return window_request();
   }
@@ -124,13 +103,32 @@ class Program {
   std::string help() const { return m_app.help(); }
 
  private:
-  void add_render_files() {
-    m_render->add_option("FILE", m_render_file, "The data: a CSV file")->required()->type_name("");
-    m_render->add_option("-o,--output", m_picture_file, "The picture: a .png or .bmp file")
+  // The command among the arguments, or nullptr for windows.
+  const CLI::App* chosen() const {
+    for (const CLI::App* command : {m_render, m_convert, m_host, m_info, m_eval}) {
+      if (command->parsed()) return command;
+    }
+    return nullptr;
+  }
+
+  std::string command_name() const {
+    return chosen() ? "kurv " + chosen()->get_name() : std::string("kurv");
+  }
+
+  void add_files() {
+    m_app.add_option("FILE", m_data_files, "The data: CSV or graph files")->type_name("");
+    for (CLI::App* command : {m_render, m_convert}) {
+      command->add_option("FILE", m_file, "The data: a CSV or a graph file")
+          ->required()
+          ->type_name("");
+    }
+    m_info->add_option("FILE", m_file, "The graph file")->required()->type_name("");
+    m_render->add_option("-o,--output", m_output, "The picture: a .png or .bmp file")
         ->required()
         ->type_name("PICTURE");
-    m_render->add_option("--scale", m_texts.scale, "Pixels per logical pixel, from 0.5 to 8 (1)")
-        ->type_name("RATIO");
+    m_convert->add_option("-o,--output", m_output, "The graph file: a .gdf file")
+        ->required()
+        ->type_name("GRAPH");
   }
 
   void add_choice(CLI::App& command) {
@@ -152,7 +150,18 @@ class Program {
   void add_looks(CLI::App& command) {
     command.add_option("--title", m_choice.title, "The title (the data file's name)")
         ->type_name("TEXT");
-    command.add_option("--subtitle", m_choice.subtitle, "The line below it")->type_name("TEXT");
+    command.add_option("--subtitle", m_choice.subtitle, "The line beside the title")
+        ->type_name("TEXT");
+    command
+        .add_option("--function", m_choice.functions,
+                    "Draw a function of x, such as 'x*(sin(x)+2)'; repeatable")
+        ->type_name("EXPRESSION")
+        ->allow_extra_args(false);
+    command
+        .add_option("--derive", m_texts.derivations,
+                    "Add a curve computed from others, such as 'ratio=up/(1+down)'; repeatable")
+        ->type_name("NAME=EXPRESSION")
+        ->allow_extra_args(false);
     add_switch(command, "lines", m_choice.lines, "lines between the points (on)");
     add_switch(command, "markers", m_choice.markers, "a marker at each point (off)");
     command.add_option("--set", m_texts.settings, "Set a property of the graph, repeatable")
@@ -160,18 +169,39 @@ class Program {
         ->allow_extra_args(false);
   }
 
+  void add_locale(CLI::App& command) {
+    command
+        .add_option("--locale", m_texts.locale,
+                    "Decides about the decimal separator in graph files (a point)")
+        ->type_name("NAME");
+  }
+
   // Of two contrary switches the later one counts.
-  static void add_switch(CLI::App& command, const std::string& name, bool& target,
+  static void add_switch(CLI::App& command, const std::string& name, std::optional<bool>& target,
                          const std::string& what) {
-    command.add_flag("--" + name + ",!--no-" + name, target, "Draw " + what)
+    command
+        .add_flag_function(
+            "--" + name + ",!--no-" + name, [&target](std::int64_t count) { target = count > 0; },
+            "Draw " + what)
         ->multi_option_policy(CLI::MultiOptionPolicy::TakeLast);
   }
 
+  void refuse_files_before_commands() const {
+    if (chosen() == nullptr || m_data_files.empty()) return;
+    throw UserError("the file " + in_quotes(m_data_files.front()) + " stands before " +
+                        in_quotes(chosen()->get_name()) + "; it belongs behind it.",
+                    kUsageFailure);
+  }
+
   void read_choice() {
-    m_choice.size = parse_size(m_texts.size);
+    if (m_texts.size) m_choice.size = parse_size(*m_texts.size);
+    if (m_texts.locale) m_choice.locale = parse_locale(*m_texts.locale);
     m_choice.selection.every = parse_every(m_texts.every);
     for (const std::string& list : m_texts.y) {
       for (const std::string& name : parse_names(list)) m_choice.selection.y.push_back(name);
+    }
+    for (const std::string& text : m_texts.derivations) {
+      m_choice.derivations.push_back(parse_derivation(text));
     }
     for (const std::string& text : m_texts.settings) {
       m_choice.settings.push_back(parse_setting(text));
@@ -179,19 +209,23 @@ class Program {
   }
 
   RenderRequest render_request() const {
-    if (!m_data_files.empty()) {
-      throw UserError("the file " + in_quotes(m_data_files.front()) +
-                          " stands before \"render\"; it belongs behind it.",
-                      kUsageFailure);
-    }
     const double scale = parse_scale(m_texts.scale);
-    check_picture_size(m_choice.size, scale);
-    if (!picture_format(m_picture_file)) {
+    check_picture_size(m_choice.size.value_or(kUsualSize), scale);
+    if (!picture_format(m_output)) {
       throw UserError("the name of the picture must end in .png or .bmp, and " +
-                          in_quotes(m_picture_file) + " does not.",
+                          in_quotes(m_output) + " does not.",
                       kUsageFailure);
     }
-    return {m_choice, m_render_file, m_picture_file, scale};
+    return {m_choice, m_file, m_output, scale};
+  }
+
+  ConvertRequest convert_request() const {
+    if (!is_named_as_graph_file(m_output)) {
+      throw UserError(
+          "the name of the graph file must end in .gdf, and " + in_quotes(m_output) + " does not.",
+          kUsageFailure);
+    }
+    return {m_choice, m_file, m_output};
   }
 
   WindowRequest window_request() const {
@@ -203,12 +237,19 @@ class Program {
 
   GraphChoice m_choice;
   std::vector<std::string> m_data_files;
-  std::string m_render_file;
-  std::string m_picture_file;
+  std::string m_file;
+  std::string m_output;
+  bool m_check = false;
+  std::optional<std::string> m_expression;
+  std::vector<std::string> m_values;
   Texts m_texts;
   CLI::App m_app{"Draws tables of numbers as graphs."};
   CLI::App* m_render =
-      m_app.add_subcommand("render", "Draw a CSV file into a picture, without a window");
+      m_app.add_subcommand("render", "Draw a file into a picture, without a window");
+  CLI::App* m_convert = m_app.add_subcommand("convert", "Write a graph file from a CSV file");
+  CLI::App* m_info = m_app.add_subcommand("info", "Print what is inside a graph file");
+  CLI::App* m_eval = m_app.add_subcommand("eval", "Print the value of an expression");
+  CLI::App* m_host = m_app.add_subcommand("host", "Serve the graph on standard input and output");
 };
 
 }  // namespace

@@ -5,6 +5,8 @@
 #include <cstddef>
 #include <map>
 
+#include "app/text.h"
+
 namespace kurv::app {
 
 namespace {
@@ -83,6 +85,20 @@ char find_separator(std::string_view bytes) {
     }
   }
   return best;
+}
+
+std::optional<char> declared_separator(std::string_view bytes) {
+  constexpr std::string_view kDeclaration = "sep=";
+  constexpr std::string_view kPossible = ",;\t|:!^~";
+  std::string_view line = bytes.substr(0, bytes.find_first_of("\r\n"));
+  if (line.size() > 2 && line.front() == '"' && line.back() == '"') {
+    line = line.substr(1, line.size() - 2);
+  }
+  if (line.size() != kDeclaration.size() + 1 || kPossible.find(line.back()) == line.npos ||
+      lower_case(line.substr(0, kDeclaration.size())) != kDeclaration) {
+    return std::nullopt;
+  }
+  return line.back();
 }
 
 }  // namespace kurv::app

@@ -2,8 +2,11 @@
 
 #include <csv.h>
 
+#include <algorithm>
 #include <new>
+#include <optional>
 
+#include "app/csv_separator.h"
 #include "app/user_error.h"
 
 namespace kurv::app {
@@ -137,6 +140,14 @@ CsvTable parse_csv(std::string_view bytes, char separator, const std::string& pa
   }
   if (sink.out_of_memory) throw std::bad_alloc();
   return table;
+}
+
+CsvTable parse_csv(std::string_view bytes, const std::string& path) {
+  const std::optional<char> declared = declared_separator(bytes);
+  if (!declared) return parse_csv(bytes, find_separator(bytes), path);
+  // The end of its line stays, so that the lines below are counted as in the file.
+  bytes.remove_prefix(std::min(bytes.find_first_of("\r\n"), bytes.size()));
+  return parse_csv(bytes, *declared, path);
 }
 
 }  // namespace kurv::app

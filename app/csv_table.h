@@ -47,4 +47,8 @@ class CsvTable {
 // is never closed.
 CsvTable parse_csv(std::string_view bytes, char separator, const std::string& path);
 
+// The same with the separator that the first line declares, or else the one that the lines agree
+// on. The line of a declaration is no row.
+CsvTable parse_csv(std::string_view bytes, const std::string& path);
+
 }  // namespace kurv::app

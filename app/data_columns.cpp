@@ -138,4 +138,21 @@ DataSet make_data_set(const CsvTable& table, const Selection& selection, const s
   return data;
 }
 
+void check_drawable(const DataSet& data, const Selection& selection, const std::string& path) {
+  if (data.values.upper_point() < 2) {
+    throw UserError(path + " cannot be drawn: it has one row of data" +
+                    (selection.every > 1 ? " with this --every, and a graph needs at least two; "
+                                           "choose a smaller one."
+                                         : ", and a graph needs at least two; add another one."));
+  }
+  double first = kNoValue;
+  for (int i = 1; i <= data.values.upper_point(); ++i) {
+    const double x = data.values(1, i);
+    if (std::isnan(first)) first = x;
+    if (!std::isnan(x) && x != first) return;
+  }
+  throw UserError(path + " cannot be drawn: all values of x, the column " +
+                  in_quotes(data.names(1)) + ", are the same; choose another column with --x.");
+}
+
 }  // namespace kurv::app

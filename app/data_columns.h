@@ -25,4 +25,8 @@ struct DataSet {
 // UserError, which begins with `path`, when the table cannot be drawn.
 DataSet make_data_set(const CsvTable& table, const Selection& selection, const std::string& path);
 
+// Refuses data of which the graph would show nothing: it needs two rows, and values of x that
+// differ.
+void check_drawable(const DataSet& data, const Selection& selection, const std::string& path);
+
 }  // namespace kurv::app

@@ -1,5 +1,6 @@
 #include "app/host_desktop.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "app/host_values.h"
@@ -82,6 +83,12 @@ std::optional<Font> HostShell::choose_font(const Font& preset) {
   return Font{entry["name"].toString(qt_text(preset.FontName)).toStdString(),
               to_single(entry["size"].toDouble(preset.FontSize)),
               entry["bold"].toBool(preset.FontBold), entry["italic"].toBool(preset.FontItalic)};
+}
+
+// A size that no surface can have is brought to the nearest that one can.
+void HostContainer::change(Single& side, Single twips) {
+  const Single possible = std::clamp(twips, 1.0F, 32767.0F);
+  if (std::exchange(side, possible) != possible && m_resized) m_resized();
 }
 
 QJsonArray HostContainer::take_events() {

@@ -7,6 +7,8 @@
 
 #include <QJsonArray>
 #include <QJsonObject>
+#include <functional>
+#include <utility>
 
 namespace kurv::app {
 
@@ -44,19 +46,32 @@ class HostContainer final : public Container {
   Integer pointer() const { return m_pointer; }
   // What was raised since the last call of this.
   QJsonArray take_events();
+  // Called when the control has given itself another size, as a loaded graph does.
+  void on_resize(std::function<void()> resized) { m_resized = std::move(resized); }
+
+  // The size that the host gives it; true where that is another one.
+  bool take_size(Single width, Single height) {
+    const bool other = width != m_width || height != m_height;
+    m_width = width;
+    m_height = height;
+    return other;
+  }
 
   bool run_mode() const override { return m_run_mode; }
   void set_MousePointer(Integer pointer) override { m_pointer = pointer; }
   Single Height() const override { return m_height; }
   Single Width() const override { return m_width; }
-  void set_Height(Single twips) override { m_height = twips; }
-  void set_Width(Single twips) override { m_width = twips; }
+  void set_Height(Single twips) override { change(m_height, twips); }
+  void set_Width(Single twips) override { change(m_width, twips); }
   void MouseUp(Integer Button, Integer Shift, Single x, Single Y) override;
 
  private:
+  void change(Single& side, Single twips);
+
   Single m_width;
   Single m_height;
   bool m_run_mode;
+  std::function<void()> m_resized;
   Integer m_pointer = kDefaultPointer;
   QJsonArray m_events;
 };

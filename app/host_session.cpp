@@ -3,8 +3,10 @@
 #include <KurvGraph/automation.h>
 #include <KurvGraph/fault.h>
 
+#include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
+#include <QStorageInfo>
 #include <cmath>
 #include <new>
 #include <utility>
@@ -21,6 +23,23 @@ namespace {
 constexpr double kLeastScale = 0.1;
 constexpr double kLargestScale = 8;
 constexpr double kLargestDispatchId = 4294967295.0;
+
+struct PromptedCommand {
+  const char* name;
+  PromptedSetting setting;
+};
+
+constexpr PromptedCommand kPromptedSettings[] = {
+    {"marker size", PromptedSetting::kMarkerSize},
+    {"left margin", PromptedSetting::kLeftMargin},
+    {"right margin", PromptedSetting::kRightMargin},
+    {"top margin", PromptedSetting::kTopMargin},
+    {"bottom margin", PromptedSetting::kBottomMargin},
+    {"x title", PromptedSetting::kXAxisTitle},
+    {"axis font", PromptedSetting::kAxisFont},
+    {"title font", PromptedSetting::kTitleFont},
+    {"subtitle font", PromptedSetting::kSubtitleFont},
+};
 
 // A line that is not a request.
 [[noreturn]] void refuse() {
@@ -70,17 +89,35 @@ const Member& member_of(const QJsonValue& json) {
   return *found;
 }
 
+PromptedSetting setting_of(const QString& name) {
+  for (const PromptedCommand& command : kPromptedSettings) {
+    if (name == QLatin1String(command.name)) return command.setting;
+  }
+  refuse();
+}
+
 std::vector<Variant> arguments_of(const Member& method, const QJsonValue& json) {
   if (!json.isArray() && !json.isUndefined()) refuse();
+  const QJsonArray values = json.toArray();
+  check_count(method, static_cast<std::size_t>(values.size()));
   std::vector<Variant> arguments;
-  for (const QJsonValue& value : json.toArray()) {
+  for (const QJsonValue& value : values) {
     const std::size_t index = arguments.size();
-    if (index >= method.parameters.size()) throw Fault(FaultKind::kTooManyArguments);
     const Parameter& parameter = method.parameters[index];
     arguments.push_back(value.isNull() && parameter.optional ? Variant()
                                                              : from_json(value, parameter.type));
   }
   return arguments;
+}
+
+// Why a picture could not be written, as the platform tells it afterwards.
+Fault unwritable(const QFileInfo& file) {
+  const QFileInfo folder(file.absolutePath());
+  if (!folder.exists()) return Fault(FaultKind::kPathNotFound);
+  if (file.isDir() || !folder.isDir()) return Fault(FaultKind::kPathFileAccessError);
+  if (!folder.isWritable()) return Fault(FaultKind::kPermissionDenied);
+  const QStorageInfo disk(folder.absoluteFilePath());
+  return Fault(disk.bytesAvailable() == 0 ? FaultKind::kDiskFull : FaultKind::kDeviceIoError);
 }
 
 QJsonObject failure(int number, const char* text) {
@@ -166,7 +203,7 @@ HostSession::Result HostSession::picture(const QJsonObject& request) {
   try {
     write_picture(image, path);
   } catch (const UserError&) {
-    throw Fault(FaultKind::kPathFileAccessError);
+    throw unwritable(QFileInfo(QString::fromStdString(path)));
   }
   return {};
 }
@@ -174,13 +211,32 @@ HostSession::Result HostSession::picture(const QJsonObject& request) {
 HostSession::Result HostSession::drawn(const QJsonObject& request) {
   need_true(request["drawn"]);
   QJsonArray lines;
-  const std::string& log = hosted().drawn();
+  const std::string_view log = hosted().drawn();
   for (std::size_t start = 0; start < log.size();) {
     const std::size_t end = log.find('\n', start);
     lines.append(QString::fromUtf8(log.data() + start, static_cast<qsizetype>(end - start)));
     start = end + 1;
   }
   return QJsonValue(lines);
+}
+
+HostSession::Result HostSession::prompt(const QJsonObject& request) {
+  const QString name = request["prompt"].toString();
+  const bool is_edit = name == "edit function";
+  const QJsonValue selected = request["select"];
+  // Without it nothing is selected.
+  if (!selected.isUndefined() && !(is_edit && selected.isString())) refuse();
+  Control& control = hosted().control();
+  if (is_edit) {
+    control.edit_function(selected.toString().toStdString());
+  } else if (name == "add function") {
+    control.add_function();
+  } else if (name == "derive") {
+    control.add_derived_curve();
+  } else {
+    control.prompt(setting_of(name));
+  }
+  return {};
 }
 
 HostSession::Result HostSession::close(const QJsonObject& request) {
@@ -193,11 +249,17 @@ HostSession::Result HostSession::close(const QJsonObject& request) {
 // The request that the object is: exactly one of the words, and nothing that does not belong to it.
 const HostSession::Request* HostSession::request_in(const QJsonObject& object) {
   static constexpr Request kRequests[] = {
-      {"answers", nullptr, &HostSession::answers}, {"call", "args", &HostSession::call},
-      {"close", nullptr, &HostSession::close},     {"drawn", nullptr, &HostSession::drawn},
-      {"get", nullptr, &HostSession::get},         {"picture", nullptr, &HostSession::picture},
-      {"place", nullptr, &HostSession::place},     {"pointer", nullptr, &HostSession::pointer},
-      {"resize", nullptr, &HostSession::resize},   {"set", "to", &HostSession::set},
+      {"answers", nullptr, &HostSession::answers},
+      {"call", "args", &HostSession::call},
+      {"close", nullptr, &HostSession::close},
+      {"drawn", nullptr, &HostSession::drawn},
+      {"get", nullptr, &HostSession::get},
+      {"picture", nullptr, &HostSession::picture},
+      {"place", nullptr, &HostSession::place},
+      {"pointer", nullptr, &HostSession::pointer},
+      {"prompt", "select", &HostSession::prompt},
+      {"resize", nullptr, &HostSession::resize},
+      {"set", "to", &HostSession::set},
       {"show", nullptr, &HostSession::show},
   };
   for (const Request& request : kRequests) {
@@ -241,6 +303,8 @@ QByteArray HostSession::answer(const QByteArray& line) {
   return QJsonDocument(answer).toJson(QJsonDocument::Compact);
 }
 
-void HostSession::finish() { end(); }
+void HostSession::finish() {
+  end();
+}
 
 }  // namespace kurv::app

@@ -42,6 +42,7 @@ class HostSession {
   Result picture(const QJsonObject& request);
   Result place(const QJsonObject& request);
   Result pointer(const QJsonObject& request);
+  Result prompt(const QJsonObject& request);
   Result resize(const QJsonObject& request);
   Result set(const QJsonObject& request);
   Result show(const QJsonObject& request);

@@ -34,23 +34,30 @@ class HostedControl {
     m_surface.keep_last_redraw_only();
     m_control.first_placement();
     m_surface.clear_log();
+    m_container.on_resize([this] { fit(); });
   }
 
   Control& control() { return m_control; }
   HostContainer& container() { return m_container; }
   QImage image() const { return m_picture.image(); }
-  const std::string& drawn() const { return m_surface.log(); }
+  // Empty before the first redraw that drew.
+  std::string_view drawn() const {
+    return m_surface.has_redraw() ? std::string_view(m_surface.log()) : std::string_view();
+  }
 
-  // Twips.
+  // Twips. A size that it has already is no resize.
   void resize(double width, double height) {
-    m_container.set_Width(to_single(width));
-    m_container.set_Height(to_single(height));
-    m_picture.resize(pixels(width, height), m_scale);
-    m_surface.set_size(width, height);
-    m_control.resize();
+    if (m_container.take_size(to_single(width), to_single(height))) fit();
   }
 
  private:
+  // Surface and control take the size that the container has.
+  void fit() {
+    m_picture.resize(pixels(m_container.Width(), m_container.Height()), m_scale);
+    m_surface.set_size(m_container.Width(), m_container.Height());
+    m_control.resize();
+  }
+
   static QSize pixels(double width, double height) {
     constexpr double kTwipsPerPixel = 15;
     return {static_cast<int>(std::ceil(width / kTwipsPerPixel)),

@@ -58,7 +58,21 @@ class Reader {
   bool m_good = true;
 };
 
-// The part of a day that a time of day stands for; nothing for 24:00 and later.
+// The minutes that a zone is ahead of the common time, as in "+02", "+0200" and "+02:00"; nothing
+// where it would be a day or more.
+std::optional<int> read_zone(Reader& reader) {
+  if (reader.accept("Z")) return 0;
+  const bool behind = reader.accept("-");
+  if (!behind && !reader.accept("+")) return 0;
+  const int hour = reader.digits(2);
+  const bool has_minutes = reader.accept(":") || !reader.at_end();
+  const int minute = has_minutes ? reader.digits(2) : 0;
+  if (hour > 23 || minute > 59) return std::nullopt;
+  return (behind ? -1 : 1) * (hour * 60 + minute);
+}
+
+// The part of a day that a time of day stands for, beyond the day where its zone moves it there;
+// nothing for 24:00 and later.
 std::optional<double> read_time(Reader& reader) {
   const int hour = reader.digits(2);
   reader.expect(":");
@@ -68,9 +82,9 @@ std::optional<double> read_time(Reader& reader) {
     second = reader.digits(2);
     if (reader.accept(".,")) second += reader.fraction();
   }
-  reader.accept("Z");
-  if (hour > 23 || minute > 59 || second >= 60) return std::nullopt;
-  return (hour * 60 + minute + second / 60) / kMinutesPerDay;
+  const std::optional<int> ahead = read_zone(reader);
+  if (hour > 23 || minute > 59 || second >= 60 || !ahead) return std::nullopt;
+  return (hour * 60 + minute - *ahead + second / 60) / kMinutesPerDay;
 }
 
 chrono::sys_days day_of(double days) {

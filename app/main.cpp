@@ -12,6 +12,9 @@
 #include <variant>
 
 #include "app/command_line.h"
+#include "app/eval_command.h"
+#include "app/host_command.h"
+#include "app/info_command.h"
 #include "app/render_command.h"
 #include "app/text.h"
 #include "app/user_error.h"
@@ -35,11 +38,27 @@ int run(int argc, char** argv) {
     std::cout << notice->text;
     return 0;
   }
+  const Warn warn = [](const std::string& warning) { say("warning: " + warning); };
+  if (const InfoRequest* info = std::get_if<InfoRequest>(&command)) {
+    return print_info(*info, std::cout);
+  }
+  if (std::holds_alternative<HostRequest>(command)) return run_host();
+  if (const EvalRequest* eval = std::get_if<EvalRequest>(&command)) {
+    if (eval->expression) {
+      std::cout << evaluate(*eval->expression, eval->values) << '\n';
+    } else {
+      evaluate_lines(std::cin, std::cout);
+    }
+    return 0;
+  }
   if (const WindowRequest* windows = std::get_if<WindowRequest>(&command)) {
     return open_windows(*windows, say);
   }
-  render(std::get<RenderRequest>(command),
-         [](const std::string& warning) { say("warning: " + warning); });
+  if (const ConvertRequest* conversion = std::get_if<ConvertRequest>(&command)) {
+    convert(*conversion, warn);
+    return 0;
+  }
+  render(std::get<RenderRequest>(command), warn);
   return 0;
 }
 

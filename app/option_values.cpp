@@ -19,7 +19,9 @@ constexpr int kWidest = 7680;
 constexpr int kHighest = 4320;
 constexpr double kSmallestScale = 0.5;
 constexpr double kLargestScale = 8;
+// Pixels of the picture, and of one side of it.
 constexpr double kMostPixels = 4.0 * kWidest * kHighest;
+constexpr double kLongestSide = 32767;
 
 UserError misuse(const std::string& sentence) {
   return UserError(sentence, kUsageFailure);
@@ -162,8 +164,47 @@ Setting parse_setting(std::string_view text) {
   return {&property, value};
 }
 
+Derivation parse_derivation(std::string_view text) {
+  const std::size_t sign = text.find('=');
+  const std::string_view name = trimmed(text.substr(0, sign));
+  const std::string_view expression = sign == text.npos ? "" : trimmed(text.substr(sign + 1));
+  if (name.empty() || expression.empty()) {
+    throw misuse("--derive takes a name and an expression, as in 'ratio=up/(1+down)', not " +
+                 in_quotes(text) + ".");
+  }
+  return {std::string(name), std::string(expression)};
+}
+
+QLocale parse_locale(const std::string& text) {
+  // As in "de_DE.UTF-8@euro", of which only the front matters here.
+  QString name = QString::fromStdString(text.substr(0, text.find_first_of(".@")));
+  name.replace('-', '_');
+  const QLocale locale(name);
+  // An unknown name gets the neutral locale, and an unknown country that of the language.
+  const QStringList parts = name.split('_');
+  const bool known = locale != QLocale::c()
+                         ? parts.size() == 1 || locale.name().endsWith('_' + parts.back()) ||
+                               QLocale::codeToScript(parts.back()) != QLocale::AnyScript
+                         : name == "C" || name == "POSIX";
+  if (!known) {
+    throw misuse("--locale takes the name of a locale such as de_DE, not " + in_quotes(text) + ".");
+  }
+  if (locale.decimalPoint() != "." && locale.decimalPoint() != ",") {
+    throw misuse("the locale " + in_quotes(text) +
+                 " has neither a point nor a comma in its numbers; choose one that has.");
+  }
+  return locale;
+}
+
 void check_picture_size(QSize size, double scale) {
-  if (size.width() * scale * (size.height() * scale) <= kMostPixels) return;
+  const double width = size.width() * scale;
+  const double height = size.height() * scale;
+  if (std::max(width, height) > kLongestSide) {
+    throw misuse(
+        "--size and --scale together ask for more than 32767 pixels on one side; choose "
+        "a smaller one.");
+  }
+  if (width * height <= kMostPixels) return;
   throw misuse("--size and --scale together ask for more than " + std::to_string(2 * kWidest) +
                "x" + std::to_string(2 * kHighest) + " pixels; choose a smaller one.");
 }

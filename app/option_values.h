@@ -2,6 +2,7 @@
 // kUsageFailure.
 #pragma once
 
+#include <QLocale>
 #include <QSize>
 #include <string>
 #include <string_view>
@@ -26,7 +27,14 @@ std::vector<std::string> parse_names(std::string_view text);
 // "PROPERTY=VALUE". The name is found in any letter case.
 Setting parse_setting(std::string_view text);
 
-// Refuses a picture of more pixels than the largest one at twice its size has.
+// "NAME=EXPRESSION", of which neither is empty.
+Derivation parse_derivation(std::string_view text);
+
+// A locale's name, such as "de_DE", whose decimal separator is a point or a comma.
+QLocale parse_locale(const std::string& text);
+
+// Refuses a picture that cannot have all its pixels: more than the largest one at twice its size
+// has, or a side of more than 32767.
 void check_picture_size(QSize size, double scale);
 
 }  // namespace kurv::app

@@ -23,8 +23,8 @@ QByteArray encoded(const QImage& picture, const std::string& format) {
   return bytes;
 }
 
-UserError unwritable(const std::string& path, const QString& reason) {
-  return UserError(path + " cannot be written: " + reason.toStdString() + ".");
+UserError unwritable(const std::string& path, const QString& reason, const std::string& advice) {
+  return UserError(path + " cannot be written: " + reason.toStdString() + "; " + advice + ".");
 }
 
 // The bytes that did not fit would otherwise go unnoticed: a file that fell short is replaced by
@@ -53,18 +53,21 @@ void write_picture(const QImage& picture, const std::string& path) {
   const QString name = QFile::decodeName(path.c_str());
   // A device would be replaced by a file.
   const QFileInfo target(name);
-  if (target.exists() && !target.isFile()) throw unwritable(path, "it is not a regular file");
+  if (target.exists() && !target.isFile())
+    throw unwritable(path, "it is not a regular file", "choose another name");
   QSaveFile file(name);
   // Unbuffered, so that each write tells what has become of its bytes.
   if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) {
-    throw unwritable(path, file.errorString());
+    throw unwritable(path, file.errorString(), "choose another folder");
   }
   if (!write_all(file, bytes)) {
     const QString reason = file.errorString();
     file.cancelWriting();
-    throw unwritable(path, reason);
+    throw unwritable(path, reason, "make room on the disk or choose another one");
   }
-  if (!file.commit()) throw unwritable(path, file.errorString());
+  if (!file.commit()) {
+    throw unwritable(path, file.errorString(), "make room on the disk or choose another folder");
+  }
 }
 
 }  // namespace kurv::app

@@ -1,4 +1,4 @@
-// kurv render: a data file becomes a picture file, without a window.
+// kurv render and kurv convert: a file becomes a picture or a graph file, without a window.
 #pragma once
 
 #include <functional>
@@ -8,8 +8,14 @@
 
 namespace kurv::app {
 
-// Needs no display server. What was left out of the data is told to `warn` in whole sentences.
+// Both need no display server. What was left out of the data is told to `warn` in whole sentences.
+using Warn = std::function<void(const std::string&)>;
+
 // Throws UserError when there is no picture to write, and then the target is as it was.
-void render(const RenderRequest& request, const std::function<void(const std::string&)>& warn);
+void render(const RenderRequest& request, const Warn& warn);
+
+// Throws UserError when there is no graph to write, or it could not be written: the control says
+// what the target is then.
+void convert(const ConvertRequest& request, const Warn& warn);
 
 }  // namespace kurv::app

@@ -1,5 +1,6 @@
 #include "app/text.h"
 
+#include <QString>
 #include <algorithm>
 
 namespace kurv::app {
@@ -59,6 +60,15 @@ std::string enumeration(const std::vector<std::string>& names, std::size_t at_mo
   }
   if (hidden > 0) result += " and " + std::to_string(hidden) + " more";
   return result;
+}
+
+bool is_utf8(std::string_view bytes) {
+  return QUtf8StringView(bytes.data(), static_cast<qsizetype>(bytes.size())).isValidUtf8();
+}
+
+std::string as_utf8(std::string_view bytes) {
+  if (is_utf8(bytes)) return std::string(bytes);
+  return QString::fromLatin1(bytes.data(), static_cast<qsizetype>(bytes.size())).toStdString();
 }
 
 }  // namespace kurv::app

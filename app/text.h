@@ -22,4 +22,9 @@ std::string in_quotes(std::string_view text);
 // The names as a sentence part, each quoted: "a", "b" and 7 more.
 std::string enumeration(const std::vector<std::string>& names, std::size_t at_most);
 
+// Whether the bytes are UTF-8, and as UTF-8 what they say: older programs write one byte per
+// letter.
+bool is_utf8(std::string_view bytes);
+std::string as_utf8(std::string_view bytes);
+
 }  // namespace kurv::app

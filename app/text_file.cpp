@@ -26,17 +26,21 @@ struct Close {
 using File = std::unique_ptr<std::FILE, Close>;
 
 UserError unreadable(const std::string& path, int error) {
-  return UserError(path + " cannot be read: " + std::generic_category().message(error) + ".");
+  const char* advice = "check the disk that it is on";
+  if (error == ENOENT || error == ENOTDIR || error == ENAMETOOLONG) advice = "check the name";
+  if (error == EACCES || error == EPERM) advice = "check its permissions";
+  return UserError(path + " cannot be read: " + std::generic_category().message(error) + "; " +
+                   advice + ".");
 }
 
 UserError too_large(const std::string& path) {
   return UserError(path + " is larger than 2 GiB; cut it into smaller files first.");
 }
 
-File open(const std::string& path) {
+File open(const std::string& path, const std::string& kind) {
   std::error_code ignored;
   if (fs::is_directory(path, ignored)) {
-    throw UserError(path + " is a directory; name a CSV file instead.");
+    throw UserError(path + " is a directory; name a " + kind + " file instead.");
   }
   File file(std::fopen(path.c_str(), "rb"));
   if (!file) throw unreadable(path, errno);
@@ -44,7 +48,7 @@ File open(const std::string& path) {
 }
 
 // Blocks, so that neither an endless device nor a film is read to its end before it is refused.
-std::string read_all(std::FILE& file, const std::string& path) {
+std::string read_all(std::FILE& file, const std::string& path, bool text) {
   std::string bytes;
   std::error_code unknown_size;
   const std::uintmax_t size = fs::file_size(path, unknown_size);
@@ -52,7 +56,7 @@ std::string read_all(std::FILE& file, const std::string& path) {
   if (!unknown_size) bytes.reserve(size);
   std::vector<char> block(kBlock);
   while (const std::size_t length = std::fread(block.data(), 1, block.size(), &file)) {
-    if (std::memchr(block.data(), 0, length) != nullptr) {
+    if (text && std::memchr(block.data(), 0, length) != nullptr) {
       throw UserError(path + " is no text; save the table as a CSV file in UTF-8 first.");
     }
     if (bytes.size() + length > kLargestFile) {
@@ -67,14 +71,19 @@ std::string read_all(std::FILE& file, const std::string& path) {
 }  // namespace
 
 std::string read_text_file(const std::string& path) {
-  const File file = open(path);
-  std::string bytes = read_all(*file, path);
+  const File file = open(path, "CSV");
+  std::string bytes = read_all(*file, path, true);
   constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
   if (bytes.starts_with(kByteOrderMark)) bytes.erase(0, kByteOrderMark.size());
   if (bytes.find_first_not_of(" \t\r\n") == std::string::npos) {
     throw UserError(path + " is empty; it needs a row of names and rows of numbers.");
   }
   return bytes;
+}
+
+std::string read_graph_file_bytes(const std::string& path) {
+  const File file = open(path, "graph");
+  return read_all(*file, path, false);
 }
 
 }  // namespace kurv::app

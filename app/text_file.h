@@ -9,4 +9,8 @@ namespace kurv::app {
 // UserError when it cannot be read, is empty, larger than 2 GiB, or no text.
 std::string read_text_file(const std::string& path);
 
+// The whole file as it is, whatever it holds. Throws UserError when it cannot be read or is larger
+// than 2 GiB.
+std::string read_graph_file_bytes(const std::string& path);
+
 }  // namespace kurv::app

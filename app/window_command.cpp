@@ -18,23 +18,19 @@ namespace kurv::app {
 
 namespace {
 
-struct GraphFile {
-  std::string path;
-  DataSet data;
-};
-
 // Keeps the files for which `work` does not throw. The last of several refusals is thrown only if
-// no file is left; the others are said.
+// no file is left; the others are said. What is wrong with the command line ends everything.
 template <class Work>
-std::vector<GraphFile> accepted(std::vector<GraphFile> files, const Work& work,
-                                const std::function<void(const std::string&)>& say) {
-  std::vector<GraphFile> kept;
+std::vector<GraphSource> accepted(std::vector<GraphSource> files, const Work& work,
+                                  const std::function<void(const std::string&)>& say) {
+  std::vector<GraphSource> kept;
   std::optional<UserError> refusal;
-  for (GraphFile& file : files) {
+  for (GraphSource& file : files) {
     try {
       work(file);
       kept.push_back(std::move(file));
     } catch (const UserError& error) {
+      if (error.exit_status() == kUsageFailure) throw;
       if (refusal) say(refusal->what());
       refusal = error;
     }
@@ -63,28 +59,31 @@ QString window_title(const std::string& path) {
   return name.replace(QLatin1String("[*]"), QLatin1String("[*][*]"));
 }
 
-std::unique_ptr<QMainWindow> make_window(const GraphChoice& choice, const GraphFile& file) {
+std::unique_ptr<QMainWindow> make_window(const GraphChoice& choice, const GraphSource& file) {
   auto window = std::make_unique<QMainWindow>();
   window->setWindowTitle(window_title(file.path));
   auto* const graph = new KurvGraph;
-  graph->resize(choice.size);
+  graph->resize(choice.size.value_or(kUsualSize));
+  fill(choice, file, *graph);
+  // A graph file has a size of its own.
+  if (choice.size) graph->resize(*choice.size);
+  window->resize(graph->size());
   window->setCentralWidget(graph);
-  window->resize(choice.size);
-  hand_over(choice, file.path, file.data, *graph);
-  finish_looks(choice, *graph, *graph);
+  finish_looks(choice, file, *graph, *graph);
   return window;
 }
 
 }  // namespace
 
 int open_windows(const WindowRequest& request, const std::function<void(const std::string&)>& say) {
-  std::vector<GraphFile> files;
-  for (const std::string& path : request.data_files) files.push_back({path, {}});
+  std::vector<GraphSource> files;
+  for (const std::string& path : request.data_files) files.push_back({path, std::nullopt});
   files = accepted(
       std::move(files),
-      [&](GraphFile& file) {
-        file.data = load(file.path, request.selection);
-        for (const std::string& warning : file.data.warnings) say("warning: " + warning);
+      [&](GraphSource& file) {
+        file = load(file.path, request);
+        if (!file.data) return;
+        for (const std::string& warning : file.data->warnings) say("warning: " + warning);
       },
       say);
 
@@ -98,10 +97,9 @@ int open_windows(const WindowRequest& request, const std::function<void(const st
   // A first drawing that nobody sees: what a graph refuses is said here, as it is for a picture,
   // and opens neither a message box nor an empty window.
   files = accepted(
-      std::move(files),
-      [&](const GraphFile& file) { picture_of(request, file.path, file.data, 1); }, say);
+      std::move(files), [&](const GraphSource& file) { picture_of(request, file, 1); }, say);
   std::vector<std::unique_ptr<QMainWindow>> windows;
-  for (const GraphFile& file : files) windows.push_back(make_window(request, file));
+  for (const GraphSource& file : files) windows.push_back(make_window(request, file));
   for (const auto& window : windows) window->show();
   const int status = QApplication::exec();
   return status == 0 && files.size() < request.data_files.size() ? kFailure : status;

@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "app/text.h"
 
@@ -34,6 +35,9 @@ class RunningHost final : public Container {
 // Nobody is there to close a message box: what it says ends the program.
 class MessageKeeper final : public Shell {
  public:
+  // A dialog that asks where to save is answered with this path.
+  explicit MessageKeeper(std::string save_path = {}) : m_save_path(std::move(save_path)) {}
+
   Answer message_box(std::string_view text, int, std::string_view) override {
     if (!m_messages.empty()) m_messages += ' ';
     m_messages += text;
@@ -43,21 +47,27 @@ class MessageKeeper final : public Shell {
   String input_prompt(std::string_view, std::string_view, std::string_view) override { return {}; }
   void beep() override {}
   FileChoice open_file(const OpenDialog&) override { return {}; }
-  FileChoice save_file(const SaveDialog&) override { return {}; }
+  FileChoice save_file(const SaveDialog&) override { return {m_save_path, 1}; }
   std::optional<Font> choose_font(const Font&) override { return {}; }
 
-  // All boxes as one sentence.
+  // All boxes as part of one sentence, without its end.
   std::string sentence() const {
     std::string result;
     for (const char c : on_one_line(m_messages)) {
-      if (c != ' ' || !result.ends_with(' ')) result += c;
+      if (c == ' ' && result.ends_with(' ')) continue;
+      if (c == ' ' && result.ends_with('.')) result.back() = ';';
+      result += c;
     }
-    return std::string(trimmed(result));
+    while (result.ends_with(' ') || result.ends_with('.') || result.ends_with(';')) {
+      result.pop_back();
+    }
+    return result;
   }
 
   bool empty() const { return m_messages.empty(); }
 
  private:
+  std::string m_save_path;
   std::string m_messages;
 };
 

@@ -46,15 +46,16 @@ TEST(CommandLine, HasADefaultForEverythingButTheFiles) {
   const RenderRequest request = request_of({});
   EXPECT_EQ(request.data_file, "data.csv");
   EXPECT_EQ(request.picture_file, "picture.png");
-  EXPECT_EQ(request.size, QSize(1000, 700));
+  EXPECT_FALSE(request.size);
   EXPECT_EQ(request.scale, 1);
   EXPECT_FALSE(request.selection.x);
   EXPECT_THAT(request.selection.y, IsEmpty());
   EXPECT_EQ(request.selection.every, 1u);
   EXPECT_FALSE(request.title);
-  EXPECT_EQ(request.subtitle, "");
-  EXPECT_TRUE(request.lines);
+  EXPECT_FALSE(request.subtitle);
+  EXPECT_FALSE(request.lines);
   EXPECT_FALSE(request.markers);
+  EXPECT_FALSE(request.locale);
   EXPECT_FALSE(request.sort);
   EXPECT_THAT(request.settings, IsEmpty());
 }
@@ -68,8 +69,8 @@ TEST(CommandLine, TakesAllOptions) {
   EXPECT_EQ(request.selection.x, "t");
   EXPECT_EQ(request.title, "A title");
   EXPECT_EQ(request.subtitle, "below");
-  EXPECT_FALSE(request.lines);
-  EXPECT_TRUE(request.markers);
+  EXPECT_EQ(request.lines, false);
+  EXPECT_EQ(request.markers, true);
   EXPECT_TRUE(request.sort);
   EXPECT_EQ(request.selection.every, 3u);
 }
@@ -80,9 +81,9 @@ TEST(CommandLine, AnEmptyTitleIsATitle) {
 }
 
 TEST(CommandLine, OfTwoContrarySwitchesTheLaterCounts) {
-  EXPECT_TRUE(request_of({"--no-lines", "--lines"}).lines);
-  EXPECT_FALSE(request_of({"--lines", "--no-lines"}).lines);
-  EXPECT_FALSE(request_of({"--markers", "--no-markers"}).markers);
+  EXPECT_EQ(request_of({"--no-lines", "--lines"}).lines, true);
+  EXPECT_EQ(request_of({"--lines", "--no-lines"}).lines, false);
+  EXPECT_EQ(request_of({"--markers", "--no-markers"}).markers, false);
 }
 
 TEST(CommandLine, NamesOfCurvesComeInListsAndRepeatedly) {
@@ -134,6 +135,9 @@ TEST(CommandLine, SizesAndScalesOutsideTheirRangeAreRefused) {
     EXPECT_THAT(misuse_with({"--scale", scale}), HasSubstr("--scale takes")) << scale;
   }
   EXPECT_THAT(misuse_with({"--size", "7680x4320", "--scale", "2.1"}), HasSubstr("15360x8640"));
+  EXPECT_EQ(request_of({"--size", "4095x100", "--scale", "8"}).scale, 8);
+  EXPECT_THAT(misuse_with({"--size", "4096x100", "--scale", "8"}),
+              AllOf(HasSubstr("32767"), HasSubstr("choose a smaller one")));
 }
 
 TEST(CommandLine, EveryTakesAWholeNumberAboveZero) {
@@ -173,20 +177,61 @@ TEST(CommandLine, FilesWithoutACommandAreForWindowsWithTheSameChoices) {
   EXPECT_EQ(request.selection.every, 2u);
   EXPECT_EQ(request.title, "T");
   EXPECT_EQ(request.subtitle, "S");
-  EXPECT_FALSE(request.lines);
-  EXPECT_TRUE(request.markers);
+  EXPECT_EQ(request.lines, false);
+  EXPECT_EQ(request.markers, true);
   EXPECT_TRUE(request.sort);
   ASSERT_EQ(request.settings.size(), 1u);
   EXPECT_THAT(misuse_of({"a.csv", "--set", "Nonsense=1"}), HasSubstr("no property"));
   EXPECT_THAT(misuse_of({"a.csv", "-o", "a.png"}), HasSubstr("kurv --help"));
 }
 
+TEST(CommandLine, ConvertTakesTheChoicesOfRenderAndAGraphFile) {
+  const auto request = std::get<ConvertRequest>(
+      parsed({"convert", "a.csv", "-o", "b.GDF", "--x", "t", "--title", "T", "--no-lines"}));
+  EXPECT_EQ(request.data_file, "a.csv");
+  EXPECT_EQ(request.graph_file, "b.GDF");
+  EXPECT_EQ(request.selection.x, "t");
+  EXPECT_EQ(request.title, "T");
+  EXPECT_EQ(request.lines, false);
+  EXPECT_THAT(misuse_of({"convert", "a.csv", "-o", "b.png"}), HasSubstr("must end in .gdf"));
+  EXPECT_THAT(misuse_of({"convert", "a.csv"}), HasSubstr("kurv convert --help"));
+  EXPECT_THAT(misuse_of({"convert", "", "-o", "b.gdf"}), HasSubstr("is empty; name one"));
+}
+
+TEST(CommandLine, InfoAndHostAreCommands) {
+  const auto info = std::get<InfoRequest>(parsed({"info", "a.gdf"}));
+  EXPECT_EQ(info.graph_file, "a.gdf");
+  EXPECT_FALSE(info.check);
+  EXPECT_TRUE(std::get<InfoRequest>(parsed({"info", "--check", "a.gdf"})).check);
+  EXPECT_TRUE(std::holds_alternative<HostRequest>(parsed({"host"})));
+  EXPECT_THAT(misuse_of({"host", "a.gdf"}), HasSubstr("kurv host --help"));
+  EXPECT_THAT(misuse_of({"a.gdf", "host"}), HasSubstr("behind"));
+  EXPECT_THAT(misuse_of({"info"}), HasSubstr("kurv info --help"));
+}
+
+TEST(CommandLine, ALocaleDecidesAboutTheDecimalSeparator) {
+  for (const char* name : {"de_DE", "de", "de-AT", "de_DE.UTF-8", "de_DE@euro"}) {
+    EXPECT_EQ(request_of({"--locale", name}).locale.value().decimalPoint(), ",") << name;
+  }
+  for (const char* name : {"C", "POSIX", "en_US", "zh_Hant_TW"}) {
+    EXPECT_EQ(request_of({"--locale", name}).locale.value().decimalPoint(), ".") << name;
+  }
+  for (const char* name : {"", "xx", "de_XX", "nonsense", "de_", "../x"}) {
+    EXPECT_THAT(misuse_with({"--locale", name}), HasSubstr("--locale takes")) << name;
+  }
+  EXPECT_THAT(misuse_with({"--locale", "ar_EG"}), HasSubstr("neither a point nor a comma"));
+}
+
 TEST(CommandLine, HelpAndVersionAreTexts) {
   EXPECT_EQ(std::get<Notice>(parsed({"--version"})).text, "kurv 1.0.0\n");
   EXPECT_THAT(std::get<Notice>(parsed({"--help"})).text,
               AllOf(HasSubstr("render"), HasSubstr("Example")));
+  for (const char* command : {"convert", "info", "host"}) {
+    EXPECT_THAT(std::get<Notice>(parsed({command, "--help"})).text, HasSubstr("Example"));
+  }
   EXPECT_THAT(std::get<Notice>(parsed({"render", "--help"})).text,
-              AllOf(HasSubstr("--every"), HasSubstr("NumTicks"), HasSubstr("Example")));
+              AllOf(HasSubstr("The line beside the title"), HasSubstr("--every"),
+                    HasSubstr("NumTicks"), HasSubstr("Example")));
 }
 
 }  // namespace

@@ -43,6 +43,26 @@ TEST(Separator, CommasBetweenSemicolonsAreDecimalCommas) {
   EXPECT_EQ(find_separator("1,5\t2,5\n3,5\t4,5\n"), '\t');
 }
 
+TEST(Separator, IsTheOneThatTheFirstLineDeclares) {
+  EXPECT_EQ(declared_separator("sep=;\n1,2\n"), ';');
+  EXPECT_EQ(declared_separator("SEP=,\r\n"), ',');
+  EXPECT_EQ(declared_separator("\"sep=|\"\n"), '|');
+  EXPECT_EQ(declared_separator("sep=\t"), '\t');
+  for (const char* bytes :
+       {"", "sep=", "sep=\n;", "sep=x\n", "sep=;;\n", "x,y\nsep=;\n", "sep=\""}) {
+    EXPECT_FALSE(declared_separator(bytes)) << bytes;
+  }
+}
+
+TEST(Separator, ThatIsDeclaredIsUsedAndItsLineIsNoRow) {
+  const CsvTable table = parse_csv("sep=;\r\nx,1;y\r\n1;2\r\n", "data.csv");
+  EXPECT_THAT(rows_of(table), ElementsAre(Row{"x,1", "y"}, Row{"1", "2"}));
+  EXPECT_EQ(table.line(0), 2u);
+  EXPECT_EQ(parse_csv("sep=;", "data.csv").rows(), 0u);
+  EXPECT_THAT(rows_of(parse_csv("x;y\n1;2\n", "data.csv")),
+              ElementsAre(Row{"x", "y"}, Row{"1", "2"}));
+}
+
 TEST(Separator, InsideQuotesCountsForNothing) {
   EXPECT_EQ(find_separator("x,\"a;b;c\"\n1,\"d;e;f\"\n"), ',');
   EXPECT_EQ(find_separator("\"a\nb;c\",y\n\"say \"\"x;y\"\"\",2\n"), ',');

@@ -134,6 +134,16 @@ TEST(DataSet, ColumnsOfWordsAndEmptyOnesAreLeftOutAndTold) {
                           "column \"c\" holds no values and is left out."));
 }
 
+TEST(DataSet, AFirstColumnThatIsNotDrawnIsToldWhereAnotherOneIsX) {
+  const Selection by_t{.x = "t", .y = {}};
+  EXPECT_THAT(data_of("w,t,y\na,1,2\nb,2,3\n", by_t).warnings,
+              ElementsAre("column \"w\" holds no numbers and is left out."));
+  EXPECT_THAT(data_of("d,t,y\n2012-01-01,1,2\n2012-01-02,2,3\n", by_t).warnings,
+              ElementsAre("column \"d\" holds no numbers and is left out."));
+  EXPECT_THAT(data_of("e,t,y\n,1,2\n,2,3\n", by_t).warnings,
+              ElementsAre("column \"e\" holds no values and is left out."));
+}
+
 TEST(DataSet, OneWordInFourMakesAColumnOfWords) {
   EXPECT_THAT(names_of(data_of("x,y,z\n1,a,1\n2,2,2\n3,3,3\n4,4,4\n")), ElementsAre("x", "z"));
 }

@@ -207,7 +207,8 @@ TEST_F(Host, PictureIsWrittenAtItsScale) {
   load();
   EXPECT_EQ(error(R"({"picture":)" + quoted(path("out.png")) + "}"), 0);
   EXPECT_EQ(QImage(path("out.png")).size(), QSize(400, 200));
-  EXPECT_EQ(error(R"({"picture":"/nosuch/out.png"})"), 75);
+  EXPECT_EQ(error(R"({"picture":"/nosuch/out.png"})"), 76);
+  EXPECT_NE(error(R"({"picture":"/proc/out.png"})"), 0);
 }
 
 TEST_F(Host, ResizeRedrawsOnceDataAreThere) {
@@ -218,10 +219,83 @@ TEST_F(Host, ResizeRedrawsOnceDataAreThere) {
   EXPECT_TRUE(ask(R"({"drawn":true})")["result"].toArray().contains("box 800 480 5200 3980 0"));
 }
 
-TEST_F(Host, DesignModeDoesNotPlaceTheTitles) {
-  EXPECT_EQ(error(R"({"place":{"design":true}})"), 0);
-  EXPECT_EQ(error(R"({"show":true})"), 0);
-  EXPECT_EQ(ask(R"({"drawn":true})")["result"].toArray().size(), 0);
+TEST_F(Host, ShowPlacesTheTitlesInRunModeAndNotInDesignMode) {
+  for (const bool design : {false, true}) {
+    EXPECT_EQ(error(design ? R"({"place":{"design":true}})" : R"({"place":{}})"), 0);
+    load();
+    EXPECT_EQ(error(R"({"set":"Left_margine","to":1500})"), 0);
+    EXPECT_EQ(error(R"({"call":"build_the_graph"})"), 0);
+    const auto title = [&] {
+      QString line;
+      for (const QJsonValue entry : ask(R"({"drawn":true})")["result"].toArray()) {
+        if (entry.toString().endsWith("\"Squares\"")) line = entry.toString();
+      }
+      return line;
+    };
+    const QString before = title();
+    EXPECT_TRUE(before.startsWith("print 800 ")) << before.toStdString();
+    EXPECT_EQ(error(R"({"show":true})"), 0);
+    EXPECT_EQ(title().startsWith("print 1500 "), !design) << title().toStdString();
+  }
+}
+
+TEST_F(Host, NothingIsDrawnBeforeThereAreData) {
+  for (const char* request : {R"({"show":true})", R"({"call":"ChartOptions","args":["refresh"]})",
+                              R"({"resize":[5000,4000]})"}) {
+    EXPECT_EQ(error(request), 0);
+    EXPECT_EQ(ask(R"({"drawn":true})")["result"].toArray().size(), 0) << request;
+  }
+}
+
+TEST_F(Host, LoadedGraphBringsItsSize) {
+  load();
+  const QString file = path("graph.gdf");
+  EXPECT_EQ(error(R"({"answers":[{"path":)" + quoted(file) + "}]}"), 0);
+  EXPECT_EQ(error(R"({"call":"Save_graph"})"), 0);
+  EXPECT_EQ(error(R"({"place":{"width":6000,"height":4500}})"), 0);
+  EXPECT_EQ(error(R"({"call":"file_load","args":[)" + quoted(file) + "]}"), 0);
+  EXPECT_TRUE(ask(R"({"drawn":true})")["result"].toArray().contains("box 800 480 6400 4280 0"));
+  EXPECT_EQ(error(R"({"picture":)" + quoted(path("out.png")) + "}"), 0);
+  EXPECT_EQ(QImage(path("out.png")).size(), QSize(480, 320));
+}
+
+TEST_F(Host, SizeThatItHasAlreadyIsNoResize) {
+  load();
+  const QString file = path("graph.gdf");
+  EXPECT_EQ(error(R"({"answers":[{"path":)" + quoted(file) + "}]}"), 0);
+  EXPECT_EQ(error(R"({"call":"Save_graph"})"), 0);
+  EXPECT_EQ(error(R"({"resize":[7200,4800]})"), 0);
+  QFile::remove(file);
+  EXPECT_EQ(error(R"({"call":"Save_graph"})"), 0);
+  EXPECT_FALSE(QFile::exists(file)) << "the graph is still saved";
+}
+
+TEST_F(Host, ArgumentsAreCountedBeforeTheyAreRead) {
+  EXPECT_EQ(error(R"({"call":"ChartOptions","args":[[],1,2]})"), 450);
+  EXPECT_EQ(error(R"({"call":"scatter_graph","args":[null]})"), 449);
+}
+
+TEST_F(Host, BadGraphFilesAreTypedErrorsAndTheHostLivesOn) {
+  load();
+  const QString file = path("bad.gdf");
+  const auto load_bytes = [&](const QByteArray& bytes) {
+    QFile out(file);
+    EXPECT_TRUE(out.open(QIODevice::WriteOnly));
+    out.write(bytes);
+    out.close();
+    return error(R"({"call":"file_load","args":[)" + quoted(file) + "]}");
+  };
+  EXPECT_EQ(load_bytes(""), 62);
+  EXPECT_EQ(load_bytes("QXPLOT/V500//1E\r\nT\r\n"), 62);
+  EXPECT_NE(load_bytes(QByteArray(5000, '\xFF')), 0);
+  EXPECT_EQ(load_bytes(QByteArray("QXPLOT/V500//1E\r\nT\r\n32767\r\n32767\r\n0\r\n") +
+                       QByteArray("T\r\n\r\n10\r\n")),
+            62);
+  EXPECT_EQ(error(R"({"call":"file_load","args":[)" + quoted(m_folder.path()) + "]}"), 75);
+  EXPECT_EQ(get("xmax"), 3) << "curves and limits are as before";
+  EXPECT_EQ(error(R"({"answers":[{"path":"/dev/full"}]})"), 0);
+  EXPECT_EQ(error(R"({"call":"ChartOptions","args":["saveas"]})"), 61);
+  EXPECT_EQ(get("NumTicks"), 10);
 }
 
 TEST_F(Host, FailedCommandLeavesTheHourglass) {
@@ -259,6 +333,69 @@ TEST_F(Host, EndOfTheInputAsksLikeAHostThatCloses) {
   EXPECT_EQ(error(R"({"answers":["yes",{"path":)" + quoted(file) + "}]}"), 0);
   m_session.finish();
   EXPECT_TRUE(QFile::exists(file));
+}
+
+TEST_F(Host, PromptedSettingsTakeQueuedAnswers) {
+  load();
+  EXPECT_EQ(error(R"({"answers":["60","900","901","902","903","time"]})"), 0);
+  const QJsonObject answer = ask(R"({"prompt":"marker size"})");
+  EXPECT_EQ(
+      answer["shown"].toArray()[0].toObject(),
+      (QJsonObject{{"kind", "prompt"},
+                   {"text", "Enter the data point marker size (value should be between 1-300)."},
+                   {"title", "KURV"},
+                   {"default", "40"}}));
+  EXPECT_EQ(get("MarkerSize"), 60);
+  for (const char* margin : {"left", "right", "top", "bottom"}) {
+    EXPECT_EQ(error(QByteArray("{\"prompt\":\"") + margin + " margin\"}"), 0);
+  }
+  EXPECT_EQ(get("Left_margine"), 900);
+  EXPECT_EQ(get("Right_margine"), 901);
+  EXPECT_EQ(get("Top_margine"), 902);
+  EXPECT_EQ(get("Bottom_margine"), 903);
+  EXPECT_EQ(ask(R"({"prompt":"x title"})")["shown"].toArray()[0].toObject()["default"], "x");
+}
+
+TEST_F(Host, FontPromptsTakeFonts) {
+  load();
+  EXPECT_EQ(error(R"({"answers":[{"name":"A","size":9,"bold":true,"italic":false},null,)"
+                  R"({"name":"C","size":7,"bold":false,"italic":true}]})"),
+            0);
+  for (const char* font : {"axis", "title", "subtitle"}) {
+    const QJsonObject answer = ask(QByteArray("{\"prompt\":\"") + font + " font\"}");
+    EXPECT_EQ(answer["shown"].toArray()[0].toObject()["kind"], "font");
+  }
+  EXPECT_EQ(get("FontName"), "A");
+  EXPECT_EQ(get("FontBold"), true);
+  EXPECT_NE(get("TitleFontName"), "C") << "cancelled";
+  EXPECT_EQ(get("SubTitleFontName"), "C");
+  EXPECT_EQ(get("SubTitleFontSize"), 7);
+}
+
+TEST_F(Host, PromptsAddEditAndDeriveCurves) {
+  load();
+  const auto drawn = [&] { return ask(R"({"drawn":true})")["result"].toArray().size(); };
+  const auto before = drawn();
+  EXPECT_EQ(error(R"({"answers":["x^2","x+1","[a","sum","a+b"]})"), 0);
+  EXPECT_EQ(error(R"({"prompt":"add function"})"), 0);
+  EXPECT_GT(drawn(), before);
+  QJsonObject answer = ask(R"({"prompt":"edit function","select":"x^2"})");
+  EXPECT_EQ(answer["shown"].toArray()[0].toObject()["default"], "x^2");
+  EXPECT_FALSE(ask(R"({"prompt":"edit function","select":"x^2"})").contains("shown"))
+      << "there is none of that text any more";
+  answer = ask(R"({"prompt":"derive"})");
+  ASSERT_EQ(answer["shown"].toArray().size(), 4);
+  EXPECT_EQ(answer["shown"].toArray()[1].toObject()["text"], "'[a' is not a valid variable name");
+  EXPECT_EQ(get("ymax"), 10) << "1+3, 4+2, 9+1";
+}
+
+TEST_F(Host, UnknownPromptsAreInvalidCalls) {
+  for (const char* line :
+       {R"({"prompt":"colour"})", R"({"prompt":true})", R"({"prompt":""})",
+        R"({"prompt":"x title","select":"x"})", R"({"prompt":"edit function","select":1})",
+        R"({"prompt":"derive","to":1})", R"({"select":"x"})"}) {
+    EXPECT_EQ(error(line), 5) << line;
+  }
 }
 
 }  // namespace

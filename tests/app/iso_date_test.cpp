@@ -22,6 +22,21 @@ TEST(IsoDate, MayHaveATime) {
   EXPECT_DOUBLE_EQ(parse_iso_date("1970-01-01T00:00:10.125Z").value(), 10.125 / 86400);
 }
 
+TEST(IsoDate, ATimeOfAnotherZoneIsMovedToTheCommonOne) {
+  EXPECT_EQ(parse_iso_date("1970-01-02T12:00+06"), 1.25);
+  EXPECT_EQ(parse_iso_date("1970-01-02T12:00:00+0600"), 1.25);
+  EXPECT_EQ(parse_iso_date("1970-01-02 12:00-06:00"), 1.75);
+  EXPECT_EQ(parse_iso_date("1970-01-02T00:00+12:00"), 0.5);
+  EXPECT_EQ(parse_iso_date("1970-01-02T18:00-12"), 2.25);
+  EXPECT_DOUBLE_EQ(parse_iso_date("1970-01-02T05:30:00.0+05:30").value(), 1);
+  for (const char* text : {"1970-01-02T12:00+", "1970-01-02T12:00+6", "1970-01-02T12:00+06:",
+                           "1970-01-02T12:00+060", "1970-01-02T12:00+06:0", "1970-01-02T12:00+24",
+                           "1970-01-02T12:00+06:60", "1970-01-02T12:00+06:000",
+                           "1970-01-02T12:00Z+06", "1970-01-02+06", "1970-01-02T12:00 +06"}) {
+    EXPECT_FALSE(parse_iso_date(text)) << text;
+  }
+}
+
 TEST(IsoDate, IsNothingElse) {
   for (const char* text : {"",
                            "2012",

@@ -1,92 +1,18 @@
 // The program as its users meet it: arguments, exit status, standard error and files.
 
-#include <gmock/gmock.h>
 #include <sys/resource.h>
 
-#include <QDir>
-#include <QFile>
-#include <QImage>
-#include <QProcess>
 #include <QSet>
-#include <QTemporaryDir>
 #include <csignal>
-#include <string>
+
+#include "tests/app/program_fixture.h"
 
 namespace kurv::app {
 namespace {
 
 using testing::AllOf;
-using testing::EndsWith;
 using testing::HasSubstr;
 using testing::StartsWith;
-
-struct Outcome {
-  int status = -1;
-  std::string out;
-  std::string err;
-};
-
-class Program : public testing::Test {
- protected:
-  Program() {
-    // Nothing that the machine running the tests has must decide whether there is a picture.
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
-      environment.remove(name);
-    }
-    m_process.setProcessEnvironment(environment);
-  }
-
-  QString path(const QString& name) const { return m_folder.filePath(name); }
-
-  QString written(const QString& name, const QByteArray& bytes) const {
-    QFile file(path(name));
-    EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-    EXPECT_EQ(file.write(bytes), bytes.size());
-    return path(name);
-  }
-
-  QByteArray contents(const QString& file_path) const {
-    QFile file(file_path);
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << file_path.toStdString();
-    return file.readAll();
-  }
-
-  QString example(const QString& name) const { return KURV_SOURCE_DIR "/examples/data/" + name; }
-  QString small() const { return written("small.csv", "x,y,z\n1,2,5\n2,3,4\n3,5,3\n"); }
-
-  Outcome run(const QStringList& arguments) {
-    m_process.start(KURV_PROGRAM, arguments);
-    EXPECT_TRUE(m_process.waitForFinished(60000)) << m_process.errorString().toStdString();
-    EXPECT_EQ(m_process.exitStatus(), QProcess::NormalExit);
-    return {m_process.exitCode(), m_process.readAllStandardOutput().toStdString(),
-            m_process.readAllStandardError().toStdString()};
-  }
-
-  Outcome render(const QString& data, const QStringList& more = {}) {
-    return run(QStringList{"render", data, "-o", path("out.png")} + more);
-  }
-
-  QImage rendered(const QString& data, const QStringList& more = {}) {
-    const Outcome outcome = render(data, more);
-    EXPECT_EQ(outcome.status, 0) << outcome.err;
-    return QImage(path("out.png"));
-  }
-
-  // One sentence on one line, and no picture.
-  void expect_refusal(const Outcome& outcome, int status, const std::string& part) {
-    EXPECT_EQ(outcome.status, status);
-    EXPECT_THAT(outcome.err, AllOf(StartsWith("kurv: "), HasSubstr(part), EndsWith(".\n")));
-    EXPECT_EQ(outcome.err.find('\n'), outcome.err.size() - 1) << outcome.err;
-    EXPECT_EQ(outcome.out, "");
-    EXPECT_FALSE(QFile::exists(path("out.png")));
-  }
-
-  QStringList files() const { return QDir(m_folder.path()).entryList(QDir::Files | QDir::Hidden); }
-
-  QTemporaryDir m_folder;
-  QProcess m_process;
-};
 
 int colours(const QImage& image) {
   QSet<QRgb> found;
@@ -173,7 +99,7 @@ TEST_F(Program, WarningsGoToStandardErrorAndThePictureIsThere) {
 }
 
 TEST_F(Program, DataThatCannotBeDrawnAreRefused) {
-  expect_refusal(render(path("missing.csv")), 1, "No such file");
+  expect_refusal(render(path("missing.csv")), 1, "No such file or directory; check the name.");
   expect_refusal(render(m_folder.path()), 1, "is a directory");
   expect_refusal(render(written("empty.csv", "")), 1, "is empty");
   expect_refusal(render(written("binary.csv", QByteArray("\x89PNG\0\1", 6))), 1, "is no text");
@@ -192,17 +118,31 @@ TEST_F(Program, TooManyRowsAreRefusedAndCanBeThinnedOut) {
   EXPECT_EQ(render(data, {"--every", "2"}).status, 0);
 }
 
-TEST_F(Program, WhatTheGraphItselfRefusesIsSaidInOneSentence) {
-  expect_refusal(render(written("same.csv", "x,y\n1,2\n1,3\n1,4\n")), 1, "cannot be drawn");
+TEST_F(Program, DataWithoutAnAxisAreRefusedWithTheWayOut) {
+  expect_refusal(
+      render(written("same.csv", "x,y\n1,2\n1,3\n1,4\n")), 1,
+      "all values of x, the column \"x\", are the same; choose another column with --x.");
+  expect_refusal(render(written("gaps.csv", "x,y\n,2\n1,3\n,4\n")), 1, "another column with --x");
+  expect_refusal(render(written("one.csv", "x,y\n1,2\n")), 1, "at least two; add another one.");
+  expect_refusal(render(small(), {"--every", "9"}), 1, "with this --every");
+}
+
+TEST_F(Program, WithoutPropertiesOneRedrawIsEnough) {
+  // The value is the usual one, and a picture with a property is drawn until it stays the same.
+  const QImage settled = rendered(small(), {"--set", "NumTicks=10"});
+  EXPECT_EQ(rendered(small()), settled);
 }
 
 TEST_F(Program, ARunTimeErrorOfTheGraphIsSaidInOneSentence) {
-  expect_refusal(render(small(), {"--set", "NumTicks=0"}), 1, "Division by zero");
+  expect_refusal(render(small(), {"--set", "NumTicks=0"}), 1,
+                 "Division by zero; check the values given with --set.");
 }
 
 TEST_F(Program, MistakesInTheCommandLineEndWithTwo) {
   expect_refusal(run({"render"}), 2, "--help");
   expect_refusal(run({"--title", "no file"}), 2, "a file is missing");
+  expect_refusal(run({""}), 2, "the name of a file is empty; name one");
+  expect_refusal(run({"render", "", "-o", path("out.png")}), 2, "is empty; name one");
   expect_refusal(run({"render", small(), "-o", path("out.jpg")}), 2, ".png or .bmp");
   expect_refusal(render(small(), {"--size", "0x0"}), 2, "--size takes");
   expect_refusal(render(small(), {"--set", "NumTicks=many"}), 2, "takes a whole number");
@@ -222,11 +162,13 @@ TEST_F(Program, AWindowWithoutADisplayIsRefusedInOneSentence) {
 }
 
 TEST_F(Program, WhatCannotBeDrawnIsSaidBeforeAWindowOpens) {
-  expect_refusal(run({path("missing.csv")}), 1, "cannot be read");
+  expect_refusal(run({path("missing.csv")}), 1,
+                 "cannot be read: No such file or directory; check the name.");
   QProcessEnvironment environment = m_process.processEnvironment();
   environment.insert("QT_QPA_PLATFORM", "offscreen");
   m_process.setProcessEnvironment(environment);
-  expect_refusal(run({written("same.csv", "x,y\n1,2\n1,3\n")}), 1, "all x values are the same");
+  expect_refusal(run({written("same.csv", "x,y\n1,2\n1,3\n")}), 1,
+                 "choose another column with --x");
   expect_refusal(run({small(), "--set", "NumTicks=0"}), 1, "check the values given with --set");
 }
 
@@ -243,8 +185,10 @@ TEST_F(Program, HelpAndVersionGoToStandardOutput) {
 TEST_F(Program, APictureThatCannotBeWrittenIsSaidWithTheReason) {
   const QString data = small();
   QDir(m_folder.path()).mkdir("folder.png");
-  expect_refusal(run({"render", data, "-o", path("folder.png")}), 1, "not a regular file");
-  expect_refusal(run({"render", data, "-o", path("missing/out.png")}), 1, "No such file");
+  expect_refusal(run({"render", data, "-o", path("folder.png")}), 1,
+                 "not a regular file; choose another name.");
+  expect_refusal(run({"render", data, "-o", path("missing/out.png")}), 1,
+                 "No such file or directory; choose another folder.");
   expect_refusal(run({"render", data, "-o", "/proc/out.png"}), 1, "cannot be written");
 }
 
@@ -267,7 +211,8 @@ TEST_F(Program, AFullDiskLeavesTheExistingPictureAndNothingElse) {
   });
   const Outcome outcome = render(data);
   EXPECT_EQ(outcome.status, 1);
-  EXPECT_THAT(outcome.err, AllOf(StartsWith("kurv: "), HasSubstr("cannot be written")));
+  EXPECT_THAT(outcome.err, AllOf(StartsWith("kurv: "), HasSubstr("cannot be written"),
+                                 HasSubstr("; make room on the disk")));
   EXPECT_EQ(contents(path("out.png")), "old");
   EXPECT_THAT(files(), testing::ElementsAre("out.png", "small.csv"));
 }
