@@ -200,6 +200,8 @@ class Program {
     for (const std::string& list : m_texts.y) {
       for (const std::string& name : parse_names(list)) m_choice.selection.y.push_back(name);
     }
+    // A line end would tear the graph file's lines apart.
+    for (std::string& function : m_choice.functions) function = on_one_line(function);
     for (const std::string& text : m_texts.derivations) {
       m_choice.derivations.push_back(parse_derivation(text));
     }

@@ -5,6 +5,7 @@
 #include <KurvGraph/number_text.h>
 
 #include <algorithm>
+#include <cmath>
 #include <iostream>
 #include <memory>
 
@@ -25,7 +26,7 @@ std::string_view unquoted(std::string_view name) {
 std::vector<std::string> assign(ExprEvaluator& evaluator, const Assignments& values) {
   std::vector<std::string> names;
   for (const std::string& text : values) {
-    const std::size_t sign = text.find('=');
+    const std::size_t sign = text.rfind('=');
     const std::string_view name = unquoted(trimmed(std::string_view(text).substr(0, sign)));
     if (sign == std::string::npos || name.empty()) {
       throw UserError("A value is given as name=value, not as " + in_quotes(text) + ".");
@@ -34,6 +35,9 @@ std::vector<std::string> assign(ExprEvaluator& evaluator, const Assignments& val
     if (!number) {
       throw UserError("The value of " + in_quotes(name) + " is not a number: " +
                       in_quotes(std::string_view(text).substr(sign + 1)) + ".");
+    }
+    if (!std::isfinite(*number)) {
+      throw UserError("The value of " + in_quotes(name) + " is not finite; give it a number.");
     }
     evaluator.SetVariable(name, *number);
     names.emplace_back(name);

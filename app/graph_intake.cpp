@@ -73,6 +73,10 @@ auto drawing(const GraphChoice& choice, const GraphSource& source, const Work& w
     const char* advice = "\"kurv info --check\" lists what is wrong with it";
     if (source.data) advice = "its values differ too little or too much, so choose other columns";
     if (!choice.settings.empty()) advice = "check the values given with --set";
+    const bool no_room = fault.kind() == FaultKind::kSubscriptOutOfRange;
+    if (no_room && !choice.derivations.empty()) {
+      advice = "a graph holds 149 curves, so it may have no room for those of --derive";
+    }
     throw UserError(source.path + " cannot be drawn: " + fault.what() + "; " + advice + ".");
   }
 }
@@ -149,6 +153,15 @@ void set_locale(Control& graph, const QLocale& locale) {
 
 void set_locale(KurvGraph& graph, const QLocale& locale) {
   graph.setLocale(locale);
+}
+
+void warn_of_commas(const std::vector<std::string>& functions,
+                    const std::function<void(const std::string&)>& warn) {
+  for (const std::string& function : functions) {
+    if (function.find(',') == std::string::npos) continue;
+    warn("a graph file splits the function " + in_quotes(function) +
+         " at its comma, so it does not come back as it is.");
+  }
 }
 
 void add_curves(const GraphChoice& choice, Control& graph) {

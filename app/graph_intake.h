@@ -7,8 +7,10 @@
 
 #include <QImage>
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "app/command_line.h"
 #include "app/data_columns.h"
@@ -79,6 +81,10 @@ void redraw(const GraphSource& source, AnyGraph& graph) {
     graph.build_the_graph();
   }
 }
+
+// Warns of functions that a graph file cannot hold, because it splits its lists at commas.
+void warn_of_commas(const std::vector<std::string>& functions,
+                    const std::function<void(const std::string&)>& warn);
 
 // Adds the curves that are computed from others and the functions of x. Throws UserError with the
 // evaluator's or the graph's own sentence about what cannot be one.

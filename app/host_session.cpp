@@ -8,10 +8,12 @@
 #include <QJsonDocument>
 #include <QStorageInfo>
 #include <cmath>
+#include <iostream>
 #include <new>
 #include <utility>
 #include <vector>
 
+#include "app/graph_intake.h"
 #include "app/host_values.h"
 #include "app/picture_file.h"
 #include "app/user_error.h"
@@ -166,7 +168,13 @@ HostSession::Result HostSession::call(const QJsonObject& request) {
   const Member& method = member_of(request["call"]);
   if (method.kind != MemberKind::kMethod) throw Fault(FaultKind::kNoSuchMember);
   std::vector<Variant> arguments = arguments_of(method, request["args"]);
+  const bool was_saved = bool(control.GraphSaved());
   call_method(control, method.dispatch_id, arguments);
+  if (!was_saved && control.GraphSaved()) {
+    warn_of_commas(control.functions(), [](const std::string& warning) {
+      std::cerr << "kurv: warning: " << warning << '\n';
+    });
+  }
   return {};
 }
 

@@ -2,7 +2,6 @@
 
 #include "app/graph_intake.h"
 #include "app/picture_file.h"
-#include "app/text.h"
 #include "app/windowless_application.h"
 
 namespace kurv::app {
@@ -28,11 +27,7 @@ void render(const RenderRequest& request, const Warn& warn) {
 
 void convert(const ConvertRequest& request, const Warn& warn) {
   const GraphSource source = load_with_warnings(request.data_file, request, warn);
-  for (const std::string& function : request.functions) {
-    if (function.find(',') == std::string::npos) continue;
-    warn("the graph file splits the function " + in_quotes(function) +
-         " at its comma, so it does not come back as it is.");
-  }
+  warn_of_commas(request.functions, warn);
   const auto application = windowless_application();
   save_graph(request, source, request.graph_file);
 }

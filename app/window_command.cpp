@@ -87,6 +87,9 @@ int open_windows(const WindowRequest& request, const std::function<void(const st
       },
       say);
 
+  warn_of_commas(request.functions,
+                 [&](const std::string& warning) { say("warning: " + warning); });
+
   char name[] = "kurv";
   char* arguments[] = {name, nullptr};
   int count = 1;

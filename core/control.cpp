@@ -1,5 +1,6 @@
 #include <KurvGraph/control.h>
 
+#include <algorithm>
 #include <exception>
 #include <utility>
 
@@ -118,6 +119,13 @@ std::optional<String> Control::derive(const String& name, const String& expressi
   return kurv::derive(*m_state, name, expression);
 }
 
+std::vector<String> Control::functions() const {
+  std::vector<String> expressions;
+  for (int k = 1; k <= std::min<int>(m_state->document.NumYFunc, kMaxFunctions); ++k) {
+    expressions.push_back(m_state->document.y_func(k).expression);
+  }
+  return expressions;
+}
 void Control::release_mouse(Integer Button, Integer Shift, Single x, Single Y) {
   raise_MouseUp(*m_state, Button, Shift, x, Y);
 }

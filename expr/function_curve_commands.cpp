@@ -76,7 +76,10 @@ void add_function(ControlState& state) {
   const String answer = state.shell.input_prompt(kAddText, kPromptTitle, "");
   if (answer.empty()) return;
   const std::optional<String> refusal = add_function(state, answer);
-  if (refusal) state.shell.message_box(*refusal, kExclamation, kMessageTitle);
+  if (!refusal) return;
+  // The last slot may have been taken while the prompt was open.
+  const int flags = *refusal == kTooMany ? kCriticalStop : kExclamation;
+  state.shell.message_box(*refusal, flags, kMessageTitle);
 }
 
 std::optional<String> add_function(ControlState& state, const String& expression) {

@@ -13,6 +13,7 @@
 #include <memory>
 #include <optional>
 #include <string_view>
+#include <vector>
 
 #include <KurvGraph/arrays.h>
 #include <KurvGraph/automation.h>
@@ -218,6 +219,9 @@ class Control {
   // For hosts that bind late; listeners stay as long as the control does, which none of them may
   // destroy.
   void add_listener(EventListener listener);
+
+  // The expressions of the function curves, in their order.
+  std::vector<String> functions() const;
 
   // -- The graph's file -----------------------------------------------------------------------
   // The path last loaded or written, empty before the first.

@@ -23,6 +23,7 @@ TEST(Eval, PrintsTheValueInItsShortestForm) {
   EXPECT_EQ(evaluate("-x^2", {"x=3"}), "-9");
   EXPECT_EQ(evaluate("1/3", {}), "0.3333333333333333");
   EXPECT_EQ(evaluate("1e20*1.5", {}), "1.5E+20");
+  EXPECT_EQ(evaluate("[a=b]", {"[a=b]=3"}), "3");
   EXPECT_EQ(evaluate("[body mass]/2 + [max]", {"body mass = 10", "[max]=1"}), "6");
 }
 
@@ -31,6 +32,8 @@ TEST(Eval, SaysWhatIsWrongInASentence) {
   EXPECT_EQ(refusal("x+y", {"x=1"}), "The variable \"y\" has no value; give it one as y=1.");
   EXPECT_EQ(refusal("x", {"x"}), "A value is given as name=value, not as \"x\".");
   EXPECT_EQ(refusal("x", {"x=two"}), "The value of \"x\" is not a number: \"two\".");
+  EXPECT_EQ(refusal("x", {"x=NaN"}), "The value of \"x\" is not finite; give it a number.");
+  EXPECT_EQ(refusal("x", {"x=-inf"}), "The value of \"x\" is not finite; give it a number.");
   EXPECT_NE(refusal("1/0").find("no finite value"), std::string::npos);
   EXPECT_NE(refusal("sqrt(x)", {"x=-1"}).find("no finite value"), std::string::npos);
   EXPECT_FALSE(refusal("").starts_with("no refusal"));
