@@ -29,6 +29,8 @@ class Modal {
 
   // What exec() returned, or `gone`.
   int answer(int gone) {
+    // The dialog is there now; it may be gone when its event loop ends.
+    // cppcheck-suppress nullPointerRedundantCheck
     const int result = m_dialog->exec();
     return m_dialog ? result : gone;
   }

@@ -42,6 +42,8 @@ std::unique_ptr<Interface> create(std::string_view class_id) {
   auto* const wanted = dynamic_cast<Interface*>(service.get());
   if (wanted == nullptr) throw Fault(FaultKind::kTypeMismatch);
   static_cast<void>(service.release());
+  // It was released above and lives on.
+  // cppcheck-suppress returnDanglingLifetime
   return std::unique_ptr<Interface>(wanted);
 }
 
