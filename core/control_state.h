@@ -16,6 +16,7 @@
 #include "core/late_evaluator.h"
 #include "io/text_file.h"
 #include "render/layout.h"
+#include "ui/mouse_state.h"
 
 namespace kurv {
 
@@ -35,6 +36,7 @@ struct ControlState {
   LateEvaluator function_evaluator{};  // draws function curves
   LateEvaluator derived_evaluator{};   // computes derived curves
   LateEvaluator wizard_evaluator{};    // judges names and expressions of derived curves
+  MouseState mouse{};
   bool is_terminated = false;
   std::vector<EventListener> listeners = {};
   std::unique_ptr<PicturePrinter> printer = {};  // made at the first print

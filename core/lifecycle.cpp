@@ -48,6 +48,7 @@ void initialise(ControlState& state) {
   place_legend(state.document, state.layout);
   load_demonstration_graph(state);
   state.document.DataFromHost = false;
+  state.shell.load_windows();
 }
 
 void first_placement(ControlState& state) {
@@ -88,7 +89,9 @@ void resize(ControlState& state) {
 void terminate(ControlState& state) {
   const bool is_first = !std::exchange(state.is_terminated, true);
   const GraphDocument& document = state.document;
-  if (!is_first || document.GraphSaved || !document.QueryForSave) return;
+  if (!is_first) return;
+  state.shell.release_windows();
+  if (document.GraphSaved || !document.QueryForSave) return;
   const Answer answer = state.shell.message_box(kSaveQuestion, kYesNoQuestion, "KURV Guide");
   if (answer == Answer::kYes) Save_graph(state);
 }

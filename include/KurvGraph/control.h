@@ -60,8 +60,8 @@ class Control {
   void show();
   // Each time the surface's size has changed.
   void resize();
-  // Releases the control's dialogs, of which none is open.
-  void CloseMe() {}
+  // Unloads the three windows, also where they serve another control by now; deliberate.
+  void CloseMe();
   // Before the host destroys the control: where QueryForSave is True and the graph is not saved,
   // asks the user whether to save it, and does so. A save that fails throws as Save_graph() does.
   // Asks once; later calls do nothing.
@@ -213,9 +213,19 @@ class Control {
   std::optional<String> derive(const String& name, const String& expression);
 
   // -- Events ---------------------------------------------------------------------------------
-  // A mouse button was released over the surface, at this point of it in twips. Raises the event
-  // MouseUp: the container hears it, and so does every listener.
+  // What a mouse does on the plot; points in twips of the surface. A point on the title, the
+  // subtitle or the legend goes to that item, any other to the surface.
+  // A button went down. On the surface this marks the part of the axes that lies there.
+  void press_mouse(Integer Button, Integer Shift, Single x, Single Y);
+  // A button came up. On the surface this hides the marks and raises the event MouseUp: the
+  // container hears it, and so does every listener. On an item it does nothing.
   void release_mouse(Integer Button, Integer Shift, Single x, Single Y);
+  // A double click, after the press that it began with. Opens the window in which what lies there
+  // is edited.
+  void double_click(Single x, Single Y);
+  // Drags "Title", "SubTitle" or "legend" by `grab`, a point of its own, to `drop`, a point of the
+  // surface or, where `on` names one of the three, of that item. Redraws. Other tags do nothing.
+  void drag(std::string_view tag, SurfacePoint grab, SurfacePoint drop, std::string_view on = {});
   // For hosts that bind late; listeners stay as long as the control does, which none of them may
   // destroy.
   void add_listener(EventListener listener);

@@ -38,6 +38,10 @@ struct FileChoice {
   int filter = 1;  // the one chosen
 };
 
+// The windows in which the user works on a graph. A process has one of each, whatever the number of
+// its controls.
+enum class Window { kCurves, kTable, kProperties };
+
 class Shell {
  public:
   virtual ~Shell() = default;
@@ -50,6 +54,25 @@ class Shell {
   virtual FileChoice save_file(const SaveDialog& dialog) = 0;
   // Nothing when cancelled.
   virtual std::optional<Font> choose_font(const Font& preset) = 0;
+  // Empties the clipboard and puts the picture there, the bytes of a Windows bitmap file; none of
+  // them where the surface has no pixels.
+  virtual void copy_picture(std::string_view bitmap) = 0;
+
+  // A shell without windows leaves the rest as it is.
+  // Makes the control that this shell belongs to the client of all three windows. One that is
+  // visible for another client closes first.
+  virtual void load_windows() {}
+  // Shows a window for this control, loaded again where it has been unloaded. `page` chooses the
+  // tab that the properties show first. Returns at once, but from the curves, which are modal, when
+  // the user has closed them.
+  virtual void show_window(Window window, Integer page) {
+    static_cast<void>(window);
+    static_cast<void>(page);
+  }
+  // Takes all three windows from whichever control they serve and unloads them.
+  virtual void unload_windows() {}
+  // The end of the control: as unload_windows(), but for the windows alone that serve this one.
+  virtual void release_windows() {}
 };
 
 }  // namespace kurv
