@@ -85,6 +85,17 @@ std::optional<Font> HostShell::choose_font(const Font& preset) {
               entry["bold"].toBool(preset.FontBold), entry["italic"].toBool(preset.FontItalic)};
 }
 
+void HostShell::copy_picture(std::string_view) {
+  m_shown.append(QJsonObject{{"kind", "copy"}});
+}
+
+void HostShell::show_window(Window window, Integer page) {
+  const char* name = window == Window::kCurves  ? "frmCurves"
+                     : window == Window::kTable ? "frmTable"
+                                                : "frmPropert";
+  m_shown.append(QJsonObject{{"kind", "window"}, {"name", name}, {"page", page}});
+}
+
 // A size that no surface can have is brought to the nearest that one can.
 void HostContainer::change(Single& side, Single twips) {
   const Single possible = std::clamp(twips, 1.0F, 32767.0F);

@@ -30,6 +30,9 @@ class HostShell final : public Shell {
   FileChoice save_file(const SaveDialog& dialog) override;
   // {"name": ..., "size": ..., "bold": ..., "italic": ...}, of which what is left out stays.
   std::optional<Font> choose_font(const Font& preset) override;
+  // There is no clipboard; that it was asked for is kept.
+  void copy_picture(std::string_view bitmap) override;
+  void show_window(Window window, Integer page) override;
 
  private:
   QJsonValue next_answer();

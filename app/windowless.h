@@ -49,6 +49,7 @@ class MessageKeeper final : public Shell {
   FileChoice open_file(const OpenDialog&) override { return {}; }
   FileChoice save_file(const SaveDialog&) override { return {m_save_path, 1}; }
   std::optional<Font> choose_font(const Font&) override { return {}; }
+  void copy_picture(std::string_view) override {}
 
   // All boxes as part of one sentence, without its end.
   std::string sentence() const {

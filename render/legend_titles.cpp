@@ -128,6 +128,10 @@ void place_titles(const GraphDocument& document, Layout& layout) {
   subtitle.left = title.left + title.width + kTitleGap;
 }
 
+bool has_legend(const GraphDocument& document) {
+  return !legend_entries(document).empty();
+}
+
 void place_legend(const GraphDocument& document, Layout& layout) {
   layout.picLegend.top = to_integer(Double(document.Top_margine + kLegendInset));
   layout.picLegend.left = to_integer(Double(document.Left_margine + kLegendInset));

@@ -16,6 +16,9 @@ void SizeTitleHandles(const GraphDocument& document, Layout& layout, PlotSurface
 // entry for each curve whose visibility flag is exactly True. Leaves the axis font current.
 void DrawLegendAndTitles(const GraphDocument& document, Layout& layout, PlotSurface& surface);
 
+// Whether any curve is listed, so that there is a legend to be seen.
+bool has_legend(const GraphDocument& document);
+
 // Home positions, for handles of which the sizes are known: the title above the plot's top-left
 // corner, the subtitle to its right; the legend inside the plot. A top margin smaller than a title
 // puts it above the surface's edge, which is not corrected. Throws kOverflow where the legend's

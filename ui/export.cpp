@@ -45,4 +45,8 @@ void print_graph(ControlState& state) {
   state.printer->PrintPicture(state.surface.bitmap(), font.FontName, "", font.FontSize);
 }
 
+void copy_graph(ControlState& state) {
+  state.shell.copy_picture(state.surface.bitmap());
+}
+
 }  // namespace kurv

@@ -13,4 +13,7 @@ void save_dialog(ControlState& state);
 // kCannotCreateObject where no host has registered a class for it.
 void print_graph(ControlState& state);
 
+// Puts the picture on the clipboard in place of what was there.
+void copy_graph(ControlState& state);
+
 }  // namespace kurv

@@ -66,6 +66,15 @@ struct ScriptedShell final : Shell {
     return next(fonts, std::optional<Font>());
   }
 
+  void copy_picture(std::string_view bitmap) override { copied.emplace_back(bitmap); }
+  void load_windows() override { windows.emplace_back("load"); }
+  void show_window(Window window, Integer page) override {
+    const char* const names[] = {"frmCurves", "frmTable", "frmPropert"};
+    windows.push_back(names[static_cast<int>(window)] + (" " + std::to_string(page)));
+  }
+  void unload_windows() override { windows.emplace_back("unload"); }
+  void release_windows() override { windows.emplace_back("release"); }
+
   template <class T>
   static T next(std::deque<T>& queue, T otherwise) {
     if (queue.empty()) return otherwise;
@@ -83,6 +92,8 @@ struct ScriptedShell final : Shell {
   std::vector<OpenDialog> open_dialogs;
   std::vector<SaveDialog> save_dialogs;
   std::vector<Font> font_presets;
+  std::vector<std::string> copied;
+  std::vector<std::string> windows;  // what was asked of them, such as "frmPropert 2"
   int beeps = 0;
 };
 
