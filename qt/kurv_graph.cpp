@@ -74,7 +74,7 @@ KurvGraph::KurvGraph(PlotSurface* lent, QWidget* parent) : QWidget(parent) {
   resize(kUsualSize);
   m_state = std::make_shared<State>(*this, lent);
   // Here and not at the first show, so that what the host sets in between stays.
-  m_state->control.first_placement();
+  m_state->graph.first_placement();
   m_state->finish();
 }
 
@@ -83,7 +83,7 @@ KurvGraph::~KurvGraph() {
   // The control may have a last question. It stands alone: the window around may be half gone.
   state->widget.clear();
   state->shell.leave_window();
-  const std::optional<Fault> failure = failure_of([&] { state->control.terminate(); });
+  const std::optional<Fault> failure = failure_of([&] { state->graph.terminate(); });
   if (failure) state->shell.message_box(failure->what(), kCriticalStop, kBoxTitle);
   // About a visible widget the toolkit asks the application, even when there is none any more.
   if (!QCoreApplication::instance()) setAttribute(Qt::WA_WState_Visible, false);
@@ -120,7 +120,7 @@ void KurvGraph::call(Work work) {
   // While the widget is hidden the toolkit keeps its new sizes to itself.
   state.fit();
   state.take_locale();
-  const std::optional<Fault> failure = failure_of([&] { work(state.control); });
+  const std::optional<Fault> failure = failure_of([&] { work(state.graph); });
   for (int redraws = state.finish(); redraws > 0 && state.widget; --redraws) {
     Q_EMIT state.widget->redrawn();
   }
@@ -145,6 +145,10 @@ void KurvGraph::handle(Work work) {
   const QString text = QString::fromUtf8(failure->what());
   QMetaObject::invokeMethod(
       widget, [widget, number, text] { widget->tell(number, text); }, Qt::QueuedConnection);
+}
+
+void KurvGraph::State::handle(const std::function<void(Control&)>& work) {
+  if (widget) widget->handle([&](State& state) { work(state.graph); });
 }
 
 void KurvGraph::tell(int number, const QString& text) {
@@ -203,7 +207,7 @@ void KurvGraph::scatter_graph2(const String& pTitle_, const Matrix<Double>& xyAr
 }
 
 void KurvGraph::init() {
-  m_state->control.init();
+  m_state->graph.init();
 }
 
 void KurvGraph::build_the_graph() {
@@ -270,7 +274,7 @@ void KurvGraph::showEvent(QShowEvent* event) {
   if (event->spontaneous()) return;
   handle([](State& state) {
     state.fit();
-    state.control.show();
+    state.graph.show();
   });
 }
 
@@ -288,7 +292,7 @@ void KurvGraph::mouseReleaseEvent(QMouseEvent* event) {
   const std::shared_ptr<State> held = m_state;
   handle([&](State& state) {
     const QPointF twips = event->position() * state.twips_per_logical_pixel();
-    state.control.release_mouse(button, shift, to_single(twips.x()), to_single(twips.y()));
+    state.graph.release_mouse(button, shift, to_single(twips.x()), to_single(twips.y()));
   });
   // The host has heard of the click first, and may have deleted the widget.
   if (is_right && held->widget) open_menu(at);
@@ -308,9 +312,9 @@ void KurvGraph::contextMenuEvent(QContextMenuEvent* event) {
 
 void KurvGraph::open_menu(QPoint at) {
   if (contextMenuPolicy() != Qt::DefaultContextMenu || m_state->design_mode) return;
-  const bool can_derive = m_state->control.state().document.NumY < kMaxCurves;
+  const bool can_derive = m_state->graph.state().document.NumY < kMaxCurves;
   QMenu* const menu = new_plot_menu(*this, can_derive, [this](PlotCommand command) {
-    handle([command](State& state) { command(state.control); });
+    handle([command](State& state) { command(state.graph); });
   });
   menu->popup(at);
 }

@@ -26,8 +26,8 @@ QImage KurvGraph::image() const {
 }
 
 std::optional<QPointF> KurvGraph::data_at(QPointF pixel) const {
-  const GraphDocument& document = m_state->control.state().document;
-  const PlotRect& plot = m_state->control.state().layout.plot;
+  const GraphDocument& document = m_state->graph.state().document;
+  const PlotRect& plot = m_state->graph.state().layout.plot;
   if (!can_be_mapped(document, plot)) return std::nullopt;
   const QPointF twips = pixel * m_state->twips_per_logical_pixel();
   const double across = (twips.x() - plot.PlotLeft) / plot.PlotWidth;
@@ -37,8 +37,8 @@ std::optional<QPointF> KurvGraph::data_at(QPointF pixel) const {
 }
 
 std::optional<QPointF> KurvGraph::pixel_of(double x, double y) const {
-  const GraphDocument& document = m_state->control.state().document;
-  const PlotRect& plot = m_state->control.state().layout.plot;
+  const GraphDocument& document = m_state->graph.state().document;
+  const PlotRect& plot = m_state->graph.state().layout.plot;
   if (!can_be_mapped(document, plot)) return std::nullopt;
   const Mapping mapping(document, plot);
   const double scale = m_state->twips_per_logical_pixel();

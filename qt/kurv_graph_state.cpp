@@ -6,6 +6,8 @@
 #include <cmath>
 #include <utility>
 
+#include "dialogs/shared_windows.h"
+
 namespace kurv {
 
 namespace {
@@ -26,8 +28,8 @@ KurvGraph::State::State(KurvGraph& owner, PlotSurface* lent)
       ratio(owner.devicePixelRatioF()),
       picture(size, ratio),
       surface(lent ? *lent : static_cast<PlotSurface&>(picture)),
-      shell(owner),
-      control(*this, shell, surface) {}
+      shell(owner, this),
+      graph(*this, shell, surface) {}
 
 void KurvGraph::State::fit() {
   if (!widget) return;
@@ -41,9 +43,9 @@ void KurvGraph::State::fit() {
   widget->update();
   // Another screen is no other size: the graph keeps its twips and only gets other pixels.
   if (resized) {
-    control.resize();
+    graph.resize();
   } else {
-    control.build_the_graph();
+    graph.build_the_graph();
   }
 }
 
@@ -51,7 +53,7 @@ void KurvGraph::State::take_locale() {
   if (!widget) return;
   const bool has_comma =
       widget->testAttribute(Qt::WA_SetLocale) && widget->locale().decimalPoint() == ",";
-  control.set_decimal_separator(has_comma ? ',' : '.');
+  graph.set_decimal_separator(has_comma ? ',' : '.');
 }
 
 int KurvGraph::State::finish() {
@@ -59,6 +61,7 @@ int KurvGraph::State::finish() {
   if (surface.take_redraws() > 0) {
     static_cast<void>(picture.image());
     if (widget) widget->update();
+    refill_windows(*this);
   }
   return std::exchange(whole_redraws, 0);
 }

@@ -9,6 +9,7 @@
 #include <QPointer>
 #include <QSize>
 
+#include "dialogs/client.h"
 #include "qt/qt_shell.h"
 #include "qt/watched_surface.h"
 
@@ -16,7 +17,7 @@ namespace kurv {
 
 // It outlives the widget while a call is in progress, so everything about the widget is asked only
 // as long as there is one.
-struct KurvGraph::State final : Container {
+struct KurvGraph::State final : Container, Client {
   State(KurvGraph& owner, PlotSurface* lent);
 
   // -- For the widget -------------------------------------------------------------------------
@@ -30,6 +31,11 @@ struct KurvGraph::State final : Container {
   // changed is shown. Returns how many whole redraws there were.
   int finish();
   double twips_per_logical_pixel() const;
+
+  // -- For the windows ------------------------------------------------------------------------
+  Control& control() override { return graph; }
+  QWidget* window() const override { return widget ? widget->window() : nullptr; }
+  void handle(const std::function<void(Control&)>& work) override;
 
   // -- For the control ------------------------------------------------------------------------
   bool run_mode() const override { return !design_mode; }
@@ -50,7 +56,7 @@ struct KurvGraph::State final : Container {
   Picture picture;
   WatchedSurface surface;
   QtShell shell;
-  Control control;
+  Control graph;
 };
 
 }  // namespace kurv

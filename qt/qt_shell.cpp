@@ -1,12 +1,16 @@
 #include "qt/qt_shell.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QFileDialog>
 #include <QFontDialog>
+#include <QImage>
 #include <QInputDialog>
 #include <QLabel>
 #include <QMessageBox>
 #include <algorithm>
+
+#include "dialogs/shared_windows.h"
 
 namespace kurv {
 
@@ -180,6 +184,34 @@ std::optional<Font> QtShell::choose_font(const Font& preset) {
   const QFont chosen = dialog->selectedFont();
   return Font{chosen.family().toStdString(), to_single(chosen.pointSizeF()), chosen.bold(),
               chosen.italic()};
+}
+
+// The toolkit offers an image in every format that it can write, PNG and BMP among them.
+void QtShell::copy_picture(std::string_view bitmap) {
+  if (!somebody_can_answer()) return;
+  QClipboard* const clipboard = QApplication::clipboard();
+  clipboard->clear();
+  QImage image;
+  if (image.loadFromData(reinterpret_cast<const uchar*>(bitmap.data()),
+                         static_cast<int>(bitmap.size()), "BMP")) {
+    clipboard->setImage(image);
+  }
+}
+
+void QtShell::load_windows() {
+  if (m_client) kurv::load_windows(*m_client);
+}
+
+void QtShell::show_window(Window window, Integer page) {
+  if (m_client && somebody_can_answer()) kurv::show_window(window, *m_client, page);
+}
+
+void QtShell::unload_windows() {
+  kurv::unload_windows();
+}
+
+void QtShell::release_windows() {
+  if (m_client) kurv::release_windows(*m_client);
 }
 
 }  // namespace kurv

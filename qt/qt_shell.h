@@ -9,6 +9,8 @@
 #include <QWidget>
 #include <string_view>
 
+#include "dialogs/client.h"
+
 namespace kurv {
 
 // UTF-8 whose lines end in CR LF, CR or LF as the toolkit's text.
@@ -25,7 +27,8 @@ QString extension_of(const QString& name_filter, const QString& otherwise);
 // dialog, or the application has ended already, the answer is No or nothing.
 class QtShell final : public Shell {
  public:
-  explicit QtShell(QWidget& owner) : m_owner(&owner) {}
+  // The windows show `client`; without one they are none of this shell's business.
+  explicit QtShell(QWidget& owner, Client* client = nullptr) : m_owner(&owner), m_client(client) {}
 
   // Later dialogs stand alone.
   void leave_window() { m_owner.clear(); }
@@ -37,11 +40,17 @@ class QtShell final : public Shell {
   FileChoice open_file(const OpenDialog& dialog) override;
   FileChoice save_file(const SaveDialog& dialog) override;
   std::optional<Font> choose_font(const Font& preset) override;
+  void copy_picture(std::string_view bitmap) override;
+  void load_windows() override;
+  void show_window(Window window, Integer page) override;
+  void unload_windows() override;
+  void release_windows() override;
 
  private:
   QWidget* window() const { return m_owner ? m_owner->window() : nullptr; }
 
   QPointer<QWidget> m_owner;
+  Client* m_client;
 };
 
 }  // namespace kurv

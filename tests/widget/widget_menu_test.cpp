@@ -19,7 +19,7 @@ using testing::ElementsAre;
 
 class OpenGraph : public KurvGraph {
  public:
-  GraphDocument& document() { return m_state->control.state().document; }
+  GraphDocument& document() { return m_state->graph.state().document; }
 };
 
 // The menu that is open.

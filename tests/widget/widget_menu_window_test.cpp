@@ -23,7 +23,7 @@ using testing::ElementsAre;
 
 class OpenGraph : public KurvGraph {
  public:
-  GraphDocument& document() { return m_state->control.state().document; }
+  GraphDocument& document() { return m_state->graph.state().document; }
 };
 
 // What a user does: waits for something to be there, then presses keys. A timer drives it, because

@@ -1,0 +1,109 @@
+#include "dialogs/shared_windows.h"
+
+#include <QPointer>
+#include <array>
+
+#include "dialogs/frm_curves.h"
+#include "dialogs/frm_propert.h"
+#include "dialogs/frm_table.h"
+
+namespace kurv {
+
+namespace {
+
+struct Shared {
+  Client* client = nullptr;
+  // Made when it is shown first; gone when it has been closed.
+  QPointer<GraphWindow> window;
+  QByteArray geometry;  // where the user left it
+};
+
+std::array<Shared, 3>& all_windows() {
+  static std::array<Shared, 3> all;
+  return all;
+}
+
+// The window may be in the middle of a handler, so it goes when that is over.
+void unload(Shared& shared) {
+  shared.client = nullptr;
+  GraphWindow* const window = shared.window;
+  shared.window.clear();
+  if (!window) return;
+  shared.geometry = window->saveGeometry();
+  window->set_client(nullptr);
+  window->hide();
+  window->deleteLater();
+}
+
+void load(Shared& shared, Client& client) {
+  if (shared.client != &client) unload(shared);
+  shared.client = &client;
+}
+
+GraphWindow* new_window(Window window, QWidget* parent) {
+  switch (window) {
+    case Window::kCurves:
+      return new frmCurves(parent);
+    case Window::kTable:
+      return new frmTable(parent);
+    case Window::kProperties:
+      break;
+  }
+  return new frmPropert(parent);
+}
+
+// The shared's window, in front of the window that its client stands in now.
+GraphWindow* window_of(Shared& shared, Window kind) {
+  QWidget* const parent = shared.client->window();
+  if (shared.window && shared.window->parentWidget() == parent) return shared.window;
+  Client* const client = shared.client;
+  unload(shared);
+  shared.client = client;
+  GraphWindow* const window = new_window(kind, parent);
+  shared.window = window;
+  window->restoreGeometry(shared.geometry);
+  window->set_client(client);
+  QObject::connect(window, &QDialog::finished, window, [&shared, window] {
+    if (shared.window == window) unload(shared);
+  });
+  return window;
+}
+
+}  // namespace
+
+void load_windows(Client& client) {
+  for (Shared& shared : all_windows()) load(shared, client);
+}
+
+void show_window(Window kind, Client& client, Integer page) {
+  Shared& shared = all_windows()[static_cast<std::size_t>(kind)];
+  load(shared, client);
+  GraphWindow* const window = window_of(shared, kind);
+  window->init(page);
+  if (kind == Window::kCurves && !window->isVisible()) {
+    window->exec();
+    return;
+  }
+  window->show();
+  window->raise();
+  window->activateWindow();
+}
+
+void unload_windows() {
+  for (Shared& shared : all_windows()) unload(shared);
+}
+
+void release_windows(const Client& client) {
+  for (Shared& shared : all_windows()) {
+    if (shared.client == &client) unload(shared);
+  }
+}
+
+void refill_windows(const Client& client) {
+  for (Shared& shared : all_windows()) {
+    if (shared.client == &client && shared.window && shared.window->isVisible())
+      shared.window->refill();
+  }
+}
+
+}  // namespace kurv
