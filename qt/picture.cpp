@@ -16,6 +16,7 @@
 #include "qt/text_layout.h"
 #include "raster/boxes.h"
 #include "raster/canvas.h"
+#include "raster/columns.h"
 #include "raster/coverage.h"
 #include "raster/strokes.h"
 #include "render/palette.h"
@@ -87,13 +88,17 @@ bool has_nan(SurfacePoint point) {
 
 struct Picture::Pixels {
   explicit Pixels(const Resolution& size)
-      : resolution(size), image(white_image(size)), mask(size.width, size.height) {}
+      : resolution(size),
+        image(white_image(size)),
+        mask(size.width, size.height),
+        columns(size.width, size.height) {}
 
   Resolution resolution;
   QImage image;
   // Strokes that are not yet in the image, all of one colour and pen.
   raster::Coverage mask;
   std::optional<std::uint32_t> pending_colour;
+  raster::Columns columns;
 
   Integer draw_width = 1;
   int fore_color = kBlack;
@@ -199,6 +204,7 @@ void Picture::resize(QSize logical_size, double device_pixel_ratio) {
   m_pixels->resolution = resolution;
   m_pixels->image = std::move(image);
   m_pixels->mask = std::move(mask);
+  m_pixels->columns = raster::Columns(resolution.width, resolution.height);
   m_pixels->pending_colour.reset();
 }
 
@@ -246,6 +252,18 @@ void Picture::Line(SurfacePoint from, SurfacePoint to, int colour, LineKind kind
   } else {
     raster::fill_rect(canvas, m_pixels->rule(from, to), pixel_of(colour));
   }
+}
+
+void Picture::Polyline(const PolylinePoints& points, int colour) {
+  const raster::Pen pen = m_pixels->pen();
+  if (!raster::Columns::is_narrow(pen) || !raster::Columns::is_ascending(points.x)) {
+    return PlotSurface::Polyline(points, colour);
+  }
+  m_pixels->flush();
+  const raster::Canvas canvas = m_pixels->canvas();
+  m_pixels->columns.add(pen, {points.x, points.y, points.drawn});
+  m_pixels->columns.flush({canvas.pixels, canvas.width, canvas.height, 1, canvas.stride},
+                          pixel_of(colour));
 }
 
 void Picture::Circle(SurfacePoint centre, Single radius, int colour) {

@@ -25,6 +25,9 @@ class WatchedSurface final : public PlotSurface {
   void Line(SurfacePoint from, SurfacePoint to, int colour, LineKind kind) override {
     m_target.Line(from, to, colour, kind);
   }
+  void Polyline(const PolylinePoints& points, int colour) override {
+    m_target.Polyline(points, colour);
+  }
   void Circle(SurfacePoint centre, Single radius, int colour) override {
     m_target.Circle(centre, radius, colour);
   }

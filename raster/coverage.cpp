@@ -2,24 +2,9 @@
 
 #include <algorithm>
 
+#include "raster/blend.h"
+
 namespace kurv::raster {
-namespace {
-
-// Source over destination, rounded to the nearest: 255 is odd, so there are no ties.
-std::uint32_t blend_channel(std::uint32_t below, std::uint32_t above, std::uint32_t coverage,
-                            int shift) {
-  const std::uint32_t from = (below >> shift) & 255;
-  const std::uint32_t to = (above >> shift) & 255;
-  return ((to * coverage + from * (255 - coverage) + 127) / 255) << shift;
-}
-
-std::uint32_t blend(std::uint32_t below, std::uint32_t above, std::uint32_t coverage) {
-  return 0xFF000000 | blend_channel(below, above, coverage, 16) |
-         blend_channel(below, above, coverage, 8) | blend_channel(below, above, coverage, 0);
-}
-
-}  // namespace
-
 Coverage::Coverage(int width, int height)
     : m_width(width),
       m_height(height),

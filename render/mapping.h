@@ -3,6 +3,9 @@
 
 #include <KurvGraph/plot_surface.h>
 
+#include <cstdint>
+#include <span>
+
 #include "core/graph_document.h"
 #include "render/layout.h"
 
@@ -41,6 +44,13 @@ class Mapping {
     const Double y = NormY(point.y);
     return in_unit(x) && in_unit(y);
   }
+
+  // The same for all values of a column at once: where they stand, and whether that is inside the
+  // range of their axis. All three have the same length.
+  void map_x(std::span<const Double> values, std::span<Single> at,
+             std::span<std::uint8_t> inside) const;
+  void map_y(std::span<const Double> values, std::span<Single> at,
+             std::span<std::uint8_t> inside) const;
 
   SurfacePoint surface_point(DataPoint point) const {
     return {to_single(SurfX(point.x)), to_single(SurfY(point.y))};

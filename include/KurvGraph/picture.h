@@ -33,6 +33,7 @@ class Picture final : public PlotSurface {
   Double ScaleHeight() const override;
   void Cls() override;
   void Line(SurfacePoint from, SurfacePoint to, int colour, LineKind kind) override;
+  void Polyline(const PolylinePoints& points, int colour) override;
   void Circle(SurfacePoint centre, Single radius, int colour) override;
   void Arc(SurfacePoint centre, Single radius, int colour, Single start, Single end) override;
   void PSet(SurfacePoint at, int colour) override;

@@ -8,6 +8,7 @@
 
 #include <array>
 #include <cstdint>
+#include <span>
 #include <string_view>
 
 #include <KurvGraph/values.h>
@@ -36,6 +37,14 @@ enum class LineKind {
   kFilledBox,  // that rectangle filled with the colour, put on whole device pixels
 };
 
+// A polyline by the coordinates of its points. Its segment i goes from point i - 1 to point i and
+// is drawn where drawn[i] is not zero; drawn[0] counts for nothing. All three have the same length.
+struct PolylinePoints {
+  std::span<const Single> x;
+  std::span<const Single> y;
+  std::span<const std::uint8_t> drawn;
+};
+
 class PlotSurface {
  public:
   virtual ~PlotSurface() = default;
@@ -48,6 +57,15 @@ class PlotSurface {
   virtual void Cls() = 0;
 
   virtual void Line(SurfacePoint from, SurfacePoint to, int colour, LineKind kind) = 0;
+  // The segments of a polyline from the first to the last: the same as a Line() for each, which is
+  // what a surface does that knows nothing faster.
+  virtual void Polyline(const PolylinePoints& points, int colour) {
+    for (std::size_t i = 1; i < points.drawn.size(); ++i) {
+      if (points.drawn[i] == 0) continue;
+      Line({points.x[i - 1], points.y[i - 1]}, {points.x[i], points.y[i]}, colour,
+           LineKind::kSegment);
+    }
+  }
   // A circle outline of the given radius in twips.
   virtual void Circle(SurfacePoint centre, Single radius, int colour) = 0;
   // The part of it from angle `start` to `end`, radians, anticlockwise from the positive x axis.
