@@ -46,7 +46,8 @@ bool Columns::is_ascending(std::span<const float> x) {
 void Columns::use_pen(const Pen& pen) {
   if (pen.half_width == m_pen.half_width && pen.pixels_per_unit == m_pen.pixels_per_unit) return;
   m_pen = pen;
-  m_per_pixel = 16;
+  m_per_pixel_log2 = 4;
+  m_per_pixel = 1 << m_per_pixel_log2;
   m_reach = static_cast<int>(pen.half_width * m_per_pixel + 0.5);
   m_last_node = m_width * m_per_pixel + 2 * m_reach;
   m_rim = static_cast<float>(pen.half_width * m_per_pixel + 0.5 - m_reach);
@@ -63,7 +64,8 @@ void Columns::use_pen(const Pen& pen) {
   m_high.assign(padded, kNothingHigh);
   m_top.assign(cells, kNothingLow);
   m_bottom.assign(cells, kNothingHigh);
-  m_cover.assign(static_cast<std::size_t>(m_height) + 2, 0);
+  m_cover.assign(static_cast<std::size_t>(m_height) + 1, 0);
+  m_carry.assign(static_cast<std::size_t>(m_height) + 1, 0);
   m_abscissae.x.clear();
   m_first_cell = m_last_node;
   m_end_cell = 0;
@@ -295,37 +297,39 @@ void Columns::blend_column(const PixelGrid& grid, int column, std::uint32_t colo
       outer_bottom = larger(outer_bottom, bottom);
       // What the interval covers of each row is the sum of these up to the row.
       const int a = static_cast<int>(top * kWhole), b = static_cast<int>(bottom * kWhole);
-      int* const from = m_cover.data() + a / kWhole;
-      int* const to = m_cover.data() + b / kWhole;
-      from[0] += kWhole - a % kWhole;
-      from[1] += a % kWhole;
-      to[0] -= kWhole - b % kWhole;
-      to[1] -= b % kWhole;
+      // Two arrays, because a processor waits when it reads two numbers that it wrote one by one.
+      m_cover[static_cast<std::size_t>(a / kWhole)] += kWhole - a % kWhole;
+      m_carry[static_cast<std::size_t>(a / kWhole)] += a % kWhole;
+      m_cover[static_cast<std::size_t>(b / kWhole)] -= kWhole - b % kWhole;
+      m_carry[static_cast<std::size_t>(b / kWhole)] -= b % kWhole;
     }
     cell.count = 0;
   }
   const int begin = static_cast<int>(outer_top);
   const int end = std::min(static_cast<int>(outer_bottom) + 2, m_height);
-  const int whole = kWhole * m_per_pixel;
+  const int whole = kWhole << m_per_pixel_log2;
+  const int shift = 8 + m_per_pixel_log2;
   // The rows of the inner part, if there are enough of them to be worth the while.
   const int inner_begin = static_cast<int>(inner_top) + 2;
   const int inner_end = static_cast<int>(inner_bottom) - 1;
   std::uint32_t* const pixels = grid.pixels + column * grid.x_step;
-  int sum = 0;
+  int sum = 0, carry = 0;
   for (int y = begin; y < end; ++y) {
     if (y == inner_begin && inner_end > inner_begin) {
       for (; y < inner_end; ++y) pixels[y * grid.y_step] = colour;
     }
-    sum += m_cover[static_cast<std::size_t>(y)];
+    sum += m_cover[static_cast<std::size_t>(y)] + carry;
+    carry = m_carry[static_cast<std::size_t>(y)];
     m_cover[static_cast<std::size_t>(y)] = 0;
+    m_carry[static_cast<std::size_t>(y)] = 0;
     if (sum == 0) continue;
     std::uint32_t& pixel = pixels[y * grid.y_step];
-    pixel = sum >= whole
-                ? colour
-                : blend(pixel, colour, static_cast<std::uint32_t>((sum * 255 + whole / 2) / whole));
+    pixel = sum >= whole ? colour
+                         : blend(pixel, colour,
+                                 static_cast<std::uint32_t>((sum * 255 + whole / 2) >> shift));
   }
   m_cover[static_cast<std::size_t>(m_height)] = 0;
-  m_cover[static_cast<std::size_t>(m_height) + 1] = 0;
+  m_carry[static_cast<std::size_t>(m_height)] = 0;
 }
 
 void Columns::clear() {

@@ -82,6 +82,7 @@ class Columns {
   int m_width;
   int m_height;
   Pen m_pen{0, 0};
+  int m_per_pixel_log2 = 0;
   int m_per_pixel = 0;  // cells
   int m_reach = 0;      // how many cells on either side of a node its discs cover
   int m_last_node = 0;
@@ -96,7 +97,8 @@ class Columns {
   std::vector<float> m_high;
   std::vector<float> m_top;  // of the dilated line in each cell
   std::vector<float> m_bottom;
-  std::vector<int> m_cover;
+  std::vector<int> m_cover;  // of the cells in a column, what begins in each row
+  std::vector<int> m_carry;  // and what of it begins in the row below
 };
 
 }  // namespace kurv::raster

@@ -24,6 +24,15 @@ class Coverage {
   // Columns first..end-1 of row y, inside the mask and at least one, may no longer be zero.
   void touch(int y, int first, int end);
 
+  // Calls visit(row, first column, values, count) for the touched part of each row.
+  template <class Visit>
+  void for_each_touched(const Visit& visit) {
+    for (int y = m_top; y < m_bottom; ++y) {
+      const Span span = m_spans[static_cast<std::size_t>(y)];
+      if (span.first < span.end) visit(y, span.first, row(y) + span.first, span.end - span.first);
+    }
+  }
+
   // Blends the colour onto the canvas, which has the mask's size, and clears the mask. Touched
   // pixels alone are looked at.
   void flush(const Canvas& canvas, std::uint32_t colour);

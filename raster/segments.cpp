@@ -1,6 +1,9 @@
 #include <cmath>
+#include <numbers>
 
 #include "raster/line_equation.h"
+#include "raster/long_segments.h"
+#include "raster/strip.h"
 #include "raster/stroke_parts.h"
 #include "raster/strokes.h"
 
@@ -18,18 +21,20 @@ struct Segment {
 // the whole one: the part ends no nearer to the mask than the pen reaches.
 class CapsuleFiller {
  public:
-  CapsuleFiller(Coverage& mask, const Segment& segment, double reach)
+  CapsuleFiller(Coverage& mask, const Segment& segment, double half_width)
       : m_mask(mask),
         m_segment(segment),
-        m_reach(reach),
+        m_strip(half_width, segment.direction),
+        m_half_width(static_cast<float>(half_width)),
+        m_reach(half_width + std::numbers::sqrt2 / 2),
         m_length((segment.to.x - segment.from.x) * segment.direction.x +
                  (segment.to.y - segment.from.y) * segment.direction.y),
-        m_left(std::min(segment.from.x, segment.to.x) - reach),
-        m_right(std::max(segment.from.x, segment.to.x) + reach) {
+        m_left(std::min(segment.from.x, segment.to.x) - m_reach),
+        m_right(std::max(segment.from.x, segment.to.x) + m_reach) {
     // A level line is in reach from end to end of the few rows that it touches at all.
     if (std::abs(segment.direction.y) > 1e-9) {
       m_slope = segment.direction.x / segment.direction.y;
-      m_row_reach = reach / std::abs(segment.direction.y);
+      m_row_reach = m_strip.reach() / std::abs(segment.direction.y) + 1e-3;
     } else {
       m_row_reach = m_right - m_left;
     }
@@ -43,15 +48,24 @@ class CapsuleFiller {
   }
 
  private:
+  struct Span {
+    int first;
+    int end;
+  };
+
+  Span span(int y) const {
+    const double middle = m_segment.from.x + (y + 0.5 - m_segment.from.y) * m_slope;
+    return {pixel_from(std::max(m_left, middle - m_row_reach), m_mask.width()),
+            pixel_from(std::min(m_right, middle + m_row_reach), m_mask.width())};
+  }
+
   void fill_row(int y) const {
-    const double down = y + 0.5 - m_segment.from.y;
-    const double middle = m_segment.from.x + down * m_slope;
-    const int first = pixel_from(std::max(m_left, middle - m_row_reach), m_mask.width());
-    const int end = pixel_from(std::min(m_right, middle + m_row_reach), m_mask.width());
+    const auto [first, end] = span(y);
     if (first >= end) return;
 
     // Across and along the line from its start, at the first pixel; steps from there are small
     // enough for single precision.
+    const double down = y + 0.5 - m_segment.from.y;
     const double right = first + 0.5 - m_segment.from.x;
     const auto across =
         static_cast<float>(down * m_segment.direction.x - right * m_segment.direction.y);
@@ -60,22 +74,29 @@ class CapsuleFiller {
     const auto beyond = static_cast<float>(along - m_length);
     const auto step_across = static_cast<float>(-m_segment.direction.y);
     const auto step_along = static_cast<float>(m_segment.direction.x);
-    const auto reach = static_cast<float>(m_reach);
 
     std::uint8_t* values = m_mask.row(y) + first;
     for (int i = 0; i < end - first; ++i) {
       const auto step = static_cast<float>(i);
-      const float sideways = across + step * step_across;
-      const float past_end =
-          std::max(0.0F, std::max(before - step * step_along, beyond + step * step_along));
-      const float distance = std::sqrt(sideways * sideways + past_end * past_end);
-      values[i] = std::max(values[i], coverage_at(distance, reach));
+      const float sideways = std::abs(across + step * step_across);
+      const float past_end = std::max(before - step * step_along, beyond + step * step_along);
+      values[i] = std::max(values[i], to_byte(coverage(sideways, past_end)));
     }
     m_mask.touch(y, first, end);
   }
 
+  // Beyond its ends the strip goes on as far as the pen is round.
+  float coverage(float sideways, float past_end) const {
+    const float strip = m_strip.coverage(sideways);
+    if (past_end <= -0.5F) return strip;
+    const float distance = std::hypot(sideways, std::max(past_end, 0.0F));
+    return std::min(strip, std::clamp(m_half_width + 0.5F - distance, 0.0F, 1.0F));
+  }
+
   Coverage& m_mask;
   const Segment& m_segment;
+  Strip m_strip;
+  float m_half_width;
   double m_reach;
   double m_length;
   double m_left;
@@ -84,21 +105,51 @@ class CapsuleFiller {
   double m_row_reach = 0;  // how far from the line's crossing a row's pixels are in reach
 };
 
-}  // namespace
-
-void add_segment(Coverage& mask, const Pen& pen, Point from, Point to) {
-  if (std::isnan(from.x) || std::isnan(from.y) || std::isnan(to.x) || std::isnan(to.y)) return;
+std::optional<Segment> visible_segment(const Coverage& mask, const Pen& pen, Point from, Point to) {
+  if (std::isnan(from.x) || std::isnan(from.y) || std::isnan(to.x) || std::isnan(to.y)) {
+    return std::nullopt;
+  }
   const double scale = pen.pixels_per_unit;
-  const double reach = pen.half_width + 0.5;
-  const double margin = (reach + 1) / scale;
+  const double margin = (pen.half_width + 2) / scale;
   const Window window{{-margin, -margin},
                       {mask.width() / scale + margin, mask.height() / scale + margin}};
   const std::optional<VisiblePart> part = visible_part(finite(from), finite(to), window);
-  if (!part) return;
-  const Segment visible{{part->from.x * scale, part->from.y * scale},
-                        {part->to.x * scale, part->to.y * scale},
-                        part->direction};
-  CapsuleFiller(mask, visible, reach).fill();
+  if (!part) return std::nullopt;
+  return Segment{{part->from.x * scale, part->from.y * scale},
+                 {part->to.x * scale, part->to.y * scale},
+                 part->direction};
+}
+
+Vector moved(Vector point, Vector direction, double length) {
+  return {point.x + direction.x * length, point.y + direction.y * length};
+}
+
+}  // namespace
+
+void add_segment(Coverage& mask, const Pen& pen, Point from, Point to) {
+  const std::optional<Segment> segment = visible_segment(mask, pen, from, to);
+  if (segment) CapsuleFiller(mask, *segment, pen.half_width).fill();
+}
+
+// The ends are short segments of their own, and the middle covers what is round of them inside.
+void add_segment(Coverage& mask, LongSegments& middles, const Pen& pen, Point from, Point to) {
+  const std::optional<Segment> segment = visible_segment(mask, pen, from, to);
+  if (!segment) return;
+  constexpr double kLong = 24;
+  const double length =
+      std::hypot(segment->to.x - segment->from.x, segment->to.y - segment->from.y);
+  if (!LongSegments::is_narrow(pen.half_width) || length < kLong) {
+    return CapsuleFiller(mask, *segment, pen.half_width).fill();
+  }
+  const Vector direction = segment->direction;
+  const double end = 2 * pen.half_width + 2;
+  const Vector begin_middle = moved(segment->from, direction, end);
+  const Vector end_middle = moved(segment->to, direction, -end);
+  CapsuleFiller(mask, {segment->from, begin_middle, direction}, pen.half_width).fill();
+  CapsuleFiller(mask, {end_middle, segment->to, direction}, pen.half_width).fill();
+  // It begins where the round part of each end does, or the gap between the two would show.
+  middles.add(mask, pen.half_width, moved(begin_middle, direction, -pen.half_width - 1),
+              moved(end_middle, direction, pen.half_width + 1), direction);
 }
 
 }  // namespace kurv::raster

@@ -24,6 +24,10 @@ inline int pixel_from(double coordinate, int size) {
   return static_cast<int>(std::clamp(coordinate + 0.5, 0.0, static_cast<double>(size)));
 }
 
+inline std::uint8_t to_byte(float coverage) {
+  return static_cast<std::uint8_t>(coverage * 255 + 0.5F);
+}
+
 // The 0..255 coverage of a pixel; `reach` is half the pen width and half a pixel.
 template <typename Real>
 std::uint8_t coverage_at(Real distance, Real reach) {
