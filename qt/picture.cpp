@@ -6,6 +6,7 @@
 #include <QString>
 #include <QTransform>
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <limits>
 #include <new>
@@ -18,6 +19,8 @@
 #include "raster/canvas.h"
 #include "raster/columns.h"
 #include "raster/coverage.h"
+#include "raster/long_segments.h"
+#include "raster/stamp.h"
 #include "raster/strokes.h"
 #include "render/palette.h"
 
@@ -91,6 +94,7 @@ struct Picture::Pixels {
       : resolution(size),
         image(white_image(size)),
         mask(size.width, size.height),
+        middles(size.width, size.height),
         columns(size.width, size.height) {}
 
   Resolution resolution;
@@ -98,6 +102,7 @@ struct Picture::Pixels {
   // Strokes that are not yet in the image, all of one colour and pen.
   raster::Coverage mask;
   std::optional<std::uint32_t> pending_colour;
+  raster::LongSegments middles;
   raster::Columns columns;
 
   Integer draw_width = 1;
@@ -116,6 +121,7 @@ struct Picture::Pixels {
 
   void flush() {
     if (!pending_colour) return;
+    middles.merge_into(mask);
     mask.flush(canvas(), *pending_colour);
     pending_colour.reset();
   }
@@ -195,6 +201,8 @@ struct Picture::Pixels {
 Picture::Picture(QSize logical_size, double device_pixel_ratio)
     : m_pixels(std::make_unique<Pixels>(resolution_of(logical_size, device_pixel_ratio))) {}
 
+Picture::Picture(std::unique_ptr<Pixels> pixels) : m_pixels(std::move(pixels)) {}
+
 Picture::~Picture() = default;
 
 void Picture::resize(QSize logical_size, double device_pixel_ratio) {
@@ -204,6 +212,7 @@ void Picture::resize(QSize logical_size, double device_pixel_ratio) {
   m_pixels->resolution = resolution;
   m_pixels->image = std::move(image);
   m_pixels->mask = std::move(mask);
+  m_pixels->middles = raster::LongSegments(resolution.width, resolution.height);
   m_pixels->columns = raster::Columns(resolution.width, resolution.height);
   m_pixels->pending_colour.reset();
 }
@@ -231,6 +240,7 @@ Double Picture::ScaleHeight() const {
 
 void Picture::Cls() {
   m_pixels->mask.clear();
+  m_pixels->middles.clear();
   m_pixels->pending_colour.reset();
   m_pixels->image.fill(Qt::white);
 }
@@ -239,7 +249,8 @@ void Picture::Line(SurfacePoint from, SurfacePoint to, int colour, LineKind kind
   if (has_nan(from) || has_nan(to)) return;
   const bool level_or_upright = from.x == to.x || from.y == to.y;
   if (kind == LineKind::kSegment || (kind == LineKind::kRule && !level_or_upright)) {
-    raster::add_segment(m_pixels->strokes(colour), m_pixels->pen(), to_point(from), to_point(to));
+    raster::Coverage& mask = m_pixels->strokes(colour);
+    raster::add_segment(mask, m_pixels->middles, m_pixels->pen(), to_point(from), to_point(to));
     return;
   }
   m_pixels->flush();
@@ -272,6 +283,78 @@ void Picture::Circle(SurfacePoint centre, Single radius, int colour) {
 
 void Picture::Arc(SurfacePoint centre, Single radius, int colour, Single start, Single end) {
   raster::add_arc(m_pixels->strokes(colour), m_pixels->pen(), to_point(centre), radius, start, end);
+}
+
+namespace {
+
+// Where figures are told apart within a pixel, in either direction.
+constexpr int kPhases = 4;
+// Fewer are drawn as they are, and so are figures of more pixels.
+constexpr std::size_t kFewFigures = 4 * kPhases * kPhases;
+constexpr double kLargestStamp = 64;
+
+struct PixelPlace {
+  int pixel;
+  int phase;
+};
+
+PixelPlace place_of(double pixels) {
+  const double phases = std::floor(pixels * kPhases + 0.5);
+  const int whole = to_pixel(phases);
+  const int phase = ((whole % kPhases) + kPhases) % kPhases;
+  return {(whole - phase) / kPhases, phase};
+}
+
+}  // namespace
+
+// What the figure looks like with its centre at that part of a pixel: drawn on two grounds, it
+// shows where it hides what lies below.
+raster::Stamp Picture::stamp_of(const Figure& figure, int side, int phase_x, int phase_y) const {
+  const Resolution& own = m_pixels->resolution;
+  const int middle = side / 2;
+  const auto twips = [&](int phase) {
+    return (middle + static_cast<double>(phase) / kPhases) * own.twips_per_pixel;
+  };
+  const auto drawn_on = [&](Qt::GlobalColor ground) {
+    Picture picture(std::make_unique<Pixels>(
+        Resolution{side, side, own.device_pixel_ratio, own.twips_per_pixel}));
+    picture.m_pixels->image.fill(ground);
+    picture.DrawWidth(m_pixels->draw_width);
+    figure(picture, {twips(phase_x), twips(phase_y)});
+    return picture.image();
+  };
+  QImage white = drawn_on(Qt::white), black = drawn_on(Qt::black);
+  const auto canvas = [side](QImage& image) {
+    return raster::Canvas{reinterpret_cast<std::uint32_t*>(image.bits()), side, side,
+                          static_cast<std::ptrdiff_t>(image.bytesPerLine() / 4)};
+  };
+  return {canvas(white), canvas(black), middle, middle};
+}
+
+void Picture::Repeat(std::span<const FigureCentre> centres, Double reach, const Figure& figure) {
+  const double side = 2 * std::ceil(m_pixels->pixels(reach) + m_pixels->pen_width() + 2) + 1;
+  if (centres.size() < kFewFigures || !(side <= kLargestStamp)) {
+    return PlotSurface::Repeat(centres, reach, figure);
+  }
+  m_pixels->flush();
+  std::array<std::optional<raster::Stamp>, kPhases * kPhases> stamps;
+  const raster::Canvas canvas = m_pixels->canvas();
+  PixelPlace last_x{}, last_y{};
+  bool is_first = true;
+  for (const FigureCentre& centre : centres) {
+    const PixelPlace x = place_of(m_pixels->pixels(centre.x));
+    const PixelPlace y = place_of(m_pixels->pixels(centre.y));
+    // Among many points most stand where the one before them does.
+    const bool is_same = x.pixel == last_x.pixel && x.phase == last_x.phase &&
+                         y.pixel == last_y.pixel && y.phase == last_y.phase;
+    if (is_same && !is_first) continue;
+    is_first = false;
+    last_x = x;
+    last_y = y;
+    auto& stamp = stamps[static_cast<std::size_t>(y.phase * kPhases + x.phase)];
+    if (!stamp) stamp = stamp_of(figure, static_cast<int>(side), x.phase, y.phase);
+    stamp->put(canvas, x.pixel, y.pixel);
+  }
 }
 
 void Picture::PSet(SurfacePoint at, int colour) {

@@ -54,14 +54,18 @@ void draw_markers(const GraphDocument& document, const Mapping& mapping, int cur
                   PlotSurface& surface) {
   const auto x = document.xyArr.column(1);
   const auto y = document.xyArr.column(curve + 1);
+  std::vector<FigureCentre> centres;
   for (int i = 1; i <= document.NumData; ++i) {
     const DataPoint point{x(i), y(i)};
     // The point is tested before the switch is, so that a range that cannot be mapped is an error
     // whether or not markers are shown.
     if (mapping.InPlot(point) && document.DrawMarkers.is_exactly_true()) {
-      DrawMarker(document, surface, curve, mapping.SurfX(point.x), mapping.SurfY(point.y), false);
+      centres.push_back({mapping.SurfX(point.x), mapping.SurfY(point.y)});
     }
   }
+  surface.Repeat(centres, marker_reach(document), [&](PlotSurface& target, FigureCentre at) {
+    DrawMarker(document, target, curve, at.x, at.y, false);
+  });
 }
 
 }  // namespace

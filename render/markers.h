@@ -9,6 +9,12 @@ namespace kurv {
 
 inline constexpr int kMarkerKinds = 40;
 
+// How far from its centre a marker reaches in either direction, twips; the pen comes on top.
+inline Double marker_reach(const GraphDocument& document) {
+  constexpr Double kTips = 1.2;  // of the radius; those of the triangles are 1.18 away
+  return kTips * document.MarkerSize;
+}
+
 // Erases the marker's square cell to white and paints the symbol of curve `number` centred on
 // (x, y), twips: with `lineSample` a piece of its line in the curves' width, otherwise marker kind
 // number mod 40 in the current pen width. The pen width is 1 after a line sample.

@@ -9,6 +9,10 @@
 
 namespace kurv {
 
+namespace raster {
+class Stamp;
+}
+
 // Needs a QGuiApplication for text; no window and no display server. Copying nothing, it belongs to
 // one thread.
 class Picture final : public PlotSurface {
@@ -36,6 +40,7 @@ class Picture final : public PlotSurface {
   void Polyline(const PolylinePoints& points, int colour) override;
   void Circle(SurfacePoint centre, Single radius, int colour) override;
   void Arc(SurfacePoint centre, Single radius, int colour, Single start, Single end) override;
+  void Repeat(std::span<const FigureCentre> centres, Double reach, const Figure& figure) override;
   void PSet(SurfacePoint at, int colour) override;
   void DrawWidth(Integer pixels) override;
   void Print(Single CurrentX, Single CurrentY, std::string_view text) override;
@@ -49,6 +54,8 @@ class Picture final : public PlotSurface {
 
  private:
   struct Pixels;
+  explicit Picture(std::unique_ptr<Pixels> pixels);
+  raster::Stamp stamp_of(const Figure& figure, int side, int phase_x, int phase_y) const;
   std::unique_ptr<Pixels> m_pixels;
 };
 

@@ -8,6 +8,7 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <span>
 #include <string_view>
 
@@ -45,8 +46,18 @@ struct PolylinePoints {
   std::span<const std::uint8_t> drawn;
 };
 
+// Where a figure is drawn, in twips; finer than a SurfacePoint, because its parts are placed from
+// here.
+struct FigureCentre {
+  Double x = 0;
+  Double y = 0;
+};
+
 class PlotSurface {
  public:
+  // Draws one figure round the centre, nowhere further from it than a reach that goes with it.
+  using Figure = std::function<void(PlotSurface&, FigureCentre)>;
+
   virtual ~PlotSurface() = default;
 
   // Inner size in twips.
@@ -70,6 +81,12 @@ class PlotSurface {
   virtual void Circle(SurfacePoint centre, Single radius, int colour) = 0;
   // The part of it from angle `start` to `end`, radians, anticlockwise from the positive x axis.
   virtual void Arc(SurfacePoint centre, Single radius, int colour, Single start, Single end) = 0;
+  // The same figure at each of the centres in turn, which is what a surface draws that knows
+  // nothing faster. `reach` in twips.
+  virtual void Repeat(std::span<const FigureCentre> centres, Double reach, const Figure& figure) {
+    static_cast<void>(reach);
+    for (const FigureCentre& centre : centres) figure(*this, centre);
+  }
   // One point as large as the pen.
   virtual void PSet(SurfacePoint at, int colour) = 0;
 
