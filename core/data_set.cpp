@@ -1,6 +1,7 @@
 #include "core/data_set.h"
 
 #include <cmath>
+#include <utility>
 
 #include "core/selection_order.h"
 
@@ -30,7 +31,7 @@ void choose_format(Double lo, Double hi, const NumericService& numeric, String& 
 void Sort_xy(GraphDocument& document, const SwapService& swap) {
   if (document.NumData < 2) return;
   const std::vector<Exchange> exchanges =
-      selection_sort_exchanges(document.xyArr.column(1), document.NumData);
+      selection_sort_exchanges(std::as_const(document.xyArr).column(1), document.NumData);
   if (exchanges.empty()) return;
   for (int c = 1; c <= document.NumY + 1; ++c) {
     const auto column = document.xyArr.column(c);

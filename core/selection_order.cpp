@@ -10,7 +10,7 @@ namespace kurv {
 namespace {
 
 // Places of the values that are not NaN, ascending.
-std::vector<int> comparable_places(const Column<Double>& values, int count) {
+std::vector<int> comparable_places(const Column<const Double>& values, int count) {
   std::vector<int> places;
   places.reserve(static_cast<std::size_t>(count));
   for (int i = 1; i <= count; ++i) {
@@ -27,7 +27,7 @@ std::vector<int> comparable_places(const Column<Double>& values, int count) {
 // and a push there.
 class PlacesByValue {
  public:
-  PlacesByValue(const Column<Double>& values, const std::vector<int>& places)
+  PlacesByValue(const Column<const Double>& values, const std::vector<int>& places)
       : m_places(places), m_heap_of(static_cast<std::size_t>(values.upper()) + 1) {
     std::stable_sort(m_places.begin(), m_places.end(),
                      [&](int a, int b) { return values(a) < values(b); });
@@ -74,7 +74,7 @@ class PlacesByValue {
 
 }  // namespace
 
-std::vector<Exchange> selection_sort_exchanges(const Column<Double>& values, int count) {
+std::vector<Exchange> selection_sort_exchanges(const Column<const Double>& values, int count) {
   const std::vector<int> places = comparable_places(values, count);
   const auto less = [&](int a, int b) { return values(a) < values(b); };
   if (std::is_sorted(places.begin(), places.end(), less)) return {};

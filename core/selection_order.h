@@ -17,6 +17,6 @@ struct Exchange {
 // The exchanges, in order, by which a selection sort puts values(1..count) into ascending order: at
 // each place the first smallest value from there on is taken. NaN compares with nothing, so it is
 // never taken and never moves. O(count log count).
-std::vector<Exchange> selection_sort_exchanges(const Column<Double>& values, int count);
+std::vector<Exchange> selection_sort_exchanges(const Column<const Double>& values, int count);
 
 }  // namespace kurv

@@ -62,11 +62,6 @@ Integer to_integer(Double value) {
   return static_cast<Integer>(rounded);
 }
 
-Double divide(Double dividend, Double divisor) {
-  if (divisor == 0) throw Fault(FaultKind::kDivisionByZero);
-  return dividend / divisor;
-}
-
 // The language leaves a narrowing cast beyond the largest Single undefined, so those values never
 // get to it: up to half a step beyond they round back to the largest, further out to infinity.
 Single to_single(Double value) {

@@ -296,13 +296,19 @@ constexpr double kLargestStamp = 64;
 struct PixelPlace {
   int pixel;
   int phase;
+
+  friend bool operator==(PixelPlace, PixelPlace) = default;
 };
 
+// Far more than any canvas has, and whole pixels still.
+constexpr std::int64_t kFarPhase = std::int64_t{1} << 30;
+
+// Counted from far to the left, so that cutting off rounds down.
 PixelPlace place_of(double pixels) {
-  const double phases = std::floor(pixels * kPhases + 0.5);
-  const int whole = to_pixel(phases);
-  const int phase = ((whole % kPhases) + kPhases) % kPhases;
-  return {(whole - phase) / kPhases, phase};
+  constexpr double kFar = kFarPhase;
+  const double phases = std::clamp(pixels * kPhases + 0.5, -kFar, kFar) + kFar;
+  const auto whole = static_cast<std::int64_t>(phases);
+  return {static_cast<int>((whole - kFarPhase) >> 2), static_cast<int>(whole & (kPhases - 1))};
 }
 
 }  // namespace
@@ -339,16 +345,12 @@ void Picture::Repeat(std::span<const FigureCentre> centres, Double reach, const 
   m_pixels->flush();
   std::array<std::optional<raster::Stamp>, kPhases * kPhases> stamps;
   const raster::Canvas canvas = m_pixels->canvas();
-  PixelPlace last_x{}, last_y{};
-  bool is_first = true;
+  PixelPlace last_x{0, -1}, last_y{0, -1};
   for (const FigureCentre& centre : centres) {
     const PixelPlace x = place_of(m_pixels->pixels(centre.x));
     const PixelPlace y = place_of(m_pixels->pixels(centre.y));
     // Among many points most stand where the one before them does.
-    const bool is_same = x.pixel == last_x.pixel && x.phase == last_x.phase &&
-                         y.pixel == last_y.pixel && y.phase == last_y.phase;
-    if (is_same && !is_first) continue;
-    is_first = false;
+    if (x == last_x && y == last_y) continue;
     last_x = x;
     last_y = y;
     auto& stamp = stamps[static_cast<std::size_t>(y.phase * kPhases + x.phase)];

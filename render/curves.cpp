@@ -54,14 +54,16 @@ void draw_markers(const GraphDocument& document, const Mapping& mapping, int cur
                   PlotSurface& surface) {
   const auto x = document.xyArr.column(1);
   const auto y = document.xyArr.column(curve + 1);
+  const int count = document.NumData;
+  if (!document.DrawMarkers.is_exactly_true()) {
+    // A range that cannot be mapped is an error whether or not markers are shown.
+    if (count > 0) static_cast<void>(mapping.InPlot({x(1), y(1)}));
+    return;
+  }
   std::vector<FigureCentre> centres;
-  for (int i = 1; i <= document.NumData; ++i) {
+  for (int i = 1; i <= count; ++i) {
     const DataPoint point{x(i), y(i)};
-    // The point is tested before the switch is, so that a range that cannot be mapped is an error
-    // whether or not markers are shown.
-    if (mapping.InPlot(point) && document.DrawMarkers.is_exactly_true()) {
-      centres.push_back({mapping.SurfX(point.x), mapping.SurfY(point.y)});
-    }
+    if (mapping.InPlot(point)) centres.push_back({mapping.SurfX(point.x), mapping.SurfY(point.y)});
   }
   surface.Repeat(centres, marker_reach(document), [&](PlotSurface& target, FigureCentre at) {
     DrawMarker(document, target, curve, at.x, at.y, false);

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <memory>
 #include <utility>
 #include <vector>
 
@@ -56,7 +57,7 @@ class List {
 };
 
 // One column of a Matrix: a view that is checked like an array and valid as long as the matrix is
-// neither assigned nor destroyed.
+// neither assigned nor copied nor destroyed.
 template <class T>
 class Column {
  public:
@@ -65,6 +66,7 @@ class Column {
   int lower() const { return m_lower; }
   int upper() const { return m_upper; }
   T& operator()(int index) const { return m_first[detail::offset(index, m_lower, m_upper)]; }
+  operator Column<const T>() const { return {m_first, m_lower, m_upper}; }
 
  private:
   T* m_first;
@@ -73,7 +75,8 @@ class Column {
 };
 
 // A two-dimensional array, element (column, point). A column is contiguous in memory, and one that
-// nobody has asked for takes none: a matrix of 151 columns costs what its used columns cost.
+// nobody has asked for takes none: a matrix of 151 columns costs what its used columns cost. Copies
+// share each column until one of them asks for it as one that may be written.
 template <class T>
 class Matrix {
  public:
@@ -93,9 +96,13 @@ class Matrix {
   const T& operator()(int column, int point) const { return this->column(column)(point); }
 
   // A loop over points takes the column once.
-  Column<T> column(int index) { return {touched(index).data(), m_lower_point, upper_point()}; }
+  Column<T> column(int index) {
+    std::shared_ptr<Values>& values = touched(index);
+    if (values.use_count() > 1) values = std::make_shared<Values>(*values);
+    return {values->data(), m_lower_point, upper_point()};
+  }
   Column<const T> column(int index) const {
-    return {touched(index).data(), m_lower_point, upper_point()};
+    return {touched(index)->data(), m_lower_point, upper_point()};
   }
 
   friend bool operator==(const Matrix& left, const Matrix& right) {
@@ -105,19 +112,24 @@ class Matrix {
       return false;
     }
     for (int index = left.lower_column(); index <= left.upper_column(); ++index) {
-      if (left.touched(index) != right.touched(index)) return false;
+      const std::shared_ptr<Values>& mine = left.touched(index);
+      const std::shared_ptr<Values>& others = right.touched(index);
+      if (mine != others && *mine != *others) return false;
     }
     return true;
   }
 
  private:
-  std::vector<T>& touched(int index) const {
-    std::vector<T>& column = m_columns[detail::offset(index, m_lower_column, upper_column())];
-    if (column.empty()) column.resize(m_length);
-    return column;
+  using Values = std::vector<T>;
+
+  std::shared_ptr<Values>& touched(int index) const {
+    std::shared_ptr<Values>& values =
+        m_columns[detail::offset(index, m_lower_column, upper_column())];
+    if (!values) values = std::make_shared<Values>(m_length);
+    return values;
   }
 
-  mutable std::vector<std::vector<T>> m_columns;  // empty until it is asked for
+  mutable std::vector<std::shared_ptr<Values>> m_columns;  // null until it is asked for
   int m_lower_column = 0;
   int m_lower_point = 0;
   std::size_t m_length = 0;

@@ -50,7 +50,10 @@ using Variant = std::variant<std::monostate, Boolean, Integer, Single, Double, S
 Integer to_integer(Double value);
 
 // Throws kDivisionByZero when `divisor` is zero, whatever the dividend.
-Double divide(Double dividend, Double divisor);
+inline Double divide(Double dividend, Double divisor) {
+  if (divisor == 0) throw Fault(FaultKind::kDivisionByZero);
+  return dividend / divisor;
+}
 
 // Narrows for the drawing surface: out of range becomes an infinity, NaN stays NaN.
 Single to_single(Double value);
