@@ -126,23 +126,15 @@ std::vector<String> Control::functions() const {
   }
   return expressions;
 }
+
 void Control::press_mouse(Integer, Integer, Single x, Single Y) {
-  const SurfacePoint at{x, Y};
-  if (const std::optional<Item> item = item_at(*m_state, at)) {
-    item_mouse_down(*m_state, within(*m_state, *item, at));
-  } else {
-    mouse_down(*m_state, at);
-  }
+  kurv::press(*m_state, {x, Y});
 }
 void Control::release_mouse(Integer Button, Integer Shift, Single x, Single Y) {
-  if (!item_at(*m_state, {x, Y})) mouse_up(*m_state, Button, Shift, x, Y);
+  kurv::release(*m_state, Button, Shift, x, Y);
 }
 void Control::double_click(Single x, Single Y) {
-  if (const std::optional<Item> item = item_at(*m_state, {x, Y})) {
-    item_double_click(*m_state, *item);
-  } else {
-    kurv::double_click(*m_state);
-  }
+  kurv::double_click(*m_state, {x, Y});
 }
 void Control::drag(std::string_view tag, SurfacePoint grab, SurfacePoint drop,
                    std::string_view on) {

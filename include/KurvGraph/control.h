@@ -105,10 +105,13 @@ class Control {
   void Save_graph();
   // Sorts the plotted data by ascending x, points moving whole. Does not redraw.
   void Sort_xy();
-  // Runs one command by its word: "refresh" puts title, subtitle and legend back in their home
-  // places and redraws; "save" is Save_graph(); "saveas" asks for a file and writes it; "open" asks
-  // for a graph file, loads it and redraws once more, so that the graph counts as not saved. Other
-  // words do nothing.
+  // Runs one command by its word, compared exactly: "refresh" puts title, subtitle and legend back
+  // in their home places and redraws; "save" is Save_graph(); "saveas" asks for a file and writes
+  // the graph or its picture; "open" asks for a graph file, loads it and redraws once more, so that
+  // the graph counts as not saved; "print" hands the picture to the control's printer and throws
+  // kCannotCreateObject where there is none; "copy" puts it on the clipboard; "setup" and "titles"
+  // show the properties, "curves" the curves and functions, "table" the numbers. Other words do
+  // nothing, "help" among them. The hourglass stands meanwhile, and stays when a command throws.
   void ChartOptions(std::string_view command);
   // Default marker size and margins, limits from the data, and a redraw.
   void Restore_Grf();
@@ -214,17 +217,23 @@ class Control {
 
   // -- Events ---------------------------------------------------------------------------------
   // What a mouse does on the plot; points in twips of the surface. A point on the title, the
-  // subtitle or the legend goes to that item, any other to the surface.
+  // subtitle or the legend goes to that item, any other to the surface. What is not shown gets
+  // nothing: an empty title, a legend without an entry, all three before there is a graph.
   // A button went down. On the surface this marks the part of the axes that lies there.
   void press_mouse(Integer Button, Integer Shift, Single x, Single Y);
-  // A button came up. On the surface this hides the marks and raises the event MouseUp: the
-  // container hears it, and so does every listener. On an item it does nothing.
+  // A button came up. It belongs to where the press before it was, wherever the pointer is by now;
+  // without a press, to what lies there. On the surface this hides the marks and raises the event
+  // MouseUp: the container hears it, and so does every listener. On an item it does nothing.
   void release_mouse(Integer Button, Integer Shift, Single x, Single Y);
-  // A double click, after the press that it began with. Opens the window in which what lies there
-  // is edited.
+  // A double click, after the press that it began with. Opens the window in which what was pressed
+  // is edited: an item sends its command, "titles" or "curves"; the labels show the properties of
+  // the axes, the frame those of the lines; all else, also an empty plot, the curves.
   void double_click(Single x, Single Y);
   // Drags "Title", "SubTitle" or "legend" by `grab`, a point of its own, to `drop`, a point of the
-  // surface or, where `on` names one of the three, of that item. Redraws. Other tags do nothing.
+  // surface or, where `on` names one of the three, of that item. The item may end up anywhere, but
+  // a redraw brings one back that stands beyond the right or bottom edge. Redraws. Other tags do
+  // nothing, and neither does an item that is not shown. Throws kInvalidProcedureCall for any other
+  // `on`, and kOverflow for a place that no Single holds.
   void drag(std::string_view tag, SurfacePoint grab, SurfacePoint drop, std::string_view on = {});
   // For hosts that bind late; listeners stay as long as the control does, which none of them may
   // destroy.
