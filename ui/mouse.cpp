@@ -128,7 +128,6 @@ void mouse_down(ControlState& state, SurfacePoint at) {
 }
 
 void mouse_up(ControlState& state, Integer Button, Integer Shift, Single x, Single Y) {
-  state.mouse.holder = MouseHolder::kNobody;
   state.mouse.marked.clear();
   raise_MouseUp(state, Button, Shift, x, Y);
 }

@@ -60,11 +60,12 @@ class Control {
   void show();
   // Each time the surface's size has changed.
   void resize();
-  // Unloads the three windows, also where they serve another control by now; deliberate.
+  // Unloads the three windows, also where they serve another control by now; deliberate. The next
+  // command that shows one loads it again.
   void CloseMe();
-  // Before the host destroys the control: where QueryForSave is True and the graph is not saved,
-  // asks the user whether to save it, and does so. A save that fails throws as Save_graph() does.
-  // Asks once; later calls do nothing.
+  // Before the host destroys the control: releases the windows that serve it; then, where
+  // QueryForSave is True and the graph is not saved, asks the user whether to save it, and does so.
+  // A save that fails throws as Save_graph() does. Asks once; later calls do nothing.
   void terminate();
 
   // -- Methods --------------------------------------------------------------------------------

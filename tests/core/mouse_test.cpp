@@ -217,6 +217,9 @@ TEST(Release, BelongsToWhereThePressWas) {
   host.press(title.x, title.y);
   host.release(6000, 4000);
   EXPECT_EQ(host.container.mouse_ups, 0) << "pressed on an item";
+  host.release(6000, 4000);
+  EXPECT_EQ(host.container.mouse_ups, 1) << "without a press again";
+  host.container.mouse_ups = 0;
   host.press(800, 4000);
   host.release(title.x, title.y);
   EXPECT_EQ(host.container.mouse_ups, 1) << "pressed on the surface";
