@@ -231,10 +231,11 @@ class Control {
   // the axes, the frame those of the lines; all else, also an empty plot, the curves.
   void double_click(Single x, Single Y);
   // Drags "Title", "SubTitle" or "legend" by `grab`, a point of its own, to `drop`, a point of the
-  // surface or, where `on` names one of the three, of that item. The item may end up anywhere, but
-  // a redraw brings one back that stands beyond the right or bottom edge. Redraws. Other tags do
-  // nothing, and neither does an item that is not shown. Throws kInvalidProcedureCall for any other
-  // `on`, and kOverflow for a place that no Single holds.
+  // surface or, where `on` names one of the three, of that item, and redraws. Nothing happens for
+  // another tag or an item that is not shown. The item may end up anywhere, but a redraw brings one
+  // back that stands beyond the right or bottom edge, and a graph file with a place beyond -32768
+  // cannot be loaded. Throws kInvalidProcedureCall for any other `on`, and kOverflow for a place
+  // that no Single holds.
   void drag(std::string_view tag, SurfacePoint grab, SurfacePoint drop, std::string_view on = {});
   // For hosts that bind late; listeners stay as long as the control does, which none of them may
   // destroy.
