@@ -1,0 +1,403 @@
+#include "ui/curve_edits.h"
+
+#include <gmock/gmock.h>
+
+#include <limits>
+
+#include "core/data_set.h"
+#include "tests/support/test_host.h"
+
+namespace kurv {
+namespace {
+
+using test::TestHost;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+constexpr Double kNaN = std::numeric_limits<Double>::quiet_NaN();
+constexpr Double kInf = std::numeric_limits<Double>::infinity();
+
+class CurveEdits : public testing::Test {
+ protected:
+  // The first column is x.
+  void load(const std::vector<std::vector<Double>>& data, std::vector<String> column_names,
+            std::vector<String> functions = {}) {
+    const auto curves = static_cast<Integer>(data.size() - 1);
+    const auto count = static_cast<Integer>(functions.size());
+    host.control.scatter_graph2(
+        "Title", columns(data), test::names(std::move(column_names)),
+        static_cast<Integer>(data.front().size()), curves,
+        test::flags(std::vector<Boolean>(static_cast<std::size_t>(curves), Boolean(true))), count,
+        test::names(std::move(functions)), true, false);
+    host.surface.clear_log();
+  }
+  void load_three() {
+    load({{3, 1, 2}, {30, 10, 20}, {7, 9, 8}, {5, 5, 5}}, {"x", "a", "b", "flat"});
+  }
+
+  ControlState& state() { return host.control.state(); }
+  GraphDocument& document() { return host.document(); }
+
+  int redraws() {
+    int count = 0;
+    const std::string& log = host.surface.log();
+    for (auto at = log.find("cls\n"); at != log.npos; at = log.find("cls\n", at + 1)) ++count;
+    host.surface.clear_log();
+    return count;
+  }
+  static std::vector<Double> values(const Matrix<Double>& matrix, int column) {
+    std::vector<Double> found;
+    for (int i = 1; i <= matrix.upper_point(); ++i) found.push_back(matrix(column, i));
+    return found;
+  }
+  std::vector<String> names() {
+    std::vector<String> found;
+    for (int c = 1; c <= document().NumY + 1; ++c) found.push_back(document().yVarName(c));
+    return found;
+  }
+  std::vector<int> flags() {
+    std::vector<int> found;
+    for (int k = 1; k <= document().NumY; ++k) found.push_back(document().y_visible(k).bits());
+    return found;
+  }
+
+  TestHost host;
+};
+
+// -- What can be x --------------------------------------------------------------------------------
+
+TEST_F(CurveEdits, XChoicesAreTheColumnsThatAreNotConstantWithXFirst) {
+  load_three();
+  EXPECT_THAT(x_choices(document()), ElementsAre("x", "a", "b"));
+}
+
+TEST_F(CurveEdits, XChoicesLeaveOutColumnsWithoutTwoDifferentValues) {
+  load({{1, 2, 3},
+        {kNaN, kNaN, kNaN},
+        {kNaN, 4, 4},
+        {kNaN, 4, 5},
+        {4, kNaN, 5},
+        {kInf, kInf, kInf},
+        {-0.0, 0.0, 0.0},
+        {1e305, 1e305, 1e305},
+        {1e305, 2e305, kNaN}},
+       {"x", "empty", "flat", "late", "gap", "infinite", "zero", "huge flat", "huge"});
+  EXPECT_THAT(x_choices(document()), ElementsAre("x", "late", "gap", "huge"));
+}
+
+TEST_F(CurveEdits, XChoicesKeepNamesThatAreAlikeOrEmpty) {
+  load({{1, 2}, {3, 4}, {5, 6}, {7, 8}}, {"a", "", "a", "b"});
+  EXPECT_THAT(x_choices(document()), ElementsAre("a", "", "a", "b"));
+}
+
+TEST_F(CurveEdits, TheListsOfAFreshControlShowItsDemonstrationData) {
+  EXPECT_EQ(x_choices(document()).front(), "x");
+  EXPECT_EQ(listed_curves(document()).size(), 3u);
+  EXPECT_THAT(listed_functions(document()), IsEmpty());
+}
+
+TEST_F(CurveEdits, TheListsHoldWhatIsThereAfterAnIntakeThatFailed) {
+  load_three();
+  // Names for fewer columns than there are; and more curves than the matrix has columns.
+  EXPECT_THROW(load({{1, 2}, {3, 4}, {5, 6}}, {"x", "only"}), Fault);
+  EXPECT_THAT(x_choices(document()), ElementsAre("x", "only"));
+  EXPECT_THAT(listed_curves(document()), ElementsAre(ListedCurve{1, "only", true}));
+  EXPECT_THROW(host.control.scatter_graph(Matrix<Double>(1, 200, 1, 2), test::points({1, 2}), 2,
+                                          200, String(), "x", test::names({}), 0, {}),
+               Fault);
+  EXPECT_THAT(x_choices(document()).size(), 1u);
+  EXPECT_THAT(listed_curves(document()), IsEmpty());
+  document().NumY = -3;
+  EXPECT_THAT(x_choices(document()), IsEmpty());
+  EXPECT_THAT(listed_curves(document()), IsEmpty());
+  document() = GraphDocument();
+  EXPECT_THAT(x_choices(document()), IsEmpty());
+  EXPECT_THAT(listed_curves(document()), IsEmpty());
+}
+
+// -- Which curves there are -----------------------------------------------------------------------
+
+TEST_F(CurveEdits, CurvesWithoutANameAreNotListed) {
+  load({{1, 2}, {3, 4}, {5, 6}, {7, 8}}, {"x", "a", "", "c"});
+  document().y_visible(3) = Boolean::from_bits(2);
+  EXPECT_THAT(listed_curves(document()),
+              ElementsAre(ListedCurve{1, "a", true}, ListedCurve{3, "c", true}));
+}
+
+TEST_F(CurveEdits, AtMost149CurvesAreListed) {
+  load_three();
+  document().xyArr = Matrix<Double>(0, 250, 0, 3);
+  document().yVarName = List<String>(0, 201);
+  for (int c = 1; c <= 201; ++c) document().yVarName(c) = "c" + std::to_string(c);
+  document().y_visible = List<Boolean>(0, 200);
+  for (const Integer count : {148, 149, 150, 200}) {
+    document().NumY = count;
+    EXPECT_EQ(listed_curves(document()).size(), std::min<std::size_t>(count, 149)) << count;
+  }
+}
+
+TEST_F(CurveEdits, FunctionsAreListedFromTheirSlots) {
+  load({{1, 2}, {3, 4}}, {"x", "a"}, {"x", "", "x*x"});
+  document().y_func(3).visible = false;
+  EXPECT_THAT(listed_functions(document()),
+              ElementsAre(ListedCurve{1, "x", true}, ListedCurve{3, "x*x", false}));
+}
+
+TEST_F(CurveEdits, ACurveThatIsNotThereHasNoName) {
+  load_three();
+  EXPECT_EQ(curve_name(document(), 3), "flat");
+  for (const int curve : {-1, 0, 4, 32767}) EXPECT_EQ(curve_name(document(), curve), "");
+}
+
+// -- Another x ------------------------------------------------------------------------------------
+
+TEST_F(CurveEdits, AnotherXTakesThePlaceOfTheOld) {
+  load_three();
+  choose_x(state(), "b");
+  EXPECT_THAT(names(), ElementsAre("b", "a", "x", "flat"));
+  EXPECT_THAT(values(document().xyArr, 1), ElementsAre(7, 9, 8));
+  EXPECT_THAT(values(document().xyArr, 2), ElementsAre(30, 10, 20));
+  EXPECT_THAT(values(document().xyArr, 3), ElementsAre(3, 1, 2));
+  EXPECT_EQ(document().xyArr, document().xyArrUnsorted);
+  EXPECT_THAT(values(document().xyArrSorted, 1), ElementsAre(7, 8, 9));
+  EXPECT_THAT(values(document().xyArrSorted, 3), ElementsAre(3, 2, 1));
+  EXPECT_EQ(redraws(), 1);
+}
+
+TEST_F(CurveEdits, AnotherXIsTakenInTheHostsOrderAlsoWhileSorted) {
+  load_three();
+  document().SortXY = true;
+  host.control.build_the_graph();
+  choose_x(state(), "b");
+  EXPECT_THAT(values(document().xyArrUnsorted, 1), ElementsAre(7, 9, 8));
+  EXPECT_EQ(document().xyArr, document().xyArrSorted);
+  choose_x(state(), "x");
+  EXPECT_THAT(names(), ElementsAre("x", "a", "b", "flat"));
+  EXPECT_THAT(values(document().xyArrUnsorted, 1), ElementsAre(3, 1, 2));
+  EXPECT_THAT(values(document().xyArr, 1), ElementsAre(1, 2, 3));
+}
+
+TEST_F(CurveEdits, AnotherXSurvivesRedrawsAndSorting) {
+  load_three();
+  choose_x(state(), "a");
+  host.control.build_the_graph();
+  EXPECT_THAT(values(document().xyArr, 1), ElementsAre(30, 10, 20));
+  document().SortXY = true;
+  host.control.build_the_graph();
+  EXPECT_THAT(values(document().xyArr, 1), ElementsAre(10, 20, 30));
+  EXPECT_THAT(values(document().xyArr, 2), ElementsAre(1, 2, 3));
+  document().SortXY = false;
+  host.control.build_the_graph();
+  EXPECT_THAT(values(document().xyArr, 1), ElementsAre(30, 10, 20));
+}
+
+TEST_F(CurveEdits, AnotherXComputesTheLimitsWhateverAutoscaleSays) {
+  load_three();
+  document().Autoscale = false;
+  document().xmin = -77;
+  choose_x(state(), "a");
+  EXPECT_EQ(document().xmin, 10);
+  EXPECT_EQ(document().xmax, 30);
+}
+
+TEST_F(CurveEdits, AnotherXLeavesTheFlagsInTheirPlaces) {
+  load_three();
+  document().y_visible(1) = false;
+  choose_x(state(), "b");
+  EXPECT_THAT(flags(), ElementsAre(0, -1, -1));
+}
+
+TEST_F(CurveEdits, TheSameXChangesNothing) {
+  load_three();
+  document().xmin = -77;
+  choose_x(state(), "x");
+  EXPECT_EQ(document().xmin, -77);
+  EXPECT_EQ(redraws(), 0);
+}
+
+TEST_F(CurveEdits, WhatCannotBeXIsNotTaken) {
+  load_three();
+  for (const char* name : {"flat", "nowhere", "", "X", " a"}) choose_x(state(), name);
+  EXPECT_THAT(names(), ElementsAre("x", "a", "b", "flat"));
+  EXPECT_EQ(redraws(), 0);
+}
+
+TEST_F(CurveEdits, OfColumnsWithOneNameTheFirstIsTaken) {
+  load({{1, 2}, {3, 3}, {5, 6}, {7, 8}}, {"x", "a", "a", "a"});
+  choose_x(state(), "a");
+  EXPECT_THAT(values(document().xyArr, 1), ElementsAre(5, 6)) << "the first that varies";
+  EXPECT_THAT(names(), ElementsAre("a", "a", "x", "a"));
+  choose_x(state(), "a");
+  EXPECT_THAT(values(document().xyArr, 1), ElementsAre(5, 6)) << "x itself is the first now";
+}
+
+TEST_F(CurveEdits, AnotherXThatIsTheLastOf149Columns) {
+  std::vector<std::vector<Double>> data;
+  std::vector<String> column_names;
+  for (int c = 0; c < 150; ++c) {
+    data.push_back({Double(c), Double(c + 1)});
+    column_names.push_back("c" + std::to_string(c));
+  }
+  load(data, column_names);
+  EXPECT_EQ(x_choices(document()).size(), 150u);
+  choose_x(state(), "c149");
+  EXPECT_THAT(values(document().xyArr, 1), ElementsAre(149, 150));
+  EXPECT_THAT(values(document().xyArr, 150), ElementsAre(0, 1));
+  EXPECT_EQ(document().yVarName(150), "c0");
+}
+
+TEST_F(CurveEdits, MissingValuesInAnotherXAreOutsideThePlot) {
+  load({{1, 2, 3}, {kNaN, 4, 5}}, {"x", "a"});
+  choose_x(state(), "a");
+  EXPECT_EQ(document().xmin, 4);
+  EXPECT_EQ(document().xmax, 5);
+  EXPECT_EQ(redraws(), 1);
+}
+
+TEST_F(CurveEdits, LabelFormatsGetAnExponentForFarAndNearLimitsOnly) {
+  struct Row {
+    Double low, high;
+    const char* format;
+  };
+  // One value as x and the other way round as y, both axes exact.
+  for (const Row& row : std::vector<Row>{{0, 0.0009, "0.00E-0"},
+                                         {0, 0.009, "0.00E-0"},
+                                         {5, 5.01, "0.00E-0"},
+                                         {0, 0.011, "kept"},
+                                         {0, 10000, "kept"},
+                                         {0, 10001, "0.00E-0"},
+                                         {-6000, 6000, "0.00E-0"},
+                                         {0, 5, "kept"}}) {
+    load({{1, 2}, {row.low, row.high}}, {"x", "a"});
+    document().YLimitsExact = true;
+    document().AxisLabelFormatX = document().AxisLabelFormatY = "kept";
+    choose_x(state(), "a");
+    EXPECT_EQ(document().AxisLabelFormatX, row.format) << row.high;
+    EXPECT_EQ(document().AxisLabelFormatY, "kept") << row.high;
+    document().AxisLabelFormatX = "kept";
+    choose_x(state(), "x");
+    EXPECT_EQ(document().AxisLabelFormatY, row.format) << row.high;
+    EXPECT_EQ(document().AxisLabelFormatX, "kept") << row.high;
+  }
+}
+
+TEST_F(CurveEdits, AnotherXOfAGraphThatIsNotValidIsTakenButNotDrawn) {
+  load({{1, 1}, {3, 4}}, {"x", "a"});
+  EXPECT_FALSE(document().GraphValid);
+  choose_x(state(), "a");
+  EXPECT_THAT(names(), ElementsAre("a", "x"));
+  EXPECT_EQ(redraws(), 0);
+}
+
+// -- Visibility -----------------------------------------------------------------------------------
+
+TEST_F(CurveEdits, HidingACurveComputesTheLimitsOnlyWhileAutoscaleIsOn) {
+  load_three();
+  EXPECT_EQ(document().ymax, 30);
+  set_curve_visible(state(), 1, false);
+  EXPECT_THAT(flags(), ElementsAre(0, -1, -1));
+  EXPECT_EQ(document().ymax, 9);
+  EXPECT_EQ(redraws(), 1);
+  document().Autoscale = false;
+  set_curve_visible(state(), 1, true);
+  EXPECT_EQ(document().ymax, 9);
+  EXPECT_EQ(redraws(), 1);
+}
+
+TEST_F(CurveEdits, AStateThatTheFlagHasAlreadyCausesNoRedraw) {
+  load({{1, 2}, {3, 4}}, {"x", "a"}, {"x"});
+  document().y_visible(1) = Boolean::from_bits(2);
+  document().y_func(1).visible = Boolean::from_bits(7);
+  set_curve_visible(state(), 1, true);
+  set_function_visible(state(), 1, true);
+  EXPECT_EQ(redraws(), 0);
+  EXPECT_EQ(document().y_visible(1).bits(), 2) << "any flag that is not zero is visible, and stays";
+  EXPECT_EQ(document().y_func(1).visible.bits(), 7);
+}
+
+TEST_F(CurveEdits, HidingAFunctionIsTheSame) {
+  load({{1, 2}, {3, 4}}, {"x", "a"}, {"x", "x*x"});
+  document().ymax = 99;
+  set_function_visible(state(), 2, false);
+  EXPECT_FALSE(document().y_func(2).visible);
+  EXPECT_EQ(document().ymax, 4) << "the limits follow the data";
+  EXPECT_EQ(redraws(), 1);
+  document().Autoscale = false;
+  document().ymax = 99;
+  set_function_visible(state(), 2, true);
+  EXPECT_TRUE(document().y_func(2).visible.is_exactly_true());
+  EXPECT_EQ(document().ymax, 99);
+  EXPECT_EQ(redraws(), 1);
+}
+
+TEST_F(CurveEdits, HidingAndShowingAllLeavesFunctionsAndLimits) {
+  load({{1, 2}, {3, 4}, {5, 6}}, {"x", "a", ""}, {"x", "x*x"});
+  document().y_func(2).visible = false;
+  document().y_visible(1) = Boolean::from_bits(2);
+  document().ymax = 99;
+  set_all_curves_visible(state(), false);
+  EXPECT_THAT(flags(), ElementsAre(0, 0));
+  EXPECT_EQ(redraws(), 1);
+  set_all_curves_visible(state(), true);
+  EXPECT_THAT(flags(), ElementsAre(-1, -1));
+  EXPECT_EQ(redraws(), 1);
+  EXPECT_EQ(document().ymax, 99);
+  EXPECT_TRUE(document().y_func(1).visible);
+  EXPECT_FALSE(document().y_func(2).visible);
+}
+
+TEST_F(CurveEdits, AFlagThatIsNotThereIsASubscriptError) {
+  load_three();
+  EXPECT_THROW(set_curve_visible(state(), 4, true), Fault);
+  EXPECT_THROW(set_function_visible(state(), 31, true), Fault);
+}
+
+// -- Names ----------------------------------------------------------------------------------------
+
+TEST_F(CurveEdits, RenamingAsksWithTheNameAndKeepsTheAnswerAsTyped) {
+  load_three();
+  host.shell.inputs = {"  new & <b>name</b> "};
+  rename_curve(state(), 2);
+  ASSERT_EQ(host.shell.prompts.size(), 1u);
+  EXPECT_EQ(host.shell.prompts[0].text, "Enter new title.");
+  EXPECT_EQ(host.shell.prompts[0].title, "KURV Guide");
+  EXPECT_EQ(host.shell.prompts[0].default_text, "b");
+  EXPECT_THAT(names(), ElementsAre("x", "a", "  new & <b>name</b> ", "flat"));
+  EXPECT_EQ(redraws(), 1);
+}
+
+TEST_F(CurveEdits, AnAnswerOfBlanksRenamesNothing) {
+  load_three();
+  for (const char* answer : {"", " ", " \t "}) {
+    host.shell.inputs = {answer};
+    rename_curve(state(), 2);
+  }
+  EXPECT_THAT(names(), ElementsAre("x", "a", "b", "flat"));
+  EXPECT_EQ(redraws(), 0);
+}
+
+// A shell in which something happens while the prompt is open.
+TEST_F(CurveEdits, ACurveThatIsGoneWhenThePromptIsAnsweredIsNotRenamed) {
+  struct Busy : test::ScriptedShell {
+    String input_prompt(std::string_view, std::string_view, std::string_view) override {
+      meanwhile();
+      return "new";
+    }
+    std::function<void()> meanwhile;
+  };
+  Busy shell;
+  test::PlainContainer container;
+  RecordingSurface surface(12000, 9000);
+  Control control(container, shell, surface, host.services);
+  const auto load_names = [&](std::vector<String> found) {
+    control.scatter_graph2("", columns({{1, 2}, {3, 4}}), test::names(std::move(found)), 2, 1,
+                           test::flags({true}), 0, {});
+  };
+  load_names({"x", "old"});
+  shell.meanwhile = [&] { load_names({"x", "other"}); };
+  rename_curve(control.state(), 1);
+  EXPECT_EQ(control.state().document.yVarName(2), "other");
+}
+
+}  // namespace
+}  // namespace kurv
