@@ -87,13 +87,18 @@ void frmCurves::choose_x(int index) {
   fill_quietly([this] { fill_scatter_list(); });
 }
 
+// The toolkit does not select the row whose box is clicked.
 void frmCurves::tick_scatter(QListWidgetItem* item) {
+  if (is_filling()) return;
+  m_lstScatters->setCurrentItem(item);
   const int curve = m_lstScatters->row(item) + 1;
   const bool visible = item->checkState() == Qt::Checked;
   handle([=](Control& control) { set_curve_visible(control.state(), curve, visible); });
 }
 
 void frmCurves::tick_function(QListWidgetItem* item) {
+  if (is_filling()) return;
+  m_lstFuncs->setCurrentItem(item);
   const int slot = m_lstFuncs->row(item) + 1;
   const bool visible = item->checkState() == Qt::Checked;
   handle([=](Control& control) { set_function_visible(control.state(), slot, visible); });
@@ -109,8 +114,12 @@ void frmCurves::tick_all_scatters(bool visible) {
 
 void frmCurves::rename() {
   const int curve = m_lstScatters->currentRow() + 1;
-  const String old_name = curve_name(document(), curve);
-  if (!handle([curve](Control& control) { rename_curve(control.state(), curve); })) return;
+  String old_name;
+  const auto ask = [&old_name, curve](Control& control) {
+    old_name = curve_name(control.state().document, curve);
+    rename_curve(control.state(), curve);
+  };
+  if (!handle(ask)) return;
   const String name = curve_name(document(), curve);
   if (name == old_name) return;
   fill_quietly([&] {

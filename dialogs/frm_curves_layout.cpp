@@ -64,9 +64,9 @@ frmCurves::frmCurves(QWidget* parent) : GraphWindow(parent) {
   auto* const column = new QVBoxLayout(this);
   column->addWidget(new_x_group());
   column->addWidget(tabs, 1);
-  column->addWidget(new_button("cmdClose", "&Close", &frmCurves::close_window), 0, Qt::AlignRight);
   tabs->addTab(new_scatter_page(), QStringLiteral("&Data Curves"));
   tabs->addTab(new_function_page(), QStringLiteral("&Functions"));
+  column->addWidget(new_button("cmdClose", "&Close", &frmCurves::close_window), 0, Qt::AlignRight);
 
   const QFontMetrics metrics = fontMetrics();
   resize(metrics.averageCharWidth() * kWindowChars, metrics.height() * kWindowLines);

@@ -25,7 +25,7 @@ class CurveEdits : public testing::Test {
     const auto curves = static_cast<Integer>(data.size() - 1);
     const auto count = static_cast<Integer>(functions.size());
     host.control.scatter_graph2(
-        "Title", columns(data), test::names(std::move(column_names)),
+        "Title", test::columns(data), test::names(std::move(column_names)),
         static_cast<Integer>(data.front().size()), curves,
         test::flags(std::vector<Boolean>(static_cast<std::size_t>(curves), Boolean(true))), count,
         test::names(std::move(functions)), true, false);
@@ -130,9 +130,9 @@ TEST_F(CurveEdits, AtMost149CurvesAreListed) {
   document().yVarName = List<String>(0, 201);
   for (int c = 1; c <= 201; ++c) document().yVarName(c) = "c" + std::to_string(c);
   document().y_visible = List<Boolean>(0, 200);
-  for (const Integer count : {148, 149, 150, 200}) {
-    document().NumY = count;
-    EXPECT_EQ(listed_curves(document()).size(), std::min<std::size_t>(count, 149)) << count;
+  for (const int count : {148, 149, 150, 200}) {
+    document().NumY = static_cast<Integer>(count);
+    EXPECT_EQ(static_cast<int>(listed_curves(document()).size()), std::min(count, 149)) << count;
   }
 }
 
@@ -376,27 +376,16 @@ TEST_F(CurveEdits, AnAnswerOfBlanksRenamesNothing) {
   EXPECT_EQ(redraws(), 0);
 }
 
-// A shell in which something happens while the prompt is open.
 TEST_F(CurveEdits, ACurveThatIsGoneWhenThePromptIsAnsweredIsNotRenamed) {
-  struct Busy : test::ScriptedShell {
-    String input_prompt(std::string_view, std::string_view, std::string_view) override {
-      meanwhile();
-      return "new";
-    }
-    std::function<void()> meanwhile;
-  };
-  Busy shell;
-  test::PlainContainer container;
-  RecordingSurface surface(12000, 9000);
-  Control control(container, shell, surface, host.services);
-  const auto load_names = [&](std::vector<String> found) {
-    control.scatter_graph2("", columns({{1, 2}, {3, 4}}), test::names(std::move(found)), 2, 1,
-                           test::flags({true}), 0, {});
-  };
-  load_names({"x", "old"});
-  shell.meanwhile = [&] { load_names({"x", "other"}); };
-  rename_curve(control.state(), 1);
-  EXPECT_EQ(control.state().document.yVarName(2), "other");
+  load_three();
+  host.shell.inputs = {"new", "new"};
+  host.shell.while_prompting = [this] { load({{1, 2}, {3, 4}}, {"x", "other"}); };
+  rename_curve(state(), 1);
+  EXPECT_THAT(names(), ElementsAre("x", "other"));
+  host.shell.while_prompting = [this] { load({{1, 2}, {3, 4}}, {"x", "another"}); };
+  rename_curve(state(), 1);
+  EXPECT_THAT(names(), ElementsAre("x", "another"));
+  EXPECT_EQ(redraws(), 0) << "since the load";
 }
 
 }  // namespace
