@@ -3,48 +3,19 @@
 #include <QIcon>
 #include <QPainter>
 #include <QPixmap>
-#include <QStyledItemDelegate>
 #include <algorithm>
+
+#include "dialogs/one_line.h"
 
 namespace kurv {
 
 namespace {
-
-// More of a name than this nobody reads, and laying it out takes a while.
-constexpr qsizetype kLongestShown = 1000;
-
-// Rows as wide as the list, whatever the names, so that what does not fit is elided.
-class OneLine final : public QStyledItemDelegate {
- public:
-  using QStyledItemDelegate::QStyledItemDelegate;
-
-  QString displayText(const QVariant& value, const QLocale&) const override {
-    return on_one_line(value.toString());
-  }
-  QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
-    return {1, QStyledItemDelegate::sizeHint(option, index).height()};
-  }
-};
 
 Qt::CheckState state_of(bool ticked) {
   return ticked ? Qt::Checked : Qt::Unchecked;
 }
 
 }  // namespace
-
-QString on_one_line(const QString& text) {
-  QString line = text.left(kLongestShown);
-  for (QChar& character : line) {
-    if (character.isSpace() || character.category() == QChar::Other_Control) character = u' ';
-  }
-  return line;
-}
-
-QString name_tip(const String& name) {
-  const QString shown = QString::fromStdString(name).left(kLongestShown);
-  return QStringLiteral("<p style='white-space:pre-wrap'>") + shown.toHtmlEscaped() +
-         QStringLiteral("</p>");
-}
 
 CheckList::CheckList(QWidget* parent) : QListWidget(parent) {
   setItemDelegate(new OneLine(this));

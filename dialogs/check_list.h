@@ -1,23 +1,14 @@
 // A list of curves with a box before each: clicking a name selects it, clicking its box ticks it.
-//
-// Names come from hosts and files, so they are shown as they are: never as markup, on one line,
-// elided where they are too long, with the whole name in a tool tip.
 #pragma once
 
 #include <KurvGraph/values.h>
 
 #include <QColor>
 #include <QListWidget>
-#include <QString>
 #include <optional>
 #include <vector>
 
 namespace kurv {
-
-// What fits on a line of it: line breaks and the like are blanks, and there is an end somewhere.
-QString on_one_line(const QString& text);
-// A name as a tool tip that shows it to the letter.
-QString name_tip(const String& name);
 
 class CheckList final : public QListWidget {
  public:

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "core/control_state.h"
+#include "dialogs/one_line.h"
 #include "render/curves.h"
 #include "render/palette.h"
 #include "ui/curve_edits.h"
@@ -49,12 +50,18 @@ void frmCurves::fill_x_list() {
   if (names != m_x_names) {
     m_x_names = std::move(names);
     m_cmbX->clear();
-    for (const String& name : m_x_names) {
-      m_cmbX->addItem(on_one_line(QString::fromStdString(name)));
-      m_cmbX->setItemData(m_cmbX->count() - 1, name_tip(name), Qt::ToolTipRole);
+    while (m_cmbX->count() < static_cast<int>(m_x_names.size())) {
+      m_cmbX->addItem({});
+      show_x_choice(m_cmbX->count() - 1);
     }
   }
   m_cmbX->setCurrentIndex(m_x_names.empty() ? -1 : 0);
+}
+
+void frmCurves::show_x_choice(int index) {
+  const String& name = m_x_names[static_cast<std::size_t>(index)];
+  m_cmbX->setItemData(index, name_tip(name), Qt::ToolTipRole);
+  m_cmbX->setItemText(index, on_one_line(name));
 }
 
 void frmCurves::fill_scatter_list() {
@@ -134,8 +141,7 @@ void frmCurves::rename_x_choice(const String& old_name, const String& name) {
   if (choice == m_x_names.end()) return;
   const auto index = static_cast<int>(choice - m_x_names.begin());
   *choice = name;
-  m_cmbX->setItemText(index, on_one_line(QString::fromStdString(name)));
-  m_cmbX->setItemData(index, name_tip(name), Qt::ToolTipRole);
+  show_x_choice(index);
 }
 
 void frmCurves::edit_x_title() {

@@ -38,6 +38,7 @@ class frmCurves final : public GraphWindow {
   // -- Filling ----------------------------------------------------------------------------------
   const GraphDocument& document() const;
   void fill_x_list();
+  void show_x_choice(int index);
   void fill_scatter_list();
   void fill_function_list();
   void rename_x_choice(const String& old_name, const String& name);

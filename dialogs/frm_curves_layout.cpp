@@ -1,5 +1,6 @@
 // How the window of the curves is laid out. No letter marks two of its controls, whichever tab is
 // in front.
+#include <QAbstractItemView>
 #include <QComboBox>
 #include <QGridLayout>
 #include <QGroupBox>
@@ -11,6 +12,7 @@
 #include <QVBoxLayout>
 
 #include "dialogs/frm_curves.h"
+#include "dialogs/one_line.h"
 
 namespace kurv {
 
@@ -18,8 +20,8 @@ namespace {
 
 // Sizes in characters and lines of the window's font.
 constexpr int kXChars = 16;
-constexpr int kWindowChars = 64;
-constexpr int kWindowLines = 24;
+constexpr int kWindowChars = 72;
+constexpr int kWindowLines = 28;
 constexpr int kListChars = 12;
 constexpr int kListLines = 4;
 
@@ -97,9 +99,13 @@ QWidget* frmCurves::new_x_group() {
   m_cmbX->setAccessibleName(QStringLiteral("X variable"));
   m_cmbX->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   m_cmbX->setMinimumContentsLength(kXChars);
+  m_cmbX->setItemDelegate(new OneLine(m_cmbX));
+  m_cmbX->view()->setTextElideMode(Qt::ElideMiddle);
   auto* const label = named(new QLabel(QStringLiteral("&X variable:")), "Label1");
   label->setBuddy(m_cmbX);
   connect(m_cmbX, &QComboBox::activated, this, &frmCurves::choose_x);
+  connect(m_cmbX, &QComboBox::currentTextChanged, m_cmbX,
+          [this] { m_cmbX->setToolTip(m_cmbX->currentData(Qt::ToolTipRole).toString()); });
 
   auto* const row = new QHBoxLayout(group);
   row->addWidget(label);
