@@ -1,11 +1,13 @@
 #include "ui/curve_edits.h"
 
 #include <gmock/gmock.h>
+#include <unistd.h>
 
+#include <filesystem>
 #include <limits>
 
-#include "core/data_set.h"
 #include "tests/support/test_host.h"
+#include "ui/graph_file_commands.h"
 
 namespace kurv {
 namespace {
@@ -189,6 +191,19 @@ TEST_F(CurveEdits, AnotherXSurvivesRedrawsAndSorting) {
   document().SortXY = false;
   host.control.build_the_graph();
   EXPECT_THAT(values(document().xyArr, 1), ElementsAre(30, 10, 20));
+}
+
+TEST_F(CurveEdits, AnotherXSurvivesTheFile) {
+  load_three();
+  choose_x(state(), "a");
+  const auto path = std::filesystem::temp_directory_path() /
+                    ("kurv_another_x_" + std::to_string(getpid()) + ".gdf");
+  save_graph_file(state(), path.string());
+  TestHost other;
+  other.control.file_load(path.string());
+  std::filesystem::remove(path);
+  EXPECT_EQ(other.document().yVarName, document().yVarName);
+  EXPECT_EQ(other.document().xyArrUnsorted, document().xyArrUnsorted);
 }
 
 TEST_F(CurveEdits, AnotherXComputesTheLimitsWhateverAutoscaleSays) {

@@ -247,5 +247,37 @@ TEST_F(SharedWindows, AnAnsweredPromptOfTheCurvesRenames) {
   graph->ChartOptions("curves");
 }
 
+// -- What stands before what ----------------------------------------------------------------------
+
+// The window that a message box of the graph belongs to.
+QWidget* parent_of_a_message(KurvGraph& graph) {
+  QWidget* parent = nullptr;
+  const WhenModal<QMessageBox> user([&](QMessageBox& box) {
+    parent = box.parentWidget();
+    box.accept();
+  });
+  graph.scatter_graph({}, {}, 0, 0, String(), "x", {}, 0, {});
+  return parent;
+}
+
+TEST_F(SharedWindows, MessagesStandBeforeTheWindowInUse) {
+  QWidget host;
+  KurvGraph* const graph = new_graph(&host).release();
+  host.show();
+  EXPECT_EQ(parent_of_a_message(*graph), &host);
+  graph->ChartOptions("setup");
+  QApplication::setActiveWindow(shown("frmPropert"));
+  EXPECT_EQ(parent_of_a_message(*graph), shown("frmPropert"));
+}
+
+TEST_F(SharedWindows, MessagesStandBeforeNoWindowOfAnotherGraph) {
+  const auto one = new_graph();
+  const auto two = new_graph();
+  one->show();
+  two->show();
+  QApplication::setActiveWindow(two.get());
+  EXPECT_EQ(parent_of_a_message(*one), one.get());
+}
+
 }  // namespace
 }  // namespace kurv
