@@ -202,7 +202,9 @@ TEST_F(CurveEdits, AnotherXSurvivesTheFile) {
   TestHost other;
   other.control.file_load(path.string());
   std::filesystem::remove(path);
-  EXPECT_EQ(other.document().yVarName, document().yVarName);
+  for (int c = 1; c <= 4; ++c) {
+    EXPECT_EQ(other.document().yVarName(c), document().yVarName(c));
+  }
   EXPECT_EQ(other.document().xyArrUnsorted, document().xyArrUnsorted);
 }
 
