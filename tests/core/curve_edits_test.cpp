@@ -1,155 +1,19 @@
 #include "ui/curve_edits.h"
 
-#include <gmock/gmock.h>
 #include <unistd.h>
 
 #include <filesystem>
-#include <limits>
 
-#include "tests/support/test_host.h"
+#include "tests/core/curve_edits_fixture.h"
 #include "ui/graph_file_commands.h"
 
 namespace kurv {
 namespace {
 
+using test::CurveEdits;
+using test::kNaN;
 using test::TestHost;
 using testing::ElementsAre;
-using testing::IsEmpty;
-
-constexpr Double kNaN = std::numeric_limits<Double>::quiet_NaN();
-constexpr Double kInf = std::numeric_limits<Double>::infinity();
-
-class CurveEdits : public testing::Test {
- protected:
-  // The first column is x.
-  void load(const std::vector<std::vector<Double>>& data, std::vector<String> column_names,
-            std::vector<String> functions = {}) {
-    const auto curves = static_cast<Integer>(data.size() - 1);
-    const auto count = static_cast<Integer>(functions.size());
-    host.control.scatter_graph2(
-        "Title", test::columns(data), test::names(std::move(column_names)),
-        static_cast<Integer>(data.front().size()), curves,
-        test::flags(std::vector<Boolean>(static_cast<std::size_t>(curves), Boolean(true))), count,
-        test::names(std::move(functions)), true, false);
-    host.surface.clear_log();
-  }
-  void load_three() {
-    load({{3, 1, 2}, {30, 10, 20}, {7, 9, 8}, {5, 5, 5}}, {"x", "a", "b", "flat"});
-  }
-
-  ControlState& state() { return host.control.state(); }
-  GraphDocument& document() { return host.document(); }
-
-  int redraws() {
-    int count = 0;
-    const std::string& log = host.surface.log();
-    for (auto at = log.find("cls\n"); at != log.npos; at = log.find("cls\n", at + 1)) ++count;
-    host.surface.clear_log();
-    return count;
-  }
-  static std::vector<Double> values(const Matrix<Double>& matrix, int column) {
-    std::vector<Double> found;
-    for (int i = 1; i <= matrix.upper_point(); ++i) found.push_back(matrix(column, i));
-    return found;
-  }
-  std::vector<String> names() {
-    std::vector<String> found;
-    for (int c = 1; c <= document().NumY + 1; ++c) found.push_back(document().yVarName(c));
-    return found;
-  }
-  std::vector<int> flags() {
-    std::vector<int> found;
-    for (int k = 1; k <= document().NumY; ++k) found.push_back(document().y_visible(k).bits());
-    return found;
-  }
-
-  TestHost host;
-};
-
-// -- What can be x --------------------------------------------------------------------------------
-
-TEST_F(CurveEdits, XChoicesAreTheColumnsThatAreNotConstantWithXFirst) {
-  load_three();
-  EXPECT_THAT(x_choices(document()), ElementsAre("x", "a", "b"));
-}
-
-TEST_F(CurveEdits, XChoicesLeaveOutColumnsWithoutTwoDifferentValues) {
-  load({{1, 2, 3},
-        {kNaN, kNaN, kNaN},
-        {kNaN, 4, 4},
-        {kNaN, 4, 5},
-        {4, kNaN, 5},
-        {kInf, kInf, kInf},
-        {-0.0, 0.0, 0.0},
-        {1e305, 1e305, 1e305},
-        {1e305, 2e305, kNaN}},
-       {"x", "empty", "flat", "late", "gap", "infinite", "zero", "huge flat", "huge"});
-  EXPECT_THAT(x_choices(document()), ElementsAre("x", "late", "gap", "huge"));
-}
-
-TEST_F(CurveEdits, XChoicesKeepNamesThatAreAlikeOrEmpty) {
-  load({{1, 2}, {3, 4}, {5, 6}, {7, 8}}, {"a", "", "a", "b"});
-  EXPECT_THAT(x_choices(document()), ElementsAre("a", "", "a", "b"));
-}
-
-TEST_F(CurveEdits, TheListsOfAFreshControlShowItsDemonstrationData) {
-  EXPECT_EQ(x_choices(document()).front(), "x");
-  EXPECT_EQ(listed_curves(document()).size(), 3u);
-  EXPECT_THAT(listed_functions(document()), IsEmpty());
-}
-
-TEST_F(CurveEdits, TheListsHoldWhatIsThereAfterAnIntakeThatFailed) {
-  load_three();
-  // Names for fewer columns than there are; and more curves than the matrix has columns.
-  EXPECT_THROW(load({{1, 2}, {3, 4}, {5, 6}}, {"x", "only"}), Fault);
-  EXPECT_THAT(x_choices(document()), ElementsAre("x", "only"));
-  EXPECT_THAT(listed_curves(document()), ElementsAre(ListedCurve{1, "only", true}));
-  EXPECT_THROW(host.control.scatter_graph(Matrix<Double>(1, 200, 1, 2), test::points({1, 2}), 2,
-                                          200, String(), "x", test::names({}), 0, {}),
-               Fault);
-  EXPECT_THAT(x_choices(document()).size(), 1u);
-  EXPECT_THAT(listed_curves(document()), IsEmpty());
-  document().NumY = -3;
-  EXPECT_THAT(x_choices(document()), IsEmpty());
-  EXPECT_THAT(listed_curves(document()), IsEmpty());
-  document() = GraphDocument();
-  EXPECT_THAT(x_choices(document()), IsEmpty());
-  EXPECT_THAT(listed_curves(document()), IsEmpty());
-}
-
-// -- Which curves there are -----------------------------------------------------------------------
-
-TEST_F(CurveEdits, CurvesWithoutANameAreNotListed) {
-  load({{1, 2}, {3, 4}, {5, 6}, {7, 8}}, {"x", "a", "", "c"});
-  document().y_visible(3) = Boolean::from_bits(2);
-  EXPECT_THAT(listed_curves(document()),
-              ElementsAre(ListedCurve{1, "a", true}, ListedCurve{3, "c", true}));
-}
-
-TEST_F(CurveEdits, AtMost149CurvesAreListed) {
-  load_three();
-  document().xyArr = Matrix<Double>(0, 250, 0, 3);
-  document().yVarName = List<String>(0, 201);
-  for (int c = 1; c <= 201; ++c) document().yVarName(c) = "c" + std::to_string(c);
-  document().y_visible = List<Boolean>(0, 200);
-  for (const int count : {148, 149, 150, 200}) {
-    document().NumY = static_cast<Integer>(count);
-    EXPECT_EQ(static_cast<int>(listed_curves(document()).size()), std::min(count, 149)) << count;
-  }
-}
-
-TEST_F(CurveEdits, FunctionsAreListedFromTheirSlots) {
-  load({{1, 2}, {3, 4}}, {"x", "a"}, {"x", "", "x*x"});
-  document().y_func(3).visible = false;
-  EXPECT_THAT(listed_functions(document()),
-              ElementsAre(ListedCurve{1, "x", true}, ListedCurve{3, "x*x", false}));
-}
-
-TEST_F(CurveEdits, ACurveThatIsNotThereHasNoName) {
-  load_three();
-  EXPECT_EQ(curve_name(document(), 3), "flat");
-  for (const int curve : {-1, 0, 4, 32767}) EXPECT_EQ(curve_name(document(), curve), "");
-}
 
 // -- Another x ------------------------------------------------------------------------------------
 

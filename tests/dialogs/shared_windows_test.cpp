@@ -113,7 +113,6 @@ TEST_F(SharedWindows, AVisibleWindowClosesWhenItsClientChanges) {
       EXPECT_FALSE(first && first->isVisible());
       other.close();
     });
-    curves.hide();
     two->ChartOptions("curves");
   });
   one->ChartOptions("curves");
