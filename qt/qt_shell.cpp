@@ -198,6 +198,18 @@ void QtShell::copy_picture(std::string_view bitmap) {
   }
 }
 
+QWidget* QtShell::window() const {
+  if (!m_owner) return nullptr;
+  QWidget* const own = m_owner->window();
+  QWidget* const modal = QApplication::activeModalWidget();
+  QWidget* const front = modal ? modal : QApplication::activeWindow();
+  // A dialog behind a modal one could not be answered; one before a stranger's would go with it.
+  for (QWidget* widget = front; widget; widget = widget->parentWidget()) {
+    if (widget == own) return front;
+  }
+  return own;
+}
+
 void QtShell::load_windows() {
   if (m_client) kurv::load_windows(*m_client);
 }
