@@ -1,11 +1,116 @@
 #include "dialogs/frm_propert.h"
 
+#include <QHBoxLayout>
+#include <QPointer>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QVBoxLayout>
+
+#include "core/axis_range.h"
+#include "core/control_state.h"
+#include "dialogs/propert_pages.h"
+#include "ui/pages.h"
+
 namespace kurv {
 
-frmPropert::frmPropert(QWidget* parent) : GraphWindow(parent) {
-  setObjectName(QStringLiteral("frmPropert"));
+namespace {
+
+int tab_of(Integer page) {
+  switch (page) {
+    case kTitlesPage:
+      return 1;
+    case kAxesPage:
+      return 2;
+    case kLinesPage:
+      return 3;
+    default:
+      return 0;
+  }
 }
 
-void frmPropert::fill() {}
+QPushButton* new_button(QHBoxLayout& row, const char* name, const char* caption) {
+  auto* const button = new QPushButton(QString::fromUtf8(caption));
+  button->setObjectName(QLatin1String(name));
+  // Return in a text box must not press anything.
+  button->setAutoDefault(false);
+  row.addWidget(button);
+  return button;
+}
+
+// Scrolls where the screen is too small for it, and looks as if it did not.
+QScrollArea* new_scroller(QWidget* page) {
+  auto* const scroller = new QScrollArea;
+  scroller->setWidgetResizable(true);
+  scroller->setFrameShape(QFrame::NoFrame);
+  scroller->setSizeAdjustPolicy(QAbstractScrollArea::AdjustToContents);
+  scroller->setFocusPolicy(Qt::NoFocus);
+  scroller->setWidget(page);
+  scroller->setFocusProxy(page);
+  scroller->viewport()->setAutoFillBackground(false);
+  page->setAutoFillBackground(false);
+  return scroller;
+}
+
+}  // namespace
+
+frmPropert::frmPropert(QWidget* parent) : GraphWindow(parent), m_tabs(new QTabWidget) {
+  setObjectName(QStringLiteral("frmPropert"));
+  setWindowTitle(QStringLiteral("Graph Properties"));
+  m_tabs->setObjectName(QStringLiteral("tabCurves"));
+  m_tabs->setAccessibleName(QStringLiteral("Groups of properties"));
+  auto* const rows = new QVBoxLayout(this);
+  rows->addWidget(m_tabs);
+  add_page("&General", build_general_page);
+  add_page("&Titles and Fonts", build_titles_page);
+  add_page("A&xes", build_axes_page);
+  add_page("&Lines and Markers", build_lines_page);
+
+  auto* const row = new QHBoxLayout;
+  rows->addLayout(row);
+  QPushButton* const restore = new_button(*row, "cmdRestoreXY", "&Restore Limits and Margins");
+  restore->setToolTip(
+      QStringLiteral("Limits from the data, and the margins and the marker size of a new graph"));
+  row->addStretch();
+  QPushButton* const apply = new_button(*row, "cmdApply", "&Apply");
+  apply->setToolTip(QStringLiteral("Draws the graph anew"));
+  QPushButton* const close = new_button(*row, "cmdClose", "&Close");
+
+  connect(restore, &QPushButton::clicked, this, [this] {
+    if (edit([](Control& control) { control.Restore_Grf(); })) refill();
+  });
+  connect(apply, &QPushButton::clicked, this,
+          [this] { edit([](Control& control) { control.build_the_graph(); }); });
+  connect(close, &QPushButton::clicked, this, &frmPropert::reject);
+}
+
+void frmPropert::add_page(const char* caption, void (*build)(PropertPage&)) {
+  auto* const page = new PropertPage(*this);
+  build(*page);
+  m_pages.push_back(page);
+  m_tabs->addTab(new_scroller(page), QString::fromUtf8(caption));
+}
+
+void frmPropert::fill() {
+  for (PropertPage* page : m_pages) page->fill(client()->control());
+}
+
+void frmPropert::show_page(Integer page) {
+  m_tabs->setCurrentIndex(tab_of(page));
+  m_tabs->currentWidget()->setFocus(Qt::TabFocusReason);
+}
+
+void frmPropert::done(int result) {
+  const QPointer<frmPropert> alive(this);
+  if (QWidget* const field = focusWidget()) field->clearFocus();
+  if (alive) GraphWindow::done(result);
+}
+
+void frmPropert::keyPressEvent(QKeyEvent* event) {
+  if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) {
+    GraphWindow::keyPressEvent(event);
+  } else if (auto* const button = qobject_cast<QPushButton*>(focusWidget())) {
+    button->click();
+  }
+}
 
 }  // namespace kurv
