@@ -3,6 +3,7 @@
 #include <QHBoxLayout>
 #include <QPointer>
 #include <QPushButton>
+#include <QScreen>
 #include <QScrollArea>
 #include <QVBoxLayout>
 
@@ -37,19 +38,23 @@ QPushButton* new_button(QHBoxLayout& row, const char* name, const char* caption)
   return button;
 }
 
-// Scrolls where the screen is too small for it, and looks as if it did not.
-QScrollArea* new_scroller(QWidget* page) {
-  auto* const scroller = new QScrollArea;
-  scroller->setWidgetResizable(true);
-  scroller->setFrameShape(QFrame::NoFrame);
-  scroller->setSizeAdjustPolicy(QAbstractScrollArea::AdjustToContents);
-  scroller->setFocusPolicy(Qt::NoFocus);
-  scroller->setWidget(page);
-  scroller->setFocusProxy(page);
-  scroller->viewport()->setAutoFillBackground(false);
-  page->setAutoFillBackground(false);
-  return scroller;
-}
+// Scrolls where the screen is too small for its page, and looks as if it did not.
+class Scroller final : public QScrollArea {
+ public:
+  explicit Scroller(QWidget* page) {
+    setWidgetResizable(true);
+    setFrameShape(QFrame::NoFrame);
+    setFocusPolicy(Qt::NoFocus);
+    setWidget(page);
+    setFocusProxy(page);
+    // The colour of the tab shows through.
+    viewport()->setAutoFillBackground(false);
+    page->setAutoFillBackground(false);
+  }
+
+  // All of the page; the toolkit would rather scroll than ask for that much.
+  QSize sizeHint() const override { return widget()->sizeHint(); }
+};
 
 }  // namespace
 
@@ -81,13 +86,15 @@ frmPropert::frmPropert(QWidget* parent) : GraphWindow(parent), m_tabs(new QTabWi
   connect(apply, &QPushButton::clicked, this,
           [this] { edit([](Control& control) { control.build_the_graph(); }); });
   connect(close, &QPushButton::clicked, this, &frmPropert::reject);
+  // Large fonts may ask for more of the screen than the toolkit gives a window by itself.
+  resize(sizeHint().boundedTo(screen()->availableSize()));
 }
 
 void frmPropert::add_page(const char* caption, void (*build)(PropertPage&)) {
   auto* const page = new PropertPage(*this);
   build(*page);
   m_pages.push_back(page);
-  m_tabs->addTab(new_scroller(page), QString::fromUtf8(caption));
+  m_tabs->addTab(new Scroller(page), QString::fromUtf8(caption));
 }
 
 void frmPropert::fill() {
@@ -96,7 +103,7 @@ void frmPropert::fill() {
 
 void frmPropert::show_page(Integer page) {
   m_tabs->setCurrentIndex(tab_of(page));
-  m_tabs->currentWidget()->setFocus(Qt::TabFocusReason);
+  m_tabs->currentWidget()->setFocus();
 }
 
 void frmPropert::done(int result) {

@@ -131,14 +131,13 @@ QGroupBox* axis_frame(PropertPage& page, const Axis& axis) {
 
 void build_axes_page(PropertPage& page) {
   auto* const grid = new QGridLayout(&page);
-  QGroupBox* const x = axis_frame(page, kX);
-  grid->addWidget(x, 0, 0);
+  grid->addWidget(axis_frame(page, kX), 0, 0);
   grid->addWidget(axis_frame(page, kY), 0, 1);
 
   auto* const ticks = new QFormLayout;
   QLineEdit* const count = page.number_box("txtAxisTicks", "Number of tick intervals, 5 to 100",
                                            &Control::NumTicks, &Control::set_NumTicks, tick_count);
-  ticks->addRow(page.label("Label14", "Tic&k intervals (5 to 100):", count), count);
+  ticks->addRow(page.label("Label14", "Tic&k intervals, 5 to 100:", count), count);
   grid->addLayout(ticks, 1, 0);
 
   auto* const lines = new QVBoxLayout;
@@ -147,6 +146,8 @@ void build_axes_page(PropertPage& page) {
   lines->addWidget(page.check_box("chkYGrids", "&Vertical grid lines", &Control::Y_grid,
                                   store_and_draw(&Control::set_Y_grid)));
   grid->addLayout(lines, 1, 1);
+  grid->setColumnStretch(0, 1);
+  grid->setColumnStretch(1, 1);
   grid->setRowStretch(2, 1);
   page.setFocusProxy(page.findChild<QLineEdit*>(QLatin1String(kX.min.name)));
 }

@@ -47,7 +47,7 @@ QLineEdit* margin_box(PropertPage& page, const char* name, const char* descripti
 }
 
 QGroupBox* margins(PropertPage& page) {
-  QGroupBox* const frame = page.frame("Frame1", "Margins in twips (1440 to the inch)");
+  QGroupBox* const frame = page.frame("Frame1", "Margins in twips, 1440 to the inch");
   auto* const grid = new QGridLayout(frame);
   int cell = 0;
   const auto add = [&](const char* label, const char* caption, QLineEdit* box) {

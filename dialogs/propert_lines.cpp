@@ -39,20 +39,19 @@ void build_lines_page(PropertPage& page) {
   auto* const form = new QFormLayout(&page);
   QComboBox* const curves = width_box(page, "cmbCurvesWidth", "Width of the curves in pixels",
                                       &Control::CurvesWidth, &Control::set_CurvesWidth);
-  form->addRow(page.label("Label15", "C&urves, in pixels:", curves), curves);
+  form->addRow(page.label("Label15", "C&urve width in pixels:", curves), curves);
   QComboBox* const border =
       width_box(page, "cmbBorderWidth", "Width of the plot's border in pixels",
                 &Control::BorderWidth, &Control::set_BorderWidth);
-  form->addRow(page.label("Label16", "&Border, in pixels:", border), border);
+  form->addRow(page.label("Label16", "&Border width in pixels:", border), border);
 
   QCheckBox* const draw =
       page.check_box("chkDrawPoints", "&Draw a marker at each point", &Control::DrawMarkers,
                      store_and_draw(&Control::set_DrawMarkers));
   form->addRow(draw);
   QLineEdit* const size = marker_box(page);
-  QLabel* const label = page.label("lblMarkerSize", "Marker &size in twips (10 to 200):", size);
+  QLabel* const label = page.label("lblMarkerSize", "Marker &size in twips, 10 to 200:", size);
   form->addRow(label, size);
-  // While the window is filled too.
   label->setEnabled(draw->isChecked());
   QObject::connect(draw, &QCheckBox::toggled, label, &QLabel::setEnabled);
   page.setFocusProxy(curves);
