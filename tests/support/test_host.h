@@ -31,7 +31,7 @@ struct PlainContainer final : Container {
 };
 
 // Keeps what was shown and answers from lists; what has no answer is cancelled or answered No.
-struct ScriptedShell final : Shell {
+struct ScriptedShell : Shell {
   struct Message {
     std::string text;
     int flags;
