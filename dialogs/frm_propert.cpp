@@ -1,5 +1,6 @@
 #include "dialogs/frm_propert.h"
 
+#include <QCoreApplication>
 #include <QHBoxLayout>
 #include <QPointer>
 #include <QPushButton>
@@ -109,6 +110,8 @@ void frmPropert::show_page(Integer page) {
 void frmPropert::done(int result) {
   const QPointer<frmPropert> alive(this);
   if (QWidget* const field = focusWidget()) field->clearFocus();
+  // A margin that is still to be applied would come too late: a closed window has no client.
+  QCoreApplication::sendPostedEvents(m_pages.front(), QEvent::MetaCall);
   if (alive) GraphWindow::done(result);
 }
 

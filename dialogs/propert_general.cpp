@@ -22,16 +22,17 @@ void turn_autoscale(Control& control, Boolean on) {
   control.build_the_graph();
 }
 
-// The message about a refused margin takes the focus from the box, which asks for the margin to be
-// applied once more; by then the text no longer counts as changed. The box may be gone when the
+// The message about a refused margin takes the focus from the box, which then asks for the margin
+// to be applied once more, when the text no longer counts as changed. The box may be gone when the
 // message is.
 void apply_margin(Control& control, QLineEdit* box, Margin margin, MarginOf get) {
   const QPointer<QLineEdit> held(box);
   box->setModified(false);
   if (box->text() == shown_number(control, (control.*get)())) return;
   const Integer twips = margin_twips(text_of(*box), control.decimal_separator());
-  if (set_margin(control.state(), margin, twips)) control.build_the_graph();
+  const bool accepted = set_margin(control.state(), margin, twips);
   if (held) show_text(*held, shown_number(control, (control.*get)()));
+  if (accepted) control.build_the_graph();
 }
 
 QLineEdit* margin_box(PropertPage& page, const char* name, const char* description, Margin margin,
@@ -39,10 +40,12 @@ QLineEdit* margin_box(PropertPage& page, const char* name, const char* descripti
   QLineEdit* const box = page.text_box(name, description, [get](Control& control) {
     return shown_number(control, (control.*get)());
   });
-  QObject::connect(box, &QLineEdit::editingFinished, &page, [&page, box, margin, get] {
+  const auto apply = [&page, box, margin, get] {
     if (!box->isModified()) return;
     page.edit([=](Control& control) { apply_margin(control, box, margin, get); });
-  });
+  };
+  // Queued, so that no message is open inside the box's own code, under which the window may go.
+  QObject::connect(box, &QLineEdit::editingFinished, &page, apply, Qt::QueuedConnection);
   return box;
 }
 

@@ -20,8 +20,9 @@ QLineEdit* title_box(PropertPage& page, const char* name, const char* descriptio
 }
 
 QPushButton* font_button(PropertPage& page, const char* name, const char* caption,
-                         PromptedSetting font) {
+                         const char* description, PromptedSetting font) {
   QPushButton* const button = page.button(name, caption);
+  button->setAccessibleName(QString::fromUtf8(description));
   QObject::connect(button, &QPushButton::clicked, &page, [&page, font] {
     page.edit([&](Control& control) {
       const QPointer<QWidget> window(page.window());
@@ -36,9 +37,12 @@ QPushButton* font_button(PropertPage& page, const char* name, const char* captio
 QGroupBox* fonts(PropertPage& page) {
   QGroupBox* const frame = page.frame("Frame2", "Fonts");
   auto* const row = new QHBoxLayout(frame);
-  row->addWidget(font_button(page, "cmdFonts_0", "Ax&es and Legend…", PromptedSetting::kAxisFont));
-  row->addWidget(font_button(page, "cmdFonts_1", "Tit&le…", PromptedSetting::kTitleFont));
-  row->addWidget(font_button(page, "cmdFonts_2", "Su&btitle…", PromptedSetting::kSubtitleFont));
+  row->addWidget(font_button(page, "cmdFonts_0", "Axe&s and Legend…",
+                             "Font of the axes and the legend", PromptedSetting::kAxisFont));
+  row->addWidget(
+      font_button(page, "cmdFonts_1", "Titl&e…", "Font of the title", PromptedSetting::kTitleFont));
+  row->addWidget(font_button(page, "cmdFonts_2", "Su&btitle…", "Font of the subtitle",
+                             PromptedSetting::kSubtitleFont));
   return frame;
 }
 

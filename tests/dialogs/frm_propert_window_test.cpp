@@ -95,6 +95,12 @@ TEST_F(FrmPropert, EveryFieldHasALetterAndAName) {
   EXPECT_EQ(fields, 16);
 }
 
+TEST_F(FrmPropert, FontButtonsSayTheirPurposeByThemselves) {
+  EXPECT_EQ(find<QPushButton>("cmdFonts_0")->accessibleName(), "Font of the axes and the legend");
+  EXPECT_EQ(find<QPushButton>("cmdFonts_1")->accessibleName(), "Font of the title");
+  EXPECT_EQ(find<QPushButton>("cmdFonts_2")->accessibleName(), "Font of the subtitle");
+}
+
 TEST_F(FrmPropert, LettersLeadToTheirFields) {
   open(kGeneralPage);
   QTest::keyClick(window.data(), Qt::Key_P, Qt::AltModifier);
@@ -121,10 +127,10 @@ TEST_F(FrmPropert, TabGoesDownThePageAndToTheButtons) {
 TEST_F(FrmPropert, ScrollsOnAScreenThatIsTooSmallForIt) {
   open(kAxesPage);
   window->resize(window->minimumSizeHint());
-  find<QWidget>("chkYGrids")->setFocus();
-  QTest::keyClick(find<QWidget>("txtAxisTicks"), Qt::Key_Tab);
-  QTest::keyClick(find<QWidget>("chkXGrids"), Qt::Key_Tab);
   const QWidget* const last = find<QWidget>("chkYGrids");
+  EXPECT_TRUE(last->visibleRegion().isEmpty());
+  find<QWidget>("chkXGrids")->setFocus();
+  press("chkXGrids", Qt::Key_Tab);
   EXPECT_EQ(window->focusWidget(), last);
   EXPECT_FALSE(last->visibleRegion().isEmpty());
 }

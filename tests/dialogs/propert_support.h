@@ -110,7 +110,10 @@ class FrmPropert : public testing::Test {
     QTest::keyClick(field, Qt::Key_A, Qt::ControlModifier);
     QTest::keyClicks(field, QLatin1String(keys));
   }
-  void press(const char* name, Qt::Key key) { QTest::keyClick(find<QWidget>(name), key); }
+  void press(const char* name, Qt::Key key) {
+    QTest::keyClick(find<QWidget>(name), key);
+    QApplication::processEvents();
+  }
   void click(const char* button) { QTest::mouseClick(find<QPushButton>(button), Qt::LeftButton); }
 
   Control& graph() { return client.graph; }
