@@ -26,10 +26,13 @@ bool GraphWindow::handle(const std::function<void(Control&)>& work) {
   const QPointer<GraphWindow> alive = this;
   const Client* const client = m_client;
   const bool was_handling = m_handling;
+  const bool was_active = isActiveWindow();
   m_handling = true;
   m_client->handle(work);
   if (!alive) return false;
   m_handling = was_handling;
+  // A box that the graph has shown gives the focus back to the host's window, not to this one.
+  if (was_active && isVisible() && !isActiveWindow()) activateWindow();
   return m_client == client;
 }
 

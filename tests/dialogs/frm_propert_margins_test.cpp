@@ -90,6 +90,22 @@ TEST_F(FrmPropert, TheMessageMayTakeTheFocusFromTheMargin) {
   EXPECT_EQ(text("txtMarginTop"), "480");
 }
 
+TEST_F(FrmPropert, GetsTheFocusBackFromTheMessage) {
+  open(kGeneralPage);
+  client.shell.meanwhile = [&] {
+    QWidget message;
+    message.show();
+    message.activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&message));
+    EXPECT_FALSE(window->isActiveWindow());
+  };
+  type("txtMarginTop", "0");
+  press("txtMarginTop", Qt::Key_Return);
+  EXPECT_EQ(client.shell.messages.size(), 1u);
+  EXPECT_TRUE(QTest::qWaitForWindowActive(window));
+  EXPECT_EQ(window->focusWidget(), box("txtMarginTop"));
+}
+
 TEST_F(FrmPropert, AHugeMarginIsTheLargestThatTheSurfaceMayHaveRoomFor) {
   client.surface.set_size(40000, 40000);
   open(kGeneralPage);
