@@ -8,8 +8,6 @@
 #include <QScrollArea>
 #include <QVBoxLayout>
 
-#include "core/axis_range.h"
-#include "core/control_state.h"
 #include "dialogs/propert_pages.h"
 #include "ui/pages.h"
 

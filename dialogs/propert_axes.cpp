@@ -1,5 +1,6 @@
 #include <QFormLayout>
 #include <QGridLayout>
+#include <QVBoxLayout>
 
 #include "core/axis_range.h"
 #include "core/control_state.h"

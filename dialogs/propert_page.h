@@ -3,7 +3,6 @@
 
 #include <KurvGraph/control.h>
 
-#include <QBoxLayout>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QGroupBox>
@@ -15,7 +14,9 @@
 #include <QWidget>
 #include <functional>
 #include <optional>
+#include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace kurv {
