@@ -24,8 +24,8 @@ QPushButton* font_button(PropertPage& page, const char* name, const char* captio
   QPushButton* const button = page.button(name, caption);
   button->setAccessibleName(QString::fromUtf8(description));
   QObject::connect(button, &QPushButton::clicked, &page, [&page, font] {
+    page.window()->setCursor(Qt::WaitCursor);
     const QPointer<QWidget> window(page.window());
-    window->setCursor(Qt::WaitCursor);
     page.edit([font](Control& control) { control.prompt(font); });
     // The window may be gone; and a prompt that fails leaves no hourglass behind.
     if (window) window->unsetCursor();
