@@ -33,6 +33,7 @@ bool GraphWindow::handle(const std::function<void(Control&)>& work) {
   if (!m_client || m_filling) return false;
   const QPointer<GraphWindow> alive = this;
   const Client* const client = m_client;
+  const bool was_active = isActiveWindow();
   const bool was_handling = std::exchange(m_handling, true);
   const bool was_working = m_working;
   m_client->handle([&](Control& control) {
@@ -43,6 +44,8 @@ bool GraphWindow::handle(const std::function<void(Control&)>& work) {
   if (!alive) return false;
   m_handling = was_handling;
   m_working = was_working;
+  // A box that the graph has shown gives the focus back to the host's window, not to this one.
+  if (was_active && isVisible() && !isActiveWindow()) activateWindow();
   if (m_client != client) return false;
   if (!m_handling && std::exchange(m_outdated, false)) fill_quietly([this] { fill(); });
   return true;
