@@ -13,6 +13,8 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QScrollBar>
+#include <QStyle>
+#include <QStyleOptionHeader>
 #include <QStyledItemDelegate>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -41,6 +43,27 @@ class CellDelegate final : public QStyledItemDelegate {
     const auto* const line = qobject_cast<const QLineEdit*>(editor);
     if (line && line->isModified()) return;
     QStyledItemDelegate::setEditorData(editor, index);
+  }
+};
+
+// Long names end in an ellipsis; the toolkit would cut them off on both sides. Selected columns
+// have theirs in bold letters, and no name may change with that.
+class NameHeader final : public QHeaderView {
+ public:
+  explicit NameHeader(QWidget* parent) : QHeaderView(Qt::Horizontal, parent) {
+    setSectionsClickable(true);
+    setHighlightSections(true);
+    setResizeContentsPrecision(kRowsMeasured);
+  }
+
+ protected:
+  void initStyleOptionForIndex(QStyleOptionHeader* option, int section) const override {
+    QHeaderView::initStyleOptionForIndex(option, section);
+    QFont bold = font();
+    bold.setBold(true);
+    const int margin = style()->pixelMetric(QStyle::PM_HeaderMargin, option, this);
+    option->text = QFontMetrics(bold).elidedText(option->text, Qt::ElideRight,
+                                                 sectionSize(section) - 2 * margin);
   }
 };
 
@@ -77,9 +100,9 @@ void frmTable::set_up_grid() {
   // The arrow keys walk the cells, so that the tab key can leave them.
   m_grid->setTabKeyNavigation(false);
   m_grid->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
-  m_grid->horizontalHeader()->setResizeContentsPrecision(kRowsMeasured);
-  m_grid->horizontalHeader()->setTextElideMode(Qt::ElideRight);
+  m_grid->setHorizontalHeader(new NameHeader(m_grid));
   m_grid->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+  m_grid->verticalHeader()->setDefaultAlignment(Qt::AlignCenter);
   fit_rows();
 }
 
@@ -131,8 +154,8 @@ void frmTable::fit_columns() {
   const int digit = m_grid->fontMetrics().horizontalAdvance(u'0');
   m_grid->resizeColumnsToContents();
   for (int column = 0; column < m_model.columnCount(); ++column) {
-    m_grid->setColumnWidth(column, std::clamp(m_grid->columnWidth(column), kNarrowColumn * digit,
-                                              kWideColumn * digit));
+    const int wanted = m_grid->columnWidth(column) + digit;
+    m_grid->setColumnWidth(column, std::clamp(wanted, kNarrowColumn * digit, kWideColumn * digit));
   }
 }
 

@@ -1,6 +1,8 @@
 // A table window over a control that only remembers, and the hands of its user.
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
