@@ -13,6 +13,11 @@ namespace kurv {
 
 namespace {
 
+// A host may hand over fewer names than it should; the redraw says so.
+bool has_name_of_x(const GraphDocument& document) {
+  return document.yVarName.lower() <= 1 && document.yVarName.upper() >= 1;
+}
+
 // One item or region. It has no object of the toolkit behind it.
 class PlaceAccessible final : public QAccessibleInterface, public QAccessibleActionInterface {
  public:
@@ -51,20 +56,20 @@ class PlaceAccessible final : public QAccessibleInterface, public QAccessibleAct
 };
 
 QString PlaceAccessible::text(QAccessible::Text kind) const {
-  if (!m_view) return {};
+  if (!isValid()) return {};
   if (kind == QAccessible::Description) return hint_of(m_place);
   if (kind != QAccessible::Name) return {};
   const GraphDocument& document = m_view->state().document;
   String shown;
   if (m_place == Place(Item::kTitle)) shown = document.Title;
   if (m_place == Place(Item::kSubTitle)) shown = document.SubTitle;
-  if (m_place == Place(Region::kXCaption)) shown = document.yVarName(1);
+  if (m_place == Place(Region::kXCaption) && has_name_of_x(document)) shown = document.yVarName(1);
   if (shown.empty()) return name_of(m_place);
   return name_of(m_place) + QStringLiteral(": ") + QString::fromStdString(shown);
 }
 
 QRect PlaceAccessible::rect() const {
-  if (!m_view) return {};
+  if (!isValid()) return {};
   const QRect bounds = m_view->bounds_of(m_place);
   return {m_view->mapToGlobal(bounds.topLeft()), bounds.size()};
 }

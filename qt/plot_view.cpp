@@ -4,6 +4,8 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <QToolTip>
+#include <algorithm>
+#include <cmath>
 
 #include "core/control_state.h"
 #include "qt/plot_accessible.h"
@@ -32,9 +34,13 @@ SurfacePoint PlotView::twips(QPointF pixel) const {
 }
 
 QRectF PlotView::pixels(const Rect& rect) const {
-  const double twips_per_pixel = scale();
-  return {rect.left / twips_per_pixel, rect.top / twips_per_pixel, rect.width / twips_per_pixel,
-          rect.height / twips_per_pixel};
+  // What stands absurdly far away has to stay within whole numbers.
+  const auto edge = [twips_per_pixel = scale()](double twips) {
+    constexpr double kFar = 1e6;
+    return std::isnan(twips) ? kFar : std::clamp(twips / twips_per_pixel, -kFar, kFar);
+  };
+  return {QPointF(edge(rect.left), edge(rect.top)),
+          QPointF(edge(rect.left + rect.width), edge(rect.top + rect.height))};
 }
 
 std::vector<QRectF> PlotView::pixels(const std::vector<Rect>& rects) const {

@@ -2,9 +2,8 @@
 
 #include <QAction>
 #include <QEvent>
+#include <QPainter>
 #include <QStyle>
-#include <QStyleOption>
-#include <QStylePainter>
 #include <QToolButton>
 #include <algorithm>
 
@@ -45,11 +44,11 @@ class Divider final : public QToolButton {
 
  protected:
   void paintEvent(QPaintEvent*) override {
-    QStylePainter painter(this);
-    QStyleOption option;
-    option.initFrom(this);
-    option.state |= QStyle::State_Horizontal;
-    painter.drawPrimitive(QStyle::PE_IndicatorToolBarSeparator, option);
+    // The styles' own separators all but vanish on dark desktops.
+    QColor colour = palette().color(QPalette::ButtonText);
+    colour.setAlphaF(0.3f);
+    const QRect line(width() / 2, height() / 6, 1, height() - height() / 6 * 2);
+    QPainter(this).fillRect(line, colour);
   }
 };
 
@@ -68,6 +67,9 @@ Toolbar::Toolbar(const std::function<void(const QString&)>& press, QWidget* pare
       add_divider();
     }
   }
+  // What opens the menu of the buttons that a narrow toolbar has no room for.
+  if (auto* const more = findChild<QToolButton*>(QStringLiteral("qt_toolbar_ext_button")))
+    more->setAccessibleName(QStringLiteral("More"));
   set_reachable(true);
   ensurePolished();
   dress();

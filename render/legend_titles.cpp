@@ -1,5 +1,6 @@
 #include "render/legend_titles.h"
 
+#include <algorithm>
 #include <vector>
 
 #include "render/curves.h"
@@ -128,8 +129,13 @@ void place_titles(const GraphDocument& document, Layout& layout) {
   subtitle.left = title.left + title.width + kTitleGap;
 }
 
+// Asked at every move of the mouse, also while there are more curves than can be drawn.
 bool has_legend(const GraphDocument& document) {
-  return !legend_entries(document).empty();
+  const int last = std::min<int>(document.NumY, document.y_visible.upper());
+  for (int k = 1; k <= last; ++k) {
+    if (document.y_visible(k).is_exactly_true()) return true;
+  }
+  return false;
 }
 
 void place_legend(const GraphDocument& document, Layout& layout) {
