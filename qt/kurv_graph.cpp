@@ -70,7 +70,6 @@ KurvGraph::KurvGraph(PlotSurface* lent, QWidget* parent) : QWidget(parent) {
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
   setMinimumSize(1, 1);
   m_state = std::make_shared<State>(*this, lent);
-  setFocusProxy(m_state->view);
   connect(m_state->view, &PlotView::menu_wanted, this, &KurvGraph::open_menu);
   // Here and not at the first show, so that what the host sets in between stays.
   m_state->graph.first_placement();
@@ -299,6 +298,11 @@ void KurvGraph::showEvent(QShowEvent* event) {
     state.fit();
     state.graph.show();
   });
+}
+
+// Not by a proxy: Tab would then lead to the plot first and never to the toolbar.
+void KurvGraph::focusInEvent(QFocusEvent* event) {
+  m_state->view->setFocus(event->reason());
 }
 
 // Here and not as shortcuts of the toolkit's: a host that has actions with the same keys keeps

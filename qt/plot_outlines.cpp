@@ -2,7 +2,6 @@
 
 #include <QColor>
 #include <QPen>
-#include <QRect>
 
 namespace kurv {
 
@@ -37,11 +36,12 @@ void outline_dragged(QPainter& painter, const QRectF& rect) {
   outline(painter, rect.toAlignedRect(), 1, Qt::DashLine);
 }
 
-void outline_focused(QPainter& painter, const std::vector<QRectF>& rects) {
+void outline_focused(QPainter& painter, const std::vector<QRectF>& rects, const QRect& view) {
+  const QRect room = view.adjusted(1, 1, -kFocusWidth, -kFocusWidth);
   for (const QRectF& rect : rects) {
     const QRect around =
         rect.toAlignedRect().adjusted(-kFocusGap, -kFocusGap, kFocusGap, kFocusGap);
-    outline(painter, around, kFocusWidth, Qt::DashLine);
+    if (around.intersects(room)) outline(painter, around & room, kFocusWidth, Qt::DashLine);
   }
 }
 

@@ -40,6 +40,10 @@ Texts texts_of(Region region) {
   return {"Frame", "Double-click to edit lines and markers"};
 }
 
+Texts texts_of(Whole) {
+  return {"Empty plot", "Double-click to edit the curves"};
+}
+
 Texts texts_of(const Place& place) {
   return std::visit([](const auto& kind) { return texts_of(kind); }, place);
 }
@@ -49,13 +53,13 @@ Texts texts_of(const Place& place) {
 const std::vector<Place>& all_places() {
   static const std::vector<Place> all{Item::kTitle,      Item::kSubTitle,  Item::kLegend,
                                       Region::kXCaption, Region::kXLabels, Region::kYLabels,
-                                      Region::kFrame};
+                                      Region::kFrame,    Whole::kPlot};
   return all;
 }
 
 bool is_there(const ControlState& state, const Place& place) {
-  const Item* const item = std::get_if<Item>(&place);
-  return item ? is_shown(state, *item) : bool(state.document.GraphValid);
+  if (const Item* const item = std::get_if<Item>(&place)) return is_shown(state, *item);
+  return std::holds_alternative<Region>(place) == bool(state.document.GraphValid);
 }
 
 std::vector<Place> places_of(const ControlState& state) {
@@ -74,7 +78,8 @@ std::optional<Place> place_at(const ControlState& state, SurfacePoint at) {
 
 std::vector<Rect> rects_of(const ControlState& state, const Place& place) {
   if (const Item* const item = std::get_if<Item>(&place)) return {rect_of(state, *item)};
-  return rects_of(state, std::get<Region>(place));
+  if (const Region* const region = std::get_if<Region>(&place)) return rects_of(state, *region);
+  return {{0, 0, to_single(state.surface.ScaleWidth()), to_single(state.surface.ScaleHeight())}};
 }
 
 QString name_of(const Place& place) {
@@ -90,7 +95,8 @@ void edit_place(ControlState& state, const Place& place) {
   if (const Item* const item = std::get_if<Item>(&place)) {
     item_double_click(state, *item);
   } else {
-    open_window_of(state, std::optional(std::get<Region>(place)));
+    const Region* const region = std::get_if<Region>(&place);
+    open_window_of(state, region ? std::optional(*region) : std::nullopt);
   }
 }
 

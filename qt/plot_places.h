@@ -1,5 +1,5 @@
 // What the user can get hold of on the plot, by the mouse, the keyboard or a screen reader: its
-// items and regions.
+// items and regions, or the whole of it while nothing is drawn.
 #pragma once
 
 #include <QString>
@@ -11,15 +11,16 @@
 
 namespace kurv {
 
-using Place = std::variant<Item, Region>;
+enum class Whole { kPlot };
+using Place = std::variant<Item, Region, Whole>;
 
 // Every place, in the order in which Tab walks them.
 const std::vector<Place>& all_places();
-// Those of them that there are now: none before a graph is drawn.
+// Those of them that there are now, at least one.
 std::vector<Place> places_of(const ControlState& state);
 bool is_there(const ControlState& state, const Place& place);
 
-// The uppermost place at a point of the surface.
+// The uppermost item or region at a point of the surface.
 std::optional<Place> place_at(const ControlState& state, SurfacePoint at);
 // Twips of the surface.
 std::vector<Rect> rects_of(const ControlState& state, const Place& place);

@@ -68,7 +68,7 @@ void PlotView::paintEvent(QPaintEvent*) {
     outline_pressed(painter, pixels(rects_of(state(), region)));
   }
   if (const std::optional<Place> place = focused(); place && hasFocus()) {
-    outline_focused(painter, pixels(rects_of(state(), *place)));
+    outline_focused(painter, pixels(rects_of(state(), *place)), rect());
   }
   if (m_drag && m_drag->has_begun) {
     Rect rect = rect_of(state(), m_drag->item);

@@ -58,8 +58,8 @@ bool PlotView::focusNextPrevChild(bool next) {
 
 void PlotView::focusInEvent(QFocusEvent* event) {
   const std::vector<Place> places = places_of(state());
-  if (!places.empty() && event->reason() == Qt::TabFocusReason) reach(places.front());
-  if (!places.empty() && event->reason() == Qt::BacktabFocusReason) reach(places.back());
+  if (event->reason() == Qt::TabFocusReason) reach(places.front());
+  if (event->reason() == Qt::BacktabFocusReason) reach(places.back());
   QWidget::focusInEvent(event);
 }
 

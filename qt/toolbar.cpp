@@ -68,8 +68,8 @@ Toolbar::Toolbar(const std::function<void(const QString&)>& press, QWidget* pare
     }
   }
   // What opens the menu of the buttons that a narrow toolbar has no room for.
-  if (auto* const more = findChild<QToolButton*>(QStringLiteral("qt_toolbar_ext_button")))
-    more->setAccessibleName(QStringLiteral("More"));
+  m_more = findChild<QToolButton*>(QStringLiteral("qt_toolbar_ext_button"));
+  if (m_more) m_more->setAccessibleName(QStringLiteral("More"));
   set_reachable(true);
   ensurePolished();
   dress();
@@ -106,6 +106,9 @@ void Toolbar::set_reachable(bool on) {
     const bool does_something = !action->data().isNull();
     widgetForAction(action)->setFocusPolicy(on && does_something ? Qt::TabFocus : Qt::NoFocus);
   }
+  if (!m_more) return;
+  m_more->setFocusPolicy(on ? Qt::TabFocus : Qt::NoFocus);
+  setTabOrder(widgetForAction(actions().last()), m_more);
 }
 
 void Toolbar::dress() {

@@ -34,6 +34,7 @@ class Toolbar final : public QToolBar {
   void dress();
 
   std::function<void(const QString&)> m_press;
+  QWidget* m_more = nullptr;
 };
 
 }  // namespace kurv

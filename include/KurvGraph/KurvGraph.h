@@ -17,9 +17,9 @@
 // files and prompts, a comma or else a point; the system's does not.
 //
 // At the top stands a toolbar, the child "tbrGraph", and below it the plot, the child "PicGraph",
-// which has the keyboard's focus when the widget has it. While one of them has it, Ctrl+S, Ctrl+O,
-// Ctrl+P, Ctrl+C and F5 are the commands "save", "open", "print", "copy" and "refresh", unless the
-// host has an action of its own with that key.
+// which gets the keyboard's focus when it is given to the widget. While one of them has it, Ctrl+S,
+// Ctrl+O, Ctrl+P, Ctrl+C and F5 are the commands "save", "open", "print", "copy" and "refresh",
+// unless the host has an action of its own with that key.
 //
 // A right click, once MouseUp() has come, and the menu key open a menu of windows and settings. A
 // host with a menu of its own sets another contextMenuPolicy(). In design mode neither the mouse
@@ -294,6 +294,7 @@ class KurvGraph : public QWidget {
   bool event(QEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void showEvent(QShowEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
 

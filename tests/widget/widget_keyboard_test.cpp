@@ -124,18 +124,18 @@ TEST_F(WidgetKeyboard, WhatIsNotThereIsPassedOver) {
 }
 
 TEST_F(WidgetKeyboard, AnEmptyGraphIsOneStep) {
-  OpenGraph empty;
-  m_window.layout()->replaceWidget(&m_graph, &empty);
-  m_graph.hide();
-  empty.set_toolbar_visible(false);
-  m_window.setTabOrder(&m_before, &empty.view());
-  m_window.setTabOrder(&empty.view(), &m_behind);
+  m_graph.document().GraphValid = false;
+  m_graph.findChild<QToolButton*>("tbrGraph.help")->setFocus();
   key(Qt::Key_Tab);
-  EXPECT_EQ(QApplication::focusWidget(), &empty.view());
+  EXPECT_EQ(here(), "Empty plot");
+  EXPECT_NE(m_plot.grab().toImage().convertToFormat(QImage::Format_RGB32), m_graph.image())
+      << "the focus is to be seen";
+  ShownWindows windows;
   key(Qt::Key_Return);
+  EXPECT_THAT(windows.names(), ElementsAre("frmCurves"));
+  QApplication::setActiveWindow(&m_window);
   key(Qt::Key_Tab);
   EXPECT_EQ(here(), "behind");
-  empty.setParent(nullptr);
 }
 
 TEST_F(WidgetKeyboard, TheFocusIsSeenAndEscapeDropsItsOutline) {
@@ -163,7 +163,7 @@ TEST_F(WidgetKeyboard, TheOutlineGoesWithTheFocusAndAClickDropsIt) {
 
 TEST_F(WidgetKeyboard, TheWidgetsFocusIsThePlots) {
   m_graph.setFocus();
-  EXPECT_TRUE(m_graph.hasFocus());
+  EXPECT_TRUE(m_plot.hasFocus());
   EXPECT_EQ(here(), "PicGraph");
   key(Qt::Key_Tab);
   EXPECT_EQ(here(), "Title");
