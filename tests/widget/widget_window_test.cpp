@@ -1,25 +1,16 @@
 // The widget in a real window, with a real window manager and a real mouse.
 #include <gmock/gmock.h>
 
-#include <QProcess>
 #include <QScreen>
 #include <QTest>
 #include <QWindow>
 #include <tuple>
 
+#include "tests/widget/tools.h"
 #include "tests/widget/widget_support.h"
 
 namespace kurv::test {
 namespace {
-
-// Runs a tool of the window system while the window lives on.
-void run_tool(const QString& program, const QStringList& arguments) {
-  QProcess process;
-  process.start(program, arguments);
-  EXPECT_TRUE(QTest::qWaitFor([&] { return process.state() == QProcess::NotRunning; }, 10000));
-  EXPECT_EQ(process.exitCode(), 0)
-      << program.toStdString() << process.readAllStandardError().toStdString();
-}
 
 class WidgetWindow : public testing::Test {
  protected:
