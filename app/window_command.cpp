@@ -74,6 +74,7 @@ std::unique_ptr<QMainWindow> make_window(const GraphChoice& choice, const GraphS
   if (choice.size) resize_picture(*graph, *choice.size);
   window->resize(graph->size());
   window->setCentralWidget(graph);
+  graph->setFocus();
   finish_looks(choice, file, *graph, *graph);
   return window;
 }

@@ -96,6 +96,30 @@ TEST_F(WidgetMenu, ComesAfterTheHostHasHeardOfTheClick) {
   EXPECT_NE(open_menu(), nullptr);
 }
 
+TEST_F(WidgetMenu, ComesOnAnItemTooOfWhichTheHostHearsNothing) {
+  int ups = 0;
+  QObject::connect(&m_graph, &KurvGraph::MouseUp, [&] { ++ups; });
+  Mouse(m_graph.view(), Qt::RightButton).click(middle(m_graph.layout().picLegend));
+  EXPECT_NE(open_menu(), nullptr);
+  EXPECT_EQ(ups, 0);
+}
+
+TEST_F(WidgetMenu, ItsFirstEntriesOpenTheWindows) {
+  const std::pair<const char*, const char*> entries[] = {{"mnuCurves", "frmCurves"},
+                                                         {"mnuTitles", "frmPropert"},
+                                                         {"mnuAxes", "frmPropert"},
+                                                         {"mnuLines", "frmPropert"},
+                                                         {"mnuTable", "frmTable"}};
+  ShownWindows windows;
+  for (const auto& [entry, window] : entries) {
+    right_click();
+    ASSERT_NE(action(entry), nullptr);
+    action(entry)->trigger();
+    open_menu()->close();
+    EXPECT_THAT(windows.names(), ElementsAre(window)) << entry;
+  }
+}
+
 TEST_F(WidgetMenu, OtherButtonsOpenNone) {
   click(Qt::LeftButton);
   click(Qt::MiddleButton);
