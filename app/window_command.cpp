@@ -59,16 +59,22 @@ QString window_title(const std::string& path) {
   return name.replace(QLatin1String("[*]"), QLatin1String("[*][*]"));
 }
 
+// The size that is asked for is the picture's; the toolbar comes on top of it.
+void resize_picture(KurvGraph& graph, QSize size) {
+  graph.resize(graph.size() + size - graph.plot_rect().size());
+}
+
 std::unique_ptr<QMainWindow> make_window(const GraphChoice& choice, const GraphSource& file) {
   auto window = std::make_unique<QMainWindow>();
   window->setWindowTitle(window_title(file.path));
   auto* const graph = new KurvGraph;
-  graph->resize(choice.size.value_or(kUsualSize));
+  resize_picture(*graph, choice.size.value_or(kUsualSize));
   fill(choice, file, *graph);
   // A graph file has a size of its own.
-  if (choice.size) graph->resize(*choice.size);
+  if (choice.size) resize_picture(*graph, *choice.size);
   window->resize(graph->size());
   window->setCentralWidget(graph);
+  graph->setFocus();
   finish_looks(choice, file, *graph, *graph);
   return window;
 }

@@ -25,11 +25,15 @@ QImage KurvGraph::image() const {
   return m_state->picture.image();
 }
 
+QRect KurvGraph::plot_rect() const {
+  return m_state->plot_rect();
+}
+
 std::optional<QPointF> KurvGraph::data_at(QPointF pixel) const {
   const GraphDocument& document = m_state->graph.state().document;
   const PlotRect& plot = m_state->graph.state().layout.plot;
   if (!can_be_mapped(document, plot)) return std::nullopt;
-  const QPointF twips = pixel * m_state->twips_per_logical_pixel();
+  const QPointF twips = (pixel - plot_rect().topLeft()) * m_state->twips_per_logical_pixel();
   const double across = (twips.x() - plot.PlotLeft) / plot.PlotWidth;
   const double upwards = (plot.PlotTop + plot.PlotHeight - twips.y()) / plot.PlotHeight;
   return finite(document.xmin + across * (document.xmax - document.xmin),
@@ -42,7 +46,8 @@ std::optional<QPointF> KurvGraph::pixel_of(double x, double y) const {
   if (!can_be_mapped(document, plot)) return std::nullopt;
   const Mapping mapping(document, plot);
   const double scale = m_state->twips_per_logical_pixel();
-  return finite(mapping.SurfX(x) / scale, mapping.SurfY(y) / scale);
+  const QPoint origin = plot_rect().topLeft();
+  return finite(origin.x() + mapping.SurfX(x) / scale, origin.y() + mapping.SurfY(y) / scale);
 }
 
 }  // namespace kurv

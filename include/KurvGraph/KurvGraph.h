@@ -16,9 +16,14 @@
 // A locale that the host sets on the widget itself decides about the decimal separator in graph
 // files and prompts, a comma or else a point; the system's does not.
 //
-// A right click, once MouseUp() has come, and the menu key open a menu of settings and curves that
-// the user is asked for. A host with a menu of its own sets another contextMenuPolicy(); in design
-// mode there is none.
+// At the top stands a toolbar, the child "tbrGraph", and below it the plot, the child "PicGraph",
+// which gets the keyboard's focus when it is given to the widget. While one of them has it, Ctrl+S,
+// Ctrl+O, Ctrl+P, Ctrl+C and F5 are the commands "save", "open", "print", "copy" and "refresh",
+// unless the host has an action of its own with that key.
+//
+// A right click, once MouseUp() has come, and the menu key open a menu of windows and settings. A
+// host with a menu of its own sets another contextMenuPolicy(). In design mode neither the mouse
+// nor the keyboard has an effect.
 //
 // The widget may be deleted at any time, also in a slot of its own signals or while one of its
 // message boxes is open.
@@ -30,6 +35,7 @@
 
 #include <QImage>
 #include <QPointF>
+#include <QRect>
 #include <QString>
 #include <QWidget>
 #include <memory>
@@ -94,6 +100,8 @@ class KurvGraph : public QWidget {
   Q_PROPERTY(int MarkerSize READ MarkerSize WRITE set_MarkerSize)
   Q_PROPERTY(QString Title READ Title WRITE set_Title)
   Q_PROPERTY(QString SubTitle READ SubTitle WRITE set_SubTitle)
+  Q_PROPERTY(bool toolbar_visible READ toolbar_visible WRITE set_toolbar_visible)
+  Q_PROPERTY(bool shortcuts_enabled READ shortcuts_enabled WRITE set_shortcuts_enabled)
 
  public:
   explicit KurvGraph(QWidget* parent = nullptr);
@@ -145,7 +153,9 @@ class KurvGraph : public QWidget {
   // Sorts the plotted data by ascending x, points moving whole. Does not redraw.
   Q_INVOKABLE void Sort_xy();
   // Runs one command by its word: "refresh" puts title, subtitle and legend back in their home
-  // places and redraws; "save", "saveas" and "open" work with graph files. Other words do nothing.
+  // places and redraws; "save", "saveas" and "open" work with graph files; "print" and "copy" take
+  // the picture; "setup" and "titles", "curves" and "table" open the windows. Other words do
+  // nothing. A command that fails leaves the hourglass on.
   Q_INVOKABLE void ChartOptions(const QString& command);
   // Default marker size and margins, limits from the data, and a redraw.
   Q_INVOKABLE void Restore_Grf();
@@ -236,14 +246,25 @@ class KurvGraph : public QWidget {
   void set_SubTitle(const QString& value);
 
   // -- Picture --------------------------------------------------------------------------------
-  // What has been drawn, in device pixels. A hidden widget takes up a new size with the next call
-  // that may draw.
+  // What has been drawn in the plot, in device pixels. A hidden widget takes up a new size with the
+  // next call that may draw.
   QImage image() const;
+  // Where the plot stands in the widget: all that the toolbar leaves.
+  QRect plot_rect() const;
   // The data coordinates at a point of the widget, and back, by the limits and the plot rectangle
   // as they are; both also outside the plot. Nothing while there is no graph, or the limits of an
   // axis are equal.
   std::optional<QPointF> data_at(QPointF pixel) const;
   std::optional<QPointF> pixel_of(double x, double y) const;
+
+  // -- Around the plot ------------------------------------------------------------------------
+  // On by default. The plot gets or gives the room, which is a resize. The widget's usual size is
+  // that of a plot of 720 x 480 pixels with a toolbar, where there is one.
+  bool toolbar_visible() const;
+  void set_toolbar_visible(bool on);
+  // Whether the keys above are commands. On by default.
+  bool shortcuts_enabled() const;
+  void set_shortcuts_enabled(bool on);
 
   // In design mode a form editor shows the control: it redraws at every resize, and a Show does
   // nothing. Off by default.
@@ -254,8 +275,9 @@ class KurvGraph : public QWidget {
   QSize minimumSizeHint() const override;
 
  Q_SIGNALS:
-  // A mouse button was released over the graph. Button is 1 left, 2 right, 4 middle; Shift adds up
-  // 1 shift, 2 control, 4 alt; the point is in twips.
+  // A mouse button that went down on the plot, but not on the title, the subtitle or the legend,
+  // came up. Button is 1 left, 2 right, 4 middle; Shift adds up 1 shift, 2 control, 4 alt; the
+  // point is in twips of the plot, not of the widget, and may be outside of it.
   void MouseUp(int Button, int Shift, float x, float Y);
   // After each redraw that was complete: before the host's call returns, or, where an event of the
   // toolkit caused it, once that event is over.
@@ -270,11 +292,9 @@ class KurvGraph : public QWidget {
   KurvGraph(PlotSurface& lent, QWidget* parent);
 
   bool event(QEvent* event) override;
-  void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void showEvent(QShowEvent* event) override;
-  void mousePressEvent(QMouseEvent* event) override;
-  void mouseReleaseEvent(QMouseEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
 
@@ -288,6 +308,7 @@ class KurvGraph : public QWidget {
   void call(Work work);
   template <class Work>
   void handle(Work work);
+  void run(const QString& word);
   void tell(int number, const QString& text);
   void open_menu(QPoint at);
 };
