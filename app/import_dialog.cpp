@@ -4,6 +4,7 @@
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QHBoxLayout>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -83,13 +84,17 @@ ImportDialog::ImportDialog(const std::string& path, CsvTable table, QWidget* par
       m_sort(named("chkSort", new QCheckBox("&Sort the points by x"))),
       m_title(named("txtTitle", new QLineEdit)),
       m_summary(plain_label("lblSummary")),
-      m_notes(plain_label("lblNotes")) {
+      m_notes(plain_label("lblNotes")),
+      m_notes_area(new QScrollArea) {
   setObjectName("ImportDialog");
   const std::string name = std::filesystem::path(path).filename().string();
   setWindowTitle("Import " + shown(on_one_line(as_utf8(name))));
   auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Cancel);
   m_import = named("cmdImport", buttons->addButton("&Import", QDialogButtonBox::AcceptRole));
+  // Return in a field imports; the other buttons have no claim to it.
+  for (QPushButton* button : {m_all, m_none}) button->setAutoDefault(false);
   m_import->setDefault(true);
+  buttons->button(QDialogButtonBox::Cancel)->setText("Cancel");
   fill_fields();
 
   auto* const fields = new QHBoxLayout;
@@ -98,14 +103,8 @@ ImportDialog::ImportDialog(const std::string& path, CsvTable table, QWidget* par
   auto* const layout = new QVBoxLayout(this);
   layout->addWidget(make_preview(), 3);
   layout->addLayout(fields, 2);
-  auto* const notes = new QScrollArea;
-  notes->setWidget(m_notes);
-  notes->setWidgetResizable(true);
-  notes->setFrameShape(QFrame::NoFrame);
-  notes->setMaximumHeight(fontMetrics().height() * 5);
-  notes->setAccessibleName("What was left out");
   layout->addWidget(m_summary);
-  layout->addWidget(notes);
+  layout->addWidget(make_notes());
   layout->addWidget(buttons);
   resize(fontMetrics().averageCharWidth() * 110, fontMetrics().height() * 38);
 
@@ -116,6 +115,16 @@ ImportDialog::ImportDialog(const std::string& path, CsvTable table, QWidget* par
   evaluate();
 }
 
+// They take room only where there is something to say, and never more than a few lines.
+QScrollArea* ImportDialog::make_notes() {
+  m_notes_area->setWidget(m_notes);
+  m_notes_area->setWidgetResizable(true);
+  m_notes_area->setFrameShape(QFrame::NoFrame);
+  m_notes_area->setFixedHeight(fontMetrics().height() * 4);
+  m_notes_area->setAccessibleName("What was left out");
+  return m_notes_area;
+}
+
 QWidget* ImportDialog::make_preview() {
   auto* const box = new QWidget;
   auto* const table = named("tblPreview", new QTableView);
@@ -123,6 +132,7 @@ QWidget* ImportDialog::make_preview() {
   table->setEditTriggers(QAbstractItemView::NoEditTriggers);
   table->setAlternatingRowColors(true);
   table->setTabKeyNavigation(false);
+  table->verticalHeader()->setDefaultSectionSize(fontMetrics().height() * 3 / 2);
   table->setAccessibleName("The first rows of the file");
   const QString rows = m_look.rows > TablePreview::kMostRows
                            ? " (of " + QString::number(m_look.rows) + ", 100 are shown)"
@@ -269,6 +279,7 @@ void ImportDialog::evaluate() {
 void ImportDialog::show_result(const QString& summary, const QString& notes) {
   m_summary->setText(summary);
   m_notes->setText(notes);
+  m_notes_area->setVisible(!notes.isEmpty());
 }
 
 void ImportDialog::accept() {

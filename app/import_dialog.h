@@ -16,6 +16,7 @@ class QLabel;
 class QLineEdit;
 class QListWidget;
 class QPushButton;
+class QScrollArea;
 class QSpinBox;
 class QVBoxLayout;
 
@@ -36,6 +37,7 @@ class ImportDialog final : public QDialog {
 
  private:
   QWidget* make_preview();
+  QScrollArea* make_notes();
   QVBoxLayout* make_x_fields();
   QVBoxLayout* make_curve_fields();
   void fill_fields();
@@ -63,6 +65,7 @@ class ImportDialog final : public QDialog {
   QLineEdit* m_title;
   QLabel* m_summary;
   QLabel* m_notes;
+  QScrollArea* m_notes_area;
   QPushButton* m_import;
 };
 
