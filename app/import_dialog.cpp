@@ -93,7 +93,6 @@ ImportDialog::ImportDialog(const std::string& path, CsvTable table, QWidget* par
   m_import = named("cmdImport", buttons->addButton("&Import", QDialogButtonBox::AcceptRole));
   // Return in a field imports; the other buttons have no claim to it.
   for (QPushButton* button : {m_all, m_none}) button->setAutoDefault(false);
-  m_import->setDefault(true);
   buttons->button(QDialogButtonBox::Cancel)->setText("Cancel");
   fill_fields();
 
@@ -106,6 +105,8 @@ ImportDialog::ImportDialog(const std::string& path, CsvTable table, QWidget* par
   layout->addWidget(m_summary);
   layout->addWidget(make_notes());
   layout->addWidget(buttons);
+  // Only a button that has come into the dialog can be its default.
+  m_import->setDefault(true);
   resize(fontMetrics().averageCharWidth() * 110, fontMetrics().height() * 38);
 
   connect(buttons, &QDialogButtonBox::accepted, this, [this] { accept(); });

@@ -92,6 +92,19 @@ TEST(ImportDialog, TheRowNumberCanBeX) {
   EXPECT_EQ(source.data->values(1, 3), 3);
 }
 
+TEST(ImportDialog, ReturnImportsAndEscapeDoesNot) {
+  for (const auto& [key, result] : {std::pair(Qt::Key_Return, int(QDialog::Accepted)),
+                                    std::pair(Qt::Key_Escape, int(QDialog::Rejected))}) {
+    Import import(kTable);
+    import.dialog.activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&import.dialog));
+    ASSERT_NE(import.dialog.focusWidget(), nullptr);
+    QTest::keyClick(import.dialog.focusWidget(), key);
+    EXPECT_EQ(import.dialog.result(), result);
+    EXPECT_FALSE(import.dialog.isVisible());
+  }
+}
+
 TEST(ImportDialog, CurvesThatAreNotTickedStayOut) {
   Import import(kTable);
   import.curve("up")->setCheckState(Qt::Unchecked);
