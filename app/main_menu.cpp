@@ -102,6 +102,13 @@ void MainMenu::make_graph_menu() {
   graph->addSeparator();
   add(graph, "mnuRefresh", "&Refresh", QKeySequence("F5"), Needs::kGraph,
       "Put titles and legend back in their places and draw anew", word("refresh"));
+  graph->addSeparator();
+  QAction* const toolbar = graph->addAction("Show Tool&bar");
+  toolbar->setObjectName("mnuShowToolbar");
+  toolbar->setStatusTip("Show or hide the buttons above the graph");
+  toolbar->setCheckable(true);
+  toolbar->setChecked(true);
+  QObject::connect(toolbar, &QAction::toggled, &m_window, m_commands.show_toolbar);
 }
 
 void MainMenu::make_help_menu() {

@@ -23,6 +23,7 @@ struct MenuCommands {
   std::function<void()> close;
   std::function<void()> quit;
   std::function<void(const char* word)> send;
+  std::function<void(bool on)> show_toolbar;
   std::function<void()> getting_started;
   std::function<void()> about;
 };

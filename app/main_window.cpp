@@ -79,6 +79,7 @@ KurvGraph* MainWindow::new_graph() {
   graph->setAccessibleName("Graph");
   // The menu has the same keys.
   graph->setProperty("shortcuts_enabled", false);
+  graph->setProperty("toolbar_visible", m_has_toolbar);
   if (m_locale) set_locale(*graph, *m_locale);
   m_layout->addWidget(graph);
   if (m_graph) {

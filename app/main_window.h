@@ -94,6 +94,7 @@ class MainWindow final : public QMainWindow {
   std::vector<std::string> m_warnings;
   QSet<QString> m_warned;  // functions
   bool m_telling = false;
+  bool m_has_toolbar = true;
 };
 
 }  // namespace kurv::app

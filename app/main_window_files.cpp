@@ -74,6 +74,10 @@ void MainWindow::make_menu() {
   commands.close = [this] { close(); };
   commands.quit = [] { quit_when_all_agree(); };
   commands.send = [this](const char* word) { send(word); };
+  commands.show_toolbar = [this](bool on) {
+    m_has_toolbar = on;
+    m_graph->setProperty("toolbar_visible", on);
+  };
   commands.getting_started = [this] {
     QMessageBox::information(this, "Getting Started", getting_started());
   };

@@ -232,6 +232,15 @@ TEST_F(MainWindowTest, EveryMenuEntryHasAMnemonicOfItsOwnAndAName) {
   }
 }
 
+TEST_F(MainWindowTest, AHiddenToolbarStaysHiddenForTheNextFile) {
+  MainWindow* const kurv = window_of(graph_file());
+  EXPECT_TRUE(kurv->graph().property("toolbar_visible").toBool());
+  press(kurv, "mnuShowToolbar");
+  EXPECT_FALSE(kurv->graph().property("toolbar_visible").toBool());
+  kurv->put({}, load(table(), {}));
+  EXPECT_FALSE(kurv->graph().property("toolbar_visible").toBool());
+}
+
 TEST_F(MainWindowTest, ExportWritesThePictureOfTheGraph) {
   MainWindow* const kurv = window_of(table());
   choose_file(path("picture"));
