@@ -9,6 +9,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
+#include <QScreen>
 #include <QScrollArea>
 #include <QSpinBox>
 #include <QTableView>
@@ -107,7 +108,9 @@ ImportDialog::ImportDialog(const std::string& path, CsvTable table, QWidget* par
   layout->addWidget(buttons);
   // Only a button that has come into the dialog can be its default.
   m_import->setDefault(true);
-  resize(fontMetrics().averageCharWidth() * 110, fontMetrics().height() * 38);
+  const QSize comfortable(fontMetrics().averageCharWidth() * 110, fontMetrics().height() * 38);
+  // Large letters must not push the buttons off the screen.
+  resize(comfortable.boundedTo(screen()->availableSize() * 0.9));
 
   connect(buttons, &QDialogButtonBox::accepted, this, [this] { accept(); });
   connect(buttons, &QDialogButtonBox::rejected, this, [this] { reject(); });
@@ -118,6 +121,7 @@ ImportDialog::ImportDialog(const std::string& path, CsvTable table, QWidget* par
 
 // They take room only where there is something to say, and never more than a few lines.
 QScrollArea* ImportDialog::make_notes() {
+  m_notes->setAlignment(Qt::AlignTop | Qt::AlignLeft);
   m_notes_area->setWidget(m_notes);
   m_notes_area->setWidgetResizable(true);
   m_notes_area->setFrameShape(QFrame::NoFrame);
