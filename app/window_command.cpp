@@ -1,17 +1,13 @@
 #include "app/window_command.h"
 
-#include <KurvGraph/KurvGraph.h>
-
 #include <QApplication>
-#include <QFileInfo>
-#include <QMainWindow>
 #include <cstdlib>
 #include <iostream>
-#include <memory>
 #include <optional>
 #include <vector>
 
 #include "app/graph_intake.h"
+#include "app/main_window.h"
 #include "app/user_error.h"
 
 namespace kurv::app {
@@ -53,32 +49,6 @@ void wait_for_the_worst(QtMsgType type, const QMessageLogContext&, const QString
   if (type == QtFatalMsg) end_without_display();
 }
 
-QString window_title(const std::string& path) {
-  QString name = QFileInfo(QFile::decodeName(path.c_str())).fileName();
-  // These three characters are a place holder of the toolkit; twice, they are themselves.
-  return name.replace(QLatin1String("[*]"), QLatin1String("[*][*]"));
-}
-
-// The size that is asked for is the picture's; the toolbar comes on top of it.
-void resize_picture(KurvGraph& graph, QSize size) {
-  graph.resize(graph.size() + size - graph.plot_rect().size());
-}
-
-std::unique_ptr<QMainWindow> make_window(const GraphChoice& choice, const GraphSource& file) {
-  auto window = std::make_unique<QMainWindow>();
-  window->setWindowTitle(window_title(file.path));
-  auto* const graph = new KurvGraph;
-  resize_picture(*graph, choice.size.value_or(kUsualSize));
-  fill(choice, file, *graph);
-  // A graph file has a size of its own.
-  if (choice.size) resize_picture(*graph, *choice.size);
-  window->resize(graph->size());
-  window->setCentralWidget(graph);
-  graph->setFocus();
-  finish_looks(choice, file, *graph, *graph);
-  return window;
-}
-
 }  // namespace
 
 int open_windows(const WindowRequest& request, const std::function<void(const std::string&)>& say) {
@@ -107,9 +77,10 @@ int open_windows(const WindowRequest& request, const std::function<void(const st
   // and opens neither a message box nor an empty window.
   files = accepted(
       std::move(files), [&](const GraphSource& file) { picture_of(request, file, 1); }, say);
-  std::vector<std::unique_ptr<QMainWindow>> windows;
-  for (const GraphSource& file : files) windows.push_back(make_window(request, file));
-  for (const auto& window : windows) window->show();
+  for (const GraphSource& file : files) {
+    (new MainWindow(request.locale, say))->put(request, file);
+  }
+  if (request.data_files.empty()) (new MainWindow(request.locale, say))->show();
   const int status = QApplication::exec();
   return status == 0 && files.size() < request.data_files.size() ? kFailure : status;
 }

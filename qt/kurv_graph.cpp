@@ -243,7 +243,11 @@ void KurvGraph::build_the_graph() {
 }
 
 void KurvGraph::file_load(const QString& filename) {
-  call([&](Control& control) { control.file_load(filename.toStdString()); });
+  load_path(filename.toStdString());
+}
+
+void KurvGraph::load_path(const String& path) {
+  call([&](Control& control) { control.file_load(path); });
 }
 
 void KurvGraph::Save_graph() {

@@ -57,6 +57,7 @@ struct KurvGraph::State final : Container, Client {
   void set_Height(Single twips) override;
   void set_Width(Single twips) override;
   void redrawn() override { ++whole_redraws; }
+  void filed() override;
   void MouseUp(Integer Button, Integer Shift, Single x, Single Y) override;
 
   QPointer<KurvGraph> widget;

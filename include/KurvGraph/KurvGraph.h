@@ -38,8 +38,10 @@
 #include <QRect>
 #include <QString>
 #include <QWidget>
+#include <functional>
 #include <memory>
 #include <optional>
+#include <string_view>
 #include <vector>
 
 namespace kurv {
@@ -245,6 +247,24 @@ class KurvGraph : public QWidget {
   QString SubTitle() const;
   void set_SubTitle(const QString& value);
 
+  // -- The graph's file -----------------------------------------------------------------------
+  // The path last loaded or written, empty before the first; the bytes by which the platform knows
+  // the file, which need not be UTF-8. So are those of load_path(), which is file_load() otherwise.
+  String FileName() const;
+  void load_path(const String& path);
+  // False again after every redraw and every resize.
+  bool GraphSaved() const;
+  // Forgets the path, so that other data are never saved over an older graph.
+  void reset_file();
+  // Whether data have come that can be plotted. Without them nothing is drawn.
+  bool has_graph() const;
+  // The expressions of the function curves, in their order.
+  std::vector<QString> functions() const;
+  // Hands over, piece by piece, what the graph file would say now but for the control's size. Two
+  // graphs with the same text are the same graph, whatever the size of their windows. Throws
+  // kSubscriptOutOfRange for more than 30 function curves.
+  void graph_text(const std::function<void(std::string_view)>& sink) const;
+
   // -- Picture --------------------------------------------------------------------------------
   // What has been drawn in the plot, in device pixels. A hidden widget takes up a new size with the
   // next call that may draw.
@@ -282,6 +302,10 @@ class KurvGraph : public QWidget {
   // After each redraw that was complete: before the host's call returns, or, where an event of the
   // toolkit caused it, once that event is over.
   void redrawn();
+  // The graph has just been loaded from its file or written to it. It comes in the midst of that: a
+  // slot may look at the graph and must leave it as it is, or be connected with
+  // Qt::QueuedConnection.
+  void filed();
   // Something that the user or the toolkit did has failed; the graph is as the error left it. When
   // nobody listens, a message box says so.
   void runTimeError(int number, const QString& text);
