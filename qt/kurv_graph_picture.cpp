@@ -1,4 +1,4 @@
-// What a host can learn about the picture: its pixels, and where its data stand.
+// What a host can learn about the picture: its pixels, its lines, and where its data stand.
 #include <cmath>
 
 #include "core/control_state.h"
@@ -23,6 +23,20 @@ bool can_be_mapped(const GraphDocument& document, const PlotRect& plot) {
 
 QImage KurvGraph::image() const {
   return m_state->picture.image();
+}
+
+QByteArray KurvGraph::svg() const {
+  return m_state->document_in(VectorFormat::kSvg);
+}
+
+QByteArray KurvGraph::pdf() const {
+  return m_state->document_in(VectorFormat::kPdf);
+}
+
+QByteArray KurvGraph::State::document_in(VectorFormat format) const {
+  VectorPicture document(format, shown_text(graph.Title()), size, ratio);
+  graph.draw_on(document);
+  return document.take_document();
 }
 
 std::optional<QPointF> KurvGraph::data_at(QPointF pixel) const {

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "dialogs/shared_windows.h"
+#include "qt/picture_printer.h"
 
 namespace kurv {
 
@@ -29,7 +30,9 @@ KurvGraph::State::State(KurvGraph& owner, PlotSurface* lent)
       picture(size, ratio),
       surface(lent ? *lent : static_cast<PlotSurface&>(picture)),
       shell(owner, this),
-      graph(*this, shell, surface) {}
+      graph(*this, shell, surface) {
+  provide_desktop_printer();
+}
 
 void KurvGraph::State::fit() {
   if (!widget) return;

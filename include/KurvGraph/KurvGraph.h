@@ -28,6 +28,7 @@
 #include <KurvGraph/fault.h>
 #include <KurvGraph/values.h>
 
+#include <QByteArray>
 #include <QImage>
 #include <QPointF>
 #include <QString>
@@ -239,6 +240,10 @@ class KurvGraph : public QWidget {
   // What has been drawn, in device pixels. A hidden widget takes up a new size with the next call
   // that may draw.
   QImage image() const;
+  // The graph as the next redraw would show it, as a document of lines and text, made from copies:
+  // nothing of the graph changes. Blank while there is no graph.
+  QByteArray svg() const;
+  QByteArray pdf() const;
   // The data coordinates at a point of the widget, and back, by the limits and the plot rectangle
   // as they are; both also outside the plot. Nothing while there is no graph, or the limits of an
   // axis are equal.
