@@ -6,6 +6,7 @@
 #include <QPainter>
 #include <QPdfWriter>
 #include <QPen>
+#include <cmath>
 
 #include "qt/vector_page.h"
 #include "render/palette.h"
@@ -30,10 +31,13 @@ class PdfPage final : public VectorPage {
     m_writer.setTitle(setup.title);
     m_writer.setCreator(QStringLiteral("KurvGraph"));
     m_writer.setResolution(kTwipsPerInch);
-    const QPageSize size(setup.twips / kTwipsPerPoint, QPageSize::Point, {}, QPageSize::ExactMatch);
+    // The writer knows whole points only; a white edge is better than a lost one.
+    const QSizeF points(std::ceil(setup.twips.width() / kTwipsPerPoint),
+                        std::ceil(setup.twips.height() / kTwipsPerPoint));
+    const QPageSize size(points, QPageSize::Point, {}, QPageSize::ExactMatch);
     m_writer.setPageLayout(QPageLayout(size, QPageLayout::Portrait, {}, QPageLayout::Point));
     m_painter.begin(&m_writer);
-    m_painter.fillRect(QRectF(QPointF(0, 0), setup.twips), Qt::white);
+    m_painter.fillRect(QRectF(QPointF(0, 0), points * kTwipsPerPoint), Qt::white);
   }
 
   void stroke(const QPainterPath& path, int colour, double pen_width, Style style) override {

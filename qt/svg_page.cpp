@@ -84,31 +84,33 @@ class PathData {
     const Place to = place_of(element);
     // Of a curve with more points than the page can show, those that are one are written once.
     if (to == m_here && m_steps > 0) return;
-    begin('l');
+    begin('l', to);
     append_step(to);
     m_here = to;
   }
 
   void step_curve(const QPainterPath::Element& first, const QPainterPath::Element& second,
                   const QPainterPath::Element& last) {
-    begin('c');
+    begin('c', place_of(first));
     append_step(place_of(first));
-    m_text += ' ';
+    separate(place_of(second));
     append_step(place_of(second));
-    m_text += ' ';
+    separate(place_of(last));
     append_step(place_of(last));
     m_here = place_of(last);
   }
 
-  // A command is not repeated, and a minus sign separates as well as a blank does.
-  void begin(char command) {
+  // A command is not repeated.
+  void begin(char command, Place to) {
     ++m_steps;
-    if (m_command == command) {
-      m_text += ' ';
-    } else {
-      m_text += command;
-      m_command = command;
-    }
+    if (m_command == command) return separate(to);
+    m_text += command;
+    m_command = command;
+  }
+
+  // A minus sign separates as well as a blank does.
+  void separate(Place to) {
+    if (to.x >= m_here.x) m_text += ' ';
   }
 
   void append_step(Place to) {
@@ -138,15 +140,22 @@ QString allowed(QString text) {
   return text;
 }
 
-// The families that the layout asks for, and of the generic ones the last.
-QString family_list(const QFont& font) {
-  QStringList names = font.families();
-  const QString generic = names.takeLast();
-  for (QString& name : names) {
-    name.replace(u'\\', QStringLiteral("\\\\")).replace(u'\'', QStringLiteral("\\'"));
-    name = u'\'' + allowed(name) + u'\'';
-  }
-  return (names << generic).join(QStringLiteral(", "));
+// A family between quotes.
+QString quoted(QString family) {
+  family.replace(u'\\', QStringLiteral("\\\\")).replace(u'\'', QStringLiteral("\\'"));
+  return u'\'' + allowed(family) + u'\'';
+}
+
+// The whole font in one word, with the families that stand in for one that is missing; of those the
+// last is a generic one, which has no quotes.
+QString font_shorthand(const QFont& font, const QString& size) {
+  QStringList families = font.families();
+  const QString generic = families.takeLast();
+  families.removeDuplicates();
+  for (QString& family : families) family = quoted(family);
+  families << generic;
+  return QLatin1String(font.italic() ? "italic " : "") + QLatin1String(font.bold() ? "bold " : "") +
+         size + QStringLiteral("px ") + families.join(u',');
 }
 
 class SvgPage final : public VectorPage {
@@ -197,10 +206,13 @@ class SvgPage final : public VectorPage {
     attribute("x", number(piece.left));
     attribute("y", number(piece.baseline));
     attribute("fill", colour_of(colour));
-    attribute("font-family", family_list(font));
-    attribute("font-size", number(font.pixelSize() * layout.twips_per_font_pixel()));
+    // Not every viewer knows lists of families: those that do not have the attributes.
+    const QString size = number(font.pixelSize() * layout.twips_per_font_pixel());
+    attribute("font-family", quoted(font.families().constFirst()));
+    attribute("font-size", size);
     if (font.bold()) attribute("font-weight", QStringLiteral("bold"));
     if (font.italic()) attribute("font-style", QStringLiteral("italic"));
+    attribute("style", "font:" + font_shorthand(font, size));
     attribute("textLength", number(piece.width));
     attribute("lengthAdjust", QStringLiteral("spacingAndGlyphs"));
     attribute("xml:space", QStringLiteral("preserve"));

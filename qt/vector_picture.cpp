@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 #include <optional>
+#include <string>
 #include <utility>
 
 #include "qt/resolution.h"
@@ -34,8 +35,9 @@ SurfacePoint surface_point(QPointF point) {
 
 // On one line and without what cannot be seen.
 QString plain_title(const QString& title) {
+  const std::string text = title.toStdString();
   QString result;
-  for (const std::string_view line : lines_of(title.toStdString())) {
+  for (const std::string_view line : lines_of(text)) {
     if (!result.isEmpty()) result += u' ';
     for (const QString& piece : pieces_of(line)) result += piece;
   }

@@ -147,8 +147,8 @@ TEST(CommandLine, EveryTakesAWholeNumberAboveZero) {
 }
 
 TEST(CommandLine, OnlyTwoKindsOfPicturesAreKnown) {
-  EXPECT_EQ(picture_format("a.PNG"), "PNG");
-  EXPECT_EQ(picture_format("dir.png/a.Bmp"), "BMP");
+  EXPECT_EQ(picture_format("a.PNG"), PictureFormat::kPng);
+  EXPECT_EQ(picture_format("dir.png/a.Bmp"), PictureFormat::kBmp);
   for (const char* name : {"a.jpg", "a", "", "png", "a.png.txt", "a.png/"}) {
     EXPECT_THAT(misuse_of({"render", "data.csv", "--output", name}),
                 AllOf(HasSubstr(".png"), HasSubstr(".bmp")))
