@@ -292,8 +292,8 @@ TEST(VectorPicture, OfWhatIsFarAwayThePageShowsWhatAPictureShows) {
     surface->Arc({3000, -1.0e6F}, 1003000, 2, 4, 4.7124F);
   }
   const QImage expected = pixels.image();
-  EXPECT_LT(test::difference(test::rendered_svg(svg.take_document(), 2), expected), 3);
-  EXPECT_LT(test::difference(test::rendered_pdf(pdf.take_document(), 2), expected), 3);
+  EXPECT_LT(test::difference(test::rendered_svg(svg.take_document(), 2), expected), 1);
+  EXPECT_LT(test::difference(test::rendered_pdf(pdf.take_document(), 2), expected), 2);
 }
 
 }  // namespace
