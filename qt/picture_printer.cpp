@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QFile>
+#include <QFileInfo>
 #include <QPainter>
 #include <QPointer>
 #include <QPrintDialog>
@@ -95,10 +96,11 @@ bool print_page(QPagedPaintDevice& device, const QImage& picture, const Caption&
 // so it stands there only where everything has arrived.
 bool is_whole_pdf(const QString& path) {
   QFile file(path);
-  if (!file.open(QIODevice::ReadOnly)) return false;
+  // A device may have no end.
+  if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly)) return false;
   constexpr qint64 kTail = 200;
   file.seek(std::max<qint64>(0, file.size() - kTail));
-  const QList<QByteArray> words = file.readAll().simplified().split(' ');
+  const QList<QByteArray> words = file.read(kTail).simplified().split(' ');
   const qsizetype mark = words.lastIndexOf("startxref");
   if (mark < 0 || mark + 2 >= words.size() || words[mark + 2] != "%%EOF") return false;
   return file.seek(words[mark + 1].toLongLong()) && file.read(4) == "xref";

@@ -32,7 +32,8 @@ struct Caption {
 // device does not take it.
 bool print_page(QPagedPaintDevice& device, const QImage& picture, const Caption& caption);
 
-// Whether a PDF has been written to its end: the toolkit does not tell.
+// Whether a PDF has been written to its end: the toolkit does not tell. False of what is no regular
+// file.
 bool is_whole_pdf(const QString& path);
 
 }  // namespace kurv

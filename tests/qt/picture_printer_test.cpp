@@ -135,6 +135,7 @@ TEST_F(PrinterPage, OnlyAFileWithAllOfItsBytesIsWhole) {
   write(whole.left(200) + whole.mid(300));
   EXPECT_FALSE(is_whole_pdf(path())) << "a hole in the middle";
   EXPECT_FALSE(is_whole_pdf(m_folder.filePath("missing.pdf")));
+  EXPECT_FALSE(is_whole_pdf("/dev/full")) << "which would be read without end";
 }
 
 }  // namespace
