@@ -117,10 +117,11 @@ HostSession::Result HostSession::pointer(const QJsonObject& request) {
 
 HostSession::Result HostSession::picture(const QJsonObject& request) {
   const std::string path = request["picture"].toString().toStdString();
-  if (!picture_format(path)) refuse();
-  const QImage image = hosted().image();
+  const std::optional<PictureFormat> format = picture_format(path);
+  if (!format) refuse();
+  const QByteArray bytes = hosted().picture(*format);
   try {
-    write_picture(image, path);
+    write_picture(bytes, path);
   } catch (const UserError&) {
     throw unwritable(QFileInfo(QString::fromStdString(path)));
   }

@@ -16,7 +16,7 @@
 #include "app/import_dialog.h"
 #include "app/main_menu.h"
 #include "app/main_window.h"
-#include "app/picture_export.h"
+#include "app/picture_file.h"
 #include "app/recent_files.h"
 #include "app/text.h"
 #include "app/text_file.h"
@@ -220,7 +220,8 @@ bool MainWindow::save() {
 void MainWindow::export_picture() {
   const QPointer<QFileDialog> dialog(new QFileDialog(this, "Export Picture"));
   dialog->setAcceptMode(QFileDialog::AcceptSave);
-  dialog->setNameFilters(picture_filters());
+  dialog->setNameFilters({"PNG picture (*.png)", "SVG drawing (*.svg)", "PDF document (*.pdf)",
+                          "Bitmap (*.bmp)"});
   follow_filter(*dialog);
   const std::filesystem::path path(m_path);
   if (!m_path.empty()) {
@@ -233,7 +234,7 @@ void MainWindow::export_picture() {
   delete dialog;
   if (!accepted || chosen.isEmpty()) return;
   try {
-    export_graph(*m_graph, QFile::encodeName(chosen).toStdString());
+    app::export_picture(*m_graph, QFile::encodeName(chosen).toStdString());
     statusBar()->showMessage("Written: " + chosen);
   } catch (const UserError& error) {
     tell(error.what());

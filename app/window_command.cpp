@@ -76,7 +76,7 @@ int open_windows(const WindowRequest& request, const std::function<void(const st
   // A first drawing that nobody sees: what a graph refuses is said here, as it is for a picture,
   // and opens neither a message box nor an empty window.
   files = accepted(
-      std::move(files), [&](const GraphSource& file) { picture_of(request, file, 1); }, say);
+      std::move(files), [&](const GraphSource& file) { check_picture(request, file); }, say);
   for (const GraphSource& file : files) {
     (new MainWindow(request.locale, say))->put(request, file);
   }

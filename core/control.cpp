@@ -119,6 +119,10 @@ std::optional<String> Control::derive(const String& name, const String& expressi
   return kurv::derive(*m_state, name, expression);
 }
 
+void Control::draw_on(PlotSurface& surface) const {
+  kurv::draw_on(*m_state, surface);
+}
+
 std::vector<String> Control::functions() const {
   std::vector<String> expressions;
   for (int k = 1; k <= std::min<int>(m_state->document.NumYFunc, kMaxFunctions); ++k) {

@@ -1,4 +1,4 @@
-// What a host can learn about the picture: its pixels, and where its data stand.
+// What a host can learn about the picture: its pixels, its lines, and where its data stand.
 #include <cmath>
 
 #include "core/control_state.h"
@@ -27,6 +27,20 @@ QImage KurvGraph::image() const {
 
 QRect KurvGraph::plot_rect() const {
   return m_state->plot_rect();
+}
+
+QByteArray KurvGraph::svg() const {
+  return m_state->document_in(VectorFormat::kSvg);
+}
+
+QByteArray KurvGraph::pdf() const {
+  return m_state->document_in(VectorFormat::kPdf);
+}
+
+QByteArray KurvGraph::State::document_in(VectorFormat format) const {
+  VectorPicture document(format, shown_text(graph.Title()), inner, ratio);
+  graph.draw_on(document);
+  return document.take_document();
 }
 
 std::optional<QPointF> KurvGraph::data_at(QPointF pixel) const {

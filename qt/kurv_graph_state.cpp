@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "dialogs/shared_windows.h"
+#include "qt/picture_printer.h"
 
 namespace kurv {
 
@@ -32,6 +33,7 @@ KurvGraph::State::State(KurvGraph& owner, PlotSurface* lent)
       surface(lent ? *lent : static_cast<PlotSurface&>(picture)),
       shell(owner, this),
       graph(*this, shell, surface) {
+  provide_desktop_printer();
   owner.resize(usual_size());
   outer = owner.size();
   arrange();

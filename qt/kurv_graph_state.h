@@ -5,6 +5,7 @@
 #include <KurvGraph/container.h>
 #include <KurvGraph/control.h>
 #include <KurvGraph/picture.h>
+#include <KurvGraph/vector_picture.h>
 
 #include <QPointer>
 #include <QRect>
@@ -41,6 +42,8 @@ struct KurvGraph::State final : Container, Client {
   // changed is shown. Returns how many whole redraws there were.
   int finish();
   double twips_per_logical_pixel() const;
+  // The graph as a document of lines and text, for which nothing of it changes.
+  QByteArray document_in(VectorFormat format) const;
 
   void set_design_mode(bool on);
 

@@ -186,15 +186,17 @@ std::optional<Font> QtShell::choose_font(const Font& preset) {
               chosen.italic()};
 }
 
-// The toolkit offers an image in every format that it can write, PNG and BMP among them.
+// The toolkit offers an image in every format that it can write, PNG and BMP among them. It takes
+// the place of what was there in one go; only where there is none, the clipboard is emptied.
 void QtShell::copy_picture(std::string_view bitmap) {
   if (!somebody_can_answer()) return;
   QClipboard* const clipboard = QApplication::clipboard();
-  clipboard->clear();
   QImage image;
   if (image.loadFromData(reinterpret_cast<const uchar*>(bitmap.data()),
                          static_cast<int>(bitmap.size()), "BMP")) {
     clipboard->setImage(image);
+  } else {
+    clipboard->clear();
   }
 }
 

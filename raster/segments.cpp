@@ -1,15 +1,11 @@
 #include <cmath>
 
+#include "raster/geometry.h"
 #include "raster/stroke_parts.h"
 #include "raster/strokes.h"
 
 namespace kurv::raster {
 namespace {
-
-struct Vector {
-  double x = 0;
-  double y = 0;
-};
 
 // A segment in pixels: where it is near or inside the mask, and its direction of length one.
 struct Segment {
@@ -17,39 +13,6 @@ struct Segment {
   Vector to;
   Vector direction;
 };
-
-// A straight line in the caller's units: a x + b y + c = 0.
-//
-// A product of two singles is exact in a double. So c, the one term in which large numbers cancel,
-// is rounded once, and a point on the line comes out right when the ends are 1e38 away.
-struct LineEquation {
-  double a, b, c;
-
-  double y_at(double x) const { return -(a * x + c) / b; }
-  double x_at(double y) const { return -(b * y + c) / a; }
-};
-
-LineEquation line_through(Point p, Point q) {
-  const double px = p.x, py = p.y, qx = q.x, qy = q.y;
-  return {py - qy, qx - px, px * qy - qx * py};
-}
-
-// The point of the segment that is nearest to `end` and, along the direction in which the line runs
-// most, not outside low..high.
-Vector clipped_end(const LineEquation& line, Point end, Vector low, Vector high) {
-  if (std::abs(line.b) >= std::abs(line.a)) {
-    if (end.x < low.x) return {low.x, line.y_at(low.x)};
-    if (end.x > high.x) return {high.x, line.y_at(high.x)};
-  } else {
-    if (end.y < low.y) return {line.x_at(low.y), low.y};
-    if (end.y > high.y) return {line.x_at(high.y), high.y};
-  }
-  return {end.x, end.y};
-}
-
-bool outside(float first, float second, double low, double high) {
-  return std::max(first, second) < low || std::min(first, second) > high;
-}
 
 // Adds the visible part of the segment. Everything within reach of it is at the same distance from
 // the whole one: the part ends no nearer to the mask than the pen reaches.
@@ -124,24 +87,17 @@ class CapsuleFiller {
 }  // namespace
 
 void add_segment(Coverage& mask, const Pen& pen, Point from, Point to) {
-  if (std::isnan(from.x) || std::isnan(from.y) || std::isnan(to.x) || std::isnan(to.y)) return;
-  from = finite(from);
-  to = finite(to);
-
+  if (has_nan(from) || has_nan(to)) return;
   const double scale = pen.pixels_per_unit;
   const double reach = pen.half_width + 0.5;
   const double margin = (reach + 1) / scale;
-  const Vector low{-margin, -margin};
-  const Vector high{mask.width() / scale + margin, mask.height() / scale + margin};
-  if (outside(from.x, to.x, low.x, high.x) || outside(from.y, to.y, low.y, high.y)) return;
-
-  const LineEquation line = line_through(from, to);
-  const double length = std::sqrt(line.a * line.a + line.b * line.b);
-  const Vector direction = length > 0 ? Vector{line.b / length, -line.a / length} : Vector{1, 0};
-  const Vector first = clipped_end(line, from, low, high);
-  const Vector last = clipped_end(line, to, low, high);
-  const Segment visible{
-      {first.x * scale, first.y * scale}, {last.x * scale, last.y * scale}, direction};
+  const Box box{{-margin, -margin},
+                {mask.width() / scale + margin, mask.height() / scale + margin}};
+  const std::optional<VisiblePart> part = visible_part(finite(from), finite(to), box);
+  if (!part) return;
+  const Segment visible{{part->from.x * scale, part->from.y * scale},
+                        {part->to.x * scale, part->to.y * scale},
+                        part->direction};
   CapsuleFiller(mask, visible, reach).fill();
 }
 

@@ -33,6 +33,7 @@
 #include <KurvGraph/fault.h>
 #include <KurvGraph/values.h>
 
+#include <QByteArray>
 #include <QImage>
 #include <QPointF>
 #include <QRect>
@@ -271,6 +272,10 @@ class KurvGraph : public QWidget {
   QImage image() const;
   // Where the plot stands in the widget: all that the toolbar leaves.
   QRect plot_rect() const;
+  // The graph as the next redraw would show it, as a document of lines and text, made from copies:
+  // nothing of the graph changes. Blank while there is no graph.
+  QByteArray svg() const;
+  QByteArray pdf() const;
   // The data coordinates at a point of the widget, and back, by the limits and the plot rectangle
   // as they are; both also outside the plot. Nothing while there is no graph, or the limits of an
   // axis are equal.

@@ -244,6 +244,11 @@ class Control {
   // The expressions of the function curves, in their order.
   std::vector<String> functions() const;
 
+  // Paints the graph as the next redraw would show it on another surface, which should have the
+  // size of the control's own; blank while there is no graph. Works on copies: nothing of the
+  // control changes, it stays as saved as it was, and nobody is told. Throws what a redraw throws.
+  void draw_on(PlotSurface& surface) const;
+
   // -- The graph's file -----------------------------------------------------------------------
   // The path last loaded or written, empty before the first.
   String FileName() const;
