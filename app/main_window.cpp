@@ -72,9 +72,29 @@ MainWindow::MainWindow(std::optional<QLocale> locale, Say say)
 
 MainWindow::~MainWindow() = default;
 
+namespace {
+
+// The graph's own "open" would take a graph file in place of this one, saved or not. The window's
+// asks, and it knows tables as well.
+class WindowGraph final : public KurvGraph {
+ public:
+  explicit WindowGraph(std::function<void()> open) : m_open(std::move(open)) {}
+
+ protected:
+  void run_command(const QString& word) override {
+    if (word != QLatin1String("open")) return KurvGraph::run_command(word);
+    QMetaObject::invokeMethod(this, m_open, Qt::QueuedConnection);
+  }
+
+ private:
+  std::function<void()> m_open;
+};
+
+}  // namespace
+
 // Under what is shown. It has its place at once, because a graph file may change its size.
 KurvGraph* MainWindow::new_graph() {
-  auto* const graph = new KurvGraph;
+  auto* const graph = new WindowGraph([this] { choose_files(); });
   graph->setObjectName("graph");
   graph->setAccessibleName("Graph");
   // The menu has the same keys.

@@ -172,8 +172,7 @@ void KurvGraph::State::handle(const std::function<void(Control&)>& work) {
   if (widget) widget->handle([&](State& state) { work(state.graph); });
 }
 
-// Once the current event is over: a command may show a dialog, and the widget may be gone after it.
-void KurvGraph::run(const QString& word) {
+void KurvGraph::run_command(const QString& word) {
   const auto command = [word](State& state) { state.graph.ChartOptions(word.toStdString()); };
   QMetaObject::invokeMethod(
       this, [this, command] { handle(command); }, Qt::QueuedConnection);
@@ -320,7 +319,7 @@ void KurvGraph::keyPressEvent(QKeyEvent* event) {
   const char* const word = m_state->shortcuts_enabled ? word_of(*event) : nullptr;
   if (!word) return QWidget::keyPressEvent(event);
   // A key that is held down is one command.
-  if (!event->isAutoRepeat()) run(QLatin1String(word));
+  if (!event->isAutoRepeat()) run_command(QLatin1String(word));
 }
 
 // The toolkit has its own idea of when a mouse asks for a menu; here it is the release alone.

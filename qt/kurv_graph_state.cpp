@@ -25,7 +25,7 @@ int pixels_of(Single twips, double twips_per_pixel) {
 
 KurvGraph::State::State(KurvGraph& owner, PlotSurface* lent)
     : widget(&owner),
-      toolbar(new Toolbar([&owner](const QString& key) { owner.run(key); }, &owner)),
+      toolbar(new Toolbar([&owner](const QString& key) { owner.run_command(key); }, &owner)),
       view(new PlotView(*this, picture, &owner)),
       inner(kUsualPlot),
       ratio(owner.devicePixelRatioF()),

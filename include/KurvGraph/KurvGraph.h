@@ -320,6 +320,11 @@ class KurvGraph : public QWidget {
   // shown, and whoever lends it gives it its size. It must outlive the widget.
   KurvGraph(PlotSurface& lent, QWidget* parent);
 
+  // What a button of the toolbar or a key has asked for, by the word that ChartOptions() knows. It
+  // is run once the current event is over, because a command may show a dialog and the widget may
+  // be gone after it. A derived class may do something of its own instead.
+  virtual void run_command(const QString& word);
+
   bool event(QEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void showEvent(QShowEvent* event) override;
@@ -337,7 +342,6 @@ class KurvGraph : public QWidget {
   void call(Work work);
   template <class Work>
   void handle(Work work);
-  void run(const QString& word);
   void tell(int number, const QString& text);
   void open_menu(QPoint at);
 };
