@@ -5,7 +5,7 @@
 #include <limits>
 
 #include "raster/blend.h"
-#include "raster/line_equation.h"
+#include "raster/geometry.h"
 #include "raster/stroke_parts.h"
 
 namespace kurv::raster {
@@ -172,11 +172,11 @@ void Columns::add_run(int first, int end) {
 
 // The visible part of a segment with an end that is far away.
 void Columns::add_far_segment(Point from, Point to) {
-  if (std::isnan(from.x) || std::isnan(from.y) || std::isnan(to.x) || std::isnan(to.y)) return;
+  if (has_nan(from) || has_nan(to)) return;
   const double scale = m_pen.pixels_per_unit;
   const double margin = (m_pen.half_width + 2) / scale;
-  const Window window{{-margin, -margin}, {m_width / scale + margin, m_height / scale + margin}};
-  const std::optional<VisiblePart> part = visible_part(finite(from), finite(to), window);
+  const Box box{{-margin, -margin}, {m_width / scale + margin, m_height / scale + margin}};
+  const std::optional<VisiblePart> part = visible_part(finite(from), finite(to), box);
   if (!part) return;
   const auto node_of = [&](double x) { return x * scale * m_per_pixel + m_reach; };
   const double begin = node_of(part->from.x), end = node_of(part->to.x);
