@@ -173,7 +173,10 @@ void KurvGraph::handle(Work work) {
 }
 
 void KurvGraph::State::handle(const std::function<void(Control&)>& work) {
-  if (widget) widget->handle([&](State& state) { work(state.graph); });
+  if (!widget) return;
+  const std::shared_ptr<State> held = widget->m_state;
+  widget->handle([&](State& state) { work(state.graph); });
+  note_change();
 }
 
 void KurvGraph::run_command(const QString& word) {

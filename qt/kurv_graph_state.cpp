@@ -98,7 +98,7 @@ int KurvGraph::State::finish(bool has_failed) {
     refill_windows(*this);
   }
   if (widget) view->describe();
-  note_change();
+  if (redrawn) note_change();
   return std::exchange(whole_redraws, 0);
 }
 
@@ -107,14 +107,13 @@ void KurvGraph::State::changed_from_outside() {
   note_change();
 }
 
-// Once the current event is over, however many changes it brings.
 void KurvGraph::State::note_change() {
   if (!widget || std::exchange(change_noted, true)) return;
   QMetaObject::invokeMethod(
       widget,
       [this] {
         change_noted = false;
-        Q_EMIT widget->changed();
+        if (widget) Q_EMIT widget->changed();
       },
       Qt::QueuedConnection);
 }

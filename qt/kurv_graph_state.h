@@ -84,6 +84,7 @@ struct KurvGraph::State final : Container, Client {
   Control graph;
 
  private:
+  // Announces that something may have changed, once the current event is over.
   void note_change();
   int toolbar_height() const;
   void arrange();

@@ -62,7 +62,7 @@ TEST_F(WidgetWindows, OfWhichOneIsClosedCarryNoDialog) {
   QWidget* const properties = child<QLineEdit>("frmPropert", "txtTitle")->window();
   QApplication::setActiveWindow(properties);
   QPointer<QWidget> before;
-  QTimer::singleShot(0, [&] {
+  QTimer::singleShot(20, [&] {
     QWidget* const dialog = QApplication::activeModalWidget();
     if (!dialog) return;
     before = dialog->parentWidget();
@@ -77,17 +77,17 @@ TEST_F(WidgetWindows, OfWhichOneIsClosedCarryNoDialog) {
 TEST_F(WidgetWindows, ABitmapThatIsSavedShowsTheCurvesThatWereDrawnOnceMore) {
   const QImage before = m_graph.image();
   QTemporaryDir folder;
-  QTimer::singleShot(0, [&] {
+  // A curve across the legend, which the second drawing puts over it.
+  m_graph.layout().picLegend.left = m_graph.layout().plot.PlotLeft + 2000;
+  m_graph.build_the_graph();
+  process_all();
+  QTimer::singleShot(20, [&] {
     auto* const dialog = dynamic_cast<QFileDialog*>(QApplication::activeModalWidget());
     ASSERT_NE(dialog, nullptr);
     dialog->selectNameFilter(dialog->nameFilters().at(1));
     dialog->findChild<QLineEdit*>("fileNameEdit")->setText(folder.filePath("a.bmp"));
     QTest::keyClick(dialog, Qt::Key_Return);
   });
-  // A curve across the legend, which the second drawing puts over it.
-  m_graph.layout().picLegend.left = m_graph.layout().plot.PlotLeft + 2000;
-  m_graph.build_the_graph();
-  process_all();
   m_graph.ChartOptions("saveas");
   ASSERT_TRUE(QFile::exists(folder.filePath("a.bmp")));
   process_all();
