@@ -82,9 +82,10 @@ class Newcomer : public testing::Test {
     ASSERT_TRUE(comes_true("the window shows what is in the graph file", [&] {
       const FrontWindow window = front_window();
       const QRect plot = paper_in(window.image);
+      if (plot.isEmpty()) return false;
       if (plot.size() != drawn_size) drawn = drawn_from_file(drawn_size = plot.size());
       on_screen = window.place + plot.topLeft();
-      return !plot.isEmpty() && window.image.copy(plot) == drawn;
+      return window.image.copy(plot) == drawn;
     }));
   }
   QImage drawn_from_file(QSize size) const {
