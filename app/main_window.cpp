@@ -9,6 +9,7 @@
 #include <QStackedLayout>
 #include <QStatusBar>
 #include <algorithm>
+#include <map>
 
 #include "app/main_menu.h"
 #include "app/recent_files.h"
@@ -74,27 +75,32 @@ MainWindow::~MainWindow() = default;
 
 namespace {
 
-// The graph's own "open" would take a graph file in place of this one, saved or not. The window's
-// asks, and it knows tables as well.
+// What the window has its own answer to, by the graph's words. The graph's "open" would take a
+// graph file in place of this one, saved or not; the window's asks, and it knows tables as well.
+// About "help" the graph has nothing to say.
+using OwnCommands = std::map<QString, std::function<void()>>;
+
 class WindowGraph final : public KurvGraph {
  public:
-  explicit WindowGraph(std::function<void()> open) : m_open(std::move(open)) {}
+  explicit WindowGraph(OwnCommands commands) : m_commands(std::move(commands)) {}
 
  protected:
   void run_command(const QString& word) override {
-    if (word != QLatin1String("open")) return KurvGraph::run_command(word);
-    QMetaObject::invokeMethod(this, m_open, Qt::QueuedConnection);
+    const auto found = m_commands.find(word);
+    if (found == m_commands.end()) return KurvGraph::run_command(word);
+    QMetaObject::invokeMethod(this, found->second, Qt::QueuedConnection);
   }
 
  private:
-  std::function<void()> m_open;
+  OwnCommands m_commands;
 };
 
 }  // namespace
 
 // Under what is shown. It has its place at once, because a graph file may change its size.
 KurvGraph* MainWindow::new_graph() {
-  auto* const graph = new WindowGraph([this] { choose_files(); });
+  auto* const graph = new WindowGraph(
+      {{"open", [this] { choose_files(); }}, {"help", [this] { show_getting_started(); }}});
   graph->setObjectName("graph");
   graph->setAccessibleName("Graph");
   // The menu has the same keys.

@@ -80,6 +80,7 @@ class MainWindow final : public QMainWindow {
   bool save();
   bool may_lose_graph();
   void export_picture();
+  void show_getting_started();
   void tell(const QString& text);
 
   std::optional<QLocale> m_locale;

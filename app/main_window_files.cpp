@@ -78,11 +78,13 @@ void MainWindow::make_menu() {
     m_has_toolbar = on;
     m_graph->setProperty("toolbar_visible", on);
   };
-  commands.getting_started = [this] {
-    QMessageBox::information(this, "Getting Started", getting_started());
-  };
+  commands.getting_started = [this] { show_getting_started(); };
   commands.about = [this] { QMessageBox::information(this, "About kurv", about_kurv()); };
   m_menu = std::make_unique<MainMenu>(*this, std::move(commands));
+}
+
+void MainWindow::show_getting_started() {
+  QMessageBox::information(this, "Getting Started", getting_started());
 }
 
 void MainWindow::tell(const QString& text) {
@@ -220,8 +222,8 @@ bool MainWindow::save() {
 void MainWindow::export_picture() {
   const QPointer<QFileDialog> dialog(new QFileDialog(this, "Export Picture"));
   dialog->setAcceptMode(QFileDialog::AcceptSave);
-  dialog->setNameFilters({"PNG picture (*.png)", "SVG drawing (*.svg)", "PDF document (*.pdf)",
-                          "Bitmap (*.bmp)"});
+  dialog->setNameFilters(
+      {"PNG picture (*.png)", "SVG drawing (*.svg)", "PDF document (*.pdf)", "Bitmap (*.bmp)"});
   follow_filter(*dialog);
   const std::filesystem::path path(m_path);
   if (!m_path.empty()) {

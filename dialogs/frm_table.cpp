@@ -94,6 +94,8 @@ void frmTable::set_up_grid() {
   m_grid->setAccessibleName(tr("Data table: a row for each point, columns for x and the curves"));
   m_grid->setItemDelegate(new CellDelegate(m_grid));
   m_grid->setModel(&m_model);
+  // The lines between the cells all but vanish on dark desktops.
+  m_grid->setAlternatingRowColors(true);
   m_grid->setSelectionMode(QAbstractItemView::ContiguousSelection);
   m_grid->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed |
                           QAbstractItemView::AnyKeyPressed);

@@ -1,8 +1,10 @@
 // Choosing from a table what is to become a graph.
 #include <gmock/gmock.h>
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -10,6 +12,7 @@
 #include <QSpinBox>
 #include <QTableView>
 #include <QTest>
+#include <algorithm>
 
 #include "app/import_dialog.h"
 
@@ -227,6 +230,52 @@ TEST(ImportDialog, EveryFieldHasANameForScreenReaders) {
     }
     EXPECT_TRUE(labelled) << name;
   }
+}
+
+TEST(ImportDialog, ColumnsShowTheirNamesAlsoInLargeLetters) {
+  const QFont usual = QApplication::font();
+  QFont large = usual;
+  large.setPointSizeF(usual.pointSizeF() * 2);
+  QApplication::setFont(large);
+  {
+    Import import("x,body_mass_index," + std::string(300, 'w') + "\n1,2,3\n2,3,4\n");
+    const QHeaderView& names = *import.get<QTableView>("tblPreview").horizontalHeader();
+    EXPECT_GT(names.sectionSize(1), names.fontMetrics().horizontalAdvance("body_mass_index"));
+    EXPECT_LT(names.sectionSize(2), import.dialog.width() * 2 / 3) << "nobody takes the view";
+  }
+  QApplication::setFont(usual);
+}
+
+// Between the darkest and the lightest of a widget's pixels in this rectangle.
+int contrast_in(QWidget& widget, const QRect& rect) {
+  const QImage shot = widget.grab(rect).toImage();
+  int darkest = 255, lightest = 0;
+  for (int y = 0; y < shot.height(); ++y) {
+    for (int x = 0; x < shot.width(); ++x) {
+      darkest = std::min(darkest, qGray(shot.pixel(x, y)));
+      lightest = std::max(lightest, qGray(shot.pixel(x, y)));
+    }
+  }
+  return lightest - darkest;
+}
+
+TEST(ImportDialog, EmptyBoxesAreSeenOnDarkDesktops) {
+  const QPalette usual = QApplication::palette();
+  QPalette dark(QColor(55, 59, 64), QColor(42, 45, 49));
+  dark.setColor(QPalette::Base, QColor(30, 32, 35));
+  QApplication::setPalette(dark);
+  {
+    Import import("x,a\n1,2\n2,3\n");
+    auto& curves = import.get<QListWidget>("lstCurves");
+    import.get<QPushButton>("cmdNone").click();
+    curves.clearSelection();
+    // Before their texts.
+    const QRect row = curves.visualItemRect(import.curve("a"));
+    EXPECT_GT(contrast_in(*curves.viewport(), {row.left(), row.top(), 14, row.height()}), 40);
+    auto& sort = import.get<QCheckBox>("chkSort");
+    EXPECT_GT(contrast_in(sort, {0, 0, 14, sort.height()}), 40);
+  }
+  QApplication::setPalette(usual);
 }
 
 }  // namespace

@@ -241,6 +241,15 @@ TEST_F(MainWindowTest, AHiddenToolbarStaysHiddenForTheNextFile) {
   EXPECT_FALSE(kurv->graph().property("toolbar_visible").toBool());
 }
 
+TEST_F(MainWindowTest, TheToolbarsHelpIsTheMenus) {
+  MainWindow* const kurv = window();
+  QString text;
+  click_box("OK", &text);
+  kurv->findChild<QAction*>("tbrGraph.help")->trigger();
+  EXPECT_TRUE(QTest::qWaitFor([&] { return !text.isEmpty(); }, 5000));
+  EXPECT_THAT(text.toStdString(), HasSubstr("Double-click"));
+}
+
 TEST_F(MainWindowTest, ExportWritesThePictureOfTheGraph) {
   MainWindow* const kurv = window_of(table());
   choose_file(path("picture"));
