@@ -22,6 +22,7 @@
 #include "app/table_preview.h"
 #include "app/text.h"
 #include "app/user_error.h"
+#include "app/window_texts.h"
 
 namespace kurv::app {
 
@@ -56,9 +57,7 @@ QString counted(int count, const QString& what) {
 }
 
 QString sentence_of(const std::string& text) {
-  QString sentence = shown(in_dialog_words(text));
-  if (!sentence.isEmpty()) sentence[0] = sentence[0].toUpper();
-  return sentence;
+  return capitalised(shown(in_dialog_words(text)));
 }
 
 // Rows beyond what a graph holds are thinned out from the start.
@@ -112,7 +111,7 @@ ImportDialog::ImportDialog(const std::string& path, CsvTable table, QWidget* par
       m_title(named("txtTitle", new QLineEdit)),
       m_summary(plain_label("lblSummary")),
       m_notes(plain_label("lblNotes")),
-      m_notes_area(new QScrollArea) {
+      m_notes_area(named("scrNotes", new QScrollArea)) {
   setObjectName("ImportDialog");
   const std::string name = std::filesystem::path(path).filename().string();
   setWindowTitle("Import " + shown(on_one_line(as_utf8(name))));
@@ -120,7 +119,7 @@ ImportDialog::ImportDialog(const std::string& path, CsvTable table, QWidget* par
   m_import = named("cmdImport", buttons->addButton("&Import", QDialogButtonBox::AcceptRole));
   // Return in a field imports; the other buttons have no claim to it.
   for (QPushButton* button : {m_all, m_none}) button->setAutoDefault(false);
-  buttons->button(QDialogButtonBox::Cancel)->setText("Cancel");
+  named("cmdCancel", buttons->button(QDialogButtonBox::Cancel))->setText("Cance&l");
   outline_boxes(*m_curves);
   outline_boxes(*m_sort);
   fill_fields();

@@ -4,16 +4,16 @@
 #include <QElapsedTimer>
 #include <QLabel>
 #include <QMenuBar>
-#include <QMessageBox>
 #include <QScreen>
 #include <QStackedLayout>
 #include <QStatusBar>
 #include <algorithm>
-#include <map>
 
 #include "app/main_menu.h"
 #include "app/recent_files.h"
+#include "app/window_graph.h"
 #include "app/window_icon.h"
+#include "app/window_message.h"
 #include "app/window_texts.h"
 
 namespace kurv::app {
@@ -73,34 +73,9 @@ MainWindow::MainWindow(std::optional<QLocale> locale, Say say)
 
 MainWindow::~MainWindow() = default;
 
-namespace {
-
-// What the window has its own answer to, by the graph's words. The graph's "open" would take a
-// graph file in place of this one, saved or not; the window's asks, and it knows tables as well.
-// About "help" the graph has nothing to say.
-using OwnCommands = std::map<QString, std::function<void()>>;
-
-class WindowGraph final : public KurvGraph {
- public:
-  explicit WindowGraph(OwnCommands commands) : m_commands(std::move(commands)) {}
-
- protected:
-  void run_command(const QString& word) override {
-    const auto found = m_commands.find(word);
-    if (found == m_commands.end()) return KurvGraph::run_command(word);
-    QMetaObject::invokeMethod(this, found->second, Qt::QueuedConnection);
-  }
-
- private:
-  OwnCommands m_commands;
-};
-
-}  // namespace
-
 // Under what is shown. It has its place at once, because a graph file may change its size.
 KurvGraph* MainWindow::new_graph() {
-  auto* const graph = new WindowGraph(
-      {{"open", [this] { choose_files(); }}, {"help", [this] { show_getting_started(); }}});
+  auto* const graph = new WindowGraph(*this);
   graph->setObjectName("graph");
   graph->setAccessibleName("Graph");
   // The menu has the same keys.
@@ -118,6 +93,8 @@ KurvGraph* MainWindow::new_graph() {
 void MainWindow::listen(KurvGraph* graph) {
   connect(graph, &KurvGraph::redrawn, this, [this] { look(); });
   connect(graph, &KurvGraph::filed, this, [this] { graph_filed(); });
+  connect(
+      graph, &KurvGraph::changed, this, [this] { graph_changed(); }, Qt::QueuedConnection);
   connect(graph, &KurvGraph::runTimeError, this, [this](int, const QString& text) {
     // One box at a time: dragging a window's edge would open one for every size on the way.
     if (m_telling) return;
@@ -207,14 +184,16 @@ bool MainWindow::is_saved() const {
 void MainWindow::look() {
   const bool has_graph = m_graph->has_graph();
   m_menu->enable(has_data(), has_graph);
-  // The data that a new graph comes with are nothing to save.
-  for (const char* name : {"tbrGraph.save", "tbrGraph.saveas"}) {
-    if (auto* const action = m_graph->findChild<QAction*>(name)) action->setEnabled(has_data());
-  }
+  // The graph's own has entries for everything, and there is nothing yet.
+  m_graph->setContextMenuPolicy(has_data() ? Qt::DefaultContextMenu : Qt::PreventContextMenu);
   m_hint->setVisible(!has_graph);
   m_hint->setText(has_data() ? refused_data_hint(m_path) : empty_window_hint());
   m_hint->raise();
   setWindowTitle(window_title(m_path));
+  judge_soon();
+}
+
+void MainWindow::judge_soon() {
   if (!m_judgement.isActive()) m_judgement.start(std::max(kShortestWait, m_judgement.interval()));
 }
 
@@ -223,6 +202,12 @@ void MainWindow::judge() {
   clock.start();
   setWindowModified(!is_saved());
   m_judgement.setInterval(static_cast<int>(clock.elapsed()) * kShareOfTime);
+}
+
+// Many changes are not drawn at once, and of refused data nothing is drawn until they are mended.
+void MainWindow::graph_changed() {
+  judge_soon();
+  if (has_data() && !m_graph->has_graph()) attempt([this] { m_graph->show_mended_data(); });
 }
 
 // The graph is still at work, so only what looks is done here.
@@ -255,10 +240,7 @@ void MainWindow::tell_warnings() {
     lines << QString::fromStdString(warning);
   }
   if (lines.isEmpty()) return;
-  lines.front()[0] = lines.front()[0].toUpper();
-  QMessageBox box(QMessageBox::Warning, "kurv", lines.join('\n'), QMessageBox::Ok, this);
-  box.setTextFormat(Qt::PlainText);
-  box.exec();
+  show_message(this, QMessageBox::Warning, "kurv", capitalised(lines.join('\n')));
 }
 
 }  // namespace kurv::app

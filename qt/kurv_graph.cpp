@@ -10,10 +10,12 @@
 #include <new>
 
 #include "core/control_state.h"
+#include "core/data_intake.h"
 #include "qt/kurv_graph_state.h"
 #include "qt/picture_printer.h"
 #include "qt/plot_menu.h"
 #include "render/mapping.h"
+#include "ui/graph_file_commands.h"
 
 namespace kurv {
 
@@ -254,6 +256,15 @@ void KurvGraph::file_load(const QString& filename) {
 
 void KurvGraph::load_path(const String& path) {
   call([&](Control& control) { control.file_load(path); });
+}
+
+void KurvGraph::save_to(const String& path) {
+  call([&](Control& control) { save_graph_file(control.state(), path); });
+}
+
+void KurvGraph::show_mended_data() {
+  if (!has_mended_data(m_state->graph.state().document)) return;
+  call([](Control& control) { kurv::show_mended_data(control.state()); });
 }
 
 void KurvGraph::Save_graph() {

@@ -9,6 +9,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QSpinBox>
 #include <QTableView>
 #include <QTest>
@@ -35,11 +36,9 @@ struct Import {
   std::string label(const char* name) { return get<QLabel>(name).text().toStdString(); }
   std::string summary() { return label("lblSummary"); }
   bool can_import() { return get<QPushButton>("cmdImport").isEnabled(); }
-  void settle() {
-    EXPECT_TRUE(QTest::qWaitFor([this] {
-      QTest::qWait(150);
-      return true;
-    }));
+  // The dialog waits a little for more changes before it reads the data anew.
+  bool comes_to_say(const std::string& part) {
+    return QTest::qWaitFor([&] { return summary().find(part) != std::string::npos; }, 5000);
   }
   QListWidgetItem* curve(const char* name) {
     return get<QListWidget>("lstCurves").findItems(name, Qt::MatchExactly).value(0);
@@ -122,8 +121,7 @@ TEST(ImportDialog, WithoutACurveThereIsNothingToImport) {
   EXPECT_EQ(import.summary(), "Choose at least one curve.");
   EXPECT_FALSE(import.can_import());
   QTest::mouseClick(&import.get<QPushButton>("cmdAll"), Qt::LeftButton);
-  import.settle();
-  EXPECT_EQ(import.summary(), "3 points, 2 curves");
+  EXPECT_TRUE(import.comes_to_say("3 points, 2 curves"));
   EXPECT_TRUE(import.can_import());
 }
 
@@ -161,8 +159,7 @@ TEST(ImportDialog, TheSameXEverywhereIsExplainedInTheDialogsOwnWords) {
 TEST(ImportDialog, TooLargeAStepIsExplained) {
   Import import(kTable);
   import.get<QSpinBox>("spnEvery").setValue(1000);
-  import.settle();
-  EXPECT_THAT(import.summary(), HasSubstr("one row of data with this \"Take every\""));
+  EXPECT_TRUE(import.comes_to_say("one row of data with this \"Take every\""));
   EXPECT_FALSE(import.can_import());
 }
 
@@ -187,8 +184,7 @@ TEST(ImportDialog, OfTooManyCurvesTheFirstAreTicked) {
   Import import(names + '\n' + first + '\n' + second + '\n');
   EXPECT_EQ(import.summary(), "2 points, 149 curves");
   import.curve("c199")->setCheckState(Qt::Checked);
-  import.settle();
-  EXPECT_THAT(import.summary(), HasSubstr("150 curves, more than the 149"));
+  EXPECT_TRUE(import.comes_to_say("150 curves, more than the 149"));
   EXPECT_FALSE(import.can_import());
 }
 
@@ -229,6 +225,50 @@ TEST(ImportDialog, EveryFieldHasANameForScreenReaders) {
       labelled = labelled || label->buddy() == widget;
     }
     EXPECT_TRUE(labelled) << name;
+  }
+  EXPECT_FALSE(import.get<QScrollArea>("scrNotes").accessibleName().isEmpty());
+}
+
+TEST(ImportDialog, EveryLetterOfAMnemonicIsThereOnce) {
+  Import import(kTable);
+  QStringList captions;
+  for (const QLabel* label : import.dialog.findChildren<QLabel*>()) {
+    if (label->buddy()) captions << label->text();
+  }
+  for (const QAbstractButton* button : import.dialog.findChildren<QPushButton*>()) {
+    EXPECT_TRUE(button->objectName().startsWith("cmd")) << button->text().toStdString();
+    captions << button->text();
+  }
+  captions << import.get<QCheckBox>("chkSort").text();
+  EXPECT_EQ(captions.size(), 10);
+  QSet<QString> letters;
+  for (const QString& caption : captions) {
+    const QString letter = QKeySequence::mnemonic(caption).toString();
+    EXPECT_FALSE(letter.isEmpty()) << caption.toStdString();
+    EXPECT_FALSE(letters.contains(letter)) << caption.toStdString();
+    letters.insert(letter);
+  }
+}
+
+TEST(ImportDialog, ItsButtonsImportAndCancel) {
+  for (const auto& [name, result] : {std::pair("cmdImport", int(QDialog::Accepted)),
+                                     std::pair("cmdCancel", int(QDialog::Rejected))}) {
+    Import import(kTable);
+    QTest::mouseClick(&import.get<QPushButton>(name), Qt::LeftButton);
+    EXPECT_EQ(import.dialog.result(), result) << name;
+    EXPECT_FALSE(import.dialog.isVisible());
+  }
+}
+
+TEST(ImportDialog, ItsMnemonicsPressTheButtons) {
+  for (const auto& [key, result] : {std::pair(Qt::Key_I, int(QDialog::Accepted)),
+                                    std::pair(Qt::Key_L, int(QDialog::Rejected))}) {
+    Import import(kTable);
+    import.dialog.activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&import.dialog));
+    QTest::keyClick(import.dialog.focusWidget(), key, Qt::AltModifier);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !import.dialog.isVisible(); }, 5000));
+    EXPECT_EQ(import.dialog.result(), result);
   }
 }
 
