@@ -35,7 +35,16 @@ QString shown_number(const Control& control, Double value) {
   return QString::fromStdString(text);
 }
 
+bool is_being_typed(const QLineEdit& box) {
+  return box.hasFocus() && box.isModified();
+}
+
+void finish_text(QLineEdit& box, const QString& shown) {
+  if (box.text() == shown) box.setModified(false);
+}
+
 void show_text(QLineEdit& box, const QString& text) {
+  if (is_being_typed(box)) return;
   if (box.text() != text) box.setText(text);
   box.setModified(false);
 }
@@ -71,13 +80,16 @@ QLineEdit* PropertPage::number_box(const char* name, const char* description,
   QLineEdit* const box = text_box(name, description, [get](Control& control) {
     return shown_number(control, (control.*get)());
   });
-  on_filling([box](Control&) { show_judgement(*box, true); });
-  connect(box, &QLineEdit::textChanged, this, [this, box, set, rule] {
+  on_filling([box](Control&) {
+    if (!is_being_typed(*box)) show_judgement(*box, true);
+  });
+  connect(box, &QLineEdit::textChanged, this, [this, box, get, set, rule] {
     edit([&](Control& control) {
       const std::optional<Integer> number = rule(text_of(*box), control.decimal_separator());
       show_judgement(*box, number.has_value());
       if (!number) return;
       (control.*set)(*number);
+      finish_text(*box, shown_number(control, (control.*get)()));
       control.build_the_graph();
     });
   });
