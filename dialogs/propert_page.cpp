@@ -6,6 +6,7 @@
 #include <QPalette>
 #include <utility>
 
+#include "dialogs/box_outline.h"
 #include "dialogs/frm_propert.h"
 #include "render/palette.h"
 
@@ -101,6 +102,10 @@ QCheckBox* PropertPage::check_box(const char* name, const char* caption,
                                   std::function<void(Control&, Boolean)> turn) {
   auto* const box = new QCheckBox(QString::fromUtf8(caption), this);
   name_it(*box, name);
+  // All other colours go on following the desktop's.
+  QPalette colours;
+  outline_boxes(colours);
+  box->setPalette(colours);
   on_filling(
       [box, is_on = std::move(is_on)](Control& control) { box->setChecked(bool(is_on(control))); });
   connect(box, &QCheckBox::toggled, this, [this, turn = std::move(turn)](bool on) {
