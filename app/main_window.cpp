@@ -201,6 +201,10 @@ bool MainWindow::is_saved() const {
 void MainWindow::look() {
   const bool has_graph = m_graph->has_graph();
   m_menu->enable(has_data(), has_graph);
+  // The data that a new graph comes with are nothing to save.
+  for (const char* name : {"tbrGraph.save", "tbrGraph.saveas"}) {
+    if (auto* const action = m_graph->findChild<QAction*>(name)) action->setEnabled(has_data());
+  }
   m_hint->setVisible(!has_graph);
   m_hint->setText(has_data() ? refused_data_hint(m_path) : empty_window_hint());
   m_hint->raise();

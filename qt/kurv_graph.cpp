@@ -11,6 +11,7 @@
 
 #include "core/control_state.h"
 #include "qt/kurv_graph_state.h"
+#include "qt/picture_printer.h"
 #include "qt/plot_menu.h"
 #include "render/mapping.h"
 
@@ -141,7 +142,9 @@ void KurvGraph::call(Work work) {
   // While the widget is hidden the toolkit keeps its new sizes to itself.
   state.fit();
   state.take_locale();
+  const PrintingFor printing(this);
   const std::optional<Fault> failure = failure_of([&] { work(state.graph); });
+  state.changed_from_outside();
   for (int redraws = state.finish(); redraws > 0 && state.widget; --redraws) {
     Q_EMIT state.widget->redrawn();
   }
@@ -154,8 +157,9 @@ template <class Work>
 void KurvGraph::handle(Work work) {
   const std::shared_ptr<State> state = m_state;
   state->take_locale();
+  const PrintingFor printing(this);
   const std::optional<Fault> failure = failure_of([&] { work(*state); });
-  const int redraws = state->finish();
+  const int redraws = state->finish(failure.has_value());
   if (!state->widget) return;
   KurvGraph* const widget = state->widget;
   for (int i = 0; i < redraws; ++i) {

@@ -311,6 +311,8 @@ class KurvGraph : public QWidget {
   // slot may look at the graph and must leave it as it is, or be connected with
   // Qt::QueuedConnection.
   void filed();
+  // Once after each event in which something about the graph may have changed, drawn or not.
+  void changed();
   // Something that the user or the toolkit did has failed; the graph is as the error left it. When
   // nobody listens, a message box says so.
   void runTimeError(int number, const QString& text);
