@@ -95,7 +95,9 @@ void store_changes(PropertPage& page, QLineEdit* changed, QLineEdit* min, QLineE
     page.edit([&](Control& control) {
       const std::optional<Double> value =
           axis_limit(text_of(*changed), text_of(*min), text_of(*max), control.decimal_separator());
-      if (value) (control.*limit.set)(*value);
+      if (!value) return;
+      (control.*limit.set)(*value);
+      finish_text(*changed, shown_number(control, (control.*limit.get)()));
     });
   });
 }
