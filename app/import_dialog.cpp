@@ -22,6 +22,7 @@
 #include "app/table_preview.h"
 #include "app/text.h"
 #include "app/user_error.h"
+#include "app/window_texts.h"
 
 namespace kurv::app {
 
@@ -30,6 +31,10 @@ namespace {
 constexpr const char* kFile = "the file";
 // Ticking several boxes in a row reads the data once.
 constexpr int kPatience = 100;  // ms
+// Widths of the preview's columns, in digits, and how many of them get one of their own.
+constexpr int kNarrowColumn = 8;
+constexpr int kWideColumn = 24;
+constexpr int kMostFitted = 150;
 
 QString shown(const std::string& text) {
   return QString::fromStdString(text);
@@ -52,14 +57,34 @@ QString counted(int count, const QString& what) {
 }
 
 QString sentence_of(const std::string& text) {
-  QString sentence = shown(in_dialog_words(text));
-  if (!sentence.isEmpty()) sentence[0] = sentence[0].toUpper();
-  return sentence;
+  return capitalised(shown(in_dialog_words(text)));
 }
 
 // Rows beyond what a graph holds are thinned out from the start.
 int usual_every(std::size_t rows) {
   return rows <= kMostRows ? 1 : static_cast<int>((rows - 1) / kMostRows + 1);
+}
+
+// The toolkit's own style outlines a box in a shade of the window's colour that is darker still: on
+// a dark desktop nobody sees an empty one.
+void outline_boxes(QWidget& widget) {
+  QPalette colours = widget.palette();
+  colours.setColor(QPalette::Window, Qt::gray);
+  widget.setPalette(colours);
+}
+
+// As wide as what stands in them, within reason: neither does a long word take the view for itself,
+// nor a file of very many columns its time.
+void fit_columns(QTableView& table) {
+  QHeaderView& names = *table.horizontalHeader();
+  names.setTextElideMode(Qt::ElideRight);
+  names.setHighlightSections(false);
+  const int digit = table.fontMetrics().horizontalAdvance(u'0');
+  for (int column = 0; column < std::min(names.count(), kMostFitted); ++column) {
+    table.resizeColumnToContents(column);
+    const int wanted = table.columnWidth(column) + digit;
+    table.setColumnWidth(column, std::clamp(wanted, kNarrowColumn * digit, kWideColumn * digit));
+  }
 }
 
 QLabel* plain_label(const char* name) {
@@ -86,7 +111,7 @@ ImportDialog::ImportDialog(const std::string& path, CsvTable table, QWidget* par
       m_title(named("txtTitle", new QLineEdit)),
       m_summary(plain_label("lblSummary")),
       m_notes(plain_label("lblNotes")),
-      m_notes_area(new QScrollArea) {
+      m_notes_area(named("scrNotes", new QScrollArea)) {
   setObjectName("ImportDialog");
   const std::string name = std::filesystem::path(path).filename().string();
   setWindowTitle("Import " + shown(on_one_line(as_utf8(name))));
@@ -94,7 +119,9 @@ ImportDialog::ImportDialog(const std::string& path, CsvTable table, QWidget* par
   m_import = named("cmdImport", buttons->addButton("&Import", QDialogButtonBox::AcceptRole));
   // Return in a field imports; the other buttons have no claim to it.
   for (QPushButton* button : {m_all, m_none}) button->setAutoDefault(false);
-  buttons->button(QDialogButtonBox::Cancel)->setText("Cancel");
+  named("cmdCancel", buttons->button(QDialogButtonBox::Cancel))->setText("Cance&l");
+  outline_boxes(*m_curves);
+  outline_boxes(*m_sort);
   fill_fields();
 
   auto* const fields = new QHBoxLayout;
@@ -138,6 +165,8 @@ QWidget* ImportDialog::make_preview() {
   table->setAlternatingRowColors(true);
   table->setTabKeyNavigation(false);
   table->verticalHeader()->setDefaultSectionSize(fontMetrics().height() * 3 / 2);
+  table->verticalHeader()->setDefaultAlignment(Qt::AlignCenter);
+  fit_columns(*table);
   table->setAccessibleName("The first rows of the file");
   const QString rows = m_look.rows > TablePreview::kMostRows
                            ? " (of " + QString::number(m_look.rows) + ", 100 are shown)"

@@ -23,7 +23,7 @@ class QVBoxLayout;
 namespace kurv::app {
 
 // Controls by name: tblPreview, cboX, lstCurves, cmdAll, cmdNone, spnEvery, chkSort, txtTitle,
-// lblSummary, cmdImport.
+// lblLook, lblSummary, lblNotes in scrNotes, cmdImport, cmdCancel.
 class ImportDialog final : public QDialog {
  public:
   ImportDialog(const std::string& path, CsvTable table, QWidget* parent);

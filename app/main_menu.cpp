@@ -67,9 +67,9 @@ void MainMenu::make_file_menu() {
   recent->setObjectName("mnuRecent");
   QObject::connect(recent, &QMenu::aboutToShow, recent, [this, recent] { fill_recent(recent); });
   file->addSeparator();
-  add(file, "mnuSave", "&Save", QKeySequence("Ctrl+S"), Needs::kGraph,
+  add(file, "mnuSave", "&Save", QKeySequence("Ctrl+S"), Needs::kData,
       "Save the graph, its data and its looks, to its graph file", m_commands.save);
-  add(file, "mnuSaveAs", "Save &As\u2026", QKeySequence("Ctrl+Shift+S"), Needs::kGraph,
+  add(file, "mnuSaveAs", "Save &As\u2026", QKeySequence("Ctrl+Shift+S"), Needs::kData,
       "Save the graph to another file", word("saveas"));
   add(file, "mnuExportPicture", "&Export Picture\u2026", QKeySequence("Ctrl+E"), Needs::kGraph,
       "Write the graph as a picture", m_commands.export_picture);

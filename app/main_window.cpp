@@ -4,7 +4,6 @@
 #include <QElapsedTimer>
 #include <QLabel>
 #include <QMenuBar>
-#include <QMessageBox>
 #include <QScreen>
 #include <QStackedLayout>
 #include <QStatusBar>
@@ -12,7 +11,9 @@
 
 #include "app/main_menu.h"
 #include "app/recent_files.h"
+#include "app/window_graph.h"
 #include "app/window_icon.h"
+#include "app/window_message.h"
 #include "app/window_texts.h"
 
 namespace kurv::app {
@@ -72,29 +73,9 @@ MainWindow::MainWindow(std::optional<QLocale> locale, Say say)
 
 MainWindow::~MainWindow() = default;
 
-namespace {
-
-// The graph's own "open" would take a graph file in place of this one, saved or not. The window's
-// asks, and it knows tables as well.
-class WindowGraph final : public KurvGraph {
- public:
-  explicit WindowGraph(std::function<void()> open) : m_open(std::move(open)) {}
-
- protected:
-  void run_command(const QString& word) override {
-    if (word != QLatin1String("open")) return KurvGraph::run_command(word);
-    QMetaObject::invokeMethod(this, m_open, Qt::QueuedConnection);
-  }
-
- private:
-  std::function<void()> m_open;
-};
-
-}  // namespace
-
 // Under what is shown. It has its place at once, because a graph file may change its size.
 KurvGraph* MainWindow::new_graph() {
-  auto* const graph = new WindowGraph([this] { choose_files(); });
+  auto* const graph = new WindowGraph(*this);
   graph->setObjectName("graph");
   graph->setAccessibleName("Graph");
   // The menu has the same keys.
@@ -112,6 +93,8 @@ KurvGraph* MainWindow::new_graph() {
 void MainWindow::listen(KurvGraph* graph) {
   connect(graph, &KurvGraph::redrawn, this, [this] { look(); });
   connect(graph, &KurvGraph::filed, this, [this] { graph_filed(); });
+  connect(
+      graph, &KurvGraph::changed, this, [this] { graph_changed(); }, Qt::QueuedConnection);
   connect(graph, &KurvGraph::runTimeError, this, [this](int, const QString& text) {
     // One box at a time: dragging a window's edge would open one for every size on the way.
     if (m_telling) return;
@@ -201,10 +184,16 @@ bool MainWindow::is_saved() const {
 void MainWindow::look() {
   const bool has_graph = m_graph->has_graph();
   m_menu->enable(has_data(), has_graph);
+  // The graph's own has entries for everything, and there is nothing yet.
+  m_graph->setContextMenuPolicy(has_data() ? Qt::DefaultContextMenu : Qt::PreventContextMenu);
   m_hint->setVisible(!has_graph);
   m_hint->setText(has_data() ? refused_data_hint(m_path) : empty_window_hint());
   m_hint->raise();
   setWindowTitle(window_title(m_path));
+  judge_soon();
+}
+
+void MainWindow::judge_soon() {
   if (!m_judgement.isActive()) m_judgement.start(std::max(kShortestWait, m_judgement.interval()));
 }
 
@@ -213,6 +202,12 @@ void MainWindow::judge() {
   clock.start();
   setWindowModified(!is_saved());
   m_judgement.setInterval(static_cast<int>(clock.elapsed()) * kShareOfTime);
+}
+
+// Many changes are not drawn at once, and of refused data nothing is drawn until they are mended.
+void MainWindow::graph_changed() {
+  judge_soon();
+  if (has_data() && !m_graph->has_graph()) attempt([this] { m_graph->show_mended_data(); });
 }
 
 // The graph is still at work, so only what looks is done here.
@@ -245,10 +240,7 @@ void MainWindow::tell_warnings() {
     lines << QString::fromStdString(warning);
   }
   if (lines.isEmpty()) return;
-  lines.front()[0] = lines.front()[0].toUpper();
-  QMessageBox box(QMessageBox::Warning, "kurv", lines.join('\n'), QMessageBox::Ok, this);
-  box.setTextFormat(Qt::PlainText);
-  box.exec();
+  show_message(this, QMessageBox::Warning, "kurv", capitalised(lines.join('\n')));
 }
 
 }  // namespace kurv::app

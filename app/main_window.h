@@ -66,10 +66,13 @@ class MainWindow final : public QMainWindow {
 
   bool has_data() const;
   void look();
+  void judge_soon();
   void judge();
+  void graph_changed();
   void graph_filed();
   void tell_warnings();
 
+  void attempt(const std::function<void()>& work);
   void send(const char* word);
   void new_window();
   void choose_files();

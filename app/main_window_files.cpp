@@ -16,11 +16,13 @@
 #include "app/import_dialog.h"
 #include "app/main_menu.h"
 #include "app/main_window.h"
+#include "app/picture_dialog.h"
 #include "app/picture_file.h"
 #include "app/recent_files.h"
 #include "app/text.h"
 #include "app/text_file.h"
 #include "app/user_error.h"
+#include "app/window_message.h"
 #include "app/window_texts.h"
 
 namespace kurv::app {
@@ -38,16 +40,6 @@ std::vector<std::string> files_in(const QMimeData& data) {
     if (std::filesystem::is_regular_file(path, ignored)) paths.push_back(path);
   }
   return paths;
-}
-
-// A name without an extension gets that of the chosen kind of file, before the dialog asks whether
-// to replace an older one.
-void follow_filter(QFileDialog& dialog) {
-  const auto follow = [&dialog](const QString& filter) {
-    dialog.setDefaultSuffix(filter.section("(*.", 1).section(')', 0, 0));
-  };
-  QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, follow);
-  follow(dialog.selectedNameFilter());
 }
 
 void quit_when_all_agree() {
@@ -79,24 +71,24 @@ void MainWindow::make_menu() {
     m_graph->setProperty("toolbar_visible", on);
   };
   commands.getting_started = [this] {
-    QMessageBox::information(this, "Getting Started", getting_started());
+    show_message(this, QMessageBox::Information, "Getting Started", getting_started());
   };
-  commands.about = [this] { QMessageBox::information(this, "About kurv", about_kurv()); };
+  commands.about = [this] {
+    show_message(this, QMessageBox::Information, "About kurv", about_kurv());
+  };
   m_menu = std::make_unique<MainMenu>(*this, std::move(commands));
 }
 
 void MainWindow::tell(const QString& text) {
-  QMessageBox box(QMessageBox::Critical, "kurv", text, QMessageBox::Ok, this);
-  // Names come from files: they are never taken for markup.
-  box.setTextFormat(Qt::PlainText);
-  box.exec();
+  show_message(this, QMessageBox::Critical, "kurv", text);
 }
 
-void MainWindow::send(const char* word) {
+// Something that the graph may fail at, as the user has asked for it.
+void MainWindow::attempt(const std::function<void()>& work) {
   const QPointer<MainWindow> alive(this);
   QString failure;
   try {
-    m_graph->ChartOptions(word);
+    work();
   } catch (const Fault& fault) {
     failure = fault.what();
   }
@@ -106,6 +98,10 @@ void MainWindow::send(const char* word) {
   if (!alive || failure.isEmpty()) return;
   const QString name = m_path.empty() ? QString("The graph") : file_label(m_path);
   tell(name + ": " + failure + '.');
+}
+
+void MainWindow::send(const char* word) {
+  attempt([this, word] { m_graph->ChartOptions(word); });
 }
 
 // -- Opening --------------------------------------------------------------------------------------
@@ -171,7 +167,7 @@ bool MainWindow::open_here(const std::string& path) {
     put(choice, *source);
     return true;
   } catch (const UserError& error) {
-    failure = error.what();
+    failure = sentence(error.what(), path);
   } catch (const Fault& fault) {
     failure = file_label(path) + " cannot be drawn: " + fault.what() + '.';
   } catch (const std::bad_alloc&) {
@@ -211,33 +207,26 @@ void MainWindow::open_recent(const std::string& path) {
 // False where the graph is still not saved, because the user or the disk did not want it.
 bool MainWindow::save() {
   const QPointer<MainWindow> alive(this);
-  send("save");
+  if (m_graph->GraphSaved() && !is_saved()) {
+    // To the graph, what has been set and not drawn is no change, and its "save" writes nothing.
+    attempt([this] { m_graph->save_to(m_graph->FileName()); });
+  } else {
+    send("save");
+  }
   if (!alive) return false;
   judge();
   return !isWindowModified();
 }
 
 void MainWindow::export_picture() {
-  const QPointer<QFileDialog> dialog(new QFileDialog(this, "Export Picture"));
-  dialog->setAcceptMode(QFileDialog::AcceptSave);
-  dialog->setNameFilters({"PNG picture (*.png)", "SVG drawing (*.svg)", "PDF document (*.pdf)",
-                          "Bitmap (*.bmp)"});
-  follow_filter(*dialog);
-  const std::filesystem::path path(m_path);
-  if (!m_path.empty()) {
-    dialog->setDirectory(QFile::decodeName(path.parent_path().c_str()));
-    dialog->selectFile(QFile::decodeName(path.stem().c_str()));
-  }
-  const bool accepted = dialog->exec() == QDialog::Accepted;
-  if (!dialog) return;
-  const QString chosen = dialog->selectedFiles().value(0);
-  delete dialog;
-  if (!accepted || chosen.isEmpty()) return;
+  const QPointer<MainWindow> alive(this);
+  const std::optional<std::string> path = ask_for_picture(this, m_path);
+  if (!path || !alive) return;
   try {
-    app::export_picture(*m_graph, QFile::encodeName(chosen).toStdString());
-    statusBar()->showMessage("Written: " + chosen);
+    app::export_picture(*m_graph, *path);
+    statusBar()->showMessage("Written: " + QFile::decodeName(on_one_line(*path).c_str()));
   } catch (const UserError& error) {
-    tell(error.what());
+    tell(sentence(error.what(), *path));
   } catch (const std::bad_alloc&) {
     tell("There is not enough memory for this picture.");
   }

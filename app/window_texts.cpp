@@ -24,12 +24,24 @@ QString menu_label(const QString& text) {
   return QString(text).replace(u'&', QLatin1String("&&"));
 }
 
+QString capitalised(QString text) {
+  if (!text.isEmpty()) text[0] = text[0].toUpper();
+  return text;
+}
+
+QString sentence(const std::string& text, const std::string& path) {
+  const QString shown = QString::fromStdString(text);
+  return text.starts_with(path) ? shown : capitalised(shown);
+}
+
 QString empty_window_hint() {
   return "Open or drop a CSV or graph file here";
 }
 
 QString refused_data_hint(const std::string& path) {
-  return "Nothing is shown: the data of " + file_label(path) + " cannot be plotted.";
+  return "Nothing is shown: the data of " + file_label(path) +
+         " cannot be plotted.\n\nEdit > Data Table lets you mend them: two values of x must "
+         "differ.";
 }
 
 QString getting_started() {

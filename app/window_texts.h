@@ -16,6 +16,13 @@ QString window_title(const std::string& path);
 // For menus: an ampersand would be taken for a mnemonic.
 QString menu_label(const QString& text);
 
+// With a capital letter at its beginning, as sentences in boxes have it.
+QString capitalised(QString text);
+
+// What the command line says about a file, for a box: a sentence that begins with the file's path
+// is left as it is.
+QString sentence(const std::string& text, const std::string& path);
+
 QString empty_window_hint();
 QString refused_data_hint(const std::string& path);
 QString getting_started();

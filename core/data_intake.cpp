@@ -71,6 +71,12 @@ void compute_limits(ControlState& state) {
   basKurvGraph01::compute_axis_range(state.document, *state.services.numeric);
 }
 
+void draw_first_time(ControlState& state) {
+  choose_label_formats(state.document, *state.services.numeric);
+  state.document.DataFromHost = true;
+  build_the_graph(state);
+}
+
 // The end of a public intake: draws, or says why not.
 void present(ControlState& state) {
   GraphDocument& document = state.document;
@@ -81,9 +87,7 @@ void present(ControlState& state) {
     state.shell.message_box(*refusal, kCriticalStop, "KURV Guide");
     return;
   }
-  choose_label_formats(document, *state.services.numeric);
-  document.DataFromHost = true;
-  build_the_graph(state);
+  draw_first_time(state);
 }
 
 }  // namespace
@@ -111,6 +115,19 @@ void scatter_graph2(ControlState& state, const IntakeSettings& settings,
   refresh_sorted_data(document, *state.services.swap);
   for (int k = 1; k <= document.NumY; ++k) document.y_visible(k) = visible(k);
   present(state);
+}
+
+bool has_mended_data(const GraphDocument& document) {
+  return !document.GraphValid && document.DataFromHost && !validate_points(document) &&
+         basKurvGraph01::count_visible_curves(document) > 0;
+}
+
+// The graph is valid before anything can fail: a failure is then told once, like that of any
+// redraw.
+void show_mended_data(ControlState& state) {
+  state.document.GraphValid = true;
+  compute_limits(state);
+  draw_first_time(state);
 }
 
 void load_demonstration_graph(ControlState& state) {

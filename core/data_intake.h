@@ -4,6 +4,8 @@
 #include <KurvGraph/arrays.h>
 #include <KurvGraph/values.h>
 
+#include "core/graph_document.h"
+
 namespace kurv {
 
 struct ControlState;
@@ -32,6 +34,12 @@ void scatter_graph(ControlState& state, const IntakeSettings& settings, const Ma
 void scatter_graph2(ControlState& state, const IntakeSettings& settings,
                     const Matrix<Double>& xyarr, const List<String>& names,
                     const List<Boolean>& visible, const List<String>& functions);
+
+// Whether data that scatter_graph2() has refused have been edited since and could be drawn now. One
+// curve has to be visible: without any, no intake finds limits.
+bool has_mended_data(const GraphDocument& document);
+// Draws such data, as if they had just been handed over.
+void show_mended_data(ControlState& state);
 
 // The data set that a fresh control holds, random each time. Loaded, never drawn: it neither
 // validates nor redraws nor counts as the host's.

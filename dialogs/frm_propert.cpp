@@ -79,9 +79,7 @@ frmPropert::frmPropert(QWidget* parent) : GraphWindow(parent), m_tabs(new QTabWi
   apply->setToolTip(QStringLiteral("Draws the graph anew"));
   QPushButton* const close = new_button(*row, "cmdClose", "&Close");
 
-  connect(restore, &QPushButton::clicked, this, [this] {
-    if (edit([](Control& control) { control.Restore_Grf(); })) refill();
-  });
+  connect(restore, &QPushButton::clicked, this, &frmPropert::restore);
   connect(apply, &QPushButton::clicked, this,
           [this] { edit([](Control& control) { control.build_the_graph(); }); });
   connect(close, &QPushButton::clicked, this, &frmPropert::reject);
@@ -94,6 +92,13 @@ void frmPropert::add_page(const char* caption, void (*build)(PropertPage&)) {
   build(*page);
   m_pages.push_back(page);
   m_tabs->addTab(new Scroller(page), QString::fromUtf8(caption));
+}
+
+// What was being typed would otherwise be applied over the limits and margins that are restored.
+void frmPropert::restore() {
+  if (!edit([](Control& control) { control.Restore_Grf(); })) return;
+  for (QLineEdit* box : findChildren<QLineEdit*>()) box->setModified(false);
+  refill();
 }
 
 void frmPropert::fill() {

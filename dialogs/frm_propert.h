@@ -37,6 +37,7 @@ class frmPropert final : public GraphWindow {
 
  private:
   void add_page(const char* caption, void (*build)(PropertPage&));
+  void restore();
 
   QTabWidget* m_tabs;
   std::vector<PropertPage*> m_pages;

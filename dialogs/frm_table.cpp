@@ -44,6 +44,13 @@ class CellDelegate final : public QStyledItemDelegate {
     if (line && line->isModified()) return;
     QStyledItemDelegate::setEditorData(editor, index);
   }
+  // Whoever only looks into a cell has typed nothing, even where its text would not be taken.
+  void setModelData(QWidget* editor, QAbstractItemModel* model,
+                    const QModelIndex& index) const override {
+    const auto* const line = qobject_cast<const QLineEdit*>(editor);
+    if (line && !line->isModified()) return;
+    QStyledItemDelegate::setModelData(editor, model, index);
+  }
 };
 
 // Long names end in an ellipsis; the toolkit would cut them off on both sides. Selected columns
@@ -94,6 +101,8 @@ void frmTable::set_up_grid() {
   m_grid->setAccessibleName(tr("Data table: a row for each point, columns for x and the curves"));
   m_grid->setItemDelegate(new CellDelegate(m_grid));
   m_grid->setModel(&m_model);
+  // The lines between the cells all but vanish on dark desktops.
+  m_grid->setAlternatingRowColors(true);
   m_grid->setSelectionMode(QAbstractItemView::ContiguousSelection);
   m_grid->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed |
                           QAbstractItemView::AnyKeyPressed);
@@ -315,7 +324,8 @@ std::optional<TableModel::Outcome> frmTable::enter(const PutCells& put_cells) {
   std::optional<TableModel::Outcome> outcome;
   const bool is_here = handle([&](Control& control) {
     // Data that came unnoticed are shown first: nobody has chosen cells of theirs.
-    if (m_model.is_current()) outcome = m_model.enter(control.state(), put_cells);
+    // What a failing redraw leaves undone is the client's to tell; the rest is told all the same.
+    if (m_model.is_current()) m_model.enter(control.state(), put_cells, outcome.emplace());
   });
   if (!is_here) return std::nullopt;
   fill();
@@ -324,10 +334,13 @@ std::optional<TableModel::Outcome> frmTable::enter(const PutCells& put_cells) {
 
 void frmTable::tell(const std::vector<Message>& messages) {
   if (messages.empty()) return;
+  const QPointer<frmTable> alive = this;
   const bool is_here = handle([&](Control& control) {
-    Shell& shell = control.state().shell;
+    const Client* const asked_for = client();
     for (const Message& message : messages) {
-      shell.message_box(message.text, message.flags, kBoxTitle);
+      control.state().shell.message_box(message.text, message.flags, kBoxTitle);
+      // Nobody wants to hear more about a table that was left while the box was open.
+      if (!alive || client() != asked_for) return;
     }
   });
   // While a box was open this window was told of no change.

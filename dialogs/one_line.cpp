@@ -1,5 +1,7 @@
 #include "dialogs/one_line.h"
 
+#include "dialogs/box_outline.h"
+
 namespace kurv {
 
 namespace {
@@ -36,11 +38,9 @@ QSize OneLine::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& i
   return {1, QStyledItemDelegate::sizeHint(option, index).height() + air};
 }
 
-// The toolkit's own style outlines a box in a shade of the window's colour that is darker still:
-// on a dark desktop nobody sees an empty one.
 void OneLine::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
   QStyledItemDelegate::initStyleOption(option, index);
-  option->palette.setColor(QPalette::Window, Qt::gray);
+  outline_boxes(option->palette);
 }
 
 }  // namespace kurv

@@ -95,7 +95,9 @@ void store_changes(PropertPage& page, QLineEdit* changed, QLineEdit* min, QLineE
     page.edit([&](Control& control) {
       const std::optional<Double> value =
           axis_limit(text_of(*changed), text_of(*min), text_of(*max), control.decimal_separator());
-      if (value) (control.*limit.set)(*value);
+      if (!value) return;
+      (control.*limit.set)(*value);
+      finish_text(*changed, shown_number(control, (control.*limit.get)()));
     });
   });
 }
@@ -133,7 +135,7 @@ QGroupBox* axis_frame(PropertPage& page, const Axis& axis) {
 void build_axes_page(PropertPage& page) {
   auto* const grid = new QGridLayout(&page);
   grid->addWidget(axis_frame(page, kX), 0, 0);
-  grid->addWidget(axis_frame(page, kY), 0, 1);
+  grid->addWidget(axis_frame(page, kY), 0, 2);
 
   auto* const ticks = new QFormLayout;
   QLineEdit* const count = page.number_box("txtAxisTicks", "Number of tick intervals, 5 to 100",
@@ -146,9 +148,11 @@ void build_axes_page(PropertPage& page) {
                                   store_and_draw(&Control::set_X_grid)));
   lines->addWidget(page.check_box("chkYGrids", "&Vertical grid lines", &Control::Y_grid,
                                   store_and_draw(&Control::set_Y_grid)));
-  grid->addLayout(lines, 1, 1);
+  grid->addLayout(lines, 1, 2);
   grid->setColumnStretch(0, 1);
-  grid->setColumnStretch(1, 1);
+  grid->setColumnStretch(2, 1);
+  // What belongs to one axis keeps clear of the other.
+  grid->setColumnMinimumWidth(1, page.fontMetrics().averageCharWidth() * 2);
   grid->setRowStretch(2, 1);
   page.setFocusProxy(page.findChild<QLineEdit*>(QLatin1String(kX.min.name)));
 }

@@ -6,6 +6,7 @@
 #include <QPalette>
 #include <utility>
 
+#include "dialogs/box_outline.h"
 #include "dialogs/frm_propert.h"
 #include "render/palette.h"
 
@@ -35,7 +36,16 @@ QString shown_number(const Control& control, Double value) {
   return QString::fromStdString(text);
 }
 
+bool is_being_typed(const QLineEdit& box) {
+  return box.hasFocus() && box.isModified();
+}
+
+void finish_text(QLineEdit& box, const QString& shown) {
+  if (box.text() == shown) box.setModified(false);
+}
+
 void show_text(QLineEdit& box, const QString& text) {
+  if (is_being_typed(box)) return;
   if (box.text() != text) box.setText(text);
   box.setModified(false);
 }
@@ -71,13 +81,16 @@ QLineEdit* PropertPage::number_box(const char* name, const char* description,
   QLineEdit* const box = text_box(name, description, [get](Control& control) {
     return shown_number(control, (control.*get)());
   });
-  on_filling([box](Control&) { show_judgement(*box, true); });
-  connect(box, &QLineEdit::textChanged, this, [this, box, set, rule] {
+  on_filling([box](Control&) {
+    if (!is_being_typed(*box)) show_judgement(*box, true);
+  });
+  connect(box, &QLineEdit::textChanged, this, [this, box, get, set, rule] {
     edit([&](Control& control) {
       const std::optional<Integer> number = rule(text_of(*box), control.decimal_separator());
       show_judgement(*box, number.has_value());
       if (!number) return;
       (control.*set)(*number);
+      finish_text(*box, shown_number(control, (control.*get)()));
       control.build_the_graph();
     });
   });
@@ -89,6 +102,10 @@ QCheckBox* PropertPage::check_box(const char* name, const char* caption,
                                   std::function<void(Control&, Boolean)> turn) {
   auto* const box = new QCheckBox(QString::fromUtf8(caption), this);
   name_it(*box, name);
+  // All other colours go on following the desktop's.
+  QPalette colours;
+  outline_boxes(colours);
+  box->setPalette(colours);
   on_filling(
       [box, is_on = std::move(is_on)](Control& control) { box->setChecked(bool(is_on(control))); });
   connect(box, &QCheckBox::toggled, this, [this, turn = std::move(turn)](bool on) {

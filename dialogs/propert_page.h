@@ -34,7 +34,7 @@ class PropertPage final : public QWidget {
 
   explicit PropertPage(frmPropert& window) : m_window(window) {}
 
-  // What the fields show now is what the graph says.
+  // What the fields show now is what the graph says, but for one that is being typed in.
   void fill(Control& control);
   // See GraphWindow::handle().
   bool edit(const Work& work);
@@ -75,7 +75,12 @@ auto store_and_draw(void (Control::*set)(Value)) {
 
 // As the graph's user writes it.
 QString shown_number(const Control& control, Double value);
-// Leaves the cursor alone where the text is there already.
+// Whether the user is in the middle of a text that the graph has not taken as it stands. A host
+// that draws its graph again and again would otherwise never let anybody finish one.
+bool is_being_typed(const QLineEdit& box);
+// The graph shows `shown` for what the box says; where that is the box's text, it is finished.
+void finish_text(QLineEdit& box, const QString& shown);
+// Leaves the cursor alone where the text is there already, and a text alone that is being typed.
 void show_text(QLineEdit& box, const QString& text);
 std::string text_of(const QLineEdit& box);
 

@@ -14,7 +14,10 @@ QLineEdit* title_box(PropertPage& page, const char* name, const char* descriptio
     return QString::fromStdString((control.*get)());
   });
   QObject::connect(box, &QLineEdit::textChanged, &page, [&page, box, set] {
-    page.edit([=](Control& control) { store_and_draw(set)(control, text_of(*box)); });
+    page.edit([=](Control& control) {
+      box->setModified(false);
+      store_and_draw(set)(control, text_of(*box));
+    });
   });
   return box;
 }

@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QColor>
 #include <QIcon>
+#include <QScopeGuard>
 #include <QStyle>
 #include <QTextDocument>
 #include <cmath>
@@ -27,11 +28,13 @@ QString to_qstring(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
-// An empty cell is a missing value.
+// An empty cell is a missing value. An infinite one would leave the axis without limits, and with
+// them the whole picture would go for one slip of the hand, so it is no number here.
 std::optional<Double> number_of(std::string_view text, char decimal_separator) {
   text = without_outer_blanks(text);
   if (text.empty()) return std::numeric_limits<Double>::quiet_NaN();
-  return text_to_number(text, decimal_separator);
+  const std::optional<Double> number = text_to_number(text, decimal_separator);
+  return number && std::isinf(*number) ? std::nullopt : number;
 }
 
 std::optional<Double> value_at(const GraphDocument& document, int row, int column) {
@@ -203,9 +206,10 @@ void TableModel::refresh() {
   tell_changes();
 }
 
-TableModel::Outcome TableModel::enter(ControlState& state, const PutCells& put_cells) {
+void TableModel::enter(ControlState& state, const PutCells& put_cells, Outcome& outcome) {
   const GraphDocument& document = state.document;
-  Outcome outcome;
+  // The edits are in the data where their redraw fails too, and the marks belong to these data.
+  const auto keep_up = qScopeGuard([this, &document] { m_revision = document.data_revision; });
   std::vector<CellEdit> edits;
   put_cells([&](int row, int column, std::string_view text) {
     const int point = point_of_row(document, row);
@@ -223,9 +227,6 @@ TableModel::Outcome TableModel::enter(ControlState& state, const PutCells& put_c
       m_marks.set(point_of_row(document, row), column, to_qstring(text));
     });
   }
-  m_revision = document.data_revision;
-  tell_changes();
-  return outcome;
 }
 
 }  // namespace kurv

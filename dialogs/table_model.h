@@ -43,9 +43,10 @@ class TableModel final : public QAbstractTableModel {
     std::optional<String> refusal;  // why the data are as they were
     bool has_invalid = false;       // some texts are no numbers
   };
-  // One command: numbers go into the data, empty texts as missing values. Other texts stay in their
-  // cells, marked, and so does everything that is refused.
-  Outcome enter(ControlState& state, const PutCells& put_cells);
+  // One command: finite numbers go into the data, empty texts as missing values. Other texts stay
+  // in their cells, marked, and so does everything that is refused. Views learn of it by the next
+  // refresh(). Throws what the redraw throws; then the edits are made, and the outcome says so.
+  void enter(ControlState& state, const PutCells& put_cells, Outcome& outcome);
 
   int mark_count() const { return m_marks.count(); }
 

@@ -10,9 +10,12 @@
 #include <new>
 
 #include "core/control_state.h"
+#include "core/data_intake.h"
 #include "qt/kurv_graph_state.h"
+#include "qt/picture_printer.h"
 #include "qt/plot_menu.h"
 #include "render/mapping.h"
+#include "ui/graph_file_commands.h"
 
 namespace kurv {
 
@@ -141,7 +144,9 @@ void KurvGraph::call(Work work) {
   // While the widget is hidden the toolkit keeps its new sizes to itself.
   state.fit();
   state.take_locale();
+  const PrintingFor printing(this);
   const std::optional<Fault> failure = failure_of([&] { work(state.graph); });
+  state.changed_from_outside();
   for (int redraws = state.finish(); redraws > 0 && state.widget; --redraws) {
     Q_EMIT state.widget->redrawn();
   }
@@ -154,8 +159,9 @@ template <class Work>
 void KurvGraph::handle(Work work) {
   const std::shared_ptr<State> state = m_state;
   state->take_locale();
+  const PrintingFor printing(this);
   const std::optional<Fault> failure = failure_of([&] { work(*state); });
-  const int redraws = state->finish();
+  const int redraws = state->finish(failure.has_value());
   if (!state->widget) return;
   KurvGraph* const widget = state->widget;
   for (int i = 0; i < redraws; ++i) {
@@ -169,7 +175,10 @@ void KurvGraph::handle(Work work) {
 }
 
 void KurvGraph::State::handle(const std::function<void(Control&)>& work) {
-  if (widget) widget->handle([&](State& state) { work(state.graph); });
+  if (!widget) return;
+  const std::shared_ptr<State> held = widget->m_state;
+  widget->handle([&](State& state) { work(state.graph); });
+  note_change();
 }
 
 void KurvGraph::run_command(const QString& word) {
@@ -247,6 +256,15 @@ void KurvGraph::file_load(const QString& filename) {
 
 void KurvGraph::load_path(const String& path) {
   call([&](Control& control) { control.file_load(path); });
+}
+
+void KurvGraph::save_to(const String& path) {
+  call([&](Control& control) { save_graph_file(control.state(), path); });
+}
+
+void KurvGraph::show_mended_data() {
+  if (!has_mended_data(m_state->graph.state().document)) return;
+  call([](Control& control) { kurv::show_mended_data(control.state()); });
 }
 
 void KurvGraph::Save_graph() {

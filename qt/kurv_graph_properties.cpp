@@ -16,6 +16,7 @@ double KurvGraph::ymin() const {
 }
 void KurvGraph::set_ymin(double value) {
   m_state->graph.set_ymin(value);
+  m_state->changed_from_outside();
 }
 
 double KurvGraph::ymax() const {
@@ -23,6 +24,7 @@ double KurvGraph::ymax() const {
 }
 void KurvGraph::set_ymax(double value) {
   m_state->graph.set_ymax(value);
+  m_state->changed_from_outside();
 }
 
 double KurvGraph::xmax() const {
@@ -30,6 +32,7 @@ double KurvGraph::xmax() const {
 }
 void KurvGraph::set_xmax(double value) {
   m_state->graph.set_xmax(value);
+  m_state->changed_from_outside();
 }
 
 double KurvGraph::xmin() const {
@@ -37,6 +40,7 @@ double KurvGraph::xmin() const {
 }
 void KurvGraph::set_xmin(double value) {
   m_state->graph.set_xmin(value);
+  m_state->changed_from_outside();
 }
 
 int KurvGraph::NumTicks() const {
@@ -44,6 +48,7 @@ int KurvGraph::NumTicks() const {
 }
 void KurvGraph::set_NumTicks(int value) {
   m_state->graph.set_NumTicks(to_integer(Double(value)));
+  m_state->changed_from_outside();
 }
 
 bool KurvGraph::Autoscale() const {
@@ -51,6 +56,7 @@ bool KurvGraph::Autoscale() const {
 }
 void KurvGraph::set_Autoscale(bool value) {
   m_state->graph.set_Autoscale(value);
+  m_state->changed_from_outside();
 }
 
 bool KurvGraph::Connected() const {
@@ -58,6 +64,7 @@ bool KurvGraph::Connected() const {
 }
 void KurvGraph::set_Connected(bool value) {
   m_state->graph.set_Connected(value);
+  m_state->changed_from_outside();
 }
 
 bool KurvGraph::DrawMarkers() const {
@@ -65,6 +72,7 @@ bool KurvGraph::DrawMarkers() const {
 }
 void KurvGraph::set_DrawMarkers(bool value) {
   m_state->graph.set_DrawMarkers(value);
+  m_state->changed_from_outside();
 }
 
 bool KurvGraph::QueryForSave() const {
@@ -72,6 +80,7 @@ bool KurvGraph::QueryForSave() const {
 }
 void KurvGraph::set_QueryForSave(bool value) {
   m_state->graph.set_QueryForSave(value);
+  m_state->changed_from_outside();
 }
 
 bool KurvGraph::SortXY() const {
@@ -79,6 +88,7 @@ bool KurvGraph::SortXY() const {
 }
 void KurvGraph::set_SortXY(bool value) {
   m_state->graph.set_SortXY(value);
+  m_state->changed_from_outside();
 }
 
 bool KurvGraph::Y_grid() const {
@@ -86,6 +96,7 @@ bool KurvGraph::Y_grid() const {
 }
 void KurvGraph::set_Y_grid(bool value) {
   m_state->graph.set_Y_grid(value);
+  m_state->changed_from_outside();
 }
 
 bool KurvGraph::X_grid() const {
@@ -93,6 +104,7 @@ bool KurvGraph::X_grid() const {
 }
 void KurvGraph::set_X_grid(bool value) {
   m_state->graph.set_X_grid(value);
+  m_state->changed_from_outside();
 }
 
 int KurvGraph::CurvesWidth() const {
@@ -100,6 +112,7 @@ int KurvGraph::CurvesWidth() const {
 }
 void KurvGraph::set_CurvesWidth(int value) {
   m_state->graph.set_CurvesWidth(to_integer(Double(value)));
+  m_state->changed_from_outside();
 }
 
 int KurvGraph::BorderWidth() const {
@@ -107,6 +120,7 @@ int KurvGraph::BorderWidth() const {
 }
 void KurvGraph::set_BorderWidth(int value) {
   m_state->graph.set_BorderWidth(to_integer(Double(value)));
+  m_state->changed_from_outside();
 }
 
 QString KurvGraph::AxisLabelFormatX() const {
@@ -114,6 +128,7 @@ QString KurvGraph::AxisLabelFormatX() const {
 }
 void KurvGraph::set_AxisLabelFormatX(const QString& value) {
   m_state->graph.set_AxisLabelFormatX(value.toStdString());
+  m_state->changed_from_outside();
 }
 
 QString KurvGraph::FontName() const {
@@ -121,6 +136,7 @@ QString KurvGraph::FontName() const {
 }
 void KurvGraph::set_FontName(const QString& value) {
   m_state->graph.set_FontName(value.toStdString());
+  m_state->changed_from_outside();
 }
 
 double KurvGraph::FontSize() const {
@@ -128,6 +144,7 @@ double KurvGraph::FontSize() const {
 }
 void KurvGraph::set_FontSize(double value) {
   m_state->graph.set_FontSize(to_single(value));
+  m_state->changed_from_outside();
 }
 
 bool KurvGraph::FontBold() const {
@@ -135,6 +152,7 @@ bool KurvGraph::FontBold() const {
 }
 void KurvGraph::set_FontBold(bool value) {
   m_state->graph.set_FontBold(value);
+  m_state->changed_from_outside();
 }
 
 bool KurvGraph::FontItalic() const {
@@ -142,6 +160,7 @@ bool KurvGraph::FontItalic() const {
 }
 void KurvGraph::set_FontItalic(bool value) {
   m_state->graph.set_FontItalic(value);
+  m_state->changed_from_outside();
 }
 
 QString KurvGraph::TitleFontName() const {
@@ -149,6 +168,7 @@ QString KurvGraph::TitleFontName() const {
 }
 void KurvGraph::set_TitleFontName(const QString& value) {
   m_state->graph.set_TitleFontName(value.toStdString());
+  m_state->changed_from_outside();
 }
 
 double KurvGraph::TitleFontSize() const {
@@ -156,6 +176,7 @@ double KurvGraph::TitleFontSize() const {
 }
 void KurvGraph::set_TitleFontSize(double value) {
   m_state->graph.set_TitleFontSize(to_single(value));
+  m_state->changed_from_outside();
 }
 
 bool KurvGraph::TitleFontBold() const {
@@ -163,6 +184,7 @@ bool KurvGraph::TitleFontBold() const {
 }
 void KurvGraph::set_TitleFontBold(bool value) {
   m_state->graph.set_TitleFontBold(value);
+  m_state->changed_from_outside();
 }
 
 bool KurvGraph::TitleFontItalic() const {
@@ -170,6 +192,7 @@ bool KurvGraph::TitleFontItalic() const {
 }
 void KurvGraph::set_TitleFontItalic(bool value) {
   m_state->graph.set_TitleFontItalic(value);
+  m_state->changed_from_outside();
 }
 
 QString KurvGraph::SubTitleFontName() const {
@@ -177,6 +200,7 @@ QString KurvGraph::SubTitleFontName() const {
 }
 void KurvGraph::set_SubTitleFontName(const QString& value) {
   m_state->graph.set_SubTitleFontName(value.toStdString());
+  m_state->changed_from_outside();
 }
 
 double KurvGraph::SubTitleFontSize() const {
@@ -184,6 +208,7 @@ double KurvGraph::SubTitleFontSize() const {
 }
 void KurvGraph::set_SubTitleFontSize(double value) {
   m_state->graph.set_SubTitleFontSize(to_single(value));
+  m_state->changed_from_outside();
 }
 
 bool KurvGraph::SubTitleFontBold() const {
@@ -191,6 +216,7 @@ bool KurvGraph::SubTitleFontBold() const {
 }
 void KurvGraph::set_SubTitleFontBold(bool value) {
   m_state->graph.set_SubTitleFontBold(value);
+  m_state->changed_from_outside();
 }
 
 bool KurvGraph::SubTitleFontItalic() const {
@@ -198,6 +224,7 @@ bool KurvGraph::SubTitleFontItalic() const {
 }
 void KurvGraph::set_SubTitleFontItalic(bool value) {
   m_state->graph.set_SubTitleFontItalic(value);
+  m_state->changed_from_outside();
 }
 
 QString KurvGraph::AxisLabelFormatY() const {
@@ -205,6 +232,7 @@ QString KurvGraph::AxisLabelFormatY() const {
 }
 void KurvGraph::set_AxisLabelFormatY(const QString& value) {
   m_state->graph.set_AxisLabelFormatY(value.toStdString());
+  m_state->changed_from_outside();
 }
 
 int KurvGraph::Right_margine() const {
@@ -212,6 +240,7 @@ int KurvGraph::Right_margine() const {
 }
 void KurvGraph::set_Right_margine(int value) {
   m_state->graph.set_Right_margine(to_integer(Double(value)));
+  m_state->changed_from_outside();
 }
 
 int KurvGraph::Left_margine() const {
@@ -219,6 +248,7 @@ int KurvGraph::Left_margine() const {
 }
 void KurvGraph::set_Left_margine(int value) {
   m_state->graph.set_Left_margine(to_integer(Double(value)));
+  m_state->changed_from_outside();
 }
 
 int KurvGraph::Top_margine() const {
@@ -226,6 +256,7 @@ int KurvGraph::Top_margine() const {
 }
 void KurvGraph::set_Top_margine(int value) {
   m_state->graph.set_Top_margine(to_integer(Double(value)));
+  m_state->changed_from_outside();
 }
 
 int KurvGraph::Bottom_margine() const {
@@ -233,6 +264,7 @@ int KurvGraph::Bottom_margine() const {
 }
 void KurvGraph::set_Bottom_margine(int value) {
   m_state->graph.set_Bottom_margine(to_integer(Double(value)));
+  m_state->changed_from_outside();
 }
 
 int KurvGraph::MarkerSize() const {
@@ -240,6 +272,7 @@ int KurvGraph::MarkerSize() const {
 }
 void KurvGraph::set_MarkerSize(int value) {
   m_state->graph.set_MarkerSize(to_integer(Double(value)));
+  m_state->changed_from_outside();
 }
 
 QString KurvGraph::Title() const {
@@ -247,6 +280,7 @@ QString KurvGraph::Title() const {
 }
 void KurvGraph::set_Title(const QString& value) {
   m_state->graph.set_Title(value.toStdString());
+  m_state->changed_from_outside();
 }
 
 QString KurvGraph::SubTitle() const {
@@ -254,6 +288,7 @@ QString KurvGraph::SubTitle() const {
 }
 void KurvGraph::set_SubTitle(const QString& value) {
   m_state->graph.set_SubTitle(value.toStdString());
+  m_state->changed_from_outside();
 }
 
 }  // namespace kurv

@@ -6,6 +6,7 @@
 #include <cmath>
 #include <utility>
 
+#include "core/control_state.h"
 #include "dialogs/shared_windows.h"
 #include "qt/picture_printer.h"
 
@@ -86,15 +87,35 @@ void KurvGraph::State::take_locale() {
   graph.set_decimal_separator(has_comma ? ',' : '.');
 }
 
-int KurvGraph::State::finish() {
-  // A redraw that failed has changed the picture as well.
-  if (surface.take_redraws() > 0) {
-    static_cast<void>(picture.image());
-    if (widget) view->picture_changed();
+// A redraw that failed has changed the picture as well, and so has a bitmap, into which the curves
+// are drawn once more. Data that were refused change no picture, but what the windows show.
+int KurvGraph::State::finish(bool has_failed) {
+  const bool redrawn = surface.take_redraws() > 0;
+  const qint64 drawn = picture.image().cacheKey();
+  if (std::exchange(shown_picture, drawn) != drawn && widget) view->picture_changed();
+  const unsigned revision = graph.state().document.data_revision;
+  if (std::exchange(shown_data, revision) != revision || redrawn || has_failed) {
     refill_windows(*this);
   }
   if (widget) view->describe();
+  if (redrawn) note_change();
   return std::exchange(whole_redraws, 0);
+}
+
+void KurvGraph::State::changed_from_outside() {
+  refill_windows(*this);
+  note_change();
+}
+
+void KurvGraph::State::note_change() {
+  if (!widget || std::exchange(change_noted, true)) return;
+  QMetaObject::invokeMethod(
+      widget,
+      [this] {
+        change_noted = false;
+        if (widget) Q_EMIT widget->changed();
+      },
+      Qt::QueuedConnection);
 }
 
 double KurvGraph::State::twips_per_logical_pixel() const {

@@ -40,7 +40,9 @@ struct KurvGraph::State final : Container, Client {
   void take_locale();
   // Ends a call, whether or not it failed: the last strokes become pixels, and a picture that has
   // changed is shown. Returns how many whole redraws there were.
-  int finish();
+  int finish(bool has_failed = false);
+  // The host has changed the graph: its windows show that, whether or not the picture does.
+  void changed_from_outside();
   double twips_per_logical_pixel() const;
   // The graph as a document of lines and text, for which nothing of it changes.
   QByteArray document_in(VectorFormat format) const;
@@ -71,14 +73,19 @@ struct KurvGraph::State final : Container, Client {
   double ratio = 1;  // and its device pixels per logical pixel
   bool design_mode = false;
   bool shortcuts_enabled = true;
-  int whole_redraws = 0;  // since the last finish()
-  bool telling = false;   // a message box about a run-time error is open
+  qint64 shown_picture = 0;   // which one it was at the last finish()
+  unsigned shown_data = 0;    // and which data
+  bool change_noted = false;  // the signal is on its way
+  int whole_redraws = 0;      // since the last finish()
+  bool telling = false;       // a message box about a run-time error is open
   Picture picture;
   WatchedSurface surface;
   QtShell shell;
   Control graph;
 
  private:
+  // Announces that something may have changed, once the current event is over.
+  void note_change();
   int toolbar_height() const;
   void arrange();
 };

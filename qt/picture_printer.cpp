@@ -9,6 +9,7 @@
 #include <QPrinter>
 #include <algorithm>
 #include <memory>
+#include <utility>
 
 #include "core/provided_classes.h"
 #include "qt/qt_shell.h"
@@ -24,9 +25,11 @@ QImage image_of(std::string_view bitmap) {
   return image;
 }
 
+QPointer<QWidget> g_printing_for;
+
 // The user has chosen a printer and said yes.
 bool is_accepted(QPrinter& printer) {
-  const QPointer<QPrintDialog> dialog = new QPrintDialog(&printer, QApplication::activeWindow());
+  const QPointer<QPrintDialog> dialog = new QPrintDialog(&printer, front_of(g_printing_for));
   // There is one page, and nothing that could be selected on it.
   dialog->setOptions(QAbstractPrintDialog::PrintToFile | QAbstractPrintDialog::PrintShowPageSize);
   const bool accepted = dialog->exec() == QDialog::Accepted;
@@ -45,6 +48,13 @@ QRectF picture_place(const QSizeF& page, const QSizeF& size, double caption_heig
 }
 
 }  // namespace
+
+PrintingFor::PrintingFor(QWidget* widget)
+    : m_before(std::exchange(g_printing_for, QPointer<QWidget>(widget))) {}
+
+PrintingFor::~PrintingFor() {
+  g_printing_for = m_before;
+}
 
 void DesktopPrinter::PrintPicture(std::string_view bitmap, std::string_view font_name,
                                   std::string_view caption, Single font_size) {

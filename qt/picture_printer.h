@@ -6,13 +6,15 @@
 #include <QFont>
 #include <QImage>
 #include <QPagedPaintDevice>
+#include <QPointer>
 #include <QString>
+#include <QWidget>
 
 namespace kurv {
 
 class DesktopPrinter final : public PicturePrinter {
  public:
-  // Asks for a printer, or a PDF file, before the active window, and prints the picture on one
+  // Asks for a printer, or a PDF file, and prints the picture on one
   // page; nothing when cancelled, or when nobody is there to ask. Throws kDeviceIoError when it
   // could not be printed.
   void PrintPicture(std::string_view bitmap, std::string_view font_name, std::string_view caption,
@@ -21,6 +23,19 @@ class DesktopPrinter final : public PicturePrinter {
 
 // Makes it the built-in class of kPicturePrinterClass.
 void provide_desktop_printer();
+
+// As long as it lives, the printer's dialog stands before the window that this widget is in: a
+// printer does not know whose picture it prints.
+class PrintingFor {
+ public:
+  explicit PrintingFor(QWidget* widget);
+  ~PrintingFor();
+  PrintingFor(const PrintingFor&) = delete;
+  PrintingFor& operator=(const PrintingFor&) = delete;
+
+ private:
+  QPointer<QWidget> m_before;
+};
 
 struct Caption {
   QString text;

@@ -29,7 +29,8 @@ int curves_drawn(const GraphDocument& document) {
 
 QString name_of(const GraphDocument& document) {
   const QString title = QString::fromStdString(document.Title);
-  return title.trimmed().isEmpty() ? QStringLiteral("Graph") : title;
+  // What is not drawn has a title too, which nobody sees.
+  return !document.GraphValid || title.trimmed().isEmpty() ? QStringLiteral("Graph") : title;
 }
 
 QString description_of(const GraphDocument& document) {

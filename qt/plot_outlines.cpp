@@ -2,6 +2,7 @@
 
 #include <QColor>
 #include <QPen>
+#include <algorithm>
 
 namespace kurv {
 
@@ -13,6 +14,14 @@ constexpr QRgb kInk = 0xFF003C8C;
 // Logical pixels; whole ones, so that the lines are crisp.
 constexpr int kFocusWidth = 2;
 constexpr int kFocusGap = 2;  // keeps the line off the text
+
+// Where something of this extent begins that begins at `at`, brought so near to first..last that a
+// piece of it is within.
+int near(int at, int extent, int first, int last) {
+  constexpr int kPiece = 4 * kFocusWidth;
+  const int least = first - extent + kPiece;
+  return std::clamp(at, least, std::max(least, last - kPiece));
+}
 
 void outline(QPainter& painter, const QRect& rect, int width, Qt::PenStyle style) {
   QPen pen(Qt::white, width);
@@ -39,9 +48,11 @@ void outline_dragged(QPainter& painter, const QRectF& rect) {
 void outline_focused(QPainter& painter, const std::vector<QRectF>& rects, const QRect& view) {
   const QRect room = view.adjusted(1, 1, -kFocusWidth, -kFocusWidth);
   for (const QRectF& rect : rects) {
-    const QRect around =
-        rect.toAlignedRect().adjusted(-kFocusGap, -kFocusGap, kFocusGap, kFocusGap);
-    if (around.intersects(room)) outline(painter, around & room, kFocusWidth, Qt::DashLine);
+    QRect around = rect.toAlignedRect().adjusted(-kFocusGap, -kFocusGap, kFocusGap, kFocusGap);
+    // What stands outside is pointed at from the nearest edge.
+    around.moveLeft(near(around.left(), around.width(), room.left(), room.right()));
+    around.moveTop(near(around.top(), around.height(), room.top(), room.bottom()));
+    outline(painter, around & room, kFocusWidth, Qt::DashLine);
   }
 }
 

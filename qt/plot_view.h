@@ -101,6 +101,7 @@ class PlotView final : public QWidget {
   bool m_busy = false;
   std::optional<QPointF> m_mouse;  // while the mouse is over the view
   Qt::MouseButtons m_on_item;      // went down on an item, so they come up there
+  Qt::MouseButtons m_ignored;      // went down while an item was dragged
   std::optional<Drag> m_drag;
   std::optional<std::optional<Item>> m_double_click;  // the second press is not over yet
   std::optional<Place> m_place;                       // that Tab has reached

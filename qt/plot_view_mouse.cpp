@@ -48,7 +48,9 @@ void PlotView::mouseDoubleClickEvent(QMouseEvent* event) {
 }
 
 void PlotView::press(Qt::MouseButton button, QPointF at) {
-  // While an item is dragged the other buttons have no say.
+  // While an item is dragged the other buttons have no say, whenever they come up.
+  m_ignored.setFlag(button, m_drag.has_value());
+  m_double_click.reset();
   if (button_bit(button) == 0 || m_drag) return;
   m_mouse = at;
   m_place.reset();
@@ -83,7 +85,7 @@ void PlotView::mouseMoveEvent(QMouseEvent* event) {
 void PlotView::mouseReleaseEvent(QMouseEvent* event) {
   event->accept();
   const Integer button = button_bit(event->button());
-  if (button == 0 || (m_drag && event->button() != Qt::LeftButton)) return;
+  if (button == 0 || m_ignored.testFlag(event->button())) return;
   const std::optional<Drag> drag = std::exchange(m_drag, std::nullopt);
   const auto twice = std::exchange(m_double_click, std::nullopt);
   const bool on_item = m_on_item.testFlag(event->button());
@@ -135,6 +137,7 @@ void PlotView::leaveEvent(QEvent*) {
 }
 
 void PlotView::hideEvent(QHideEvent*) {
+  m_double_click.reset();
   end_drag();
 }
 

@@ -115,10 +115,24 @@ QString extension_of(const QString& name_filter, const QString& otherwise) {
   return known ? extension : otherwise;
 }
 
+QWidget* front_of(const QWidget* owner) {
+  if (!owner) return nullptr;
+  QWidget* const own = owner->window();
+  QWidget* const modal = QApplication::activeModalWidget();
+  QWidget* const front = modal ? modal : QApplication::activeWindow();
+  // A window that has been closed may still count as the active one until it is gone.
+  if (!front || !front->isVisible()) return own;
+  // A dialog behind a modal one could not be answered; one before a stranger's would go with it.
+  for (QWidget* widget = front; widget; widget = widget->parentWidget()) {
+    if (widget == own) return front;
+  }
+  return own;
+}
+
 Answer QtShell::message_box(std::string_view text, int flags, std::string_view title) {
   const bool question = flags == kYesNoQuestion;
   if (!somebody_can_answer()) return question ? Answer::kNo : Answer::kOk;
-  Modal<QMessageBox> box(window());
+  Modal<QMessageBox> box(front_of(m_owner));
   box->setIcon(icon_of(flags));
   box->setWindowTitle(shown_text(title));
   box->setTextFormat(Qt::PlainText);
@@ -137,7 +151,7 @@ Answer QtShell::message_box(std::string_view text, int flags, std::string_view t
 String QtShell::input_prompt(std::string_view text, std::string_view title,
                              std::string_view default_text) {
   if (!somebody_can_answer()) return {};
-  Modal<QInputDialog> prompt(window());
+  Modal<QInputDialog> prompt(front_of(m_owner));
   prompt->setInputMode(QInputDialog::TextInput);
   prompt->setWindowTitle(shown_text(title));
   prompt->setLabelText(shown_text(text));
@@ -152,8 +166,8 @@ void QtShell::beep() {
 
 FileChoice QtShell::open_file(const OpenDialog& settings) {
   if (!somebody_can_answer()) return {};
-  Modal<QFileDialog> dialog(window());
-  dialog->setWindowTitle(shown_text(settings.title));
+  Modal<QFileDialog> dialog(front_of(m_owner));
+  if (!settings.title.empty()) dialog->setWindowTitle(shown_text(settings.title));
   dialog->setAcceptMode(QFileDialog::AcceptOpen);
   dialog->setFileMode(QFileDialog::ExistingFile);
   set_filters(*dialog.get(), settings.filter, settings.default_extension);
@@ -162,8 +176,8 @@ FileChoice QtShell::open_file(const OpenDialog& settings) {
 
 FileChoice QtShell::save_file(const SaveDialog& settings) {
   if (!somebody_can_answer()) return {};
-  Modal<QFileDialog> dialog(window());
-  dialog->setWindowTitle(shown_text(settings.title));
+  Modal<QFileDialog> dialog(front_of(m_owner));
+  if (!settings.title.empty()) dialog->setWindowTitle(shown_text(settings.title));
   dialog->setAcceptMode(QFileDialog::AcceptSave);
   dialog->setFileMode(QFileDialog::AnyFile);
   dialog->setOption(QFileDialog::DontConfirmOverwrite, (settings.flags & kOverwritePrompt) == 0);
@@ -178,7 +192,7 @@ std::optional<Font> QtShell::choose_font(const Font& preset) {
   if (preset.FontSize > 0) font.setPointSizeF(preset.FontSize);
   font.setBold(preset.FontBold);
   font.setItalic(preset.FontItalic);
-  Modal<QFontDialog> dialog(window());
+  Modal<QFontDialog> dialog(front_of(m_owner));
   dialog->setCurrentFont(font);
   if (!dialog.accepted()) return {};
   const QFont chosen = dialog->selectedFont();
@@ -198,18 +212,6 @@ void QtShell::copy_picture(std::string_view bitmap) {
   } else {
     clipboard->clear();
   }
-}
-
-QWidget* QtShell::window() const {
-  if (!m_owner) return nullptr;
-  QWidget* const own = m_owner->window();
-  QWidget* const modal = QApplication::activeModalWidget();
-  QWidget* const front = modal ? modal : QApplication::activeWindow();
-  // A dialog behind a modal one could not be answered; one before a stranger's would go with it.
-  for (QWidget* widget = front; widget; widget = widget->parentWidget()) {
-    if (widget == own) return front;
-  }
-  return own;
 }
 
 void QtShell::load_windows() {

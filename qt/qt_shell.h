@@ -23,6 +23,10 @@ QStringList name_filters(std::string_view filter);
 // `otherwise` where it has none.
 QString extension_of(const QString& name_filter, const QString& otherwise);
 
+// Where a dialog of something in `owner` belongs: before the dialog of the same window that the
+// user has in front, else before the window itself. Null where there is no owner.
+QWidget* front_of(const QWidget* owner);
+
 // Dialogs stand before the window that `owner` is in, or before the dialog of that window in which
 // the user is. When that one goes away under an open dialog, or the application has ended already,
 // the answer is No or nothing.
@@ -48,8 +52,6 @@ class QtShell final : public Shell {
   void release_windows() override;
 
  private:
-  QWidget* window() const;
-
   QPointer<QWidget> m_owner;
   Client* m_client;
 };

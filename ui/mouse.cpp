@@ -104,6 +104,8 @@ std::optional<Item> item_at(const ControlState& state, SurfacePoint at) {
 }
 
 std::optional<Region> region_at(const ControlState& state, SurfacePoint at) {
+  // Without a graph the regions lie where the last one had them, and nothing is to be seen there.
+  if (!state.document.GraphValid) return std::nullopt;
   for (const Region region : kRegions) {
     const std::vector<Rect> rects = rects_of(state, region);
     const auto holds = [at](const Rect& rect) { return contains(rect, at); };

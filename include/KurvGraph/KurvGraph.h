@@ -253,12 +253,19 @@ class KurvGraph : public QWidget {
   // the file, which need not be UTF-8. So are those of load_path(), which is file_load() otherwise.
   String FileName() const;
   void load_path(const String& path);
+  // Writes the graph to the path, to which it belongs from then on, also where it counts as saved:
+  // a property that was set and not drawn does not change that. Throws as Save_graph() does.
+  void save_to(const String& path);
   // False again after every redraw and every resize.
   bool GraphSaved() const;
   // Forgets the path, so that other data are never saved over an older graph.
   void reset_file();
   // Whether data have come that can be plotted. Without them nothing is drawn.
   bool has_graph() const;
+  // Data of a graph file or of scatter_graph2() that were refused stay, and the table can edit
+  // them. Draws them where they can be plotted by now, with limits from the data; otherwise
+  // nothing.
+  void show_mended_data();
   // The expressions of the function curves, in their order.
   std::vector<QString> functions() const;
   // Hands over, piece by piece, what the graph file would say now but for the control's size. Two
@@ -311,6 +318,8 @@ class KurvGraph : public QWidget {
   // slot may look at the graph and must leave it as it is, or be connected with
   // Qt::QueuedConnection.
   void filed();
+  // Once after each event in which something about the graph may have changed, drawn or not.
+  void changed();
   // Something that the user or the toolkit did has failed; the graph is as the error left it. When
   // nobody listens, a message box says so.
   void runTimeError(int number, const QString& text);

@@ -1,15 +1,19 @@
 // Choosing from a table what is to become a graph.
 #include <gmock/gmock.h>
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QSpinBox>
 #include <QTableView>
 #include <QTest>
+#include <algorithm>
 
 #include "app/import_dialog.h"
 
@@ -32,11 +36,9 @@ struct Import {
   std::string label(const char* name) { return get<QLabel>(name).text().toStdString(); }
   std::string summary() { return label("lblSummary"); }
   bool can_import() { return get<QPushButton>("cmdImport").isEnabled(); }
-  void settle() {
-    EXPECT_TRUE(QTest::qWaitFor([this] {
-      QTest::qWait(150);
-      return true;
-    }));
+  // The dialog waits a little for more changes before it reads the data anew.
+  bool comes_to_say(const std::string& part) {
+    return QTest::qWaitFor([&] { return summary().find(part) != std::string::npos; }, 5000);
   }
   QListWidgetItem* curve(const char* name) {
     return get<QListWidget>("lstCurves").findItems(name, Qt::MatchExactly).value(0);
@@ -119,8 +121,7 @@ TEST(ImportDialog, WithoutACurveThereIsNothingToImport) {
   EXPECT_EQ(import.summary(), "Choose at least one curve.");
   EXPECT_FALSE(import.can_import());
   QTest::mouseClick(&import.get<QPushButton>("cmdAll"), Qt::LeftButton);
-  import.settle();
-  EXPECT_EQ(import.summary(), "3 points, 2 curves");
+  EXPECT_TRUE(import.comes_to_say("3 points, 2 curves"));
   EXPECT_TRUE(import.can_import());
 }
 
@@ -158,8 +159,7 @@ TEST(ImportDialog, TheSameXEverywhereIsExplainedInTheDialogsOwnWords) {
 TEST(ImportDialog, TooLargeAStepIsExplained) {
   Import import(kTable);
   import.get<QSpinBox>("spnEvery").setValue(1000);
-  import.settle();
-  EXPECT_THAT(import.summary(), HasSubstr("one row of data with this \"Take every\""));
+  EXPECT_TRUE(import.comes_to_say("one row of data with this \"Take every\""));
   EXPECT_FALSE(import.can_import());
 }
 
@@ -184,8 +184,7 @@ TEST(ImportDialog, OfTooManyCurvesTheFirstAreTicked) {
   Import import(names + '\n' + first + '\n' + second + '\n');
   EXPECT_EQ(import.summary(), "2 points, 149 curves");
   import.curve("c199")->setCheckState(Qt::Checked);
-  import.settle();
-  EXPECT_THAT(import.summary(), HasSubstr("150 curves, more than the 149"));
+  EXPECT_TRUE(import.comes_to_say("150 curves, more than the 149"));
   EXPECT_FALSE(import.can_import());
 }
 
@@ -227,6 +226,96 @@ TEST(ImportDialog, EveryFieldHasANameForScreenReaders) {
     }
     EXPECT_TRUE(labelled) << name;
   }
+  EXPECT_FALSE(import.get<QScrollArea>("scrNotes").accessibleName().isEmpty());
+}
+
+TEST(ImportDialog, EveryLetterOfAMnemonicIsThereOnce) {
+  Import import(kTable);
+  QStringList captions;
+  for (const QLabel* label : import.dialog.findChildren<QLabel*>()) {
+    if (label->buddy()) captions << label->text();
+  }
+  for (const QAbstractButton* button : import.dialog.findChildren<QPushButton*>()) {
+    EXPECT_TRUE(button->objectName().startsWith("cmd")) << button->text().toStdString();
+    captions << button->text();
+  }
+  captions << import.get<QCheckBox>("chkSort").text();
+  EXPECT_EQ(captions.size(), 10);
+  QSet<QString> letters;
+  for (const QString& caption : captions) {
+    const QString letter = QKeySequence::mnemonic(caption).toString();
+    EXPECT_FALSE(letter.isEmpty()) << caption.toStdString();
+    EXPECT_FALSE(letters.contains(letter)) << caption.toStdString();
+    letters.insert(letter);
+  }
+}
+
+TEST(ImportDialog, ItsButtonsImportAndCancel) {
+  for (const auto& [name, result] : {std::pair("cmdImport", int(QDialog::Accepted)),
+                                     std::pair("cmdCancel", int(QDialog::Rejected))}) {
+    Import import(kTable);
+    QTest::mouseClick(&import.get<QPushButton>(name), Qt::LeftButton);
+    EXPECT_EQ(import.dialog.result(), result) << name;
+    EXPECT_FALSE(import.dialog.isVisible());
+  }
+}
+
+TEST(ImportDialog, ItsMnemonicsPressTheButtons) {
+  for (const auto& [key, result] : {std::pair(Qt::Key_I, int(QDialog::Accepted)),
+                                    std::pair(Qt::Key_L, int(QDialog::Rejected))}) {
+    Import import(kTable);
+    import.dialog.activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&import.dialog));
+    QTest::keyClick(import.dialog.focusWidget(), key, Qt::AltModifier);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !import.dialog.isVisible(); }, 5000));
+    EXPECT_EQ(import.dialog.result(), result);
+  }
+}
+
+TEST(ImportDialog, ColumnsShowTheirNamesAlsoInLargeLetters) {
+  const QFont usual = QApplication::font();
+  QFont large = usual;
+  large.setPointSizeF(usual.pointSizeF() * 2);
+  QApplication::setFont(large);
+  {
+    Import import("x,body_mass_index," + std::string(300, 'w') + "\n1,2,3\n2,3,4\n");
+    const QHeaderView& names = *import.get<QTableView>("tblPreview").horizontalHeader();
+    EXPECT_GT(names.sectionSize(1), names.fontMetrics().horizontalAdvance("body_mass_index"));
+    EXPECT_LT(names.sectionSize(2), import.dialog.width() * 2 / 3) << "nobody takes the view";
+  }
+  QApplication::setFont(usual);
+}
+
+// Between the darkest and the lightest of a widget's pixels in this rectangle.
+int contrast_in(QWidget& widget, const QRect& rect) {
+  const QImage shot = widget.grab(rect).toImage();
+  int darkest = 255, lightest = 0;
+  for (int y = 0; y < shot.height(); ++y) {
+    for (int x = 0; x < shot.width(); ++x) {
+      darkest = std::min(darkest, qGray(shot.pixel(x, y)));
+      lightest = std::max(lightest, qGray(shot.pixel(x, y)));
+    }
+  }
+  return lightest - darkest;
+}
+
+TEST(ImportDialog, EmptyBoxesAreSeenOnDarkDesktops) {
+  const QPalette usual = QApplication::palette();
+  QPalette dark(QColor(55, 59, 64), QColor(42, 45, 49));
+  dark.setColor(QPalette::Base, QColor(30, 32, 35));
+  QApplication::setPalette(dark);
+  {
+    Import import("x,a\n1,2\n2,3\n");
+    auto& curves = import.get<QListWidget>("lstCurves");
+    import.get<QPushButton>("cmdNone").click();
+    curves.clearSelection();
+    // Before their texts.
+    const QRect row = curves.visualItemRect(import.curve("a"));
+    EXPECT_GT(contrast_in(*curves.viewport(), {row.left(), row.top(), 14, row.height()}), 40);
+    auto& sort = import.get<QCheckBox>("chkSort");
+    EXPECT_GT(contrast_in(sort, {0, 0, 14, sort.height()}), 40);
+  }
+  QApplication::setPalette(usual);
 }
 
 }  // namespace

@@ -192,20 +192,5 @@ TEST_F(MainWindowFilesTest, ANewWindowIsEmpty) {
   }
 }
 
-// What the graph's own "open" would do in place of it is to lose this graph without a question.
-class TheToolbarsOpen : public Windows {};
-
-TEST_F(TheToolbarsOpen, IsTheWindowsAndLosesNothing) {
-  MainWindow* const kurv = window_of(graph_file());
-  change_title(kurv, "Unsaved");
-  const std::string other = graph_file("other.gdf");
-  choose_file(other);
-  auto* const open = kurv->findChild<QAction*>("tbrGraph.open");
-  ASSERT_NE(open, nullptr);
-  open->trigger();
-  EXPECT_TRUE(QTest::qWaitFor([] { return all().size() == 2; }, 5000)) << "a window of its own";
-  EXPECT_EQ(kurv->graph().Title(), "Unsaved");
-}
-
 }  // namespace
 }  // namespace kurv::app

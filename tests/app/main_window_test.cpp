@@ -181,19 +181,6 @@ TEST_F(MainWindowTest, QuitStopsAtTheWindowThatIsToStay) {
   EXPECT_TRUE(first && first->isVisible());
 }
 
-TEST_F(MainWindowTest, RefusedDataAreSaidInTheWindowToo) {
-  QFile stored(QFile::decodeName(graph_file().c_str()));
-  ASSERT_TRUE(stored.open(QIODevice::ReadOnly));
-  QByteArray bytes = stored.readAll();
-  bytes.replace("\r\n1,2,3\r\n", "\r\n1,1,1\r\n");
-  MainWindow* const kurv = window();
-  click_box("OK");
-  EXPECT_TRUE(kurv->open(written(path("flat.gdf"), bytes)));
-  EXPECT_EQ(hint_of(kurv), "Nothing is shown: the data of flat.gdf cannot be plotted.");
-  EXPECT_FALSE(action(kurv, "mnuSave").isEnabled());
-  EXPECT_TRUE(action(kurv, "mnuTable").isEnabled());
-}
-
 TEST_F(MainWindowTest, AFunctionWithACommaIsWarnedOfWhenItIsSaved) {
   MainWindow* const kurv = window_of(graph_file());
   ASSERT_EQ(kurv->graph().add_function("max(x,2)"), std::nullopt);
@@ -215,6 +202,24 @@ TEST_F(MainWindowTest, ARunTimeErrorIsSaidWithTheFile) {
   click_box("OK", &text);
   Q_EMIT kurv->graph().runTimeError(6, "Overflow");
   EXPECT_EQ(text, "small.gdf: Overflow.");
+}
+
+TEST_F(MainWindowTest, AWindowThatGoesTakesItsBoxesAlong) {
+  for (const char* entry : {"mnuAbout", "mnuGettingStarted"}) {
+    const QPointer<MainWindow> kurv = window();
+    answer<QMessageBox>([&](QMessageBox&) { delete kurv.data(); });
+    press(kurv, entry);
+    EXPECT_FALSE(kurv) << entry;
+  }
+  const QPointer<MainWindow> failing = window();
+  answer<QMessageBox>([&](QMessageBox&) { delete failing.data(); });
+  EXPECT_FALSE(failing->open(path("missing.gdf")));
+  EXPECT_FALSE(failing);
+  const QPointer<MainWindow> warning = window_of(graph_file());
+  ASSERT_EQ(warning->graph().add_function("max(x,2)"), std::nullopt);
+  answer<QMessageBox>([&](QMessageBox&) { delete warning.data(); });
+  press(warning, "mnuSave");
+  EXPECT_FALSE(warning);
 }
 
 TEST_F(MainWindowTest, EveryMenuEntryHasAMnemonicOfItsOwnAndAName) {
@@ -241,23 +246,13 @@ TEST_F(MainWindowTest, AHiddenToolbarStaysHiddenForTheNextFile) {
   EXPECT_FALSE(kurv->graph().property("toolbar_visible").toBool());
 }
 
-TEST_F(MainWindowTest, ExportWritesThePictureOfTheGraph) {
-  MainWindow* const kurv = window_of(table());
-  choose_file(path("picture"));
-  press(kurv, "mnuExportPicture");
-  const QImage picture(m_folder.filePath("picture.png"));
-  EXPECT_EQ(picture.convertToFormat(QImage::Format_RGB32),
-            kurv->graph().image().convertToFormat(QImage::Format_RGB32));
-  EXPECT_FALSE(kurv->isWindowModified());
-}
-
-TEST_F(MainWindowTest, APictureThatCannotBeWrittenIsSaid) {
-  MainWindow* const kurv = window_of(table());
-  choose_file(path("no_such_folder/picture.png"));
+TEST_F(MainWindowTest, TheToolbarsHelpIsTheMenus) {
+  MainWindow* const kurv = window();
   QString text;
   click_box("OK", &text);
-  press(kurv, "mnuExportPicture");
-  EXPECT_THAT(text.toStdString(), HasSubstr("picture.png"));
+  kurv->findChild<QAction*>("tbrGraph.help")->trigger();
+  EXPECT_TRUE(QTest::qWaitFor([&] { return !text.isEmpty(); }, 5000));
+  EXPECT_THAT(text.toStdString(), HasSubstr("Double-click"));
 }
 
 }  // namespace

@@ -38,6 +38,16 @@ TEST_F(FrmPropert, RestoreShowsLimitsMarginsAndMarkerSizeOfANewGraph) {
   EXPECT_EQ(graph().MarkerSize(), 40);
 }
 
+TEST_F(FrmPropert, RestoreByItsLetterReplacesTheMarginThatIsBeingTyped) {
+  open(kGeneralPage);
+  type("txtMarginTop", "9");
+  QTest::keyClick(window.data(), Qt::Key_R, Qt::AltModifier);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return text("txtMarginTop") == "480"; }));
+  EXPECT_EQ(window->focusWidget(), box("txtMarginTop"));
+  press("txtMarginTop", Qt::Key_Tab);
+  EXPECT_EQ(graph().Top_margine(), 480);
+}
+
 TEST_F(FrmPropert, EachFontButtonAsksForItsFontUnderAnHourglass) {
   open(kTitlesPage);
   graph().set_FontName("Axis");

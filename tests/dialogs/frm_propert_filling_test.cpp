@@ -123,14 +123,76 @@ TEST_F(FrmPropert, WorksOnAGraphWithoutData) {
 
 TEST_F(FrmPropert, ARefillShowsWhatOthersHaveChanged) {
   open(kAxesPage);
-  type("txtAxisTicks", "4");
+  type("txtAxisTicks", "40");
+  type("txtXAxis_1", "5");
   graph().set_NumTicks(20);
   graph().set_xmax(8);
   window->refill();
   EXPECT_EQ(text("txtAxisTicks"), "20");
-  EXPECT_EQ(box("txtAxisTicks")->palette().color(QPalette::Text), QColor(0, 0, 0));
-  EXPECT_EQ(text("txtXAxis_1"), "8");
+  EXPECT_EQ(text("txtXAxis_1"), "8") << "5 has been taken, so nobody is in the middle of it";
   EXPECT_EQ(find<QTabWidget>("tabCurves")->currentIndex(), 2);
+}
+
+TEST_F(FrmPropert, ARefillShowsATitleThatOthersHaveChangedWhileOneIsTyped) {
+  open(kTitlesPage);
+  type("txtTitle", "mine");
+  graph().set_Title("theirs");
+  window->refill();
+  EXPECT_EQ(text("txtTitle"), "theirs");
+}
+
+TEST_F(FrmPropert, ARefillLeavesAMarginThatIsBeingTyped) {
+  open(kGeneralPage);
+  type("txtMarginTop", "6");
+  graph().set_Left_margine(901);
+  window->refill();
+  QTest::keyClicks(box("txtMarginTop"), "11");
+  window->refill();
+  EXPECT_EQ(text("txtMarginTop"), "611");
+  EXPECT_EQ(text("txtMarginLeft"), "901") << "the others keep up";
+  press("txtMarginTop", Qt::Key_Return);
+  EXPECT_EQ(graph().Top_margine(), 611);
+  graph().set_Top_margine(700);
+  window->refill();
+  EXPECT_EQ(text("txtMarginTop"), "700") << "the typed one has been applied";
+}
+
+struct RefusedText {
+  Integer page;
+  const char* name;
+  const char* keys;
+  const char* rest;
+  const char* shown;
+};
+
+TEST_F(FrmPropert, ARefillLeavesARedTextUntilTheFocusLeaves) {
+  for (const RefusedText& c : {RefusedText{kAxesPage, "txtAxisTicks", "4", "2", "42"},
+                               RefusedText{kLinesPage, "txtMarkerSize", "5", "5", "55"}}) {
+    for (const bool finished : {true, false}) {
+      open(c.page);
+      const std::string before = text(c.name);
+      type(c.name, c.keys);
+      window->refill();
+      EXPECT_EQ(text(c.name), c.keys);
+      EXPECT_EQ(box(c.name)->palette().color(QPalette::Text), QColor(255, 0, 0)) << c.name;
+      if (finished) QTest::keyClicks(box(c.name), c.rest);
+      press(c.name, Qt::Key_Tab);
+      window->refill();
+      EXPECT_EQ(text(c.name), finished ? c.shown : before);
+      EXPECT_EQ(box(c.name)->palette().color(QPalette::Text), QColor(0, 0, 0)) << c.name;
+    }
+  }
+}
+
+TEST_F(FrmPropert, ARefillLeavesALimitThatIsBeingTyped) {
+  open(kAxesPage);
+  type("txtXAxis_2", "");
+  for (const char* key : {"-", "0", ".", "0", "5"}) {
+    QTest::keyClicks(box("txtXAxis_2"), QLatin1String(key));
+    window->refill();
+  }
+  EXPECT_EQ(text("txtXAxis_2"), "-0.05");
+  EXPECT_EQ(graph().xmin(), -0.05);
 }
 
 TEST_F(FrmPropert, ARefillLeavesTheCursorInATextThatIsRight) {

@@ -199,10 +199,10 @@ TEST(TableWindow, HasAFirstSizeAndKeepsTheUsers) {
 }
 
 TEST(TableWindow, LongNamesAndManyColumnsStayBounded) {
-  std::vector<std::vector<Double>> data(150, {1, 2});
-  Table table(data);
-  table.document().yVarName(2) = std::string(5000, 'n');
+  const Table table(std::vector<std::vector<Double>>(150, {1, 2}), {"x", String(5000, 'n')});
+  ASSERT_EQ(heading(table, 2).size(), 5000u) << "there before the columns were fitted";
   EXPECT_LT(table.grid->columnWidth(1), 400);
+  EXPECT_GT(table.grid->columnWidth(1), table.grid->columnWidth(2)) << "but it is given more room";
   Table other;
   other.document().yVarName(1) = "<b>a & b</b>";
   EXPECT_EQ(heading(other, 1), "<b>a & b</b>");

@@ -211,15 +211,47 @@ TEST(TablePaste, OfAnEmptyCellEmptiesOne) {
   EXPECT_TRUE(std::isnan(table.document().xyArrUnsorted(2, 2)));
 }
 
-TEST(TablePaste, AcceptsMissingAndInfiniteValuesByName) {
+TEST(TablePaste, AcceptsMissingValuesByName) {
   Table table;
   table.select(1, 2);
-  table.paste("nan\tInf\n-Inf\t1e999\n");
+  table.paste("nan\tNaN");
   EXPECT_TRUE(std::isnan(table.document().xyArrUnsorted(2, 1)));
-  EXPECT_TRUE(std::isinf(table.document().xyArrUnsorted(3, 1)));
-  EXPECT_EQ(table.cell(2, 2), "-Inf");
+  EXPECT_TRUE(std::isnan(table.document().xyArrUnsorted(3, 1)));
   EXPECT_EQ(table.cell(1, 2), "");
   EXPECT_THAT(table.messages(), IsEmpty());
+}
+
+TEST(TablePaste, TakesNoInfiniteValueBecauseItWouldBlankThePlot) {
+  Table table;
+  const Double ymax = table.document().ymax;
+  table.select(1, 1);
+  table.paste("inf\tInf\t-Inf\n4\t1e999\t-1E400");
+  EXPECT_THAT(table.messages(), ElementsAre(kInvalid));
+  EXPECT_THAT(table.column_of_host(1), ElementsAre(3, 4, 2));
+  EXPECT_THAT(table.column_of_host(2), ElementsAre(30, 10, 20));
+  EXPECT_THAT(table.column_of_host(3), ElementsAre(-3, -1, -2));
+  EXPECT_EQ(table.document().ymax, ymax);
+  EXPECT_EQ(table.cell(2, 2), "1e999") << "as it was written";
+  EXPECT_EQ(table.at(2, 2).data(Qt::ToolTipRole).toString(),
+            "Not a number. The graph still has 10 here.");
+  for (const auto& [row, column] : {std::pair{1, 1}, {1, 2}, {1, 3}, {2, 2}, {2, 3}}) {
+    EXPECT_TRUE(table.is_marked(row, column)) << row << ", " << column;
+  }
+}
+
+TEST(TablePaste, OfACopiedInfiniteValueIsMarkedWhereTheHostsOwnIsShown) {
+  constexpr Double kInf = std::numeric_limits<Double>::infinity();
+  Table table({{1, 2, 3}, {kInf, 5, 6}});
+  table.select(1, 2);
+  table.copy();
+  EXPECT_EQ(table.clipboard(), "Inf");
+  EXPECT_FALSE(table.is_marked(1, 2));
+  table.select(2, 2);
+  table.choose("mnuEditItem_2");
+  EXPECT_THAT(table.column_of_host(2), ElementsAre(kInf, 5, 6));
+  EXPECT_EQ(table.cell(2, 2), "Inf");
+  EXPECT_TRUE(table.is_marked(2, 2));
+  EXPECT_THAT(table.messages(), ElementsAre(kInvalid));
 }
 
 TEST(TablePaste, HostileTextIsOnlyText) {
@@ -258,70 +290,6 @@ TEST(TablePaste, InTheSortedTableGoesToThePointsOfTheRows) {
   table.client.host.control.build_the_graph();
   table.window.refill();
   EXPECT_EQ(table.cell(2, 3), "no") << "and is there in the host's order too";
-}
-
-TEST(TableEditItems, AnUnknownIndexIsToldAndDoesNothing) {
-  for (const int index : {-1, 4, 99}) {
-    Table table;
-    table.select(1, 1);
-    QApplication::clipboard()->setText("77");
-    table.window.mnuEditItem_Click(index);
-    ASSERT_EQ(table.shell().messages.size(), 1u);
-    EXPECT_EQ(table.shell().messages[0].text, "Error : illegal Edit command.");
-    EXPECT_EQ(table.shell().messages[0].flags, kExclamation);
-    EXPECT_EQ(table.shell().messages[0].title, "KURV Guide");
-    EXPECT_THAT(table.column_of_host(1), ElementsAre(3, 1, 2));
-    EXPECT_EQ(table.clipboard(), "77");
-  }
-}
-
-TEST(TableEdit, AFaultOfTheRedrawIsTheClientsAndTheTableShowsTheData) {
-  Table table;
-  table.document().NumTicks = 0;
-  table.select(1, 2);
-  table.paste("55");
-  EXPECT_THAT(table.client.faults, ElementsAre(FaultKind::kDivisionByZero));
-  EXPECT_EQ(table.cell(1, 2), "55");
-}
-
-TEST(TableEdit, TheWindowMayGoDuringItsOwnEdit) {
-  auto table = std::make_unique<Table>();
-  auto* const window = new frmTable(nullptr);
-  window->set_client(&table->client);
-  window->init(0);
-  window->show();
-  table->client.handled = [&] {
-    table->client.handled = {};
-    delete window;
-  };
-  QApplication::clipboard()->setText("1\tx");
-  window->mnuEditItem_Click(2);
-  EXPECT_EQ(table->document().xyArrUnsorted(1, 1), 1);
-}
-
-TEST(TableEdit, OfTheLargestTableIsOneCommand) {
-  constexpr int kPoints = 32767;
-  std::vector<std::vector<Double>> data(150, std::vector<Double>(kPoints));
-  for (std::size_t c = 0; c < data.size(); ++c) {
-    for (std::size_t i = 0; i < kPoints; ++i) data[c][i] = static_cast<Double>(i * 7 + c) / 8;
-  }
-  Table table(data, false);
-  table.grid->selectAll();
-  table.copy();
-  const QString text = QApplication::clipboard()->text();
-  EXPECT_EQ(text.count(u'\t'), 149 * kPoints);
-  EXPECT_EQ(text.count(QStringLiteral("\r\n")), kPoints - 1);
-  EXPECT_TRUE(text.startsWith(QStringLiteral("0\t0.125\t0.25\t")));
-  EXPECT_TRUE(text.endsWith(QStringLiteral("\t28688.875")));
-  table.select(1, 2, kPoints, 150);
-  table.erase();
-  EXPECT_THAT(table.messages(), IsEmpty());
-  EXPECT_EQ(table.cell(kPoints, 150), "");
-  table.select(1, 1);
-  QApplication::clipboard()->setText(text);
-  table.choose("mnuEditItem_2");
-  EXPECT_EQ(table.cell(kPoints, 150), "28688.875");
-  QApplication::clipboard()->clear();
 }
 
 }  // namespace

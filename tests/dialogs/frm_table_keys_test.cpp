@@ -4,6 +4,7 @@
 #include <QMenuBar>
 #include <QPushButton>
 #include <cmath>
+#include <limits>
 
 #include "tests/dialogs/table_support.h"
 
@@ -57,6 +58,18 @@ TEST(TableKeys, AnEditorThatIsLeftAsItWasChangesNothing) {
   }
   EXPECT_EQ(table.client.redraws(), 0);
   EXPECT_THAT(table.column_of_host(2), ElementsAre(0.1, 1.0 / 3));
+}
+
+TEST(TableKeys, LookingIntoACellThatWouldNotBeTakenMarksNothing) {
+  Table table({{1, 2}, {std::numeric_limits<Double>::infinity(), 4}});
+  table.select(1, 2);
+  QTest::keyClick(table.grid, Qt::Key_F2);
+  QTest::keyClick(table.grid->findChild<QLineEdit*>(), Qt::Key_Return);
+  table.settle();
+  EXPECT_FALSE(table.is_marked(1, 2));
+  table.type(1, 2, "Inf");
+  EXPECT_TRUE(table.is_marked(1, 2)) << "but whoever types it hears that it is not taken";
+  EXPECT_THAT(table.messages(), IsEmpty());
 }
 
 TEST(TableKeys, ATypedXThatMakesAllTheSameIsUndoneAndToldLater) {

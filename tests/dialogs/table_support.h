@@ -12,6 +12,7 @@
 #include <QTest>
 #include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "dialogs/client.h"
@@ -50,13 +51,14 @@ class TableClient final : public Client {
   std::function<void()> handled;  // what happens at the end of each handling
 };
 
-// Columns of the table from x on.
+// Columns of the table from x on; those without a name are called after their number.
 inline void load_columns(TestHost& host, const std::vector<std::vector<Double>>& data,
-                         bool visible = true) {
-  List<String> column_names(1, static_cast<int>(data.size()));
-  for (int c = 1; c <= column_names.upper(); ++c) {
-    column_names(c) = c == 1 ? String(" x ") : " curve" + std::to_string(c - 1);
+                         bool visible = true, std::vector<String> first_names = {}) {
+  while (first_names.size() < data.size()) {
+    const std::size_t curve = first_names.size();
+    first_names.push_back(curve == 0 ? String(" x ") : " curve" + std::to_string(curve));
   }
+  const List<String> column_names = names(std::move(first_names));
   const auto curves = static_cast<Integer>(data.size() - 1);
   host.control.scatter_graph2(
       "Title", columns(data), column_names, static_cast<Integer>(data.front().size()), curves,
@@ -70,6 +72,10 @@ struct Table {
   Table() : Table({{3, 1, 2}, {30, 10, 20}, {-3, -1, -2}}) {}
   explicit Table(const std::vector<std::vector<Double>>& data, bool visible = true) {
     load_columns(client.host, data, visible);
+    open();
+  }
+  Table(const std::vector<std::vector<Double>>& data, std::vector<String> first_names) {
+    load_columns(client.host, data, true, std::move(first_names));
     open();
   }
 

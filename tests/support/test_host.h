@@ -46,6 +46,7 @@ struct ScriptedShell : Shell {
 
   Answer message_box(std::string_view text, int flags, std::string_view title) override {
     messages.push_back({std::string(text), flags, std::string(title)});
+    if (while_telling) while_telling();
     return flags == kYesNoQuestion ? next(answers, Answer::kNo) : Answer::kOk;
   }
   String input_prompt(std::string_view text, std::string_view title,
@@ -98,6 +99,7 @@ struct ScriptedShell : Shell {
   std::vector<std::string> windows;  // what was asked of them, such as "frmPropert 2"
   int beeps = 0;
   std::function<void()> while_prompting;  // what happens elsewhere while a prompt is open
+  std::function<void()> while_telling;    // and while a box is
 };
 
 inline List<Double> points(std::vector<Double> values) {

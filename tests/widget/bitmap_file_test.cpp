@@ -24,7 +24,7 @@ int field(const QByteArray& bytes, int offset) {
 TEST(BitmapFile, HasTheScreensPixelsAndAsManyOfThemToAMetre) {
   const QTemporaryDir folder;
   KurvGraph graph;
-  graph.resize(300, 200);
+  resize_plot(graph, {300, 200});
   graph.plot(small_graph());
   QTimer timer;
   QObject::connect(&timer, &QTimer::timeout, [&] {

@@ -135,7 +135,7 @@ TEST_F(ExportWindow, ACopyTakesTheOldContentsPlaceInOneGo) {
 
 TEST_F(ExportWindow, TheCopyOfAnEmptyGraphIsBlank) {
   KurvGraph empty;
-  empty.resize(80, 60);
+  resize_plot(empty, {80, 60});
   empty.ChartOptions("copy");
   QImage white(80, 60, QImage::Format_RGB32);
   white.fill(Qt::white);

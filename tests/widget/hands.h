@@ -7,6 +7,7 @@
 #include <QMouseEvent>
 #include <QPointer>
 #include <QStringList>
+#include <QTabWidget>
 #include <QTest>
 #include <QTimer>
 #include <utility>
@@ -77,7 +78,7 @@ class ShownWindows {
     m_timer.start(1);
   }
 
-  // The names since the last time.
+  // The names since the last time, that of the properties with the tab that they showed.
   QStringList names() {
     process_all();
     QTest::qWait(20);
@@ -89,7 +90,10 @@ class ShownWindows {
     for (QWidget* window : QApplication::topLevelWidgets()) {
       auto* const dialog = qobject_cast<QDialog*>(window);
       if (!dialog || !dialog->isVisible() || !dialog->objectName().startsWith("frm")) continue;
-      m_names << dialog->objectName();
+      const auto* const tabs = dialog->findChild<QTabWidget*>("tabCurves");
+      const bool has_pages = tabs && dialog->objectName() == "frmPropert";
+      m_names << dialog->objectName() +
+                     (has_pages ? " " + tabs->tabText(tabs->currentIndex()) : "");
       dialog->reject();
     }
   }

@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 
 #include <QApplication>
+#include <QMenu>
 
 #include "tests/widget/hands.h"
 
@@ -90,6 +91,22 @@ TEST_F(WidgetDrag, OtherButtonsHaveNoSayMeanwhile) {
   EXPECT_FLOAT_EQ(legend().left, before.left + 1500);
 }
 
+TEST_F(WidgetDrag, AButtonThatCameMeanwhileHasNoSayAfterwardsEither) {
+  const QPoint grab = middle(legend());
+  int ups = 0;
+  QObject::connect(&m_graph, &KurvGraph::MouseUp, [&] { ++ups; });
+  Mouse other(m_plot, Qt::RightButton);
+  m_mouse.press(grab);
+  m_mouse.move(grab + QPoint(100, 0));
+  other.press({300, 300});
+  m_mouse.release(grab + QPoint(100, 0));
+  other.release({300, 300});
+  EXPECT_EQ(ups, 0);
+  EXPECT_EQ(m_graph.findChild<QMenu*>("mnuPlot"), nullptr);
+  other.click({300, 300});
+  EXPECT_EQ(ups, 1) << "the next click counts again";
+}
+
 TEST_F(WidgetDrag, EscapeLeavesTheItemWhereItWas) {
   const Rect before = legend();
   const QImage picture = shot();
@@ -166,13 +183,26 @@ TEST_F(WidgetDrag, ADropThatFailsIsTold) {
   EXPECT_THAT(m_listener.errors, testing::ElementsAre(11));
 }
 
-TEST_F(WidgetDrag, AbsurdPlacesAreDrawnWithoutHarm) {
-  for (const float far : {1e30f, -1e30f, std::numeric_limits<float>::quiet_NaN()}) {
+TEST_F(WidgetDrag, WhatStandsOutsideIsPointedAtFromTheNearestEdge) {
+  m_plot.setFocus();
+  for (const float far : {1e30f, -1e30f, 20000.0f, -20000.0f}) {
     legend().left = far;
     m_mouse.move({100, 100}, false);
+    m_plot.focus_on(Region::kFrame);
+    const QImage elsewhere = m_plot.grab().toImage();
     m_plot.focus_on(Item::kLegend);
-    m_plot.grab();
+    const QImage focused = m_plot.grab().toImage();
+    const QRect edge(far > 0 ? m_plot.width() - 12 : 0, 0, 12, m_plot.height());
+    EXPECT_NE(focused.copy(edge), m_graph.image().copy(edge)) << far;
+    EXPECT_NE(focused, elsewhere) << far;
   }
+}
+
+TEST_F(WidgetDrag, APlaceThatIsNoNumberLeavesThePlotAsItIs) {
+  legend().left = std::numeric_limits<float>::quiet_NaN();
+  m_mouse.move({100, 100}, false);
+  m_plot.focus_on(Item::kLegend);
+  EXPECT_EQ(m_plot.grab().size(), m_plot.size());
 }
 
 TEST_F(WidgetDrag, TheWidgetMayGoInASlotOfTheRedraw) {

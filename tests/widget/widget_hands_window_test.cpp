@@ -91,7 +91,7 @@ TEST_F(HandsWindow, DoubleClicksOpenWindowsAndTheMouseIsFreeAgainWhenTheyAreClos
   double_click(middle(legend()));
   EXPECT_TRUE(comes("frmCurves"));
   double_click(middle(m_graph.layout().shpGraphBorder[1]));
-  EXPECT_TRUE(comes("frmPropert"));
+  EXPECT_TRUE(comes("frmPropert &Lines and Markers"));
   double_click({300, 200});
   EXPECT_TRUE(comes("frmCurves"));
   EXPECT_EQ(QApplication::mouseButtons(), Qt::NoButton);
@@ -116,7 +116,7 @@ TEST_F(HandsWindow, TabWalksThePlotAndTheKeysActThere) {
   EXPECT_FLOAT_EQ(legend().left, before.left + 150);
   EXPECT_FLOAT_EQ(legend().top, before.top + 15);
   keys({"Tab", "Tab", "Return"});
-  EXPECT_TRUE(comes("frmPropert"));
+  EXPECT_TRUE(comes("frmPropert A&xes"));
   ASSERT_TRUE(QTest::qWaitForWindowActive(&m_graph));
   EXPECT_EQ(m_plot.focused(), Place(Region::kXLabels)) << "the place is kept meanwhile";
   keys({"shift+Tab", "shift+Tab", "shift+Tab", "shift+Tab"});

@@ -174,10 +174,13 @@ TEST_F(WidgetKeyboard, EnterIsTheDoubleClick) {
   const struct {
     Place place;
     const char* window;
-  } cases[] = {{Item::kTitle, "frmPropert"},     {Item::kSubTitle, "frmPropert"},
-               {Item::kLegend, "frmCurves"},     {Region::kXCaption, "frmCurves"},
-               {Region::kXLabels, "frmPropert"}, {Region::kYLabels, "frmPropert"},
-               {Region::kFrame, "frmPropert"}};
+  } cases[] = {{Item::kTitle, "frmPropert &Titles and Fonts"},
+               {Item::kSubTitle, "frmPropert &Titles and Fonts"},
+               {Item::kLegend, "frmCurves"},
+               {Region::kXCaption, "frmCurves"},
+               {Region::kXLabels, "frmPropert A&xes"},
+               {Region::kYLabels, "frmPropert A&xes"},
+               {Region::kFrame, "frmPropert &Lines and Markers"}};
   for (const auto& each : cases) {
     go_to(each.place);
     key(Qt::Key_Return);
@@ -274,6 +277,29 @@ TEST_F(WidgetKeyboard, KeysAreCommandsWhileTheGraphOrAButtonHasTheFocus) {
   key(Qt::Key_C, Qt::ControlModifier);
   EXPECT_EQ(QApplication::clipboard()->image().convertToFormat(QImage::Format_RGB32),
             m_graph.image());
+}
+
+// Notes the commands that the keys ask for, and runs none.
+class NotedGraph : public KurvGraph {
+ public:
+  QStringList words;
+
+ protected:
+  void run_command(const QString& word) override { words << word; }
+};
+
+TEST(WidgetKeys, EachSendsItsWord) {
+  NotedGraph graph;
+  graph.show();
+  QWidget& plot = *plot_of(graph);
+  plot.setFocus();
+  const std::pair<Qt::Key, Qt::KeyboardModifiers> keys[] = {{Qt::Key_S, Qt::ControlModifier},
+                                                            {Qt::Key_O, Qt::ControlModifier},
+                                                            {Qt::Key_P, Qt::ControlModifier},
+                                                            {Qt::Key_C, Qt::ControlModifier},
+                                                            {Qt::Key_F5, Qt::NoModifier}};
+  for (const auto& [key, modifiers] : keys) QTest::keyClick(&plot, key, modifiers);
+  EXPECT_THAT(graph.words, ElementsAre("save", "open", "print", "copy", "refresh"));
 }
 
 TEST_F(WidgetKeyboard, TheyAreNoneElsewhereOrWhereAHostWantsNone) {

@@ -235,9 +235,12 @@ TEST(WidgetLife, AFileThatIsNotThereReachesTheHost) {
 TEST(WidgetLife, QueuedCallsThatComeTooLateAreDropped) {
   auto* const graph = new KurvGraph;
   graph->plot(small_graph());
+  int redraws = 0;
+  QObject::connect(graph, &KurvGraph::redrawn, [&redraws] { ++redraws; });
   QMetaObject::invokeMethod(graph, "build_the_graph", Qt::QueuedConnection);
   delete graph;
   process_all();
+  EXPECT_EQ(redraws, 0);
 }
 
 }  // namespace

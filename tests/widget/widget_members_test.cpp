@@ -111,7 +111,7 @@ TEST(WidgetMembers, MethodsAndSignalsHaveTheirNames) {
   }
   EXPECT_THAT(own_methods(QMetaMethod::Method), IsSupersetOf(expected));
   EXPECT_THAT(own_methods(QMetaMethod::Signal),
-              testing::ElementsAre("MouseUp", "redrawn", "filed", "runTimeError"));
+              testing::ElementsAre("MouseUp", "redrawn", "filed", "changed", "runTimeError"));
   EXPECT_GE(KurvGraph::staticMetaObject.indexOfSignal("MouseUp(int,int,float,float)"), 0);
 }
 

@@ -105,11 +105,12 @@ TEST_F(WidgetMenu, ComesOnAnItemTooOfWhichTheHostHearsNothing) {
 }
 
 TEST_F(WidgetMenu, ItsFirstEntriesOpenTheWindows) {
-  const std::pair<const char*, const char*> entries[] = {{"mnuCurves", "frmCurves"},
-                                                         {"mnuTitles", "frmPropert"},
-                                                         {"mnuAxes", "frmPropert"},
-                                                         {"mnuLines", "frmPropert"},
-                                                         {"mnuTable", "frmTable"}};
+  const std::pair<const char*, const char*> entries[] = {
+      {"mnuCurves", "frmCurves"},
+      {"mnuTitles", "frmPropert &Titles and Fonts"},
+      {"mnuAxes", "frmPropert A&xes"},
+      {"mnuLines", "frmPropert &Lines and Markers"},
+      {"mnuTable", "frmTable"}};
   ShownWindows windows;
   for (const auto& [entry, window] : entries) {
     right_click();

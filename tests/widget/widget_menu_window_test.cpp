@@ -1,110 +1,16 @@
 // The menu on the plot and the prompts behind it, with the keys of a real keyboard.
 #include <gmock/gmock.h>
 
-#include <QElapsedTimer>
-#include <QFontDialog>
-#include <QInputDialog>
-#include <QMenu>
-#include <QMessageBox>
-#include <QProcess>
 #include <QTest>
 #include <QTimer>
-#include <functional>
-#include <vector>
 
 #include "tests/widget/hands.h"
+#include "tests/widget/user.h"
 
 namespace kurv::test {
 namespace {
 
 using testing::ElementsAre;
-
-// What a user does: waits for something to be there, then presses keys. A timer drives it, because
-// prompts run event loops of their own.
-class User {
- public:
-  User() {
-    QObject::connect(&m_timer, &QTimer::timeout, [this] { step(); });
-    m_timer.start(50);
-    m_clock.start();
-  }
-
-  User& does(const QStringList& keys) {
-    return after([] { return true; }, keys);
-  }
-  User& in_menu(const QStringList& keys) {
-    return after([] { return qobject_cast<QMenu*>(QApplication::activePopupWidget()); }, keys);
-  }
-  template <class Dialog>
-  User& in(const QStringList& keys) {
-    return after(
-        [this] {
-          auto* const dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
-          if (!dialog || !dialog->isActiveWindow() || !QApplication::focusWidget()) return false;
-          // The keys for the one before may still be on their way to it.
-          if (dialog->property("answered").toBool()) return false;
-          dialog->setProperty("answered", true);
-          note(dialog);
-          return true;
-        },
-        keys);
-  }
-
-  // Also waits for the tool: a key that it has pressed and not released would stay down.
-  bool is_done() {
-    return QTest::qWaitFor(
-               [this] {
-                 return m_next == m_steps.size() && m_tool.state() == QProcess::NotRunning &&
-                        !QApplication::activeModalWidget();
-               },
-               20000) &&
-           !m_gave_up;
-  }
-
-  std::vector<std::string> shown;  // the texts of prompts and boxes
-
- private:
-  struct Step {
-    std::function<bool()> is_time;
-    QStringList keys;
-  };
-
-  User& after(std::function<bool()> is_time, const QStringList& keys) {
-    m_steps.push_back({std::move(is_time), keys});
-    return *this;
-  }
-  void note(const QInputDialog* prompt) { shown.push_back(prompt->labelText().toStdString()); }
-  void note(const QMessageBox* box) { shown.push_back(box->text().toStdString()); }
-  void note(const QFontDialog* dialog) {
-    shown.push_back(dialog->currentFont().family().toStdString());
-  }
-  // One thing at a time: the next one waits until the tool has pressed all keys.
-  void step() {
-    if (m_tool.state() != QProcess::NotRunning) return;
-    if (m_clock.hasExpired(15000)) return give_up();
-    if (m_next == m_steps.size() || !m_steps[m_next].is_time()) return;
-    m_tool.start("xdotool", m_steps[m_next++].keys);
-    m_clock.restart();
-  }
-  // What is still open would keep the test waiting for ever.
-  void give_up() {
-    m_gave_up = true;
-    m_next = m_steps.size();
-    if (QWidget* const popup = QApplication::activePopupWidget()) popup->close();
-    if (QWidget* const modal = QApplication::activeModalWidget()) modal->close();
-  }
-
-  QTimer m_timer;
-  QProcess m_tool;
-  std::vector<Step> m_steps;
-  std::size_t m_next = 0;
-  QElapsedTimer m_clock;
-  bool m_gave_up = false;
-};
-
-QStringList type(const QString& text) {
-  return {"key", "ctrl+a", "type", "--delay", "20", "--args", "1", text, "key", "Return"};
-}
 
 class MenuWindow : public testing::Test {
  protected:

@@ -96,17 +96,17 @@ TEST_F(WidgetMouse, DoubleClicksOpenTheWindowThatEditsWhatLiesThere) {
   m_mouse.double_click(middle(m_graph.layout().shpXcaption));
   EXPECT_THAT(windows.names(), ElementsAre("frmCurves"));
   m_mouse.double_click({100, 380});
-  EXPECT_THAT(windows.names(), ElementsAre("frmPropert"));
+  EXPECT_THAT(windows.names(), ElementsAre("frmPropert A&xes"));
   m_mouse.double_click(middle(m_graph.layout().shpYlabels));
-  EXPECT_THAT(windows.names(), ElementsAre("frmPropert"));
+  EXPECT_THAT(windows.names(), ElementsAre("frmPropert A&xes"));
   m_mouse.double_click(frame());
-  EXPECT_THAT(windows.names(), ElementsAre("frmPropert"));
+  EXPECT_THAT(windows.names(), ElementsAre("frmPropert &Lines and Markers"));
   m_mouse.double_click({300, 200});
   EXPECT_THAT(windows.names(), ElementsAre("frmCurves")) << "the plain plot";
   m_mouse.double_click(middle(m_graph.layout().imgTitle));
-  EXPECT_THAT(windows.names(), ElementsAre("frmPropert"));
+  EXPECT_THAT(windows.names(), ElementsAre("frmPropert &Titles and Fonts"));
   m_mouse.double_click(middle(m_graph.layout().imgSubTitle));
-  EXPECT_THAT(windows.names(), ElementsAre("frmPropert"));
+  EXPECT_THAT(windows.names(), ElementsAre("frmPropert &Titles and Fonts"));
   m_mouse.double_click(middle(m_graph.layout().picLegend));
   EXPECT_THAT(windows.names(), ElementsAre("frmCurves"));
 }
@@ -115,8 +115,20 @@ TEST_F(WidgetMouse, ADoubleClickIsToldToTheHostBeforeItsWindowOpensAndLeavesNoMa
   ShownWindows windows;
   m_mouse.double_click(frame());
   EXPECT_EQ(m_ups.size(), 2u);
-  EXPECT_THAT(windows.names(), ElementsAre("frmPropert"));
+  EXPECT_THAT(windows.names(), ElementsAre("frmPropert &Lines and Markers"));
   EXPECT_THAT(marked(), IsEmpty());
+}
+
+TEST_F(WidgetMouse, ADoubleClickThatIsNeverOverOpensNothingLater) {
+  ShownWindows windows;
+  m_mouse.click(frame());
+  QMouseEvent second(QEvent::MouseButtonDblClick, frame(), m_plot.mapToGlobal(frame()),
+                     Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+  QApplication::sendEvent(&m_plot, &second);
+  m_graph.hide();
+  m_graph.show();
+  m_mouse.click(frame());
+  EXPECT_THAT(windows.names(), IsEmpty());
 }
 
 TEST_F(WidgetMouse, OtherButtonsDoubleClickNothing) {

@@ -69,7 +69,7 @@ TEST_F(WidgetToolbar, AButtonRunsItsCommandOnceTheClickIsOver) {
   button("curves").click();
   EXPECT_THAT(windows.names(), ElementsAre("frmCurves"));
   button("setup").click();
-  EXPECT_THAT(windows.names(), ElementsAre("frmPropert"));
+  EXPECT_THAT(windows.names(), ElementsAre("frmPropert &General"));
   button("table").click();
   EXPECT_THAT(windows.names(), ElementsAre("frmTable"));
 }

@@ -12,7 +12,7 @@ using testing::HasSubstr;
 
 TEST(WidgetVectors, AreAsLargeAsTheWidgetAndCarryItsTitle) {
   KurvGraph graph;
-  graph.resize(321, 217);
+  resize_plot(graph, {321, 217});
   graph.plot(small_graph());
   QXmlStreamReader xml(graph.svg());
   ASSERT_TRUE(xml.readNextStartElement());

@@ -27,7 +27,9 @@ wait_for() {
 display_is_known() { [ -s "$T/display" ]; }
 window_manager_runs() { xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q 0x; }
 
-Xvfb -displayfd 6 -screen 0 1400x1000x24 -nolisten tcp -dpi 96 6>"$T/display" 2>/dev/null & X=$!
+# Without -noreset the server starts anew when its last client goes, which is the one that looks
+# whether the window manager is there, and it takes along who is just coming.
+Xvfb -displayfd 6 -screen 0 1400x1000x24 -nolisten tcp -noreset -dpi 96 6>"$T/display" 2>/dev/null & X=$!
 wait_for display_is_known
 DISPLAY=:$(cat "$T/display")
 export DISPLAY

@@ -1,0 +1,43 @@
+// A desktop as its user has it: title bars to read, a keyboard, a mouse, and what the screen shows.
+// Of the programs on it the tests know nothing else.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QImage>
+#include <QPoint>
+#include <QRect>
+#include <QString>
+#include <QStringList>
+#include <functional>
+
+namespace kurv::test {
+
+// What a program has printed once it has ended well; a failure of the test otherwise.
+QString printed_by(const QString& program, const QStringList& arguments);
+
+// Waits for as long as a busy machine may take for one step of a user.
+testing::AssertionResult comes_true(const QString& what, const std::function<bool()>& condition);
+
+// Whether the window with the keyboard's focus gets to be the one with this title.
+testing::AssertionResult comes_to_front(const QString& title);
+
+// Keys by the names that xdotool gives them, such as "ctrl+s".
+void press(const QStringList& keys);
+void type(const QString& text);
+
+// Presses the left button there and lets go of it elsewhere; on the screen, in pixels. The pointer
+// then leaves, and takes its tool tips with it.
+void drag(QPoint from, QPoint to);
+
+// The window in front, without its frame.
+struct FrontWindow {
+  QPoint place;  // on the screen
+  QImage image;
+};
+FrontWindow front_window();
+
+// Where the window shows a picture on white paper from its left edge to its right edge.
+QRect paper_in(const QImage& window);
+
+}  // namespace kurv::test

@@ -1,0 +1,233 @@
+// The first hour of somebody who has never seen the program, told with nothing but keys and a
+// mouse.
+#include <gmock/gmock.h>
+
+#include <QFile>
+#include <QProcess>
+#include <QProcessEnvironment>
+#include <QTemporaryDir>
+
+#include "tests/story/desktop.h"
+
+namespace kurv::test {
+namespace {
+
+using testing::HasSubstr;
+
+// Lines of a graph file, counted from 1.
+constexpr int kTitle = 2, kLegendTop = 19, kLegendLeft = 20;
+constexpr int kLimits = 23, kColumns = 48;
+
+constexpr int kTwipsPerPixel = 15;
+constexpr QPoint kDragged(300, 120);  // pixels
+
+QStringList lines_of(const QString& path) {
+  QFile file(path);
+  EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString();
+  return QString::fromUtf8(file.readAll()).split("\r\n");
+}
+
+// As a failure should print it.
+std::string text_of(const QStringList& lines) {
+  return lines.join(u'\n').toStdString();
+}
+
+class Newcomer : public testing::Test {
+ protected:
+  void SetUp() override {
+    QFile table(m_table);
+    ASSERT_TRUE(table.open(QIODevice::WriteOnly));
+    table.write(
+        "number,time,up,down,noise\n"
+        "1,10,2,90,7\n2,11,4,81,3\n3,12,6,72,9\n4,13,8,63,1\n5,14,10,54,5\n");
+    table.close();
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert("XDG_CONFIG_HOME", m_folder.path());
+    m_kurv.setProcessEnvironment(environment);
+  }
+  void TearDown() override {
+    m_kurv.kill();
+    m_kurv.waitForFinished();
+  }
+
+  void start(const QStringList& files) { m_kurv.start(KURV_PROGRAM, files); }
+
+  // Asked nothing, and with nothing to complain about.
+  void expect_its_end() {
+    ASSERT_TRUE(comes_true("the program has ended",
+                           [&] { return m_kurv.state() == QProcess::NotRunning; }));
+    EXPECT_EQ(m_kurv.exitStatus(), QProcess::NormalExit);
+    EXPECT_EQ(m_kurv.exitCode(), 0);
+    EXPECT_EQ(m_kurv.readAllStandardError(), "");
+  }
+
+  void import_two_of_the_columns();
+  void hide_and_rename();
+  void add_a_function();
+  void set_limits();
+  void save_as_a_new_file();
+  void drag_the_legend();
+  void edit_a_cell();
+
+  QStringList saved_lines() const { return lines_of(m_graph); }
+  // A length of the graph file.
+  int pixels(int line) const {
+    return saved_lines().value(line - 1).trimmed().toInt() / kTwipsPerPixel;
+  }
+  // Where on the screen the plot is, once the window in front shows what the program draws of the
+  // graph file without a window.
+  void find_plot(QPoint& on_screen) const {
+    QSize drawn_size;
+    QImage drawn;
+    ASSERT_TRUE(comes_true("the window shows what is in the graph file", [&] {
+      const FrontWindow window = front_window();
+      const QRect plot = paper_in(window.image);
+      if (plot.isEmpty()) return false;
+      if (plot.size() != drawn_size) drawn = drawn_from_file(drawn_size = plot.size());
+      on_screen = window.place + plot.topLeft();
+      return window.image.copy(plot) == drawn;
+    }));
+  }
+  QImage drawn_from_file(QSize size) const {
+    const QString picture = m_folder.filePath("drawn.png");
+    printed_by(KURV_PROGRAM, {"render", m_graph, "-o", picture, "--size",
+                              QString("%1x%2").arg(size.width()).arg(size.height())});
+    return QImage(picture).convertToFormat(QImage::Format_RGB32);
+  }
+
+  QTemporaryDir m_folder;
+  const QString m_table = m_folder.filePath("flows.csv");
+  const QString m_graph = m_folder.filePath("kept.gdf");
+  QProcess m_kurv;
+};
+
+// File > Open, the path, the second column as x, and not the first one as a curve.
+void Newcomer::import_two_of_the_columns() {
+  press({"alt+f", "o"});
+  ASSERT_TRUE(comes_to_front("Open"));
+  type(m_table);
+  press({"Return"});
+  ASSERT_TRUE(comes_to_front("Import flows.csv"));
+  press({"Down", "alt+c", "space", "alt+t"});
+  type("Two flows");
+  press({"Return"});
+  ASSERT_TRUE(comes_to_front("flows.csv \u2013 kurv"));
+}
+
+void Newcomer::hide_and_rename() {
+  press({"alt+g", "c"});
+  ASSERT_TRUE(comes_to_front("Curves"));
+  press({"End", "space", "Up", "alt+r"});
+  ASSERT_TRUE(comes_to_front("KURV Guide"));
+  type("outflow");
+  press({"Return"});
+  ASSERT_TRUE(comes_to_front("Curves"));
+}
+
+void Newcomer::add_a_function() {
+  press({"alt+f", "alt+a"});
+  ASSERT_TRUE(comes_to_front("KURV"));
+  type("3*x+sin(x)");
+  press({"Return"});
+  ASSERT_TRUE(comes_to_front("Curves"));
+  press({"alt+c"});
+  ASSERT_TRUE(comes_to_front("flows.csv* \u2013 kurv"));
+}
+
+// They do not follow the data any more, or the next change of the data would undo them.
+void Newcomer::set_limits() {
+  press({"ctrl+d"});
+  ASSERT_TRUE(comes_to_front("Graph Properties"));
+  press({"alt+f", "alt+x", "alt+m", "ctrl+a"});
+  type("8");
+  press({"alt+u"});
+  type("18");
+  press({"alt+n"});
+  type("-20");
+  press({"alt+i"});
+  type("120");
+  press({"alt+a", "alt+c"});
+  ASSERT_TRUE(comes_to_front("flows.csv* \u2013 kurv"));
+}
+
+void Newcomer::save_as_a_new_file() {
+  press({"ctrl+s"});
+  ASSERT_TRUE(comes_to_front("kurv"));
+  type(m_folder.filePath("kept"));
+  press({"Return"});
+  ASSERT_TRUE(comes_to_front("kept.gdf \u2013 kurv"));
+}
+
+// It is where the graph file says.
+void Newcomer::drag_the_legend() {
+  QPoint plot;
+  ASSERT_NO_FATAL_FAILURE(find_plot(plot));
+  const QPoint grab = plot + QPoint(pixels(kLegendLeft), pixels(kLegendTop)) + QPoint(12, 12);
+  drag(grab, grab + kDragged);
+  ASSERT_TRUE(comes_to_front("kept.gdf* \u2013 kurv"));
+}
+
+// The third point of the first curve.
+void Newcomer::edit_a_cell() {
+  press({"alt+e", "t"});
+  ASSERT_TRUE(comes_to_front("Data Table"));
+  press({"Down", "Down", "Right"});
+  type("44.5");
+  press({"Return", "alt+c"});
+  ASSERT_TRUE(comes_to_front("kept.gdf* \u2013 kurv"));
+}
+
+TEST_F(Newcomer, FindsEverythingAgainThatWasDoneToTheGraph) {
+  start({});
+  ASSERT_TRUE(comes_to_front("kurv"));
+  ASSERT_NO_FATAL_FAILURE(import_two_of_the_columns());
+  ASSERT_NO_FATAL_FAILURE(hide_and_rename());
+  ASSERT_NO_FATAL_FAILURE(add_a_function());
+  ASSERT_NO_FATAL_FAILURE(set_limits());
+  ASSERT_NO_FATAL_FAILURE(save_as_a_new_file());
+  QStringList expected = saved_lines();
+  ASSERT_NO_FATAL_FAILURE(drag_the_legend());
+  ASSERT_NO_FATAL_FAILURE(edit_a_cell());
+  press({"ctrl+s"});
+  ASSERT_TRUE(comes_to_front("kept.gdf \u2013 kurv"));
+  QPoint plot;
+  ASSERT_NO_FATAL_FAILURE(find_plot(plot));
+  const QImage before = front_window().image;
+  press({"ctrl+w"});
+  ASSERT_NO_FATAL_FAILURE(expect_its_end());
+
+  // The file says what was done, and nothing else has changed since it was saved first.
+  EXPECT_EQ(text_of(expected.mid(kTitle - 1, 4)), "Two flows\n5\n3\n1");
+  EXPECT_EQ(text_of(expected.mid(kLimits - 1, 4)), "-20 \n 120 \n 8 \n 18 ");
+  EXPECT_EQ(text_of(expected.mid(kColumns - 1)),
+            "10,11,12,13,14\n2,4,6,8,10\n90,81,72,63,54\n7,3,9,1,5\n"
+            "time,up,outflow,noise\nTrue,True,False\n3*x+sin(x)\n");
+  expected[kColumns] = "2,4,44.5,8,10";
+  const auto move = [&](int line, int by) {
+    const int twips = expected[line - 1].trimmed().toInt() + by * kTwipsPerPixel;
+    expected[line - 1] = ' ' + QString::number(twips) + ' ';
+  };
+  move(kLegendLeft, kDragged.x());
+  move(kLegendTop, kDragged.y());
+  EXPECT_EQ(text_of(saved_lines()), text_of(expected));
+
+  // So do the program's other faces.
+  const std::string info = printed_by(KURV_PROGRAM, {"info", m_graph}).toStdString();
+  EXPECT_THAT(info, HasSubstr("\"outflow\", 5 values, visible\n"));
+  EXPECT_THAT(info, HasSubstr("\"noise\", 5 values, hidden\n"));
+  EXPECT_THAT(info, HasSubstr("3*x+sin(x)\n"));
+  const QString copy = m_folder.filePath("copy.gdf");
+  printed_by(KURV_PROGRAM, {"convert", m_graph, "-o", copy});
+  EXPECT_EQ(text_of(lines_of(copy).mid(kLimits - 1)), text_of(expected.mid(kLimits - 1)));
+
+  start({m_graph});
+  ASSERT_TRUE(comes_to_front("kept.gdf \u2013 kurv"));
+  ASSERT_NO_FATAL_FAILURE(find_plot(plot));
+  EXPECT_TRUE(comes_true("the window looks as it did before",
+                         [&] { return front_window().image == before; }));
+  press({"ctrl+q"});
+  ASSERT_NO_FATAL_FAILURE(expect_its_end());
+}
+
+}  // namespace
+}  // namespace kurv::test
