@@ -29,39 +29,33 @@ void Cells::cover(int first, std::span<const float> top, std::span<const float> 
   const int end = first + static_cast<int>(top.size());
   for (int i = first; i < end; ++i) {
     const auto place = static_cast<std::size_t>(i - first);
-    if (bottom[place] > 0 && top[place] < height) insert(i, top[place], bottom[place]);
+    if (bottom[place] > 0 && top[place] < height) insert(i, {top[place], bottom[place]});
   }
   m_first = is_empty() ? first : std::min(m_first, first);
   m_end = std::max(m_end, end);
 }
 
-void Cells::insert(int place, float top, float bottom) {
+void Cells::insert(int place, Interval interval) {
   Cell& cell = m_cells[static_cast<std::size_t>(place)];
   for (int i = 0; i < cell.count;) {
-    if (cell.top[i] <= bottom && top <= cell.bottom[i]) {
-      top = smaller(top, cell.top[i]);
-      bottom = larger(bottom, cell.bottom[i]);
-      --cell.count;
-      cell.top[i] = cell.top[cell.count];
-      cell.bottom[i] = cell.bottom[cell.count];
+    Interval& other = cell.intervals[i];
+    if (other.top <= interval.bottom && interval.top <= other.bottom) {
+      interval = {smaller(interval.top, other.top), larger(interval.bottom, other.bottom)};
+      other = cell.intervals[--cell.count];
     } else {
       ++i;
     }
   }
   if (cell.count == Cell::kMost) {
-    m_spilled.push_back({place, top, bottom});
-    return;
+    m_spilled.push_back({place, interval});
+  } else {
+    cell.intervals[cell.count++] = interval;
   }
-  cell.top[cell.count] = top;
-  cell.bottom[cell.count] = bottom;
-  ++cell.count;
 }
 
 void Cells::flush(const PixelGrid& grid, std::uint32_t colour) {
   if (is_empty()) return;
-  std::ranges::sort(m_spilled, [](const Spilled& a, const Spilled& b) {
-    return a.cell != b.cell ? a.cell < b.cell : a.top < b.top;
-  });
+  std::ranges::sort(m_spilled, {}, &Spilled::cell);
   m_next_spilled = 0;
   const int last = (m_end - 1) >> m_per_pixel_log2;
   for (int column = m_first >> m_per_pixel_log2; column <= last; ++column) {
@@ -71,36 +65,25 @@ void Cells::flush(const PixelGrid& grid, std::uint32_t colour) {
   m_first = m_end = 0;
 }
 
-// What an interval covers of each row is the sum of what begins up to there.
-void Cells::sum_interval(Extent& extent, float top, float bottom) {
-  top = larger(top, 0);
-  bottom = smaller(bottom, static_cast<float>(m_height));
-  extent.outer_top = smaller(extent.outer_top, top);
-  extent.outer_bottom = larger(extent.outer_bottom, bottom);
-  extent.inner_top = larger(extent.inner_top, top);
-  extent.inner_bottom = smaller(extent.inner_bottom, bottom);
-  const int a = static_cast<int>(top * kWhole), b = static_cast<int>(bottom * kWhole);
-  // Two arrays, because a processor waits when it reads two numbers that it wrote one by one.
-  m_cover[static_cast<std::size_t>(a / kWhole)] += kWhole - a % kWhole;
-  m_carry[static_cast<std::size_t>(a / kWhole)] += a % kWhole;
-  m_cover[static_cast<std::size_t>(b / kWhole)] -= kWhole - b % kWhole;
-  m_carry[static_cast<std::size_t>(b / kWhole)] -= b % kWhole;
-}
-
-// The union of what the cell holds and what it had no room for.
-void Cells::sum_spilled(Extent& extent, const Cell& cell, std::span<const Spilled> spilled) {
-  std::vector<Spilled> all(spilled.begin(), spilled.end());
-  for (int k = 0; k < cell.count; ++k) all.push_back({0, cell.top[k], cell.bottom[k]});
-  std::ranges::sort(all, {}, &Spilled::top);
-  Spilled joined = all.front();
-  for (const Spilled& next : all) {
-    if (next.top > joined.bottom) {
-      sum_interval(extent, joined.top, joined.bottom);
-      joined = next;
-    }
-    joined.bottom = larger(joined.bottom, next.bottom);
+// What the cell has spilled is joined with the rest of it.
+std::span<const Cells::Interval> Cells::held_by(int place) {
+  const std::span<const Interval> held = m_cells[static_cast<std::size_t>(place)].held();
+  if (m_next_spilled == m_spilled.size() || m_spilled[m_next_spilled].cell != place) return held;
+  std::vector<Interval> all(held.begin(), held.end());
+  for (; m_next_spilled < m_spilled.size() && m_spilled[m_next_spilled].cell == place;
+       ++m_next_spilled) {
+    all.push_back(m_spilled[m_next_spilled].interval);
   }
-  sum_interval(extent, joined.top, joined.bottom);
+  std::ranges::sort(all, {}, &Interval::top);
+  m_joined.clear();
+  for (const Interval& next : all) {
+    if (m_joined.empty() || next.top > m_joined.back().bottom) {
+      m_joined.push_back(next);
+    } else {
+      m_joined.back().bottom = larger(m_joined.back().bottom, next.bottom);
+    }
+  }
+  return m_joined;
 }
 
 // Empties the cells of the column into the sums.
@@ -109,16 +92,22 @@ Cells::Extent Cells::sum_column(int column) {
   Extent extent{height, 0, 0, height};
   for (int place = column << m_per_pixel_log2; place < (column + 1) << m_per_pixel_log2; ++place) {
     Cell& cell = m_cells[static_cast<std::size_t>(place)];
-    const std::size_t begin = m_next_spilled;
-    while (m_next_spilled < m_spilled.size() && m_spilled[m_next_spilled].cell == place) {
-      ++m_next_spilled;
+    const std::span<const Interval> intervals = m_spilled.empty() ? cell.held() : held_by(place);
+    if (intervals.size() != 1) extent.inner_bottom = 0;
+    for (const Interval& interval : intervals) {
+      const float top = larger(interval.top, 0), bottom = smaller(interval.bottom, height);
+      extent.outer_top = smaller(extent.outer_top, top);
+      extent.outer_bottom = larger(extent.outer_bottom, bottom);
+      extent.inner_top = larger(extent.inner_top, top);
+      extent.inner_bottom = smaller(extent.inner_bottom, bottom);
+      // What the interval covers of each row is the sum of what begins up to there.
+      const int a = static_cast<int>(top * kWhole), b = static_cast<int>(bottom * kWhole);
+      // Two arrays, because a processor waits when it reads two numbers that it wrote one by one.
+      m_cover[static_cast<std::size_t>(a / kWhole)] += kWhole - a % kWhole;
+      m_carry[static_cast<std::size_t>(a / kWhole)] += a % kWhole;
+      m_cover[static_cast<std::size_t>(b / kWhole)] -= kWhole - b % kWhole;
+      m_carry[static_cast<std::size_t>(b / kWhole)] -= b % kWhole;
     }
-    if (m_next_spilled > begin) {
-      sum_spilled(extent, cell, {m_spilled.data() + begin, m_next_spilled - begin});
-    } else {
-      for (int k = 0; k < cell.count; ++k) sum_interval(extent, cell.top[k], cell.bottom[k]);
-    }
-    if (cell.count != 1) extent.inner_bottom = 0;
     cell.count = 0;
   }
   return extent;

@@ -41,18 +41,22 @@ class Cells {
   void clear();
 
  private:
+  struct Interval {
+    float top;
+    float bottom;
+  };
   // Intervals that do not touch each other.
   struct Cell {
     static constexpr int kMost = 4;
     int count = 0;
-    float top[kMost];
-    float bottom[kMost];
+    Interval intervals[kMost];
+
+    std::span<const Interval> held() const { return {intervals, static_cast<std::size_t>(count)}; }
   };
   // What a full cell has no room for; it may touch anything.
   struct Spilled {
     int cell;
-    float top;
-    float bottom;
+    Interval interval;
   };
   // How far up and down the cells of a pixel column reach, together and each of them.
   struct Extent {
@@ -62,9 +66,8 @@ class Cells {
     float inner_bottom;
   };
 
-  void insert(int place, float top, float bottom);
-  void sum_interval(Extent& extent, float top, float bottom);
-  void sum_spilled(Extent& extent, const Cell& cell, std::span<const Spilled> spilled);
+  void insert(int place, Interval interval);
+  std::span<const Interval> held_by(int place);
   Extent sum_column(int column);
   void blend_column(const PixelGrid& grid, int column, std::uint32_t colour);
 
@@ -74,6 +77,7 @@ class Cells {
   std::vector<Cell> m_cells;
   std::vector<Spilled> m_spilled;
   std::size_t m_next_spilled = 0;  // of those in the order of their cells, while flushing
+  std::vector<Interval> m_joined;  // of the cell that is asked for, with what has spilled
   int m_first = 0;                 // cells that hold anything are m_first..m_end-1
   int m_end = 0;
   std::vector<int> m_cover;  // of the cells in a column, what begins in each row

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 #include "raster/line_equation.h"
 #include "raster/stroke_parts.h"
@@ -47,10 +48,16 @@ void Columns::use(const Pen& pen, std::span<const float> x) {
 }
 
 void Columns::scale_y(std::span<const float> y) {
-  m_y.resize(y.size());
+  const std::size_t count = y.size();
+  m_y.resize(count);
   const auto scale = static_cast<float>(m_pen.pixels_per_unit);
-  for (std::size_t i = 0; i < y.size(); ++i) m_y[i] = y[i] * scale;
+  for (std::size_t i = 0; i < count; ++i) m_y[i] = y[i] * scale;
   if (m_abscissae.is_reversed()) std::ranges::reverse(m_y);
+  m_turns.resize(count);
+  for (std::size_t i = 1; i + 1 < count; ++i) {
+    const bool turns = (m_y[i] - m_y[i - 1]) * (m_y[i + 1] - m_y[i]) <= 0;
+    m_turns[i] = turns ? m_y[i] : std::numeric_limits<float>::quiet_NaN();
+  }
 }
 
 // A run goes on as long as its segments are there and near.
@@ -94,10 +101,14 @@ void Columns::add_run(int first, int end) {
   while (x.nearest(first) < 0 && x.nearest(first + 1) < 0) ++first;
   while (x.nearest(end - 1) > last && x.nearest(end - 2) > last) --end;
 
-  for (int i = first; i < end; ++i) {
+  // Where the line turns is known to the nearest node only. Elsewhere that would widen it.
+  const auto pass_point = [&](int i, float y) {
     const int node = x.nearest(i);
-    if (node >= 0 && node <= last) m_trace.pass(node, m_y[static_cast<std::size_t>(i)]);
-  }
+    if (node >= 0 && node <= last) m_trace.pass(node, y);
+  };
+  pass_point(first, m_y[static_cast<std::size_t>(first)]);
+  for (int i = first + 1; i < end - 1; ++i) pass_point(i, m_turns[static_cast<std::size_t>(i)]);
+  pass_point(end - 1, m_y[static_cast<std::size_t>(end - 1)]);
   const int from = static_cast<int>(std::ceil(std::max(x.at(first), 0.0F)));
   const int to = static_cast<int>(std::ceil(std::min(x.at(end - 1), static_cast<float>(last + 1))));
   for (int node = from; node < to; ++node) {

@@ -50,7 +50,8 @@ class Columns {
   Cells m_cells;
   Trace m_trace;
   Abscissae m_abscissae;
-  std::vector<float> m_y;  // of the points in the order of their x, in pixels
+  std::vector<float> m_y;      // of the points in the order of their x, in pixels
+  std::vector<float> m_turns;  // the same where the line turns up or down, else not a number
 };
 
 }  // namespace kurv::raster

@@ -24,12 +24,12 @@ class Trace {
 
   // Nodes first..last, and no other, are passed until the dilation of the same nodes.
   void begin(int first, int last);
-  // The line passes a node at y, in pixels.
+  // The line passes a node at y, in pixels; what is not a number is no place.
   void pass(int node, float y) {
     float& low = m_low[static_cast<std::size_t>(node)];
     float& high = m_high[static_cast<std::size_t>(node)];
-    low = smaller(low, y);
-    high = larger(high, y);
+    low = smaller(y, low);
+    high = larger(y, high);
   }
   // Covers what the pen covers on its way along these nodes.
   void dilate(int first, int last, Cells& cells);
