@@ -2,6 +2,7 @@
 // curves of a graph share their x.
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <span>
 #include <vector>
@@ -20,33 +21,37 @@ class Abscissae {
  public:
   // False, and what was there stays, where x goes back and forth or is not finite throughout.
   bool take(std::span<const float> x);
-  // How many of them are within low..high.
-  std::ptrdiff_t count_within(float low, float high) const;
-  // Has to come before any of the questions below. Points are counted in ascending order,
-  // whichever way x runs.
+  // Has to come before any of the questions below. Two sets of nodes are remembered.
   void place(const Nodes& nodes);
 
-  // Whether the points are those of a descending x, from the last to the first.
+  // Whether x runs downwards. Points are counted in ascending order all the same.
   bool is_reversed() const { return m_is_reversed; }
-  float at(int point) const { return m_at[static_cast<std::size_t>(point)]; }
+  float at(int point) const { return current().at[static_cast<std::size_t>(point)]; }
   // The node nearest to the point, or one before the first, or one behind the last.
-  int nearest(int point) const { return m_nearest[static_cast<std::size_t>(point)]; }
+  int nearest(int point) const { return current().nearest[static_cast<std::size_t>(point)]; }
   // The last segment that passes a node between two points, by the point that ends it, and how much
   // of it lies before the node.
-  int segment(int node) const { return m_segment[static_cast<std::size_t>(node)]; }
-  float fraction(int node) const { return m_fraction[static_cast<std::size_t>(node)]; }
+  int segment(int node) const { return current().segment[static_cast<std::size_t>(node)]; }
+  float fraction(int node) const { return current().fraction[static_cast<std::size_t>(node)]; }
 
  private:
-  void meet_nodes(int point);
+  struct Placement {
+    bool is_known = false;
+    Nodes nodes;
+    std::vector<float> at;
+    std::vector<int> nearest;
+    std::vector<int> segment;
+    std::vector<float> fraction;
+  };
 
-  Nodes m_nodes;
-  bool m_is_placed = false;
+  const Placement& current() const { return m_placements[m_current]; }
+  void place_points(Placement& placement) const;
+  static void meet_nodes(Placement& placement, std::size_t point);
+
   std::vector<float> m_x;  // as given
   bool m_is_reversed = false;
-  std::vector<float> m_at;
-  std::vector<int> m_nearest;
-  std::vector<int> m_segment;
-  std::vector<float> m_fraction;
+  std::array<Placement, 2> m_placements;
+  std::size_t m_current = 0;
 };
 
 }  // namespace kurv::raster

@@ -27,37 +27,43 @@ bool is_narrow(const Pen& pen) {
 bool Columns::add(const Pen& pen, const Polyline& line) {
   if (!is_narrow(pen) || !m_abscissae.take(line.x)) return false;
   if (line.x.empty()) return true;
-  if (m_cells.is_empty()) use(pen, line.x);
+  const int turns = scale_y(pen, line.y);
+  if (m_cells.is_empty()) use(pen, line.x, turns);
   m_abscissae.place(
       {pen.pixels_per_unit * m_cells.per_pixel(), m_trace.node_of_zero(), m_trace.last_node()});
-  scale_y(line.y);
   add_runs(line);
   return true;
 }
 
-// A line that turns within a pixel needs the finer cells; elsewhere nobody sees the difference.
-void Columns::use(const Pen& pen, std::span<const float> x) {
-  constexpr double kWide = 2.5;
-  const auto right = static_cast<float>(m_cells.width() / pen.pixels_per_unit);
-  const auto [low, high] = std::minmax(x.front(), x.back());
-  const double pixels = (std::min(high, right) - std::max(low, 0.0F)) * pen.pixels_per_unit;
-  const auto points = static_cast<double>(m_abscissae.count_within(0, right));
-  m_pen = pen;
-  m_cells.set_per_pixel_log2(pen.half_width > kWide || 2 * points < pixels ? 3 : 4);
-  m_trace.use(m_cells, pen.half_width);
-}
-
-void Columns::scale_y(std::span<const float> y) {
+// How often the line turns up or down.
+int Columns::scale_y(const Pen& pen, std::span<const float> y) {
   const std::size_t count = y.size();
   m_y.resize(count);
-  const auto scale = static_cast<float>(m_pen.pixels_per_unit);
+  const auto scale = static_cast<float>(pen.pixels_per_unit);
   for (std::size_t i = 0; i < count; ++i) m_y[i] = y[i] * scale;
   if (m_abscissae.is_reversed()) std::ranges::reverse(m_y);
   m_turns.resize(count);
+  int turns = 0;
   for (std::size_t i = 1; i + 1 < count; ++i) {
-    const bool turns = (m_y[i] - m_y[i - 1]) * (m_y[i + 1] - m_y[i]) <= 0;
-    m_turns[i] = turns ? m_y[i] : std::numeric_limits<float>::quiet_NaN();
+    const bool is_turn = (m_y[i] - m_y[i - 1]) * (m_y[i + 1] - m_y[i]) <= 0;
+    m_turns[i] = is_turn ? m_y[i] : std::numeric_limits<float>::quiet_NaN();
+    turns += is_turn ? 1 : 0;
   }
+  return turns;
+}
+
+// A line is less exact where it turns. Where it seldom does, or is wide besides, nobody sees that
+// the cells are fewer.
+void Columns::use(const Pen& pen, std::span<const float> x, int turns) {
+  constexpr double kWide = 2.5;
+  constexpr double kSeldom = 4;  // pixels
+  const auto right = static_cast<float>(m_cells.width() / pen.pixels_per_unit);
+  const auto [low, high] = std::minmax(x.front(), x.back());
+  const double pixels = (std::min(high, right) - std::max(low, 0.0F)) * pen.pixels_per_unit;
+  const bool is_coarse = pen.half_width > kWide || turns * kSeldom < pixels;
+  m_pen = pen;
+  m_cells.set_per_pixel_log2(is_coarse ? 3 : 4);
+  m_trace.use(m_cells, pen.half_width);
 }
 
 // A run goes on as long as its segments are there and near.

@@ -40,8 +40,8 @@ class Columns {
   void clear() { m_cells.clear(); }
 
  private:
-  void use(const Pen& pen, std::span<const float> x);
-  void scale_y(std::span<const float> y);
+  int scale_y(const Pen& pen, std::span<const float> y);
+  void use(const Pen& pen, std::span<const float> x, int turns);
   void add_runs(const Polyline& line);
   void add_run(int first, int end);
   void add_far_segment(Point from, Point to);

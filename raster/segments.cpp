@@ -21,7 +21,8 @@ struct Segment {
 // the whole one: the part ends no nearer to the mask than the pen reaches.
 class CapsuleFiller {
  public:
-  CapsuleFiller(Coverage& mask, const Segment& segment, double half_width)
+  // A segment that goes on has no round end, because something else is added there.
+  CapsuleFiller(Coverage& mask, const Segment& segment, double half_width, bool goes_on = false)
       : m_mask(mask),
         m_segment(segment),
         m_strip(half_width, segment.direction),
@@ -29,6 +30,8 @@ class CapsuleFiller {
         m_quarter{static_cast<float>(segment.direction.x / 4),
                   static_cast<float>(segment.direction.y / 4)},
         m_reach(half_width + std::numbers::sqrt2 / 2),
+        m_end_reach(static_cast<float>(m_reach)),
+        m_goes_on(goes_on),
         m_length((segment.to.x - segment.from.x) * segment.direction.x +
                  (segment.to.y - segment.from.y) * segment.direction.y),
         m_left(std::min(segment.from.x, segment.to.x) - m_reach),
@@ -99,7 +102,9 @@ class CapsuleFiller {
   // ends begin to show already: at the joint with a segment that goes straight on they must not.
   float coverage(Place place) const {
     const float strip = m_strip.coverage(std::abs(place.across));
-    if (m_length > 0 && std::max(place.before, place.beyond) <= 0) return strip;
+    const float past = std::max(place.before, place.beyond);
+    if (past <= 0 && m_length > 0) return strip;
+    if (strip <= 0 || past >= m_end_reach || (m_goes_on && place.beyond > 0)) return 0;
     const float sum = quarter(place, m_quarter.x + m_quarter.y, m_quarter.x - m_quarter.y) +
                       quarter(place, m_quarter.x - m_quarter.y, -m_quarter.x - m_quarter.y) +
                       quarter(place, -m_quarter.x + m_quarter.y, m_quarter.x + m_quarter.y) +
@@ -127,6 +132,8 @@ class CapsuleFiller {
   float m_half_width;
   Quarter m_quarter;  // of a pixel, along the segment
   double m_reach;
+  float m_end_reach;
+  bool m_goes_on;
   double m_length;
   double m_left;
   double m_right;
@@ -174,8 +181,9 @@ void add_segment(Coverage& mask, LongSegments& middles, const Pen& pen, Point fr
   const double end = 2 * pen.half_width + 2;
   const Vector begin_middle = moved(segment->from, direction, end);
   const Vector end_middle = moved(segment->to, direction, -end);
-  CapsuleFiller(mask, {segment->from, begin_middle, direction}, pen.half_width).fill();
-  CapsuleFiller(mask, {end_middle, segment->to, direction}, pen.half_width).fill();
+  const Vector back{-direction.x, -direction.y};
+  CapsuleFiller(mask, {segment->from, begin_middle, direction}, pen.half_width, true).fill();
+  CapsuleFiller(mask, {segment->to, end_middle, back}, pen.half_width, true).fill();
   // It begins where the round part of each end does, or the gap between the two would show.
   middles.add(mask, pen.half_width, moved(begin_middle, direction, -pen.half_width - 1),
               moved(end_middle, direction, pen.half_width + 1), direction);
