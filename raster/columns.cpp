@@ -22,47 +22,76 @@ bool is_narrow(const Pen& pen) {
   return pen.half_width <= 64;
 }
 
+bool is_wide(const Pen& pen) {
+  return pen.half_width > 2.5;
+}
+
 }  // namespace
 
 bool Columns::add(const Pen& pen, const Polyline& line) {
   if (!is_narrow(pen) || !m_abscissae.take(line.x)) return false;
   if (line.x.empty()) return true;
-  const int turns = scale_y(pen, line.y);
-  if (m_cells.is_empty()) use(pen, line.x, turns);
+  scale_y(pen, line.y);
+  const int turns = find_turns();
+  if (m_cells.is_empty()) use(pen, !is_wide(pen) && needs_fine_cells(pen, line, turns));
   m_abscissae.place(
       {pen.pixels_per_unit * m_cells.per_pixel(), m_trace.node_of_zero(), m_trace.last_node()});
   add_runs(line);
   return true;
 }
 
-// How often the line turns up or down.
-int Columns::scale_y(const Pen& pen, std::span<const float> y) {
-  const std::size_t count = y.size();
-  m_y.resize(count);
+void Columns::scale_y(const Pen& pen, std::span<const float> y) {
+  m_y.resize(y.size());
   const auto scale = static_cast<float>(pen.pixels_per_unit);
-  for (std::size_t i = 0; i < count; ++i) m_y[i] = y[i] * scale;
+  for (std::size_t i = 0; i < y.size(); ++i) m_y[i] = y[i] * scale;
   if (m_abscissae.is_reversed()) std::ranges::reverse(m_y);
-  m_turns.resize(count);
-  int turns = 0;
-  for (std::size_t i = 1; i + 1 < count; ++i) {
-    const bool is_turn = (m_y[i] - m_y[i - 1]) * (m_y[i + 1] - m_y[i]) <= 0;
-    m_turns[i] = is_turn ? m_y[i] : std::numeric_limits<float>::quiet_NaN();
+}
+
+// How often the line turns up or down.
+int Columns::find_turns() {
+  constexpr float kNone = std::numeric_limits<float>::quiet_NaN();
+  m_turns.resize(m_y.size());
+  int turns = 0, level = 0;
+  for (std::size_t i = 1; i + 1 < m_y.size(); ++i) {
+    const float before = m_y[i] - m_y[i - 1], behind = m_y[i + 1] - m_y[i];
+    const bool is_turn = before * behind < 0;
+    m_turns[i] = is_turn ? m_y[i] : kNone;
     turns += is_turn ? 1 : 0;
+    level += before == 0 ? 1 : 0;
+  }
+  if (level == 0) return turns;
+  // Where it was level it turns if it then goes back to where it came from.
+  float way = 0;
+  for (std::size_t i = 1; i + 1 < m_y.size(); ++i) {
+    if (m_y[i] != m_y[i - 1]) way = m_y[i] - m_y[i - 1];
+    const bool is_turn = way * (m_y[i + 1] - m_y[i]) < 0;
+    turns += is_turn && m_y[i] == m_y[i - 1] ? 1 : 0;
+    m_turns[i] = is_turn ? m_y[i] : kNone;
   }
   return turns;
 }
 
-// A line is less exact where it turns. Where it seldom does, or is wide besides, nobody sees that
-// the cells are fewer.
-void Columns::use(const Pen& pen, std::span<const float> x, int turns) {
-  constexpr double kWide = 2.5;
+// Within a cell it is not known where a line turns or jumps. Where it does not jump and seldom
+// turns nobody sees that the cells are few.
+bool Columns::needs_fine_cells(const Pen& pen, const Polyline& line, int turns) const {
   constexpr double kSeldom = 4;  // pixels
   const auto right = static_cast<float>(m_cells.width() / pen.pixels_per_unit);
-  const auto [low, high] = std::minmax(x.front(), x.back());
-  const double pixels = (std::min(high, right) - std::max(low, 0.0F)) * pen.pixels_per_unit;
-  const bool is_coarse = pen.half_width > kWide || turns * kSeldom < pixels;
+  const auto [low, high] = std::minmax(line.x.front(), line.x.back());
+  const double visible = (std::min(high, right) - std::max(low, 0.0F)) * pen.pixels_per_unit;
+  if (turns * kSeldom >= visible) return true;
+  constexpr float kSteep = 16;  // times as high as wide
+  const auto pixel = static_cast<float>(1 / pen.pixels_per_unit);
+  int jumps = 0;
+  for (std::size_t i = 1; i < line.x.size(); ++i) {
+    const float step = std::abs(line.x[i] - line.x[i - 1]);
+    jumps += std::abs(line.y[i] - line.y[i - 1]) > pixel + kSteep * step ? 1 : 0;
+  }
+  return jumps > 0;
+}
+
+void Columns::use(const Pen& pen, bool fine_cells) {
   m_pen = pen;
-  m_cells.set_per_pixel_log2(is_coarse ? 3 : 4);
+  m_cells.set_per_pixel_log2(fine_cells ? 4 : 3);
   m_trace.use(m_cells, pen.half_width);
 }
 
@@ -125,7 +154,7 @@ void Columns::add_run(int first, int end) {
   m_trace.dilate(first_node, last_node, m_cells);
 }
 
-// The visible part of a segment with an end that is far away.
+// The visible part of a segment with an end that is far away, the lower x first.
 void Columns::add_far_segment(Point from, Point to) {
   if (std::isnan(from.y) || std::isnan(to.y)) return;
   const double scale = m_pen.pixels_per_unit;
@@ -138,20 +167,23 @@ void Columns::add_far_segment(Point from, Point to) {
     return x * scale * m_cells.per_pixel() + m_trace.node_of_zero();
   };
   const double begin = node_at(part->from.x), end = node_at(part->to.x);
-  const auto nearest = [&](double node) {
-    return static_cast<int>(std::clamp(node + 0.5, 0.0, double(m_trace.last_node())));
+  const int last = m_trace.last_node();
+  const auto nearest = [last](double node) {
+    return static_cast<int>(std::floor(std::clamp(node + 0.5, -1.0, last + 1.0)));
   };
   const auto pass = [&](int node, double y) {
+    if (node < 0 || node > last) return;
     m_trace.pass(node, static_cast<float>(std::clamp(y * scale, -1e30, 1e30)));
   };
-  m_trace.begin(nearest(begin), nearest(end));
+  const int first_node = std::max(nearest(begin), 0), last_node = std::min(nearest(end), last);
+  m_trace.begin(first_node, last_node);
   pass(nearest(begin), part->from.y);
   pass(nearest(end), part->to.y);
   for (int node = nearest(begin) + 1; node < nearest(end); ++node) {
     const double fraction = (node - begin) / (end - begin);
     pass(node, part->from.y + fraction * (part->to.y - part->from.y));
   }
-  m_trace.dilate(nearest(begin), nearest(end), m_cells);
+  m_trace.dilate(first_node, last_node, m_cells);
 }
 
 }  // namespace kurv::raster

@@ -40,8 +40,10 @@ class Columns {
   void clear() { m_cells.clear(); }
 
  private:
-  int scale_y(const Pen& pen, std::span<const float> y);
-  void use(const Pen& pen, std::span<const float> x, int turns);
+  void scale_y(const Pen& pen, std::span<const float> y);
+  int find_turns();
+  bool needs_fine_cells(const Pen& pen, const Polyline& line, int turns) const;
+  void use(const Pen& pen, bool fine_cells);
   void add_runs(const Polyline& line);
   void add_run(int first, int end);
   void add_far_segment(Point from, Point to);

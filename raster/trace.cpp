@@ -21,7 +21,8 @@ void Trace::use(const Cells& cells, double half_width) {
   m_rim = static_cast<float>(half_cells + 0.5 - m_reach);
   m_discs.clear();
   for (int k = 0; k < m_reach; ++k) {
-    const double distance = (k + 0.5) / cells.per_pixel();
+    // Between the two nodes of its edges the line passes the middle of the cell itself.
+    const double distance = k == 0 ? 0 : (k + 0.5) / cells.per_pixel();
     m_discs.push_back(static_cast<float>(
         std::sqrt(std::max(0.0, half_width * half_width - distance * distance))));
   }

@@ -61,13 +61,18 @@ class CurvePixels {
  public:
   CurvePixels(int width, int height) : m_width(width), m_height(height), m_picture(width, height) {}
 
+  CurvePixels(int width, int height, const Pen& pen, const Curve& curve)
+      : CurvePixels(width, height) {
+    draw(pen, curve);
+  }
+
   PixelGrid grid() {
     const Canvas canvas = m_picture.canvas();
     return {canvas.pixels, canvas.width, canvas.height, 1, canvas.stride};
   }
   void draw(const Pen& pen, const Curve& curve) {
     Columns columns(m_width, m_height);
-    ASSERT_TRUE(columns.add(pen, curve.line()));
+    EXPECT_TRUE(columns.add(pen, curve.line()));
     columns.flush(grid(), 0xFF000000);
   }
   int at(int x, int y) const { return 255 - static_cast<int>(m_picture.at(x, y) & 255); }
@@ -108,9 +113,7 @@ inline ExactCoverage exact_of(int width, int height, const Pen& pen, const Curve
 }
 
 inline Difference error_of(int width, int height, const Pen& pen, const Curve& curve) {
-  CurvePixels pixels(width, height);
-  pixels.draw(pen, curve);
-  return pixels.from(exact_of(width, height, pen, curve));
+  return CurvePixels(width, height, pen, curve).from(exact_of(width, height, pen, curve));
 }
 
 }  // namespace kurv::raster
