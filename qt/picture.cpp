@@ -218,13 +218,11 @@ void Picture::Line(SurfacePoint from, SurfacePoint to, int colour, LineKind kind
 }
 
 void Picture::Polyline(const PolylinePoints& points, int colour) {
-  const raster::Pen pen = m_pixels->pen();
-  if (!raster::Columns::is_narrow(pen) || !raster::Columns::is_ascending(points.x)) {
+  if (!m_pixels->columns.add(m_pixels->pen(), {points.x, points.y, points.drawn})) {
     return PlotSurface::Polyline(points, colour);
   }
   m_pixels->flush();
   const raster::Canvas canvas = m_pixels->canvas();
-  m_pixels->columns.add(pen, {points.x, points.y, points.drawn});
   m_pixels->columns.flush({canvas.pixels, canvas.width, canvas.height, 1, canvas.stride},
                           pixel_of(colour));
 }

@@ -109,7 +109,8 @@ class RingFiller {
       const double x = i + 0.5;
       const double power = x * (x - 2 * m_x) + row_power;
       const double from_centre = std::sqrt(std::max(0.0, power + radius_squared));
-      const double distance = std::abs(power / (from_centre + m_radius));
+      const double divisor = from_centre + m_radius;
+      const double distance = divisor > 0 ? std::abs(power / divisor) : 0;
       if (m_sector.contains(x, y + 0.5)) {
         values[i] = std::max(values[i], coverage_at(distance, m_reach));
       }
@@ -130,11 +131,12 @@ class RingFiller {
 
 constexpr double kFullTurn = 2 * std::numbers::pi;
 
+// By the distance of pixels as the arc itself, so that it goes on in the dot.
 void add_dot(Coverage& mask, const Pen& pen, double x, double y) {
   constexpr double kLargest = FLT_MAX;
   const Point at{static_cast<float>(std::clamp(x, -kLargest, kLargest)),
                  static_cast<float>(std::clamp(y, -kLargest, kLargest))};
-  add_segment(mask, pen, at, at);
+  RingFiller(mask, pen, at, 0, Sector()).fill();
 }
 
 }  // namespace

@@ -4,338 +4,186 @@
 #include <cmath>
 #include <limits>
 
-#include "raster/blend.h"
 #include "raster/geometry.h"
 #include "raster/stroke_parts.h"
 
 namespace kurv::raster {
 namespace {
 
-constexpr float kNothingLow = std::numeric_limits<float>::infinity();
-constexpr float kNothingHigh = -kNothingLow;
 // Beyond it single precision no longer tells the pixels of a slope apart.
 constexpr float kFar = 1 << 17;  // pixels
-// Part of a row, for sums that come out exact.
-constexpr int kWhole = 256;
-
-float smaller(float a, float b) {
-  return a < b ? a : b;
-}
-float larger(float a, float b) {
-  return a > b ? a : b;
-}
 
 bool is_near(float pixels) {
   return std::abs(pixels) < kFar;
 }
 
+// Each disc passes over each cell, so a wide pen would take time in proportion to its square.
+bool is_narrow(const Pen& pen) {
+  return pen.half_width <= 64;
+}
+
+bool is_wide(const Pen& pen) {
+  return pen.half_width > 2.5;
+}
+
 }  // namespace
 
-bool Columns::is_ascending(std::span<const float> x) {
-  float before = -std::numeric_limits<float>::max();
-  bool ascending = true;
-  for (const float value : x) {
-    ascending &= before <= value;
-    before = value;
-  }
-  return ascending && before <= std::numeric_limits<float>::max();
+bool Columns::add(const Pen& pen, const Polyline& line) {
+  if (!is_narrow(pen) || !m_abscissae.take(line.x)) return false;
+  if (line.x.empty()) return true;
+  scale_y(pen, line.y);
+  const int turns = find_turns();
+  if (m_cells.is_empty()) use(pen, !is_wide(pen) && needs_fine_cells(pen, line, turns));
+  m_abscissae.place(
+      {pen.pixels_per_unit * m_cells.per_pixel(), m_trace.node_of_zero(), m_trace.last_node()});
+  add_runs(line);
+  return true;
 }
 
-// The nodes stand on the edges of the cells; the first visible cell is cell m_reach, which follows
-// node m_reach at x = 0.
-void Columns::use_pen(const Pen& pen) {
-  if (pen.half_width == m_pen.half_width && pen.pixels_per_unit == m_pen.pixels_per_unit) return;
-  m_pen = pen;
-  m_per_pixel_log2 = 4;
-  m_per_pixel = 1 << m_per_pixel_log2;
-  m_reach = static_cast<int>(pen.half_width * m_per_pixel + 0.5);
-  m_last_node = m_width * m_per_pixel + 2 * m_reach;
-  m_rim = static_cast<float>(pen.half_width * m_per_pixel + 0.5 - m_reach);
-  m_disc.clear();
-  for (int k = 0; k < m_reach; ++k) {
-    const double distance = (k + 0.5) / m_per_pixel;
-    m_disc.push_back(static_cast<float>(
-        std::sqrt(std::max(0.0, pen.half_width * pen.half_width - distance * distance))));
-  }
-  const auto cells = static_cast<std::size_t>(m_last_node + 1);
-  const auto padded = cells + 2 * static_cast<std::size_t>(m_reach) + 2;
-  m_cells.assign(cells, Cell{});
-  m_low.assign(padded, kNothingLow);
-  m_high.assign(padded, kNothingHigh);
-  m_top.assign(cells, kNothingLow);
-  m_bottom.assign(cells, kNothingHigh);
-  m_cover.assign(static_cast<std::size_t>(m_height) + 1, 0);
-  m_carry.assign(static_cast<std::size_t>(m_height) + 1, 0);
-  m_abscissae.x.clear();
-  m_first_cell = m_last_node;
-  m_end_cell = 0;
-}
-
-void Columns::place(std::span<const float> x) {
-  Abscissae& known = m_abscissae;
-  if (std::ranges::equal(known.x, x)) return;
-  known.x.assign(x.begin(), x.end());
-  const std::size_t count = x.size();
-  known.at.resize(count);
-  known.nearest.resize(count);
-  known.segment.assign(static_cast<std::size_t>(m_last_node) + 1, 0);
-  known.fraction.assign(static_cast<std::size_t>(m_last_node) + 1, 0);
-  const double nodes_per_unit = m_pen.pixels_per_unit * m_per_pixel;
-  const auto last = static_cast<float>(m_last_node);
-  for (std::size_t i = 0; i < count; ++i) {
-    const auto at = static_cast<float>(x[i] * nodes_per_unit + m_reach);
-    known.at[i] = at;
-    known.nearest[i] = static_cast<int>(std::floor(std::clamp(at + 0.5F, -1.0F, last + 1)));
-    if (i == 0) continue;
-    const float before = known.at[i - 1];
-    const int first = static_cast<int>(std::ceil(std::clamp(before, 0.0F, last + 1)));
-    const int end = static_cast<int>(std::floor(std::clamp(at, -1.0F, last)));
-    for (int node = first; node <= end; ++node) {
-      const auto place = static_cast<std::size_t>(node);
-      known.segment[place] = static_cast<int>(i);
-      known.fraction[place] =
-          at > before ? (static_cast<float>(node) - before) / (at - before) : 0.0F;
-    }
-  }
-}
-
-void Columns::add(const Pen& pen, const Polyline& line) {
-  use_pen(pen);
-  place(line.x);
-  const std::size_t count = line.y.size();
-  m_y.resize(count);
+void Columns::scale_y(const Pen& pen, std::span<const float> y) {
+  m_y.resize(y.size());
   const auto scale = static_cast<float>(pen.pixels_per_unit);
-  for (std::size_t i = 0; i < count; ++i) m_y[i] = line.y[i] * scale;
-  const auto point = [&line](int i) {
-    const auto place = static_cast<std::size_t>(i);
-    return Point{line.x[place], line.y[place]};
+  for (std::size_t i = 0; i < y.size(); ++i) m_y[i] = y[i] * scale;
+  if (m_abscissae.is_reversed()) std::ranges::reverse(m_y);
+}
+
+// How often the line turns up or down.
+int Columns::find_turns() {
+  constexpr float kNone = std::numeric_limits<float>::quiet_NaN();
+  m_turns.resize(m_y.size());
+  int turns = 0, level = 0;
+  for (std::size_t i = 1; i + 1 < m_y.size(); ++i) {
+    const float before = m_y[i] - m_y[i - 1], behind = m_y[i + 1] - m_y[i];
+    const bool is_turn = before * behind < 0;
+    m_turns[i] = is_turn ? m_y[i] : kNone;
+    turns += is_turn ? 1 : 0;
+    level += before == 0 ? 1 : 0;
+  }
+  if (level == 0) return turns;
+  // Where it was level it turns if it then goes back to where it came from.
+  float way = 0;
+  for (std::size_t i = 1; i + 1 < m_y.size(); ++i) {
+    if (m_y[i] != m_y[i - 1]) way = m_y[i] - m_y[i - 1];
+    const bool is_turn = way * (m_y[i + 1] - m_y[i]) < 0;
+    turns += is_turn && m_y[i] == m_y[i - 1] ? 1 : 0;
+    m_turns[i] = is_turn ? m_y[i] : kNone;
+  }
+  return turns;
+}
+
+// Within a cell it is not known where a line turns or jumps. Where it does not jump and seldom
+// turns nobody sees that the cells are few.
+bool Columns::needs_fine_cells(const Pen& pen, const Polyline& line, int turns) const {
+  constexpr double kSeldom = 4;  // pixels
+  const auto right = static_cast<float>(m_cells.width() / pen.pixels_per_unit);
+  const auto [low, high] = std::minmax(line.x.front(), line.x.back());
+  const double visible = (std::min(high, right) - std::max(low, 0.0F)) * pen.pixels_per_unit;
+  if (turns * kSeldom >= visible) return true;
+  constexpr float kSteep = 16;  // times as high as wide
+  const auto pixel = static_cast<float>(1 / pen.pixels_per_unit);
+  int jumps = 0;
+  for (std::size_t i = 1; i < line.x.size(); ++i) {
+    const float step = std::abs(line.x[i] - line.x[i - 1]);
+    jumps += std::abs(line.y[i] - line.y[i - 1]) > pixel + kSteep * step ? 1 : 0;
+  }
+  return jumps > 0;
+}
+
+void Columns::use(const Pen& pen, bool fine_cells) {
+  m_pen = pen;
+  m_cells.set_per_pixel_log2(fine_cells ? 4 : 3);
+  m_trace.use(m_cells, pen.half_width);
+}
+
+// A run goes on as long as its segments are there and near.
+void Columns::add_runs(const Polyline& line) {
+  const std::size_t count = line.x.size();
+  const bool is_reversed = m_abscissae.is_reversed();
+  const auto scale = static_cast<float>(m_pen.pixels_per_unit);
+  const auto place = [=](int i) {
+    const auto forward = static_cast<std::size_t>(i);
+    return is_reversed ? count - 1 - forward : forward;
   };
+  const auto is_drawn = [&](int i) { return line.drawn[place(is_reversed ? i - 1 : i)] != 0; };
+  const auto point = [&](int i) { return Point{line.x[place(i)], line.y[place(i)]}; };
   const auto near = [&](int i) {
-    const auto place = static_cast<std::size_t>(i);
-    return is_near(m_y[place]) && is_near(line.x[place] * scale);
+    return is_near(m_y[static_cast<std::size_t>(i)]) && is_near(line.x[place(i)] * scale);
   };
-  // A run goes on as long as its segments are there and near.
+  const int end = static_cast<int>(count);
   int first = 0;
-  bool was_near = count > 0 && near(0);
-  for (int i = 1; i < static_cast<int>(count); ++i) {
+  bool was_near = end > 0 && near(0);
+  for (int i = 1; i < end; ++i) {
     const bool now_near = near(i);
-    const bool drawn = line.drawn[static_cast<std::size_t>(i)] != 0;
-    if (!drawn || !was_near || !now_near) {
+    if (!is_drawn(i) || !was_near || !now_near) {
       add_run(first, i);
       first = i;
-      if (drawn && !(was_near && now_near)) add_far_segment(point(i - 1), point(i));
+      if (is_drawn(i) && !(was_near && now_near)) add_far_segment(point(i - 1), point(i));
     }
     was_near = now_near;
   }
-  add_run(first, static_cast<int>(count));
-}
-
-void Columns::begin_trace(int first, int last) {
-  std::fill(m_low.begin() + first, m_low.begin() + last + 2 * m_reach + 1, kNothingLow);
-  std::fill(m_high.begin() + first, m_high.begin() + last + 2 * m_reach + 1, kNothingHigh);
-}
-
-// Nodes are kept with m_reach empty ones before them and behind them.
-void Columns::trace(int node, float y) {
-  const auto place = static_cast<std::size_t>(node + m_reach);
-  m_low[place] = smaller(m_low[place], y);
-  m_high[place] = larger(m_high[place], y);
+  add_run(first, end);
 }
 
 // Points first..end-1, all of which are near, and the segments between them.
 void Columns::add_run(int first, int end) {
   if (end - first < 2) return;
-  const Abscissae& known = m_abscissae;
-  const auto at = [&](int i) { return known.at[static_cast<std::size_t>(i)]; };
-  const auto nearest = [&](int i) { return known.nearest[static_cast<std::size_t>(i)]; };
-  const int first_node = std::max(nearest(first), 0);
-  const int last_node = std::min(nearest(end - 1), m_last_node);
+  const Abscissae& x = m_abscissae;
+  const int last = m_trace.last_node();
+  const int first_node = std::max(x.nearest(first), 0);
+  const int last_node = std::min(x.nearest(end - 1), last);
   if (first_node > last_node) return;
-  begin_trace(first_node, last_node);
-  while (nearest(first) < 0 && nearest(first + 1) < 0) ++first;
-  while (nearest(end - 1) > m_last_node && nearest(end - 2) > m_last_node) --end;
+  m_trace.begin(first_node, last_node);
+  while (x.nearest(first) < 0 && x.nearest(first + 1) < 0) ++first;
+  while (x.nearest(end - 1) > last && x.nearest(end - 2) > last) --end;
 
-  for (int i = first; i < end; ++i) {
-    if (nearest(i) >= 0 && nearest(i) <= m_last_node)
-      trace(nearest(i), m_y[static_cast<std::size_t>(i)]);
-  }
-  const auto last = static_cast<float>(m_last_node);
-  const int from = static_cast<int>(std::ceil(std::max(at(first), 0.0F)));
-  const int to = static_cast<int>(std::ceil(std::min(at(end - 1), last + 1)));
+  // Where the line turns is known to the nearest node only. Elsewhere that would widen it.
+  const auto pass_point = [&](int i, float y) {
+    const int node = x.nearest(i);
+    if (node >= 0 && node <= last) m_trace.pass(node, y);
+  };
+  pass_point(first, m_y[static_cast<std::size_t>(first)]);
+  for (int i = first + 1; i < end - 1; ++i) pass_point(i, m_turns[static_cast<std::size_t>(i)]);
+  pass_point(end - 1, m_y[static_cast<std::size_t>(end - 1)]);
+  const int from = static_cast<int>(std::ceil(std::max(x.at(first), 0.0F)));
+  const int to = static_cast<int>(std::ceil(std::min(x.at(end - 1), static_cast<float>(last + 1))));
   for (int node = from; node < to; ++node) {
-    const auto segment = static_cast<std::size_t>(known.segment[static_cast<std::size_t>(node)]);
+    const auto segment = static_cast<std::size_t>(x.segment(node));
     const float before = m_y[segment - 1];
-    trace(node, before + known.fraction[static_cast<std::size_t>(node)] * (m_y[segment] - before));
+    m_trace.pass(node, before + x.fraction(node) * (m_y[segment] - before));
   }
-  dilate(first_node, last_node);
+  m_trace.dilate(first_node, last_node, m_cells);
 }
 
-// The visible part of a segment with an end that is far away.
+// The visible part of a segment with an end that is far away, the lower x first.
 void Columns::add_far_segment(Point from, Point to) {
-  if (has_nan(from) || has_nan(to)) return;
+  if (std::isnan(from.y) || std::isnan(to.y)) return;
   const double scale = m_pen.pixels_per_unit;
   const double margin = (m_pen.half_width + 2) / scale;
-  const Box box{{-margin, -margin}, {m_width / scale + margin, m_height / scale + margin}};
+  const Box box{{-margin, -margin},
+                {m_cells.width() / scale + margin, m_cells.height() / scale + margin}};
   const std::optional<VisiblePart> part = visible_part(finite(from), finite(to), box);
   if (!part) return;
-  const auto node_of = [&](double x) { return x * scale * m_per_pixel + m_reach; };
-  const double begin = node_of(part->from.x), end = node_of(part->to.x);
-  const auto nearest = [&](double node) {
-    return static_cast<int>(std::clamp(std::floor(node + 0.5), 0.0, double(m_last_node)));
+  const auto node_at = [&](double x) {
+    return x * scale * m_cells.per_pixel() + m_trace.node_of_zero();
   };
-  begin_trace(nearest(begin), nearest(end));
-  trace(nearest(begin), static_cast<float>(part->from.y * scale));
-  trace(nearest(end), static_cast<float>(part->to.y * scale));
+  const double begin = node_at(part->from.x), end = node_at(part->to.x);
+  const int last = m_trace.last_node();
+  const auto nearest = [last](double node) {
+    return static_cast<int>(std::floor(std::clamp(node + 0.5, -1.0, last + 1.0)));
+  };
+  const auto pass = [&](int node, double y) {
+    if (node < 0 || node > last) return;
+    m_trace.pass(node, static_cast<float>(std::clamp(y * scale, -1e30, 1e30)));
+  };
+  const int first_node = std::max(nearest(begin), 0), last_node = std::min(nearest(end), last);
+  m_trace.begin(first_node, last_node);
+  pass(nearest(begin), part->from.y);
+  pass(nearest(end), part->to.y);
   for (int node = nearest(begin) + 1; node < nearest(end); ++node) {
     const double fraction = (node - begin) / (end - begin);
-    trace(node,
-          static_cast<float>(scale * (part->from.y + fraction * (part->to.y - part->from.y))));
+    pass(node, part->from.y + fraction * (part->to.y - part->from.y));
   }
-  dilate(nearest(begin), nearest(end));
-}
-
-// The line's interval at each node becomes that of its discs in the cells around.
-void Columns::dilate(int first, int last) {
-  const int begin = std::max(first - m_reach, m_reach);
-  const int end = std::min(last + m_reach, m_last_node - m_reach);
-  if (begin >= end) return;
-  // Pieces that stay in the processor's nearest memory while all discs pass over them.
-  constexpr int kPiece = 1024;
-  for (int piece = begin; piece < end; piece += kPiece) {
-    const int count = std::min(kPiece, end - piece);
-    float* const top = m_top.data() + piece;
-    float* const bottom = m_bottom.data() + piece;
-    std::fill_n(top, count, kNothingLow);
-    std::fill_n(bottom, count, kNothingHigh);
-    for (int k = 0; k < m_reach; ++k) {
-      const float half = m_disc[static_cast<std::size_t>(k)];
-      // Node `cell` is the left edge of the cell, and nodes are padded by m_reach.
-      const float* const low_left = m_low.data() + piece + m_reach - k;
-      const float* const low_right = m_low.data() + piece + m_reach + 1 + k;
-      const float* const high_left = m_high.data() + piece + m_reach - k;
-      const float* const high_right = m_high.data() + piece + m_reach + 1 + k;
-      for (int i = 0; i < count; ++i) {
-        top[i] = smaller(top[i], smaller(low_left[i], low_right[i]) - half);
-        bottom[i] = larger(bottom[i], larger(high_left[i], high_right[i]) + half);
-      }
-    }
-    // The very rims of the discs, which have no height, meet the line between two nodes.
-    if (m_rim > 0) {
-      const float* const low_left = m_low.data() + piece + 1;
-      const float* const low_right = m_low.data() + piece + 2 * m_reach;
-      const float* const high_left = m_high.data() + piece + 1;
-      const float* const high_right = m_high.data() + piece + 2 * m_reach;
-      const float outer = m_rim, inner = 1 - m_rim;
-      for (int i = 0; i < count; ++i) {
-        const float low = smaller(outer * low_left[i - 1] + inner * low_left[i],
-                                  inner * low_right[i] + outer * low_right[i + 1]);
-        const float high = larger(outer * high_left[i - 1] + inner * high_left[i],
-                                  inner * high_right[i] + outer * high_right[i + 1]);
-        top[i] = smaller(top[i], low);
-        bottom[i] = larger(bottom[i], high);
-      }
-    }
-    for (int i = 0; i < count; ++i) insert(piece + i, top[i], bottom[i]);
-  }
-  m_first_cell = std::min(m_first_cell, begin);
-  m_end_cell = std::max(m_end_cell, end);
-}
-
-// Intervals that touch become one. Where there are more than a cell holds, the two with the
-// smallest gap do.
-void Columns::insert(int place, float top, float bottom) {
-  if (!(bottom > 0 && top < static_cast<float>(m_height))) return;
-  Cell& cell = m_cells[static_cast<std::size_t>(place)];
-  for (int i = 0; i < cell.count;) {
-    if (cell.top[i] <= bottom && top <= cell.bottom[i]) {
-      top = smaller(top, cell.top[i]);
-      bottom = larger(bottom, cell.bottom[i]);
-      --cell.count;
-      cell.top[i] = cell.top[cell.count];
-      cell.bottom[i] = cell.bottom[cell.count];
-    } else {
-      ++i;
-    }
-  }
-  if (cell.count == Cell::kMost) {
-    const auto gap = [&](int i) { return larger(cell.top[i] - bottom, top - cell.bottom[i]); };
-    int closest = 0;
-    for (int i = 1; i < cell.count; ++i) {
-      if (gap(i) < gap(closest)) closest = i;
-    }
-    cell.top[closest] = smaller(cell.top[closest], top);
-    cell.bottom[closest] = larger(cell.bottom[closest], bottom);
-    return;
-  }
-  cell.top[cell.count] = top;
-  cell.bottom[cell.count] = bottom;
-  ++cell.count;
-}
-
-void Columns::flush(const PixelGrid& grid, std::uint32_t colour) {
-  if (m_first_cell >= m_end_cell) return;
-  const int first = (m_first_cell - m_reach) / m_per_pixel;
-  const int last = (m_end_cell - 1 - m_reach) / m_per_pixel;
-  for (int column = first; column <= last; ++column) blend_column(grid, column, colour);
-  m_first_cell = m_last_node;
-  m_end_cell = 0;
-}
-
-void Columns::blend_column(const PixelGrid& grid, int column, std::uint32_t colour) {
-  Cell* const cells = m_cells.data() + m_reach + column * m_per_pixel;
-  const auto height = static_cast<float>(m_height);
-  // Rows that all cells cover wholly need no sums.
-  float inner_top = 0, inner_bottom = height, outer_top = height, outer_bottom = 0;
-  for (int i = 0; i < m_per_pixel; ++i) {
-    Cell& cell = cells[i];
-    if (cell.count != 1) inner_bottom = 0;
-    for (int k = 0; k < cell.count; ++k) {
-      const float top = larger(cell.top[k], 0), bottom = smaller(cell.bottom[k], height);
-      inner_top = larger(inner_top, top);
-      inner_bottom = smaller(inner_bottom, bottom);
-      outer_top = smaller(outer_top, top);
-      outer_bottom = larger(outer_bottom, bottom);
-      // What the interval covers of each row is the sum of these up to the row.
-      const int a = static_cast<int>(top * kWhole), b = static_cast<int>(bottom * kWhole);
-      // Two arrays, because a processor waits when it reads two numbers that it wrote one by one.
-      m_cover[static_cast<std::size_t>(a / kWhole)] += kWhole - a % kWhole;
-      m_carry[static_cast<std::size_t>(a / kWhole)] += a % kWhole;
-      m_cover[static_cast<std::size_t>(b / kWhole)] -= kWhole - b % kWhole;
-      m_carry[static_cast<std::size_t>(b / kWhole)] -= b % kWhole;
-    }
-    cell.count = 0;
-  }
-  const int begin = static_cast<int>(outer_top);
-  const int end = std::min(static_cast<int>(outer_bottom) + 2, m_height);
-  const int whole = kWhole << m_per_pixel_log2;
-  const int shift = 8 + m_per_pixel_log2;
-  // The rows of the inner part, if there are enough of them to be worth the while.
-  const int inner_begin = static_cast<int>(inner_top) + 2;
-  const int inner_end = static_cast<int>(inner_bottom) - 1;
-  std::uint32_t* const pixels = grid.pixels + column * grid.x_step;
-  int sum = 0, carry = 0;
-  for (int y = begin; y < end; ++y) {
-    if (y == inner_begin && inner_end > inner_begin) {
-      for (; y < inner_end; ++y) pixels[y * grid.y_step] = colour;
-    }
-    sum += m_cover[static_cast<std::size_t>(y)] + carry;
-    carry = m_carry[static_cast<std::size_t>(y)];
-    m_cover[static_cast<std::size_t>(y)] = 0;
-    m_carry[static_cast<std::size_t>(y)] = 0;
-    if (sum == 0) continue;
-    std::uint32_t& pixel = pixels[y * grid.y_step];
-    pixel = sum >= whole ? colour
-                         : blend(pixel, colour,
-                                 static_cast<std::uint32_t>((sum * 255 + whole / 2) >> shift));
-  }
-  m_cover[static_cast<std::size_t>(m_height)] = 0;
-  m_carry[static_cast<std::size_t>(m_height)] = 0;
-}
-
-void Columns::clear() {
-  for (Cell& cell : m_cells) cell.count = 0;
-  m_first_cell = m_last_node;
-  m_end_cell = 0;
+  m_trace.dilate(first_node, last_node, m_cells);
 }
 
 }  // namespace kurv::raster

@@ -13,14 +13,6 @@ Coverage::Coverage(int width, int height)
   forget_rows();
 }
 
-void Coverage::touch(int y, int first, int end) {
-  m_top = std::min(m_top, y);
-  m_bottom = std::max(m_bottom, y + 1);
-  Span& span = m_spans[static_cast<std::size_t>(y)];
-  span.first = std::min(span.first, first);
-  span.end = std::max(span.end, end);
-}
-
 void Coverage::flush(const Canvas& canvas, std::uint32_t colour) {
   for (int y = m_top; y < m_bottom; ++y) {
     const Span span = m_spans[static_cast<std::size_t>(y)];

@@ -5,6 +5,7 @@
 // run.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <vector>
 
@@ -22,7 +23,13 @@ class Coverage {
   // The row's coverages, 0..255. Whoever raises any of them calls touch() for them, too.
   std::uint8_t* row(int y) { return m_values.data() + offset(y); }
   // Columns first..end-1 of row y, inside the mask and at least one, may no longer be zero.
-  void touch(int y, int first, int end);
+  void touch(int y, int first, int end) {
+    m_top = std::min(m_top, y);
+    m_bottom = std::max(m_bottom, y + 1);
+    Span& span = m_spans[static_cast<std::size_t>(y)];
+    span.first = std::min(span.first, first);
+    span.end = std::max(span.end, end);
+  }
 
   // Calls visit(row, first column, values, count) for the touched part of each row.
   template <class Visit>

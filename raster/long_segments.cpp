@@ -20,6 +20,8 @@ struct Course {
 
 constexpr int kFractionBits = 32;
 constexpr double kUnit = 4294967296.0;
+// A strip that begins further aside than that is nowhere near a picture.
+constexpr double kFar = 1 << 20;
 
 Course course_of(double from, double to, double across_from, double slope, int rows) {
   const int first = pixel_from(std::min(from, to), rows);
@@ -43,7 +45,7 @@ const LongSegments::Profile& LongSegments::profile_of(double slope, double half_
   const double shortening = 1 / std::sqrt(1 + rounded * rounded);
   const Strip strip(half_width, {shortening, rounded * shortening});
   for (int phase = 0; phase < kPhases; ++phase) {
-    const double middle = kReach / 2.0 - 1 + (phase + 0.5) / kPhases;
+    const double middle = (kReach - 1) / 2.0 + static_cast<double>(phase) / kPhases;
     for (int k = 0; k < kReach; ++k) {
       const double distance = std::abs(k + 0.5 - middle) * shortening;
       profile[static_cast<std::size_t>(phase)][static_cast<std::size_t>(k)] =
@@ -60,13 +62,15 @@ void LongSegments::add(Coverage& mask, double half_width, Vector from, Vector to
   const double slope = is_steep ? direction.x / direction.y : direction.y / direction.x;
   const Course course = is_steep ? course_of(from.y, to.y, from.x, slope, rows.height())
                                  : course_of(from.x, to.x, from.y, slope, rows.height());
+  if (!(std::abs(course.at) < kFar)) return;
   const Profile& profile = profile_of(slope, half_width);
-  constexpr int kBefore = kReach / 2 - 1;
-  // Fixed point, because a step has to find its pixel without asking the library to round.
-  std::int64_t at = std::llround(course.at * kUnit);
+  // Fixed point, because a step has to find its pixel without asking the library to round. It is
+  // that of the first pixel that the step looks at, at the nearest phase.
+  constexpr double kToFirst = (kReach - 1) / 2.0 - 0.5 / kPhases;
+  std::int64_t at = std::llround((course.at - kToFirst) * kUnit);
   const std::int64_t step = std::llround(course.slope * kUnit);
   for (int row = course.first; row < course.end; ++row, at += step) {
-    const int left = static_cast<int>(at >> kFractionBits) - kBefore;
+    const int left = static_cast<int>(at >> kFractionBits);
     const auto& covered =
         profile[static_cast<std::size_t>(at >> (kFractionBits - kPhaseBits)) % kPhases];
     std::uint8_t* const values = rows.row(row);

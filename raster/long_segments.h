@@ -16,8 +16,8 @@ class LongSegments {
  public:
   LongSegments(int width, int height) : m_columns(height, width) {}
 
-  // Whether the table is wide enough for the pen.
-  static bool is_narrow(double half_width) { return half_width <= 2.5; }
+  // Whether the table is wide enough for the pen, at any angle.
+  static bool is_narrow(double half_width) { return half_width <= 2; }
 
   // Adds what lies between two points in pixels, without any ends, to the mask or to what this
   // keeps: of pixel columns, or of rows where the segment is steep, those that have their middles

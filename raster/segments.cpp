@@ -21,12 +21,17 @@ struct Segment {
 // the whole one: the part ends no nearer to the mask than the pen reaches.
 class CapsuleFiller {
  public:
-  CapsuleFiller(Coverage& mask, const Segment& segment, double half_width)
+  // A segment that goes on has no round end, because something else is added there.
+  CapsuleFiller(Coverage& mask, const Segment& segment, double half_width, bool goes_on = false)
       : m_mask(mask),
         m_segment(segment),
         m_strip(half_width, segment.direction),
         m_half_width(static_cast<float>(half_width)),
+        m_quarter{static_cast<float>(segment.direction.x / 4),
+                  static_cast<float>(segment.direction.y / 4)},
         m_reach(half_width + std::numbers::sqrt2 / 2),
+        m_end_reach(static_cast<float>(m_reach)),
+        m_goes_on(goes_on),
         m_length((segment.to.x - segment.from.x) * segment.direction.x +
                  (segment.to.y - segment.from.y) * segment.direction.y),
         m_left(std::min(segment.from.x, segment.to.x) - m_reach),
@@ -78,26 +83,57 @@ class CapsuleFiller {
     std::uint8_t* values = m_mask.row(y) + first;
     for (int i = 0; i < end - first; ++i) {
       const auto step = static_cast<float>(i);
-      const float sideways = std::abs(across + step * step_across);
-      const float past_end = std::max(before - step * step_along, beyond + step * step_along);
-      values[i] = std::max(values[i], to_byte(coverage(sideways, past_end)));
+      const Place place{across + step * step_across, before - step * step_along,
+                        beyond + step * step_along};
+      values[i] = std::max(values[i], to_byte(coverage(place)));
     }
     m_mask.touch(y, first, end);
   }
 
-  // Beyond its ends the strip goes on as far as the pen is round.
-  float coverage(float sideways, float past_end) const {
-    const float strip = m_strip.coverage(sideways);
-    if (past_end <= -0.5F) return strip;
-    const float distance = std::hypot(sideways, std::max(past_end, 0.0F));
-    return std::min(strip, std::clamp(m_half_width + 0.5F - distance, 0.0F, 1.0F));
+  // Where the middle of a pixel is, seen from the segment: how far off the line, before its start
+  // and beyond its end.
+  struct Place {
+    float across;
+    float before;
+    float beyond;
+  };
+
+  // Beyond its ends the strip goes on as far as the pen is round. Not before them, where the round
+  // ends begin to show already: at the joint with a segment that goes straight on they must not.
+  float coverage(Place place) const {
+    const float strip = m_strip.coverage(std::abs(place.across));
+    const float past = std::max(place.before, place.beyond);
+    if (past <= 0 && m_length > 0) return strip;
+    if (strip <= 0 || past >= m_end_reach || (m_goes_on && place.beyond > 0)) return 0;
+    const float sum = quarter(place, m_quarter.x + m_quarter.y, m_quarter.x - m_quarter.y) +
+                      quarter(place, m_quarter.x - m_quarter.y, -m_quarter.x - m_quarter.y) +
+                      quarter(place, -m_quarter.x + m_quarter.y, m_quarter.x + m_quarter.y) +
+                      quarter(place, -m_quarter.x - m_quarter.y, -m_quarter.x + m_quarter.y);
+    return std::min(strip, sum / 4);
   }
+
+  // A quarter of the pixel, by the distance of its middle, which is that much further along the
+  // segment and across it.
+  float quarter(Place place, float along, float across) const {
+    const float past = std::max({place.before - along, place.beyond + along, 0.0F});
+    const float aside = place.across + across;
+    const float distance = std::sqrt(past * past + aside * aside);
+    return std::clamp((m_half_width - distance) * 2 + 0.5F, 0.0F, 1.0F);
+  }
+
+  struct Quarter {
+    float x;
+    float y;
+  };
 
   Coverage& m_mask;
   const Segment& m_segment;
   Strip m_strip;
   float m_half_width;
+  Quarter m_quarter;  // of a pixel, along the segment
   double m_reach;
+  float m_end_reach;
+  bool m_goes_on;
   double m_length;
   double m_left;
   double m_right;
@@ -143,8 +179,9 @@ void add_segment(Coverage& mask, LongSegments& middles, const Pen& pen, Point fr
   const double end = 2 * pen.half_width + 2;
   const Vector begin_middle = moved(segment->from, direction, end);
   const Vector end_middle = moved(segment->to, direction, -end);
-  CapsuleFiller(mask, {segment->from, begin_middle, direction}, pen.half_width).fill();
-  CapsuleFiller(mask, {end_middle, segment->to, direction}, pen.half_width).fill();
+  const Vector back{-direction.x, -direction.y};
+  CapsuleFiller(mask, {segment->from, begin_middle, direction}, pen.half_width, true).fill();
+  CapsuleFiller(mask, {segment->to, end_middle, back}, pen.half_width, true).fill();
   // It begins where the round part of each end does, or the gap between the two would show.
   middles.add(mask, pen.half_width, moved(begin_middle, direction, -pen.half_width - 1),
               moved(end_middle, direction, pen.half_width + 1), direction);

@@ -1,7 +1,7 @@
 // Antialiased strokes with round ends, added to a coverage mask.
 //
-// A pixel is covered by clamp(half_width + 1/2 - distance, 0, 1), where the distance is the one of
-// its centre from the stroke's centre line. Coordinates are single-precision numbers in units of
+// A pixel is covered by as much of its area as lies within the stroke, at the round ends of
+// segments and along circles nearly. Coordinates are single-precision numbers in units of
 // the caller's, y downwards. What is visible of a stroke is exact however far away its ends are: an
 // infinity stands for the largest finite number, and a NaN anywhere draws nothing. A stroke takes
 // time in proportion to the pixels of the mask that it can touch.

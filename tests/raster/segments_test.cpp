@@ -1,11 +1,10 @@
 #include <cmath>
-#include <cstdio>
 #include <limits>
 #include <numbers>
-#include <utility>
 #include <vector>
 
 #include "raster/strokes.h"
+#include "tests/raster/exact_coverage.h"
 #include "tests/raster/guarded_canvas.h"
 
 namespace kurv::raster {
@@ -20,45 +19,23 @@ Coverage mask_with(int width, int height, const Pen& pen, const std::vector<Poin
   return mask;
 }
 
-// The same by the definition, in quadruple precision.
-using Wide = __float128;
-
-double wide_sqrt(Wide value) {
-  // One Newton step on the double root.
-  Wide root = std::sqrt(static_cast<double>(value));
-  if (root > 0) root = (root + value / root) / 2;
-  return static_cast<double>(root);
+Difference error_of(Coverage& mask, const Pen& pen, const std::vector<Point>& points) {
+  const int width = mask.width(), height = mask.height();
+  std::vector<Stroke> strokes;
+  for (std::size_t i = 1; i < points.size(); ++i) {
+    strokes.push_back(near_stroke(pen, points[i - 1], points[i], width, height));
+  }
+  const ExactCoverage exact(width, height, pen.half_width, strokes);
+  return difference_of(
+      width, height, [&](int x, int y) { return mask.row(y)[x]; },
+      [&](int x, int y) { return exact.at(x, y); });
 }
 
-double exact_distance(Point from, Point to, double scale, double x, double y) {
-  // Seen from the nearer end; from one 1e38 away even these numbers would lose the pixel.
-  if (std::hypot(from.x, from.y) > std::hypot(to.x, to.y)) std::swap(from, to);
-  const Wide dx = Wide(to.x) - from.x, dy = Wide(to.y) - from.y;
-  const Wide px = Wide(x) / scale, py = Wide(y) / scale;
-  const Wide from_x = px - from.x, from_y = py - from.y;
-  const Wide length_squared = dx * dx + dy * dy;
-  const Wide along = from_x * dx + from_y * dy;
-  if (length_squared == 0 || along <= 0) {
-    return wide_sqrt(from_x * from_x + from_y * from_y) * scale;
-  }
-  if (along >= length_squared) {
-    return wide_sqrt((px - to.x) * (px - to.x) + (py - to.y) * (py - to.y)) * scale;
-  }
-  const Wide across = px * dy - py * dx - (Wide(from.x) * to.y - Wide(from.y) * to.x);
-  return wide_sqrt(across * across / length_squared) * scale;
-}
-
-int largest_error(Coverage& mask, const Pen& pen, Point from, Point to) {
-  int largest = 0;
-  for (int y = 0; y < mask.height(); ++y) {
-    for (int x = 0; x < mask.width(); ++x) {
-      const double distance = exact_distance(from, to, pen.pixels_per_unit, x + 0.5, y + 0.5);
-      const double covered = std::clamp(pen.half_width + 0.5 - distance, 0.0, 1.0);
-      largest = std::max(largest, std::abs(mask.row(y)[x] - static_cast<int>(covered * 255 + 0.5)));
-    }
-  }
-  return largest;
-}
+// All of a segment is exact to the last bit, but for its ends. A pixel whose middle the segment
+// passes is covered as if it went on, lest the joints of a line be seen: where its end should be
+// round that is 255 * (1/2 - pi/8) too much at worst.
+constexpr double kEndError = 28;
+constexpr double kBodyError = 1;
 
 TEST(Segment, OnPixelCentresIsFullAndOnePixelWide) {
   Coverage mask = mask_with(20, 9, {1, 0.5}, {{3.5F, 4.5F}, {15.5F, 4.5F}});
@@ -79,8 +56,8 @@ TEST(Segment, BetweenTwoRowsCoversHalfOfEach) {
   EXPECT_EQ(total_of(mask), 2 * 20 * 128);
 }
 
-TEST(Segment, AgreesWithTheDefinitionAtEveryAngleAndWidth) {
-  for (const double half_width : {0.5, 0.75, 1.0, 3.2}) {
+TEST(Segment, CoversItsAreaAtEveryAngleAndWidth) {
+  for (const double half_width : {0.5, 0.625, 0.75, 1.0, 2.0, 3.2}) {
     for (int step = 0; step < 72; ++step) {
       const double angle = step * std::numbers::pi / 36 + 0.001 * (step % 3);
       const Point from{20.3F, 19.9F};
@@ -88,18 +65,36 @@ TEST(Segment, AgreesWithTheDefinitionAtEveryAngleAndWidth) {
                      static_cast<float>(19.9 + 17 * std::sin(angle))};
       const Pen pen{1, half_width};
       Coverage mask = mask_with(40, 40, pen, {from, to});
-      ASSERT_LE(largest_error(mask, pen, from, to), 1) << half_width << ' ' << step;
+      const Difference error = error_of(mask, pen, {from, to});
+      ASSERT_LE(error.largest, kEndError) << half_width << ' ' << step;
+      ASSERT_LE(error.mean, 2) << half_width << ' ' << step;
+    }
+  }
+}
+
+TEST(Segment, WithoutItsEndsCoversItsAreaToTheLastBit) {
+  for (const double half_width : {0.5, 0.625, 1.0, 2.0, 3.2}) {
+    for (int step = 0; step < 72; ++step) {
+      const double angle = step * std::numbers::pi / 36 + 0.001 * (step % 3);
+      const auto x = static_cast<float>(60 * std::cos(angle));
+      const auto y = static_cast<float>(60 * std::sin(angle));
+      const std::vector<Point> line = {{20.3F - x, 19.9F - y}, {20.3F + x, 19.9F + y}};
+      Coverage mask = mask_with(40, 40, {1, half_width}, line);
+      ASSERT_LE(error_of(mask, {1, half_width}, line).largest, kBodyError)
+          << half_width << ' ' << step;
     }
   }
 }
 
 TEST(Segment, OfNoLengthIsADotOfThePen) {
-  const Pen pen{1, 2.5};
-  Coverage mask = mask_with(12, 12, pen, {{5.5F, 5.5F}, {5.5F, 5.5F}});
-  EXPECT_EQ(mask.row(5)[5], 255);
-  EXPECT_EQ(mask.row(5)[7], 255);
-  EXPECT_EQ(mask.row(5)[8], 0);
-  EXPECT_LE(largest_error(mask, pen, {5.5F, 5.5F}, {5.5F, 5.5F}), 1);
+  for (const double half_width : {0.5, 1.0, 2.5}) {
+    const Pen pen{1, half_width};
+    for (const Point at : {Point{5.5F, 5.5F}, Point{5, 6}, Point{5.8F, 6.1F}}) {
+      Coverage mask = mask_with(12, 12, pen, {at, at});
+      EXPECT_LE(error_of(mask, pen, {at, at}).largest, 12) << half_width << ' ' << at.x;
+      EXPECT_NEAR(total_of(mask), 255 * std::numbers::pi * half_width * half_width, 25);
+    }
+  }
 }
 
 TEST(Segment, VisiblePartIsExactHoweverFarTheEndsAre) {
@@ -113,15 +108,19 @@ TEST(Segment, VisiblePartIsExactHoweverFarTheEndsAre) {
         const Pen pen{scale, 0.5 + step % 3};
         const auto slope = static_cast<float>(std::tan((step - 12) * 0.065));
         const auto middle = static_cast<float>(10.3 / scale);
-        const Point from = step % 2 == 0 ? Point{middle, middle} : Point{-far, -far * slope};
+        const bool has_end = step % 2 == 0;
+        const Point from = has_end ? Point{middle, middle} : Point{-far, -far * slope};
         const Point ends[] = {{far, far * slope}, {far * slope, far}, {far, far * slope + 17}};
+        const double tolerance = has_end ? kEndError : kBodyError;
         for (const Point& end : ends) {
           Coverage mask = mask_with(32, 24, pen, {from, end});
-          ASSERT_LE(largest_error(mask, pen, from, end), 1) << far << ' ' << scale << ' ' << step;
+          ASSERT_LE(error_of(mask, pen, {from, end}).largest, tolerance)
+              << far << ' ' << scale << ' ' << step;
           if (total_of(mask) > 0) ++compared;
           mask.clear();
           add_segment(mask, pen, end, from);
-          ASSERT_LE(largest_error(mask, pen, end, from), 1) << far << ' ' << scale << ' ' << step;
+          ASSERT_LE(error_of(mask, pen, {end, from}).largest, tolerance)
+              << far << ' ' << scale << ' ' << step;
         }
       }
     }
@@ -198,24 +197,6 @@ TEST(Segment, AVeryWidePenFillsTheMask) {
   EXPECT_EQ(total_of(mask), 30 * 20 * 255);
 }
 
-// What is covered of a pixel by the strip of half width 1/2 round the polyline, by 16 x 16 samples.
-double sampled_coverage(const std::vector<Point>& line, int x, int y) {
-  int inside = 0;
-  for (int sample = 0; sample < 256; ++sample) {
-    const double sx = x + (sample % 16 + 0.5) / 16, sy = y + (sample / 16 + 0.5) / 16;
-    double nearest = 1e9;
-    for (std::size_t i = 1; i < line.size(); ++i) {
-      if (line[i - 1].x > sx + 2 || line[i].x < sx - 2) continue;
-      const double dx = line[i].x - line[i - 1].x, dy = line[i].y - line[i - 1].y;
-      const double px = sx - line[i - 1].x, py = sy - line[i - 1].y;
-      const double t = std::clamp((px * dx + py * dy) / (dx * dx + dy * dy), 0.0, 1.0);
-      nearest = std::min(nearest, std::hypot(px - t * dx, py - t * dy));
-    }
-    if (nearest <= 0.5) ++inside;
-  }
-  return inside / 256.0;
-}
-
 TEST(Segment, SineCurveIsCloseToTrueAreaCoverage) {
   std::vector<Point> curve;
   for (int i = 0; i <= 240; ++i) {
@@ -223,20 +204,10 @@ TEST(Segment, SineCurveIsCloseToTrueAreaCoverage) {
         {static_cast<float>(i * 0.5 + 4.2), static_cast<float>(30 + 24 * std::sin(i * 0.07))});
   }
   Coverage mask = mask_with(130, 60, {1, 0.5}, curve);
-  double error = 0;
-  int pixels = 0;
-  for (int y = 0; y < 60; ++y) {
-    for (int x = 0; x < 130; ++x) {
-      const double exact = 255 * sampled_coverage(curve, x, y);
-      if (exact == 0 && mask.row(y)[x] == 0) continue;
-      error += std::abs(exact - mask.row(y)[x]);
-      ++pixels;
-    }
-  }
-  ASSERT_GT(pixels, 300);
-  std::printf("mean error %d/1000 of 255 over %d pixels\n", static_cast<int>(1000 * error / pixels),
-              pixels);
-  EXPECT_LE(error / pixels, 4);
+  const Difference error = error_of(mask, {1, 0.5}, curve);
+  ASSERT_GT(error.pixels, 300);
+  EXPECT_LE(error.mean, 1.5);
+  EXPECT_LE(error.largest, 24);
 }
 
 }  // namespace

@@ -1,0 +1,82 @@
+#include "raster/abscissae.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace kurv::raster {
+namespace {
+
+constexpr float kLargest = std::numeric_limits<float>::max();
+
+bool is_monotonic(std::span<const float> x) {
+  if (x.empty()) return true;
+  bool ascending = true, descending = true;
+  float before = x.front();
+  for (const float value : x) {
+    ascending &= before <= value;
+    descending &= before >= value;
+    before = value;
+  }
+  return (ascending || descending) && std::abs(x.front()) <= kLargest &&
+         std::abs(x.back()) <= kLargest;
+}
+
+}  // namespace
+
+bool Abscissae::take(std::span<const float> x) {
+  if (std::ranges::equal(m_x, x)) return true;
+  if (!is_monotonic(x)) return false;
+  m_x.assign(x.begin(), x.end());
+  m_is_reversed = !x.empty() && x.front() > x.back();
+  for (Placement& placement : m_placements) placement.is_known = false;
+  return true;
+}
+
+void Abscissae::place(const Nodes& nodes) {
+  const auto is_wanted = [&nodes](const Placement& placement) {
+    return placement.is_known && placement.nodes == nodes;
+  };
+  if (is_wanted(current())) return;
+  m_current = 1 - m_current;
+  if (is_wanted(current())) return;
+  Placement& placement = m_placements[m_current];
+  placement.is_known = true;
+  placement.nodes = nodes;
+  place_points(placement);
+}
+
+void Abscissae::place_points(Placement& placement) const {
+  const Nodes& nodes = placement.nodes;
+  const auto count_of_nodes = static_cast<std::size_t>(nodes.last) + 1;
+  placement.at.resize(m_x.size());
+  placement.nearest.resize(m_x.size());
+  placement.segment.assign(count_of_nodes, 0);
+  placement.fraction.assign(count_of_nodes, 0);
+  std::ranges::transform(m_x, placement.at.begin(), [&nodes](float x) {
+    const double at = x * nodes.per_unit + nodes.of_zero;
+    return static_cast<float>(std::clamp<double>(at, -kLargest, kLargest));
+  });
+  if (m_is_reversed) std::ranges::reverse(placement.at);
+  const auto last = static_cast<float>(nodes.last);
+  for (std::size_t i = 0; i < m_x.size(); ++i) {
+    placement.nearest[i] =
+        static_cast<int>(std::floor(std::clamp(placement.at[i] + 0.5F, -1.0F, last + 1)));
+    if (i > 0) meet_nodes(placement, i);
+  }
+}
+
+void Abscissae::meet_nodes(Placement& placement, std::size_t point) {
+  const float before = placement.at[point - 1], here = placement.at[point];
+  const auto last = static_cast<float>(placement.nodes.last);
+  const int first = static_cast<int>(std::ceil(std::clamp(before, 0.0F, last + 1)));
+  const int end = static_cast<int>(std::floor(std::clamp(here, -1.0F, last)));
+  for (int node = first; node <= end; ++node) {
+    const auto place = static_cast<std::size_t>(node);
+    placement.segment[place] = static_cast<int>(point);
+    placement.fraction[place] =
+        here > before ? (static_cast<float>(node) - before) / (here - before) : 0.0F;
+  }
+}
+
+}  // namespace kurv::raster

@@ -1,0 +1,51 @@
+// A line on its way to what its pen covers.
+//
+// How low and how high the line runs is kept at nodes, which stand on the edges of the cells. A
+// line with round joints covers one interval of each vertical line across it: from the lowest to
+// the highest of the discs that its pen passes through.
+#pragma once
+
+#include <vector>
+
+#include "raster/cells.h"
+#include "raster/extremes.h"
+
+namespace kurv::raster {
+
+class Trace {
+ public:
+  // For cells like these, and a pen of this half width in pixels.
+  void use(const Cells& cells, double half_width);
+
+  // The node on the left edge of cell 0. Before it and behind the right edge of the last cell there
+  // are as many nodes as the pen reaches.
+  int node_of_zero() const { return m_reach; }
+  int last_node() const { return m_last_node; }
+
+  // Nodes first..last, and no other, are passed until the dilation of the same nodes.
+  void begin(int first, int last);
+  // The line passes a node at y, in pixels; what is not a number is no place.
+  void pass(int node, float y) {
+    float& low = m_low[static_cast<std::size_t>(node)];
+    float& high = m_high[static_cast<std::size_t>(node)];
+    low = smaller(y, low);
+    high = larger(y, high);
+  }
+  // Covers what the pen covers on its way along these nodes.
+  void dilate(int first, int last, Cells& cells);
+
+ private:
+  void cover_discs(int begin, int count);
+  void cover_rims(int begin, int count);
+
+  int m_reach = 0;  // how many cells on either side of a node its disc covers
+  int m_last_node = 0;
+  float m_rim = 0;             // how far a disc reaches beyond the outermost node on its side
+  std::vector<float> m_discs;  // half the height of a disc, by the distance of the cell
+  std::vector<float> m_low;    // of the line at each node
+  std::vector<float> m_high;
+  std::vector<float> m_top;  // of what a piece of the cells covers
+  std::vector<float> m_bottom;
+};
+
+}  // namespace kurv::raster

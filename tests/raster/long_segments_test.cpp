@@ -1,0 +1,160 @@
+#include "raster/long_segments.h"
+
+#include <cmath>
+#include <numbers>
+
+#include "tests/raster/exact_coverage.h"
+#include "tests/raster/guarded_canvas.h"
+
+namespace kurv::raster {
+namespace {
+
+class Masks {
+ public:
+  Masks(int width, int height)
+      : m_width(width),
+        m_height(height),
+        m_plain(width, height),
+        m_fast(width, height),
+        m_middles(width, height) {}
+
+  void add(const Pen& pen, Point from, Point to) {
+    add_segment(m_plain, pen, from, to);
+    add_segment(m_fast, m_middles, pen, from, to);
+  }
+  Difference difference() {
+    m_middles.merge_into(m_fast);
+    return difference_of(
+        m_width, m_height, [this](int x, int y) { return m_fast.row(y)[x]; },
+        [this](int x, int y) { return m_plain.row(y)[x]; });
+  }
+  Coverage& fast() { return m_fast; }
+  LongSegments& middles() { return m_middles; }
+
+ private:
+  int m_width;
+  int m_height;
+  Coverage m_plain;
+  Coverage m_fast;
+  LongSegments m_middles;
+};
+
+Point away(Point from, double length, double angle) {
+  return {static_cast<float>(from.x + length * std::cos(angle)),
+          static_cast<float>(from.y + length * std::sin(angle))};
+}
+
+TEST(LongSegments, LookLikePlainOnesAtEveryAngleLengthAndWidth) {
+  for (const double half_width : {0.5, 0.625, 0.75, 1.0, 1.5, 1.9, 2.0, 2.4, 3.0}) {
+    for (int step = 0; step < 144; ++step) {
+      const double angle = step * std::numbers::pi / 72 + 0.002 * (step % 3);
+      for (const double length : {20.0, 24.1, 31.0, 60.0}) {
+        Masks masks(130, 130);
+        const Point from{static_cast<float>(65 + step % 7 * 0.3), 65.4F};
+        masks.add({1, half_width}, from, away(from, length, angle));
+        const Difference difference = masks.difference();
+        ASSERT_GT(difference.pixels, 20);
+        ASSERT_LE(difference.largest, 4) << half_width << ' ' << step << ' ' << length;
+      }
+    }
+  }
+}
+
+TEST(LongSegments, AreCutAtEveryEdge) {
+  for (const double half_width : {0.5, 2.0}) {
+    for (int step = 0; step < 90; ++step) {
+      Masks masks(40, 30);
+      const double angle = step * std::numbers::pi / 45 + 0.01;
+      for (const Point at : {Point{0, 0}, Point{39.9F, 3}, Point{20, 30}, Point{-0.3F, 17},
+                             Point{20, 15}, Point{-1, 31}}) {
+        masks.add({1, half_width}, away(at, 70, angle), away(at, -70, angle));
+        masks.add({1, half_width}, at, away(at, 33, angle));
+      }
+      const Difference difference = masks.difference();
+      ASSERT_GT(difference.pixels, 50);
+      ASSERT_LE(difference.largest, 4) << half_width << ' ' << step;
+    }
+  }
+}
+
+TEST(LongSegments, OnPixelCentresAreExactlyFull) {
+  Masks masks(60, 60);
+  masks.add({1, 0.5}, {-10, 20.5F}, {90, 20.5F});
+  masks.add({1, 0.5}, {40.5F, -10}, {40.5F, 90});
+  masks.middles().merge_into(masks.fast());
+  EXPECT_EQ(total_of(masks.fast()), (60 + 60 - 1) * 255);
+}
+
+TEST(LongSegments, AreExactHoweverFarTheEndsAre) {
+  for (const float far : {1e4F, 1e9F, 1e30F, 3e38F}) {
+    for (int step = -11; step <= 11; ++step) {
+      const auto slope = static_cast<float>(std::tan(step * 0.13));
+      Masks masks(40, 30);
+      masks.add({1, 0.5}, {-far, 3 - far * slope}, {far, 17 + far * slope});
+      masks.add({1, 1.5}, {20, 11}, {far * slope, far});
+      ASSERT_LE(masks.difference().largest, 4) << far << ' ' << step;
+    }
+  }
+}
+
+// The boxes round such segments meet the mask, the lines themselves pass it far away.
+TEST(LongSegments, PassTheMaskAtAnyDistance) {
+  for (const float far : {1e5F, 1e12F, 3e38F}) {
+    Masks masks(40, 30);
+    masks.add({1, 0.5}, {-far, 0}, {far / 4, far});
+    masks.add({1, 0.5}, {0, -far}, {far, far / 4});
+    masks.add({1, 0.5}, {-far, far}, {far, -far / 3});
+    masks.middles().merge_into(masks.fast());
+    EXPECT_EQ(total_of(masks.fast()), 0) << far;
+  }
+}
+
+TEST(LongSegments, MergedOnesAreKeptNoLonger) {
+  Masks masks(60, 60);
+  masks.add({1, 0.5}, {3, 4}, {55, 30});
+  masks.middles().merge_into(masks.fast());
+  EXPECT_GT(total_of(masks.fast()), 0);
+  masks.fast().clear();
+  masks.middles().merge_into(masks.fast());
+  EXPECT_EQ(total_of(masks.fast()), 0);
+}
+
+TEST(LongSegments, ClearedOnesNeverShow) {
+  Masks masks(60, 60);
+  masks.add({1, 0.5}, {3, 4}, {55, 30});
+  masks.fast().clear();
+  masks.middles().clear();
+  masks.middles().merge_into(masks.fast());
+  EXPECT_EQ(total_of(masks.fast()), 0);
+}
+
+TEST(LongSegments, ReachTheCanvasWhole) {
+  GuardedCanvas picture(60, 45);
+  Masks masks(60, 45);
+  for (int i = 0; i < 60; ++i) {
+    const auto a = static_cast<float>(i * 37 % 97 - 20), b = static_cast<float>(i * 53 % 89 - 20);
+    masks.add({1, 1}, {a, b}, {b, 70 - a});
+  }
+  masks.middles().merge_into(masks.fast());
+  const std::vector<int> covered = values_of(masks.fast());
+  masks.fast().flush(picture.canvas(), 0xFF000000);
+  for (int y = 0; y < 45; ++y) {
+    for (int x = 0; x < 60; ++x) {
+      ASSERT_EQ(255 - static_cast<int>(picture.at(x, y) & 255),
+                covered[static_cast<std::size_t>(y * 60 + x)]);
+    }
+  }
+}
+
+TEST(LongSegments, ANewPenHasItsOwnWidth) {
+  Masks masks(60, 60);
+  for (const double half_width : {0.5, 2.0, 0.5}) {
+    masks.add({1, half_width}, {-10, 30.5F}, {90, 30.5F});
+    masks.middles().merge_into(masks.fast());
+    EXPECT_NEAR(total_of(masks.fast()), 60 * 2 * half_width * 255, 60);
+    masks.fast().clear();
+  }
+}
+
+}  // namespace
+}  // namespace kurv::raster
