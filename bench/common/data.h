@@ -25,7 +25,7 @@ struct Rectangle {
   double width;
   double height;
 };
-inline constexpr Rectangle kPlot{80, 80, 840, 540};
+inline constexpr Rectangle kPlot{53.3, 32, 893.4, 633.3};
 
 struct Table {
   std::vector<double> x;

@@ -40,6 +40,16 @@ struct ControlFixture {
         static_cast<kurv::Integer>(data.x.size()), curves,
         kurv::test::flags(std::vector<kurv::Boolean>(data.y.size(), kurv::Boolean(true))), 0, {},
         kurv::Boolean(lines), kurv::Boolean(markers));
+    fit(Scale(data));
+  }
+
+  // The peers fill their plots from edge to edge, and round numbers at the axes would make ours
+  // smaller than theirs.
+  void fit(const Scale& scale) {
+    control.set_xmin(scale.x_range().low);
+    control.set_xmax(scale.x_range().high);
+    control.set_ymin(scale.y_range().low);
+    control.set_ymax(scale.y_range().high);
   }
 
   kurv::GraphDocument& document() { return control.state().document; }

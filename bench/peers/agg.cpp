@@ -73,11 +73,6 @@ void draw(Canvas& canvas, agg::path_storage& path, agg::rgba8 colour, double wid
   }
 }
 
-// The outlines' rasteriser counts from the middles of the pixels.
-double origin_of(const std::string& method) {
-  return method == "outline" ? -0.5 : 0;
-}
-
 void add(agg::path_storage& path, double x, double y) {
   if (path.total_vertices() == 0) {
     path.move_to(x, y);
@@ -94,7 +89,6 @@ agg::rgba8 colour_of(int curve) {
 void measure(const bench::Drawing& drawing) {
   const bench::Table data = bench::table(drawing.kind, drawing.curves, drawing.points);
   const bench::Scale scale(data);
-  const double origin = origin_of(drawing.method);
   Canvas canvas(bench::kWidth, bench::kHeight);
   bench::serve([&] {
     canvas.clear();
@@ -102,7 +96,7 @@ void measure(const bench::Drawing& drawing) {
       agg::path_storage path;
       const std::vector<double>& y = data.y[static_cast<std::size_t>(k - 1)];
       for (std::size_t i = 0; i < data.x.size(); ++i) {
-        add(path, scale.x(data.x[i]) + origin, scale.y(y[i]) + origin);
+        add(path, scale.x(data.x[i]), scale.y(y[i]));
       }
       draw(canvas, path, colour_of(k), drawing.width, drawing.method);
     }
@@ -111,10 +105,9 @@ void measure(const bench::Drawing& drawing) {
 
 void draw_shape(const bench::Words& words) {
   const bench::Shape shape = bench::shape_of(words.at(2));
-  const double origin = origin_of(words.at(0));
   Canvas canvas(shape.width, shape.height);
   agg::path_storage path;
-  for (const bench::ShapePoint& point : shape.points) add(path, point.x + origin, point.y + origin);
+  for (const bench::ShapePoint& point : shape.points) add(path, point.x, point.y);
   draw(canvas, path, agg::rgba8(0, 0, 0), std::stod(words.at(3)), words.at(0));
   bench::write_coverage(
       words.at(4), bench::coverage_of(canvas.bytes(), static_cast<std::size_t>(shape.width) * 4,

@@ -15,9 +15,10 @@ namespace {
 
 using Curves = std::vector<std::unique_ptr<QwtPlotCurve>>;
 
+// Those that hide what lies below, as the control's do.
 QwtSymbol* symbol_of(int curve, const QPen& pen) {
-  constexpr QwtSymbol::Style kStyles[] = {QwtSymbol::Rect, QwtSymbol::Ellipse, QwtSymbol::XCross,
-                                          QwtSymbol::Cross, QwtSymbol::UTriangle};
+  constexpr QwtSymbol::Style kStyles[] = {QwtSymbol::Rect, QwtSymbol::Ellipse, QwtSymbol::Diamond,
+                                          QwtSymbol::DTriangle, QwtSymbol::UTriangle};
   const QSizeF size(bench::kMarkerSize, bench::kMarkerSize);
   return new QwtSymbol(kStyles[curve % 5], QBrush(Qt::white), pen, size.toSize());
 }

@@ -125,7 +125,7 @@ void draw_sheet(const Words& words) {
     int row = 0;
     for (const std::string& name : shapes) {
       const bench::Shape shape = bench::shape_of(name);
-      sheet.name(row, name, shape);
+      if (column == 0) sheet.name(row, name, shape);
       sheet.put(column, row++, shape,
                 read_coverage(subject.at(1) + "/" + name + "-" + width, shape));
     }
