@@ -4,6 +4,7 @@ import argparse
 import os
 import platform
 import subprocess
+import signal
 import sys
 import tempfile
 import time
@@ -84,6 +85,8 @@ def main():
     options = parser.parse_args()
     for name in ("QT_SCALE_FACTOR", "QT_FONT_DPI"):
         os.environ.pop(name, None)
+    # An end from outside has to take the files along, too.
+    signal.signal(signal.SIGTERM, lambda *_: sys.exit(1))
     # In memory, so that no disk is measured.
     with tempfile.TemporaryDirectory(dir="/dev/shm") as folder:
         os.environ["XDG_RUNTIME_DIR"] = folder

@@ -7,7 +7,8 @@ from dataclasses import dataclass
 
 LEAST_ROUNDS = 5
 MOST_ROUNDS = 25
-SLOW = 6.0  # seconds a round, from which on one round has to do
+ROUNDS_WITHOUT_GOAL = 3  # of a subject that is there for comparison only
+SLOW = 4.0  # seconds a round, from which on one round has to do
 
 
 @dataclass
@@ -71,13 +72,14 @@ class Process:
 
 def measure(workload, deadline):
     """Rounds until the workload's seconds are over, five at least; fewer only where the deadline
-    comes first or a subject is so slow that one round has to do."""
+    comes first, no goal speaks of a subject, or it is so slow that one round has to do."""
     subjects = [(Process if workload.whole_process else Server)(s) for s in workload.subjects]
     try:
         for subject in subjects:
             subject.wait()
         times = {subject.name: [] for subject in subjects}
-        slow = warm_up(subjects, times)
+        in_goals = {goal.peer for goal in workload.goals} or set(times)
+        rounds = warm_up(subjects, times, in_goals)
         end = time.monotonic() + workload.seconds
         for turn in range(MOST_ROUNDS):
             now = time.monotonic()
@@ -85,7 +87,7 @@ def measure(workload, deadline):
                 break
             # In both directions, so that nobody always follows the same neighbour.
             for subject in subjects if turn % 2 == 0 else reversed(subjects):
-                if subject.name not in slow:
+                if turn < rounds[subject.name]:
                     times[subject.name].append(subject.milliseconds())
     finally:
         results = {subject.end() for subject in subjects}
@@ -94,12 +96,15 @@ def measure(workload, deadline):
     return [Times(name, values) for name, values in times.items() if values]
 
 
-def warm_up(subjects, times):
-    """The first run is not counted, unless it takes so long that it has to be the only one."""
-    slow = set()
+def warm_up(subjects, times, in_goals):
+    """How many rounds each has. The first run is not counted, unless it is so slow that it has to
+    be the only one."""
+    rounds = {}
     for subject in subjects:
+        is_measured = subject is subjects[0] or subject.name in in_goals
+        rounds[subject.name] = MOST_ROUNDS if is_measured else ROUNDS_WITHOUT_GOAL
         taken = subject.milliseconds()
         if taken > SLOW * 1000:
-            slow.add(subject.name)
+            rounds[subject.name] = 0
             times[subject.name].append(taken)
-    return slow
+    return rounds

@@ -51,6 +51,8 @@ def at_most(name, times):
 
 def lines(key, title, kind, curves, points, goals, seconds):
     words = [kind, str(curves), str(points), "1"]
+    # A path that crosses itself thousands of times takes Cairo seconds a curve.
+    cairo = [peer("Cairo, whole path", "cairo", "path", *words)]
     return Workload(key, title, [
         ours("redraw", *words),
         peer("QPainter, polyline", "qpainter", "polyline", *words),
@@ -59,8 +61,8 @@ def lines(key, title, kind, curves, points, goals, seconds):
         peer("Qwt", "qwt", "lines", *words),
         peer("QPainter, line at a time", "qpainter", "lines", *words),
         peer("AGG, outline", "agg", "outline", *words),
-        peer("Cairo, whole path", "cairo", "path", *words),
-    ], goals, seconds)
+        peer("looking at the data", "plain", "look", *words),
+    ] + (cairo if kind == "waves" or int(curves) == 1 else []), goals, seconds)
 
 
 def workloads(folder, example):

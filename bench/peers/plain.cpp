@@ -102,9 +102,25 @@ void sort() {
   std::cout << bench::fingerprint(columns.at(1)) << std::endl;
 }
 
+// What any redraw has to do: look at each value and ask whether it is in the plot.
+void look(const bench::Drawing& drawing) {
+  const bench::Table data = bench::table(drawing.kind, drawing.curves, drawing.points);
+  const bench::Scale scale(data);
+  const bench::Range range = scale.y_range();
+  long inside = 0;
+  bench::serve([&] {
+    for (const std::vector<double>& curve : data.y) {
+      for (const double y : curve) inside += y >= range.low && y <= range.high;
+    }
+  });
+  std::cout << inside << std::endl;
+}
+
 void run(const bench::Words& words) {
   const std::string& what = words.at(0);
-  if (what == "read") {
+  if (what == "look") {
+    look(bench::drawing_of(words));
+  } else if (what == "read") {
     std::vector<double> numbers;
     bench::serve([&] { read_numbers(bytes_of(words.at(1)), numbers); });
   } else if (what == "write") {
