@@ -43,7 +43,7 @@ def draw(times, folder, picture):
     table = {(curves, points): t for curves, points, t in times}
     path = folder + "/growth.csv"
     with open(path, "w", encoding="ascii") as file:
-        file.write("log10 points," + ",".join(f"{c} curves" for c in counts) + "\n")
+        file.write("log10 points," + ",".join("1 curve" if c == 1 else f"{c} curves" for c in counts) + "\n")
         for points in sorted({points for _, points, _ in times}):
             cells = [f"{math.log10(table[c, points]):.4f}" for c in counts]
             file.write(f"{math.log10(points):.4f}," + ",".join(cells) + "\n")

@@ -46,7 +46,7 @@ def rows(folder, write_graph):
         graph = f"{folder}/{kind}.gdf"
         write_graph(graph, kind, 149, 32767)
         full = memory_of(graph)
-        for what, now, before in [("at rest", full[0], empty[0]), ("at the most", full[1], empty[1])]:
+        for what, now, before in [("at rest", full[0], empty[0]), ("at its most", full[1], empty[1])]:
             added = (now - before) / ONE_COPY
             is_goal = what == "at rest"
             result.append({

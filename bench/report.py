@@ -38,7 +38,7 @@ def timing_table(rows):
 
 
 def memory_table(rows):
-    return markdown(["", "Work", "", "", "", "Goal", "Met"],
+    return markdown(["", "Work", "Once it is", "Added", "In copies", "Goal", "Met"],
                     [[r["key"], r["title"], r["subject"], r["value"], r["ratio"], r["goal"],
                       MET[r["met"]]] for r in rows])
 
@@ -59,7 +59,7 @@ def growth_table(times, fit):
     table = {(c, p): t for c, p, t in times}
     base, curve, point, error = fit
     text = markdown(["milliseconds"] + [f"{p:,} points" for p in points],
-                    [[f"{c} curves"] + [number(table[c, p]) for p in points] for c in counts])
+                    [[f"{c} curves" if c > 1 else "1 curve"] + [number(table[c, p]) for p in points] for c in counts])
     return text + (f"\n\nTime = {base:.2f} ms + {curve * 1000:.1f} µs a curve + {point * 1e6:.2f} ns a "
                    f"point of a curve; the furthest of these {len(times)} is {error:.0%} off.")
 
