@@ -131,8 +131,10 @@ void Columns::add(const Pen& pen, const Polyline& line) {
 }
 
 void Columns::begin_trace(int first, int last) {
-  std::fill(m_low.begin() + first, m_low.begin() + last + 2 * m_reach + 1, kNothingLow);
-  std::fill(m_high.begin() + first, m_high.begin() + last + 2 * m_reach + 1, kNothingHigh);
+  const int begin = std::max(first - m_reach, 0);
+  const int end = std::min(last + 3 * m_reach + 1, static_cast<int>(m_low.size()));
+  std::fill(m_low.begin() + begin, m_low.begin() + end, kNothingLow);
+  std::fill(m_high.begin() + begin, m_high.begin() + end, kNothingHigh);
 }
 
 // Nodes are kept with m_reach empty ones before them and behind them.
