@@ -44,7 +44,7 @@ void growth() {
   for (const int curves : {1, 10, 50, 149}) {
     for (const int points : {1000, 2000, 4000, 8000, 16000, 32767}) {
       ControlFixture ours;
-      ours.load(bench::table("waves", curves, points));
+      ours.load(bench::table("noise", curves, points));
       std::cout << curves << ' ' << points << ' ' << least_milliseconds([&] { ours.redraw(); })
                 << std::endl;
     }
