@@ -1,81 +1,162 @@
-// How long the parts of a redraw take. Compare rows of one run with each other.
-#include <KurvGraph/picture.h>
+// The inner loops one by one. Compare rows of one run with each other.
 #include <benchmark/benchmark.h>
 
-#include <QGuiApplication>
-#include <cmath>
-#include <random>
+#include <algorithm>
+#include <memory>
+#include <string_view>
+#include <vector>
 
-#include "core/data_set.h"
-#include "tests/support/test_host.h"
+#include "bench/common/data.h"
+#include "bench/common/expression.h"
+#include "core/selection_order.h"
+#include "expr/evaluator.h"
+#include "expr/parser.h"
+#include "raster/columns.h"
+#include "raster/coverage.h"
+#include "raster/long_segments.h"
+#include "raster/stamp.h"
+#include "raster/strokes.h"
 
 namespace kurv {
 namespace {
 
-Matrix<Double> waves(int curves, int points) {
-  Matrix<Double> data(1, curves + 1, 1, points);
-  for (int i = 1; i <= points; ++i) {
-    data(1, i) = i;
-    for (int k = 1; k <= curves; ++k) data(k + 1, i) = std::sin(i * 40.0 / points + k) * k;
+using raster::Canvas;
+
+class Pixels {
+ public:
+  Pixels(int width, int height)
+      : m_pixels(static_cast<std::size_t>(width) * static_cast<std::size_t>(height), 0xFFFFFFFF),
+        m_canvas{m_pixels.data(), width, height, width} {}
+
+  const Canvas& canvas() const { return m_canvas; }
+  raster::PixelGrid grid() const {
+    return {m_canvas.pixels, m_canvas.width, m_canvas.height, 1, m_canvas.stride};
   }
-  return data;
+
+ private:
+  std::vector<std::uint32_t> m_pixels;
+  Canvas m_canvas;
+};
+
+struct Line {
+  std::vector<float> x;
+  std::vector<float> y;
+  std::vector<std::uint8_t> drawn;
+};
+
+// In pixels.
+Line line_of(std::string_view kind, int points) {
+  const bench::Table data = bench::table(kind, 1, points);
+  const bench::Scale scale(data);
+  Line line;
+  for (std::size_t i = 0; i < data.x.size(); ++i) {
+    line.x.push_back(static_cast<float>(scale.x(data.x[i])));
+    line.y.push_back(static_cast<float>(scale.y(data.y.front()[i])));
+  }
+  line.drawn.assign(line.x.size(), 1);
+  return line;
 }
 
-// One whole redraw; arguments: curves, points, markers.
-void redraw(benchmark::State& state) {
-  const int curves = static_cast<int>(state.range(0));
-  const int points = static_cast<int>(state.range(1));
-  test::PlainContainer container;
-  test::ScriptedShell shell;
-  Picture picture(QSize(1000, 700));
-  Control control(container, shell, picture);
-  control.first_placement();
-  control.show();
-  control.scatter_graph2(
-      "T", waves(curves, points),
-      test::names(std::vector<String>(static_cast<std::size_t>(curves) + 1, "c")),
-      static_cast<Integer>(points), static_cast<Integer>(curves),
-      test::flags(std::vector<Boolean>(static_cast<std::size_t>(curves), true)), 0, {},
-      Boolean(true), Boolean(state.range(2) != 0));
+// A curve of 32,767 points with ascending x; argument: the pen's width.
+void columns(benchmark::State& state, std::string_view kind) {
+  const Line line = line_of(kind, 32767);
+  const raster::Pen pen{1, static_cast<double>(state.range(0)) / 2};
+  const Pixels pixels(bench::kWidth, bench::kHeight);
+  raster::Columns kernel(bench::kWidth, bench::kHeight);
   for ([[maybe_unused]] auto _ : state) {
-    control.build_the_graph();
-    benchmark::DoNotOptimize(picture.image().constBits());
+    kernel.add(pen, {line.x, line.y, line.drawn});
+    kernel.flush(pixels.grid(), 0xFF000080);
   }
 }
-BENCHMARK(redraw)
-    ->Unit(benchmark::kMillisecond)
-    ->ArgNames({"curves", "points", "markers"})
-    ->Args({3, 100, 0})
-    ->Args({3, 100, 1})
-    ->Args({1, 32767, 0})
-    ->Args({10, 32767, 0})
-    ->Args({10, 32767, 1})
-    ->Args({149, 32767, 0});
+BENCHMARK_CAPTURE(columns, smooth, "waves")->Unit(benchmark::kMicrosecond)->Arg(1)->Arg(2)->Arg(4);
+BENCHMARK_CAPTURE(columns, noise, "noise")->Unit(benchmark::kMicrosecond)->Arg(1)->Arg(2)->Arg(4);
 
-// Sorting 150 columns of random x; argument: points.
-void sort(benchmark::State& state) {
-  GraphDocument document;
-  document.NumData = static_cast<Integer>(state.range(0));
-  document.NumY = 149;
-  Matrix<Double> data(0, 150, 0, document.NumData);
-  std::mt19937 generator(1);
-  for (int i = 1; i <= document.NumData; ++i)
-    data(1, i) = std::uniform_real_distribution<>()(generator);
+// A thousand segments from anywhere to anywhere; argument: the pen's width.
+void segments(benchmark::State& state) {
+  const Line line = line_of("scattered", 1001);
+  const raster::Pen pen{1, static_cast<double>(state.range(0)) / 2};
+  const Pixels pixels(bench::kWidth, bench::kHeight);
+  raster::Coverage mask(bench::kWidth, bench::kHeight);
+  raster::LongSegments middles(bench::kWidth, bench::kHeight);
   for ([[maybe_unused]] auto _ : state) {
-    state.PauseTiming();
-    document.xyArr = data;
-    state.ResumeTiming();
-    Sort_xy(document, *library_services().swap);
+    for (std::size_t i = 1; i < line.x.size(); ++i) {
+      add_segment(mask, middles, pen, {line.x[i - 1], line.y[i - 1]}, {line.x[i], line.y[i]});
+    }
+    middles.merge_into(mask);
+    mask.flush(pixels.canvas(), 0xFF000080);
   }
 }
-BENCHMARK(sort)->Unit(benchmark::kMillisecond)->Arg(1000)->Arg(32767);
+BENCHMARK(segments)->Unit(benchmark::kMicrosecond)->Arg(1)->Arg(2)->Arg(4);
+
+// A framed square of 9 pixels with soft edges.
+raster::Stamp framed_square() {
+  constexpr int kSide = 9;
+  const Pixels white(kSide, kSide), black(kSide, kSide);
+  for (int y = 0; y < kSide; ++y) {
+    for (int x = 0; x < kSide; ++x) {
+      const int inside = std::min(std::min(x, y), kSide - 1 - std::max(x, y));
+      const bool is_soft = inside == 0;
+      white.canvas().row(y)[x] = is_soft ? 0xFF8080FF : inside == 1 ? 0xFF0000FF : 0xFFFFFFFF;
+      black.canvas().row(y)[x] = is_soft ? 0xFF000080 : inside == 1 ? 0xFF0000FF : 0xFFFFFFFF;
+    }
+  }
+  return {white.canvas(), black.canvas(), kSide / 2, kSide / 2};
+}
+
+// Put at 32,767 places.
+void stamps(benchmark::State& state) {
+  const Line line = line_of("noise", 32767);
+  const raster::Stamp stamp = framed_square();
+  const Pixels pixels(bench::kWidth, bench::kHeight);
+  for ([[maybe_unused]] auto _ : state) {
+    for (std::size_t i = 0; i < line.x.size(); ++i) {
+      stamp.put(pixels.canvas(), static_cast<int>(line.x[i]), static_cast<int>(line.y[i]));
+    }
+  }
+}
+BENCHMARK(stamps)->Unit(benchmark::kMicrosecond);
+
+// The order in which 32,767 points have to stand.
+void order(benchmark::State& state, std::string_view kind) {
+  const std::vector<double> x = bench::table(kind, 1, 32767).x;
+  const Column<const Double> values(x.data(), 1, 32767);
+  for ([[maybe_unused]] auto _ : state) {
+    benchmark::DoNotOptimize(selection_sort_exchanges(values, 32767).size());
+  }
+}
+BENCHMARK_CAPTURE(order, shuffled, "shuffled")->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(order, sorted, "waves")->Unit(benchmark::kMicrosecond);
+
+// One value through the evaluator, as a host asks for it.
+void evaluator(benchmark::State& state) {
+  const std::unique_ptr<ExprEvaluator> tool = make_evaluator();
+  int i = 0;
+  for ([[maybe_unused]] auto _ : state) {
+    tool->SetVariable("x", bench::argument(++i));
+    tool->SetExpression(bench::kExpression);
+    benchmark::DoNotOptimize(tool->Evaluate());
+    benchmark::DoNotOptimize(tool->GetEvalError());
+  }
+}
+BENCHMARK(evaluator);
+
+// One value through the compiled form alone.
+void program(benchmark::State& state) {
+  expr::Program compiled = expr::compile(bench::kExpression).program;
+  double x = 0;
+  std::vector<const Double*> operands;
+  for (const expr::Operand& operand : compiled.operands()) {
+    operands.push_back(operand.name.empty() ? &operand.number : &x);
+  }
+  int i = 0;
+  for ([[maybe_unused]] auto _ : state) {
+    x = bench::argument(++i);
+    benchmark::DoNotOptimize(compiled.run(operands.data()));
+  }
+}
+BENCHMARK(program);
 
 }  // namespace
 }  // namespace kurv
 
-int main(int argc, char** argv) {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  const QGuiApplication application(argc, argv);
-  benchmark::Initialize(&argc, argv);
-  benchmark::RunSpecifiedBenchmarks();
-}
+BENCHMARK_MAIN();

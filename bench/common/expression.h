@@ -1,0 +1,19 @@
+// The expression that evaluators are measured with.
+#pragma once
+
+namespace bench {
+
+inline constexpr const char* kExpression = "x*(sin(x)+2)";
+inline constexpr int kEvaluations = 1'000'000;
+
+inline double argument(int i) {
+  return i * 1e-5;
+}
+
+// So that a compiler cannot leave out what led to the value.
+inline void keep(double value) {
+  [[maybe_unused]] static volatile double kept;
+  kept = value;
+}
+
+}  // namespace bench

@@ -1,0 +1,27 @@
+// What the sorts are measured with, and how their results are compared.
+#pragma once
+
+#include <cstdint>
+#include <cstring>
+#include <vector>
+
+namespace bench {
+
+inline constexpr int kSortedColumns = 150;
+inline constexpr int kSortedPoints = 32767;
+
+// Two columns in the same order have the same, and in another order hardly ever.
+inline std::uint64_t fingerprint(const double* values, std::size_t count) {
+  std::uint64_t result = 14695981039346656037U;
+  for (std::size_t i = 0; i < count; ++i) {
+    std::uint64_t bits = 0;
+    std::memcpy(&bits, values + i, sizeof bits);
+    result = (result ^ bits) * 1099511628211U;
+  }
+  return result;
+}
+inline std::uint64_t fingerprint(const std::vector<double>& values) {
+  return fingerprint(values.data(), values.size());
+}
+
+}  // namespace bench

@@ -1,0 +1,73 @@
+// How a subject of a comparison is measured: it prepares its work once, says so, and then does it
+// each time it is asked, so that the subjects can take turns.
+#pragma once
+
+#include <ctime>
+#include <exception>
+#include <functional>
+#include <iostream>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace bench {
+
+// Processor time of this process in seconds: what other programs do at the same time is not in it.
+inline double processor_seconds() {
+  timespec now{};
+  clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &now);
+  return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) * 1e-9;
+}
+
+using Work = std::function<void()>;
+using Words = std::vector<std::string>;
+
+// Repeats short work until a clock can tell; returns milliseconds for one.
+inline double milliseconds_of(const Work& work) {
+  constexpr double kLongEnough = 0.02;
+  const double start = processor_seconds();
+  int times = 0;
+  double taken = 0;
+  do {
+    work();
+    ++times;
+    taken = processor_seconds() - start;
+  } while (taken < kLongEnough);
+  return taken * 1000 / times;
+}
+
+// Prints "ready" and then, for each line of standard input, the milliseconds of one run.
+inline void serve(const Work& work) {
+  std::cout << "ready" << std::endl;
+  for (std::string line; std::getline(std::cin, line);) {
+    std::cout << milliseconds_of(work) << std::endl;
+  }
+}
+
+// The program of a subject. `run` gets the words of the command line.
+inline int subject_main(int argc, char** argv, const std::function<void(const Words&)>& run) {
+  try {
+    run(Words(argv + 1, argv + argc));
+    return 0;
+  } catch (const std::exception& error) {
+    std::cerr << argv[0] << ": " << error.what() << '\n';
+    return 1;
+  }
+}
+
+// What the peers that draw are asked for: METHOD KIND CURVES POINTS WIDTH, or METHOD shape NAME
+// WIDTH FILE.
+struct Drawing {
+  std::string method;
+  std::string kind;
+  int curves = 0;
+  int points = 0;
+  double width = 1;
+};
+
+inline Drawing drawing_of(const Words& words) {
+  return {words.at(0), words.at(1), std::stoi(words.at(2)), std::stoi(words.at(3)),
+          std::stod(words.at(4))};
+}
+
+}  // namespace bench

@@ -1,0 +1,110 @@
+"""Lets the subjects of a workload take turns, and keeps their times."""
+
+import statistics
+import subprocess
+import time
+from dataclasses import dataclass
+
+LEAST_ROUNDS = 5
+MOST_ROUNDS = 25
+ROUNDS_WITHOUT_GOAL = 3  # of a subject that is there for comparison only
+SLOW = 4.0  # seconds a round, from which on one round has to do
+
+
+@dataclass
+class Times:
+    name: str
+    milliseconds: list
+
+    @property
+    def median(self):
+        return statistics.median(self.milliseconds)
+
+
+class Server:
+    """A subject that waits to be asked. Times are its own processor time."""
+
+    def __init__(self, subject):
+        self.name = subject.name
+        self.process = subprocess.Popen(subject.command, stdin=subprocess.PIPE,
+                                        stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True)
+        self.is_ready = False
+
+    def wait(self):
+        if not self.is_ready and self.process.stdout.readline().strip() != "ready":
+            raise RuntimeError(f"{self.name}: {self.process.stderr.read().strip()}")
+        self.is_ready = True
+
+    def milliseconds(self):
+        print("run", file=self.process.stdin, flush=True)
+        answer = self.process.stdout.readline()
+        if not answer:
+            raise RuntimeError(f"{self.name}: {self.process.stderr.read().strip()}")
+        return float(answer)
+
+    def end(self):
+        """Returns what the subject says of its result."""
+        try:
+            rest, _ = self.process.communicate(timeout=20)
+            return rest.strip()
+        finally:
+            self.process.kill()
+
+
+class Process:
+    """A subject that is started anew each time. Times are by the clock."""
+
+    def __init__(self, subject):
+        self.name = subject.name
+        self.command = subject.command
+
+    def wait(self):
+        pass
+
+    def milliseconds(self):
+        start = time.monotonic()
+        subprocess.run(self.command, check=True, capture_output=True)
+        return (time.monotonic() - start) * 1000
+
+    def end(self):
+        return ""
+
+
+def measure(workload, deadline):
+    """Rounds until the workload's seconds are over, five at least; fewer only where the deadline
+    comes first, no goal speaks of a subject, or it is so slow that one round has to do."""
+    subjects = [(Process if workload.whole_process else Server)(s) for s in workload.subjects]
+    try:
+        for subject in subjects:
+            subject.wait()
+        times = {subject.name: [] for subject in subjects}
+        in_goals = {goal.peer for goal in workload.goals} or set(times)
+        rounds = warm_up(subjects, times, in_goals)
+        end = time.monotonic() + workload.seconds
+        for turn in range(MOST_ROUNDS):
+            now = time.monotonic()
+            if now > deadline or (turn >= LEAST_ROUNDS and now > end):
+                break
+            # In both directions, so that nobody always follows the same neighbour.
+            for subject in subjects if turn % 2 == 0 else reversed(subjects):
+                if turn < rounds[subject.name]:
+                    times[subject.name].append(subject.milliseconds())
+    finally:
+        results = {subject.end() for subject in subjects}
+    if workload.same_result and len(results) != 1:
+        raise RuntimeError(f"{workload.key}: the results differ")
+    return [Times(name, values) for name, values in times.items() if values]
+
+
+def warm_up(subjects, times, in_goals):
+    """How many rounds each has. The first run is not counted, unless it is so slow that it has to
+    be the only one."""
+    rounds = {}
+    for subject in subjects:
+        is_measured = subject is subjects[0] or subject.name in in_goals
+        rounds[subject.name] = MOST_ROUNDS if is_measured else ROUNDS_WITHOUT_GOAL
+        taken = subject.milliseconds()
+        if taken > SLOW * 1000:
+            rounds[subject.name] = 0
+            times[subject.name].append(taken)
+    return rounds

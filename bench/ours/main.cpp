@@ -1,0 +1,173 @@
+// The control as the subject of comparisons.
+//
+//   bench_ours redraw KIND CURVES POINTS WIDTH    lines
+//   bench_ours markers KIND CURVES POINTS 1
+//   bench_ours growth                             prints curves, points, milliseconds
+//   bench_ours sort KIND, load FILE, save FILE, evaluate, run_program, write FILE KIND CURVES
+//   POINTS bench_ours METHOD shape NAME WIDTH FILE
+#include <QGuiApplication>
+#include <algorithm>
+#include <filesystem>
+#include <stdexcept>
+#include <utility>
+
+#include "bench/common/expression.h"
+#include "bench/common/shapes.h"
+#include "bench/common/sorting.h"
+#include "bench/common/subject.h"
+#include "bench/ours/control_fixture.h"
+#include "core/data_set.h"
+#include "expr/evaluator.h"
+#include "expr/parser.h"
+
+namespace {
+
+using bench::ControlFixture;
+using bench::Words;
+
+void redraw(const Words& words) {
+  const bench::Drawing drawing = bench::drawing_of(words);
+  const bool markers = drawing.method == "markers";
+  ControlFixture ours;
+  ours.control.set_CurvesWidth(static_cast<kurv::Integer>(drawing.width));
+  ours.load(bench::table(drawing.kind, drawing.curves, drawing.points), !markers, markers);
+  bench::serve([&] { ours.redraw(); });
+}
+
+double least_milliseconds(const bench::Work& work) {
+  double least = bench::milliseconds_of(work);
+  for (int i = 0; i < 6; ++i) least = std::min(least, bench::milliseconds_of(work));
+  return least;
+}
+
+void growth() {
+  for (const int curves : {1, 10, 50, 149}) {
+    for (const int points : {1000, 2000, 4000, 8000, 16000, 32767}) {
+      ControlFixture ours;
+      ours.load(bench::table("noise", curves, points));
+      std::cout << curves << ' ' << points << ' ' << least_milliseconds([&] { ours.redraw(); })
+                << std::endl;
+    }
+  }
+}
+
+void sort(const Words& words) {
+  kurv::GraphDocument document;
+  document.NumData = bench::kSortedPoints;
+  document.NumY = bench::kSortedColumns - 1;
+  const kurv::Matrix<kurv::Double> data =
+      bench::matrix_of(bench::table(words.at(1), bench::kSortedColumns - 1, bench::kSortedPoints));
+  bench::serve([&] {
+    document.xyArr = data;
+    kurv::Sort_xy(document, *kurv::library_services().swap);
+  });
+  const auto column = std::as_const(document.xyArr).column(2);
+  std::cout << bench::fingerprint(&column(1), bench::kSortedPoints) << std::endl;
+}
+
+void load(const Words& words) {
+  ControlFixture ours;
+  bench::serve([&] { ours.control.file_load(words.at(1)); });
+  if (!ours.shell.messages.empty()) throw std::runtime_error("the graph was refused");
+}
+
+void save_as(ControlFixture& ours, const std::string& path) {
+  ours.shell.files.push_back({path, 1});
+  ours.control.ChartOptions("saveas");
+}
+
+// Written over each time, as by a user who saves now and then.
+void save(const Words& words) {
+  ControlFixture ours;
+  ours.load(bench::table("waves", std::stoi(words.at(2)), std::stoi(words.at(3))));
+  save_as(ours, words.at(1));
+  bench::serve([&] {
+    ours.document().GraphSaved = false;
+    ours.control.Save_graph();
+  });
+}
+
+void write(const Words& words) {
+  ControlFixture ours;
+  ours.load(bench::table(words.at(2), std::stoi(words.at(3)), std::stoi(words.at(4))));
+  save_as(ours, words.at(1));
+  if (!std::filesystem::exists(words.at(1))) throw std::runtime_error("nothing was written");
+}
+
+// As a host does: everything anew for each value.
+void evaluate() {
+  const std::unique_ptr<kurv::ExprEvaluator> evaluator = kurv::make_evaluator();
+  double sum = 0;
+  bench::serve([&] {
+    for (int i = 0; i < bench::kEvaluations; ++i) {
+      evaluator->SetVariable("x", bench::argument(i));
+      evaluator->SetExpression(bench::kExpression);
+      const double value = evaluator->Evaluate();
+      if (!evaluator->GetEvalError()) sum += value;
+    }
+  });
+  bench::keep(sum);
+}
+
+void run_program() {
+  kurv::expr::Program program = kurv::expr::compile(bench::kExpression).program;
+  double x = 0;
+  std::vector<const double*> operands;
+  for (const kurv::expr::Operand& operand : program.operands()) {
+    operands.push_back(operand.name.empty() ? &operand.number : &x);
+  }
+  double sum = 0;
+  bench::serve([&] {
+    for (int i = 0; i < bench::kEvaluations; ++i) {
+      x = bench::argument(i);
+      sum += program.run(operands.data());
+    }
+  });
+  bench::keep(sum);
+}
+
+// As one polyline, or segment by segment as everything is drawn that is none.
+void draw_shape(const Words& words) {
+  const bench::Shape shape = bench::shape_of(words.at(2));
+  kurv::Picture picture(QSize(shape.width, shape.height));
+  const auto twips = static_cast<float>(picture.twips_per_device_pixel());
+  std::vector<float> x, y;
+  for (const bench::ShapePoint& point : shape.points) {
+    x.push_back(point.x * twips);
+    y.push_back(point.y * twips);
+  }
+  const std::vector<std::uint8_t> drawn(x.size(), 1);
+  picture.DrawWidth(static_cast<kurv::Integer>(std::stoi(words.at(3))));
+  if (words.at(0) == "polyline") {
+    picture.Polyline({x, y, drawn}, 0);
+  } else {
+    picture.PlotSurface::Polyline({x, y, drawn}, 0);
+  }
+  const QImage image = picture.image();
+  bench::write_coverage(
+      words.at(4),
+      bench::coverage_of(image.constBits(), static_cast<std::size_t>(image.bytesPerLine()),
+                         shape.width, shape.height));
+}
+
+void run(const Words& words) {
+  const std::string& what = words.at(0);
+  if (words.size() > 1 && words[1] == "shape") return draw_shape(words);
+  if (what == "redraw" || what == "markers") return redraw(words);
+  if (what == "growth") return growth();
+  if (what == "sort") return sort(words);
+  if (what == "load") return load(words);
+  if (what == "save") return save(words);
+  if (what == "write") return write(words);
+  if (what == "evaluate") return evaluate();
+  if (what == "run_program") return run_program();
+  throw std::invalid_argument("no such work");
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  const QGuiApplication application(argc, argv);
+  return bench::subject_main(argc, argv, run);
+}

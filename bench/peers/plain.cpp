@@ -1,0 +1,146 @@
+// What the work costs at least, or as one would write it down: reading numbers, writing numbers,
+// and the selection sort.
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <charconv>
+#include <stdexcept>
+
+#include "bench/common/data.h"
+#include "bench/common/sorting.h"
+#include "bench/common/subject.h"
+
+namespace {
+
+class File {
+ public:
+  File(const std::string& path, int flags) : m_file(open(path.c_str(), flags, 0600)) {
+    if (m_file < 0) throw std::runtime_error("cannot open " + path);
+  }
+  ~File() { close(m_file); }
+  File(const File&) = delete;
+  File& operator=(const File&) = delete;
+  int number() const { return m_file; }
+
+ private:
+  int m_file;
+};
+
+std::string bytes_of(const std::string& path) {
+  const File file(path, O_RDONLY);
+  std::string bytes(static_cast<std::size_t>(lseek(file.number(), 0, SEEK_END)), '\0');
+  lseek(file.number(), 0, SEEK_SET);
+  for (std::size_t done = 0; done < bytes.size();) {
+    const ssize_t count = ::read(file.number(), bytes.data() + done, bytes.size() - done);
+    if (count <= 0) throw std::runtime_error("cannot read " + path);
+    done += static_cast<std::size_t>(count);
+  }
+  return bytes;
+}
+
+// Every number of the text, in order; what is none is passed over.
+void read_numbers(const std::string& bytes, std::vector<double>& numbers) {
+  const char* at = bytes.data();
+  const char* const end = at + bytes.size();
+  numbers.clear();
+  while (at != end) {
+    double value = 0;
+    const std::from_chars_result result = std::from_chars(at, end, value);
+    if (result.ec == std::errc()) {
+      numbers.push_back(value);
+      at = result.ptr;
+    } else {
+      ++at;
+    }
+  }
+}
+
+void write_bytes(const std::string& path, const std::string& bytes) {
+  const File file(path, O_WRONLY | O_CREAT | O_TRUNC);
+  for (std::size_t done = 0; done < bytes.size();) {
+    const ssize_t count = ::write(file.number(), bytes.data() + done, bytes.size() - done);
+    if (count <= 0) throw std::runtime_error("cannot write " + path);
+    done += static_cast<std::size_t>(count);
+  }
+}
+
+void append_column(std::string& text, const std::vector<double>& values) {
+  char digits[32];
+  for (const double value : values) {
+    text.append(digits, std::to_chars(digits, digits + sizeof digits, value).ptr);
+    text += ',';
+  }
+  text.replace(text.size() - 1, 1, "\r\n");
+}
+
+// A column a line, as the control's file has them.
+void write_numbers(const std::string& path, const bench::Table& data, std::string& text) {
+  text.clear();
+  append_column(text, data.x);
+  for (const auto& curve : data.y) append_column(text, curve);
+  write_bytes(path, text);
+}
+
+void sort() {
+  const bench::Table data =
+      bench::table("shuffled", bench::kSortedColumns - 1, bench::kSortedPoints);
+  std::vector<std::vector<double>> columns;
+  bench::serve([&] {
+    columns = data.y;
+    columns.insert(columns.begin(), data.x);
+    for (std::size_t i = 0; i < data.x.size(); ++i) {
+      const std::vector<double>& x = columns.front();
+      std::size_t least = i;
+      for (std::size_t j = i + 1; j < x.size(); ++j) {
+        if (x[j] < x[least]) least = j;
+      }
+      if (least == i) continue;
+      for (auto& column : columns) std::swap(column[i], column[least]);
+    }
+  });
+  std::cout << bench::fingerprint(columns.at(1)) << std::endl;
+}
+
+// What any redraw has to do: look at each value and ask whether it is in the plot.
+void look(const bench::Drawing& drawing) {
+  const bench::Table data = bench::table(drawing.kind, drawing.curves, drawing.points);
+  const bench::Scale scale(data);
+  const bench::Range range = scale.y_range();
+  long inside = 0;
+  bench::serve([&] {
+    for (const std::vector<double>& curve : data.y) {
+      for (const double y : curve) inside += y >= range.low && y <= range.high;
+    }
+  });
+  std::cout << inside << std::endl;
+}
+
+void run(const bench::Words& words) {
+  const std::string& what = words.at(0);
+  if (what == "look") {
+    look(bench::drawing_of(words));
+  } else if (what == "read") {
+    std::vector<double> numbers;
+    bench::serve([&] { read_numbers(bytes_of(words.at(1)), numbers); });
+  } else if (what == "write") {
+    const bench::Table data = bench::table("waves", std::stoi(words.at(2)), std::stoi(words.at(3)));
+    std::string text;
+    bench::serve([&] { write_numbers(words.at(1), data, text); });
+  } else if (what == "sort") {
+    sort();
+  } else if (what == "scan") {
+    const bench::Table data = bench::table("waves", 1, bench::kSortedPoints);
+    long ascending = 0;
+    bench::serve([&] { ascending += std::is_sorted(data.x.begin(), data.x.end()); });
+    std::cout << ascending << std::endl;
+  } else {
+    throw std::invalid_argument("no such work");
+  }
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  return bench::subject_main(argc, argv, run);
+}

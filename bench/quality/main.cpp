@@ -1,0 +1,156 @@
+// Judges pixels.
+//
+//   bench_quality exact SHAPE WIDTH FILE       writes the exact coverage
+//   bench_quality compare SHAPE WIDTH FILE...  prints mean and largest error of each, 0..255, over
+//                                              the pixels that either of the two has touched
+//   bench_quality sheet PICTURE WIDTH SHAPE,... LABEL=FOLDER...
+//                                              puts FOLDER/SHAPE-WIDTH of each side by side
+#include <QColor>
+#include <QGuiApplication>
+#include <QImage>
+#include <QPainter>
+#include <QString>
+#include <algorithm>
+#include <cstdlib>
+#include <iterator>
+
+#include "bench/common/subject.h"
+#include "bench/quality/exact.h"
+
+namespace {
+
+using bench::CoverageBytes;
+using bench::Words;
+
+CoverageBytes read_coverage(const std::string& path, const bench::Shape& shape) {
+  std::ifstream file(path, std::ios::binary);
+  CoverageBytes bytes(std::istreambuf_iterator<char>(file), {});
+  if (bytes.size() !=
+      static_cast<std::size_t>(shape.width) * static_cast<std::size_t>(shape.height)) {
+    throw std::runtime_error("no picture of this shape: " + path);
+  }
+  return bytes;
+}
+
+void compare(const Words& words) {
+  const bench::Shape shape = bench::shape_of(words.at(1));
+  const CoverageBytes exact = bench::exact_coverage(shape, std::stod(words.at(2)));
+  for (std::size_t file = 3; file < words.size(); ++file) {
+    const CoverageBytes judged = read_coverage(words[file], shape);
+    long sum = 0, touched = 0;
+    int largest = 0;
+    for (std::size_t i = 0; i < exact.size(); ++i) {
+      if (exact[i] == 0 && judged[i] == 0) continue;
+      const int error = std::abs(int{exact[i]} - int{judged[i]});
+      sum += error;
+      ++touched;
+      largest = std::max(largest, error);
+    }
+    std::cout << static_cast<double>(sum) / static_cast<double>(touched) << ' ' << largest
+              << std::endl;
+  }
+}
+
+// One column a subject, one row a shape; each pixel becomes a square.
+class Sheet {
+ public:
+  Sheet(int columns, int rows, const bench::Shape& shape)
+      : m_image(kLeft + columns * (shape.width * kScale + kGap),
+                kTop + rows * (shape.height * kScale + kGap), QImage::Format_RGB32) {
+    m_image.fill(QColor(232, 232, 232));
+  }
+
+  void label(int column, const std::string& text, const bench::Shape& shape) {
+    write({kLeft + column * (shape.width * kScale + kGap), 0, shape.width * kScale, kTop}, text);
+  }
+  void name(int row, const std::string& text, const bench::Shape& shape) {
+    write({4, kTop + row * (shape.height * kScale + kGap), kLeft - 8, shape.height * kScale}, text);
+  }
+  void put(int column, int row, const bench::Shape& shape, const CoverageBytes& coverage) {
+    const QImage grey(coverage.data(), shape.width, shape.height, shape.width,
+                      QImage::Format_Grayscale8);
+    QImage drawn = grey.copy();
+    drawn.invertPixels();
+    QPainter painter(&m_image);
+    painter.drawImage(QRect(kLeft + column * (shape.width * kScale + kGap),
+                            kTop + row * (shape.height * kScale + kGap), shape.width * kScale,
+                            shape.height * kScale),
+                      drawn);
+  }
+  void save(const std::string& path) const {
+    if (!m_image.save(QString::fromStdString(path))) {
+      throw std::runtime_error("cannot write " + path);
+    }
+  }
+
+ private:
+  static constexpr int kScale = 6;
+  static constexpr int kGap = 10;
+  static constexpr int kLeft = 90;
+  static constexpr int kTop = 34;
+
+  void write(QRect box, const std::string& text) {
+    QPainter painter(&m_image);
+    QFont font("Liberation Sans");
+    font.setPixelSize(18);
+    painter.setFont(font);
+    painter.setPen(Qt::black);
+    painter.drawText(box, Qt::AlignCenter | Qt::TextWordWrap, QString::fromStdString(text));
+  }
+
+  QImage m_image;
+};
+
+Words split(const std::string& text, char separator) {
+  Words parts{""};
+  for (const char c : text) {
+    if (c == separator) {
+      parts.emplace_back();
+    } else {
+      parts.back() += c;
+    }
+  }
+  return parts;
+}
+
+void draw_sheet(const Words& words) {
+  const std::string& width = words.at(2);
+  const Words shapes = split(words.at(3), ',');
+  const bench::Shape first = bench::shape_of(shapes.at(0));
+  const int columns = static_cast<int>(words.size()) - 4;
+  Sheet sheet(columns, static_cast<int>(shapes.size()), first);
+  for (int column = 0; column < columns; ++column) {
+    const Words subject = split(words[static_cast<std::size_t>(column) + 4], '=');
+    sheet.label(column, subject.at(0), first);
+    int row = 0;
+    for (const std::string& name : shapes) {
+      const bench::Shape shape = bench::shape_of(name);
+      if (column == 0) sheet.name(row, name, shape);
+      sheet.put(column, row++, shape,
+                read_coverage(subject.at(1) + "/" + name + "-" + width, shape));
+    }
+  }
+  sheet.save(words.at(1));
+}
+
+void run(const Words& words) {
+  const std::string& what = words.at(0);
+  if (what == "exact") {
+    bench::write_coverage(
+        words.at(3), bench::exact_coverage(bench::shape_of(words.at(1)), std::stod(words.at(2))));
+  } else if (what == "compare") {
+    compare(words);
+  } else if (what == "sheet") {
+    draw_sheet(words);
+  } else {
+    throw std::invalid_argument("no such work");
+  }
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  const QGuiApplication application(argc, argv);
+  return bench::subject_main(argc, argv, run);
+}

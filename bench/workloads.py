@@ -1,0 +1,131 @@
+"""What is compared with what, and which ratio is the goal."""
+
+from dataclasses import dataclass, field
+
+OURS = "build/bench/bench/bench_ours"
+PEERS = "build/peers/peer_"
+LARGE = ["149", "32767"]
+
+
+@dataclass
+class Subject:
+    name: str
+    command: list
+
+
+@dataclass
+class Goal:
+    """Ours has to take at most `most` of the median of the peer."""
+
+    peer: str
+    most: float
+    text: str
+
+
+@dataclass
+class Workload:
+    key: str
+    title: str
+    subjects: list  # ours first
+    goals: list = field(default_factory=list)
+    seconds: float = 8
+    whole_process: bool = False  # timed from its start to its end, by the clock
+    same_result: bool = False  # what the subjects print at their end must agree
+
+
+def ours(*words):
+    return Subject("kurv", [OURS, *words])
+
+
+def peer(name, program, *words):
+    return Subject(name, [PEERS + program, *words])
+
+
+def faster(name, times):
+    return Goal(name, 1 / times, f"{times:g} x faster" if times > 1 else "ahead")
+
+
+def at_most(name, times):
+    return Goal(name, times, f"at most {times:g} x")
+
+
+def lines(key, title, kind, curves, points, goals, seconds):
+    words = [kind, str(curves), str(points), "1"]
+    # A path that crosses itself thousands of times takes Cairo seconds a curve.
+    cairo = [peer("Cairo, whole path", "cairo", "path", *words)]
+    return Workload(key, title, [
+        ours("redraw", *words),
+        peer("QPainter, polyline", "qpainter", "polyline", *words),
+        peer("QCustomPlot, adaptive", "qcustomplot", "adaptive", *words),
+        peer("QCustomPlot, all points", "qcustomplot", "all", *words),
+        peer("Qwt", "qwt", "lines", *words),
+        peer("QPainter, line at a time", "qpainter", "lines", *words),
+        peer("AGG, outline", "agg", "outline", *words),
+        peer("looking at the data", "plain", "look", *words),
+    ] + (cairo if kind == "waves" or int(curves) == 1 else []), goals, seconds)
+
+
+def workloads(folder, example):
+    graph, saved = folder + "/largest.gdf", folder + "/saved.gdf"
+    largest = ["noise", *LARGE]
+    table = [
+        lines("A", "149 x 32,767, lines 1 px", *largest,
+              [faster("QPainter, polyline", 35), faster("QCustomPlot, adaptive", 6)], 60),
+        lines("A'", "the same, smooth curves", "waves", *LARGE, [], 20),
+        Workload("B", "A with 2 px and 4 px", [
+            ours("redraw", *largest, "1"),
+            Subject("kurv, 2 px", [OURS, "redraw", *largest, "2"]),
+            Subject("kurv, 4 px", [OURS, "redraw", *largest, "4"]),
+        ], [Goal("kurv, 2 px", 1.4, "at most 1.4 x 1 px"),
+            Goal("kurv, 4 px", 1.4, "at most 1.4 x 1 px")]),
+        Workload("M", "1 x 32,767, unsorted x", [
+            ours("redraw", "scattered", "1", "32767", "1"),
+            peer("QPainter, line at a time", "qpainter", "lines", "scattered", "1", "32767", "1"),
+            peer("AGG, outline", "agg", "outline", "scattered", "1", "32767", "1"),
+        ], [faster("QPainter, line at a time", 5)]),
+        lines("C", "1 x 32,767", "noise", 1, 32767,
+              [faster("QPainter, polyline", 8), faster("QCustomPlot, adaptive", 1)], 6),
+        lines("C'", "the same, a smooth curve", "waves", 1, 32767, [], 4),
+    ]
+    for key, title, kind in [("D", "markers, 10 x 32,767", "noise"),
+                             ("D'", "the same on smooth curves", "waves")]:
+        words = ["markers", kind, "10", "32767", "1"]
+        goals = [faster("Qwt, symbols", 5), faster("QPainter, shapes", 50)] if key == "D" else []
+        table.append(Workload(key, title, [
+            ours(*words), peer("Qwt, symbols", "qwt", *words),
+            peer("QPainter, shapes", "qpainter", *words)], goals))
+    small = ["waves", "3", "100", "1"]
+    return table + [
+        Workload("E", "3 x 100 with all around it", [
+            ours("redraw", *small), peer("QCustomPlot, replot", "qcustomplot", "small", *small),
+        ], [faster("QCustomPlot, replot", 1)], 4),
+        Workload("F", "sort 150 x 32,767", [
+            ours("sort", "shuffled"), peer("selection sort", "plain", "sort"),
+        ], [faster("selection sort", 25)], same_result=True),
+        Workload("F'", "the same, already sorted", [
+            ours("sort", "waves"), peer("a look at each x", "plain", "scan"),
+        ], [], 2),
+        Workload("G", "load the largest graph", [
+            ours("load", graph), peer("read, from_chars", "plain", "read", graph),
+        ], [at_most("read, from_chars", 1.6)], 14),
+        Workload("H", "save the largest graph", [
+            ours("save", saved, *LARGE),
+            peer("to_chars, write", "plain", "write", saved + ".plain", *LARGE),
+        ], [at_most("to_chars, write", 1.4)], 14),
+        Workload("I", "10^6 evaluations, four calls", [
+            ours("evaluate"), peer("muParser, Eval", "muparser"),
+        ], [at_most("muParser, Eval", 1.5)], 3),
+        Workload("I'", "10^6 evaluations, inner loop", [
+            ours("run_program"), peer("muParser, Eval", "muparser"),
+        ], [faster("muParser, Eval", 1)], 3),
+        Workload("K", "example data to PNG, process", [
+            Subject("kurv", ["build/bench/app/kurv", "render", example, "-o", folder + "/kurv.png"]),
+            Subject("gnuplot, pngcairo", ["gnuplot", "-e", gnuplot_script(example, folder)]),
+        ], [faster("gnuplot, pngcairo", 1)], 6, whole_process=True),
+    ]
+
+
+def gnuplot_script(example, folder):
+    return (f"set terminal pngcairo size 1000,700; set output '{folder}/gnuplot.png'; "
+            "set datafile separator ','; set key autotitle columnhead; set title 'co2'; "
+            f"plot for [k=2:3] '{example}' using 1:k with lines")
