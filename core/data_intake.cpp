@@ -40,9 +40,7 @@ void copy_columns(GraphDocument& document, const Matrix<Double>& source, int fir
                   int target) {
   if (document.NumData < 1) return;
   for (int c = first; c <= last; ++c) {
-    const auto from = source.column(c);
-    const auto to = document.xyArr.column(target + c - first);
-    for (int i = 1; i <= document.NumData; ++i) to(i) = from(i);
+    document.xyArr.take_column(target + c - first, source, c);
   }
 }
 

@@ -35,7 +35,7 @@ std::vector<Exchange> sort_points(GraphDocument& document, const SwapService& sw
   if (exchanges.empty()) return exchanges;
   for (int c = 1; c <= document.NumY + 1; ++c) {
     const auto column = document.xyArr.column(c);
-    for (const auto& [place, taken] : exchanges) swap.exchange(column(place), column(taken));
+    swap.exchange_all(column, exchanges);
   }
   return exchanges;
 }

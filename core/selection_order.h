@@ -4,15 +4,10 @@
 #include <vector>
 
 #include <KurvGraph/arrays.h>
+#include <KurvGraph/services.h>
 #include <KurvGraph/values.h>
 
 namespace kurv {
-
-// Points `place` and `taken` change places; place < taken.
-struct Exchange {
-  int place;
-  int taken;
-};
 
 // The exchanges, in order, by which a selection sort puts values(1..count) into ascending order: at
 // each place the first smallest value from there on is taken. NaN compares with nothing, so it is

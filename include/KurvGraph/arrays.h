@@ -105,6 +105,18 @@ class Matrix {
     return {touched(index)->data(), m_lower_point, upper_point()};
   }
 
+  // Makes points 1 and later of a column the same as those of another matrix, at once where the
+  // points of both have the same bounds: they then share it as copies do.
+  void take_column(int index, const Matrix& source, int from) {
+    if (source.m_lower_point == m_lower_point && source.m_length == m_length) {
+      touched(index) = source.touched(from);
+      return;
+    }
+    const Column<const T> values = source.column(from);
+    const Column<T> own = column(index);
+    for (int i = std::max(1, lower_point()); i <= upper_point(); ++i) own(i) = values(i);
+  }
+
   friend bool operator==(const Matrix& left, const Matrix& right) {
     if (left.m_lower_column != right.m_lower_column || left.m_length != right.m_length ||
         left.m_lower_point != right.m_lower_point ||

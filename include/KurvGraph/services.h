@@ -5,6 +5,7 @@
 #pragma once
 
 #include <memory>
+#include <span>
 #include <string_view>
 
 #include <KurvGraph/class_registry.h>
@@ -23,9 +24,20 @@ class NumericService : public Service {
   virtual Double larger_of(Double value, Double other) const = 0;
 };
 
+// Points `place` and `taken` change places.
+struct Exchange {
+  int place;
+  int taken;
+};
+
 class SwapService : public Service {
  public:
   virtual void exchange(Double& first, Double& second) const = 0;
+  // The same for pairs of one column's values, in their order: an exchange() for each, which is
+  // what a service does that knows nothing faster.
+  virtual void exchange_all(const Column<Double>& values, std::span<const Exchange> pairs) const {
+    for (const auto& [place, taken] : pairs) exchange(values(place), values(taken));
+  }
 };
 
 class TextFieldTool : public Service {
