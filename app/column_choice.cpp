@@ -45,6 +45,7 @@ std::optional<std::size_t> choose_x(const Columns& columns, const Selection& sel
     if (!columns.surveys[x].usable()) throw columns.unfit(x, "numbers or dates");
     return x;
   }
+  if (selection.row_numbers) return std::nullopt;
   const std::string first = "column " + in_quotes(columns.names[0]);
   if (!columns.surveys[0].usable()) {
     warnings.push_back(first + " does not hold numbers or dates, so x is the row number.");

@@ -17,6 +17,8 @@ inline constexpr std::size_t kMostCurves = 149;
 // What the user asks for; column names, all optional.
 struct Selection {
   std::optional<std::string> x;
+  // Takes the row number for x, whatever columns there are.
+  bool row_numbers = false;
   std::vector<std::string> y;
   // Each n-th row is taken, the first one always.
   std::size_t every = 1;

@@ -45,8 +45,9 @@ std::string HelpFormatter::make_option_name(const CLI::Option* option, bool posi
 
 std::string program_footer() {
   return R"(
-Each FILE opens in a window of its own. "kurv render --help" explains how to
-draw without one, and lists the properties for --set.
+Each FILE opens in a window of its own; without one, an empty window
+opens. "kurv render --help" explains how to draw without a window, and lists
+the properties for --set.
 
 Examples:
   kurv co2.csv --y co2,adjusted

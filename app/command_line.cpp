@@ -19,7 +19,7 @@ namespace {
 // Texts as the options give them, until all of them are read.
 struct Texts {
   std::optional<std::string> size;
-  std::string scale = "1";
+  std::optional<std::string> scale;
   std::string every = "1";
   std::vector<std::string> y;
   std::vector<std::string> derivations;
@@ -66,7 +66,9 @@ class Program {
       add_looks(*command);
     }
     for (CLI::App* command : {&m_app, m_render, m_convert, m_info}) add_locale(*command);
-    m_render->add_option("--scale", m_texts.scale, "Pixels per logical pixel, from 0.5 to 8 (1)")
+    m_render
+        ->add_option("--scale", m_texts.scale,
+                     "Pixels per logical pixel, 0.5 to 8, of a .png or .bmp (1)")
         ->type_name("RATIO");
     m_eval
         ->add_option("EXPRESSION", m_expression,
@@ -123,7 +125,8 @@ class Program {
           ->type_name("");
     }
     m_info->add_option("FILE", m_file, "The graph file")->required()->type_name("");
-    m_render->add_option("-o,--output", m_output, "The picture: a .png or .bmp file")
+    m_render
+        ->add_option("-o,--output", m_output, "The picture: a " + picture_extensions() + " file")
         ->required()
         ->type_name("PICTURE");
     m_convert->add_option("-o,--output", m_output, "The graph file: a .gdf file")
@@ -211,13 +214,19 @@ class Program {
   }
 
   RenderRequest render_request() const {
-    const double scale = parse_scale(m_texts.scale);
-    check_picture_size(m_choice.size.value_or(kUsualSize), scale);
-    if (!picture_format(m_output)) {
-      throw UserError("the name of the picture must end in .png or .bmp, and " +
+    const std::optional<PictureFormat> format = picture_format(m_output);
+    if (!format) {
+      throw UserError("the name of the picture must end in " + picture_extensions() + ", and " +
                           in_quotes(m_output) + " does not.",
                       kUsageFailure);
     }
+    if (m_texts.scale && is_vector(*format)) {
+      throw UserError("a picture of lines and text such as " + in_quotes(m_output) +
+                          " has no pixels to scale; leave out --scale.",
+                      kUsageFailure);
+    }
+    const double scale = m_texts.scale ? parse_scale(*m_texts.scale) : 1;
+    check_picture_size(m_choice.size.value_or(kUsualSize), scale);
     return {m_choice, m_file, m_output, scale};
   }
 

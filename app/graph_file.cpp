@@ -1,6 +1,5 @@
 #include "app/graph_file.h"
 
-#include <QFile>
 #include <array>
 #include <cstdio>
 #include <filesystem>
@@ -62,7 +61,7 @@ void load_graph_file(Control& graph, const std::string& path) {
 }
 
 void load_graph_file(KurvGraph& graph, const std::string& path) {
-  loading(path, [&] { graph.file_load(QFile::decodeName(path.c_str())); });
+  loading(path, [&] { graph.load_path(path); });
 }
 
 UserError unwritable_graph_file(const std::string& path, const Fault& fault) {

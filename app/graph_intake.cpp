@@ -21,11 +21,12 @@ namespace {
 class Sheet {
  public:
   Sheet(const GraphChoice& choice, double scale, std::string save_path = {})
-      : m_picture(choice.size.value_or(kUsualSize), scale),
+      : m_size(choice.size.value_or(kUsualSize)),
+        m_picture(m_size, scale),
         m_host(m_picture.ScaleWidth(), m_picture.ScaleHeight()),
         m_shell(std::move(save_path)),
         m_control(m_host, m_shell, m_picture) {
-    check_pixels(choice.size.value_or(kUsualSize), scale);
+    check_pixels(m_size, scale);
   }
 
   void draw(const GraphChoice& choice, const GraphSource& source) {
@@ -41,7 +42,11 @@ class Sheet {
     finish_looks(choice, source, m_control, m_picture);
   }
 
-  QImage image() const { return m_picture.image(); }
+  // Of vectors the same drawing that the pixels have settled at.
+  QByteArray picture(PictureFormat format) const {
+    return is_vector(format) ? vector_document(m_control, m_size, format)
+                             : encoded(m_picture.image(), format);
+  }
   void save() { m_control.ChartOptions("saveas"); }
 
  private:
@@ -58,6 +63,7 @@ class Sheet {
                     kUsageFailure);
   }
 
+  QSize m_size;  // logical pixels
   Picture m_picture;
   RunningHost m_host;
   MessageKeeper m_shell;
@@ -183,12 +189,17 @@ void add_curves(const GraphChoice& choice, KurvGraph& graph) {
   }
 }
 
-QImage picture_of(const GraphChoice& choice, const GraphSource& source, double scale) {
+QByteArray picture_of(const GraphChoice& choice, const GraphSource& source, PictureFormat format,
+                      double scale) {
   return drawing(choice, source, [&] {
     Sheet sheet(choice, scale);
     sheet.draw(choice, source);
-    return sheet.image();
+    return sheet.picture(format);
   });
+}
+
+void check_picture(const GraphChoice& choice, const GraphSource& source) {
+  drawing(choice, source, [&] { Sheet(choice, 1).draw(choice, source); });
 }
 
 void save_graph(const GraphChoice& choice, const GraphSource& source, const std::string& path) {

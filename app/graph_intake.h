@@ -15,6 +15,7 @@
 #include "app/command_line.h"
 #include "app/data_columns.h"
 #include "app/graph_file.h"
+#include "app/picture_file.h"
 
 namespace kurv::app {
 
@@ -113,9 +114,13 @@ void finish_looks(const GraphChoice& choice, const GraphSource& source, AnyGraph
   }
 }
 
-// The graph drawn without a window, at `scale` device pixels per logical one. Needs a
-// QGuiApplication. Throws UserError where the graph would show a message box or fail.
-QImage picture_of(const GraphChoice& choice, const GraphSource& source, double scale);
+// The bytes of a picture of the graph, drawn without a window at `scale` device pixels per logical
+// one, which means nothing for vectors. Needs a QGuiApplication. Throws UserError where the graph
+// would show a message box or fail.
+QByteArray picture_of(const GraphChoice& choice, const GraphSource& source, PictureFormat format,
+                      double scale);
+// Throws as picture_of() does, and makes no picture.
+void check_picture(const GraphChoice& choice, const GraphSource& source);
 
 // The same graph into a graph file. An existing one is kept as NAME~ until the new one is complete.
 void save_graph(const GraphChoice& choice, const GraphSource& source, const std::string& path);

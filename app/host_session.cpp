@@ -7,13 +7,14 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QStorageInfo>
-#include <cmath>
+#include <algorithm>
 #include <iostream>
 #include <new>
 #include <utility>
 #include <vector>
 
 #include "app/graph_intake.h"
+#include "app/host_shapes.h"
 #include "app/host_values.h"
 #include "app/picture_file.h"
 #include "app/user_error.h"
@@ -21,96 +22,6 @@
 namespace kurv::app {
 
 namespace {
-
-constexpr double kLeastScale = 0.1;
-constexpr double kLargestScale = 8;
-constexpr double kLargestDispatchId = 4294967295.0;
-
-struct PromptedCommand {
-  const char* name;
-  PromptedSetting setting;
-};
-
-constexpr PromptedCommand kPromptedSettings[] = {
-    {"marker size", PromptedSetting::kMarkerSize},
-    {"left margin", PromptedSetting::kLeftMargin},
-    {"right margin", PromptedSetting::kRightMargin},
-    {"top margin", PromptedSetting::kTopMargin},
-    {"bottom margin", PromptedSetting::kBottomMargin},
-    {"x title", PromptedSetting::kXAxisTitle},
-    {"axis font", PromptedSetting::kAxisFont},
-    {"title font", PromptedSetting::kTitleFont},
-    {"subtitle font", PromptedSetting::kSubtitleFont},
-};
-
-// A line that is not a request.
-[[noreturn]] void refuse() {
-  throw Fault(FaultKind::kInvalidProcedureCall);
-}
-
-double number_between(double least, const QJsonValue& value, double most) {
-  if (!value.isDouble() || !(value.toDouble() >= least && value.toDouble() <= most)) refuse();
-  return value.toDouble();
-}
-
-void need_true(const QJsonValue& value) {
-  if (!value.isBool() || !value.toBool()) refuse();
-}
-
-Place place_from(const QJsonValue& json) {
-  if (!json.isObject()) refuse();
-  const QJsonObject entries = json.toObject();
-  Place place;
-  for (auto entry = entries.begin(); entry != entries.end(); ++entry) {
-    if (entry.key() == "width") {
-      place.width = number_between(1, entry.value(), kLargestSide);
-    } else if (entry.key() == "height") {
-      place.height = number_between(1, entry.value(), kLargestSide);
-    } else if (entry.key() == "scale") {
-      place.scale = number_between(kLeastScale, entry.value(), kLargestScale);
-    } else if (entry.key() == "design" && entry.value().isBool()) {
-      place.design = entry.value().toBool();
-    } else {
-      refuse();
-    }
-  }
-  return place;
-}
-
-// A member by its name in any letter case or by its dispatch identifier.
-const Member& member_of(const QJsonValue& json) {
-  const Member* found = nullptr;
-  if (json.isString()) {
-    const std::string name = json.toString().toStdString();
-    found = find_member(std::string_view(name));
-  } else {
-    const double id = number_between(0, json, kLargestDispatchId);
-    if (id == std::floor(id)) found = find_member(static_cast<std::uint32_t>(id));
-  }
-  if (found == nullptr) throw Fault(FaultKind::kNoSuchMember);
-  return *found;
-}
-
-PromptedSetting setting_of(const QString& name) {
-  for (const PromptedCommand& command : kPromptedSettings) {
-    if (name == QLatin1String(command.name)) return command.setting;
-  }
-  refuse();
-}
-
-std::vector<Variant> arguments_of(const Member& method, const QJsonValue& json) {
-  if (!json.isArray() && !json.isUndefined()) refuse();
-  const QJsonArray values = json.toArray();
-  check_count(method, static_cast<std::size_t>(values.size()));
-  std::vector<Variant> arguments;
-  for (const QJsonValue& value : values) {
-    const std::size_t index = arguments.size();
-    const Parameter& parameter = method.parameters[index];
-    arguments.push_back(value.isNull() && parameter.optional ? Variant()
-                                                             : from_json(value, parameter.type));
-  }
-  return arguments;
-}
 
 // Why a picture could not be written, as the platform tells it afterwards.
 Fault unwritable(const QFileInfo& file) {
@@ -206,10 +117,11 @@ HostSession::Result HostSession::pointer(const QJsonObject& request) {
 
 HostSession::Result HostSession::picture(const QJsonObject& request) {
   const std::string path = request["picture"].toString().toStdString();
-  if (!picture_format(path)) refuse();
-  const QImage image = hosted().image();
+  const std::optional<PictureFormat> format = picture_format(path);
+  if (!format) refuse();
+  const QByteArray bytes = hosted().picture(*format);
   try {
-    write_picture(image, path);
+    write_picture(bytes, path);
   } catch (const UserError&) {
     throw unwritable(QFileInfo(QString::fromStdString(path)));
   }
@@ -247,6 +159,34 @@ HostSession::Result HostSession::prompt(const QJsonObject& request) {
   return {};
 }
 
+HostSession::Result HostSession::mouse(const QJsonObject& request) {
+  const QString what = text_from(request["mouse"]);
+  const Integer button = integer_from(request["button"], 1);
+  const Integer shift = integer_from(request["shift"], 0);
+  const SurfacePoint at = point_from(request["at"]);
+  Control& control = hosted().control();
+  if (what == "down") {
+    control.press_mouse(button, shift, at.x, at.y);
+  } else if (what == "up") {
+    control.release_mouse(button, shift, at.x, at.y);
+  } else if (what == "double") {
+    control.double_click(at.x, at.y);
+  } else {
+    refuse();
+  }
+  return {};
+}
+
+HostSession::Result HostSession::drag(const QJsonObject& request) {
+  const std::string tag = text_from(request["drag"]).toStdString();
+  const SurfacePoint grab = point_from(request["grab"]);
+  const SurfacePoint drop = point_from(request["drop"]);
+  const bool is_on_surface = !request.contains("on");
+  const std::string on = is_on_surface ? std::string() : text_from(request["on"]).toStdString();
+  hosted().control().drag(tag, grab, drop, on);
+  return {};
+}
+
 HostSession::Result HostSession::close(const QJsonObject& request) {
   need_true(request["close"]);
   hosted();
@@ -254,30 +194,37 @@ HostSession::Result HostSession::close(const QJsonObject& request) {
   return {};
 }
 
+bool HostSession::Request::has_companion(const QString& key) const {
+  return std::any_of(companions.begin(), companions.end(), [&key](const char* companion) {
+    return companion && key == QLatin1String(companion);
+  });
+}
+
 // The request that the object is: exactly one of the words, and nothing that does not belong to it.
 const HostSession::Request* HostSession::request_in(const QJsonObject& object) {
   static constexpr Request kRequests[] = {
-      {"answers", nullptr, &HostSession::answers},
-      {"call", "args", &HostSession::call},
-      {"close", nullptr, &HostSession::close},
-      {"drawn", nullptr, &HostSession::drawn},
-      {"get", nullptr, &HostSession::get},
-      {"picture", nullptr, &HostSession::picture},
-      {"place", nullptr, &HostSession::place},
-      {"pointer", nullptr, &HostSession::pointer},
-      {"prompt", "select", &HostSession::prompt},
-      {"resize", nullptr, &HostSession::resize},
-      {"set", "to", &HostSession::set},
-      {"show", nullptr, &HostSession::show},
+      {"answers", {}, &HostSession::answers},
+      {"call", {"args"}, &HostSession::call},
+      {"close", {}, &HostSession::close},
+      {"drag", {"grab", "drop", "on"}, &HostSession::drag},
+      {"drawn", {}, &HostSession::drawn},
+      {"get", {}, &HostSession::get},
+      {"mouse", {"at", "button", "shift"}, &HostSession::mouse},
+      {"picture", {}, &HostSession::picture},
+      {"place", {}, &HostSession::place},
+      {"pointer", {}, &HostSession::pointer},
+      {"prompt", {"select"}, &HostSession::prompt},
+      {"resize", {}, &HostSession::resize},
+      {"set", {"to"}, &HostSession::set},
+      {"show", {}, &HostSession::show},
   };
   for (const Request& request : kRequests) {
     if (!object.contains(QLatin1String(request.word))) continue;
-    for (const QString& key : object.keys()) {
-      const bool known = key == QLatin1String(request.word) || key == "id" ||
-                         (request.companion && key == QLatin1String(request.companion));
-      if (!known) return nullptr;
-    }
-    return &request;
+    const QStringList keys = object.keys();
+    const auto is_known = [&request](const QString& key) {
+      return key == QLatin1String(request.word) || key == "id" || request.has_companion(key);
+    };
+    return std::all_of(keys.begin(), keys.end(), is_known) ? &request : nullptr;
   }
   return nullptr;
 }

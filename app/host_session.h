@@ -4,6 +4,7 @@
 #include <QByteArray>
 #include <QJsonObject>
 #include <QJsonValue>
+#include <array>
 #include <memory>
 #include <optional>
 
@@ -26,8 +27,10 @@ class HostSession {
   using Result = std::optional<QJsonValue>;
   struct Request {
     const char* word;
-    const char* companion;  // another key that may stand beside it, or nullptr
+    std::array<const char*, 3> companions;  // other keys that may stand beside it, or nullptr
     Result (HostSession::*run)(const QJsonObject&);
+
+    bool has_companion(const QString& key) const;
   };
 
   static const Request* request_in(const QJsonObject& object);
@@ -37,8 +40,10 @@ class HostSession {
   Result answers(const QJsonObject& request);
   Result call(const QJsonObject& request);
   Result close(const QJsonObject& request);
+  Result drag(const QJsonObject& request);
   Result drawn(const QJsonObject& request);
   Result get(const QJsonObject& request);
+  Result mouse(const QJsonObject& request);
   Result picture(const QJsonObject& request);
   Result place(const QJsonObject& request);
   Result pointer(const QJsonObject& request);

@@ -8,6 +8,7 @@
 #include <cmath>
 
 #include "app/host_desktop.h"
+#include "app/picture_file.h"
 
 namespace kurv::app {
 
@@ -39,7 +40,11 @@ class HostedControl {
 
   Control& control() { return m_control; }
   HostContainer& container() { return m_container; }
-  QImage image() const { return m_picture.image(); }
+  // The bytes of a picture file.
+  QByteArray picture(PictureFormat format) const {
+    if (!is_vector(format)) return encoded(m_picture.image(), format);
+    return vector_document(m_control, pixels(m_container.Width(), m_container.Height()), format);
+  }
   // Empty before the first redraw that drew.
   std::string_view drawn() const {
     return m_surface.has_redraw() ? std::string_view(m_surface.log()) : std::string_view();

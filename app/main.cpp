@@ -6,6 +6,7 @@
 
 #include <KurvGraph/fault.h>
 
+#include <cstdlib>
 #include <iostream>
 #include <new>
 #include <string>
@@ -28,11 +29,21 @@ void say(const std::string& sentence) {
   std::cerr << "kurv: " << on_one_line(sentence) << '\n';
 }
 
+// On a desktop the program begins with an empty window, and on a terminal with what it can do.
+bool has_display() {
+  for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
+    const char* const value = std::getenv(name);
+    if (value != nullptr && *value != '\0') return true;
+  }
+  return false;
+}
+
 int run(int argc, char** argv) {
-  if (argc < 2) {
+  if (argc < 2 && !has_display()) {
     std::cerr << program_help();
     return kUsageFailure;
   }
+  if (argc < 2) return open_windows({}, say);
   const Command command = parse_command_line(argc, argv);
   if (const Notice* notice = std::get_if<Notice>(&command)) {
     std::cout << notice->text;

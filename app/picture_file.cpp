@@ -1,9 +1,14 @@
 #include "app/picture_file.h"
 
+#include <KurvGraph/fault.h>
+#include <KurvGraph/vector_picture.h>
+
 #include <QBuffer>
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
+#include <algorithm>
+#include <array>
 #include <filesystem>
 #include <new>
 
@@ -14,17 +19,37 @@ namespace kurv::app {
 
 namespace {
 
-// The whole picture is encoded before anything is written, so that only the disk can fail later.
-QByteArray encoded(const QImage& picture, const std::string& format) {
-  QByteArray bytes;
-  QBuffer buffer(&bytes);
-  buffer.open(QIODevice::WriteOnly);
-  if (!picture.save(&buffer, format.c_str())) throw std::bad_alloc();
-  return bytes;
+struct FormatRow {
+  PictureFormat format;
+  const char* extension;
+  const char* pixels;  // the toolkit's name of it, or nullptr for lines and text
+};
+
+constexpr std::array kFormats = {
+    FormatRow{PictureFormat::kPng, ".png", "PNG"},
+    FormatRow{PictureFormat::kBmp, ".bmp", "BMP"},
+    FormatRow{PictureFormat::kSvg, ".svg", nullptr},
+    FormatRow{PictureFormat::kPdf, ".pdf", nullptr},
+};
+
+const FormatRow& row_of(PictureFormat format) {
+  return *std::find_if(kFormats.begin(), kFormats.end(),
+                       [format](const FormatRow& row) { return row.format == format; });
 }
 
 UserError unwritable(const std::string& path, const QString& reason, const std::string& advice) {
   return UserError(path + " cannot be written: " + reason.toStdString() + "; " + advice + ".");
+}
+
+QByteArray exported(const KurvGraph& graph, PictureFormat format) {
+  try {
+    if (format == PictureFormat::kSvg) return graph.svg();
+    if (format == PictureFormat::kPdf) return graph.pdf();
+    return encoded(graph.image(), format);
+  } catch (const Fault& fault) {
+    throw UserError(std::string("the graph cannot be drawn: ") + fault.what() +
+                    "; check its limits.");
+  }
 }
 
 // The bytes that did not fit would otherwise go unnoticed: a file that fell short is replaced by
@@ -41,15 +66,45 @@ bool write_all(QSaveFile& file, const QByteArray& bytes) {
 
 }  // namespace
 
-std::optional<std::string> picture_format(const std::string& path) {
+std::string picture_extensions() {
+  std::string result;
+  for (std::size_t i = 0; i < kFormats.size(); ++i) {
+    if (i > 0) result += i + 1 < kFormats.size() ? ", " : " or ";
+    result += kFormats[i].extension;
+  }
+  return result;
+}
+
+std::optional<PictureFormat> picture_format(const std::string& path) {
   const std::string extension = lower_case(std::filesystem::path(path).extension().string());
-  if (extension == ".png") return "PNG";
-  if (extension == ".bmp") return "BMP";
+  for (const FormatRow& row : kFormats) {
+    if (extension == row.extension) return row.format;
+  }
   return std::nullopt;
 }
 
-void write_picture(const QImage& picture, const std::string& path) {
-  const QByteArray bytes = encoded(picture, picture_format(path).value());
+bool is_vector(PictureFormat format) {
+  return row_of(format).pixels == nullptr;
+}
+
+QByteArray encoded(const QImage& picture, PictureFormat format) {
+  QByteArray bytes;
+  QBuffer buffer(&bytes);
+  buffer.open(QIODevice::WriteOnly);
+  if (!picture.save(&buffer, row_of(format).pixels)) throw std::bad_alloc();
+  return bytes;
+}
+
+QByteArray vector_document(const Control& graph, QSize logical_size, PictureFormat format) {
+  const VectorFormat vectors =
+      format == PictureFormat::kSvg ? VectorFormat::kSvg : VectorFormat::kPdf;
+  VectorPicture picture(vectors, QString::fromStdString(graph.Title()), logical_size);
+  graph.draw_on(picture);
+  return picture.take_document();
+}
+
+// The whole file is made before anything is written, so that only the disk can fail here.
+void write_picture(const QByteArray& bytes, const std::string& path) {
   const QString name = QFile::decodeName(path.c_str());
   // A device would be replaced by a file.
   const QFileInfo target(name);
@@ -68,6 +123,15 @@ void write_picture(const QImage& picture, const std::string& path) {
   if (!file.commit()) {
     throw unwritable(path, file.errorString(), "make room on the disk or choose another folder");
   }
+}
+
+void export_picture(const KurvGraph& graph, const std::string& path) {
+  const std::optional<PictureFormat> format = picture_format(path);
+  if (!format) {
+    throw UserError("the name of the picture must end in " + picture_extensions() + ", and " +
+                    in_quotes(path) + " does not.");
+  }
+  write_picture(exported(graph, *format), path);
 }
 
 }  // namespace kurv::app

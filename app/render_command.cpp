@@ -22,7 +22,8 @@ GraphSource load_with_warnings(const std::string& path, const GraphChoice& choic
 void render(const RenderRequest& request, const Warn& warn) {
   const GraphSource source = load_with_warnings(request.data_file, request, warn);
   const auto application = windowless_application();
-  write_picture(picture_of(request, source, request.scale), request.picture_file);
+  const PictureFormat format = picture_format(request.picture_file).value();
+  write_picture(picture_of(request, source, format, request.scale), request.picture_file);
 }
 
 void convert(const ConvertRequest& request, const Warn& warn) {

@@ -1,17 +1,13 @@
 #include "app/window_command.h"
 
-#include <KurvGraph/KurvGraph.h>
-
 #include <QApplication>
-#include <QFileInfo>
-#include <QMainWindow>
 #include <cstdlib>
 #include <iostream>
-#include <memory>
 #include <optional>
 #include <vector>
 
 #include "app/graph_intake.h"
+#include "app/main_window.h"
 #include "app/user_error.h"
 
 namespace kurv::app {
@@ -53,26 +49,6 @@ void wait_for_the_worst(QtMsgType type, const QMessageLogContext&, const QString
   if (type == QtFatalMsg) end_without_display();
 }
 
-QString window_title(const std::string& path) {
-  QString name = QFileInfo(QFile::decodeName(path.c_str())).fileName();
-  // These three characters are a place holder of the toolkit; twice, they are themselves.
-  return name.replace(QLatin1String("[*]"), QLatin1String("[*][*]"));
-}
-
-std::unique_ptr<QMainWindow> make_window(const GraphChoice& choice, const GraphSource& file) {
-  auto window = std::make_unique<QMainWindow>();
-  window->setWindowTitle(window_title(file.path));
-  auto* const graph = new KurvGraph;
-  graph->resize(choice.size.value_or(kUsualSize));
-  fill(choice, file, *graph);
-  // A graph file has a size of its own.
-  if (choice.size) graph->resize(*choice.size);
-  window->resize(graph->size());
-  window->setCentralWidget(graph);
-  finish_looks(choice, file, *graph, *graph);
-  return window;
-}
-
 }  // namespace
 
 int open_windows(const WindowRequest& request, const std::function<void(const std::string&)>& say) {
@@ -100,10 +76,11 @@ int open_windows(const WindowRequest& request, const std::function<void(const st
   // A first drawing that nobody sees: what a graph refuses is said here, as it is for a picture,
   // and opens neither a message box nor an empty window.
   files = accepted(
-      std::move(files), [&](const GraphSource& file) { picture_of(request, file, 1); }, say);
-  std::vector<std::unique_ptr<QMainWindow>> windows;
-  for (const GraphSource& file : files) windows.push_back(make_window(request, file));
-  for (const auto& window : windows) window->show();
+      std::move(files), [&](const GraphSource& file) { check_picture(request, file); }, say);
+  for (const GraphSource& file : files) {
+    (new MainWindow(request.locale, say))->put(request, file);
+  }
+  if (request.data_files.empty()) (new MainWindow(request.locale, say))->show();
   const int status = QApplication::exec();
   return status == 0 && files.size() < request.data_files.size() ? kFailure : status;
 }

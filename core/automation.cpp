@@ -147,11 +147,16 @@ constexpr std::array kMembers = {
         "Sort_xy", 0x600300F9,
         "Sorts the plotted data by ascending x, points moving whole. Does not redraw."),
     method<&Control::ChartOptions, kChartOptions>(
-        "ChartOptions", 0x600300FD, "Runs one command by its word, in small letters."),
+        "ChartOptions", 0x600300FD,
+        "Runs one command by its word, in small letters: `refresh`, `print`, `copy`, `save`, "
+        "`saveas`, `open`, `setup`, `titles`, `curves` or `table`. Other words do nothing."),
     method<&Control::Restore_Grf, kNone>(
         "Restore_Grf", 0x60030105,
         "Default marker size and margins, limits from the data, and a redraw."),
-    method<&Control::CloseMe, kNone>("CloseMe", 0x6003010D, "Releases the control's windows."),
+    method<&Control::CloseMe, kNone>(
+        "CloseMe", 0x6003010D,
+        "Unloads the three windows, also where they serve another control by now; the next command "
+        "that shows one loads it again."),
     property<&Control::ymin, &Control::set_ymin>("ymin", 0x680300CD, "Lower limit of y."),
     property<&Control::ymax, &Control::set_ymax>("ymax", 0x680300CC, "Upper limit of y."),
     property<&Control::xmax, &Control::set_xmax>("xmax", 0x680300CB, "Upper limit of x."),

@@ -9,6 +9,7 @@
 #include <KurvGraph/services.h>
 
 #include "core/built_in_services.h"
+#include "core/provided_classes.h"
 #include "core/words.h"
 #include "expr/evaluator.h"
 
@@ -38,28 +39,48 @@ std::vector<Registered>& registered() {
   return classes;
 }
 
+std::vector<Registered>& provided() {
+  static std::vector<Registered> classes;
+  return classes;
+}
+
 template <class Classes>
 auto find_class(Classes& classes, std::string_view class_id) {
   return std::find_if(classes.begin(), classes.end(),
                       [&](const auto& entry) { return is_word(entry.class_id, class_id); });
 }
 
-}  // namespace
+// A copy, because a factory may register another class while it runs.
+ServiceFactory host_or_provided(std::string_view class_id) {
+  for (const auto* classes : {&registered(), &provided()}) {
+    if (const auto found = find_class(*classes, class_id); found != classes->end()) {
+      return found->factory;
+    }
+  }
+  return {};
+}
 
-void register_class(std::string_view class_id, ServiceFactory factory) {
-  auto& classes = registered();
+void replace_class(std::vector<Registered>& classes, std::string_view class_id,
+                   ServiceFactory factory) {
   if (const auto found = find_class(classes, class_id); found != classes.end()) {
     classes.erase(found);
   }
   if (factory) classes.push_back({std::string(class_id), std::move(factory)});
 }
 
+}  // namespace
+
+void register_class(std::string_view class_id, ServiceFactory factory) {
+  replace_class(registered(), class_id, std::move(factory));
+}
+
+void provide_class(std::string_view class_id, ServiceFactory factory) {
+  replace_class(provided(), class_id, std::move(factory));
+}
+
 std::unique_ptr<Service> create_service(std::string_view class_id) {
-  const auto& classes = registered();
   std::unique_ptr<Service> service;
-  if (const auto found = find_class(classes, class_id); found != classes.end()) {
-    // A copy, because a factory may register another class while it runs.
-    const ServiceFactory factory = found->factory;
+  if (const ServiceFactory factory = host_or_provided(class_id)) {
     service = factory();
   } else if (const auto built_in = find_class(kBuiltIn, class_id); built_in != kBuiltIn.end()) {
     service = built_in->make();

@@ -119,6 +119,10 @@ std::optional<String> Control::derive(const String& name, const String& expressi
   return kurv::derive(*m_state, name, expression);
 }
 
+void Control::draw_on(PlotSurface& surface) const {
+  kurv::draw_on(*m_state, surface);
+}
+
 std::vector<String> Control::functions() const {
   std::vector<String> expressions;
   for (int k = 1; k <= std::min<int>(m_state->document.NumYFunc, kMaxFunctions); ++k) {
@@ -126,23 +130,15 @@ std::vector<String> Control::functions() const {
   }
   return expressions;
 }
+
 void Control::press_mouse(Integer, Integer, Single x, Single Y) {
-  const SurfacePoint at{x, Y};
-  if (const std::optional<Item> item = item_at(*m_state, at)) {
-    item_mouse_down(*m_state, within(*m_state, *item, at));
-  } else {
-    mouse_down(*m_state, at);
-  }
+  kurv::press(*m_state, {x, Y});
 }
 void Control::release_mouse(Integer Button, Integer Shift, Single x, Single Y) {
-  if (!item_at(*m_state, {x, Y})) mouse_up(*m_state, Button, Shift, x, Y);
+  kurv::release(*m_state, Button, Shift, x, Y);
 }
 void Control::double_click(Single x, Single Y) {
-  if (const std::optional<Item> item = item_at(*m_state, {x, Y})) {
-    item_double_click(*m_state, *item);
-  } else {
-    kurv::double_click(*m_state);
-  }
+  kurv::double_click(*m_state, {x, Y});
 }
 void Control::drag(std::string_view tag, SurfacePoint grab, SurfacePoint drop,
                    std::string_view on) {

@@ -1,5 +1,6 @@
 #include "core/data_set.h"
 
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -26,31 +27,64 @@ void choose_format(Double lo, Double hi, const NumericService& numeric, String& 
   }
 }
 
-}  // namespace
-
-void Sort_xy(GraphDocument& document, const SwapService& swap) {
-  if (document.NumData < 2) return;
-  const std::vector<Exchange> exchanges =
+// Sorts xyArr and returns how.
+std::vector<Exchange> sort_points(GraphDocument& document, const SwapService& swap) {
+  if (document.NumData < 2) return {};
+  std::vector<Exchange> exchanges =
       selection_sort_exchanges(std::as_const(document.xyArr).column(1), document.NumData);
-  if (exchanges.empty()) return;
+  if (exchanges.empty()) return exchanges;
   for (int c = 1; c <= document.NumY + 1; ++c) {
     const auto column = document.xyArr.column(c);
     for (const auto& [place, taken] : exchanges) swap.exchange(column(place), column(taken));
   }
+  return exchanges;
+}
+
+List<int> places_after(const std::vector<Exchange>& exchanges, int count) {
+  List<int> places(1, std::max(count, 0));
+  for (int i = 1; i <= count; ++i) places(i) = i;
+  for (const auto& [place, taken] : exchanges) std::swap(places(place), places(taken));
+  return places;
+}
+
+std::optional<String> refusal(bool x_has_a_span, int points) {
+  std::optional<String> message;
+  if (!x_has_a_span) message = kAllXTheSame;
+  if (points < 2) message = kTooFewPoints + String("\r\n") + message.value_or("");
+  return message;
+}
+
+}  // namespace
+
+void Sort_xy(GraphDocument& document, const SwapService& swap) {
+  sort_points(document, swap);
+}
+
+void keep_both_orders(GraphDocument& document, const SwapService& swap) {
+  document.xyArrUnsorted = document.xyArr;
+  document.sorted_places = places_after(sort_points(document, swap), document.NumData);
+  document.xyArrSorted = document.xyArr;
+  ++document.data_revision;
 }
 
 void refresh_sorted_data(GraphDocument& document, const SwapService& swap) {
-  document.xyArrUnsorted = document.xyArr;
-  Sort_xy(document, swap);
-  document.xyArrSorted = document.xyArr;
+  keep_both_orders(document, swap);
   if (!document.SortXY) document.xyArr = document.xyArrUnsorted;
 }
 
 std::optional<String> Validate(const GraphDocument& document) {
-  std::optional<String> message;
-  if (document.xmax == document.xmin) message = kAllXTheSame;
-  if (document.NumData < 2) message = kTooFewPoints + String("\r\n") + message.value_or("");
-  return message;
+  return refusal(document.xmax != document.xmin, document.NumData);
+}
+
+std::optional<String> validate_points(const GraphDocument& document) {
+  std::optional<Double> first;
+  const auto x = document.xyArrUnsorted.column(1);
+  for (int i = 1; i <= document.NumData; ++i) {
+    if (!std::isfinite(x(i))) continue;
+    if (first && *first != x(i)) return refusal(true, document.NumData);
+    first = x(i);
+  }
+  return refusal(false, document.NumData);
 }
 
 void choose_label_formats(GraphDocument& document, const NumericService& numeric) {

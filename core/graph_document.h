@@ -101,6 +101,12 @@ struct GraphDocument {
   Matrix<Double> xyArr;
   Matrix<Double> xyArrSorted;
   Matrix<Double> xyArrUnsorted;
+  // Element i is the point of xyArrUnsorted that stands at point i of xyArrSorted, so that what is
+  // changed in one order finds its point in the other.
+  List<int> sorted_places{1, 0};
+  // Another number whenever the two copies have been made anew: whoever remembers something about
+  // single points forgets it then.
+  unsigned data_revision = 0;
   List<String> yVarName;    // element 1 is the name of x, element k + 1 that of curve k
   List<Boolean> y_visible;  // element k is curve k's
   List<FunctionCurve> y_func{0, kMaxFunctions};  // 1.. are used, 0 never

@@ -1,5 +1,7 @@
 #include "core/redraw.h"
 
+#include <algorithm>
+
 #include "core/control_state.h"
 #include "expr/function_curves.h"
 #include "render/axes.h"
@@ -7,6 +9,36 @@
 #include "render/legend_titles.h"
 
 namespace kurv {
+
+namespace {
+
+void take_data_copy(GraphDocument& document) {
+  document.xyArr = document.SortXY ? document.xyArrSorted : document.xyArrUnsorted;
+}
+
+void paint(const GraphDocument& document, const NumericService& numeric, Layout& layout,
+           LateEvaluator& function_evaluator, PlotSurface& surface) {
+  DrawAxes(document, numeric, layout, surface);
+  DrawScatterCurves(document, layout, surface);
+  DrawFunctionCurves(document, layout, function_evaluator, surface);
+  DrawLegendAndTitles(document, layout, surface);
+}
+
+// Ticks and grid are drawn with the pen that the redraw before has left: a curve leaves a pen of 1,
+// and where none is drawn, that of the frame stays.
+Integer pen_left_by_a_redraw(const GraphDocument& document) {
+  bool draws_a_curve = false;
+  for (int k = 1; k <= document.NumY; ++k) {
+    if (document.y_visible(k)) draws_a_curve = true;
+  }
+  for (int k = 1; k <= std::min<int>(document.NumYFunc, kMaxFunctions); ++k) {
+    const FunctionCurve& curve = document.y_func(k);
+    if (curve.visible && !curve.expression.empty()) draws_a_curve = true;
+  }
+  return draws_a_curve ? Integer{1} : document.BorderWidth;
+}
+
+}  // namespace
 
 void build_the_graph(ControlState& state) {
   GraphDocument& document = state.document;
@@ -17,12 +49,21 @@ void build_the_graph(ControlState& state) {
   SizeTitleHandles(document, layout, surface);
   document.GraphSaved = false;
   surface.Cls();
-  document.xyArr = document.SortXY ? document.xyArrSorted : document.xyArrUnsorted;
-  DrawAxes(document, *state.services.numeric, layout, surface);
-  DrawScatterCurves(document, layout, surface);
-  DrawFunctionCurves(document, layout, state.function_evaluator, surface);
-  DrawLegendAndTitles(document, layout, surface);
+  take_data_copy(document);
+  paint(document, *state.services.numeric, layout, state.function_evaluator, surface);
   state.container.redrawn();
+}
+
+void draw_on(const ControlState& state, PlotSurface& surface) {
+  surface.Cls();
+  if (!state.document.GraphValid) return;
+  GraphDocument document = state.document;
+  Layout layout = state.layout;
+  LateEvaluator function_evaluator;
+  SizeTitleHandles(document, layout, surface);
+  take_data_copy(document);
+  surface.DrawWidth(pen_left_by_a_redraw(document));
+  paint(document, *state.services.numeric, layout, function_evaluator, surface);
 }
 
 }  // namespace kurv

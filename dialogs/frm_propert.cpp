@@ -1,11 +1,124 @@
 #include "dialogs/frm_propert.h"
 
+#include <QCoreApplication>
+#include <QHBoxLayout>
+#include <QPointer>
+#include <QPushButton>
+#include <QScreen>
+#include <QScrollArea>
+#include <QVBoxLayout>
+
+#include "dialogs/propert_pages.h"
+#include "ui/pages.h"
+
 namespace kurv {
 
-frmPropert::frmPropert(QWidget* parent) : GraphWindow(parent) {
-  setObjectName(QStringLiteral("frmPropert"));
+namespace {
+
+int tab_of(Integer page) {
+  switch (page) {
+    case kTitlesPage:
+      return 1;
+    case kAxesPage:
+      return 2;
+    case kLinesPage:
+      return 3;
+    default:
+      return 0;
+  }
 }
 
-void frmPropert::fill() {}
+QPushButton* new_button(QHBoxLayout& row, const char* name, const char* caption) {
+  auto* const button = new QPushButton(QString::fromUtf8(caption));
+  button->setObjectName(QLatin1String(name));
+  // Return in a text box must not press anything.
+  button->setAutoDefault(false);
+  row.addWidget(button);
+  return button;
+}
+
+// Scrolls where the screen is too small for its page, and looks as if it did not.
+class Scroller final : public QScrollArea {
+ public:
+  explicit Scroller(QWidget* page) {
+    setWidgetResizable(true);
+    setFrameShape(QFrame::NoFrame);
+    setFocusPolicy(Qt::NoFocus);
+    setWidget(page);
+    setFocusProxy(page);
+    // The colour of the tab shows through.
+    viewport()->setAutoFillBackground(false);
+    page->setAutoFillBackground(false);
+  }
+
+  // All of the page; the toolkit would rather scroll than ask for that much.
+  QSize sizeHint() const override { return widget()->sizeHint(); }
+};
+
+}  // namespace
+
+frmPropert::frmPropert(QWidget* parent) : GraphWindow(parent), m_tabs(new QTabWidget) {
+  setObjectName(QStringLiteral("frmPropert"));
+  setWindowTitle(QStringLiteral("Graph Properties"));
+  m_tabs->setObjectName(QStringLiteral("tabCurves"));
+  m_tabs->setAccessibleName(QStringLiteral("Groups of properties"));
+  auto* const rows = new QVBoxLayout(this);
+  rows->addWidget(m_tabs);
+  add_page("&General", build_general_page);
+  add_page("&Titles and Fonts", build_titles_page);
+  add_page("A&xes", build_axes_page);
+  add_page("&Lines and Markers", build_lines_page);
+
+  auto* const row = new QHBoxLayout;
+  rows->addLayout(row);
+  QPushButton* const restore = new_button(*row, "cmdRestoreXY", "&Restore Limits and Margins");
+  restore->setToolTip(
+      QStringLiteral("Limits from the data, and the margins and the marker size of a new graph"));
+  row->addStretch();
+  QPushButton* const apply = new_button(*row, "cmdApply", "&Apply");
+  apply->setToolTip(QStringLiteral("Draws the graph anew"));
+  QPushButton* const close = new_button(*row, "cmdClose", "&Close");
+
+  connect(restore, &QPushButton::clicked, this, [this] {
+    if (edit([](Control& control) { control.Restore_Grf(); })) refill();
+  });
+  connect(apply, &QPushButton::clicked, this,
+          [this] { edit([](Control& control) { control.build_the_graph(); }); });
+  connect(close, &QPushButton::clicked, this, &frmPropert::reject);
+  // Large fonts may ask for more of the screen than the toolkit gives a window by itself.
+  resize(sizeHint().boundedTo(screen()->availableSize()));
+}
+
+void frmPropert::add_page(const char* caption, void (*build)(PropertPage&)) {
+  auto* const page = new PropertPage(*this);
+  build(*page);
+  m_pages.push_back(page);
+  m_tabs->addTab(new Scroller(page), QString::fromUtf8(caption));
+}
+
+void frmPropert::fill() {
+  for (PropertPage* page : m_pages) page->fill(client()->control());
+}
+
+void frmPropert::show_page(Integer page) {
+  m_tabs->setCurrentIndex(tab_of(page));
+  m_tabs->currentWidget()->setFocus();
+}
+
+void frmPropert::done(int result) {
+  const QPointer<frmPropert> alive(this);
+  if (QWidget* const field = focusWidget()) field->clearFocus();
+  // A margin that is still to be applied would come too late: a closed window has no client.
+  QCoreApplication::sendPostedEvents(m_pages.front(), QEvent::MetaCall);
+  if (alive) GraphWindow::done(result);
+}
+
+void frmPropert::keyPressEvent(QKeyEvent* event) {
+  if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) {
+    GraphWindow::keyPressEvent(event);
+  } else if (auto* const button = qobject_cast<QPushButton*>(focusWidget())) {
+    button->click();
+  }
+}
 
 }  // namespace kurv

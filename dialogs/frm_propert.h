@@ -1,6 +1,18 @@
+// The window in which the user sets what the graph looks like.
+//
+// Every change goes into the graph at once and is drawn; there is no cancel. The fields are found
+// by their object names; of those that come in numbers, the number stands behind an underscore:
+// txtXAxis_1 and txtYAxis_1 are the maxima, txtXAxis_2 and txtYAxis_2 the minima; cmdFonts_0 is the
+// font of the axes, cmdFonts_1 that of the title, cmdFonts_2 that of the subtitle.
 #pragma once
 
+#include <QKeyEvent>
+#include <QTabWidget>
+#include <functional>
+#include <vector>
+
 #include "dialogs/graph_window.h"
+#include "dialogs/propert_page.h"
 
 namespace kurv {
 
@@ -10,8 +22,24 @@ class frmPropert final : public GraphWindow {
  public:
   explicit frmPropert(QWidget* parent);
 
+  // For the pages: handle(), see there.
+  bool edit(const std::function<void(Control&)>& work) { return handle(work); }
+
+  // A margin that has been typed and not entered is applied first.
+  void done(int result) override;
+
  protected:
   void fill() override;
+  // Pages 0, 1, 2 and 4 have tabs; any other shows the first.
+  void show_page(Integer page) override;
+  // Return presses the button that has the focus and no other.
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  void add_page(const char* caption, void (*build)(PropertPage&));
+
+  QTabWidget* m_tabs;
+  std::vector<PropertPage*> m_pages;
 };
 
 }  // namespace kurv

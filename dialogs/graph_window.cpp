@@ -2,21 +2,29 @@
 
 #include <QPointer>
 #include <QScopedValueRollback>
+#include <utility>
 
 namespace kurv {
 
-void GraphWindow::fill_quietly() {
-  const QScopedValueRollback<bool> filling(m_filling, true);
-  fill();
+void GraphWindow::fill_quietly(const std::function<void()>& filling) {
+  const QScopedValueRollback<bool> quiet(m_filling, true);
+  filling();
 }
 
 void GraphWindow::init(Integer page) {
-  fill_quietly();
+  fill_quietly([this] { fill(); });
   show_page(page);
 }
 
 void GraphWindow::refill() {
-  if (m_client && !m_filling && !m_handling) fill_quietly();
+  if (!m_client || m_filling) return;
+  // The client tells of a handler's own changes when the work is over. One that tells of changes
+  // earlier tells of another's, made while a prompt of the work was open.
+  if (m_handling) {
+    m_outdated = m_outdated || m_working;
+    return;
+  }
+  fill_quietly([this] { fill(); });
 }
 
 void GraphWindow::show_page(Integer) {}
@@ -25,12 +33,22 @@ bool GraphWindow::handle(const std::function<void(Control&)>& work) {
   if (!m_client || m_filling) return false;
   const QPointer<GraphWindow> alive = this;
   const Client* const client = m_client;
-  const bool was_handling = m_handling;
-  m_handling = true;
-  m_client->handle(work);
+  const bool was_active = isActiveWindow();
+  const bool was_handling = std::exchange(m_handling, true);
+  const bool was_working = m_working;
+  m_client->handle([&](Control& control) {
+    m_working = true;
+    work(control);
+    if (alive) m_working = was_working;
+  });
   if (!alive) return false;
   m_handling = was_handling;
-  return m_client == client;
+  m_working = was_working;
+  // A box that the graph has shown gives the focus back to the host's window, not to this one.
+  if (was_active && isVisible() && !isActiveWindow()) activateWindow();
+  if (m_client != client) return false;
+  if (!m_handling && std::exchange(m_outdated, false)) fill_quietly([this] { fill(); });
+  return true;
 }
 
 }  // namespace kurv

@@ -23,7 +23,8 @@ class GraphWindow : public QDialog {
   // Shows the client's graph, and the tab of this page first where there are tabs. No handler fires
   // meanwhile.
   void init(Integer page);
-  // Someone else has changed the client's graph. Does nothing while this window changes it itself.
+  // Someone has changed the client's graph. What this window changes itself its handlers show; what
+  // others change while a handler waits for an answer of the user is shown after it.
   void refill();
 
  protected:
@@ -35,13 +36,15 @@ class GraphWindow : public QDialog {
   // client. False where it was not done, or the client is gone; then touch nothing any more.
   bool handle(const std::function<void(Control&)>& work);
   bool is_filling() const { return m_filling; }
+  // For handlers that refill a part of the window: no handler fires meanwhile.
+  void fill_quietly(const std::function<void()>& filling);
 
  private:
-  void fill_quietly();
-
   Client* m_client = nullptr;
   bool m_filling = false;
   bool m_handling = false;
+  bool m_working = false;  // inside the work of a handler
+  bool m_outdated = false;
 };
 
 }  // namespace kurv

@@ -55,7 +55,7 @@ GraphWindow* new_window(Window window, QWidget* parent) {
 // The shared's window, in front of the window that its client stands in now.
 GraphWindow* window_of(Shared& shared, Window kind) {
   QWidget* const parent = shared.client->window();
-  if (shared.window && shared.window->parentWidget() == parent) return shared.window;
+  if (shared.window && shared.window->parentWidget() == parent) return shared.window.data();
   Client* const client = shared.client;
   unload(shared);
   shared.client = client;

@@ -36,9 +36,7 @@ void append_derived_curve(ControlState& state, const String& name, const String&
   }
 
   basKurvGraph01::compute_axis_range(document, *state.services.numeric);
-  document.xyArrUnsorted = document.xyArr;
-  Sort_xy(document, *state.services.swap);
-  document.xyArrSorted = document.xyArr;
+  keep_both_orders(document, *state.services.swap);
   build_the_graph(state);
 }
 

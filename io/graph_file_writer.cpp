@@ -25,12 +25,12 @@ const char* truth_text(Boolean value) {
 // The kinds of line that a graph file has.
 class Lines {
  public:
-  Lines(OutputFile& file, char decimal_separator)
-      : m_file(file), m_decimal_separator(decimal_separator) {}
+  Lines(const TextSink& sink, char decimal_separator)
+      : m_sink(sink), m_decimal_separator(decimal_separator) {}
 
   void text(std::string_view value) {
-    m_file.write(value);
-    m_file.write(kLineEnd);
+    m_sink(value);
+    m_sink(kLineEnd);
   }
   void count(Integer value) { text(std::to_string(value)); }
   void boolean(Boolean value) { text(truth_text(value)); }
@@ -54,7 +54,7 @@ class Lines {
   char decimal_separator() const { return m_decimal_separator; }
 
  private:
-  OutputFile& m_file;
+  const TextSink& m_sink;
   char m_decimal_separator;
   String m_list;
 };
@@ -73,7 +73,7 @@ void write_head(Lines& lines, const GraphDocument& document) {
 }
 
 void write_places(Lines& lines, const GraphDocument& document, const Layout& layout,
-                  ControlSize size) {
+                  const std::optional<ControlSize>& size) {
   lines.whole(document.Top_margine);
   lines.whole(document.Left_margine);
   lines.whole(document.Right_margine);
@@ -82,8 +82,10 @@ void write_places(Lines& lines, const GraphDocument& document, const Layout& lay
     lines.printed(handle->top);
     lines.printed(handle->left);
   }
-  lines.printed(size.height);
-  lines.printed(size.width);
+  if (size) {
+    lines.printed(size->height);
+    lines.printed(size->width);
+  }
   lines.printed(document.ymin);
   lines.printed(document.ymax);
   lines.printed(document.xmin);
@@ -163,15 +165,21 @@ String version_stamp(int major, int minor) {
   return stamp;
 }
 
-void write_graph_file(const String& path, const GraphDocument& document, const Layout& layout,
-                      ControlSize size, char decimal_separator) {
-  OutputFile file(path, is_torn);
-  Lines lines(file, decimal_separator);
+void write_graph_text(const TextSink& sink, const GraphDocument& document, const Layout& layout,
+                      const std::optional<ControlSize>& size, char decimal_separator) {
+  Lines lines(sink, decimal_separator);
   write_head(lines, document);
   write_places(lines, document, layout, size);
   write_fonts(lines, document);
   write_switches(lines, document);
   write_curves(lines, document);
+}
+
+void write_graph_file(const String& path, const GraphDocument& document, const Layout& layout,
+                      ControlSize size, char decimal_separator) {
+  OutputFile file(path, is_torn);
+  write_graph_text([&](std::string_view piece) { file.write(piece); }, document, layout, size,
+                   decimal_separator);
   file.close();
 }
 

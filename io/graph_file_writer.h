@@ -1,6 +1,10 @@
 // A graph as a file.
 #pragma once
 
+#include <functional>
+#include <optional>
+#include <string_view>
+
 #include <KurvGraph/values.h>
 
 #include "core/graph_document.h"
@@ -20,6 +24,15 @@ struct ControlSize {
   Single height = 0;
   Single width = 0;
 };
+
+// Takes a text piece by piece.
+using TextSink = std::function<void(std::string_view)>;
+
+// Hands over the text of a graph file. Without a size the two lines that hold it are left out, so
+// that texts can be compared which differ in nothing that anybody has done to the graph. Throws
+// kSubscriptOutOfRange for more than 30 function curves.
+void write_graph_text(const TextSink& sink, const GraphDocument& document, const Layout& layout,
+                      const std::optional<ControlSize>& size, char decimal_separator);
 
 // Writes the whole graph, its data in the order in which they were last drawn. MarkerSize,
 // Autoscale and the visibility of function curves are not in the file. Nothing is escaped, so a

@@ -5,8 +5,8 @@
 #include <QEvent>
 #include <QKeyEvent>
 #include <QMetaMethod>
-#include <QMouseEvent>
-#include <QPainter>
+#include <algorithm>
+#include <iterator>
 #include <new>
 
 #include "core/control_state.h"
@@ -18,27 +18,27 @@ namespace kurv {
 
 namespace {
 
-constexpr QSize kUsualSize(720, 480);
 constexpr const char* kBoxTitle = "KURV Guide";
 
-Integer button_bit(Qt::MouseButton button) {
-  switch (button) {
-    case Qt::LeftButton:
-      return 1;
-    case Qt::RightButton:
-      return 2;
-    case Qt::MiddleButton:
-      return 4;
-    default:
-      return 0;
-  }
-}
+struct Shortcut {
+  Qt::Key key;
+  Qt::KeyboardModifier modifier;
+  const char* word;
+};
 
-Integer shift_bits(Qt::KeyboardModifiers modifiers) {
-  const int shift = modifiers.testFlag(Qt::ShiftModifier) ? 1 : 0;
-  const int control = modifiers.testFlag(Qt::ControlModifier) ? 2 : 0;
-  const int alt = modifiers.testFlag(Qt::AltModifier) ? 4 : 0;
-  return static_cast<Integer>(shift + control + alt);
+constexpr Shortcut kShortcuts[] = {
+    {Qt::Key_S, Qt::ControlModifier, "save"},  {Qt::Key_O, Qt::ControlModifier, "open"},
+    {Qt::Key_P, Qt::ControlModifier, "print"}, {Qt::Key_C, Qt::ControlModifier, "copy"},
+    {Qt::Key_F5, Qt::NoModifier, "refresh"},
+};
+
+// The command word of a key, null where it has none.
+const char* word_of(const QKeyEvent& event) {
+  const auto is_it = [&](const Shortcut& shortcut) {
+    return event.key() == shortcut.key && event.modifiers() == shortcut.modifier;
+  };
+  const auto* const found = std::find_if(std::begin(kShortcuts), std::end(kShortcuts), is_it);
+  return found == std::end(kShortcuts) ? nullptr : found->word;
 }
 
 std::optional<QString> shown(const std::optional<String>& sentence) {
@@ -69,10 +69,8 @@ KurvGraph::KurvGraph(PlotSurface& lent, QWidget* parent) : KurvGraph(&lent, pare
 KurvGraph::KurvGraph(PlotSurface* lent, QWidget* parent) : QWidget(parent) {
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
   setMinimumSize(1, 1);
-  setFocusPolicy(Qt::StrongFocus);
-  setAttribute(Qt::WA_OpaquePaintEvent);
-  resize(kUsualSize);
   m_state = std::make_shared<State>(*this, lent);
+  connect(m_state->view, &PlotView::menu_wanted, this, &KurvGraph::open_menu);
   // Here and not at the first show, so that what the host sets in between stays.
   m_state->graph.first_placement();
   m_state->finish();
@@ -86,11 +84,17 @@ KurvGraph::~KurvGraph() {
   const std::optional<Fault> failure = failure_of([&] { state->graph.terminate(); });
   if (failure) state->shell.message_box(failure->what(), kCriticalStop, kBoxTitle);
   // About a visible widget the toolkit asks the application, even when there is none any more.
-  if (!QCoreApplication::instance()) setAttribute(Qt::WA_WState_Visible, false);
+  if (!QCoreApplication::instance()) {
+    setAttribute(Qt::WA_WState_Visible, false);
+    for (QWidget* child : findChildren<QWidget*>())
+      child->setAttribute(Qt::WA_WState_Visible, false);
+  }
+  // It shows what is about to go.
+  delete state->view;
 }
 
 QSize KurvGraph::sizeHint() const {
-  return kUsualSize;
+  return m_state->usual_size();
 }
 
 QSize KurvGraph::minimumSizeHint() const {
@@ -102,7 +106,24 @@ bool KurvGraph::design_mode() const {
 }
 
 void KurvGraph::set_design_mode(bool on) {
-  m_state->design_mode = on;
+  m_state->set_design_mode(on);
+}
+
+bool KurvGraph::toolbar_visible() const {
+  return !m_state->toolbar->isHidden();
+}
+
+void KurvGraph::set_toolbar_visible(bool on) {
+  m_state->toolbar->setVisible(on);
+  call([](Control&) {});
+}
+
+bool KurvGraph::shortcuts_enabled() const {
+  return m_state->shortcuts_enabled;
+}
+
+void KurvGraph::set_shortcuts_enabled(bool on) {
+  m_state->shortcuts_enabled = on;
 }
 
 // -- The two ways in ------------------------------------------------------------------------------
@@ -149,6 +170,12 @@ void KurvGraph::handle(Work work) {
 
 void KurvGraph::State::handle(const std::function<void(Control&)>& work) {
   if (widget) widget->handle([&](State& state) { work(state.graph); });
+}
+
+void KurvGraph::run_command(const QString& word) {
+  const auto command = [word](State& state) { state.graph.ChartOptions(word.toStdString()); };
+  QMetaObject::invokeMethod(
+      this, [this, command] { handle(command); }, Qt::QueuedConnection);
 }
 
 void KurvGraph::tell(int number, const QString& text) {
@@ -215,7 +242,11 @@ void KurvGraph::build_the_graph() {
 }
 
 void KurvGraph::file_load(const QString& filename) {
-  call([&](Control& control) { control.file_load(filename.toStdString()); });
+  load_path(filename.toStdString());
+}
+
+void KurvGraph::load_path(const String& path) {
+  call([&](Control& control) { control.file_load(path); });
 }
 
 void KurvGraph::Save_graph() {
@@ -246,6 +277,7 @@ bool KurvGraph::event(QEvent* event) {
       // A queued call. It goes past the parts of the toolkit that no exception may pass through.
       handle([&](State&) { QObject::event(event); });
       return true;
+    case QEvent::LayoutRequest:  // The toolbar may want another height.
     case QEvent::ScreenChangeInternal:
 #if QT_VERSION >= QT_VERSION_CHECK(6, 6, 0)
     case QEvent::DevicePixelRatioChange:
@@ -256,13 +288,6 @@ bool KurvGraph::event(QEvent* event) {
       break;
   }
   return QWidget::event(event);
-}
-
-void KurvGraph::paintEvent(QPaintEvent*) {
-  QPainter painter(this);
-  // At some ratios the last device pixel belongs to the widget only in part.
-  painter.fillRect(rect(), Qt::white);
-  painter.drawImage(QPointF(0, 0), m_state->picture.image());
 }
 
 void KurvGraph::resizeEvent(QResizeEvent*) {
@@ -278,36 +303,29 @@ void KurvGraph::showEvent(QShowEvent* event) {
   });
 }
 
-void KurvGraph::mousePressEvent(QMouseEvent* event) {
-  event->accept();
+// Not by a proxy: Tab would then lead to the plot first and never to the toolbar.
+void KurvGraph::focusInEvent(QFocusEvent* event) {
+  m_state->view->setFocus(event->reason());
 }
 
-void KurvGraph::mouseReleaseEvent(QMouseEvent* event) {
-  event->accept();
-  const Integer button = button_bit(event->button());
-  if (button == 0) return;
-  const Integer shift = shift_bits(event->modifiers());
-  const QPoint at = event->globalPosition().toPoint();
-  const bool is_right = event->button() == Qt::RightButton;
-  const std::shared_ptr<State> held = m_state;
-  handle([&](State& state) {
-    const QPointF twips = event->position() * state.twips_per_logical_pixel();
-    state.graph.release_mouse(button, shift, to_single(twips.x()), to_single(twips.y()));
-  });
-  // The host has heard of the click first, and may have deleted the widget.
-  if (is_right && held->widget) open_menu(at);
-}
-
+// Here and not as shortcuts of the toolkit's: a host that has actions with the same keys keeps
+// them.
 void KurvGraph::keyPressEvent(QKeyEvent* event) {
-  const bool is_menu_key = event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier;
-  if (!is_menu_key) return QWidget::keyPressEvent(event);
-  open_menu(mapToGlobal(rect().center()));
+  if (m_state->design_mode) return QWidget::keyPressEvent(event);
+  if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier) {
+    open_menu(m_state->view->menu_point());
+    return;
+  }
+  const char* const word = m_state->shortcuts_enabled ? word_of(*event) : nullptr;
+  if (!word) return QWidget::keyPressEvent(event);
+  // A key that is held down is one command.
+  if (!event->isAutoRepeat()) run_command(QLatin1String(word));
 }
 
 // The toolkit has its own idea of when a mouse asks for a menu; here it is the release alone.
 void KurvGraph::contextMenuEvent(QContextMenuEvent* event) {
   event->accept();
-  if (event->reason() == QContextMenuEvent::Keyboard) open_menu(mapToGlobal(rect().center()));
+  if (event->reason() == QContextMenuEvent::Keyboard) open_menu(m_state->view->menu_point());
 }
 
 void KurvGraph::open_menu(QPoint at) {

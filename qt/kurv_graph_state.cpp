@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "dialogs/shared_windows.h"
+#include "qt/picture_printer.h"
 
 namespace kurv {
 
@@ -24,23 +25,52 @@ int pixels_of(Single twips, double twips_per_pixel) {
 
 KurvGraph::State::State(KurvGraph& owner, PlotSurface* lent)
     : widget(&owner),
-      size(owner.size()),
+      toolbar(new Toolbar([&owner](const QString& key) { owner.run_command(key); }, &owner)),
+      view(new PlotView(*this, picture, &owner)),
+      inner(kUsualPlot),
       ratio(owner.devicePixelRatioF()),
-      picture(size, ratio),
+      picture(inner, ratio),
       surface(lent ? *lent : static_cast<PlotSurface&>(picture)),
       shell(owner, this),
-      graph(*this, shell, surface) {}
+      graph(*this, shell, surface) {
+  provide_desktop_printer();
+  owner.resize(usual_size());
+  outer = owner.size();
+  arrange();
+}
+
+int KurvGraph::State::toolbar_height() const {
+  return toolbar->isHidden() ? 0 : toolbar->wanted_height();
+}
+
+QSize KurvGraph::State::usual_size() const {
+  return kUsualPlot + QSize(0, toolbar_height());
+}
+
+QRect KurvGraph::State::plot_rect() const {
+  const int top = toolbar_height();
+  return {0, top, widget->width(), std::max(widget->height() - top, 0)};
+}
+
+void KurvGraph::State::arrange() {
+  const QRect plot = plot_rect();
+  toolbar->setGeometry(0, 0, plot.width(), plot.top());
+  view->setGeometry(plot);
+}
 
 void KurvGraph::State::fit() {
   if (!widget) return;
-  const QSize new_size = widget->size();
+  arrange();
+  const QSize new_outer = widget->size();
+  const QSize new_inner = view->size();
   const double new_ratio = widget->devicePixelRatioF();
-  const bool resized = new_size != size;
+  const bool resized = new_outer != outer || new_inner != inner;
   if (!resized && new_ratio == ratio) return;
-  picture.resize(new_size, new_ratio);
-  size = new_size;
+  picture.resize(new_inner, new_ratio);
+  outer = new_outer;
+  inner = new_inner;
   ratio = new_ratio;
-  widget->update();
+  view->picture_changed();
   // Another screen is no other size: the graph keeps its twips and only gets other pixels.
   if (resized) {
     graph.resize();
@@ -60,14 +90,24 @@ int KurvGraph::State::finish() {
   // A redraw that failed has changed the picture as well.
   if (surface.take_redraws() > 0) {
     static_cast<void>(picture.image());
-    if (widget) widget->update();
+    if (widget) view->picture_changed();
     refill_windows(*this);
   }
+  if (widget) view->describe();
   return std::exchange(whole_redraws, 0);
 }
 
 double KurvGraph::State::twips_per_logical_pixel() const {
   return picture.twips_per_device_pixel() * picture.image().devicePixelRatio();
+}
+
+// A form editor takes the mouse itself, and has an order of the focus of its own.
+void KurvGraph::State::set_design_mode(bool on) {
+  design_mode = on;
+  for (QWidget* child : {static_cast<QWidget*>(toolbar), static_cast<QWidget*>(view)})
+    child->setAttribute(Qt::WA_TransparentForMouseEvents, on);
+  toolbar->set_reachable(!on);
+  view->setFocusPolicy(on ? Qt::NoFocus : Qt::StrongFocus);
 }
 
 void KurvGraph::State::set_MousePointer(Integer pointer) {
@@ -77,14 +117,15 @@ void KurvGraph::State::set_MousePointer(Integer pointer) {
   } else {
     widget->unsetCursor();
   }
+  view->set_busy(pointer == kHourglassPointer);
 }
 
 Single KurvGraph::State::Height() const {
-  return std::min(kCeiling, to_single(size.height() * twips_per_logical_pixel()));
+  return std::min(kCeiling, to_single(outer.height() * twips_per_logical_pixel()));
 }
 
 Single KurvGraph::State::Width() const {
-  return std::min(kCeiling, to_single(size.width() * twips_per_logical_pixel()));
+  return std::min(kCeiling, to_single(outer.width() * twips_per_logical_pixel()));
 }
 
 // A size that reads as asked for already stays: at the ceiling it may well be larger than the one

@@ -5,15 +5,21 @@
 #include <KurvGraph/container.h>
 #include <KurvGraph/control.h>
 #include <KurvGraph/picture.h>
+#include <KurvGraph/vector_picture.h>
 
 #include <QPointer>
+#include <QRect>
 #include <QSize>
 
 #include "dialogs/client.h"
+#include "qt/plot_view.h"
 #include "qt/qt_shell.h"
+#include "qt/toolbar.h"
 #include "qt/watched_surface.h"
 
 namespace kurv {
+
+inline constexpr QSize kUsualPlot(720, 480);
 
 // It outlives the widget while a call is in progress, so everything about the widget is asked only
 // as long as there is one.
@@ -21,7 +27,12 @@ struct KurvGraph::State final : Container, Client {
   State(KurvGraph& owner, PlotSurface* lent);
 
   // -- For the widget -------------------------------------------------------------------------
-  // Brings the picture to the widget's size and resolution, if they have changed.
+  // With the plot in its usual size.
+  QSize usual_size() const;
+  // Where the plot stands in the widget: below the toolbar.
+  QRect plot_rect() const;
+  // Puts toolbar and plot in their places, and brings the picture to the plot's size and
+  // resolution, if they have changed.
   void fit();
   // Brings the control's decimal separator to the widget's locale. Only one that the host has set
   // on this widget counts: files must not depend on the desktop that the program runs on. The
@@ -31,6 +42,10 @@ struct KurvGraph::State final : Container, Client {
   // changed is shown. Returns how many whole redraws there were.
   int finish();
   double twips_per_logical_pixel() const;
+  // The graph as a document of lines and text, for which nothing of it changes.
+  QByteArray document_in(VectorFormat format) const;
+
+  void set_design_mode(bool on);
 
   // -- For the windows ------------------------------------------------------------------------
   Control& control() override { return graph; }
@@ -45,18 +60,27 @@ struct KurvGraph::State final : Container, Client {
   void set_Height(Single twips) override;
   void set_Width(Single twips) override;
   void redrawn() override { ++whole_redraws; }
+  void filed() override;
   void MouseUp(Integer Button, Integer Shift, Single x, Single Y) override;
 
   QPointer<KurvGraph> widget;
-  QSize size;        // what the picture was made for, in logical pixels
+  Toolbar* toolbar;  // both live as long as the widget does
+  PlotView* view;
+  QSize outer;       // the widget's size when the picture was made, in logical pixels
+  QSize inner;       // what the picture was made for
   double ratio = 1;  // and its device pixels per logical pixel
   bool design_mode = false;
+  bool shortcuts_enabled = true;
   int whole_redraws = 0;  // since the last finish()
   bool telling = false;   // a message box about a run-time error is open
   Picture picture;
   WatchedSurface surface;
   QtShell shell;
   Control graph;
+
+ private:
+  int toolbar_height() const;
+  void arrange();
 };
 
 }  // namespace kurv

@@ -8,12 +8,12 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <limits>
 #include <new>
 #include <optional>
 #include <string_view>
 #include <utility>
 
+#include "qt/resolution.h"
 #include "qt/text_layout.h"
 #include "raster/boxes.h"
 #include "raster/canvas.h"
@@ -28,34 +28,6 @@ namespace kurv {
 namespace {
 
 constexpr double kTwipsPerInch = 1440;
-// Coordinates of the surface stay within sixteen bits.
-constexpr double kMaxTwips = 32767;
-// Limits of the memory that a picture takes: four times the pixels of the largest screens. A
-// picture that would be larger is kept at a lower resolution.
-constexpr double kMaxSide = 32767;
-constexpr double kMaxPixels = 4.0 * 7680 * 4320;
-
-struct Resolution {
-  int width = 1;  // in device pixels
-  int height = 1;
-  double device_pixel_ratio = 1;
-  double twips_per_pixel = 15;
-};
-
-Resolution resolution_of(QSize logical_size, double device_pixel_ratio) {
-  const double width = std::max(logical_size.width(), 1);
-  const double height = std::max(logical_size.height(), 1);
-  const double longest = std::max(width, height);
-  double ratio =
-      device_pixel_ratio > 0 && std::isfinite(device_pixel_ratio) ? device_pixel_ratio : 1;
-  ratio = std::min({ratio, kMaxSide / longest, std::sqrt(kMaxPixels / (width * height))});
-  ratio = std::max(ratio, 1e-6);
-  const auto pixels = [ratio](double logical) {
-    return static_cast<int>(std::clamp(std::round(logical * ratio), 1.0, kMaxSide));
-  };
-  const double twips_per_logical_pixel = std::min(15.0, kMaxTwips / longest);
-  return {pixels(width), pixels(height), ratio, twips_per_logical_pixel / ratio};
-}
 
 QImage white_image(const Resolution& resolution) {
   QImage image(resolution.width, resolution.height, QImage::Format_RGB32);
@@ -176,26 +148,6 @@ struct Picture::Pixels {
     if (!layout) layout.emplace(font);
     return *layout;
   }
-
-  // Draws what is visible of a line of text; `left` and `top` in twips.
-  void print_line(QPainter& painter, double left, double top, std::string_view line) {
-    const TextLayout& text = text_layout();
-    const double scale = pixels(text.twips_per_font_pixel());
-    // A whole baseline keeps the feet of the letters crisp.
-    const double baseline = std::floor(pixels(top + text.ascent()) + 0.5);
-    // Letters may lean out of the extents that they are measured with.
-    const double overhang = text.line_height();
-    const double right = resolution.width * resolution.twips_per_pixel + overhang;
-    for (const QString& piece : pieces_of(line)) {
-      if (left > right) return;
-      const double end = left + text.width(piece);
-      if (end > -overhang) {
-        painter.setTransform(QTransform(scale, 0, 0, scale, pixels(left), baseline));
-        painter.drawText(QPointF(0, 0), piece);
-      }
-      left = end;
-    }
-  }
 };
 
 Picture::Picture(QSize logical_size, double device_pixel_ratio)
@@ -231,11 +183,11 @@ double Picture::twips_per_device_pixel() const {
 }
 
 Double Picture::ScaleWidth() const {
-  return std::min(kMaxTwips, m_pixels->resolution.width * twips_per_device_pixel());
+  return m_pixels->resolution.scale_width();
 }
 
 Double Picture::ScaleHeight() const {
-  return std::min(kMaxTwips, m_pixels->resolution.height * twips_per_device_pixel());
+  return m_pixels->resolution.scale_height();
 }
 
 void Picture::Cls() {
@@ -368,13 +320,6 @@ void Picture::DrawWidth(Integer pixels) {
 }
 
 void Picture::Print(Single CurrentX, Single CurrentY, std::string_view text) {
-  if (std::isnan(CurrentX) || std::isnan(CurrentY)) return;
-  constexpr Single kLargest = std::numeric_limits<Single>::max();
-  const double left = std::clamp(CurrentX, -kLargest, kLargest);
-  double top = std::clamp(CurrentY, -kLargest, kLargest);
-  const double line_height = m_pixels->text_layout().line_height();
-  const double bottom = m_pixels->resolution.height * twips_per_device_pixel();
-
   m_pixels->flush();
   const raster::Canvas canvas = m_pixels->canvas();
   // Painted through a plain view of the pixels: of the image itself the painter would take the
@@ -382,29 +327,26 @@ void Picture::Print(Single CurrentX, Single CurrentY, std::string_view text) {
   QImage view(reinterpret_cast<uchar*>(canvas.pixels), canvas.width, canvas.height,
               canvas.stride * 4, QImage::Format_RGB32);
   QPainter painter(&view);
-  painter.setFont(m_pixels->text_layout().font());
+  const TextLayout& layout = m_pixels->text_layout();
+  painter.setFont(layout.font());
   painter.setPen(QColor::fromRgb(pixel_of(m_pixels->fore_color)));
-  for (const std::string_view line : lines_of(text)) {
-    // Accents and descenders may lean out of their line by no more than another one.
-    if (top > bottom + line_height) break;
-    if (top > -2 * line_height) m_pixels->print_line(painter, left, top, line);
-    top += line_height;
-  }
+  const double twips = twips_per_device_pixel();
+  const QSizeF page(canvas.width * twips, canvas.height * twips);
+  const double scale = m_pixels->pixels(layout.twips_per_font_pixel());
+  layout.place({CurrentX, CurrentY}, text, page, [&](const PlacedPiece& piece) {
+    // A whole baseline keeps the feet of the letters crisp.
+    const double baseline = std::floor(m_pixels->pixels(piece.baseline) + 0.5);
+    painter.setTransform(QTransform(scale, 0, 0, scale, m_pixels->pixels(piece.left), baseline));
+    painter.drawText(QPointF(0, 0), piece.text);
+  });
 }
 
 Double Picture::TextWidth(std::string_view text) const {
-  const TextLayout& layout = m_pixels->text_layout();
-  double widest = 0;
-  for (const std::string_view line : lines_of(text)) {
-    double width = 0;
-    for (const QString& piece : pieces_of(line)) width += layout.width(piece);
-    widest = std::max(widest, width);
-  }
-  return widest;
+  return m_pixels->text_layout().text_width(text);
 }
 
 Double Picture::TextHeight(std::string_view text) const {
-  return static_cast<double>(lines_of(text).size()) * m_pixels->text_layout().line_height();
+  return m_pixels->text_layout().text_height(text);
 }
 
 String Picture::bitmap() const {

@@ -1,6 +1,9 @@
 #include "qt/plot_menu.h"
 
 #include <QAction>
+#include <optional>
+
+#include "ui/mouse.h"
 
 namespace kurv {
 
@@ -17,6 +20,23 @@ void prompt_for(Control& control) {
   control.prompt(setting);
 }
 
+template <Region region>
+void open_window_for(Control& control) {
+  open_window_of(control.state(), std::optional(region));
+}
+
+void curves(Control& control) {
+  control.ChartOptions("curves");
+}
+
+void titles(Control& control) {
+  control.ChartOptions("titles");
+}
+
+void table(Control& control) {
+  control.ChartOptions("table");
+}
+
 void add_function(Control& control) {
   control.add_function();
 }
@@ -28,11 +48,17 @@ void add_derived_curve(Control& control) {
 constexpr Entry kLine{nullptr, nullptr, nullptr};
 // No letter marks two entries.
 constexpr Entry kEntries[] = {
+    {"mnuCurves", "&Curves and Functions…", curves},
+    {"mnuTitles", "Titles and F&onts…", titles},
+    {"mnuAxes", "Ax&es…", open_window_for<Region::kXLabels>},
+    {"mnuLines", "Li&nes and Markers…", open_window_for<Region::kFrame>},
+    {"mnuTable", "&Table…", table},
+    kLine,
     {"mnuMarkerSize", "&Marker Size…", prompt_for<PromptedSetting::kMarkerSize>},
     kLine,
     {"mnuLeftMargin", "&Left Margin…", prompt_for<PromptedSetting::kLeftMargin>},
     {"mnuRightMargin", "&Right Margin…", prompt_for<PromptedSetting::kRightMargin>},
-    {"mnuTopMargin", "&Top Margin…", prompt_for<PromptedSetting::kTopMargin>},
+    {"mnuTopMargin", "To&p Margin…", prompt_for<PromptedSetting::kTopMargin>},
     {"mnuBottomMargin", "&Bottom Margin…", prompt_for<PromptedSetting::kBottomMargin>},
     kLine,
     {"mnuXAxisTitle", "&X Axis Title…", prompt_for<PromptedSetting::kXAxisTitle>},

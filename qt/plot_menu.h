@@ -10,8 +10,9 @@ namespace kurv {
 
 using PlotCommand = void (*)(Control&);
 
-// A menu of everything that a prompt can change. `run` gets the chosen command when the menu has
-// closed, unless `owner` is gone by then. The menu deletes itself once it is closed.
+// A menu of the windows that a double click opens and of everything that a prompt can change. `run`
+// gets the chosen command when the menu has closed, unless `owner` is gone by then. The menu
+// deletes itself once it is closed.
 QMenu* new_plot_menu(QWidget& owner, bool can_derive, const std::function<void(PlotCommand)>& run);
 
 }  // namespace kurv

@@ -186,16 +186,30 @@ std::optional<Font> QtShell::choose_font(const Font& preset) {
               chosen.italic()};
 }
 
-// The toolkit offers an image in every format that it can write, PNG and BMP among them.
+// The toolkit offers an image in every format that it can write, PNG and BMP among them. It takes
+// the place of what was there in one go; only where there is none, the clipboard is emptied.
 void QtShell::copy_picture(std::string_view bitmap) {
   if (!somebody_can_answer()) return;
   QClipboard* const clipboard = QApplication::clipboard();
-  clipboard->clear();
   QImage image;
   if (image.loadFromData(reinterpret_cast<const uchar*>(bitmap.data()),
                          static_cast<int>(bitmap.size()), "BMP")) {
     clipboard->setImage(image);
+  } else {
+    clipboard->clear();
   }
+}
+
+QWidget* QtShell::window() const {
+  if (!m_owner) return nullptr;
+  QWidget* const own = m_owner->window();
+  QWidget* const modal = QApplication::activeModalWidget();
+  QWidget* const front = modal ? modal : QApplication::activeWindow();
+  // A dialog behind a modal one could not be answered; one before a stranger's would go with it.
+  for (QWidget* widget = front; widget; widget = widget->parentWidget()) {
+    if (widget == own) return front;
+  }
+  return own;
 }
 
 void QtShell::load_windows() {

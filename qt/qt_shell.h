@@ -23,8 +23,9 @@ QStringList name_filters(std::string_view filter);
 // `otherwise` where it has none.
 QString extension_of(const QString& name_filter, const QString& otherwise);
 
-// Dialogs stand before the window that `owner` is in. When that window goes away under an open
-// dialog, or the application has ended already, the answer is No or nothing.
+// Dialogs stand before the window that `owner` is in, or before the dialog of that window in which
+// the user is. When that one goes away under an open dialog, or the application has ended already,
+// the answer is No or nothing.
 class QtShell final : public Shell {
  public:
   // The windows show `client`; without one they are none of this shell's business.
@@ -47,7 +48,7 @@ class QtShell final : public Shell {
   void release_windows() override;
 
  private:
-  QWidget* window() const { return m_owner ? m_owner->window() : nullptr; }
+  QWidget* window() const;
 
   QPointer<QWidget> m_owner;
   Client* m_client;

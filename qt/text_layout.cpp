@@ -3,6 +3,7 @@
 #include <QStringList>
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace kurv {
 namespace {
@@ -69,5 +70,45 @@ TextLayout::TextLayout(const Font& font)
     : m_font(layout_font(font)),
       m_metrics(m_font),
       m_twips_per_pixel(size_in_twips(font) / m_font.pixelSize()) {}
+
+double TextLayout::text_width(std::string_view text) const {
+  double widest = 0;
+  for (const std::string_view line : lines_of(text)) {
+    double line_width = 0;
+    for (const QString& piece : pieces_of(line)) line_width += width(piece);
+    widest = std::max(widest, line_width);
+  }
+  return widest;
+}
+
+double TextLayout::text_height(std::string_view text) const {
+  return static_cast<double>(lines_of(text).size()) * line_height();
+}
+
+void TextLayout::place(SurfacePoint at, std::string_view text, QSizeF page,
+                       const std::function<void(const PlacedPiece&)>& draw) const {
+  if (std::isnan(at.x) || std::isnan(at.y)) return;
+  constexpr Single kLargest = std::numeric_limits<Single>::max();
+  const double left = std::clamp(at.x, -kLargest, kLargest);
+  double top = std::clamp(at.y, -kLargest, kLargest);
+  for (const std::string_view line : lines_of(text)) {
+    // Accents and descenders may lean out of their line by no more than another one.
+    if (top > page.height() + line_height()) return;
+    if (top > -2 * line_height()) place_line(left, top, line, page, draw);
+    top += line_height();
+  }
+}
+
+void TextLayout::place_line(double left, double top, std::string_view line, QSizeF page,
+                            const std::function<void(const PlacedPiece&)>& draw) const {
+  // Letters may lean out of the extents that they are measured with.
+  const double overhang = line_height();
+  for (const QString& piece : pieces_of(line)) {
+    if (left > page.width() + overhang) return;
+    const double piece_width = width(piece);
+    if (left + piece_width > -overhang) draw({left, top + ascent(), piece_width, piece});
+    left += piece_width;
+  }
+}
 
 }  // namespace kurv

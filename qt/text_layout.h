@@ -5,7 +5,9 @@
 
 #include <QFont>
 #include <QFontMetricsF>
+#include <QSizeF>
 #include <QString>
+#include <functional>
 #include <string_view>
 #include <vector>
 
@@ -17,6 +19,14 @@ std::vector<std::string_view> lines_of(std::string_view text);
 // Long lines are measured and drawn in pieces: the toolkit's layout counts in 32-bit fractions, and
 // of a megabyte only a few pieces are ever visible. Characters that show nothing become blanks.
 std::vector<QString> pieces_of(std::string_view line);
+
+// What is drawn of a text at once, and where it begins, in twips.
+struct PlacedPiece {
+  double left;
+  double baseline;
+  double width;
+  const QString& text;
+};
 
 // The extents of texts in one font. Lengths are in twips.
 class TextLayout {
@@ -35,7 +45,19 @@ class TextLayout {
     return m_metrics.horizontalAdvance(piece) * m_twips_per_pixel;
   }
 
+  // Of all lines: the widest one, and their height together.
+  double text_width(std::string_view text) const;
+  double text_height(std::string_view text) const;
+
+  // Hands to `draw`, in their order, the pieces of a text that can be seen on a page of that size;
+  // the text has its top-left corner at `at`, which may be NaN, infinite or far away.
+  void place(SurfacePoint at, std::string_view text, QSizeF page,
+             const std::function<void(const PlacedPiece&)>& draw) const;
+
  private:
+  void place_line(double left, double top, std::string_view line, QSizeF page,
+                  const std::function<void(const PlacedPiece&)>& draw) const;
+
   QFont m_font;
   QFontMetricsF m_metrics;
   double m_twips_per_pixel;

@@ -1,6 +1,7 @@
 #include <cmath>
 #include <numbers>
 
+#include "raster/geometry.h"
 #include "raster/stroke_parts.h"
 #include "raster/strokes.h"
 
@@ -46,26 +47,6 @@ class Sector {
   HalfPlane m_end;
   Kind m_kind = Kind::kWhole;
 };
-
-struct TwoParts {
-  double sum, error;
-};
-
-// sum + error is exactly a + b.
-TwoParts exact_sum(double a, double b) {
-  const double sum = a + b;
-  const double b_part = sum - a;
-  return {sum, (a - (sum - b_part)) + (b - b_part)};
-}
-
-// x^2 + y^2 - r^2. The squares of singles are exact in a double, and the roundings of the sums are
-// kept: of a circle of 1e30 pixels the visible piece is exact.
-double power_of_origin(Point centre, float radius) {
-  const double x = centre.x, y = centre.y, r = radius;
-  const TwoParts first = exact_sum(x * x, -(r * r));
-  const TwoParts second = exact_sum(first.sum, y * y);
-  return second.sum + (first.error + second.error);
-}
 
 // Where a row crosses a circle; none if left > right.
 struct Crossing {
@@ -150,11 +131,6 @@ class RingFiller {
 
 constexpr double kFullTurn = 2 * std::numbers::pi;
 
-// How far an arc goes anticlockwise from its start.
-double sweep_of(double start, double end) {
-  return end >= start ? end - start : kFullTurn - std::fmod(start - end, kFullTurn);
-}
-
 // By the distance of pixels as the arc itself, so that it goes on in the dot.
 void add_dot(Coverage& mask, const Pen& pen, double x, double y) {
   constexpr double kLargest = FLT_MAX;
@@ -166,7 +142,7 @@ void add_dot(Coverage& mask, const Pen& pen, double x, double y) {
 }  // namespace
 
 void add_circle(Coverage& mask, const Pen& pen, Point centre, float radius) {
-  if (std::isnan(centre.x) || std::isnan(centre.y) || !(radius >= 0)) return;
+  if (has_nan(centre) || !(radius >= 0)) return;
   centre = finite(centre);
   if (radius == 0) return add_segment(mask, pen, centre, centre);
   RingFiller(mask, pen, centre, finite(radius), Sector()).fill();
@@ -176,7 +152,7 @@ void add_arc(Coverage& mask, const Pen& pen, Point centre, float radius, float s
   if (std::isnan(start) || std::isnan(end)) return;
   const double sweep = sweep_of(finite(start), finite(end));
   if (!(radius > 0) || sweep >= kFullTurn) return add_circle(mask, pen, centre, radius);
-  if (std::isnan(centre.x) || std::isnan(centre.y)) return;
+  if (has_nan(centre)) return;
   centre = finite(centre);
   radius = finite(radius);
 

@@ -4,7 +4,7 @@
 #include <cmath>
 #include <limits>
 
-#include "raster/line_equation.h"
+#include "raster/geometry.h"
 #include "raster/stroke_parts.h"
 
 namespace kurv::raster {
@@ -156,12 +156,12 @@ void Columns::add_run(int first, int end) {
 
 // The visible part of a segment with an end that is far away, the lower x first.
 void Columns::add_far_segment(Point from, Point to) {
-  if (std::isnan(from.y) || std::isnan(to.y)) return;
+  if (has_nan(from) || has_nan(to)) return;
   const double scale = m_pen.pixels_per_unit;
   const double margin = (m_pen.half_width + 2) / scale;
-  const Window window{{-margin, -margin},
-                      {m_cells.width() / scale + margin, m_cells.height() / scale + margin}};
-  const std::optional<VisiblePart> part = visible_part(finite(from), finite(to), window);
+  const Box box{{-margin, -margin},
+                {m_cells.width() / scale + margin, m_cells.height() / scale + margin}};
+  const std::optional<VisiblePart> part = visible_part(finite(from), finite(to), box);
   if (!part) return;
   const auto node_at = [&](double x) {
     return x * scale * m_cells.per_pixel() + m_trace.node_of_zero();

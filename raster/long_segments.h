@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "raster/coverage.h"
-#include "raster/line_equation.h"
+#include "raster/geometry.h"
 #include "raster/strokes.h"
 
 namespace kurv::raster {

@@ -1,7 +1,7 @@
 #include <cmath>
 #include <numbers>
 
-#include "raster/line_equation.h"
+#include "raster/geometry.h"
 #include "raster/long_segments.h"
 #include "raster/strip.h"
 #include "raster/stroke_parts.h"
@@ -142,14 +142,12 @@ class CapsuleFiller {
 };
 
 std::optional<Segment> visible_segment(const Coverage& mask, const Pen& pen, Point from, Point to) {
-  if (std::isnan(from.x) || std::isnan(from.y) || std::isnan(to.x) || std::isnan(to.y)) {
-    return std::nullopt;
-  }
+  if (has_nan(from) || has_nan(to)) return std::nullopt;
   const double scale = pen.pixels_per_unit;
   const double margin = (pen.half_width + 2) / scale;
-  const Window window{{-margin, -margin},
-                      {mask.width() / scale + margin, mask.height() / scale + margin}};
-  const std::optional<VisiblePart> part = visible_part(finite(from), finite(to), window);
+  const Box box{{-margin, -margin},
+                {mask.width() / scale + margin, mask.height() / scale + margin}};
+  const std::optional<VisiblePart> part = visible_part(finite(from), finite(to), box);
   if (!part) return std::nullopt;
   return Segment{{part->from.x * scale, part->from.y * scale},
                  {part->to.x * scale, part->to.y * scale},

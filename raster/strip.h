@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "raster/line_equation.h"
+#include "raster/geometry.h"
 
 namespace kurv::raster {
 

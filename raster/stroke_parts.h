@@ -13,9 +13,6 @@ namespace kurv::raster {
 inline float finite(float value) {
   return std::clamp(value, -FLT_MAX, FLT_MAX);
 }
-inline Point finite(Point point) {
-  return {finite(point.x), finite(point.y)};
-}
 
 // The first pixel, of 0..size, whose centre is not before the coordinate. Given a span's end it is
 // the first pixel that is not inside. (A centre exactly there has no coverage and may go either

@@ -1,5 +1,6 @@
 #include "render/legend_titles.h"
 
+#include <algorithm>
 #include <vector>
 
 #include "render/curves.h"
@@ -129,7 +130,13 @@ void place_titles(const GraphDocument& document, Layout& layout) {
 }
 
 bool has_legend(const GraphDocument& document) {
-  return !legend_entries(document).empty();
+  // Asked wherever the mouse goes, also after an intake that failed between the count of curves and
+  // their flags: no mouse fails for that.
+  const int known = std::min<int>(document.NumY, document.y_visible.upper());
+  for (int k = 1; k <= known; ++k) {
+    if (document.y_visible(k).is_exactly_true()) return true;
+  }
+  return false;
 }
 
 void place_legend(const GraphDocument& document, Layout& layout) {

@@ -1,5 +1,8 @@
 #include "ui/commands.h"
 
+#include <algorithm>
+#include <iterator>
+
 #include "core/control_state.h"
 #include "core/redraw.h"
 #include "render/legend_titles.h"
@@ -18,20 +21,37 @@ void refresh(ControlState& state) {
   build_the_graph(state);
 }
 
+template <Window window, Integer page>
+void show(ControlState& state) {
+  state.shell.show_window(window, page);
+}
+
+struct Command {
+  std::string_view word;
+  void (*run)(ControlState& state);
+};
+
+// "help" is known as a word, but there is nothing that it could show.
+constexpr Command kCommands[] = {
+    {"refresh", refresh},
+    {"print", print_graph},
+    {"copy", copy_graph},
+    {"save", Save_graph},
+    {"saveas", save_dialog},
+    {"open", open_graph},
+    {"setup", show<Window::kProperties, kGeneralPage>},
+    {"titles", show<Window::kProperties, kTitlesPage>},
+    {"curves", show<Window::kCurves, 0>},
+    {"table", show<Window::kTable, 0>},
+};
+
 }  // namespace
 
 void ChartOptions(ControlState& state, std::string_view command) {
   state.container.set_MousePointer(kHourglassPointer);
-  if (command == "refresh") refresh(state);
-  if (command == "print") print_graph(state);
-  if (command == "copy") copy_graph(state);
-  if (command == "save") Save_graph(state);
-  if (command == "saveas") save_dialog(state);
-  if (command == "open") open_graph(state);
-  if (command == "setup") state.shell.show_window(Window::kProperties, kGeneralPage);
-  if (command == "titles") state.shell.show_window(Window::kProperties, kTitlesPage);
-  if (command == "curves") state.shell.show_window(Window::kCurves, 0);
-  if (command == "table") state.shell.show_window(Window::kTable, 0);
+  const auto has_word = [command](const Command& row) { return row.word == command; };
+  const auto* const found = std::find_if(std::begin(kCommands), std::end(kCommands), has_word);
+  if (found != std::end(kCommands)) found->run(state);
   state.container.set_MousePointer(kDefaultPointer);
 }
 

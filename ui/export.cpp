@@ -41,7 +41,8 @@ void save_dialog(ControlState& state) {
 
 void print_graph(ControlState& state) {
   if (!state.printer) state.printer = create<PicturePrinter>(kPicturePrinterClass);
-  const Font& font = state.surface.font();
+  // A copy: a redraw while the print dialog is open may change the surface's font.
+  const Font font = state.surface.font();
   state.printer->PrintPicture(state.surface.bitmap(), font.FontName, "", font.FontSize);
 }
 

@@ -10,7 +10,7 @@ struct ControlState;
 void save_dialog(ControlState& state);
 
 // Hands the picture to the control's printer, which is created at its first print. Throws
-// kCannotCreateObject where no host has registered a class for it.
+// kCannotCreateObject where neither a host nor a desktop has a class for it.
 void print_graph(ControlState& state);
 
 // Puts the picture on the clipboard in place of what was there.

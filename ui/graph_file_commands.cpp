@@ -12,10 +12,12 @@ namespace kurv {
 
 namespace {
 
-void mark_saved(GraphDocument& document, const String& path) {
+void mark_saved(ControlState& state, const String& path) {
+  GraphDocument& document = state.document;
   document.FileName = path;
   document.SavedTitle = document.Title;
   document.GraphSaved = true;
+  state.container.filed();
 }
 
 GraphFile read(ControlState& state, const String& path) {
@@ -67,7 +69,7 @@ void file_load(ControlState& state, const String& path) {
   take_in(state, graph);
   restore_view(state, graph);
   build_the_graph(state);
-  mark_saved(state.document, path);
+  mark_saved(state, path);
 }
 
 void Save_graph(ControlState& state) {
@@ -84,7 +86,7 @@ void save_graph_file(ControlState& state, const String& path) {
   const Container& container = state.container;
   write_graph_file(path, state.document, state.layout, {container.Height(), container.Width()},
                    state.decimal_separator);
-  mark_saved(state.document, path);
+  mark_saved(state, path);
 }
 
 // The extension is what stands behind the first dot of the whole path, so a dot in a folder's name

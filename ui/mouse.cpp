@@ -1,6 +1,9 @@
 #include "ui/mouse.h"
 
+#include <KurvGraph/fault.h>
+
 #include <algorithm>
+#include <utility>
 
 #include "core/control_state.h"
 #include "core/events.h"
@@ -39,6 +42,11 @@ auto& handle_of(AnyLayout& layout, Item item) {
       break;
   }
   return layout.picLegend;
+}
+
+// Twips that no Single can hold are an overflow, not an infinite place that no file could keep.
+Single moved(Double from, Double by) {
+  return to_single(Variant(from + by));
 }
 
 }  // namespace
@@ -111,8 +119,12 @@ SurfacePoint within(const ControlState& state, Item item, SurfacePoint at) {
 
 void mouse_down(ControlState& state, SurfacePoint at) {
   grab(state, at);
-  if (const std::optional<Region> region = region_at(state, at))
-    state.mouse.marked.push_back(*region);
+  state.mouse.holder = MouseHolder::kSurface;
+  const std::optional<Region> region = region_at(state, at);
+  std::vector<Region>& marked = state.mouse.marked;
+  if (region && std::find(marked.begin(), marked.end(), *region) == marked.end()) {
+    marked.push_back(*region);
+  }
 }
 
 void mouse_up(ControlState& state, Integer Button, Integer Shift, Single x, Single Y) {
@@ -136,6 +148,7 @@ void open_window_of(ControlState& state, std::optional<Region> region) {
 
 void item_mouse_down(ControlState& state, SurfacePoint within) {
   grab(state, within);
+  state.mouse.holder = MouseHolder::kItem;
 }
 
 void item_double_click(ControlState& state, Item item) {
@@ -145,21 +158,50 @@ void item_double_click(ControlState& state, Item item) {
 void drop(ControlState& state, std::string_view tag, SurfacePoint at) {
   const std::optional<Item> item = item_of(tag);
   if (!item) return;
+  state.mouse.holder = MouseHolder::kNobody;
+  const Single left = moved(at.x, -state.mouse.GrabX);
+  const Single top = moved(at.y, -state.mouse.GrabY);
   Rect& handle = handle_of(state.layout, *item);
-  handle.left = at.x - state.mouse.GrabX;
-  handle.top = at.y - state.mouse.GrabY;
+  handle.left = left;
+  handle.top = top;
   build_the_graph(state);
 }
 
 void drop_on(ControlState& state, Item target, std::string_view tag, SurfacePoint within) {
   const Rect& rect = rect_of(state, target);
-  drop(state, tag, {within.x + rect.left, within.y + rect.top});
+  drop(state, tag, {moved(within.x, rect.left), moved(within.y, rect.top)});
+}
+
+void press(ControlState& state, SurfacePoint at) {
+  if (const std::optional<Item> item = item_at(state, at)) {
+    item_mouse_down(state, within(state, *item, at));
+  } else {
+    mouse_down(state, at);
+  }
+}
+
+void release(ControlState& state, Integer Button, Integer Shift, Single x, Single Y) {
+  const MouseHolder holder = std::exchange(state.mouse.holder, MouseHolder::kNobody);
+  const bool is_on_item = holder == MouseHolder::kNobody ? item_at(state, {x, Y}).has_value()
+                                                         : holder == MouseHolder::kItem;
+  if (!is_on_item) mouse_up(state, Button, Shift, x, Y);
+}
+
+void double_click(ControlState& state, SurfacePoint at) {
+  if (const std::optional<Item> item = item_at(state, at)) {
+    item_double_click(state, *item);
+  } else {
+    double_click(state);
+  }
 }
 
 void drag(ControlState& state, std::string_view tag, SurfacePoint from, SurfacePoint at,
           std::string_view on) {
-  grab(state, from);
   const std::optional<Item> target = item_of(on);
+  if (!target && !on.empty()) throw Fault(FaultKind::kInvalidProcedureCall);
+  const std::optional<Item> item = item_of(tag);
+  if (!item || !is_shown(state, *item)) return;
+  item_mouse_down(state, from);
   if (target) {
     drop_on(state, *target, tag, at);
   } else {

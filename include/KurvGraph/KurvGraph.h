@@ -16,9 +16,14 @@
 // A locale that the host sets on the widget itself decides about the decimal separator in graph
 // files and prompts, a comma or else a point; the system's does not.
 //
-// A right click, once MouseUp() has come, and the menu key open a menu of settings and curves that
-// the user is asked for. A host with a menu of its own sets another contextMenuPolicy(); in design
-// mode there is none.
+// At the top stands a toolbar, the child "tbrGraph", and below it the plot, the child "PicGraph",
+// which gets the keyboard's focus when it is given to the widget. While one of them has it, Ctrl+S,
+// Ctrl+O, Ctrl+P, Ctrl+C and F5 are the commands "save", "open", "print", "copy" and "refresh",
+// unless the host has an action of its own with that key.
+//
+// A right click, once MouseUp() has come, and the menu key open a menu of windows and settings. A
+// host with a menu of its own sets another contextMenuPolicy(). In design mode neither the mouse
+// nor the keyboard has an effect.
 //
 // The widget may be deleted at any time, also in a slot of its own signals or while one of its
 // message boxes is open.
@@ -28,12 +33,16 @@
 #include <KurvGraph/fault.h>
 #include <KurvGraph/values.h>
 
+#include <QByteArray>
 #include <QImage>
 #include <QPointF>
+#include <QRect>
 #include <QString>
 #include <QWidget>
+#include <functional>
 #include <memory>
 #include <optional>
+#include <string_view>
 #include <vector>
 
 namespace kurv {
@@ -94,6 +103,8 @@ class KurvGraph : public QWidget {
   Q_PROPERTY(int MarkerSize READ MarkerSize WRITE set_MarkerSize)
   Q_PROPERTY(QString Title READ Title WRITE set_Title)
   Q_PROPERTY(QString SubTitle READ SubTitle WRITE set_SubTitle)
+  Q_PROPERTY(bool toolbar_visible READ toolbar_visible WRITE set_toolbar_visible)
+  Q_PROPERTY(bool shortcuts_enabled READ shortcuts_enabled WRITE set_shortcuts_enabled)
 
  public:
   explicit KurvGraph(QWidget* parent = nullptr);
@@ -145,7 +156,9 @@ class KurvGraph : public QWidget {
   // Sorts the plotted data by ascending x, points moving whole. Does not redraw.
   Q_INVOKABLE void Sort_xy();
   // Runs one command by its word: "refresh" puts title, subtitle and legend back in their home
-  // places and redraws; "save", "saveas" and "open" work with graph files. Other words do nothing.
+  // places and redraws; "save", "saveas" and "open" work with graph files; "print" and "copy" take
+  // the picture; "setup" and "titles", "curves" and "table" open the windows. Other words do
+  // nothing. A command that fails leaves the hourglass on.
   Q_INVOKABLE void ChartOptions(const QString& command);
   // Default marker size and margins, limits from the data, and a redraw.
   Q_INVOKABLE void Restore_Grf();
@@ -235,15 +248,48 @@ class KurvGraph : public QWidget {
   QString SubTitle() const;
   void set_SubTitle(const QString& value);
 
+  // -- The graph's file -----------------------------------------------------------------------
+  // The path last loaded or written, empty before the first; the bytes by which the platform knows
+  // the file, which need not be UTF-8. So are those of load_path(), which is file_load() otherwise.
+  String FileName() const;
+  void load_path(const String& path);
+  // False again after every redraw and every resize.
+  bool GraphSaved() const;
+  // Forgets the path, so that other data are never saved over an older graph.
+  void reset_file();
+  // Whether data have come that can be plotted. Without them nothing is drawn.
+  bool has_graph() const;
+  // The expressions of the function curves, in their order.
+  std::vector<QString> functions() const;
+  // Hands over, piece by piece, what the graph file would say now but for the control's size. Two
+  // graphs with the same text are the same graph, whatever the size of their windows. Throws
+  // kSubscriptOutOfRange for more than 30 function curves.
+  void graph_text(const std::function<void(std::string_view)>& sink) const;
+
   // -- Picture --------------------------------------------------------------------------------
-  // What has been drawn, in device pixels. A hidden widget takes up a new size with the next call
-  // that may draw.
+  // What has been drawn in the plot, in device pixels. A hidden widget takes up a new size with the
+  // next call that may draw.
   QImage image() const;
+  // Where the plot stands in the widget: all that the toolbar leaves.
+  QRect plot_rect() const;
+  // The graph as the next redraw would show it, as a document of lines and text, made from copies:
+  // nothing of the graph changes. Blank while there is no graph.
+  QByteArray svg() const;
+  QByteArray pdf() const;
   // The data coordinates at a point of the widget, and back, by the limits and the plot rectangle
   // as they are; both also outside the plot. Nothing while there is no graph, or the limits of an
   // axis are equal.
   std::optional<QPointF> data_at(QPointF pixel) const;
   std::optional<QPointF> pixel_of(double x, double y) const;
+
+  // -- Around the plot ------------------------------------------------------------------------
+  // On by default. The plot gets or gives the room, which is a resize. The widget's usual size is
+  // that of a plot of 720 x 480 pixels with a toolbar, where there is one.
+  bool toolbar_visible() const;
+  void set_toolbar_visible(bool on);
+  // Whether the keys above are commands. On by default.
+  bool shortcuts_enabled() const;
+  void set_shortcuts_enabled(bool on);
 
   // In design mode a form editor shows the control: it redraws at every resize, and a Show does
   // nothing. Off by default.
@@ -254,12 +300,17 @@ class KurvGraph : public QWidget {
   QSize minimumSizeHint() const override;
 
  Q_SIGNALS:
-  // A mouse button was released over the graph. Button is 1 left, 2 right, 4 middle; Shift adds up
-  // 1 shift, 2 control, 4 alt; the point is in twips.
+  // A mouse button that went down on the plot, but not on the title, the subtitle or the legend,
+  // came up. Button is 1 left, 2 right, 4 middle; Shift adds up 1 shift, 2 control, 4 alt; the
+  // point is in twips of the plot, not of the widget, and may be outside of it.
   void MouseUp(int Button, int Shift, float x, float Y);
   // After each redraw that was complete: before the host's call returns, or, where an event of the
   // toolkit caused it, once that event is over.
   void redrawn();
+  // The graph has just been loaded from its file or written to it. It comes in the midst of that: a
+  // slot may look at the graph and must leave it as it is, or be connected with
+  // Qt::QueuedConnection.
+  void filed();
   // Something that the user or the toolkit did has failed; the graph is as the error left it. When
   // nobody listens, a message box says so.
   void runTimeError(int number, const QString& text);
@@ -269,12 +320,15 @@ class KurvGraph : public QWidget {
   // shown, and whoever lends it gives it its size. It must outlive the widget.
   KurvGraph(PlotSurface& lent, QWidget* parent);
 
+  // What a button of the toolbar or a key has asked for, by the word that ChartOptions() knows. It
+  // is run once the current event is over, because a command may show a dialog and the widget may
+  // be gone after it. A derived class may do something of its own instead.
+  virtual void run_command(const QString& word);
+
   bool event(QEvent* event) override;
-  void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void showEvent(QShowEvent* event) override;
-  void mousePressEvent(QMouseEvent* event) override;
-  void mouseReleaseEvent(QMouseEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
 

@@ -2,7 +2,8 @@
 //
 // A component is created by its class identifier, and a host may register a class of its own under
 // one: what the control then creates is the host's. Four of the five are created once per process,
-// when the library's first control is made, so a host registers before that.
+// when the library's first control is made, so a host registers before that. Each control makes its
+// printer at its first print; a built-in one comes with the first widget.
 #pragma once
 
 #include <functional>

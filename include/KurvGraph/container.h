@@ -21,6 +21,9 @@ class Container {
   virtual void set_Width(Single twips) = 0;
   // The end of each redraw that drew the whole graph.
   virtual void redrawn() {}
+  // The graph has just been loaded from its file or written to it, and nothing has changed it
+  // since. The control is still at work: the host may look at the graph and must leave it as it is.
+  virtual void filed() {}
   // The control's one event: a mouse button was released over the plot. Button is 1 left, 2 right,
   // 4 middle; Shift adds up 1 shift, 2 control, 4 alt; the point is in twips of the surface.
   virtual void MouseUp(Integer Button, Integer Shift, Single x, Single Y) = 0;

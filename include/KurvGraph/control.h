@@ -60,11 +60,12 @@ class Control {
   void show();
   // Each time the surface's size has changed.
   void resize();
-  // Unloads the three windows, also where they serve another control by now; deliberate.
+  // Unloads the three windows, also where they serve another control by now; deliberate. The next
+  // command that shows one loads it again.
   void CloseMe();
-  // Before the host destroys the control: where QueryForSave is True and the graph is not saved,
-  // asks the user whether to save it, and does so. A save that fails throws as Save_graph() does.
-  // Asks once; later calls do nothing.
+  // Before the host destroys the control: releases the windows that serve it; then, where
+  // QueryForSave is True and the graph is not saved, asks the user whether to save it, and does so.
+  // A save that fails throws as Save_graph() does. Asks once; later calls do nothing.
   void terminate();
 
   // -- Methods --------------------------------------------------------------------------------
@@ -105,10 +106,13 @@ class Control {
   void Save_graph();
   // Sorts the plotted data by ascending x, points moving whole. Does not redraw.
   void Sort_xy();
-  // Runs one command by its word: "refresh" puts title, subtitle and legend back in their home
-  // places and redraws; "save" is Save_graph(); "saveas" asks for a file and writes it; "open" asks
-  // for a graph file, loads it and redraws once more, so that the graph counts as not saved. Other
-  // words do nothing.
+  // Runs one command by its word, compared exactly: "refresh" puts title, subtitle and legend back
+  // in their home places and redraws; "save" is Save_graph(); "saveas" asks for a file and writes
+  // the graph or its picture; "open" asks for a graph file, loads it and redraws once more, so that
+  // the graph counts as not saved; "print" hands the picture to the control's printer and throws
+  // kCannotCreateObject where there is none; "copy" puts it on the clipboard; "setup" and "titles"
+  // show the properties, "curves" the curves and functions, "table" the numbers. Other words do
+  // nothing, "help" among them. The hourglass stands meanwhile, and stays when a command throws.
   void ChartOptions(std::string_view command);
   // Default marker size and margins, limits from the data, and a redraw.
   void Restore_Grf();
@@ -214,17 +218,24 @@ class Control {
 
   // -- Events ---------------------------------------------------------------------------------
   // What a mouse does on the plot; points in twips of the surface. A point on the title, the
-  // subtitle or the legend goes to that item, any other to the surface.
+  // subtitle or the legend goes to that item, any other to the surface. What is not shown gets
+  // nothing: an empty title, a legend without an entry, all three before there is a graph.
   // A button went down. On the surface this marks the part of the axes that lies there.
   void press_mouse(Integer Button, Integer Shift, Single x, Single Y);
-  // A button came up. On the surface this hides the marks and raises the event MouseUp: the
-  // container hears it, and so does every listener. On an item it does nothing.
+  // A button came up. It belongs to where the press before it was, wherever the pointer is by now;
+  // without a press, to what lies there. On the surface this hides the marks and raises the event
+  // MouseUp: the container hears it, and so does every listener. On an item it does nothing.
   void release_mouse(Integer Button, Integer Shift, Single x, Single Y);
-  // A double click, after the press that it began with. Opens the window in which what lies there
-  // is edited.
+  // A double click, after the press that it began with. Opens the window in which what was pressed
+  // is edited: an item sends its command, "titles" or "curves"; the labels show the properties of
+  // the axes, the frame those of the lines; all else, also an empty plot, the curves.
   void double_click(Single x, Single Y);
   // Drags "Title", "SubTitle" or "legend" by `grab`, a point of its own, to `drop`, a point of the
-  // surface or, where `on` names one of the three, of that item. Redraws. Other tags do nothing.
+  // surface or, where `on` names one of the three, of that item, and redraws. Nothing happens for
+  // another tag or an item that is not shown. The item may end up anywhere, but a redraw brings one
+  // back that stands beyond the right or bottom edge, and a graph file with a place beyond -32768
+  // cannot be loaded. Throws kInvalidProcedureCall for any other `on`, and kOverflow for a place
+  // that no Single holds.
   void drag(std::string_view tag, SurfacePoint grab, SurfacePoint drop, std::string_view on = {});
   // For hosts that bind late; listeners stay as long as the control does, which none of them may
   // destroy.
@@ -232,6 +243,11 @@ class Control {
 
   // The expressions of the function curves, in their order.
   std::vector<String> functions() const;
+
+  // Paints the graph as the next redraw would show it on another surface, which should have the
+  // size of the control's own; blank while there is no graph. Works on copies: nothing of the
+  // control changes, it stays as saved as it was, and nobody is told. Throws what a redraw throws.
+  void draw_on(PlotSurface& surface) const;
 
   // -- The graph's file -----------------------------------------------------------------------
   // The path last loaded or written, empty before the first.

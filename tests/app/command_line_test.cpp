@@ -146,12 +146,14 @@ TEST(CommandLine, EveryTakesAWholeNumberAboveZero) {
   }
 }
 
-TEST(CommandLine, OnlyTwoKindsOfPicturesAreKnown) {
-  EXPECT_EQ(picture_format("a.PNG"), "PNG");
-  EXPECT_EQ(picture_format("dir.png/a.Bmp"), "BMP");
+TEST(CommandLine, OnlyFourKindsOfPicturesAreKnown) {
+  EXPECT_EQ(picture_format("a.PNG"), PictureFormat::kPng);
+  EXPECT_EQ(picture_format("dir.png/a.Bmp"), PictureFormat::kBmp);
+  EXPECT_EQ(picture_format("a.b.SVG"), PictureFormat::kSvg);
+  EXPECT_EQ(picture_format("a.pdf"), PictureFormat::kPdf);
   for (const char* name : {"a.jpg", "a", "", "png", "a.png.txt", "a.png/"}) {
     EXPECT_THAT(misuse_of({"render", "data.csv", "--output", name}),
-                AllOf(HasSubstr(".png"), HasSubstr(".bmp")))
+                HasSubstr(".png, .bmp, .svg or .pdf"))
         << name;
   }
 }

@@ -22,6 +22,10 @@ TEST_F(Host, PictureIsWrittenAtItsScale) {
   load();
   EXPECT_EQ(error(R"({"picture":)" + quoted(path("out.png")) + "}"), 0);
   EXPECT_EQ(QImage(path("out.png")).size(), QSize(400, 200));
+  for (const char* name : {"out.svg", "out.pdf"}) {
+    EXPECT_EQ(error(R"({"picture":)" + quoted(path(name)) + "}"), 0);
+    EXPECT_TRUE(QFileInfo(path(name)).size() > 200) << name;
+  }
   EXPECT_EQ(error(R"({"picture":"/nosuch/out.png"})"), 76);
   EXPECT_NE(error(R"({"picture":"/proc/out.png"})"), 0);
 }

@@ -143,7 +143,7 @@ TEST_F(Program, MistakesInTheCommandLineEndWithTwo) {
   expect_refusal(run({"--title", "no file"}), 2, "a file is missing");
   expect_refusal(run({""}), 2, "the name of a file is empty; name one");
   expect_refusal(run({"render", "", "-o", path("out.png")}), 2, "is empty; name one");
-  expect_refusal(run({"render", small(), "-o", path("out.jpg")}), 2, ".png or .bmp");
+  expect_refusal(run({"render", small(), "-o", path("out.jpg")}), 2, ".png, .bmp, .svg or .pdf");
   expect_refusal(render(small(), {"--size", "0x0"}), 2, "--size takes");
   expect_refusal(render(small(), {"--set", "NumTicks=many"}), 2, "takes a whole number");
   expect_refusal(render(small(), {"--set", "Nonsense=1"}), 2, "no property");

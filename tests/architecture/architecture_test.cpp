@@ -73,8 +73,8 @@ bool matches(const Source& source, const char* pattern) {
 
 bool may_know_the_toolkit(const Source& source) {
   return source.room == "qt" || source.room == "dialogs" || source.room == "app" ||
-         source.room == "examples" ||
-         source.path == "include/KurvGraph/picture.h" ||
+         source.room == "examples" || source.path == "include/KurvGraph/picture.h" ||
+         source.path == "include/KurvGraph/vector_picture.h" ||
          source.path == "include/KurvGraph/KurvGraph.h";
 }
 

@@ -144,6 +144,16 @@ TEST(Automation, MethodsTakeArraysAndOmitOptionalArguments) {
       << "a number is no array";
 }
 
+TEST(Automation, CommandsAndCloseMeAreReached) {
+  test::TestHost host;
+  host.shell.windows.clear();
+  std::vector<Variant> word{String("titles")};
+  call_method(host.control, "chartoptions", word);
+  std::vector<Variant> none;
+  call_method(host.control, 0x6003010DU, none);
+  EXPECT_EQ(host.shell.windows, (std::vector<std::string>{"frmPropert 1", "unload"}));
+}
+
 TEST(Automation, MouseUpReachesTheContainerAndEveryListener) {
   test::TestHost host;
   std::vector<std::string> heard;

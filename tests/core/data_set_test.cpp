@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+
 #include "tests/support/test_host.h"
 
 namespace kurv {
@@ -101,6 +103,53 @@ TEST(RefreshSortedData, KeepsBothOrdersAndLeavesTheSelectedOne) {
     host.control.build_the_graph();
     EXPECT_TRUE(document.xyArr == (sorted ? document.xyArrUnsorted : document.xyArrSorted));
   }
+}
+
+TEST(RefreshSortedData, RemembersThePlaceOfEachSortedPoint) {
+  TestHost host;
+  host.load({3, 1, 2, 1}, {30, 10, 20, 11});
+  const GraphDocument& document = host.document();
+  for (int i = 1; i <= 4; ++i) {
+    const int place = document.sorted_places(i);
+    EXPECT_EQ(document.xyArrSorted(1, i), document.xyArrUnsorted(1, place)) << i;
+    EXPECT_EQ(document.xyArrSorted(2, i), document.xyArrUnsorted(2, place)) << i;
+  }
+  const unsigned revision = document.data_revision;
+  host.load({1, 2}, {10, 20});
+  EXPECT_EQ(document.sorted_places.upper(), 2) << "no more than there are points";
+  EXPECT_EQ(document.sorted_places(2), 2);
+  EXPECT_NE(document.data_revision, revision);
+}
+
+TEST(RefreshSortedData, PlacesOutliveADirectSortOfThePlottedData) {
+  TestHost host;
+  host.load({3, 1, 2}, {30, 10, 20});
+  host.control.Sort_xy();
+  EXPECT_EQ(host.document().sorted_places(1), 2);
+  EXPECT_EQ(host.document().xyArrUnsorted(1, 1), 3);
+}
+
+TEST(ValidatePoints, AsksForTwoFiniteXThatDiffer) {
+  constexpr Double kNaN = std::numeric_limits<Double>::quiet_NaN();
+  constexpr Double kInf = std::numeric_limits<Double>::infinity();
+  const auto verdict = [](const std::vector<Double>& x) {
+    GraphDocument document;
+    document.NumData = static_cast<Integer>(x.size());
+    document.xyArrUnsorted = Matrix<Double>(0, 150, 0, document.NumData);
+    for (int i = 1; i <= document.NumData; ++i) {
+      document.xyArrUnsorted(1, i) = x[static_cast<std::size_t>(i - 1)];
+    }
+    return validate_points(document).value_or("");
+  };
+  EXPECT_EQ(verdict({1, 2}), "");
+  EXPECT_EQ(verdict({kNaN, 1, kInf, 1, 2}), "");
+  for (const auto& x : std::vector<std::vector<Double>>{
+           {1, 1}, {1, kNaN}, {kNaN, kNaN}, {1, kInf}, {-kInf, kInf}}) {
+    EXPECT_EQ(verdict(x), "Graph cannot be plotted when all x values are the same.");
+  }
+  EXPECT_EQ(verdict({}),
+            "Graph cannot be plotted with 1 or less x axis values.\r\n"
+            "Graph cannot be plotted when all x values are the same.");
 }
 
 }  // namespace

@@ -3,6 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <memory>
+#include <string>
+#include <vector>
 
 #include "tests/support/test_host.h"
 
@@ -169,6 +172,60 @@ TEST(Resize, AsksTheNumericHelperForTheLargerSize) {
   host.services.numeric = std::make_unique<Fixed>();
   host.control.resize();
   EXPECT_EQ(host.layout().plot.PlotWidth, 1234) << "a half goes to the even neighbour";
+}
+
+using Log = std::vector<std::string>;
+
+// Writes the question into the log of the windows.
+struct OrderedShell final : test::ScriptedShell {
+  Answer message_box(std::string_view text, int flags, std::string_view title) override {
+    windows.emplace_back("message");
+    return ScriptedShell::message_box(text, flags, title);
+  }
+};
+
+struct OrderedHost {
+  test::PlainContainer container;
+  OrderedShell shell;
+  RecordingSurface surface{12000, 9000};
+  std::unique_ptr<Control> control = std::make_unique<Control>(container, shell, surface);
+};
+
+TEST(Windows, AreLoadedOnceForEveryControlThatIsMade) {
+  TestHost host;
+  EXPECT_EQ(host.shell.windows, Log{"load"});
+}
+
+TEST(Windows, CloseMeUnloadsThemAndTheNextCommandShowsThemAgain) {
+  TestHost host;
+  host.control.CloseMe();
+  host.control.CloseMe();
+  host.control.ChartOptions("table");
+  EXPECT_EQ(host.shell.windows, (Log{"load", "unload", "unload", "frmTable 0"}));
+}
+
+TEST(Windows, AreReleasedBeforeTheQuestionAndOnce) {
+  OrderedHost host;
+  host.control->set_QueryForSave(true);
+  host.control->terminate();
+  host.control->terminate();
+  host.control.reset();
+  EXPECT_EQ(host.shell.windows, (Log{"load", "release", "message"}));
+}
+
+TEST(Windows, AreReleasedAlsoWhereNothingIsAsked) {
+  OrderedHost host;
+  host.control.reset();
+  EXPECT_EQ(host.shell.windows, (Log{"load", "release"}));
+}
+
+TEST(Windows, AreReleasedAlsoWhereTheSaveFails) {
+  OrderedHost host;
+  host.control->set_QueryForSave(true);
+  host.shell.answers = {Answer::kYes};
+  host.shell.files = {{"/nosuch/folder/a.gdf", 1}};
+  EXPECT_THROW(host.control->terminate(), Fault);
+  EXPECT_EQ(host.shell.windows, (Log{"load", "release", "message"}));
 }
 
 }  // namespace

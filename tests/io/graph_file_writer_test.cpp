@@ -37,6 +37,22 @@ struct GraphFileWriterTest : test::GraphFileTest {
   ControlSize size{4800, 7200};
 };
 
+TEST_F(GraphFileWriterTest, TheTextWithoutASizeLacksThoseTwoLinesAlone) {
+  const auto text = [this](const std::optional<ControlSize>& of_size) {
+    String result;
+    write_graph_text([&result](std::string_view piece) { result += piece; }, document, layout,
+                     of_size, '.');
+    return result;
+  };
+  String whole;
+  for (const std::string& each : written()) whole += each + "\r\n";
+  EXPECT_EQ(text(size), whole);
+  const String lines = "\r\n 4800 \r\n 7200 \r\n";
+  const std::size_t at = whole.find(lines);
+  ASSERT_NE(at, whole.npos);
+  EXPECT_EQ(text(std::nullopt), whole.erase(at, lines.size() - 2));
+}
+
 TEST_F(GraphFileWriterTest, WritesEveryLineInItsPlaceAndKind) {
   document.SubTitle = "Sub";
   document.NumTicks = 8;

@@ -4,6 +4,7 @@
 #include <KurvGraph/control.h>
 
 #include <deque>
+#include <functional>
 #include <optional>
 #include <string>
 #include <utility>
@@ -31,7 +32,7 @@ struct PlainContainer final : Container {
 };
 
 // Keeps what was shown and answers from lists; what has no answer is cancelled or answered No.
-struct ScriptedShell final : Shell {
+struct ScriptedShell : Shell {
   struct Message {
     std::string text;
     int flags;
@@ -50,6 +51,7 @@ struct ScriptedShell final : Shell {
   String input_prompt(std::string_view text, std::string_view title,
                       std::string_view default_text) override {
     prompts.push_back({std::string(text), std::string(title), std::string(default_text)});
+    if (while_prompting) while_prompting();
     return next(inputs, String());
   }
   void beep() override { ++beeps; }
@@ -95,6 +97,7 @@ struct ScriptedShell final : Shell {
   std::vector<std::string> copied;
   std::vector<std::string> windows;  // what was asked of them, such as "frmPropert 2"
   int beeps = 0;
+  std::function<void()> while_prompting;  // what happens elsewhere while a prompt is open
 };
 
 inline List<Double> points(std::vector<Double> values) {

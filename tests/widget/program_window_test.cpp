@@ -5,6 +5,7 @@
 #include <QImage>
 #include <QPixmap>
 #include <QProcess>
+#include <QProcessEnvironment>
 #include <QScreen>
 #include <QSet>
 #include <QTemporaryDir>
@@ -54,13 +55,53 @@ bool shows_a_graph(WId id) {
 }
 
 struct Ended {
-  explicit Ended(QProcess& running) : process(running) {}
+  // The program keeps its list of recent files in a folder of the test.
+  explicit Ended(QProcess& running) : process(running) {
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert("XDG_CONFIG_HOME", settings.path());
+    process.setProcessEnvironment(environment);
+  }
   ~Ended() {
     process.kill();
     process.waitForFinished();
   }
+  QTemporaryDir settings;
   QProcess& process;
 };
+
+QString title(const char* file) {
+  return QString(file) + QStringLiteral(" .*kurv");
+}
+
+// Where in a window the picture is; menus and bars stand around it.
+bool shows(WId id, const QImage& picture) {
+  const QImage shot = QGuiApplication::primaryScreen()->grabWindow(id).toImage().convertToFormat(
+      QImage::Format_RGB32);
+  for (int top = 0; top + picture.height() <= shot.height(); ++top) {
+    if (shot.copy(QRect(QPoint(0, top), picture.size())) == picture) return true;
+  }
+  return false;
+}
+
+void keys(const QStringList& names) {
+  output_of("xdotool", QStringList("key") + names);
+  QTest::qWait(300);
+}
+
+void type(const QString& text) {
+  output_of("xdotool", {"type", text});
+  QTest::qWait(300);
+}
+
+// Also where it has ended already.
+bool has_ended(const QProcess& process) {
+  return QTest::qWaitFor([&] { return process.state() == QProcess::NotRunning; }, 10000);
+}
+
+void activate(WId id) {
+  output_of("xdotool", {"windowactivate", "--sync", QString::number(id)});
+  QTest::qWait(300);
+}
 
 QString example(const char* name) {
   return QString(KURV_SOURCE_DIR "/examples/data/") + name;
@@ -70,14 +111,14 @@ TEST(ProgramWindow, TwoFilesOpenTwoWindows) {
   QProcess kurv;
   const Ended ended(kurv);
   kurv.start(KURV_PROGRAM, {example("co2.csv"), example("penguins.csv"), "--size", "500x300"});
-  const WId first = wait_for_window("co2.csv");
-  const WId second = wait_for_window("penguins.csv");
+  const WId first = wait_for_window(title("co2.csv"));
+  const WId second = wait_for_window(title("penguins.csv"));
   EXPECT_NE(first, second);
   EXPECT_TRUE(shows_a_graph(first));
   EXPECT_TRUE(shows_a_graph(second));
-  EXPECT_EQ(QGuiApplication::primaryScreen()->grabWindow(first).size(), QSize(500, 300));
   close_window(first);
-  EXPECT_TRUE(QTest::qWaitFor([] { return visible_window("co2.csv", "--name") == 0; }, 10000));
+  EXPECT_TRUE(
+      QTest::qWaitFor([] { return visible_window(title("co2.csv"), "--name") == 0; }, 10000));
   EXPECT_EQ(kurv.state(), QProcess::Running) << "the other window is still open";
   close_window(second);
   EXPECT_TRUE(kurv.waitForFinished(10000));
@@ -99,25 +140,66 @@ TEST(ProgramWindow, ShowsThePixelsThatRenderWrites) {
   QProcess kurv;
   const Ended ended(kurv);
   kurv.start(KURV_PROGRAM, QStringList{example("co2.csv")} + choice);
-  const WId window = wait_for_window("co2.csv");
-  EXPECT_TRUE(QTest::qWaitFor(
-      [&] {
-        return QGuiApplication::primaryScreen()->grabWindow(window).toImage().convertToFormat(
-                   QImage::Format_RGB32) == expected;
-      },
-      10000));
+  const WId window = wait_for_window(title("co2.csv"));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return shows(window, expected); }, 10000));
 }
 
 TEST(ProgramWindow, AFileThatCannotBeReadIsSaidAndTheOtherOpens) {
   QProcess kurv;
   const Ended ended(kurv);
   kurv.start(KURV_PROGRAM, {"no_such_file.csv", example("co2.csv")});
-  const WId window = wait_for_window("co2.csv");
+  const WId window = wait_for_window(title("co2.csv"));
   close_window(window);
   EXPECT_TRUE(kurv.waitForFinished(10000));
   EXPECT_EQ(kurv.exitCode(), 1);
   EXPECT_EQ(kurv.readAllStandardError(),
             "kurv: no_such_file.csv cannot be read: No such file or directory; check the name.\n");
+}
+
+TEST(ProgramWindow, WithoutAFileItBeginsEmptyAndImportsATable) {
+  QTemporaryDir folder;
+  const QString table = folder.filePath("a.csv");
+  QFile file(table);
+  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+  file.write("t,up,down\n1,2,9\n2,4,6\n3,8,4\n");
+  file.close();
+  QProcess kurv;
+  const Ended ended(kurv);
+  kurv.start(KURV_PROGRAM, QStringList());
+  const WId window = wait_for_window("kurv");
+  activate(window);
+  keys({"ctrl+o"});
+  activate(wait_for_window("Open"));
+  type(table);
+  keys({"Return"});
+  activate(wait_for_window("Import a.csv"));
+  keys({"Return"});
+  EXPECT_EQ(wait_for_window(title("a.csv")), window);
+  EXPECT_TRUE(shows_a_graph(window));
+  keys({"ctrl+q"});
+  EXPECT_TRUE(has_ended(kurv)) << "nothing was changed, so nothing is asked";
+  EXPECT_EQ(kurv.exitCode(), 0);
+}
+
+TEST(ProgramWindow, SavesByKeysAndIsFoundSavedAfterwards) {
+  QTemporaryDir folder;
+  QProcess kurv;
+  const Ended ended(kurv);
+  kurv.start(KURV_PROGRAM, {example("co2.csv"), "--size", "500x300"});
+  const WId before = wait_for_window(title("co2.csv"));
+  activate(before);
+  keys({"ctrl+s"});
+  // The dialog has no title of its own.
+  EXPECT_TRUE(QTest::qWaitFor(
+      [before] { return output_of("xdotool", {"getactivewindow"}).toULongLong() != before; },
+      10000));
+  type(folder.filePath("kept"));
+  keys({"Return"});
+  const WId window = wait_for_window(title("kept.gdf"));
+  EXPECT_TRUE(QFile::exists(folder.filePath("kept.gdf")));
+  close_window(window);
+  EXPECT_TRUE(has_ended(kurv));
+  EXPECT_EQ(kurv.exitCode(), 0);
 }
 
 TEST(ProgramWindow, TheSmallestHostShowsAGraph) {

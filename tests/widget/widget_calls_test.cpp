@@ -12,14 +12,14 @@ namespace {
 
 using testing::ElementsAre;
 
-class OpenGraph : public KurvGraph {
+class ContainedGraph : public KurvGraph {
  public:
   // The widget as the control sees it.
   Container& container() { return *m_state; }
 };
 
 TEST(WidgetCalls, SizesAreFifteenTwipsAPixel) {
-  OpenGraph graph;
+  ContainedGraph graph;
   graph.resize(400, 300);
   graph.build_the_graph();
   EXPECT_EQ(graph.container().Width(), 6000);
@@ -27,11 +27,12 @@ TEST(WidgetCalls, SizesAreFifteenTwipsAPixel) {
   graph.container().set_Width(3000);
   graph.container().set_Height(1507);
   EXPECT_EQ(graph.size(), QSize(200, 100));
-  EXPECT_EQ(graph.image().size(), QSize(200, 100));
+  EXPECT_EQ(graph.image().size(), QSize(200, 100 - graph.plot_rect().top()))
+      << "the toolbar is part of the outer size alone";
 }
 
 TEST(WidgetCalls, ASizeThatIsAskedForIsOneRedraw) {
-  OpenGraph graph;
+  ContainedGraph graph;
   graph.plot(small_graph());
   graph.show();
   Listener listener(graph);
@@ -43,7 +44,7 @@ TEST(WidgetCalls, ASizeThatIsAskedForIsOneRedraw) {
 }
 
 TEST(WidgetCalls, AtTheCeilingALargerWindowStaysAsItIs) {
-  OpenGraph graph;
+  ContainedGraph graph;
   graph.resize(5000, 4000);
   graph.build_the_graph();
   EXPECT_EQ(graph.container().Width(), 32767);
@@ -56,7 +57,7 @@ TEST(WidgetCalls, AtTheCeilingALargerWindowStaysAsItIs) {
 }
 
 TEST(WidgetCalls, AbsurdSizesAreTakenAsFarAsTheyGo) {
-  OpenGraph graph;
+  ContainedGraph graph;
   graph.container().set_Width(-100);
   EXPECT_EQ(graph.width(), 1);
   graph.container().set_Height(0);
@@ -79,18 +80,19 @@ TEST(WidgetCalls, TheHourglassGoesWhenTheCommandIsDoneAndStaysWhenItFails) {
 
 TEST(WidgetCalls, AReleasedButtonIsToldInTwips) {
   KurvGraph graph;
-  graph.resize(400, 300);
+  resize_plot(graph, {400, 300});
   graph.show();
+  QWidget* const plot = plot_of(graph);
   std::vector<std::tuple<int, int, float, float>> seen;
   QObject::connect(&graph, &KurvGraph::MouseUp, [&](int button, int shift, float x, float y) {
     seen.emplace_back(button, shift, x, y);
   });
-  QTest::mousePress(&graph, Qt::LeftButton, {}, {10, 20});
+  QTest::mousePress(plot, Qt::LeftButton, {}, {10, 20});
   EXPECT_TRUE(seen.empty());
-  QTest::mouseRelease(&graph, Qt::LeftButton, {}, {10, 20});
-  QTest::mouseClick(&graph, Qt::RightButton, Qt::ShiftModifier | Qt::AltModifier, {1, 0});
-  QTest::mouseClick(&graph, Qt::MiddleButton, Qt::ControlModifier, {399, 299});
-  QTest::mouseClick(&graph, Qt::BackButton, {}, {1, 1});
+  QTest::mouseRelease(plot, Qt::LeftButton, {}, {10, 20});
+  QTest::mouseClick(plot, Qt::RightButton, Qt::ShiftModifier | Qt::AltModifier, {1, 0});
+  QTest::mouseClick(plot, Qt::MiddleButton, Qt::ControlModifier, {399, 299});
+  QTest::mouseClick(plot, Qt::BackButton, {}, {1, 1});
   EXPECT_THAT(seen, ElementsAre(std::tuple(1, 0, 150.f, 300.f), std::tuple(2, 5, 15.f, 0.f),
                                 std::tuple(4, 2, 5985.f, 4485.f)));
 }

@@ -111,7 +111,7 @@ TEST(WidgetLife, MayBeDeletedInASlotOfAClick) {
   const QPointer<KurvGraph> graph = new KurvGraph;
   graph->show();
   QObject::connect(graph, &KurvGraph::MouseUp, graph, [&] { delete graph.data(); });
-  QTest::mouseClick(graph, Qt::LeftButton);
+  QTest::mouseClick(plot_of(*graph), Qt::LeftButton);
   EXPECT_FALSE(graph);
 }
 

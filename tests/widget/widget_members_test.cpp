@@ -40,13 +40,22 @@ QMetaType::Type toolkit_type(ValueType type) {
 
 TEST(WidgetMembers, PropertiesAreThoseOfTheControlInItsOrder) {
   const std::vector<QMetaProperty> found = own_properties();
-  ASSERT_EQ(found.size(), properties().size());
-  for (std::size_t i = 0; i < found.size(); ++i) {
+  ASSERT_EQ(found.size(), properties().size() + 2);
+  for (std::size_t i = 0; i < properties().size(); ++i) {
     const Member& expected = properties()[i];
     EXPECT_EQ(found[i].name(), expected.name);
     EXPECT_EQ(found[i].typeId(), toolkit_type(expected.type)) << expected.name;
     EXPECT_TRUE(found[i].isWritable()) << expected.name;
   }
+}
+
+TEST(WidgetMembers, TheWidgetsOwnPropertiesFollow) {
+  const std::vector<QMetaProperty> found = own_properties();
+  EXPECT_STREQ(found[found.size() - 2].name(), "toolbar_visible");
+  EXPECT_STREQ(found[found.size() - 1].name(), "shortcuts_enabled");
+  KurvGraph graph;
+  EXPECT_EQ(graph.property("toolbar_visible"), true);
+  EXPECT_EQ(graph.property("shortcuts_enabled"), true);
 }
 
 TEST(WidgetMembers, EveryPropertyKeepsWhatItIsGiven) {
@@ -102,7 +111,7 @@ TEST(WidgetMembers, MethodsAndSignalsHaveTheirNames) {
   }
   EXPECT_THAT(own_methods(QMetaMethod::Method), IsSupersetOf(expected));
   EXPECT_THAT(own_methods(QMetaMethod::Signal),
-              testing::ElementsAre("MouseUp", "redrawn", "runTimeError"));
+              testing::ElementsAre("MouseUp", "redrawn", "filed", "runTimeError"));
   EXPECT_GE(KurvGraph::staticMetaObject.indexOfSignal("MouseUp(int,int,float,float)"), 0);
 }
 

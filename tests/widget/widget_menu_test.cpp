@@ -8,19 +8,12 @@
 #include <memory>
 #include <set>
 
-#include "core/control_state.h"
-#include "qt/kurv_graph_state.h"
-#include "tests/widget/widget_support.h"
+#include "tests/widget/hands.h"
 
 namespace kurv::test {
 namespace {
 
 using testing::ElementsAre;
-
-class OpenGraph : public KurvGraph {
- public:
-  GraphDocument& document() { return m_state->graph.state().document; }
-};
 
 // The menu that is open.
 QMenu* open_menu() {
@@ -31,6 +24,9 @@ QMenu* open_menu() {
 QAction* action(const char* name) {
   return open_menu() ? open_menu()->findChild<QAction*>(name) : nullptr;
 }
+
+// Where neither an item nor a part of the axes is.
+constexpr QPoint kPlain(300, 200);
 
 class WidgetMenu : public testing::Test {
  protected:
@@ -43,21 +39,24 @@ class WidgetMenu : public testing::Test {
   void TearDown() override {
     if (open_menu()) open_menu()->close();
   }
-  void right_click() { QTest::mouseClick(&m_graph, Qt::RightButton, {}, {300, 200}); }
+  void right_click() { click(Qt::RightButton); }
+  void click(Qt::MouseButton button) { QTest::mouseClick(plot_of(m_graph), button, {}, kPlain); }
 
   OpenGraph m_graph;
 };
 
-TEST_F(WidgetMenu, OffersEverythingThatIsPromptedForByName) {
+TEST_F(WidgetMenu, OffersTheWindowsAndEverythingThatIsPromptedForByName) {
   right_click();
   ASSERT_NE(open_menu(), nullptr);
   std::vector<std::string> texts;
   for (const QAction* entry : open_menu()->actions()) {
     if (!entry->isSeparator()) texts.push_back(entry->text().remove('&').toStdString());
   }
-  EXPECT_THAT(texts, ElementsAre("Marker Size…", "Left Margin…", "Right Margin…", "Top Margin…",
-                                 "Bottom Margin…", "X Axis Title…", "Axis Font…", "Title Font…",
-                                 "Subtitle Font…", "Add Function…", "Add Derived Curve…"));
+  EXPECT_THAT(texts, ElementsAre("Curves and Functions…", "Titles and Fonts…", "Axes…",
+                                 "Lines and Markers…", "Table…", "Marker Size…", "Left Margin…",
+                                 "Right Margin…", "Top Margin…", "Bottom Margin…", "X Axis Title…",
+                                 "Axis Font…", "Title Font…", "Subtitle Font…", "Add Function…",
+                                 "Add Derived Curve…"));
 }
 
 TEST_F(WidgetMenu, EveryEntryHasALetterOfItsOwn) {
@@ -83,23 +82,47 @@ TEST_F(WidgetMenu, AScreenReaderFindsItsEntries) {
   EXPECT_EQ(menu->role(), QAccessible::PopupMenu);
   EXPECT_EQ(menu->text(QAccessible::Name), "Graph");
   ASSERT_EQ(menu->childCount(), open_menu()->actions().size());
-  EXPECT_EQ(menu->child(0)->text(QAccessible::Name), "Marker Size…");
+  EXPECT_EQ(menu->child(0)->text(QAccessible::Name), "Curves and Functions…");
 }
 
 TEST_F(WidgetMenu, ComesAfterTheHostHasHeardOfTheClick) {
   bool open_at_mouse_up = true;
   QObject::connect(&m_graph, &KurvGraph::MouseUp,
                    [&] { open_at_mouse_up = open_menu() != nullptr; });
-  QTest::mousePress(&m_graph, Qt::RightButton, {}, {300, 200});
+  QTest::mousePress(plot_of(m_graph), Qt::RightButton, {}, kPlain);
   EXPECT_EQ(open_menu(), nullptr) << "a press is no click yet";
-  QTest::mouseRelease(&m_graph, Qt::RightButton, {}, {300, 200});
+  QTest::mouseRelease(plot_of(m_graph), Qt::RightButton, {}, kPlain);
   EXPECT_FALSE(open_at_mouse_up);
   EXPECT_NE(open_menu(), nullptr);
 }
 
+TEST_F(WidgetMenu, ComesOnAnItemTooOfWhichTheHostHearsNothing) {
+  int ups = 0;
+  QObject::connect(&m_graph, &KurvGraph::MouseUp, [&] { ++ups; });
+  Mouse(m_graph.view(), Qt::RightButton).click(middle(m_graph.layout().picLegend));
+  EXPECT_NE(open_menu(), nullptr);
+  EXPECT_EQ(ups, 0);
+}
+
+TEST_F(WidgetMenu, ItsFirstEntriesOpenTheWindows) {
+  const std::pair<const char*, const char*> entries[] = {{"mnuCurves", "frmCurves"},
+                                                         {"mnuTitles", "frmPropert"},
+                                                         {"mnuAxes", "frmPropert"},
+                                                         {"mnuLines", "frmPropert"},
+                                                         {"mnuTable", "frmTable"}};
+  ShownWindows windows;
+  for (const auto& [entry, window] : entries) {
+    right_click();
+    ASSERT_NE(action(entry), nullptr);
+    action(entry)->trigger();
+    open_menu()->close();
+    EXPECT_THAT(windows.names(), ElementsAre(window)) << entry;
+  }
+}
+
 TEST_F(WidgetMenu, OtherButtonsOpenNone) {
-  QTest::mouseClick(&m_graph, Qt::LeftButton, {}, {300, 200});
-  QTest::mouseClick(&m_graph, Qt::MiddleButton, {}, {300, 200});
+  click(Qt::LeftButton);
+  click(Qt::MiddleButton);
   EXPECT_EQ(open_menu(), nullptr);
 }
 
@@ -153,16 +176,14 @@ TEST_F(WidgetMenu, TheWidgetMayGoInASlotOfTheClick) {
   auto* const graph = new KurvGraph;
   QObject::connect(graph, &KurvGraph::MouseUp, graph, [&] { delete graph; });
   graph->show();
-  QMouseEvent release(QEvent::MouseButtonRelease, QPointF(5, 5), QPointF(5, 5), Qt::RightButton,
-                      Qt::NoButton, Qt::NoModifier);
-  QApplication::sendEvent(graph, &release);
+  QTest::mouseClick(plot_of(*graph), Qt::RightButton, {}, {5, 5});
   EXPECT_EQ(open_menu(), nullptr);
 }
 
 TEST_F(WidgetMenu, AChosenEntryOfAWidgetThatIsGoneDoesNothing) {
   auto graph = std::make_unique<KurvGraph>();
   graph->show();
-  QTest::mouseClick(graph.get(), Qt::RightButton);
+  QTest::mouseClick(plot_of(*graph), Qt::RightButton);
   ASSERT_NE(action("mnuMarkerSize"), nullptr);
   action("mnuMarkerSize")->trigger();
   graph.reset();
@@ -177,7 +198,7 @@ TEST_F(WidgetMenu, AClosedMenuIsNotKept) {
     open_menu()->close();
   }
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-  EXPECT_TRUE(m_graph.findChildren<QMenu*>().isEmpty());
+  EXPECT_TRUE(m_graph.findChildren<QMenu*>("mnuPlot").isEmpty());
 }
 
 // -- Curves from expressions

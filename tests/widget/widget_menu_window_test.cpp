@@ -12,19 +12,12 @@
 #include <functional>
 #include <vector>
 
-#include "core/control_state.h"
-#include "qt/kurv_graph_state.h"
-#include "tests/widget/widget_support.h"
+#include "tests/widget/hands.h"
 
 namespace kurv::test {
 namespace {
 
 using testing::ElementsAre;
-
-class OpenGraph : public KurvGraph {
- public:
-  GraphDocument& document() { return m_state->graph.state().document; }
-};
 
 // What a user does: waits for something to be there, then presses keys. A timer drives it, because
 // prompts run event loops of their own.

@@ -21,7 +21,7 @@ TEST(WidgetRatio, ThePictureHasTheScreensOwnPixels) {
   KurvGraph graph;
   ASSERT_EQ(graph.devicePixelRatioF(), wanted_ratio());
   for (const QSize size : {QSize(600, 400), QSize(601, 399), QSize(1, 1)}) {
-    graph.resize(size);
+    resize_plot(graph, size);
     graph.plot(small_graph());
     EXPECT_EQ(graph.image().width(), device_pixels(size.width()));
     EXPECT_EQ(graph.image().height(), device_pixels(size.height()));
@@ -35,7 +35,7 @@ TEST(WidgetRatio, ThePicturesPixelsAreTheScreens) {
   graph.plot(small_graph());
   graph.show();
   process_all();
-  EXPECT_EQ(graph.grab().toImage().convertToFormat(QImage::Format_RGB32), graph.image());
+  EXPECT_EQ(plot_of(graph)->grab().toImage().convertToFormat(QImage::Format_RGB32), graph.image());
 }
 
 TEST(WidgetRatio, ThePlotStandsWhereItDoesAtEveryRatio) {

@@ -31,7 +31,7 @@ TEST(WidgetScreens, APictureFollowsItsWindowToAScreenOfAnotherRatioInOneRedraw) 
   window.show();
   Listener listener(*graph);
   listener.redraws_since();
-  const QSize logical = graph->size();
+  const QSize logical = graph->plot_rect().size();
   EXPECT_EQ(graph->image().size(), logical);
 
   window.windowHandle()->setScreen(dense);

@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QObject>
 #include <QString>
+#include <QWidget>
 #include <utility>
 #include <vector>
 
@@ -13,6 +14,16 @@ namespace kurv::test {
 
 inline Graph small_graph() {
   return {.title = "Small", .x = {1, 2, 3}, .y = {{"a", {1, 4, 2}}, {"b", {3, 1, 5}}}};
+}
+
+// The child that shows the picture and takes the mouse.
+inline QWidget* plot_of(const KurvGraph& graph) {
+  return graph.findChild<QWidget*>(QStringLiteral("PicGraph"));
+}
+
+// Makes the widget so large that its plot has this size.
+inline void resize_plot(KurvGraph& graph, QSize size) {
+  graph.resize(graph.size() + size - graph.plot_rect().size());
 }
 
 // Until everything that was posted is done, and what that has posted in turn.

@@ -1,31 +1,22 @@
 // The widget in a real window, with a real window manager and a real mouse.
 #include <gmock/gmock.h>
 
-#include <QProcess>
 #include <QScreen>
 #include <QTest>
 #include <QWindow>
 #include <tuple>
 
+#include "tests/widget/tools.h"
 #include "tests/widget/widget_support.h"
 
 namespace kurv::test {
 namespace {
 
-// Runs a tool of the window system while the window lives on.
-void run_tool(const QString& program, const QStringList& arguments) {
-  QProcess process;
-  process.start(program, arguments);
-  EXPECT_TRUE(QTest::qWaitFor([&] { return process.state() == QProcess::NotRunning; }, 10000));
-  EXPECT_EQ(process.exitCode(), 0)
-      << program.toStdString() << process.readAllStandardError().toStdString();
-}
-
 class WidgetWindow : public testing::Test {
  protected:
   void SetUp() override {
     ASSERT_EQ(QGuiApplication::platformName(), "xcb") << "this test needs a real window";
-    m_graph.resize(600, 400);
+    resize_plot(m_graph, {600, 400});
     m_graph.plot(small_graph());
     m_graph.setWindowTitle("graph under test");
     m_graph.show();
@@ -52,12 +43,13 @@ TEST_F(WidgetWindow, ARealClickIsToldInTwips) {
                    });
   // The menu that a right click opens would take the next one.
   m_graph.setContextMenuPolicy(Qt::NoContextMenu);
-  run_tool("xdotool", {"mousemove", "--window", id(), "100", "60", "click", "1", "click", "3",
-                       "keydown", "shift", "click", "2", "keyup", "shift"});
+  run_tool("xdotool",
+           {"mousemove", "--window", id(), "300", QString::number(m_graph.plot_rect().top() + 200),
+            "click", "1", "click", "3", "keydown", "shift", "click", "2", "keyup", "shift"});
   EXPECT_TRUE(QTest::qWaitFor([&] { return buttons.size() == 3; }, 5000));
   EXPECT_THAT(buttons, testing::ElementsAre(std::tuple(1, 0), std::tuple(2, 0), std::tuple(4, 1)));
-  EXPECT_EQ(x, 1500);
-  EXPECT_EQ(y, 900);
+  EXPECT_EQ(x, 4500);
+  EXPECT_EQ(y, 3000);
 }
 
 TEST_F(WidgetWindow, AResizeByTheWindowManagerIsOneRedraw) {
@@ -89,10 +81,11 @@ TEST_F(WidgetWindow, TheScreenShowsThePicturesOwnPixels) {
   EXPECT_TRUE(QTest::qWaitFor(
       [&] {
         shot = m_graph.screen()->grabWindow(m_graph.winId()).toImage();
-        return shot.convertToFormat(QImage::Format_RGB32) == m_graph.image();
+        return shot.copy(m_graph.plot_rect()).convertToFormat(QImage::Format_RGB32) ==
+               m_graph.image();
       },
       5000));
-  EXPECT_EQ(shot.size(), QSize(600, 400));
+  EXPECT_EQ(shot.size(), m_graph.size());
 }
 
 TEST_F(WidgetWindow, UncoveringTheWindowDrawsNothingAnew) {
@@ -116,7 +109,7 @@ TEST_F(WidgetWindow, MayBeDeletedInASlotOfARealClick) {
   graph->show();
   ASSERT_TRUE(QTest::qWaitForWindowActive(graph));
   run_tool("xdotool",
-           {"mousemove", "--window", QString::number(graph->winId()), "50", "50", "click", "1"});
+           {"mousemove", "--window", QString::number(graph->winId()), "200", "200", "click", "1"});
   EXPECT_TRUE(QTest::qWaitFor([&] { return clicked; }, 5000));
 }
 

@@ -1,0 +1,64 @@
+// The menus of the main window: their words, keys and order.
+#pragma once
+
+#include <QAction>
+#include <QMenu>
+#include <functional>
+#include <string>
+#include <vector>
+
+class QMainWindow;
+
+namespace kurv::app {
+
+// What the menus do. `send` gets a command word of the graph.
+struct MenuCommands {
+  std::function<void()> new_window;
+  std::function<void()> open;
+  std::function<void(const std::string& path)> open_recent;
+  std::function<std::vector<std::string>()> recent;
+  std::function<void()> clear_recent;
+  std::function<void()> save;
+  std::function<void()> export_picture;
+  std::function<void()> close;
+  std::function<void()> quit;
+  std::function<void(const char* word)> send;
+  std::function<void(bool on)> show_toolbar;
+  std::function<void()> getting_started;
+  std::function<void()> about;
+};
+
+// What a graph has to be for an action to make sense.
+enum class Needs { kNothing, kData, kGraph };
+
+// Every action has an object name that begins with "mnu", such as mnuOpen, mnuSave, mnuSaveAs,
+// mnuExportPicture; the files of mnuRecent are mnuRecent1 and so on.
+class MainMenu {
+ public:
+  MainMenu(QMainWindow& window, MenuCommands commands);
+
+  // Data may be there that cannot be plotted.
+  void enable(bool has_data, bool has_graph);
+
+ private:
+  struct Entry {
+    QAction* action;
+    Needs needs;
+  };
+
+  void make_file_menu();
+  void make_edit_menu();
+  void make_graph_menu();
+  void make_help_menu();
+  QMenu* menu(const QString& text, const char* name);
+  void add(QMenu* menu, const char* name, const QString& text, const QKeySequence& key, Needs needs,
+           const QString& tip, std::function<void()> work);
+  std::function<void()> word(const char* word) const;
+  void fill_recent(QMenu* menu);
+
+  QMainWindow& m_window;
+  MenuCommands m_commands;
+  std::vector<Entry> m_entries;
+};
+
+}  // namespace kurv::app

@@ -1,0 +1,56 @@
+#include "dialogs/field_rules.h"
+
+#include <KurvGraph/number_text.h>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace kurv {
+
+namespace {
+
+std::optional<Integer> whole_number(std::string_view text, char decimal_separator, Double least,
+                                    Double most) {
+  const std::optional<Double> number = text_to_number(text, decimal_separator);
+  // Written so that NaN is refused.
+  if (!number || !(*number >= least && *number <= most)) return std::nullopt;
+  return to_integer(*number);
+}
+
+}  // namespace
+
+std::optional<Integer> tick_count(std::string_view text, char decimal_separator) {
+  return whole_number(text, decimal_separator, 5, 100);
+}
+
+std::optional<Integer> marker_size(std::string_view text, char decimal_separator) {
+  return whole_number(text, decimal_separator, 10, 200);
+}
+
+std::optional<Integer> line_width(std::string_view text, char decimal_separator) {
+  return whole_number(text, decimal_separator, 1, 4);
+}
+
+Integer margin_twips(std::string_view text, char decimal_separator) {
+  const Double number = text_to_number(text, decimal_separator).value_or(0);
+  if (std::isnan(number)) return 0;
+  constexpr Double kLeast = std::numeric_limits<Integer>::min();
+  constexpr Double kMost = std::numeric_limits<Integer>::max();
+  return to_integer(std::clamp(number, kLeast, kMost));
+}
+
+std::optional<Double> axis_limit(std::string_view changed, std::string_view min,
+                                 std::string_view max, char decimal_separator) {
+  const auto number = [&](std::string_view text) {
+    return text_to_number(text, decimal_separator);
+  };
+  const std::optional<Double> limit = number(changed);
+  const std::optional<Double> low = number(min);
+  const std::optional<Double> high = number(max);
+  // Neither an infinite axis nor one from or to NaN has a place for any point.
+  if (!limit || !std::isfinite(*limit) || !low || !high || !(*low < *high)) return std::nullopt;
+  return limit;
+}
+
+}  // namespace kurv

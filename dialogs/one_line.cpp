@@ -1,0 +1,46 @@
+#include "dialogs/one_line.h"
+
+namespace kurv {
+
+namespace {
+
+// More of a name than this nobody reads, and laying it out takes a while.
+constexpr qsizetype kLongestShown = 1000;
+
+QString without_breaks(const QString& text) {
+  QString line = text.left(kLongestShown);
+  for (QChar& character : line) {
+    if (character.isSpace() || character.category() == QChar::Other_Control) character = u' ';
+  }
+  return line;
+}
+
+}  // namespace
+
+QString on_one_line(const String& text) {
+  return without_breaks(QString::fromStdString(text));
+}
+
+QString name_tip(const String& text) {
+  const QString shown = QString::fromStdString(text).left(kLongestShown);
+  return QStringLiteral("<p style='white-space:pre-wrap'>") + shown.toHtmlEscaped() +
+         QStringLiteral("</p>");
+}
+
+QString OneLine::displayText(const QVariant& value, const QLocale&) const {
+  return without_breaks(value.toString());
+}
+
+QSize OneLine::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {
+  const int air = option.fontMetrics.height() / 4;
+  return {1, QStyledItemDelegate::sizeHint(option, index).height() + air};
+}
+
+// The toolkit's own style outlines a box in a shade of the window's colour that is darker still:
+// on a dark desktop nobody sees an empty one.
+void OneLine::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
+  QStyledItemDelegate::initStyleOption(option, index);
+  option->palette.setColor(QPalette::Window, Qt::gray);
+}
+
+}  // namespace kurv

@@ -1,0 +1,156 @@
+#include <QFormLayout>
+#include <QGridLayout>
+#include <QVBoxLayout>
+
+#include "core/axis_range.h"
+#include "core/control_state.h"
+#include "dialogs/field_rules.h"
+#include "dialogs/propert_pages.h"
+
+namespace kurv {
+
+namespace {
+
+struct Limit {
+  const char* name;
+  const char* caption;
+  const char* description;
+  Double (Control::*get)() const;
+  void (Control::*set)(Double);
+};
+
+// What one axis has and the other has too.
+struct Axis {
+  const char* frame;
+  const char* caption;
+  Limit min;
+  Limit max;
+
+  const char* exact_box;
+  const char* exact_caption;
+  Boolean GraphDocument::*is_exact;
+  void (*set_exact)(ControlState&, Boolean);
+
+  const char* format_box;
+  const char* format_label;
+  const char* format_caption;
+  const char* format_description;
+  String (Control::*format)() const;
+  void (Control::*set_format)(const String&);
+};
+
+constexpr Axis kX{
+    .frame = "Frame3",
+    .caption = "X axis",
+    .min = {"txtXAxis_2", "&Minimum:", "Minimum of the x axis", &Control::xmin, &Control::set_xmin},
+    .max = {"txtXAxis_1", "Maxim&um:", "Maximum of the x axis", &Control::xmax, &Control::set_xmax},
+    .exact_box = "chkXZoom",
+    .exact_caption = "&Exact range of the data",
+    .is_exact = &GraphDocument::XLimitsExact,
+    .set_exact = basKurvGraph01::set_XLimitsExact,
+    .format_box = "cmbXFormat",
+    .format_label = "Label12",
+    .format_caption = "Number &format:",
+    .format_description = "Number format of the x axis",
+    .format = &Control::AxisLabelFormatX,
+    .set_format = &Control::set_AxisLabelFormatX,
+};
+
+constexpr Axis kY{
+    .frame = "Frame4",
+    .caption = "Y axis",
+    .min = {"txtYAxis_2", "Mi&nimum:", "Minimum of the y axis", &Control::ymin, &Control::set_ymin},
+    .max = {"txtYAxis_1", "Max&imum:", "Maximum of the y axis", &Control::ymax, &Control::set_ymax},
+    .exact_box = "chkYZoom",
+    .exact_caption = "Exact range &of the data",
+    .is_exact = &GraphDocument::YLimitsExact,
+    .set_exact = basKurvGraph01::set_YLimitsExact,
+    .format_box = "cmbYFormat",
+    .format_label = "Label13",
+    .format_caption = "Num&ber format:",
+    .format_description = "Number format of the y axis",
+    .format = &Control::AxisLabelFormatY,
+    .set_format = &Control::set_AxisLabelFormatY,
+};
+
+QStringList formats() {
+  return QStringLiteral("0 0.0 0.00 0.000 0.0000 0.00000 0.0E+0 0.00E+0 0.000E+0 0.0000E+0")
+      .split(u' ');
+}
+
+QLineEdit* limit_box(PropertPage& page, const Limit& limit) {
+  const auto shown = [&limit](Control& control) {
+    return shown_number(control, (control.*limit.get)());
+  };
+  QLineEdit* const box = page.text_box(limit.name, limit.description, shown);
+  box->setToolTip(QStringLiteral("Taken while the minimum is below the maximum; drawn by Apply"));
+  return box;
+}
+
+// Only the limit whose text has changed is stored, and nothing is drawn, because an axis on its way
+// from one range to another would be drawn over and over.
+void store_changes(PropertPage& page, QLineEdit* changed, QLineEdit* min, QLineEdit* max,
+                   const Limit& limit) {
+  QObject::connect(changed, &QLineEdit::textChanged, &page, [=, &page, &limit] {
+    page.edit([&](Control& control) {
+      const std::optional<Double> value =
+          axis_limit(text_of(*changed), text_of(*min), text_of(*max), control.decimal_separator());
+      if (value) (control.*limit.set)(*value);
+    });
+  });
+}
+
+QCheckBox* exact_box(PropertPage& page, const Axis& axis) {
+  QCheckBox* const box = page.check_box(
+      axis.exact_box, axis.exact_caption,
+      [&axis](Control& control) { return control.state().document.*axis.is_exact; },
+      [&axis](Control& control, Boolean exact) { axis.set_exact(control.state(), exact); });
+  box->setToolTip(QStringLiteral("Otherwise the limits are widened to round numbers"));
+  QObject::connect(box, &QCheckBox::toggled, &page, &PropertPage::refill);
+  return box;
+}
+
+QGroupBox* axis_frame(PropertPage& page, const Axis& axis) {
+  QGroupBox* const frame = page.frame(axis.frame, axis.caption);
+  auto* const form = new QFormLayout(frame);
+  QLineEdit* const min = limit_box(page, axis.min);
+  QLineEdit* const max = limit_box(page, axis.max);
+  store_changes(page, min, min, max, axis.min);
+  store_changes(page, max, min, max, axis.max);
+  form->addRow(QString::fromUtf8(axis.min.caption), min);
+  form->addRow(QString::fromUtf8(axis.max.caption), max);
+  form->addRow(exact_box(page, axis));
+  QComboBox* const format = page.list_box(
+      axis.format_box, axis.format_description, formats(),
+      [&axis](Control& control) { return QString::fromStdString((control.*axis.format)()); },
+      store_and_draw(axis.set_format));
+  form->addRow(page.label(axis.format_label, axis.format_caption, format), format);
+  return frame;
+}
+
+}  // namespace
+
+void build_axes_page(PropertPage& page) {
+  auto* const grid = new QGridLayout(&page);
+  grid->addWidget(axis_frame(page, kX), 0, 0);
+  grid->addWidget(axis_frame(page, kY), 0, 1);
+
+  auto* const ticks = new QFormLayout;
+  QLineEdit* const count = page.number_box("txtAxisTicks", "Number of tick intervals, 5 to 100",
+                                           &Control::NumTicks, &Control::set_NumTicks, tick_count);
+  ticks->addRow(page.label("Label14", "Tic&k intervals, 5 to 100:", count), count);
+  grid->addLayout(ticks, 1, 0);
+
+  auto* const lines = new QVBoxLayout;
+  lines->addWidget(page.check_box("chkXGrids", "&Horizontal grid lines", &Control::X_grid,
+                                  store_and_draw(&Control::set_X_grid)));
+  lines->addWidget(page.check_box("chkYGrids", "&Vertical grid lines", &Control::Y_grid,
+                                  store_and_draw(&Control::set_Y_grid)));
+  grid->addLayout(lines, 1, 1);
+  grid->setColumnStretch(0, 1);
+  grid->setColumnStretch(1, 1);
+  grid->setRowStretch(2, 1);
+  page.setFocusProxy(page.findChild<QLineEdit*>(QLatin1String(kX.min.name)));
+}
+
+}  // namespace kurv

@@ -1,0 +1,96 @@
+#include <QGridLayout>
+#include <QPointer>
+#include <QVBoxLayout>
+
+#include "core/axis_range.h"
+#include "core/control_state.h"
+#include "dialogs/field_rules.h"
+#include "dialogs/propert_pages.h"
+#include "ui/prompted_settings.h"
+
+namespace kurv {
+
+namespace {
+
+using MarginOf = Integer (Control::*)() const;
+
+// The new limits have to be there before the graph is drawn; a redraw alone never computes them.
+void turn_autoscale(Control& control, Boolean on) {
+  control.set_Autoscale(on);
+  ControlState& state = control.state();
+  if (on) basKurvGraph01::compute_axis_range(state.document, *state.services.numeric);
+  control.build_the_graph();
+}
+
+// The message about a refused margin takes the focus from the box, which then asks for the margin
+// to be applied once more, when the text no longer counts as changed. The box may be gone when the
+// message is.
+void apply_margin(Control& control, QLineEdit* box, Margin margin, MarginOf get) {
+  const QPointer<QLineEdit> held(box);
+  box->setModified(false);
+  if (box->text() == shown_number(control, (control.*get)())) return;
+  const Integer twips = margin_twips(text_of(*box), control.decimal_separator());
+  const bool accepted = set_margin(control.state(), margin, twips);
+  if (held) show_text(*held, shown_number(control, (control.*get)()));
+  if (accepted) control.build_the_graph();
+}
+
+QLineEdit* margin_box(PropertPage& page, const char* name, const char* description, Margin margin,
+                      MarginOf get) {
+  QLineEdit* const box = page.text_box(name, description, [get](Control& control) {
+    return shown_number(control, (control.*get)());
+  });
+  const auto apply = [&page, box, margin, get] {
+    if (!box->isModified()) return;
+    page.edit([=](Control& control) { apply_margin(control, box, margin, get); });
+  };
+  // Queued, so that no message is open inside the box's own code, under which the window may go.
+  QObject::connect(box, &QLineEdit::editingFinished, &page, apply, Qt::QueuedConnection);
+  return box;
+}
+
+QGroupBox* margins(PropertPage& page) {
+  QGroupBox* const frame = page.frame("Frame1", "Margins in twips, 1440 to the inch");
+  auto* const grid = new QGridLayout(frame);
+  int cell = 0;
+  const auto add = [&](const char* label, const char* caption, QLineEdit* box) {
+    box->setToolTip(QStringLiteral("Taken when you press Enter or leave the field"));
+    grid->addWidget(page.label(label, caption, box), cell / 2, cell % 2 * 3);
+    grid->addWidget(box, cell / 2, cell % 2 * 3 + 1);
+    ++cell;
+  };
+  add("Label2", "To&p:",
+      margin_box(page, "txtMarginTop", "Top margin in twips", Margin::kTop, &Control::Top_margine));
+  add("Label3", "&Bottom:",
+      margin_box(page, "txtMarginBottom", "Bottom margin in twips", Margin::kBottom,
+                 &Control::Bottom_margine));
+  add("Label4", "L&eft:",
+      margin_box(page, "txtMarginLeft", "Left margin in twips", Margin::kLeft,
+                 &Control::Left_margine));
+  add("Label5", "R&ight:",
+      margin_box(page, "txtMarginRight", "Right margin in twips", Margin::kRight,
+                 &Control::Right_margine));
+  // The two columns of captions keep clear of each other.
+  grid->setColumnMinimumWidth(2, frame->fontMetrics().averageCharWidth() * 2);
+  return frame;
+}
+
+}  // namespace
+
+void build_general_page(PropertPage& page) {
+  auto* const rows = new QVBoxLayout(&page);
+  QCheckBox* const sort = page.check_box("chkSort", "&Sort the points by x", &Control::SortXY,
+                                         store_and_draw(&Control::set_SortXY));
+  rows->addWidget(sort);
+  rows->addWidget(page.check_box("chkConnected", "Co&nnect the points with lines",
+                                 &Control::Connected, store_and_draw(&Control::set_Connected)));
+  QCheckBox* const autoscale = page.check_box("chkAutoScale", "Limits &follow the data",
+                                              &Control::Autoscale, turn_autoscale);
+  QObject::connect(autoscale, &QCheckBox::toggled, &page, &PropertPage::refill);
+  rows->addWidget(autoscale);
+  rows->addWidget(margins(page));
+  rows->addStretch();
+  page.setFocusProxy(sort);
+}
+
+}  // namespace kurv

@@ -1,0 +1,60 @@
+#include <QFormLayout>
+
+#include "core/control_state.h"
+#include "dialogs/field_rules.h"
+#include "dialogs/propert_pages.h"
+
+namespace kurv {
+
+namespace {
+
+QComboBox* width_box(PropertPage& page, const char* name, const char* description,
+                     Integer (Control::*get)() const, void (Control::*set)(Integer)) {
+  return page.list_box(
+      name, description,
+      {QStringLiteral("1"), QStringLiteral("2"), QStringLiteral("3"), QStringLiteral("4")},
+      [get](Control& control) { return shown_number(control, (control.*get)()); },
+      [set](Control& control, const String& chosen) {
+        const std::optional<Integer> width = line_width(chosen, control.decimal_separator());
+        if (width) {
+          store_and_draw(set)(control, *width);
+        } else {
+          control.state().shell.beep();
+        }
+      });
+}
+
+QLineEdit* marker_box(PropertPage& page) {
+  QLineEdit* const box =
+      page.number_box("txtMarkerSize", "Marker size in twips, 10 to 200", &Control::MarkerSize,
+                      &Control::set_MarkerSize, marker_size);
+  QObject::connect(box, &QLineEdit::returnPressed, &page,
+                   [&page] { page.edit([](Control& control) { control.build_the_graph(); }); });
+  return box;
+}
+
+}  // namespace
+
+void build_lines_page(PropertPage& page) {
+  auto* const form = new QFormLayout(&page);
+  QComboBox* const curves = width_box(page, "cmbCurvesWidth", "Width of the curves in pixels",
+                                      &Control::CurvesWidth, &Control::set_CurvesWidth);
+  form->addRow(page.label("Label15", "C&urve width in pixels:", curves), curves);
+  QComboBox* const border =
+      width_box(page, "cmbBorderWidth", "Width of the plot's border in pixels",
+                &Control::BorderWidth, &Control::set_BorderWidth);
+  form->addRow(page.label("Label16", "&Border width in pixels:", border), border);
+
+  QCheckBox* const draw =
+      page.check_box("chkDrawPoints", "&Draw a marker at each point", &Control::DrawMarkers,
+                     store_and_draw(&Control::set_DrawMarkers));
+  form->addRow(draw);
+  QLineEdit* const size = marker_box(page);
+  QLabel* const label = page.label("lblMarkerSize", "Marker &size in twips, 10 to 200:", size);
+  form->addRow(label, size);
+  label->setEnabled(draw->isChecked());
+  QObject::connect(draw, &QCheckBox::toggled, label, &QLabel::setEnabled);
+  page.setFocusProxy(curves);
+}
+
+}  // namespace kurv

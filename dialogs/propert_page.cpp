@@ -1,0 +1,140 @@
+#include "dialogs/propert_page.h"
+
+#include <KurvGraph/number_text.h>
+
+#include <QColor>
+#include <QPalette>
+#include <utility>
+
+#include "dialogs/frm_propert.h"
+#include "render/palette.h"
+
+namespace kurv {
+
+namespace {
+
+constexpr int kLightRed = 12;
+
+// The base stays white on dark desktops, because the text is black or light red on any.
+void show_judgement(QLineEdit& box, bool accepted) {
+  QPalette colours = box.palette();
+  colours.setColor(QPalette::Base, QColor::fromRgb(palette_rgb(kWhite)));
+  colours.setColor(QPalette::Text, QColor::fromRgb(palette_rgb(accepted ? kBlack : kLightRed)));
+  box.setPalette(colours);
+}
+
+void name_it(QWidget& widget, const char* name) {
+  widget.setObjectName(QLatin1String(name));
+}
+
+}  // namespace
+
+QString shown_number(const Control& control, Double value) {
+  String text;
+  append_number(text, value, control.decimal_separator());
+  return QString::fromStdString(text);
+}
+
+void show_text(QLineEdit& box, const QString& text) {
+  if (box.text() != text) box.setText(text);
+  box.setModified(false);
+}
+
+std::string text_of(const QLineEdit& box) {
+  return box.text().toStdString();
+}
+
+void PropertPage::fill(Control& control) {
+  for (const Work& show : m_shows) show(control);
+}
+
+bool PropertPage::edit(const Work& work) {
+  return m_window.edit(work);
+}
+
+void PropertPage::refill() {
+  m_window.refill();
+}
+
+QLineEdit* PropertPage::text_box(const char* name, const char* description, Shown shown) {
+  auto* const box = new QLineEdit(this);
+  name_it(*box, name);
+  box->setAccessibleName(QString::fromUtf8(description));
+  on_filling(
+      [box, shown = std::move(shown)](Control& control) { show_text(*box, shown(control)); });
+  return box;
+}
+
+QLineEdit* PropertPage::number_box(const char* name, const char* description,
+                                   Integer (Control::*get)() const, void (Control::*set)(Integer),
+                                   Rule rule) {
+  QLineEdit* const box = text_box(name, description, [get](Control& control) {
+    return shown_number(control, (control.*get)());
+  });
+  on_filling([box](Control&) { show_judgement(*box, true); });
+  connect(box, &QLineEdit::textChanged, this, [this, box, set, rule] {
+    edit([&](Control& control) {
+      const std::optional<Integer> number = rule(text_of(*box), control.decimal_separator());
+      show_judgement(*box, number.has_value());
+      if (!number) return;
+      (control.*set)(*number);
+      control.build_the_graph();
+    });
+  });
+  return box;
+}
+
+QCheckBox* PropertPage::check_box(const char* name, const char* caption,
+                                  std::function<Boolean(Control&)> is_on,
+                                  std::function<void(Control&, Boolean)> turn) {
+  auto* const box = new QCheckBox(QString::fromUtf8(caption), this);
+  name_it(*box, name);
+  on_filling(
+      [box, is_on = std::move(is_on)](Control& control) { box->setChecked(bool(is_on(control))); });
+  connect(box, &QCheckBox::toggled, this, [this, turn = std::move(turn)](bool on) {
+    edit([&](Control& control) { turn(control, on); });
+  });
+  return box;
+}
+
+QComboBox* PropertPage::list_box(const char* name, const char* description,
+                                 const QStringList& items, Shown shown,
+                                 std::function<void(Control&, const String&)> choose) {
+  auto* const box = new QComboBox(this);
+  name_it(*box, name);
+  box->setAccessibleName(QString::fromUtf8(description));
+  box->addItems(items);
+  on_filling([box, shown = std::move(shown)](Control& control) {
+    const QString text = shown(control);
+    box->setCurrentIndex(box->findText(text));
+    // Seen only while no item is chosen.
+    box->setPlaceholderText(text);
+  });
+  connect(box, &QComboBox::currentTextChanged, this,
+          [this, choose = std::move(choose)](const QString& chosen) {
+            edit([&](Control& control) { choose(control, chosen.toStdString()); });
+          });
+  return box;
+}
+
+QPushButton* PropertPage::button(const char* name, const char* caption) {
+  auto* const button = new QPushButton(QString::fromUtf8(caption), this);
+  name_it(*button, name);
+  button->setAutoDefault(false);
+  return button;
+}
+
+QLabel* PropertPage::label(const char* name, const char* caption, QWidget* buddy) {
+  auto* const label = new QLabel(QString::fromUtf8(caption), this);
+  name_it(*label, name);
+  label->setBuddy(buddy);
+  return label;
+}
+
+QGroupBox* PropertPage::frame(const char* name, const char* caption) {
+  auto* const frame = new QGroupBox(QString::fromUtf8(caption), this);
+  name_it(*frame, name);
+  return frame;
+}
+
+}  // namespace kurv

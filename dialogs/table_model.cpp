@@ -1,0 +1,231 @@
+#include "dialogs/table_model.h"
+
+#include <KurvGraph/number_text.h>
+
+#include <QApplication>
+#include <QColor>
+#include <QIcon>
+#include <QStyle>
+#include <QTextDocument>
+#include <cmath>
+#include <limits>
+#include <utility>
+
+#include "core/words.h"
+
+namespace kurv {
+
+namespace {
+
+// Dark on light, whatever the desktop, so that a mark is readable without asking what is around it.
+constexpr QRgb kMarkedGround = 0xFFFFD7D7;
+constexpr QRgb kMarkedText = 0xFF7A0000;
+// Laying out more of a text than anybody can see in a cell takes its time.
+constexpr qsizetype kLongestShown = 200;
+
+QString to_qstring(std::string_view text) {
+  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+// An empty cell is a missing value.
+std::optional<Double> number_of(std::string_view text, char decimal_separator) {
+  text = without_outer_blanks(text);
+  if (text.empty()) return std::numeric_limits<Double>::quiet_NaN();
+  return text_to_number(text, decimal_separator);
+}
+
+std::optional<Double> value_at(const GraphDocument& document, int row, int column) {
+  const Matrix<Double>& data = table_data(document);
+  if (row > data.upper_point() || column > data.upper_column()) return std::nullopt;
+  return data(column, row);
+}
+
+// Missing values show nothing.
+void append_value(String& text, const ControlState& state, int row, int column) {
+  const std::optional<Double> value = value_at(state.document, row, column);
+  if (value && !std::isnan(*value)) append_number(text, *value, state.decimal_separator);
+}
+
+std::string_view name_of(const GraphDocument& document, int column) {
+  if (column < document.yVarName.lower() || column > document.yVarName.upper()) return {};
+  return without_outer_blanks(document.yVarName(column));
+}
+
+}  // namespace
+
+ControlState* TableModel::state() const {
+  Client* const client = m_window.client();
+  return client ? &client->control().state() : nullptr;
+}
+
+int TableModel::rowCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : m_size.rows;
+}
+
+int TableModel::columnCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : m_size.columns;
+}
+
+Qt::ItemFlags TableModel::flags(const QModelIndex& index) const {
+  return QAbstractTableModel::flags(index) | Qt::ItemIsEditable;
+}
+
+const QString* TableModel::mark_at(int row, int column) const {
+  const ControlState* const graph = state();
+  if (!graph || m_marks.count() == 0 || row > table_size(graph->document).rows) return nullptr;
+  return m_marks.find(point_of_row(graph->document, row), column);
+}
+
+void TableModel::append_cell(String& text, int row, int column) const {
+  const ControlState* const graph = state();
+  if (!graph) return;
+  if (row == 0) {
+    text += name_of(graph->document, column);
+  } else if (const QString* const mark = mark_at(row, column)) {
+    text += mark->toStdString();
+  } else {
+    append_value(text, *graph, row, column);
+  }
+}
+
+QString TableModel::text_at(int row, int column) const {
+  String text;
+  append_cell(text, row, column);
+  return to_qstring(text);
+}
+
+QString TableModel::reason(int row, int column, const QString& text) const {
+  const ControlState& graph = *state();
+  String value;
+  append_value(value, graph, row, column);
+  const bool is_number = number_of(text.toStdString(), graph.decimal_separator).has_value();
+  return (is_number ? tr("Not taken: two different x values have to be left.")
+                    : tr("Not a number.")) +
+         u' ' +
+         (value.empty() ? tr("The graph has no value here.")
+                        : tr("The graph still has %1 here.").arg(to_qstring(value)));
+}
+
+QVariant TableModel::mark_data(int row, int column, const QString& text, int role) const {
+  switch (role) {
+    case Qt::BackgroundRole:
+      return QColor(kMarkedGround);
+    case Qt::ForegroundRole:
+      return QColor(kMarkedText);
+    case Qt::DecorationRole:
+      return QApplication::style()->standardIcon(QStyle::SP_MessageBoxWarning);
+    case Qt::ToolTipRole:
+    case Qt::AccessibleDescriptionRole:
+      return reason(row, column, text);
+    default:
+      return {};
+  }
+}
+
+QVariant TableModel::data(const QModelIndex& index, int role) const {
+  if (!index.isValid() || !state()) return {};
+  const int row = index.row() + 1;
+  const int column = index.column() + 1;
+  switch (role) {
+    case Qt::DisplayRole:
+      return text_at(row, column).left(kLongestShown);
+    case Qt::EditRole:
+      return text_at(row, column);
+    case Qt::TextAlignmentRole:
+      return QVariant::fromValue(Qt::Alignment(Qt::AlignRight | Qt::AlignVCenter));
+    default:
+      break;
+  }
+  const QString* const mark = mark_at(row, column);
+  return mark ? mark_data(row, column, *mark, role) : QVariant();
+}
+
+QVariant TableModel::headerData(int section, Qt::Orientation orientation, int role) const {
+  const bool is_text = role == Qt::DisplayRole;
+  if (orientation == Qt::Vertical) return is_text ? QVariant(section + 1) : QVariant();
+  if (!state() || !(is_text || role == Qt::ToolTipRole)) return {};
+  const QString name = text_at(0, section + 1);
+  // A tool tip that looks like markup would be taken for it.
+  return is_text ? name : Qt::convertFromPlainText(name);
+}
+
+bool TableModel::setData(const QModelIndex& index, const QVariant& value, int role) {
+  if (!index.isValid() || role != Qt::EditRole) return false;
+  Q_EMIT typed(index.row() + 1, index.column() + 1, value.toString());
+  return true;
+}
+
+bool TableModel::is_current() const {
+  const ControlState* const graph = state();
+  return graph && table_size(graph->document) == m_size &&
+         graph->document.data_revision == m_revision;
+}
+
+// Rows and columns come and go at the end, so that whoever works in the table keeps the place.
+void TableModel::set_rows(int rows) {
+  if (rows > m_size.rows) {
+    beginInsertRows({}, m_size.rows, rows - 1);
+    m_size.rows = rows;
+    endInsertRows();
+  } else if (rows < m_size.rows) {
+    beginRemoveRows({}, rows, m_size.rows - 1);
+    m_size.rows = rows;
+    endRemoveRows();
+  }
+}
+
+void TableModel::set_columns(int columns) {
+  if (columns > m_size.columns) {
+    beginInsertColumns({}, m_size.columns, columns - 1);
+    m_size.columns = columns;
+    endInsertColumns();
+  } else if (columns < m_size.columns) {
+    beginRemoveColumns({}, columns, m_size.columns - 1);
+    m_size.columns = columns;
+    endRemoveColumns();
+  }
+}
+
+void TableModel::tell_changes() {
+  if (m_size.rows == 0 || m_size.columns == 0) return;
+  Q_EMIT headerDataChanged(Qt::Horizontal, 0, m_size.columns - 1);
+  Q_EMIT dataChanged(index(0, 0), index(m_size.rows - 1, m_size.columns - 1));
+}
+
+void TableModel::refresh() {
+  const ControlState* const graph = state();
+  const TableSize size = graph ? table_size(graph->document) : TableSize();
+  const unsigned revision = graph ? graph->document.data_revision : 0;
+  if (size != m_size || revision != m_revision) m_marks.resize(size.rows, size.columns);
+  m_revision = revision;
+  set_columns(size.columns);
+  set_rows(size.rows);
+  tell_changes();
+}
+
+TableModel::Outcome TableModel::enter(ControlState& state, const PutCells& put_cells) {
+  const GraphDocument& document = state.document;
+  Outcome outcome;
+  std::vector<CellEdit> edits;
+  put_cells([&](int row, int column, std::string_view text) {
+    const int point = point_of_row(document, row);
+    if (const std::optional<Double> number = number_of(text, state.decimal_separator)) {
+      edits.push_back({point, column, *number});
+      m_marks.clear(point, column);
+    } else {
+      m_marks.set(point, column, to_qstring(text));
+      outcome.has_invalid = true;
+    }
+  });
+  outcome.refusal = apply_table_edits(state, std::move(edits));
+  if (outcome.refusal) {
+    put_cells([&](int row, int column, std::string_view text) {
+      m_marks.set(point_of_row(document, row), column, to_qstring(text));
+    });
+  }
+  m_revision = document.data_revision;
+  tell_changes();
+  return outcome;
+}
+
+}  // namespace kurv

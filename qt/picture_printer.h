@@ -1,0 +1,39 @@
+// The printer that the library brings along: the desktop's, by the toolkit's dialog.
+#pragma once
+
+#include <KurvGraph/services.h>
+
+#include <QFont>
+#include <QImage>
+#include <QPagedPaintDevice>
+#include <QString>
+
+namespace kurv {
+
+class DesktopPrinter final : public PicturePrinter {
+ public:
+  // Asks for a printer, or a PDF file, before the active window, and prints the picture on one
+  // page; nothing when cancelled, or when nobody is there to ask. Throws kDeviceIoError when it
+  // could not be printed.
+  void PrintPicture(std::string_view bitmap, std::string_view font_name, std::string_view caption,
+                    Single font_size) override;
+};
+
+// Makes it the built-in class of kPicturePrinterClass.
+void provide_desktop_printer();
+
+struct Caption {
+  QString text;
+  QFont font;
+};
+
+// Paints one page: the picture as large as the page's margins allow, in the middle, and below it
+// the caption, if there is one. A picture without pixels leaves the page blank. False when the
+// device does not take it.
+bool print_page(QPagedPaintDevice& device, const QImage& picture, const Caption& caption);
+
+// Whether a PDF has been written to its end: the toolkit does not tell. False of what is no regular
+// file.
+bool is_whole_pdf(const QString& path);
+
+}  // namespace kurv

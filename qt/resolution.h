@@ -1,0 +1,25 @@
+// How large a surface is, in twips and in pixels.
+#pragma once
+
+#include <QSize>
+
+namespace kurv {
+
+struct Resolution {
+  int width = 1;  // in device pixels
+  int height = 1;
+  double device_pixel_ratio = 1;
+  double twips_per_pixel = 15;  // of the device
+
+  // The surface's size in twips, within sixteen bits.
+  double scale_width() const;
+  double scale_height() const;
+  double twips_per_logical_pixel() const { return twips_per_pixel * device_pixel_ratio; }
+};
+
+// Of a surface of this size in logical pixels. Both directions are at least one device pixel. A
+// logical pixel has 15 twips, or fewer where a side would then exceed 32767 twips. More than
+// 4 x 7680 x 4320 device pixels are not made: the ratio is then a lower one.
+Resolution resolution_of(QSize logical_size, double device_pixel_ratio);
+
+}  // namespace kurv

@@ -1,0 +1,100 @@
+#include "raster/geometry.h"
+
+#include <algorithm>
+#include <cfloat>
+#include <cmath>
+#include <numbers>
+
+#include "raster/stroke_parts.h"
+
+namespace kurv::raster {
+namespace {
+
+// A straight line in the caller's units: a x + b y + c = 0.
+//
+// A product of two singles is exact in a double. So c, the one term in which large numbers cancel,
+// is rounded once, and a point on the line comes out right when the ends are 1e38 away.
+struct LineEquation {
+  double a, b, c;
+
+  double y_at(double x) const { return -(a * x + c) / b; }
+  double x_at(double y) const { return -(b * y + c) / a; }
+};
+
+LineEquation line_through(Point p, Point q) {
+  const double px = p.x, py = p.y, qx = q.x, qy = q.y;
+  return {py - qy, qx - px, px * qy - qx * py};
+}
+
+// The point of the segment that is nearest to `end` and, along the direction in which the line runs
+// most, not outside low..high.
+Vector clipped_end(const LineEquation& line, Point end, Vector low, Vector high) {
+  if (std::abs(line.b) >= std::abs(line.a)) {
+    if (end.x < low.x) return {low.x, line.y_at(low.x)};
+    if (end.x > high.x) return {high.x, line.y_at(high.x)};
+  } else {
+    if (end.y < low.y) return {line.x_at(low.y), low.y};
+    if (end.y > high.y) return {line.x_at(high.y), high.y};
+  }
+  return {end.x, end.y};
+}
+
+bool outside(double first, double second, double low, double high) {
+  return std::max(first, second) < low || std::min(first, second) > high;
+}
+
+template <class Ends>
+bool misses(const Ends& from, const Ends& to, const Box& box) {
+  return outside(from.x, to.x, box.low.x, box.high.x) ||
+         outside(from.y, to.y, box.low.y, box.high.y);
+}
+
+struct TwoParts {
+  double sum, error;
+};
+
+// sum + error is exactly a + b.
+TwoParts exact_sum(double a, double b) {
+  const double sum = a + b;
+  const double b_part = sum - a;
+  return {sum, (a - (sum - b_part)) + (b - b_part)};
+}
+
+}  // namespace
+
+Point finite(Point point) {
+  return {finite(point.x), finite(point.y)};
+}
+
+bool has_nan(Point point) {
+  return std::isnan(point.x) || std::isnan(point.y);
+}
+
+std::optional<VisiblePart> visible_part(Point from, Point to, const Box& box) {
+  if (misses(from, to, box)) return std::nullopt;
+  const LineEquation line = line_through(from, to);
+  const double length = std::sqrt(line.a * line.a + line.b * line.b);
+  const VisiblePart part{clipped_end(line, from, box.low, box.high),
+                         clipped_end(line, to, box.low, box.high),
+                         length > 0 ? Vector{line.b / length, -line.a / length} : Vector{1, 0}};
+  // A line may pass a corner at a distance, although its whole length spans the box.
+  if (misses(part.from, part.to, box)) return std::nullopt;
+  return part;
+}
+
+// The squares of singles are exact in a double, and the roundings of the sums are kept: of a circle
+// of 1e30 units the visible piece is exact.
+double power_of_origin(Point centre, float radius) {
+  const double x = centre.x, y = centre.y, r = radius;
+  const TwoParts first = exact_sum(x * x, -(r * r));
+  const TwoParts second = exact_sum(first.sum, y * y);
+  return second.sum + (first.error + second.error);
+}
+
+double sweep_of(float start, float end) {
+  constexpr double kFullTurn = 2 * std::numbers::pi;
+  const double from = start, to = end;
+  return to >= from ? to - from : kFullTurn - std::fmod(from - to, kFullTurn);
+}
+
+}  // namespace kurv::raster

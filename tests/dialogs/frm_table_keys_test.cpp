@@ -1,0 +1,178 @@
+// The table under the hands of somebody who has no mouse.
+#include <gmock/gmock.h>
+
+#include <QMenuBar>
+#include <QPushButton>
+#include <cmath>
+
+#include "tests/dialogs/table_support.h"
+
+namespace kurv::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+TEST(TableKeys, TypedNumbersGoIntoTheDataAtOnce) {
+  Table table;
+  table.type(2, 2, " 12.50 ");
+  EXPECT_EQ(table.document().xyArrUnsorted(2, 2), 12.5);
+  EXPECT_EQ(table.cell(2, 2), "12.5");
+  EXPECT_EQ(table.client.redraws(), 1);
+}
+
+TEST(TableKeys, ADigitBeginsANewText) {
+  Table table;
+  table.select(2, 2);
+  QTest::keyClick(table.grid, Qt::Key_7);
+  auto* const editor = table.grid->findChild<QLineEdit*>();
+  ASSERT_TRUE(editor);
+  EXPECT_EQ(editor->text(), "7");
+  QTest::keyClick(editor, Qt::Key_Return);
+  table.settle();
+  EXPECT_EQ(table.document().xyArrUnsorted(2, 2), 7);
+  EXPECT_TRUE(table.window.isVisible()) << "Enter closes the cell alone";
+}
+
+TEST(TableKeys, TypedTextIsMarkedWithoutAMessage) {
+  Table table;
+  table.type(1, 2, "n/a");
+  EXPECT_EQ(table.cell(1, 2), "n/a");
+  EXPECT_TRUE(table.is_marked(1, 2));
+  EXPECT_EQ(table.document().xyArrUnsorted(2, 1), 30);
+  EXPECT_EQ(table.client.redraws(), 0);
+  EXPECT_THAT(table.messages(), IsEmpty());
+  table.type(1, 2, "");
+  EXPECT_TRUE(std::isnan(table.document().xyArrUnsorted(2, 1))) << "an emptied cell is missing";
+  EXPECT_FALSE(table.is_marked(1, 2));
+}
+
+TEST(TableKeys, AnEditorThatIsLeftAsItWasChangesNothing) {
+  Table table({{1, 2}, {0.1, 1.0 / 3}});
+  for (int row = 1; row <= 2; ++row) {
+    table.select(row, 2);
+    QTest::keyClick(table.grid, Qt::Key_F2);
+    QTest::keyClick(table.grid->findChild<QLineEdit*>(), Qt::Key_Return);
+    table.settle();
+  }
+  EXPECT_EQ(table.client.redraws(), 0);
+  EXPECT_THAT(table.column_of_host(2), ElementsAre(0.1, 1.0 / 3));
+}
+
+TEST(TableKeys, ATypedXThatMakesAllTheSameIsUndoneAndToldLater) {
+  Table table({{1, 2}, {3, 4}});
+  table.type(1, 1, "2");
+  EXPECT_THAT(table.column_of_host(1), ElementsAre(1, 2));
+  EXPECT_EQ(table.cell(1, 1), "2");
+  EXPECT_TRUE(table.is_marked(1, 1));
+  EXPECT_THAT(table.messages(),
+              ElementsAre("Graph cannot be plotted when all x values are the same."));
+}
+
+TEST(TableKeys, ATypedXMovesItsRowInTheSortedTable) {
+  Table table;
+  table.client.host.control.set_SortXY(true);
+  table.client.host.control.build_the_graph();
+  table.window.refill();
+  table.client.redraws();
+  table.type(1, 1, "9");
+  EXPECT_EQ(table.cell(3, 1), "9");
+  EXPECT_EQ(table.cell(3, 2), "10");
+  EXPECT_THAT(table.column_of_host(1), ElementsAre(3, 9, 2));
+  EXPECT_EQ(table.client.redraws(), 1);
+}
+
+TEST(TableKeys, EscapeLeavesTheCellAndThenTheWindow) {
+  Table table;
+  table.select(1, 2);
+  QTest::keyClick(table.grid, Qt::Key_F2);
+  auto* const editor = table.grid->findChild<QLineEdit*>();
+  ASSERT_TRUE(editor);
+  QTest::keyClicks(editor, "99");
+  QTest::keyClick(editor, Qt::Key_Escape);
+  table.settle();
+  EXPECT_TRUE(table.window.isVisible());
+  EXPECT_EQ(table.document().xyArrUnsorted(2, 1), 30);
+  QTest::keyClick(table.grid, Qt::Key_Escape);
+  EXPECT_FALSE(table.window.isVisible());
+}
+
+TEST(TableKeys, EnterInTheGridClosesNothing) {
+  Table table;
+  QTest::keyClick(table.grid, Qt::Key_Return);
+  EXPECT_TRUE(table.window.isVisible());
+}
+
+TEST(TableKeys, CutCopyPasteAndDelete) {
+  Table table;
+  table.select(1, 2);
+  QTest::keyClick(table.grid, Qt::Key_Down, Qt::ShiftModifier);
+  QTest::keyClick(table.grid, Qt::Key_C, Qt::ControlModifier);
+  EXPECT_EQ(table.clipboard(), "30\r\n10");
+  QTest::keyClick(table.grid, Qt::Key_Delete);
+  EXPECT_TRUE(std::isnan(table.document().xyArrUnsorted(2, 2)));
+  QTest::keyClick(table.grid, Qt::Key_V, Qt::ControlModifier);
+  EXPECT_THAT(table.column_of_host(2), ElementsAre(30, 10, 20))
+      << "at the block's first cell, although its last one is the current";
+  QTest::keyClick(table.grid, Qt::Key_X, Qt::ControlModifier);
+  EXPECT_TRUE(std::isnan(table.document().xyArrUnsorted(2, 1)));
+}
+
+TEST(TableKeys, BelongToTheEditorWhileThereIsOne) {
+  Table table;
+  table.select(1, 2);
+  QApplication::clipboard()->setText("5");
+  QTest::keyClick(table.grid, Qt::Key_F2);
+  auto* const editor = table.grid->findChild<QLineEdit*>();
+  ASSERT_TRUE(editor);
+  editor->selectAll();
+  QTest::keyClick(editor, Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(editor->text(), "5");
+  EXPECT_EQ(table.document().xyArrUnsorted(2, 1), 30) << "not before it is left";
+}
+
+TEST(TableKeys, ControlASelectsEverything) {
+  Table table;
+  QTest::keyClick(table.grid, Qt::Key_A, Qt::ControlModifier);
+  table.copy();
+  EXPECT_EQ(table.clipboard(), "3\t30\t-3\r\n1\t10\t-1\r\n2\t20\t-2");
+}
+
+TEST(TableKeys, TheTabKeyLeavesTheGrid) {
+  Table table;
+  table.grid->setFocus();
+  QTest::keyClick(table.grid, Qt::Key_Tab);
+  EXPECT_EQ(QApplication::focusWidget(), table.window.findChild<QPushButton*>("cmdExit"));
+}
+
+TEST(TableKeys, CloseTakesWhatIsBeingTyped) {
+  Table table;
+  table.select(1, 2);
+  QTest::keyClick(table.grid, Qt::Key_F2);
+  QTest::keyClicks(table.grid->findChild<QLineEdit*>(), "6");
+  QTest::mouseClick(table.window.findChild<QPushButton*>("cmdExit"), Qt::LeftButton);
+  EXPECT_FALSE(table.window.isVisible());
+  EXPECT_EQ(table.document().xyArrUnsorted(2, 1), 6);
+}
+
+TEST(TableMenus, HaveTheirItemsNamesAndKeys) {
+  const Table table;
+  const auto caption = [&](const char* name) {
+    return table.window.findChild<QAction*>(name)->text().toStdString();
+  };
+  const auto key = [&](const char* name) {
+    return table.window.findChild<QAction*>(name)->shortcut().toString().toStdString();
+  };
+  EXPECT_EQ(caption("mnuFileItem_0"), "&Save as Text…");
+  EXPECT_EQ(caption("mnuEditItem_0"), "Cu&t");
+  EXPECT_EQ(caption("mnuEditItem_1"), "&Copy");
+  EXPECT_EQ(caption("mnuEditItem_2"), "&Paste");
+  EXPECT_EQ(caption("mnuEditItem_3"), "&Delete");
+  EXPECT_EQ(key("mnuEditItem_0"), "Ctrl+X");
+  EXPECT_EQ(key("mnuEditItem_1"), "Ctrl+C");
+  EXPECT_EQ(key("mnuEditItem_2"), "Ctrl+V");
+  EXPECT_EQ(key("mnuEditItem_3"), "Del");
+}
+
+}  // namespace
+}  // namespace kurv::test

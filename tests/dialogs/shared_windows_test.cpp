@@ -1,0 +1,282 @@
+// The windows that all controls of a process share, around real widgets.
+#include "dialogs/shared_windows.h"
+
+#include <KurvGraph/KurvGraph.h>
+#include <gmock/gmock.h>
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QInputDialog>
+#include <QListWidget>
+#include <QMessageBox>
+#include <QPointer>
+#include <QTest>
+#include <QTimer>
+#include <functional>
+#include <memory>
+
+#include "dialogs/frm_curves.h"
+
+namespace kurv {
+namespace {
+
+// Does each step as soon as the window of this kind is the modal one, from inside its event loop.
+template <class Dialog>
+class WhenModal {
+ public:
+  explicit WhenModal(std::function<void(Dialog&)> step) {
+    QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this, step] {
+      auto* const dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
+      if (!dialog) return;
+      m_timer.stop();
+      done = true;
+      step(*dialog);
+    });
+    m_timer.start(1);
+  }
+  ~WhenModal() { EXPECT_TRUE(done); }
+  bool done = false;
+
+ private:
+  QTimer m_timer;
+};
+
+QWidget* shown(const char* name) {
+  for (QWidget* widget : QApplication::topLevelWidgets()) {
+    if (widget->objectName() == QLatin1String(name) && widget->isVisible()) return widget;
+  }
+  return nullptr;
+}
+
+std::unique_ptr<KurvGraph> new_graph(QWidget* parent = nullptr) {
+  auto graph = std::make_unique<KurvGraph>(parent);
+  graph->plot({.title = "T", .x = {1, 2, 3}, .y = {{"a", {1, 4, 2}}, {"b", {3, 1, 5}}}});
+  return graph;
+}
+
+void drain() {
+  QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  QApplication::processEvents();
+}
+
+class SharedWindows : public testing::Test {
+ protected:
+  ~SharedWindows() override { drain(); }
+};
+
+TEST_F(SharedWindows, TheCurvesAreModalAndReturnWhenTheUserHasClosedThem) {
+  const auto graph = new_graph();
+  const WhenModal<frmCurves> user([&](frmCurves& curves) {
+    EXPECT_TRUE(curves.isModal());
+    EXPECT_EQ(curves.parentWidget(), graph.get());
+    EXPECT_EQ(curves.findChild<QListWidget*>("lstScatters")->count(), 2);
+    QTest::keyClick(&curves, Qt::Key_Escape);
+  });
+  graph->ChartOptions("curves");
+  EXPECT_EQ(shown("frmCurves"), nullptr);
+}
+
+TEST_F(SharedWindows, TheNextCommandLoadsThemAgain) {
+  const auto graph = new_graph();
+  for (int i = 0; i < 2; ++i) {
+    const WhenModal<frmCurves> user([](frmCurves& curves) { curves.close(); });
+    graph->ChartOptions("curves");
+  }
+  graph->CloseMe();
+  const WhenModal<frmCurves> user([&](frmCurves& curves) {
+    EXPECT_EQ(curves.findChild<QListWidget*>("lstScatters")->count(), 2);
+    curves.close();
+  });
+  graph->ChartOptions("curves");
+}
+
+TEST_F(SharedWindows, TheOthersStayOpenBesideTheGraph) {
+  const auto graph = new_graph();
+  graph->ChartOptions("setup");
+  EXPECT_NE(shown("frmPropert"), nullptr);
+  EXPECT_FALSE(shown("frmPropert")->isModal());
+  graph->ChartOptions("table");
+  EXPECT_NE(shown("frmTable"), nullptr);
+  graph->CloseMe();
+  EXPECT_EQ(shown("frmPropert"), nullptr);
+  EXPECT_EQ(shown("frmTable"), nullptr);
+}
+
+TEST_F(SharedWindows, AVisibleWindowClosesWhenItsClientChanges) {
+  const auto one = new_graph();
+  const auto two = new_graph();
+  const WhenModal<frmCurves> user([&](frmCurves& curves) {
+    const QPointer<frmCurves> first = &curves;
+    const WhenModal<frmCurves> user_of_the_other([&](frmCurves& other) {
+      EXPECT_NE(&other, first.data());
+      EXPECT_EQ(other.parentWidget(), two.get());
+      EXPECT_FALSE(first && first->isVisible());
+      other.close();
+    });
+    two->ChartOptions("curves");
+  });
+  one->ChartOptions("curves");
+}
+
+TEST_F(SharedWindows, ANewControlTakesTheWindows) {
+  const auto one = new_graph();
+  one->ChartOptions("setup");
+  const auto two = new_graph();
+  EXPECT_EQ(shown("frmPropert"), nullptr);
+}
+
+TEST_F(SharedWindows, TheEndOfAControlTakesOnlyItsOwn) {
+  auto one = new_graph();
+  auto two = new_graph();
+  two->ChartOptions("setup");
+  one.reset();
+  EXPECT_NE(shown("frmPropert"), nullptr);
+  two.reset();
+  EXPECT_EQ(shown("frmPropert"), nullptr);
+}
+
+TEST_F(SharedWindows, CloseMeOfAnotherControlClosesThemToo) {
+  const auto one = new_graph();
+  const auto two = new_graph();
+  two->ChartOptions("setup");
+  one->CloseMe();
+  EXPECT_EQ(shown("frmPropert"), nullptr);
+}
+
+TEST_F(SharedWindows, ChangesOfTheHostAreShown) {
+  const auto graph = new_graph();
+  const WhenModal<frmCurves> user([&](frmCurves& curves) {
+    auto* const list = curves.findChild<QListWidget*>("lstScatters");
+    list->setCurrentRow(1);
+    graph->plot({.title = "T", .x = {1, 2}, .y = {{"c", {1, 4}}, {"d", {3, 1}}, {"e", {1, 1}}}});
+    EXPECT_EQ(list->count(), 3);
+    EXPECT_EQ(list->item(2)->text(), "e");
+    EXPECT_EQ(list->currentRow(), 1);
+    curves.close();
+  });
+  graph->ChartOptions("curves");
+}
+
+TEST_F(SharedWindows, WhatTheUserDoesIsSeenInThePicture) {
+  const auto graph = new_graph();
+  int redraws = 0;
+  QObject::connect(graph.get(), &KurvGraph::redrawn, graph.get(), [&] { ++redraws; });
+  const WhenModal<frmCurves> user([&](frmCurves& curves) {
+    drain();
+    redraws = 0;
+    QTest::mouseClick(curves.findChild<QAbstractButton*>("cmdHideAllCurves"), Qt::LeftButton);
+    drain();
+    EXPECT_EQ(redraws, 1);
+    curves.close();
+  });
+  graph->ChartOptions("curves");
+}
+
+// -- Ends -----------------------------------------------------------------------------------------
+
+TEST_F(SharedWindows, TheHostsWindowMayGoUnderTheCurves) {
+  auto* const host = new QWidget;
+  KurvGraph* const graph = new_graph(host).release();
+  const WhenModal<frmCurves> user([&](frmCurves&) { delete host; });
+  graph->ChartOptions("curves");
+  EXPECT_EQ(shown("frmCurves"), nullptr);
+}
+
+TEST_F(SharedWindows, TheGraphAloneMayGoUnderTheCurves) {
+  QWidget host;
+  KurvGraph* const graph = new_graph(&host).release();
+  const WhenModal<frmCurves> user([&](frmCurves&) { delete graph; });
+  graph->ChartOptions("curves");
+  EXPECT_EQ(shown("frmCurves"), nullptr);
+}
+
+TEST_F(SharedWindows, CloseMeEndsTheCurvesInTheirOwnLoop) {
+  const auto graph = new_graph();
+  const WhenModal<frmCurves> user([&](frmCurves&) { graph->CloseMe(); });
+  graph->ChartOptions("curves");
+  EXPECT_EQ(shown("frmCurves"), nullptr);
+}
+
+// What may happen while a prompt is open that the user has asked for in the modal window.
+void expect_end_under_a_prompt(KurvGraph& graph, const std::function<void()>& end) {
+  QPointer<QInputDialog> prompt;
+  const WhenModal<frmCurves> user([&](frmCurves& curves) {
+    const WhenModal<QInputDialog> prompted([&](QInputDialog& dialog) {
+      EXPECT_EQ(dialog.parentWidget(), &curves) << "in front of the window that it belongs to";
+      prompt = &dialog;
+      end();
+    });
+    QTest::mouseClick(curves.findChild<QAbstractButton*>("cmdYTitle"), Qt::LeftButton);
+  });
+  graph.ChartOptions("curves");
+  drain();
+  EXPECT_FALSE(prompt);
+  EXPECT_EQ(shown("frmCurves"), nullptr);
+}
+
+TEST_F(SharedWindows, TheHostsWindowMayGoUnderAPromptOfTheCurves) {
+  auto* const host = new QWidget;
+  KurvGraph* const graph = new_graph(host).release();
+  expect_end_under_a_prompt(*graph, [&] { delete host; });
+}
+
+TEST_F(SharedWindows, TheGraphMayGoUnderAPromptOfTheCurves) {
+  QWidget host;
+  KurvGraph* const graph = new_graph(&host).release();
+  expect_end_under_a_prompt(*graph, [&] { delete graph; });
+}
+
+TEST_F(SharedWindows, CloseMeUnderAPromptOfTheCurves) {
+  const auto graph = new_graph();
+  expect_end_under_a_prompt(*graph, [&] { graph->CloseMe(); });
+}
+
+TEST_F(SharedWindows, AnAnsweredPromptOfTheCurvesRenames) {
+  const auto graph = new_graph();
+  const WhenModal<frmCurves> user([&](frmCurves& curves) {
+    const WhenModal<QInputDialog> prompted([](QInputDialog& prompt) {
+      EXPECT_EQ(prompt.textValue(), "a");
+      prompt.setTextValue("better");
+      prompt.accept();
+    });
+    QTest::mouseClick(curves.findChild<QAbstractButton*>("cmdYTitle"), Qt::LeftButton);
+    EXPECT_EQ(curves.findChild<QListWidget*>("lstScatters")->item(0)->text(), "better");
+    curves.close();
+  });
+  graph->ChartOptions("curves");
+}
+
+// -- What stands before what ----------------------------------------------------------------------
+
+// The window that a message box of the graph belongs to.
+QWidget* parent_of_a_message(KurvGraph& graph) {
+  QWidget* parent = nullptr;
+  const WhenModal<QMessageBox> user([&](QMessageBox& box) {
+    parent = box.parentWidget();
+    box.accept();
+  });
+  graph.scatter_graph({}, {}, 0, 0, String(), "x", {}, 0, {});
+  return parent;
+}
+
+TEST_F(SharedWindows, MessagesStandBeforeTheWindowInUse) {
+  QWidget host;
+  KurvGraph* const graph = new_graph(&host).release();
+  host.show();
+  EXPECT_EQ(parent_of_a_message(*graph), &host);
+  graph->ChartOptions("setup");
+  QApplication::setActiveWindow(shown("frmPropert"));
+  EXPECT_EQ(parent_of_a_message(*graph), shown("frmPropert"));
+}
+
+TEST_F(SharedWindows, MessagesStandBeforeNoWindowOfAnotherGraph) {
+  const auto one = new_graph();
+  const auto two = new_graph();
+  one->show();
+  two->show();
+  QApplication::setActiveWindow(two.get());
+  EXPECT_EQ(parent_of_a_message(*one), one.get());
+}
+
+}  // namespace
+}  // namespace kurv
