@@ -297,6 +297,7 @@ void Picture::Repeat(std::span<const FigureCentre> centres, Double reach, const 
   const raster::Canvas canvas = m_pixels->canvas();
   PixelPlace last_x{0, -1}, last_y{0, -1};
   for (const FigureCentre& centre : centres) {
+    if (std::isnan(centre.x) || std::isnan(centre.y)) continue;
     const PixelPlace x = place_of(m_pixels->pixels(centre.x));
     const PixelPlace y = place_of(m_pixels->pixels(centre.y));
     // Among many points most stand where the one before them does.

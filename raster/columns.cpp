@@ -156,7 +156,7 @@ void Columns::add_run(int first, int end) {
 
 // The visible part of a segment with an end that is far away, the lower x first.
 void Columns::add_far_segment(Point from, Point to) {
-  if (std::isnan(from.y) || std::isnan(to.y)) return;
+  if (has_nan(from) || has_nan(to)) return;
   const double scale = m_pen.pixels_per_unit;
   const double margin = (m_pen.half_width + 2) / scale;
   const Box box{{-margin, -margin},

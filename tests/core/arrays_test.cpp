@@ -139,6 +139,95 @@ TEST(Matrix, ColumnsAreContiguousAndWriteThrough) {
   expect_out_of_range([&] { column(5); });
 }
 
+const double* data_of(const Matrix<double>& matrix, int column) {
+  return &matrix(column, matrix.lower_point());
+}
+
+TEST(Matrix, CopiesShareAColumnUntilOneMayWriteIt) {
+  Matrix<double> matrix(1, 3, 1, 4);
+  for (int column = 1; column <= 3; ++column) matrix(column, 2) = column;
+  Matrix<double> copy = matrix;
+  for (int column = 1; column <= 3; ++column) {
+    EXPECT_EQ(data_of(matrix, column), data_of(copy, column));
+  }
+  copy(2, 2) = -2;
+  EXPECT_EQ(matrix(2, 2), 2);
+  EXPECT_EQ(data_of(matrix, 1), data_of(copy, 1));
+  EXPECT_NE(data_of(matrix, 2), data_of(copy, 2));
+  EXPECT_EQ(data_of(matrix, 3), data_of(copy, 3));
+}
+
+TEST(Matrix, WritingTheOriginalLeavesItsCopies) {
+  Matrix<double> matrix(1, 1, 1, 3);
+  matrix(1, 1) = 5;
+  const Matrix<double> first = matrix;
+  const Matrix<double> second = first;
+  matrix(1, 1) = 6;
+  EXPECT_EQ(first(1, 1), 5);
+  EXPECT_EQ(second(1, 1), 5);
+  EXPECT_EQ(data_of(first, 1), data_of(second, 1));
+  Matrix<double> assigned(1, 1, 1, 3);
+  assigned = matrix;
+  assigned(1, 1) = 7;
+  EXPECT_EQ(matrix(1, 1), 6);
+}
+
+TEST(Matrix, AColumnThatIsItsOwnIsWrittenWhereItIs) {
+  Matrix<double> matrix(1, 1, 1, 3);
+  matrix(1, 1) = 1;
+  const double* const place = data_of(matrix, 1);
+  {
+    const Matrix<double> copy = matrix;
+    EXPECT_EQ(data_of(copy, 1), place);
+  }
+  matrix(1, 2) = 2;
+  EXPECT_EQ(data_of(matrix, 1), place);
+}
+
+TEST(Matrix, ReadingAConstantOneKeepsItShared) {
+  Matrix<double> matrix(1, 2, 1, 3);
+  matrix(1, 1) = 4;
+  const Matrix<double> copy = matrix;
+  EXPECT_EQ(copy(1, 1), 4);
+  EXPECT_EQ(copy.column(1)(1), 4);
+  EXPECT_EQ(std::as_const(matrix)(1, 1), 4);
+  EXPECT_EQ(copy, matrix);
+  EXPECT_EQ(data_of(copy, 1), data_of(matrix, 1));
+}
+
+// A column that nobody has asked for yet is not there, and becomes one for each.
+TEST(Matrix, ColumnsNeverAskedForStayApart) {
+  Matrix<double> matrix(1, 2, 1, 3);
+  Matrix<double> copy = matrix;
+  copy(1, 2) = 8;
+  EXPECT_EQ(matrix(1, 2), 0);
+  matrix(2, 2) = 9;
+  EXPECT_EQ(copy(2, 2), 0);
+}
+
+TEST(Matrix, EqualityIsThatOfTheValuesHoweverTheyAreKept) {
+  Matrix<double> matrix(1, 2, 1, 3);
+  EXPECT_EQ(matrix, Matrix<double>(1, 2, 1, 3));
+  Matrix<double> copy = matrix;
+  matrix(1, 1) = 1;
+  EXPECT_NE(copy, matrix);
+  copy(1, 1) = 1;
+  EXPECT_EQ(copy, matrix) << "equal values in columns of their own";
+  EXPECT_NE(matrix, Matrix<double>(0, 1, 1, 3));
+  EXPECT_NE(matrix, Matrix<double>(1, 2, 0, 2));
+  EXPECT_NE(matrix, Matrix<double>(1, 3, 1, 3));
+  EXPECT_NE(matrix, Matrix<double>(1, 2, 1, 4));
+}
+
+TEST(Matrix, MovedOneTakesItsColumnsAlong) {
+  Matrix<double> matrix(1, 1, 1, 3);
+  matrix(1, 3) = 3;
+  const double* const place = data_of(matrix, 1);
+  const Matrix<double> taken = std::move(matrix);
+  EXPECT_EQ(data_of(taken, 1), place);
+  EXPECT_EQ(taken(1, 3), 3);
+}
+
 TEST(Matrix, MayHaveColumnsWithoutPointsAndPointsWithoutColumns) {
   const Matrix<int> no_points(1, 3, 1, 0);
   EXPECT_EQ(no_points.column(3).upper(), 0);

@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <limits>
+#include <vector>
 
 namespace kurv {
 namespace {
@@ -41,6 +43,36 @@ TEST(RecordingSurface, WritesWhatIsNoNumber) {
   const Single inf = std::numeric_limits<Single>::infinity();
   surface.Line({inf, -inf}, {std::numeric_limits<Single>::quiet_NaN(), 0}, 1, LineKind::kSegment);
   EXPECT_EQ(surface.log(), "segment Inf -Inf NaN 0 1\n");
+}
+
+// What a surface does that knows nothing faster.
+TEST(PlotSurface, PolylineIsItsSegmentsThatAreDrawn) {
+  RecordingSurface surface(100, 100);
+  const std::vector<Single> x = {1, 2, 3, 4, 5}, y = {10, 20, 30, 40, 50};
+  const std::vector<std::uint8_t> drawn = {1, 1, 0, 1, 255};
+  surface.Polyline({x, y, drawn}, 6);
+  EXPECT_EQ(surface.log(),
+            "segment 1 10 2 20 6\n"
+            "segment 3 30 4 40 6\n"
+            "segment 4 40 5 50 6\n");
+}
+
+TEST(PlotSurface, PolylineOfNoPointsOrOneIsNothing) {
+  RecordingSurface surface(100, 100);
+  const std::vector<Single> one = {1};
+  const std::vector<std::uint8_t> drawn = {1};
+  surface.Polyline({}, 6);
+  surface.Polyline({one, one, drawn}, 6);
+  EXPECT_EQ(surface.log(), "");
+}
+
+TEST(PlotSurface, RepeatDrawsTheFigureAtEachCentreInTurn) {
+  RecordingSurface surface(100, 100);
+  const std::vector<FigureCentre> centres = {{3, 4}, {1, 2}, {3, 4}};
+  surface.Repeat(centres, 5, [](PlotSurface& target, FigureCentre at) {
+    target.PSet({to_single(at.x), to_single(at.y)}, 7);
+  });
+  EXPECT_EQ(surface.log(), "point 3 4 7\npoint 1 2 7\npoint 3 4 7\n");
 }
 
 TEST(RecordingSurface, MeasuresTheWidestLineAndAllOfThem) {
