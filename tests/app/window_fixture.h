@@ -96,7 +96,13 @@ class Windows : public testing::Test {
 
   void choose_file(const std::string& file) {
     answer<QFileDialog>([=](QFileDialog& dialog) {
-      dialog.findChild<QLineEdit*>("fileNameEdit")->setText(QFile::decodeName(file.c_str()));
+      // The dialog still reads its folder, and writes the proposed name again when it has done so,
+      // unless somebody types.
+      auto* const name = dialog.findChild<QLineEdit*>("fileNameEdit");
+      QApplication::setActiveWindow(&dialog);
+      name->setFocus();
+      QTest::qWait(30);
+      name->setText(QFile::decodeName(file.c_str()));
       QTest::keyClick(&dialog, Qt::Key_Return);
     });
   }
@@ -120,6 +126,7 @@ class Windows : public testing::Test {
   }
 
   std::size_t answers_left() const { return m_treatments.size(); }
+  void expect_nothing() { m_treatments.clear(); }
 
   QTemporaryDir m_folder;
   std::vector<std::string> said;

@@ -152,7 +152,7 @@ void Newcomer::set_limits() {
 
 void Newcomer::save_as_a_new_file() {
   press({"ctrl+s"});
-  ASSERT_TRUE(comes_to_front("kurv"));
+  ASSERT_TRUE(comes_to_front("Save As"));
   type(m_folder.filePath("kept"));
   press({"Return"});
   ASSERT_TRUE(comes_to_front("kept.gdf \u2013 kurv"));
