@@ -52,19 +52,23 @@ bool may_replace(QWidget* window, const QString& path) {
   return answer;
 }
 
+QFileDialog* new_dialog(QWidget* window, const std::string& graph_path) {
+  auto* const dialog = new QFileDialog(window, "Export Picture");
+  dialog->setAcceptMode(QFileDialog::AcceptSave);
+  dialog->setOption(QFileDialog::DontConfirmOverwrite);
+  dialog->setNameFilters(
+      {"PNG picture (*.png)", "SVG drawing (*.svg)", "PDF document (*.pdf)", "Bitmap (*.bmp)"});
+  propose(*dialog, graph_path);
+  return dialog;
+}
+
 }  // namespace
 
 // The dialog does not know the whole name yet, so the question about an older file comes after it.
 // Whoever wants to keep that file may choose another name.
 std::optional<std::string> ask_for_picture(QWidget* window, const std::string& graph_path) {
-  auto* const made = new QFileDialog(window, "Export Picture");
-  made->setAcceptMode(QFileDialog::AcceptSave);
-  made->setOption(QFileDialog::DontConfirmOverwrite);
-  made->setNameFilters(
-      {"PNG picture (*.png)", "SVG drawing (*.svg)", "PDF document (*.pdf)", "Bitmap (*.bmp)"});
-  propose(*made, graph_path);
   // It goes with the window, which may go while it is open.
-  const QPointer<QFileDialog> dialog = made;
+  const QPointer<QFileDialog> dialog = new_dialog(window, graph_path);
   std::optional<std::string> result;
   while (dialog && !result && dialog->exec() == QDialog::Accepted && dialog) {
     const QString chosen = dialog->selectedFiles().value(0);
