@@ -1,6 +1,4 @@
 // Pictures that a main window writes: their names, and what is asked about them.
-#include <QComboBox>
-
 #include "tests/app/window_fixture.h"
 
 namespace kurv::app {
@@ -10,19 +8,6 @@ using testing::HasSubstr;
 
 class MainWindowExport : public Windows {
  protected:
-  static void name(QFileDialog& dialog, const std::string& file) {
-    dialog.findChild<QLineEdit*>("fileNameEdit")->setText(QFile::decodeName(file.c_str()));
-  }
-
-  // As a person chooses it from the list.
-  static void choose_filter(QFileDialog& dialog, int index) {
-    auto* const filters = dialog.findChild<QComboBox*>("fileTypeCombo");
-    filters->setCurrentIndex(index);
-    Q_EMIT filters->activated(index);
-  }
-
-  static void accept(QFileDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Return); }
-
   MainWindow* window_of_dotted_name() {
     return window_of(written(path("temp.2020.csv"), "x,y\n1,2\n2,3\n"));
   }
@@ -58,7 +43,7 @@ TEST_F(MainWindowExport, ProposesTheWholeNameAndFollowsTheFilter) {
     answer<QFileDialog>([=](QFileDialog& dialog) {
       choose_filter(dialog, i);
       EXPECT_EQ(dialog.findChild<QLineEdit*>("fileNameEdit")->text().toStdString(), file);
-      accept(dialog);
+      QTest::keyClick(&dialog, Qt::Key_Return);
     });
     press(kurv, "mnuExportPicture");
     EXPECT_TRUE(content(file.c_str()).startsWith(kFilters[i].beginning)) << file;
@@ -69,11 +54,7 @@ TEST_F(MainWindowExport, CompletesEveryNameThatIsNotThatOfAPicture) {
   MainWindow* const kurv = window_of_dotted_name();
   for (int i = 0; i < 4; ++i) {
     for (const std::string typed : {"plain", "sales.2021", ".hidden", "ends.", "a.b c"}) {
-      answer<QFileDialog>([=, this](QFileDialog& dialog) {
-        choose_filter(dialog, i);
-        name(dialog, path(typed.c_str()));
-        accept(dialog);
-      });
+      choose_file(path(typed.c_str()), i);
       press(kurv, "mnuExportPicture");
       const std::string file = typed + kFilters[i].extension;
       EXPECT_TRUE(content(file.c_str()).startsWith(kFilters[i].beginning)) << file;

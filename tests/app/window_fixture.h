@@ -5,6 +5,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QComboBox>
 #include <QFile>
 #include <QFileDialog>
 #include <QLabel>
@@ -94,17 +95,30 @@ class Windows : public testing::Test {
     });
   }
 
-  void choose_file(const std::string& file) {
-    answer<QFileDialog>([=](QFileDialog& dialog) {
-      // The dialog still reads its folder, and writes the proposed name again when it has done so,
-      // unless somebody types.
-      auto* const name = dialog.findChild<QLineEdit*>("fileNameEdit");
-      QApplication::setActiveWindow(&dialog);
-      name->setFocus();
-      QTest::qWait(30);
-      name->setText(QFile::decodeName(file.c_str()));
-      QTest::keyClick(&dialog, Qt::Key_Return);
+  // Before that the listing of the folder may come in late and select another file, so the name is
+  // typed until it stays.
+  void choose_file(const std::string& file, int filter = 0) {
+    const QString name = QFile::decodeName(file.c_str());
+    m_treatments.push_back([=](QWidget* widget) {
+      auto* const dialog = dynamic_cast<QFileDialog*>(widget);
+      if (!dialog) return false;
+      auto* const field = dialog->findChild<QLineEdit*>("fileNameEdit");
+      if (field->text() != name || !dialog->selectedFiles().value(0).startsWith(name)) {
+        choose_filter(*dialog, filter);
+        field->setText(name);
+        return false;
+      }
+      QTest::keyClick(dialog, Qt::Key_Return);
+      return true;
     });
+    watch();
+  }
+
+  // As a person chooses it from the list.
+  static void choose_filter(QFileDialog& dialog, int index) {
+    auto* const filters = dialog.findChild<QComboBox*>("fileTypeCombo");
+    filters->setCurrentIndex(index);
+    Q_EMIT filters->activated(index);
   }
 
   static QAction& action(MainWindow* window, const char* name) {
