@@ -29,9 +29,6 @@ class Pixels {
         m_canvas{m_pixels.data(), width, height, width} {}
 
   const Canvas& canvas() const { return m_canvas; }
-  raster::PixelGrid grid() const {
-    return {m_canvas.pixels, m_canvas.width, m_canvas.height, 1, m_canvas.stride};
-  }
 
  private:
   std::vector<std::uint32_t> m_pixels;
@@ -65,7 +62,7 @@ void columns(benchmark::State& state, std::string_view kind) {
   raster::Columns kernel(bench::kWidth, bench::kHeight);
   for ([[maybe_unused]] auto _ : state) {
     kernel.add(pen, {line.x, line.y, line.drawn});
-    kernel.flush(pixels.grid(), 0xFF000080);
+    kernel.flush(pixels.canvas(), 0xFF000080);
   }
 }
 BENCHMARK_CAPTURE(columns, smooth, "waves")->Unit(benchmark::kMicrosecond)->Arg(1)->Arg(2)->Arg(4);

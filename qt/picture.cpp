@@ -222,9 +222,7 @@ void Picture::Polyline(const PolylinePoints& points, int colour) {
     return PlotSurface::Polyline(points, colour);
   }
   m_pixels->flush();
-  const raster::Canvas canvas = m_pixels->canvas();
-  m_pixels->columns.flush({canvas.pixels, canvas.width, canvas.height, 1, canvas.stride},
-                          pixel_of(colour));
+  m_pixels->columns.flush(m_pixels->canvas(), pixel_of(colour));
 }
 
 void Picture::Circle(SurfacePoint centre, Single radius, int colour) {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstring>
 #include <limits>
 
 namespace kurv::raster {
@@ -25,7 +26,8 @@ bool is_monotonic(std::span<const float> x) {
 }  // namespace
 
 bool Abscissae::take(std::span<const float> x) {
-  if (std::ranges::equal(m_x, x)) return true;
+  // Bit by bit, which is faster than asking which numbers are equal.
+  if (x.size() == m_x.size() && std::memcmp(x.data(), m_x.data(), x.size_bytes()) == 0) return true;
   if (!is_monotonic(x)) return false;
   m_x.assign(x.begin(), x.end());
   m_is_reversed = !x.empty() && x.front() > x.back();

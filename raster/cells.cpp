@@ -1,150 +1,143 @@
 #include "raster/cells.h"
 
 #include <algorithm>
+#include <limits>
 
-#include "raster/blend.h"
 #include "raster/extremes.h"
 
 namespace kurv::raster {
 namespace {
 
-// Parts of a row, so that sums come out exact.
-constexpr int kWholeLog2 = 8;
-constexpr int kWhole = 1 << kWholeLog2;
+constexpr float kNoTop = std::numeric_limits<float>::infinity();
+constexpr float kNoBottom = -kNoTop;
 
 }  // namespace
 
-Cells::Cells(int width, int height) : m_width(width), m_height(height) {}
+Cells::Cells(int width, int height) : m_tile(width, height) {}
+
+// Of whole tiles.
+std::size_t Cells::room() const {
+  const int tiles = (width() + Tile::kColumns - 1) / Tile::kColumns;
+  return static_cast<std::size_t>(tiles * Tile::kColumns) << m_per_pixel_log2;
+}
 
 void Cells::set_per_pixel_log2(int value) {
   m_per_pixel_log2 = value;
-  const auto rows = static_cast<std::size_t>(m_height) + 1;
-  m_cells.resize(std::max(m_cells.size(), static_cast<std::size_t>(count())));
-  m_cover.resize(rows);
-  m_carry.resize(rows);
+  m_top.resize(std::max(m_top.size(), room()));
+  m_bottom.resize(m_top.size());
+  m_most_further = 2 * m_top.size();
 }
 
 void Cells::cover(int first, std::span<const float> top, std::span<const float> bottom) {
-  const auto height = static_cast<float>(m_height);
   const int end = first + static_cast<int>(top.size());
-  for (int i = first; i < end; ++i) {
-    const auto place = static_cast<std::size_t>(i - first);
-    if (bottom[place] > 0 && top[place] < height) insert(i, {top[place], bottom[place]});
+  if (is_empty()) m_first = m_end = first;
+  const bool is_apart = first >= m_end || end <= m_first;
+  reach(first, end);
+  if (is_apart) return set(first, top, bottom);
+  for (std::size_t i = 0; i < top.size(); ++i) {
+    if (top[i] < bottom[i]) insert(first + static_cast<int>(i), {top[i], bottom[i]});
   }
-  m_first = is_empty() ? first : std::min(m_first, first);
+}
+
+// Cells first..end-1 and what lies between them and the others come to hold something.
+void Cells::reach(int first, int end) {
+  const auto empty = [this](int from, int to) {
+    if (from >= to) return;
+    std::fill(m_top.begin() + from, m_top.begin() + to, kNoTop);
+    std::fill(m_bottom.begin() + from, m_bottom.begin() + to, kNoBottom);
+  };
+  empty(first, m_first);
+  empty(m_end, end);
+  m_first = std::min(m_first, first);
   m_end = std::max(m_end, end);
 }
 
-void Cells::insert(int place, Interval interval) {
-  Cell& cell = m_cells[static_cast<std::size_t>(place)];
-  for (int i = 0; i < cell.count;) {
-    Interval& other = cell.intervals[i];
-    if (other.top <= interval.bottom && interval.top <= other.bottom) {
-      interval = {smaller(interval.top, other.top), larger(interval.bottom, other.bottom)};
-      other = cell.intervals[--cell.count];
-    } else {
-      ++i;
-    }
-  }
-  if (cell.count == Cell::kMost) {
-    m_spilled.push_back({place, interval});
+void Cells::set(int first, std::span<const float> top, std::span<const float> bottom) {
+  std::ranges::copy(top, m_top.begin() + first);
+  std::ranges::copy(bottom, m_bottom.begin() + first);
+}
+
+void Cells::insert(int cell, Interval interval) {
+  const auto place = static_cast<std::size_t>(cell);
+  float& top = m_top[place];
+  float& bottom = m_bottom[place];
+  if (!(top < bottom)) {
+    top = interval.top;
+    bottom = interval.bottom;
+  } else if (interval.top <= bottom && top <= interval.bottom) {
+    top = smaller(top, interval.top);
+    bottom = larger(bottom, interval.bottom);
   } else {
-    cell.intervals[cell.count++] = interval;
+    m_further.push_back({cell, interval});
+    if (m_further.size() < m_most_further) return;
+    join_further();
+    m_most_further = std::max(m_most_further, 2 * m_further.size());
   }
 }
 
-void Cells::flush(const PixelGrid& grid, std::uint32_t colour) {
-  if (is_empty()) return;
-  std::ranges::sort(m_spilled, {}, &Spilled::cell);
-  m_next_spilled = 0;
-  const int last = (m_end - 1) >> m_per_pixel_log2;
-  for (int column = m_first >> m_per_pixel_log2; column <= last; ++column) {
-    blend_column(grid, column, colour);
+// The intervals of a cell no longer touch each other, and all but its first are in the order of
+// their cells.
+void Cells::join_further() {
+  if (m_further.empty()) return;
+  std::ranges::sort(m_further, [](const Further& a, const Further& b) {
+    return a.cell != b.cell ? a.cell < b.cell : a.interval.top < b.interval.top;
+  });
+  std::vector<Further> kept;
+  for (auto begin = m_further.begin(); begin != m_further.end();) {
+    const auto is_elsewhere = [cell = begin->cell](const Further& f) { return f.cell != cell; };
+    const auto end = std::find_if(begin, m_further.end(), is_elsewhere);
+    join_cell({begin, end}, kept);
+    begin = end;
   }
-  m_spilled.clear();
-  m_first = m_end = 0;
+  m_further.swap(kept);
 }
 
-// What the cell has spilled is joined with the rest of it.
-std::span<const Cells::Interval> Cells::held_by(int place) {
-  const std::span<const Interval> held = m_cells[static_cast<std::size_t>(place)].held();
-  if (m_next_spilled == m_spilled.size() || m_spilled[m_next_spilled].cell != place) return held;
-  std::vector<Interval> all(held.begin(), held.end());
-  for (; m_next_spilled < m_spilled.size() && m_spilled[m_next_spilled].cell == place;
-       ++m_next_spilled) {
-    all.push_back(m_spilled[m_next_spilled].interval);
-  }
-  std::ranges::sort(all, {}, &Interval::top);
-  m_joined.clear();
-  for (const Interval& next : all) {
-    if (m_joined.empty() || next.top > m_joined.back().bottom) {
-      m_joined.push_back(next);
+// These are all further ones of one cell, by their tops. Those that have become one interval with
+// the first of the cell go into it, and the others are kept, joined with each other.
+void Cells::join_cell(std::span<const Further> further, std::vector<Further>& kept) {
+  const auto place = static_cast<std::size_t>(further.front().cell);
+  Interval own{m_top[place], m_bottom[place]};
+  const auto touch = [](const Interval& a, const Interval& b) {
+    return a.top <= b.bottom && b.top <= a.bottom;
+  };
+  const auto join = [](Interval& a, const Interval& b) {
+    a = {smaller(a.top, b.top), larger(a.bottom, b.bottom)};
+  };
+  for (std::size_t i = 0; i < further.size();) {
+    Interval joined = further[i].interval;
+    for (++i; i < further.size() && touch(joined, further[i].interval); ++i) {
+      join(joined, further[i].interval);
+    }
+    if (touch(joined, own)) {
+      join(own, joined);
     } else {
-      m_joined.back().bottom = larger(m_joined.back().bottom, next.bottom);
+      kept.push_back({further.front().cell, joined});
     }
   }
-  return m_joined;
+  m_top[place] = own.top;
+  m_bottom[place] = own.bottom;
 }
 
-// Empties the cells of the column into the sums.
-Cells::Extent Cells::sum_column(int column) {
-  const auto height = static_cast<float>(m_height);
-  Extent extent{height, 0, 0, height};
-  for (int place = column << m_per_pixel_log2; place < (column + 1) << m_per_pixel_log2; ++place) {
-    Cell& cell = m_cells[static_cast<std::size_t>(place)];
-    const std::span<const Interval> intervals = m_spilled.empty() ? cell.held() : held_by(place);
-    if (intervals.size() != 1) extent.inner_bottom = 0;
-    for (const Interval& interval : intervals) {
-      const float top = larger(interval.top, 0), bottom = smaller(interval.bottom, height);
-      extent.outer_top = smaller(extent.outer_top, top);
-      extent.outer_bottom = larger(extent.outer_bottom, bottom);
-      extent.inner_top = larger(extent.inner_top, top);
-      extent.inner_bottom = smaller(extent.inner_bottom, bottom);
-      // What the interval covers of each row is the sum of what begins up to there.
-      const int a = static_cast<int>(top * kWhole), b = static_cast<int>(bottom * kWhole);
-      // Two arrays, because a processor waits when it reads two numbers that it wrote one by one.
-      m_cover[static_cast<std::size_t>(a / kWhole)] += kWhole - a % kWhole;
-      m_carry[static_cast<std::size_t>(a / kWhole)] += a % kWhole;
-      m_cover[static_cast<std::size_t>(b / kWhole)] -= kWhole - b % kWhole;
-      m_carry[static_cast<std::size_t>(b / kWhole)] -= b % kWhole;
+void Cells::flush(const Canvas& canvas, std::uint32_t colour) {
+  if (is_empty()) return;
+  join_further();
+  const int log2 = m_per_pixel_log2, in_tile = Tile::kColumns << log2;
+  const int first_tile = m_first / in_tile, end_tile = (m_end - 1) / in_tile + 1;
+  reach(first_tile * in_tile, end_tile * in_tile);
+  auto further = m_further.begin();
+  for (int tile = first_tile; tile < end_tile; ++tile) {
+    const int first = tile * in_tile;
+    m_tile.add(m_top.data() + first, m_bottom.data() + first, log2);
+    for (; further != m_further.end() && further->cell < first + in_tile; ++further) {
+      m_tile.add(further->cell - first, further->interval, log2);
     }
-    cell.count = 0;
+    m_tile.flush(canvas, tile * Tile::kColumns, colour, log2);
   }
-  return extent;
-}
-
-void Cells::blend_column(const PixelGrid& grid, int column, std::uint32_t colour) {
-  const Extent extent = sum_column(column);
-  const int begin = static_cast<int>(extent.outer_top);
-  const int end = std::min(static_cast<int>(extent.outer_bottom) + 2, m_height);
-  const int whole = kWhole << m_per_pixel_log2;
-  const int shift = kWholeLog2 + m_per_pixel_log2;
-  // Rows that all cells cover wholly need no sums.
-  const int inner_begin = static_cast<int>(extent.inner_top) + 2;
-  const int inner_end = static_cast<int>(extent.inner_bottom) - 1;
-  std::uint32_t* const pixels = grid.pixels + column * grid.x_step;
-  int sum = 0, carry = 0;
-  for (int y = begin; y < end; ++y) {
-    if (y == inner_begin && inner_end > inner_begin) {
-      for (; y < inner_end; ++y) pixels[y * grid.y_step] = colour;
-    }
-    sum += m_cover[static_cast<std::size_t>(y)] + carry;
-    carry = m_carry[static_cast<std::size_t>(y)];
-    m_cover[static_cast<std::size_t>(y)] = 0;
-    m_carry[static_cast<std::size_t>(y)] = 0;
-    if (sum == 0) continue;
-    std::uint32_t& pixel = pixels[y * grid.y_step];
-    pixel = sum >= whole ? colour
-                         : blend(pixel, colour,
-                                 static_cast<std::uint32_t>((sum * 255 + whole / 2) >> shift));
-  }
-  m_cover[static_cast<std::size_t>(m_height)] = 0;
-  m_carry[static_cast<std::size_t>(m_height)] = 0;
+  clear();
 }
 
 void Cells::clear() {
-  for (Cell& cell : m_cells) cell.count = 0;
-  m_spilled.clear();
+  m_further.clear();
   m_first = m_end = 0;
 }
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
+#include <cstring>
 
 #include "raster/geometry.h"
 #include "raster/stroke_parts.h"
@@ -32,11 +32,15 @@ bool Columns::add(const Pen& pen, const Polyline& line) {
   if (!is_narrow(pen) || !m_abscissae.take(line.x)) return false;
   if (line.x.empty()) return true;
   scale_y(pen, line.y);
-  const int turns = find_turns();
-  if (m_cells.is_empty()) use(pen, !is_wide(pen) && needs_fine_cells(pen, line, turns));
+  find_turns();
+  if (m_cells.is_empty()) use(pen, !is_wide(pen) && needs_fine_cells(pen, line));
   m_abscissae.place(
       {pen.pixels_per_unit * m_cells.per_pixel(), m_trace.node_of_zero(), m_trace.last_node()});
-  add_runs(line);
+  if (is_one_run(line)) {
+    add_run(0, static_cast<int>(line.x.size()));
+  } else {
+    add_runs(line);
+  }
   return true;
 }
 
@@ -47,38 +51,42 @@ void Columns::scale_y(const Pen& pen, std::span<const float> y) {
   if (m_abscissae.is_reversed()) std::ranges::reverse(m_y);
 }
 
-// How often the line turns up or down.
-int Columns::find_turns() {
-  constexpr float kNone = std::numeric_limits<float>::quiet_NaN();
-  m_turns.resize(m_y.size());
-  int turns = 0, level = 0;
-  for (std::size_t i = 1; i + 1 < m_y.size(); ++i) {
-    const float before = m_y[i] - m_y[i - 1], behind = m_y[i + 1] - m_y[i];
-    const bool is_turn = before * behind < 0;
-    m_turns[i] = is_turn ? m_y[i] : kNone;
-    turns += is_turn ? 1 : 0;
-    level += before == 0 ? 1 : 0;
+// Where it goes on level the line turns at both ends of that, whatever way it goes on: nobody sees
+// the difference.
+void Columns::find_turns() {
+  const std::size_t count = m_y.size();
+  constexpr std::size_t kAtOnce = 8;
+  m_is_turn.assign(count + kAtOnce, 0);
+  // Plain pointers: of a vector's the compiler cannot know that bytes written leave them alone.
+  const float* const y = m_y.data();
+  std::uint8_t* const is_turn = m_is_turn.data();
+  for (std::size_t i = 1; i + 1 < count; ++i) {
+    const float before = y[i] - y[i - 1], behind = y[i + 1] - y[i];
+    is_turn[i] = static_cast<std::uint8_t>((before * behind <= 0) & (before != behind));
   }
-  if (level == 0) return turns;
-  // Where it was level it turns if it then goes back to where it came from.
-  float way = 0;
-  for (std::size_t i = 1; i + 1 < m_y.size(); ++i) {
-    if (m_y[i] != m_y[i - 1]) way = m_y[i] - m_y[i - 1];
-    const bool is_turn = way * (m_y[i + 1] - m_y[i]) < 0;
-    turns += is_turn && m_y[i] == m_y[i - 1] ? 1 : 0;
-    m_turns[i] = is_turn ? m_y[i] : kNone;
+  m_turns.resize(count + kAtOnce);
+  int* turn = m_turns.data();
+  for (std::size_t i = 0; i < count; i += kAtOnce) {
+    std::uint64_t any;
+    std::memcpy(&any, is_turn + i, sizeof any);
+    if (any == 0) continue;
+    // Written whether or not it is one, because there is no telling beforehand.
+    for (std::size_t k = i; k < i + kAtOnce; ++k) {
+      *turn = static_cast<int>(k);
+      turn += is_turn[k];
+    }
   }
-  return turns;
+  m_turns.resize(static_cast<std::size_t>(turn - m_turns.data()));
 }
 
 // Within a cell it is not known where a line turns or jumps. Where it does not jump and seldom
 // turns nobody sees that the cells are few.
-bool Columns::needs_fine_cells(const Pen& pen, const Polyline& line, int turns) const {
+bool Columns::needs_fine_cells(const Pen& pen, const Polyline& line) const {
   constexpr double kSeldom = 4;  // pixels
   const auto right = static_cast<float>(m_cells.width() / pen.pixels_per_unit);
   const auto [low, high] = std::minmax(line.x.front(), line.x.back());
   const double visible = (std::min(high, right) - std::max(low, 0.0F)) * pen.pixels_per_unit;
-  if (turns * kSeldom >= visible) return true;
+  if (static_cast<double>(m_turns.size()) * kSeldom >= visible) return true;
   constexpr float kSteep = 16;  // times as high as wide
   const auto pixel = static_cast<float>(1 / pen.pixels_per_unit);
   int jumps = 0;
@@ -93,6 +101,15 @@ void Columns::use(const Pen& pen, bool fine_cells) {
   m_pen = pen;
   m_cells.set_per_pixel_log2(fine_cells ? 4 : 3);
   m_trace.use(m_cells, pen.half_width);
+}
+
+// Whether all of the line is there and near.
+bool Columns::is_one_run(const Polyline& line) const {
+  const auto scale = static_cast<float>(m_pen.pixels_per_unit);
+  int missing = 0;
+  for (std::size_t i = 1; i < line.drawn.size(); ++i) missing += line.drawn[i] == 0 ? 1 : 0;
+  for (const float y : m_y) missing += is_near(y) ? 0 : 1;
+  return missing == 0 && is_near(line.x.front() * scale) && is_near(line.x.back() * scale);
 }
 
 // A run goes on as long as its segments are there and near.
@@ -142,7 +159,10 @@ void Columns::add_run(int first, int end) {
     if (node >= 0 && node <= last) m_trace.pass(node, y);
   };
   pass_point(first, m_y[static_cast<std::size_t>(first)]);
-  for (int i = first + 1; i < end - 1; ++i) pass_point(i, m_turns[static_cast<std::size_t>(i)]);
+  const auto turns_end = std::ranges::lower_bound(m_turns, end - 1);
+  for (auto turn = std::ranges::upper_bound(m_turns, first); turn < turns_end; ++turn) {
+    pass_point(*turn, m_y[static_cast<std::size_t>(*turn)]);
+  }
   pass_point(end - 1, m_y[static_cast<std::size_t>(end - 1)]);
   const int from = static_cast<int>(std::ceil(std::max(x.at(first), 0.0F)));
   const int to = static_cast<int>(std::ceil(std::min(x.at(end - 1), static_cast<float>(last + 1))));

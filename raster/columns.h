@@ -35,15 +35,16 @@ class Columns {
   // finite number. What is visible of a segment is exact however far its ends are away. The pen
   // stays the same until the next flush.
   bool add(const Pen& pen, const Polyline& line);
-  // Blends what has been added onto the pixels, as many as this was made for, and forgets it.
-  void flush(const PixelGrid& grid, std::uint32_t colour) { m_cells.flush(grid, colour); }
+  // Blends what has been added onto the canvas, of the size this was made for, and forgets it.
+  void flush(const Canvas& canvas, std::uint32_t colour) { m_cells.flush(canvas, colour); }
   void clear() { m_cells.clear(); }
 
  private:
   void scale_y(const Pen& pen, std::span<const float> y);
-  int find_turns();
-  bool needs_fine_cells(const Pen& pen, const Polyline& line, int turns) const;
+  void find_turns();
+  bool needs_fine_cells(const Pen& pen, const Polyline& line) const;
   void use(const Pen& pen, bool fine_cells);
+  bool is_one_run(const Polyline& line) const;
   void add_runs(const Polyline& line);
   void add_run(int first, int end);
   void add_far_segment(Point from, Point to);
@@ -52,8 +53,9 @@ class Columns {
   Cells m_cells;
   Trace m_trace;
   Abscissae m_abscissae;
-  std::vector<float> m_y;      // of the points in the order of their x, in pixels
-  std::vector<float> m_turns;  // the same where the line turns up or down, else not a number
+  std::vector<float> m_y;               // of the points in the order of their x, in pixels
+  std::vector<std::uint8_t> m_is_turn;  // whether the line turns up or down at a point
+  std::vector<int> m_turns;             // points where it does
 };
 
 }  // namespace kurv::raster

@@ -150,7 +150,7 @@ TEST(Columns, LineInPiecesIsTheWholeLine) {
     }
     ASSERT_TRUE(columns.add({1, 0.5}, piece.line()));
   }
-  columns.flush(many.grid(), 0xFF000000);
+  columns.flush(many.canvas(), 0xFF000000);
   const Difference difference = many.from(one);
   EXPECT_LE(difference.mean, 2);
   EXPECT_LE(difference.largest, 20);

@@ -51,10 +51,10 @@ TEST(Columns, LeaveWhatTheyDoNotTakeUndrawn) {
   const Curve level = curve_of(2, -5, 25, [](double, int) { return 10.5; });
   ASSERT_FALSE(columns.add({1, 1000}, level.line())) << "the pen is too wide";
   CurvePixels pixels(20, 20);
-  columns.flush(pixels.grid(), kBlackPixel);
+  columns.flush(pixels.canvas(), kBlackPixel);
   EXPECT_EQ(pixels.total(), 0);
   ASSERT_TRUE(columns.add({1, 0.5}, level.line())) << "and go on as if nothing had been";
-  columns.flush(pixels.grid(), kBlackPixel);
+  columns.flush(pixels.canvas(), kBlackPixel);
   EXPECT_EQ(pixels.total(), 20 * 255);
 }
 
@@ -130,18 +130,13 @@ TEST(Columns, NaNEndsALineAndBeginsAnother) {
   EXPECT_EQ(pixels.at(14, 4), 255);
 }
 
-TEST(Columns, AreTheSameInRowsAndInColumns) {
-  const Curve curve = noise(300, -3, 44, 2, 35);
-  CurvePixels rows(40, 37);
-  rows.draw({1, 0.8}, curve);
-  std::vector<std::uint32_t> pixels(std::size_t{40} * 37, kWhitePixel);
-  Columns columns(40, 37);
-  ASSERT_TRUE(columns.add({1, 0.8}, curve.line()));
-  columns.flush({pixels.data(), 40, 37, 37, 1}, kBlackPixel);
-  for (int y = 0; y < 37; ++y) {
-    for (int x = 0; x < 40; ++x) {
-      ASSERT_EQ(255 - static_cast<int>(pixels[static_cast<std::size_t>(x * 37 + y)] & 255),
-                rows.at(x, y));
+TEST(Columns, AreTheSameHoweverWideThePictureIs) {
+  const Curve curve = noise(300, -3, 70, 2, 35);
+  const CurvePixels wide = pixels_of(67, 37, {1, 0.8}, curve);
+  for (int width = 1; width < 67; ++width) {
+    const CurvePixels narrow = pixels_of(width, 37, {1, 0.8}, curve);
+    for (int y = 0; y < 37; ++y) {
+      for (int x = 0; x < width; ++x) ASSERT_EQ(narrow.at(x, y), wide.at(x, y)) << width;
     }
   }
 }
@@ -150,9 +145,9 @@ TEST(Columns, AFlushForgetsWhatItBlended) {
   Columns columns(30, 20);
   ASSERT_TRUE(columns.add({1, 0.5}, noise(90, 0, 30, 0, 20).line()));
   CurvePixels once(30, 20), twice(30, 20);
-  columns.flush(once.grid(), kBlackPixel);
+  columns.flush(once.canvas(), kBlackPixel);
   EXPECT_GT(once.total(), 0);
-  columns.flush(twice.grid(), kBlackPixel);
+  columns.flush(twice.canvas(), kBlackPixel);
   EXPECT_EQ(twice.total(), 0);
 }
 
@@ -161,7 +156,7 @@ TEST(Columns, ClearedOnesNeverShow) {
   ASSERT_TRUE(columns.add({1, 0.5}, noise(90, 0, 30, 0, 20).line()));
   columns.clear();
   CurvePixels pixels(30, 20);
-  columns.flush(pixels.grid(), kBlackPixel);
+  columns.flush(pixels.canvas(), kBlackPixel);
   EXPECT_EQ(pixels.total(), 0);
 }
 
@@ -178,7 +173,7 @@ TEST(Columns, DrawTheSameAfterAnyOtherLine) {
       const Curve& curve = curves[i * 3 % curves.size()];
       CurvePixels used(40, 37);
       ASSERT_TRUE(columns.add({1, half_width}, curve.line()));
-      columns.flush(used.grid(), kBlackPixel);
+      columns.flush(used.canvas(), kBlackPixel);
       const CurvePixels fresh = pixels_of(40, 37, {1, half_width}, curve);
       ASSERT_EQ(used.from(fresh).largest, 0) << half_width << ' ' << i;
     }
@@ -191,8 +186,7 @@ TEST(Columns, BlendTheColourByCoverage) {
   GuardedCanvas picture(20, 20);
   Columns columns(20, 20);
   ASSERT_TRUE(columns.add({1, 0.5}, curve.line()));
-  const Canvas canvas = picture.canvas();
-  columns.flush({canvas.pixels, 20, 20, 1, canvas.stride}, kMaroonPixel);
+  columns.flush(picture.canvas(), kMaroonPixel);
   for (int y = 0; y < 20; ++y) {
     for (int x = 0; x < 20; ++x) {
       const auto covered = static_cast<std::uint32_t>(coverage.at(x, y));
@@ -224,7 +218,7 @@ TEST(Columns, SurviveAbsurdNumbers) {
     }
     ASSERT_TRUE(columns.add({scale, 0.5}, curve.line()));
     ASSERT_TRUE(columns.add({scale, 0.5}, curve.reversed().line()));
-    columns.flush(pixels.grid(), kBlackPixel);
+    columns.flush(pixels.canvas(), kBlackPixel);
     EXPECT_GT(pixels.total(), 0);
   }
 }

@@ -66,14 +66,11 @@ class CurvePixels {
     draw(pen, curve);
   }
 
-  PixelGrid grid() {
-    const Canvas canvas = m_picture.canvas();
-    return {canvas.pixels, canvas.width, canvas.height, 1, canvas.stride};
-  }
+  Canvas canvas() { return m_picture.canvas(); }
   void draw(const Pen& pen, const Curve& curve) {
     Columns columns(m_width, m_height);
     EXPECT_TRUE(columns.add(pen, curve.line()));
-    columns.flush(grid(), 0xFF000000);
+    columns.flush(canvas(), 0xFF000000);
   }
   int at(int x, int y) const { return 255 - static_cast<int>(m_picture.at(x, y) & 255); }
   int total() const {

@@ -1,0 +1,146 @@
+#include "raster/cells.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <random>
+
+#include "tests/raster/guarded_canvas.h"
+
+namespace kurv::raster {
+namespace {
+
+constexpr std::uint32_t kBlackPixel = 0xFF000000;
+constexpr float kInfinity = std::numeric_limits<float>::infinity();
+
+// What cells ought to hold, in parts of a row.
+class PlainCells {
+ public:
+  static constexpr int kParts = 256;
+
+  PlainCells(int cells, int height)
+      : m_height(height),
+        m_covered(static_cast<std::size_t>(cells),
+                  std::vector<bool>(static_cast<std::size_t>(height * kParts))) {}
+
+  void cover(int cell, float top, float bottom) {
+    auto& column = m_covered[static_cast<std::size_t>(cell)];
+    const auto part = [this](float y) {
+      return static_cast<std::size_t>(
+          std::clamp(std::floor(y * kParts), 0.0F, static_cast<float>(m_height * kParts)));
+    };
+    for (std::size_t i = part(top); i < part(bottom); ++i) column[i] = true;
+  }
+
+  double coverage(int x, int y, int per_pixel) const {
+    int count = 0;
+    for (int cell = x * per_pixel; cell < (x + 1) * per_pixel; ++cell) {
+      for (int part = y * kParts; part < (y + 1) * kParts; ++part) {
+        count += m_covered[static_cast<std::size_t>(cell)][static_cast<std::size_t>(part)] ? 1 : 0;
+      }
+    }
+    return 255.0 * count / (per_pixel * kParts);
+  }
+
+ private:
+  int m_height;
+  std::vector<std::vector<bool>> m_covered;
+};
+
+struct Piece {
+  int first;
+  std::vector<float> top;
+  std::vector<float> bottom;
+};
+
+class Pieces {
+ public:
+  Pieces(int cells, float height) : m_cells(cells), m_height(height) {}
+
+  // Of intervals that are mostly short, so that many do not touch; some are none.
+  Piece next() {
+    const int first = between(0, m_cells - 1);
+    const int count = between(1, std::min(m_cells - first, 40));
+    Piece piece{first, {}, {}};
+    for (int i = 0; i < count; ++i) {
+      const float top = real(-3, m_height + 1);
+      piece.top.push_back(top);
+      piece.bottom.push_back(between(0, 9) == 0 ? top : top + real(0, 2));
+      if (between(0, 30) == 0) piece.bottom.back() = kInfinity;
+      if (between(0, 30) == 0) piece.top.back() = -kInfinity;
+      if (between(0, 30) == 0) std::swap(piece.top.back(), piece.bottom.back());
+    }
+    return piece;
+  }
+
+ private:
+  int between(int low, int high) {
+    return std::uniform_int_distribution<int>(low, high)(m_generator);
+  }
+  float real(float low, float high) {
+    return std::uniform_real_distribution<float>(low, high)(m_generator);
+  }
+
+  int m_cells;
+  float m_height;
+  std::mt19937 m_generator{5};
+};
+
+void expect_same(const GuardedCanvas& drawn, const PlainCells& plain, int width, int height,
+                 int per_pixel) {
+  for (int y = 0; y < height; ++y) {
+    for (int x = 0; x < width; ++x) {
+      ASSERT_NEAR(255 - static_cast<int>(drawn.at(x, y) & 255), plain.coverage(x, y, per_pixel),
+                  0.63)
+          << x << ' ' << y;
+    }
+  }
+}
+
+TEST(Cells, AreTheUnionOfWhateverCoversThem) {
+  for (const int per_pixel_log2 : {3, 4}) {
+    for (const int pieces : {1, 2, 8, 300, 5000}) {
+      constexpr int kWidth = 37, kHeight = 23;
+      Cells cells(kWidth, kHeight);
+      cells.set_per_pixel_log2(per_pixel_log2);
+      PlainCells plain(cells.count(), kHeight);
+      Pieces random(cells.count(), pieces > 1000 ? 7.0F : static_cast<float>(kHeight));
+      for (int i = 0; i < pieces; ++i) {
+        const Piece piece = random.next();
+        cells.cover(piece.first, piece.top, piece.bottom);
+        for (std::size_t k = 0; k < piece.top.size(); ++k) {
+          plain.cover(piece.first + static_cast<int>(k), piece.top[k], piece.bottom[k]);
+        }
+      }
+      GuardedCanvas drawn(kWidth, kHeight);
+      cells.flush(drawn.canvas(), kBlackPixel);
+      expect_same(drawn, plain, kWidth, kHeight, cells.per_pixel());
+    }
+  }
+}
+
+// Each joins what the two before it have left apart, in whatever order they come.
+TEST(Cells, JoinWhatComesToTouch) {
+  std::vector<std::pair<float, float>> intervals = {{8, 9}, {1, 2},       {3, 4},    {5, 6},
+                                                    {2, 3}, {6.5F, 7.5F}, {4, 4.25F}};
+  std::ranges::sort(intervals);
+  do {
+    Cells cells(1, 12);
+    cells.set_per_pixel_log2(3);
+    for (const auto& [top, bottom] : intervals) {
+      const std::vector<float> tops(8, top), bottoms(8, bottom);
+      cells.cover(0, tops, bottoms);
+    }
+    GuardedCanvas drawn(1, 12);
+    cells.flush(drawn.canvas(), kBlackPixel);
+    int total = 0;
+    for (int y = 0; y < 12; ++y) total += 255 - static_cast<int>(drawn.at(0, y) & 255);
+    // From 1 to 4.25, and then three of one pixel each, of which one lies in two rows.
+    ASSERT_NEAR(total, (3.25 + 3) * 255, 2);
+  } while (std::ranges::next_permutation(intervals).found);
+}
+
+}  // namespace
+}  // namespace kurv::raster
