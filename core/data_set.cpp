@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "core/selection_order.h"
+#include "core/vector_registers.h"
 
 namespace kurv {
 
@@ -30,6 +31,7 @@ void choose_format(Double lo, Double hi, const NumericService& numeric, String& 
 // Sorts xyArr and returns how.
 std::vector<Exchange> sort_points(GraphDocument& document, const SwapService& swap) {
   if (document.NumData < 2) return {};
+  clear_upper_registers();
   std::vector<Exchange> exchanges =
       selection_sort_exchanges(std::as_const(document.xyArr).column(1), document.NumData);
   if (exchanges.empty()) return exchanges;

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "core/control_state.h"
+#include "core/vector_registers.h"
 #include "expr/function_curves.h"
 #include "render/axes.h"
 #include "render/curves.h"
@@ -18,7 +19,9 @@ void take_data_copy(GraphDocument& document) {
 
 void paint(const GraphDocument& document, const NumericService& numeric, Layout& layout,
            LateEvaluator& function_evaluator, PlotSurface& surface) {
+  clear_upper_registers();
   DrawAxes(document, numeric, layout, surface);
+  clear_upper_registers();  // the axes have texts, which the surface's toolkit draws
   DrawScatterCurves(document, layout, surface);
   DrawFunctionCurves(document, layout, function_evaluator, surface);
   DrawLegendAndTitles(document, layout, surface);

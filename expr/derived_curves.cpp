@@ -4,6 +4,7 @@
 #include "core/control_state.h"
 #include "core/data_set.h"
 #include "core/redraw.h"
+#include "core/vector_registers.h"
 
 namespace kurv {
 
@@ -27,6 +28,7 @@ void append_derived_curve(ControlState& state, const String& name, const String&
   document.yVarName(document.NumY + 1) = name;
   document.y_visible(document.NumY) = true;
 
+  clear_upper_registers();
   ExprEvaluator& evaluator = state.derived_evaluator.get();
   for (int i = 1; i <= document.NumData; ++i) {
     set_variables(document, curves, i, evaluator);

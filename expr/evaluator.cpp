@@ -8,6 +8,7 @@
 #include <unordered_map>
 #include <utility>
 
+#include "core/vector_registers.h"
 #include "expr/characters.h"
 #include "expr/parser.h"
 #include "expr/program.h"
@@ -100,6 +101,10 @@ class BuiltInEvaluator final : public ExprEvaluator {
   bool GetEvalError() const override { return m_failed; }
 
   Double Evaluate() override {
+    // A host that computes values for itself comes through here alone. Now and then is enough, and
+    // each time would be a tenth of a short expression.
+    constexpr unsigned kNowAndThen = 64;
+    if (m_evaluations++ % kNowAndThen == 0) clear_upper_registers();
     if (!m_bound) bind();
     const Double value = m_program.run(m_values.data());
     m_failed = std::isnan(value);
@@ -134,6 +139,7 @@ class BuiltInEvaluator final : public ExprEvaluator {
   String m_text;  // the empty text, which is no expression, has the empty program
   expr::Program m_program;
   std::vector<const Double*> m_values;  // one for each of the program's operands
+  unsigned m_evaluations = 0;
   bool m_bound = true;
   bool m_failed = false;
 };

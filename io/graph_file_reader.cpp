@@ -10,6 +10,7 @@
 #include <KurvGraph/fault.h>
 #include <KurvGraph/number_text.h>
 
+#include "core/vector_registers.h"
 #include "io/text_encoding.h"
 #include "io/text_file.h"
 
@@ -200,6 +201,7 @@ void read_curves(Lines& lines, GraphFile& graph, const TextFieldTool& tool) {
 
 GraphFile read_graph_file(InputFile& file, GraphDocument& document, const TextFieldTool& tool,
                           char decimal_separator) {
+  clear_upper_registers();
   Lines lines(file, decimal_separator);
   GraphFile graph;
   read_counts(lines, graph);

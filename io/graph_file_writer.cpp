@@ -9,6 +9,7 @@
 
 #include <KurvGraph/number_text.h>
 
+#include "core/vector_registers.h"
 #include "io/text_file.h"
 
 namespace kurv {
@@ -167,6 +168,7 @@ String version_stamp(int major, int minor) {
 
 void write_graph_text(const TextSink& sink, const GraphDocument& document, const Layout& layout,
                       const std::optional<ControlSize>& size, char decimal_separator) {
+  clear_upper_registers();
   Lines lines(sink, decimal_separator);
   write_head(lines, document);
   write_places(lines, document, layout, size);

@@ -194,7 +194,9 @@ void Picture::Cls() {
   m_pixels->mask.clear();
   m_pixels->middles.clear();
   m_pixels->pending_colour.reset();
-  m_pixels->image.fill(Qt::white);
+  // Not QImage::fill(), which leaves the upper halves of the vector registers in use.
+  const raster::Canvas canvas = m_pixels->canvas();
+  raster::fill_rect(canvas, {0, 0, canvas.width, canvas.height}, pixel_of(kWhite));
 }
 
 void Picture::Line(SurfacePoint from, SurfacePoint to, int colour, LineKind kind) {
