@@ -106,10 +106,10 @@ void Columns::use(const Pen& pen, bool fine_cells) {
 // Whether all of the line is there and near.
 bool Columns::is_one_run(const Polyline& line) const {
   const auto scale = static_cast<float>(m_pen.pixels_per_unit);
-  int missing = 0;
-  for (std::size_t i = 1; i < line.drawn.size(); ++i) missing += line.drawn[i] == 0 ? 1 : 0;
-  for (const float y : m_y) missing += is_near(y) ? 0 : 1;
-  return missing == 0 && is_near(line.x.front() * scale) && is_near(line.x.back() * scale);
+  if (!is_near(line.x.front() * scale) || !is_near(line.x.back() * scale)) return false;
+  int far = 0;
+  for (const float y : m_y) far += is_near(y) ? 0 : 1;
+  return far == 0 && std::memchr(line.drawn.data() + 1, 0, line.drawn.size() - 1) == nullptr;
 }
 
 // A run goes on as long as its segments are there and near.

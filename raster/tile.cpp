@@ -63,25 +63,27 @@ void blend_four(std::uint32_t* pixels, Words colour, Pairs coverages) {
   std::memcpy(pixels, &blended, sizeof blended);
 }
 
-// `colour` holds that of two pixels, by channel.
-void blend_eight(std::uint32_t* pixels, Words colour, Words coverages) {
-  const Words c = coverages;
-  blend_four(pixels, colour,
-             bits_of<Pairs>(__builtin_shufflevector(c, c, 0, 8, 1, 9, 2, 10, 3, 11)));
-  blend_four(pixels + 4, colour,
-             bits_of<Pairs>(__builtin_shufflevector(c, c, 4, 12, 5, 13, 6, 14, 7, 15)));
-}
-
-// Sixteen neighbours.
+// Sixteen neighbours. `colour` holds that of two pixels, by channel.
 void blend_row(std::uint32_t* pixels, Words colour, Words first, Words second) {
-  const auto halves = bits_of<std::array<std::uint64_t, 2>>(bytes_of(first, second));
+  const Bytes bytes = bytes_of(first, second);
+  const auto halves = bits_of<std::array<std::uint64_t, 2>>(bytes);
   if (halves[0] == kAllFull && halves[1] == kAllFull) {
     const Bytes four = bytes_of(colour, colour);
     for (int i = 0; i < Tile::kColumns; i += 4) std::memcpy(pixels + i, &four, sizeof four);
     return;
   }
-  if (halves[0] != 0) blend_eight(pixels, colour, first);
-  if (halves[1] != 0) blend_eight(pixels + 8, colour, second);
+  if ((halves[0] & 0xFFFFFFFF) != 0)
+    blend_four(pixels, colour,
+               bits_of<Pairs>(__builtin_shufflevector(first, first, 0, 8, 1, 9, 2, 10, 3, 11)));
+  if ((halves[0] >> 32) != 0)
+    blend_four(pixels + 4, colour,
+               bits_of<Pairs>(__builtin_shufflevector(first, first, 4, 12, 5, 13, 6, 14, 7, 15)));
+  if ((halves[1] & 0xFFFFFFFF) != 0)
+    blend_four(pixels + 8, colour,
+               bits_of<Pairs>(__builtin_shufflevector(second, second, 0, 8, 1, 9, 2, 10, 3, 11)));
+  if ((halves[1] >> 32) != 0)
+    blend_four(pixels + 12, colour,
+               bits_of<Pairs>(__builtin_shufflevector(second, second, 4, 12, 5, 13, 6, 14, 7, 15)));
 }
 
 }  // namespace
