@@ -19,6 +19,7 @@
 #include "raster/canvas.h"
 #include "raster/columns.h"
 #include "raster/coverage.h"
+#include "raster/layer.h"
 #include "raster/long_segments.h"
 #include "raster/stamp.h"
 #include "raster/strokes.h"
@@ -76,6 +77,7 @@ struct Picture::Pixels {
   std::optional<std::uint32_t> pending_colour;
   raster::LongSegments middles;
   raster::Columns columns;
+  std::optional<raster::Layer> lines;  // once there were many
 
   Integer draw_width = 1;
   int fore_color = kBlack;
@@ -104,6 +106,11 @@ struct Picture::Pixels {
     if (pending_colour != pixel) flush();
     pending_colour = pixel;
     return mask;
+  }
+
+  raster::Layer& layer() {
+    if (!lines) lines.emplace(resolution.width, resolution.height);
+    return *lines;
   }
 
   raster::Pen pen() const { return {1 / resolution.twips_per_pixel, pen_width() / 2}; }
@@ -166,6 +173,7 @@ void Picture::resize(QSize logical_size, double device_pixel_ratio) {
   m_pixels->mask = std::move(mask);
   m_pixels->middles = raster::LongSegments(resolution.width, resolution.height);
   m_pixels->columns = raster::Columns(resolution.width, resolution.height);
+  m_pixels->lines.reset();
   m_pixels->pending_colour.reset();
 }
 
@@ -225,6 +233,26 @@ void Picture::Polyline(const PolylinePoints& points, int colour) {
   }
   m_pixels->flush();
   m_pixels->columns.flush(m_pixels->canvas(), pixel_of(colour));
+}
+
+// Many noisy lines hide most of each other: from the front to the back, what is hidden is not
+// drawn.
+void Picture::Polylines(std::span<const Single> x, int count,
+                        const std::function<PolylineOver(int)>& line) {
+  constexpr int kMany = 8;
+  raster::Columns& columns = m_pixels->columns;
+  const raster::Pen pen = m_pixels->pen();
+  if (count < kMany || !columns.takes(pen, x) || !raster::Columns::is_noisy(line(count - 1).y)) {
+    return PlotSurface::Polylines(x, count, line);
+  }
+  m_pixels->flush();
+  raster::Layer& layer = m_pixels->layer();
+  for (int i = count - 1; i >= 0; --i) {
+    const PolylineOver over = line(i);
+    columns.add(pen, {x, over.y, over.drawn}, &layer);
+    columns.flush(layer, pixel_of(over.colour));
+  }
+  layer.flush(m_pixels->canvas());
 }
 
 void Picture::Circle(SurfacePoint centre, Single radius, int colour) {

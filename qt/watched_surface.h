@@ -28,6 +28,10 @@ class WatchedSurface final : public PlotSurface {
   void Polyline(const PolylinePoints& points, int colour) override {
     m_target.Polyline(points, colour);
   }
+  void Polylines(std::span<const Single> x, int count,
+                 const std::function<PolylineOver(int)>& line) override {
+    m_target.Polylines(x, count, line);
+  }
   void Circle(SurfacePoint centre, Single radius, int colour) override {
     m_target.Circle(centre, radius, colour);
   }

@@ -61,11 +61,14 @@ void Abscissae::place_points(Placement& placement) const {
   });
   if (m_is_reversed) std::ranges::reverse(placement.at);
   const auto last = static_cast<float>(nodes.last);
+  float widest = 0;
   for (std::size_t i = 0; i < m_x.size(); ++i) {
+    if (i > 0) widest = std::max(widest, placement.at[i] - placement.at[i - 1]);
     placement.nearest[i] =
         static_cast<int>(std::floor(std::clamp(placement.at[i] + 0.5F, -1.0F, last + 1)));
     if (i > 0) meet_nodes(placement, i);
   }
+  placement.is_dense = widest <= 0.5F;
 }
 
 void Abscissae::meet_nodes(Placement& placement, std::size_t point) {

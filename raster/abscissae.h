@@ -26,9 +26,14 @@ class Abscissae {
 
   // Whether x runs downwards. Points are counted in ascending order all the same.
   bool is_reversed() const { return m_is_reversed; }
+  // Whether the points are so close together that each node between two of them is the nearest of
+  // both, or stands on one.
+  bool is_dense() const { return current().is_dense; }
   float at(int point) const { return current().at[static_cast<std::size_t>(point)]; }
   // The node nearest to the point, or one before the first, or one behind the last.
   int nearest(int point) const { return current().nearest[static_cast<std::size_t>(point)]; }
+  // The same of all points, one after the other.
+  const int* nearest_of_all() const { return current().nearest.data(); }
   // The last segment that passes a node between two points, by the point that ends it, and how much
   // of it lies before the node.
   int segment(int node) const { return current().segment[static_cast<std::size_t>(node)]; }
@@ -37,6 +42,7 @@ class Abscissae {
  private:
   struct Placement {
     bool is_known = false;
+    bool is_dense = false;
     Nodes nodes;
     std::vector<float> at;
     std::vector<int> nearest;

@@ -13,7 +13,7 @@ constexpr float kNoBottom = -kNoTop;
 
 }  // namespace
 
-Cells::Cells(int width, int height) : m_tile(width, height) {}
+Cells::Cells(int width, int height) : m_width(width), m_tile(height) {}
 
 // Of whole tiles.
 std::size_t Cells::room() const {
@@ -31,15 +31,20 @@ void Cells::set_per_pixel_log2(int value) {
 void Cells::cover(int first, std::span<const float> top, std::span<const float> bottom) {
   const int end = first + static_cast<int>(top.size());
   if (is_empty()) m_first = m_end = first;
-  const bool is_apart = first >= m_end || end <= m_first;
+  if (first >= m_end || end <= m_first) {
+    if (first >= m_end) reach(m_end, first);
+    if (end <= m_first) reach(end, m_first);
+    m_first = std::min(m_first, first);
+    m_end = std::max(m_end, end);
+    return set(first, top, bottom);
+  }
   reach(first, end);
-  if (is_apart) return set(first, top, bottom);
   for (std::size_t i = 0; i < top.size(); ++i) {
     if (top[i] < bottom[i]) insert(first + static_cast<int>(i), {top[i], bottom[i]});
   }
 }
 
-// Cells first..end-1 and what lies between them and the others come to hold something.
+// Cells first..end-1 and what lies between them and the others count as well, as empty as they are.
 void Cells::reach(int first, int end) {
   const auto empty = [this](int from, int to) {
     if (from >= to) return;
@@ -118,22 +123,20 @@ void Cells::join_cell(std::span<const Further> further, std::vector<Further>& ke
   m_bottom[place] = own.bottom;
 }
 
-void Cells::flush(const Canvas& canvas, std::uint32_t colour) {
-  if (is_empty()) return;
+void Cells::prepare(int first_tile, int end_tile) {
   join_further();
-  const int log2 = m_per_pixel_log2, in_tile = Tile::kColumns << log2;
-  const int first_tile = m_first / in_tile, end_tile = (m_end - 1) / in_tile + 1;
-  reach(first_tile * in_tile, end_tile * in_tile);
-  auto further = m_further.begin();
-  for (int tile = first_tile; tile < end_tile; ++tile) {
-    const int first = tile * in_tile;
-    m_tile.add(m_top.data() + first, m_bottom.data() + first, log2);
-    for (; further != m_further.end() && further->cell < first + in_tile; ++further) {
-      m_tile.add(further->cell - first, further->interval, log2);
-    }
-    m_tile.flush(canvas, tile * Tile::kColumns, colour, log2);
+  m_next_further = 0;
+  reach(first_tile * in_tile(), end_tile * in_tile());
+}
+
+void Cells::fill(int tile) {
+  const int first = tile * in_tile();
+  m_tile.add(m_top.data() + first, m_bottom.data() + first, m_per_pixel_log2);
+  for (; m_next_further < m_further.size(); ++m_next_further) {
+    const Further& further = m_further[m_next_further];
+    if (further.cell >= first + in_tile()) break;
+    m_tile.add(further.cell - first, further.interval, m_per_pixel_log2);
   }
-  clear();
 }
 
 void Cells::clear() {

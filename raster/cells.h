@@ -8,7 +8,6 @@
 #include <span>
 #include <vector>
 
-#include "raster/canvas.h"
 #include "raster/tile.h"
 
 namespace kurv::raster {
@@ -18,10 +17,11 @@ class Cells {
  public:
   Cells(int width, int height);
 
-  int width() const { return m_tile.canvas_width(); }
-  int height() const { return m_tile.canvas_height(); }
+  int width() const { return m_width; }
+  int height() const { return m_tile.height(); }
   int per_pixel() const { return 1 << m_per_pixel_log2; }
   int count() const { return width() << m_per_pixel_log2; }
+  int in_tile() const { return Tile::kColumns << m_per_pixel_log2; }
   bool is_empty() const { return m_first >= m_end; }
 
   // Only while it is empty, and once before anything is added.
@@ -29,8 +29,20 @@ class Cells {
   // Covers cell `first` + i from top[i] to bottom[i], in pixels; nothing where the one is not above
   // the other.
   void cover(int first, std::span<const float> top, std::span<const float> bottom);
-  // Blends the colour onto the canvas, of the size this was made for, and forgets what was covered.
-  void flush(const Canvas& canvas, std::uint32_t colour);
+  // Calls put(tile, row, RowCoverage) for what is covered, tiles and rows from the first to the
+  // last, and forgets it.
+  template <class Put>
+  void flush(const Put& put) {
+    if (is_empty()) return;
+    const int first_tile = m_first / in_tile(), end_tile = (m_end - 1) / in_tile() + 1;
+    prepare(first_tile, end_tile);
+    for (int tile = first_tile; tile < end_tile; ++tile) {
+      fill(tile);
+      m_tile.take_rows(m_per_pixel_log2,
+                       [&](int y, const RowCoverage& coverage) { put(tile, y, coverage); });
+    }
+    clear();
+  }
   void clear();
 
  private:
@@ -44,9 +56,12 @@ class Cells {
   void reach(int first, int end);
   void set(int first, std::span<const float> top, std::span<const float> bottom);
   void insert(int cell, Interval interval);
+  void prepare(int first_tile, int end_tile);
+  void fill(int tile);
   void join_further();
   void join_cell(std::span<const Further> further, std::vector<Further>& kept);
 
+  int m_width;
   Tile m_tile;
   int m_per_pixel_log2 = 0;
   // The first interval of each cell; none where top is not above bottom. What lies outside of
@@ -54,6 +69,7 @@ class Cells {
   std::vector<float> m_top;
   std::vector<float> m_bottom;
   std::vector<Further> m_further;
+  std::size_t m_next_further = 0;  // of those that are in no tile yet, while flushing
   std::size_t m_most_further = 0;  // until they are joined
   int m_first = 0;
   int m_end = 0;

@@ -5,6 +5,7 @@
 #include <cstring>
 
 #include "raster/geometry.h"
+#include "raster/row_blend.h"
 #include "raster/stroke_parts.h"
 
 namespace kurv::raster {
@@ -28,14 +29,26 @@ bool is_wide(const Pen& pen) {
 
 }  // namespace
 
-bool Columns::add(const Pen& pen, const Polyline& line) {
-  if (!is_narrow(pen) || !m_abscissae.take(line.x)) return false;
+bool Columns::takes(const Pen& pen, std::span<const float> x) {
+  return is_narrow(pen) && m_abscissae.take(x);
+}
+
+bool Columns::add(const Pen& pen, const Polyline& line, const Layer* above) {
+  if (!takes(pen, line.x)) return false;
   if (line.x.empty()) return true;
+  m_above = above;
   scale_y(pen, line.y);
-  find_turns();
-  if (m_cells.is_empty()) use(pen, !is_wide(pen) && needs_fine_cells(pen, line));
+  m_is_noisy = is_noisy(m_y);
+  if (!m_is_noisy) find_turns();
+  if (m_cells.is_empty()) {
+    use(pen, !is_wide(pen) && (m_is_noisy || needs_fine_cells(pen, line)));
+  }
   m_abscissae.place(
       {pen.pixels_per_unit * m_cells.per_pixel(), m_trace.node_of_zero(), m_trace.last_node()});
+  if (m_is_noisy && !m_abscissae.is_dense()) {
+    m_is_noisy = false;
+    find_turns();
+  }
   if (is_one_run(line)) {
     add_run(0, static_cast<int>(line.x.size()));
   } else {
@@ -44,11 +57,33 @@ bool Columns::add(const Pen& pen, const Polyline& line) {
   return true;
 }
 
+void Columns::flush(const Canvas& canvas, std::uint32_t colour) {
+  const RowBlend blend(canvas, colour);
+  m_cells.flush(
+      [&](int tile, int y, const RowCoverage& coverage) { blend.put(tile, y, coverage); });
+}
+
+void Columns::flush(Layer& layer, std::uint32_t colour) {
+  m_cells.flush(
+      [&](int tile, int y, const RowCoverage& coverage) { layer.put(tile, y, coverage, colour); });
+}
+
 void Columns::scale_y(const Pen& pen, std::span<const float> y) {
   m_y.resize(y.size());
   const auto scale = static_cast<float>(pen.pixels_per_unit);
   for (std::size_t i = 0; i < y.size(); ++i) m_y[i] = y[i] * scale;
   if (m_abscissae.is_reversed()) std::ranges::reverse(m_y);
+}
+
+bool Columns::is_noisy(std::span<const float> y) {
+  constexpr std::size_t kSample = 128;
+  if (y.size() < 8 * kSample) return false;
+  std::size_t turns = 0;
+  for (std::size_t k = 0; k < kSample; ++k) {
+    const float* const at = &y[k * (y.size() - 3) / kSample];
+    turns += (at[1] - at[0]) * (at[2] - at[1]) < 0 ? 1 : 0;
+  }
+  return turns * 2 > kSample;
 }
 
 // Where it goes on level the line turns at both ends of that, whatever way it goes on: nobody sees
@@ -153,17 +188,28 @@ void Columns::add_run(int first, int end) {
   while (x.nearest(first) < 0 && x.nearest(first + 1) < 0) ++first;
   while (x.nearest(end - 1) > last && x.nearest(end - 2) > last) --end;
 
-  // Where the line turns is known to the nearest node only. Elsewhere that would widen it.
-  const auto pass_point = [&](int i, float y) {
-    const int node = x.nearest(i);
-    if (node >= 0 && node <= last) m_trace.pass(node, y);
+  if (m_is_noisy) {
+    pass_all(first, end);
+  } else {
+    pass_line(first, end);
+  }
+  m_trace.dilate(first_node, last_node, m_cells, m_above);
+}
+
+// The nodes that the line passes, and where it turns, which is known to the nearest node only.
+// Points where it goes on would widen it.
+void Columns::pass_line(int first, int end) {
+  const Abscissae& x = m_abscissae;
+  const auto pass_point = [&](int i) {
+    m_trace.pass(x.nearest(i), m_y[static_cast<std::size_t>(i)]);
   };
-  pass_point(first, m_y[static_cast<std::size_t>(first)]);
+  pass_point(first);
   const auto turns_end = std::ranges::lower_bound(m_turns, end - 1);
   for (auto turn = std::ranges::upper_bound(m_turns, first); turn < turns_end; ++turn) {
-    pass_point(*turn, m_y[static_cast<std::size_t>(*turn)]);
+    pass_point(*turn);
   }
-  pass_point(end - 1, m_y[static_cast<std::size_t>(end - 1)]);
+  pass_point(end - 1);
+  const int last = m_trace.last_node();
   const int from = static_cast<int>(std::ceil(std::max(x.at(first), 0.0F)));
   const int to = static_cast<int>(std::ceil(std::min(x.at(end - 1), static_cast<float>(last + 1))));
   for (int node = from; node < to; ++node) {
@@ -171,7 +217,12 @@ void Columns::add_run(int first, int end) {
     const float before = m_y[segment - 1];
     m_trace.pass(node, before + x.fraction(node) * (m_y[segment] - before));
   }
-  m_trace.dilate(first_node, last_node, m_cells);
+}
+
+// Among points this dense the line passes nothing at a node that the nearest points do not.
+void Columns::pass_all(int first, int end) {
+  const int* const nearest = m_abscissae.nearest_of_all();
+  for (int i = first; i < end; ++i) m_trace.pass(nearest[i], m_y[static_cast<std::size_t>(i)]);
 }
 
 // The visible part of a segment with an end that is far away, the lower x first.
@@ -203,7 +254,7 @@ void Columns::add_far_segment(Point from, Point to) {
     const double fraction = (node - begin) / (end - begin);
     pass(node, part->from.y + fraction * (part->to.y - part->from.y));
   }
-  m_trace.dilate(first_node, last_node, m_cells);
+  m_trace.dilate(first_node, last_node, m_cells, m_above);
 }
 
 }  // namespace kurv::raster

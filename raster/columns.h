@@ -9,7 +9,9 @@
 #include <vector>
 
 #include "raster/abscissae.h"
+#include "raster/canvas.h"
 #include "raster/cells.h"
+#include "raster/layer.h"
 #include "raster/strokes.h"
 #include "raster/trace.h"
 
@@ -28,15 +30,23 @@ class Columns {
  public:
   Columns(int width, int height) : m_cells(width, height) {}
 
-  // False, and nothing is added, where the x of the line are not finite or go back and forth, or
-  // where the pen is so wide that it would take too long.
+  // Whether most points of a line are where it turns up or down, by a sample. Lines like that cover
+  // areas.
+  static bool is_noisy(std::span<const float> y);
+  // Whether lines of these x can be added with the pen: not where x is not finite or goes back and
+  // forth, or where the pen is so wide that it would take too long.
+  bool takes(const Pen& pen, std::span<const float> x);
+  // False, and nothing is added, where the x or the pen cannot be taken. What `above` hides may be
+  // left out.
   //
   // A segment that begins or ends at a NaN is not drawn, and an infinite y stands for the largest
   // finite number. What is visible of a segment is exact however far its ends are away. The pen
   // stays the same until the next flush.
-  bool add(const Pen& pen, const Polyline& line);
+  bool add(const Pen& pen, const Polyline& line, const Layer* above = nullptr);
   // Blends what has been added onto the canvas, of the size this was made for, and forgets it.
-  void flush(const Canvas& canvas, std::uint32_t colour) { m_cells.flush(canvas, colour); }
+  void flush(const Canvas& canvas, std::uint32_t colour);
+  // Puts it below what the layer holds, and forgets it.
+  void flush(Layer& layer, std::uint32_t colour);
   void clear() { m_cells.clear(); }
 
  private:
@@ -47,9 +57,13 @@ class Columns {
   bool is_one_run(const Polyline& line) const;
   void add_runs(const Polyline& line);
   void add_run(int first, int end);
+  void pass_line(int first, int end);
+  void pass_all(int first, int end);
   void add_far_segment(Point from, Point to);
 
   Pen m_pen{0, 0};
+  const Layer* m_above = nullptr;  // while a line is added
+  bool m_is_noisy = false;         // the line that is added
   Cells m_cells;
   Trace m_trace;
   Abscissae m_abscissae;

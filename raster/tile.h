@@ -1,13 +1,13 @@
-// A strip of a few pixel columns on its way from intervals of y to pixels.
+// A strip of a few pixel columns on its way from intervals of y to coverages.
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <span>
 #include <vector>
 
-#include "raster/canvas.h"
+#include "raster/words.h"
 
 namespace kurv::raster {
 
@@ -23,35 +23,48 @@ class Tile {
  public:
   static constexpr int kColumns = 16;
 
-  Tile(int canvas_width, int canvas_height);
+  explicit Tile(int height);
 
-  int canvas_width() const { return m_width; }
-  int canvas_height() const { return m_height; }
+  int height() const { return m_height; }
 
   // One interval for each cell of the tile, in their order, kColumns << log2 of either.
   void add(const float* top, const float* bottom, int per_pixel_log2);
   // One more for one of the cells.
   void add(int cell, Interval interval, int per_pixel_log2);
-  // Blends the colour onto the canvas, where the tile begins at the pixel column `left`, and
-  // empties the tile. `per_pixel_log2` is that of everything that was added.
-  void flush(const Canvas& canvas, int left, std::uint32_t colour, int per_pixel_log2);
+  // Calls visit(row, RowCoverage) for each row that anything may cover, and empties the tile.
+  // `per_pixel_log2` is that of everything that was added.
+  template <class Visit>
+  void take_rows(int per_pixel_log2, const Visit& visit) {
+    Sums left{}, right{};
+    for (int y = m_begin; y <= m_end + 1; ++y) {
+      Row& row = m_changes[static_cast<std::size_t>(y)];
+      const auto changes = bits_of<std::array<Sums, 2>>(row);
+      left += changes[0];
+      right += changes[1];
+      row = {};
+      if (y >= m_height) continue;
+      const RowCoverage coverage{coverages_of(left, per_pixel_log2),
+                                 coverages_of(right, per_pixel_log2)};
+      visit(y, coverage);
+    }
+    m_begin = m_height;
+    m_end = 0;
+  }
 
  private:
-  // What begins in a row, by column, of 256 for all the height of a row.
+  // Parts of a row, so that sums come out exact.
+  static constexpr int kPartsLog2 = 8;
+  static constexpr int kParts = 1 << kPartsLog2;
+  // What begins in a row, by column; all the height of a row is kParts.
   using Row = std::array<std::int16_t, kColumns>;
 
-  void begin_at(int row, int column, int part) {
-    Row* const changes = m_changes.data() + row;
-    changes[0][static_cast<std::size_t>(column)] += static_cast<std::int16_t>(256 - part);
-    changes[1][static_cast<std::size_t>(column)] += static_cast<std::int16_t>(part);
+  // 0 to 255, of sums up to kParts << per_pixel_log2.
+  static Words coverages_of(Sums sums, int per_pixel_log2) {
+    const auto half = static_cast<std::int16_t>(1 << (per_pixel_log2 - 1));
+    return bits_of<Words>((sums - (sums >> kPartsLog2) + half) >> per_pixel_log2);
   }
-  void end_at(int row, int column, int part) {
-    Row* const changes = m_changes.data() + row;
-    changes[0][static_cast<std::size_t>(column)] -= static_cast<std::int16_t>(256 - part);
-    changes[1][static_cast<std::size_t>(column)] -= static_cast<std::int16_t>(part);
-  }
+  void change(int from, int to, int column);
 
-  int m_width;
   int m_height;
   std::vector<Row> m_changes;
   // Rows from m_begin to m_end hold changes.

@@ -1,6 +1,7 @@
 #include "raster/trace.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <limits>
 
@@ -9,9 +10,6 @@ namespace {
 
 constexpr float kNothingLow = std::numeric_limits<float>::infinity();
 constexpr float kNothingHigh = -kNothingLow;
-// Pieces that stay in the processor's nearest memory while all discs pass over them.
-constexpr int kPiece = 1024;
-
 }  // namespace
 
 void Trace::use(const Cells& cells, double half_width) {
@@ -26,32 +24,68 @@ void Trace::use(const Cells& cells, double half_width) {
     m_discs.push_back(static_cast<float>(
         std::sqrt(std::max(0.0, half_width * half_width - distance * distance))));
   }
-  m_low.resize(static_cast<std::size_t>(m_last_node) + 1);
-  m_high.resize(static_cast<std::size_t>(m_last_node) + 1);
-  m_top.resize(kPiece);
-  m_bottom.resize(kPiece);
+  m_half_width = static_cast<float>(half_width);
+  m_low.resize(static_cast<std::size_t>(m_last_node) + 3);
+  m_high.resize(static_cast<std::size_t>(m_last_node) + 3);
+  m_top.resize(static_cast<std::size_t>(cells.in_tile()));
+  m_bottom.resize(static_cast<std::size_t>(cells.in_tile()));
 }
 
 // Discs ask for nodes on either side of those that are passed, too.
 void Trace::begin(int first, int last) {
   const int begin = std::max(first - 2 * m_reach, 0);
-  const int end = std::min(last + 2 * m_reach, m_last_node) + 1;
+  const int end = std::min(last + 2 * m_reach, m_last_node) + 3;
   std::fill(m_low.begin() + begin, m_low.begin() + end, kNothingLow);
   std::fill(m_high.begin() + begin, m_high.begin() + end, kNothingHigh);
 }
 
-void Trace::dilate(int first, int last, Cells& cells) {
+// Tile by tile, which stays in the processor's nearest memory while all discs pass over it.
+void Trace::dilate(int first, int last, Cells& cells, const Layer* above) {
   const int begin = std::max(first - 2 * m_reach, 0);
   const int end = std::min(last, cells.count());
-  for (int piece = begin; piece < end; piece += kPiece) {
-    const int count = std::min(kPiece, end - piece);
-    std::fill_n(m_top.begin(), count, kNothingLow);
-    std::fill_n(m_bottom.begin(), count, kNothingHigh);
-    cover_discs(piece, count);
-    if (m_rim > 0) cover_rims(piece, count);
-    const auto size = static_cast<std::size_t>(count);
-    cells.cover(piece, {m_top.data(), size}, {m_bottom.data(), size});
+  const int in_tile = cells.in_tile();
+  for (int piece = begin; piece < end;) {
+    const int behind = std::min(end, (piece / in_tile + 1) * in_tile);
+    if (!above || !is_hidden(piece, behind, cells, *above)) {
+      const int count = behind - piece;
+      std::fill_n(m_top.begin(), count, kNothingLow);
+      std::fill_n(m_bottom.begin(), count, kNothingHigh);
+      cover_discs(piece, count);
+      if (m_rim > 0) cover_rims(piece, count);
+      const auto size = static_cast<std::size_t>(count);
+      cells.cover(piece, {m_top.data(), size}, {m_bottom.data(), size});
+    }
+    piece = behind;
   }
+}
+
+// Cells begin..end-1 of one tile.
+bool Trace::is_hidden(int begin, int end, const Cells& cells, const Layer& above) const {
+  const int last = end + 2 * m_reach;
+  const float* const low = m_low.data() + 1;
+  const float* const high = m_high.data() + 1;
+  // Several at a time that need not wait for each other.
+  constexpr int kAtOnce = 8;
+  std::array<float, kAtOnce> tops, bottoms;
+  tops.fill(kNothingLow);
+  bottoms.fill(kNothingHigh);
+  int node = begin;
+  for (; node + kAtOnce <= last + 1; node += kAtOnce) {
+    for (std::size_t k = 0; k < kAtOnce; ++k) {
+      tops[k] = smaller(low[node + static_cast<int>(k)], tops[k]);
+      bottoms[k] = larger(high[node + static_cast<int>(k)], bottoms[k]);
+    }
+  }
+  for (; node <= last; ++node) {
+    tops[0] = smaller(low[node], tops[0]);
+    bottoms[0] = larger(high[node], bottoms[0]);
+  }
+  const float top = *std::ranges::min_element(tops), bottom = *std::ranges::max_element(bottoms);
+  const auto row = [&cells](float y) {
+    return static_cast<int>(std::clamp(y, 0.0F, static_cast<float>(cells.height())));
+  };
+  return above.hides(begin / cells.in_tile(), row(top - m_half_width),
+                     row(std::ceil(bottom + m_half_width)));
 }
 
 // The left edge of a cell is m_reach nodes behind the one that has its number.
@@ -60,10 +94,10 @@ void Trace::cover_discs(int begin, int count) {
   float* const bottom = m_bottom.data();
   for (int k = 0; k < m_reach; ++k) {
     const float half = m_discs[static_cast<std::size_t>(k)];
-    const float* const low_left = m_low.data() + begin + m_reach - k;
-    const float* const low_right = m_low.data() + begin + m_reach + 1 + k;
-    const float* const high_left = m_high.data() + begin + m_reach - k;
-    const float* const high_right = m_high.data() + begin + m_reach + 1 + k;
+    const float* const low_left = m_low.data() + 1 + begin + m_reach - k;
+    const float* const low_right = m_low.data() + 1 + begin + m_reach + 1 + k;
+    const float* const high_left = m_high.data() + 1 + begin + m_reach - k;
+    const float* const high_right = m_high.data() + 1 + begin + m_reach + 1 + k;
     for (int i = 0; i < count; ++i) {
       top[i] = smaller(top[i], smaller(low_left[i], low_right[i]) - half);
       bottom[i] = larger(bottom[i], larger(high_left[i], high_right[i]) + half);
@@ -73,10 +107,10 @@ void Trace::cover_discs(int begin, int count) {
 
 // The very rims of the discs, which have no height, meet the line between two nodes.
 void Trace::cover_rims(int begin, int count) {
-  const float* const low_left = m_low.data() + begin;
-  const float* const low_right = m_low.data() + begin + 2 * m_reach;
-  const float* const high_left = m_high.data() + begin;
-  const float* const high_right = m_high.data() + begin + 2 * m_reach;
+  const float* const low_left = m_low.data() + 1 + begin;
+  const float* const low_right = m_low.data() + 1 + begin + 2 * m_reach;
+  const float* const high_left = m_high.data() + 1 + begin;
+  const float* const high_right = m_high.data() + 1 + begin + 2 * m_reach;
   const float outer = m_rim, inner = 1 - m_rim;
   float* const top = m_top.data();
   float* const bottom = m_bottom.data();

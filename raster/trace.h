@@ -9,6 +9,7 @@
 
 #include "raster/cells.h"
 #include "raster/extremes.h"
+#include "raster/layer.h"
 
 namespace kurv::raster {
 
@@ -24,25 +25,29 @@ class Trace {
 
   // Nodes first..last, and no other, are passed until the dilation of the same nodes.
   void begin(int first, int last);
-  // The line passes a node at y, in pixels; what is not a number is no place.
+  // The line passes a node at y, in pixels; what is not a number is no place. The nodes right
+  // before the first and right behind the last may be passed as well, for nothing.
   void pass(int node, float y) {
-    float& low = m_low[static_cast<std::size_t>(node)];
-    float& high = m_high[static_cast<std::size_t>(node)];
+    float& low = m_low[static_cast<std::size_t>(node + 1)];
+    float& high = m_high[static_cast<std::size_t>(node + 1)];
     low = smaller(y, low);
     high = larger(y, high);
   }
-  // Covers what the pen covers on its way along these nodes.
-  void dilate(int first, int last, Cells& cells);
+  // Covers what the pen covers on its way along these nodes, except for what `above` hides, if
+  // there is any.
+  void dilate(int first, int last, Cells& cells, const Layer* above);
 
  private:
+  bool is_hidden(int begin, int end, const Cells& cells, const Layer& above) const;
   void cover_discs(int begin, int count);
   void cover_rims(int begin, int count);
 
   int m_reach = 0;  // how many cells on either side of a node its disc covers
   int m_last_node = 0;
+  float m_half_width = 0;
   float m_rim = 0;             // how far a disc reaches beyond the outermost node on its side
   std::vector<float> m_discs;  // half the height of a disc, by the distance of the cell
-  std::vector<float> m_low;    // of the line at each node
+  std::vector<float> m_low;    // of the line at each node, and at one more on either side
   std::vector<float> m_high;
   std::vector<float> m_top;  // of what a piece of the cells covers
   std::vector<float> m_bottom;

@@ -21,19 +21,7 @@ std::span<const Double> values_of(const GraphDocument& document, int column) {
 class Lines {
  public:
   Lines(const GraphDocument& document, const Mapping& mapping)
-      : m_document(document), m_mapping(mapping) {}
-
-  // Only a segment's end point decides: one that comes in from outside is drawn in full, out to its
-  // outside start, and one that leaves is not drawn. Deliberate.
-  void draw(int curve, PlotSurface& surface) {
-    if (m_x.empty()) map_x();
-    m_mapping.map_y(values_of(m_document, curve + 1), m_y, m_drawn);
-    for (std::size_t i = 0; i < m_drawn.size(); ++i) m_drawn[i] &= m_x_inside[i];
-    surface.Polyline({m_x, m_y, m_drawn}, curve_colour(curve));
-  }
-
- private:
-  void map_x() {
+      : m_document(document), m_mapping(mapping) {
     const std::span<const Double> values = values_of(m_document, 1);
     m_x.resize(values.size());
     m_y.resize(values.size());
@@ -42,6 +30,21 @@ class Lines {
     m_mapping.map_x(values, m_x, m_x_inside);
   }
 
+  std::span<const Single> x() const { return m_x; }
+
+  // Only a segment's end point decides: one that comes in from outside is drawn in full, out to its
+  // outside start, and one that leaves is not drawn. Deliberate.
+  PolylineOver line(int curve) {
+    m_mapping.map_y(values_of(m_document, curve + 1), m_y, m_drawn);
+    // Plain pointers and a count, or it goes byte by byte.
+    const std::size_t count = m_drawn.size();
+    std::uint8_t* const drawn = m_drawn.data();
+    const std::uint8_t* const x_inside = m_x_inside.data();
+    for (std::size_t i = 0; i < count; ++i) drawn[i] &= x_inside[i];
+    return {m_y, m_drawn, curve_colour(curve)};
+  }
+
+ private:
   const GraphDocument& m_document;
   const Mapping& m_mapping;
   std::vector<Single> m_x;
@@ -49,6 +52,23 @@ class Lines {
   std::vector<std::uint8_t> m_x_inside;
   std::vector<std::uint8_t> m_drawn;
 };
+
+std::vector<int> visible_curves(const GraphDocument& document) {
+  std::vector<int> curves;
+  for (int k = 1; k <= document.NumY; ++k) {
+    if (document.y_visible(k)) curves.push_back(k);
+  }
+  return curves;
+}
+
+void draw_lines(const GraphDocument& document, const Mapping& mapping,
+                const std::vector<int>& curves, PlotSurface& surface) {
+  Lines lines(document, mapping);
+  surface.DrawWidth(document.CurvesWidth);
+  surface.Polylines(lines.x(), static_cast<int>(curves.size()),
+                    [&](int i) { return lines.line(curves[static_cast<std::size_t>(i)]); });
+  surface.DrawWidth(1);
+}
 
 void draw_markers(const GraphDocument& document, const Mapping& mapping, int curve,
                   PlotSurface& surface) {
@@ -78,16 +98,9 @@ int curve_colour(int curve) {
 
 void DrawScatterCurves(const GraphDocument& document, const Layout& layout, PlotSurface& surface) {
   const Mapping mapping(document, layout.plot);
-  Lines lines(document, mapping);
-  for (int k = 1; k <= document.NumY; ++k) {
-    if (!document.y_visible(k)) continue;
-    surface.DrawWidth(document.CurvesWidth);
-    if (document.Connected) lines.draw(k, surface);
-    surface.DrawWidth(1);
-  }
-  for (int k = 1; k <= document.NumY; ++k) {
-    if (document.y_visible(k)) draw_markers(document, mapping, k, surface);
-  }
+  const std::vector<int> curves = visible_curves(document);
+  if (document.Connected && !curves.empty()) draw_lines(document, mapping, curves, surface);
+  for (const int k : curves) draw_markers(document, mapping, k, surface);
 }
 
 }  // namespace kurv

@@ -38,6 +38,8 @@ class Picture final : public PlotSurface {
   void Cls() override;
   void Line(SurfacePoint from, SurfacePoint to, int colour, LineKind kind) override;
   void Polyline(const PolylinePoints& points, int colour) override;
+  void Polylines(std::span<const Single> x, int count,
+                 const std::function<PolylineOver(int)>& line) override;
   void Circle(SurfacePoint centre, Single radius, int colour) override;
   void Arc(SurfacePoint centre, Single radius, int colour, Single start, Single end) override;
   void Repeat(std::span<const FigureCentre> centres, Double reach, const Figure& figure) override;

@@ -46,6 +46,13 @@ struct PolylinePoints {
   std::span<const std::uint8_t> drawn;
 };
 
+// One of several polylines over the same x: the rest of its points, and its colour.
+struct PolylineOver {
+  std::span<const Single> y;
+  std::span<const std::uint8_t> drawn;
+  int colour = 0;
+};
+
 // Where a figure is drawn, in twips; finer than a SurfacePoint, because its parts are placed from
 // here.
 struct FigureCentre {
@@ -75,6 +82,16 @@ class PlotSurface {
       if (points.drawn[i] == 0) continue;
       Line({points.x[i - 1], points.y[i - 1]}, {points.x[i], points.y[i]}, colour,
            LineKind::kSegment);
+    }
+  }
+  // Polylines over the same x, each upon those before it: the same as a Polyline() for each, in
+  // their order. `line` is asked for each of 0..count-1, in any order, and what it says need last
+  // until it is asked again.
+  virtual void Polylines(std::span<const Single> x, int count,
+                         const std::function<PolylineOver(int)>& line) {
+    for (int i = 0; i < count; ++i) {
+      const PolylineOver over = line(i);
+      Polyline({x, over.y, over.drawn}, over.colour);
     }
   }
   // A circle outline of the given radius in twips.

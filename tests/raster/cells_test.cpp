@@ -7,6 +7,7 @@
 #include <limits>
 #include <random>
 
+#include "raster/row_blend.h"
 #include "tests/raster/guarded_canvas.h"
 
 namespace kurv::raster {
@@ -48,6 +49,12 @@ class PlainCells {
   int m_height;
   std::vector<std::vector<bool>> m_covered;
 };
+
+void flush(Cells& cells, GuardedCanvas& picture) {
+  const Canvas canvas = picture.canvas();
+  const RowBlend blend(canvas, kBlackPixel);
+  cells.flush([&](int tile, int y, const RowCoverage& coverage) { blend.put(tile, y, coverage); });
+}
 
 struct Piece {
   int first;
@@ -115,7 +122,7 @@ TEST(Cells, AreTheUnionOfWhateverCoversThem) {
         }
       }
       GuardedCanvas drawn(kWidth, kHeight);
-      cells.flush(drawn.canvas(), kBlackPixel);
+      flush(cells, drawn);
       expect_same(drawn, plain, kWidth, kHeight, cells.per_pixel());
     }
   }
@@ -134,7 +141,7 @@ TEST(Cells, JoinWhatComesToTouch) {
       cells.cover(0, tops, bottoms);
     }
     GuardedCanvas drawn(1, 12);
-    cells.flush(drawn.canvas(), kBlackPixel);
+    flush(cells, drawn);
     int total = 0;
     for (int y = 0; y < 12; ++y) total += 255 - static_cast<int>(drawn.at(0, y) & 255);
     // From 1 to 4.25, and then three of one pixel each, of which one lies in two rows.

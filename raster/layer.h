@@ -1,0 +1,50 @@
+// What has been drawn from the front to the back: each new colour comes below all that is there.
+//
+// What can no longer be seen need not be drawn. Where curves are dense that is most of them.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+#include "raster/canvas.h"
+#include "raster/words.h"
+
+namespace kurv::raster {
+
+class Layer {
+ public:
+  Layer(int width, int height);
+
+  // Whether nothing more of the tile could be seen in rows first..end-1. Rows that are none are
+  // never seen.
+  bool hides(int tile, int first, int end) const;
+  // Puts the colour, 0xFFRRGGBB, below what the row of the tile holds.
+  void put(int tile, int y, const RowCoverage& coverage, std::uint32_t colour);
+  // Puts all that is there onto the canvas, of the size this was made for, and forgets it.
+  void flush(const Canvas& canvas);
+
+ private:
+  // Two pixels: three channels each, of 256 a step, and how much of what lies below still shows,
+  // of 65535.
+  using TwoPixels = Words;
+  static constexpr std::size_t kInRow = 8;
+  using Row = std::array<TwoPixels, kInRow>;
+  struct Strip {
+    std::vector<Row> rows;             // of which first..end-1 hold anything
+    std::vector<std::uint64_t> hides;  // a bit for each row
+    int first = 0;
+    int end = 0;
+  };
+
+  Row& row(Strip& strip, int y);
+  static bool is_opaque(const Row& row);
+  static void blend(const Row& row, std::uint32_t* pixels);
+
+  int m_width;
+  int m_height;
+  std::vector<Strip> m_strips;
+};
+
+}  // namespace kurv::raster

@@ -1,0 +1,38 @@
+// A row of sixteen pixels under one colour.
+#pragma once
+
+#include "raster/canvas.h"
+#include "raster/tile.h"
+#include "raster/words.h"
+
+namespace kurv::raster {
+
+// Blends onto a canvas what tiles of columns cover.
+class RowBlend {
+ public:
+  RowBlend(const Canvas& canvas, std::uint32_t colour)
+      : m_canvas(canvas),
+        m_whole_tiles(canvas.width / Tile::kColumns),
+        m_colour(low_words_of(bits_of<Bytes>(Pairs{} + colour))) {}
+
+  // The row of the tile, of which at least one pixel is on the canvas.
+  void put(int tile, int y, const RowCoverage& coverage) const {
+    if (coverage.is_nothing()) return;
+    std::uint32_t* const pixels = m_canvas.row(y) + tile * Tile::kColumns;
+    if (tile < m_whole_tiles) {
+      blend_sixteen(pixels, coverage);
+    } else {
+      blend_fewer(pixels, coverage);
+    }
+  }
+
+ private:
+  void blend_sixteen(std::uint32_t* pixels, const RowCoverage& coverage) const;
+  void blend_fewer(std::uint32_t* pixels, const RowCoverage& coverage) const;
+
+  Canvas m_canvas;
+  int m_whole_tiles;
+  Words m_colour;  // of two pixels, by channel
+};
+
+}  // namespace kurv::raster
