@@ -15,6 +15,7 @@
 
 #include "qt/resolution.h"
 #include "qt/text_layout.h"
+#include "qt/text_pictures.h"
 #include "raster/boxes.h"
 #include "raster/canvas.h"
 #include "raster/columns.h"
@@ -82,7 +83,8 @@ struct Picture::Pixels {
   Integer draw_width = 1;
   int fore_color = kBlack;
   Font font;
-  std::optional<TextLayout> layout;  // of the font, once a text was measured or drawn
+  TextLayouts layouts;
+  TextPictures texts;
 
   raster::Canvas canvas() {
     // Taking the bits detaches the image from those handed out.
@@ -151,10 +153,7 @@ struct Picture::Pixels {
     return rect(box_edges(a.x, b.x, pen_pixels), box_edges(a.y, b.y, pen_pixels));
   }
 
-  const TextLayout& text_layout() {
-    if (!layout) layout.emplace(font);
-    return *layout;
-  }
+  const TextLayout& text_layout() { return layouts.of(font); }
 };
 
 Picture::Picture(QSize logical_size, double device_pixel_ratio)
@@ -174,6 +173,7 @@ void Picture::resize(QSize logical_size, double device_pixel_ratio) {
   m_pixels->middles = raster::LongSegments(resolution.width, resolution.height);
   m_pixels->columns = raster::Columns(resolution.width, resolution.height);
   m_pixels->lines.reset();
+  m_pixels->texts = {};
   m_pixels->pending_colour.reset();
 }
 
@@ -349,25 +349,42 @@ void Picture::DrawWidth(Integer pixels) {
 }
 
 void Picture::Print(Single CurrentX, Single CurrentY, std::string_view text) {
+  if (std::isnan(CurrentX) || std::isnan(CurrentY)) return;
   m_pixels->flush();
   const raster::Canvas canvas = m_pixels->canvas();
-  // Painted through a plain view of the pixels: of the image itself the painter would take the
-  // device pixel ratio as one more scale.
+  // A plain view of the pixels: of the image itself the painter would take the device pixel ratio
+  // as one more scale.
   QImage view(reinterpret_cast<uchar*>(canvas.pixels), canvas.width, canvas.height,
               canvas.stride * 4, QImage::Format_RGB32);
-  QPainter painter(&view);
   const TextLayout& layout = m_pixels->text_layout();
-  painter.setFont(layout.font());
-  painter.setPen(QColor::fromRgb(pixel_of(m_pixels->fore_color)));
   const double twips = twips_per_device_pixel();
   const QSizeF page(canvas.width * twips, canvas.height * twips);
   const double scale = m_pixels->pixels(layout.twips_per_font_pixel());
-  layout.place({CurrentX, CurrentY}, text, page, [&](const PlacedPiece& piece) {
-    // A whole baseline keeps the feet of the letters crisp.
-    const double baseline = std::floor(m_pixels->pixels(piece.baseline) + 0.5);
-    painter.setTransform(QTransform(scale, 0, 0, scale, m_pixels->pixels(piece.left), baseline));
-    painter.drawText(QPointF(0, 0), piece.text);
-  });
+  const QRgb colour = pixel_of(m_pixels->fore_color);
+  const auto box = [&] {
+    // Letters may lean out of their line by no more than another one.
+    const double overhang = m_pixels->pixels(layout.line_height()) + 1;
+    QRectF room;
+    layout.place({CurrentX, CurrentY}, text, page, [&](const PlacedPiece& piece) {
+      const double left = m_pixels->pixels(piece.left), width = m_pixels->pixels(piece.width);
+      const double baseline = m_pixels->pixels(piece.baseline);
+      room |= QRectF(left - overhang, baseline - 2 * overhang, width + 2 * overhang, 4 * overhang);
+    });
+    return (room & QRectF(view.rect())).toAlignedRect();
+  };
+  m_pixels->texts.put(
+      view, {m_pixels->font, colour, {CurrentX, CurrentY}, text}, box, [&](QPainter& painter) {
+        painter.setFont(layout.font());
+        painter.setPen(QColor::fromRgb(colour));
+        const QTransform before = painter.transform();
+        layout.place({CurrentX, CurrentY}, text, page, [&](const PlacedPiece& piece) {
+          // A whole baseline keeps the feet of the letters crisp.
+          const double baseline = std::floor(m_pixels->pixels(piece.baseline) + 0.5);
+          painter.setTransform(
+              QTransform(scale, 0, 0, scale, m_pixels->pixels(piece.left), baseline) * before);
+          painter.drawText(QPointF(0, 0), piece.text);
+        });
+      });
 }
 
 Double Picture::TextWidth(std::string_view text) const {
@@ -391,9 +408,7 @@ const Font& Picture::font() const {
 }
 
 void Picture::set_font(const Font& font) {
-  if (font == m_pixels->font) return;
   m_pixels->font = font;
-  m_pixels->layout.reset();
 }
 
 int Picture::ForeColor() const {

@@ -72,12 +72,17 @@ TextLayout::TextLayout(const Font& font)
       m_twips_per_pixel(size_in_twips(font) / m_font.pixelSize()) {}
 
 double TextLayout::text_width(std::string_view text) const {
+  constexpr std::size_t kMost = 500, kLongest = 200;
+  const auto known = m_widths.find(text);
+  if (known != m_widths.end()) return known->second;
   double widest = 0;
   for (const std::string_view line : lines_of(text)) {
     double line_width = 0;
     for (const QString& piece : pieces_of(line)) line_width += width(piece);
     widest = std::max(widest, line_width);
   }
+  if (m_widths.size() >= kMost) m_widths.clear();
+  if (text.size() <= kLongest) m_widths.emplace(text, widest);
   return widest;
 }
 
@@ -109,6 +114,18 @@ void TextLayout::place_line(double left, double top, std::string_view line, QSiz
     if (left + piece_width > -overhang) draw({left, top + ascent(), piece_width, piece});
     left += piece_width;
   }
+}
+
+const TextLayout& TextLayouts::of(const Font& font) {
+  constexpr std::size_t kMost = 8;
+  const auto known = std::ranges::find(m_layouts, font, &std::pair<Font, TextLayout>::first);
+  if (known != m_layouts.end()) {
+    m_layouts.splice(m_layouts.begin(), m_layouts, known);
+  } else {
+    if (m_layouts.size() == kMost) m_layouts.pop_back();
+    m_layouts.emplace_front(font, TextLayout(font));
+  }
+  return m_layouts.front().second;
 }
 
 }  // namespace kurv

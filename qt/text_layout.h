@@ -8,7 +8,11 @@
 #include <QSizeF>
 #include <QString>
 #include <functional>
+#include <list>
+#include <map>
+#include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace kurv {
@@ -61,6 +65,17 @@ class TextLayout {
   QFont m_font;
   QFontMetricsF m_metrics;
   double m_twips_per_pixel;
+  mutable std::map<std::string, double, std::less<>> m_widths;  // of texts that were asked for
+};
+
+// Those of the fonts that were used last, because a redraw goes through the same few each time.
+class TextLayouts {
+ public:
+  // Lasts until another font is asked for.
+  const TextLayout& of(const Font& font);
+
+ private:
+  std::list<std::pair<Font, TextLayout>> m_layouts;  // the last one first
 };
 
 }  // namespace kurv

@@ -1,0 +1,154 @@
+#include "qt/text_pictures.h"
+
+#include <gtest/gtest.h>
+
+#include <KurvGraph/picture.h>
+
+#include <QPainter>
+#include <cmath>
+
+#include "qt/text_layout.h"
+
+namespace kurv {
+namespace {
+
+Font sized(Single points, bool bold = false) {
+  Font font;
+  font.FontSize = points;
+  font.FontBold = bold;
+  return font;
+}
+
+struct Sample {
+  Single x;
+  Single y;
+  std::string text;
+  Font font;
+  int colour;
+};
+
+const std::vector<Sample> kSamples = {
+    {100, 100, "Absorbance (a.u.)", sized(8), 0},
+    {100.3F, 399.9F, "fjords, WAVE", sized(9.75F), 12},
+    {-180, -60, "cut off", sized(14, true), 1},
+    {2600, 700, "cut off on the right", sized(11), 5},
+    {900, 300, "two\r\nlines", sized(8.25F), 0},
+    {300, 500, "\xC3\x85ngstr\xC3\xB6m \xE2\x88\x9A", sized(24), 7},
+    {200, 800, "huge", sized(300), 3},
+    {9000, 9000, "nowhere", sized(8), 0},
+    {500, 500, "", sized(8), 0},
+    {500, 500, "   ", sized(8), 0},
+};
+
+void print(Picture& picture, const Sample& sample) {
+  picture.set_font(sample.font);
+  picture.set_ForeColor(sample.colour);
+  picture.Print(sample.x, sample.y, sample.text);
+}
+
+// By the painter itself, on white.
+QImage painted(const Picture& like, const Sample& sample, QRgb colour) {
+  QImage image(like.device_size(), QImage::Format_RGB32);
+  image.fill(Qt::white);
+  const TextLayout layout(sample.font);
+  const double pixels = 1 / like.twips_per_device_pixel();
+  QPainter painter(&image);
+  painter.setFont(layout.font());
+  painter.setPen(QColor::fromRgb(colour));
+  const double scale = layout.twips_per_font_pixel() * pixels;
+  const QSizeF page = QSizeF(image.size()) / pixels;
+  layout.place({sample.x, sample.y}, sample.text, page, [&](const PlacedPiece& piece) {
+    painter.setTransform(QTransform(scale, 0, 0, scale, piece.left * pixels,
+                                    std::floor(piece.baseline * pixels + 0.5)));
+    painter.drawText(QPointF(0, 0), piece.text);
+  });
+  return image;
+}
+
+int largest_difference(const QImage& a, const QImage& b) {
+  int largest = 0;
+  for (int y = 0; y < a.height(); ++y) {
+    for (int x = 0; x < a.width(); ++x) {
+      const QRgb p = a.pixel(x, y), q = b.pixel(x, y);
+      largest = std::max({largest, std::abs(qRed(p) - qRed(q)), std::abs(qGreen(p) - qGreen(q)),
+                          std::abs(qBlue(p) - qBlue(q))});
+    }
+  }
+  return largest;
+}
+
+TEST(TextPictures, LookAsThePainterPaintsThem) {
+  for (const double ratio : {1.0, 1.5, 2.0}) {
+    for (const Sample& sample : kSamples) {
+      Picture picture({200, 90}, ratio);
+      Sample black = sample;
+      black.colour = 0;
+      print(picture, black);
+      EXPECT_LE(largest_difference(picture.image(), painted(picture, black, 0xFF000000)), 1)
+          << sample.text << ' ' << ratio;
+    }
+  }
+}
+
+TEST(TextPictures, AreTheSameEachTime) {
+  Picture used({200, 90}, 1.25);
+  for (int round = 0; round < 3; ++round) {
+    for (const Sample& sample : kSamples) {
+      Picture fresh({200, 90}, 1.25);
+      print(fresh, sample);
+      used.Cls();
+      print(used, sample);
+      ASSERT_EQ(used.image(), fresh.image()) << sample.text << ' ' << round;
+    }
+  }
+}
+
+TEST(TextPictures, AreToldApartByAllThatMakesThemLookDifferent) {
+  const Sample plain = kSamples.front();
+  std::vector<Sample> others(7, plain);
+  others[0].x += 1;
+  others[1].y += 15;
+  others[2].text += ".";
+  others[3].font.FontSize += 1;
+  others[4].font.FontBold = true;
+  others[5].font.FontItalic = true;
+  others[6].colour = 4;
+  Picture used({200, 90});
+  print(used, plain);
+  const QImage before = used.image();
+  for (const Sample& other : others) {
+    used.Cls();
+    print(used, other);
+    EXPECT_NE(used.image(), before);
+  }
+}
+
+TEST(TextPictures, FollowTheSizeOfThePicture) {
+  Picture used({200, 90}), fresh({300, 120}, 2);
+  print(used, kSamples[3]);
+  used.resize({300, 120}, 2);
+  print(used, kSamples[3]);
+  print(fresh, kSamples[3]);
+  EXPECT_EQ(used.image(), fresh.image());
+}
+
+// More than are kept.
+TEST(TextPictures, SurviveAnyNumberOfTexts) {
+  Picture used({600, 500});
+  for (int round = 0; round < 2; ++round) {
+    used.Cls();
+    for (int i = 0; i < 3000; ++i) {
+      print(used, {static_cast<Single>(i % 70) * 100, static_cast<Single>(i / 70) * 150,
+                   "number " + std::to_string(i), sized(12), i % 15});
+    }
+  }
+  const Sample last{100, 100, "the last", sized(12), 0};
+  Picture fresh({600, 500});
+  used.Cls();
+  print(used, last);
+  print(fresh, last);
+  EXPECT_EQ(used.image(), fresh.image());
+}
+
+}  // namespace
+}  // namespace kurv
