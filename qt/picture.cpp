@@ -249,7 +249,7 @@ void Picture::Polylines(std::span<const Single> x, int count,
   raster::Layer& layer = m_pixels->layer();
   for (int i = count - 1; i >= 0; --i) {
     const PolylineOver over = line(i);
-    columns.add(pen, {x, over.y, over.drawn}, &layer);
+    columns.add_taken(pen, {x, over.y, over.drawn}, &layer);
     columns.flush(layer, pixel_of(over.colour));
   }
   layer.flush(m_pixels->canvas());

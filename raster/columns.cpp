@@ -33,11 +33,16 @@ bool Columns::takes(const Pen& pen, std::span<const float> x) {
   return is_narrow(pen) && m_abscissae.take(x);
 }
 
-bool Columns::add(const Pen& pen, const Polyline& line, const Layer* above) {
+bool Columns::add(const Pen& pen, const Polyline& line) {
   if (!takes(pen, line.x)) return false;
-  if (line.x.empty()) return true;
+  add_taken(pen, line, nullptr);
+  return true;
+}
+
+void Columns::add_taken(const Pen& pen, const Polyline& line, const Layer* above) {
+  if (line.x.empty()) return;
   m_above = above;
-  scale_y(pen, line.y);
+  const bool is_all_near = scale_y(pen, line.y);
   m_is_noisy = is_noisy(m_y);
   if (!m_is_noisy) find_turns();
   if (m_cells.is_empty()) {
@@ -49,12 +54,11 @@ bool Columns::add(const Pen& pen, const Polyline& line, const Layer* above) {
     m_is_noisy = false;
     find_turns();
   }
-  if (is_one_run(line)) {
+  if (is_all_near && is_whole(line)) {
     add_run(0, static_cast<int>(line.x.size()));
   } else {
     add_runs(line);
   }
-  return true;
 }
 
 void Columns::flush(const Canvas& canvas, std::uint32_t colour) {
@@ -68,11 +72,17 @@ void Columns::flush(Layer& layer, std::uint32_t colour) {
       [&](int tile, int y, const RowCoverage& coverage) { layer.put(tile, y, coverage, colour); });
 }
 
-void Columns::scale_y(const Pen& pen, std::span<const float> y) {
+// Whether all of them are near.
+bool Columns::scale_y(const Pen& pen, std::span<const float> y) {
   m_y.resize(y.size());
   const auto scale = static_cast<float>(pen.pixels_per_unit);
-  for (std::size_t i = 0; i < y.size(); ++i) m_y[i] = y[i] * scale;
+  int far = 0;
+  for (std::size_t i = 0; i < y.size(); ++i) {
+    m_y[i] = y[i] * scale;
+    far += is_near(m_y[i]) ? 0 : 1;
+  }
   if (m_abscissae.is_reversed()) std::ranges::reverse(m_y);
+  return far == 0;
 }
 
 bool Columns::is_noisy(std::span<const float> y) {
@@ -138,13 +148,11 @@ void Columns::use(const Pen& pen, bool fine_cells) {
   m_trace.use(m_cells, pen.half_width);
 }
 
-// Whether all of the line is there and near.
-bool Columns::is_one_run(const Polyline& line) const {
+// Whether all segments are there, and all x near.
+bool Columns::is_whole(const Polyline& line) const {
   const auto scale = static_cast<float>(m_pen.pixels_per_unit);
-  if (!is_near(line.x.front() * scale) || !is_near(line.x.back() * scale)) return false;
-  int far = 0;
-  for (const float y : m_y) far += is_near(y) ? 0 : 1;
-  return far == 0 && std::memchr(line.drawn.data() + 1, 0, line.drawn.size() - 1) == nullptr;
+  return is_near(line.x.front() * scale) && is_near(line.x.back() * scale) &&
+         std::memchr(line.drawn.data() + 1, 0, line.drawn.size() - 1) == nullptr;
 }
 
 // A run goes on as long as its segments are there and near.

@@ -36,13 +36,15 @@ class Columns {
   // Whether lines of these x can be added with the pen: not where x is not finite or goes back and
   // forth, or where the pen is so wide that it would take too long.
   bool takes(const Pen& pen, std::span<const float> x);
-  // False, and nothing is added, where the x or the pen cannot be taken. What `above` hides may be
-  // left out.
+  // False, and nothing is added, where the x or the pen cannot be taken.
   //
   // A segment that begins or ends at a NaN is not drawn, and an infinite y stands for the largest
   // finite number. What is visible of a segment is exact however far its ends are away. The pen
   // stays the same until the next flush.
-  bool add(const Pen& pen, const Polyline& line, const Layer* above = nullptr);
+  bool add(const Pen& pen, const Polyline& line);
+  // The same for a line with the x and the pen that were taken last. What `above` hides may be left
+  // out.
+  void add_taken(const Pen& pen, const Polyline& line, const Layer* above);
   // Blends what has been added onto the canvas, of the size this was made for, and forgets it.
   void flush(const Canvas& canvas, std::uint32_t colour);
   // Puts it below what the layer holds, and forgets it.
@@ -50,11 +52,11 @@ class Columns {
   void clear() { m_cells.clear(); }
 
  private:
-  void scale_y(const Pen& pen, std::span<const float> y);
+  bool scale_y(const Pen& pen, std::span<const float> y);
   void find_turns();
   bool needs_fine_cells(const Pen& pen, const Polyline& line) const;
   void use(const Pen& pen, bool fine_cells);
-  bool is_one_run(const Polyline& line) const;
+  bool is_whole(const Polyline& line) const;
   void add_runs(const Polyline& line);
   void add_run(int first, int end);
   void pass_line(int first, int end);

@@ -44,7 +44,8 @@ void draw_backwards(GuardedCanvas& picture, Layer& layer, int width, int height,
                     const std::vector<Coloured>& curves) {
   Columns columns(width, height);
   for (auto i = curves.rbegin(); i != curves.rend(); ++i) {
-    ASSERT_TRUE(columns.add(pen, i->curve.line(), &layer));
+    ASSERT_TRUE(columns.takes(pen, i->curve.line().x));
+    columns.add_taken(pen, i->curve.line(), &layer);
     columns.flush(layer, i->colour);
   }
   layer.flush(picture.canvas());
