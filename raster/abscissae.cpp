@@ -50,11 +50,8 @@ void Abscissae::place(const Nodes& nodes) {
 
 void Abscissae::place_points(Placement& placement) const {
   const Nodes& nodes = placement.nodes;
-  const auto count_of_nodes = static_cast<std::size_t>(nodes.last) + 1;
   placement.at.resize(m_x.size());
   placement.nearest.resize(m_x.size());
-  placement.segment.assign(count_of_nodes, 0);
-  placement.fraction.assign(count_of_nodes, 0);
   std::ranges::transform(m_x, placement.at.begin(), [&nodes](float x) {
     const double at = x * nodes.per_unit + nodes.of_zero;
     return static_cast<float>(std::clamp<double>(at, -kLargest, kLargest));
@@ -66,22 +63,29 @@ void Abscissae::place_points(Placement& placement) const {
     if (i > 0) widest = std::max(widest, placement.at[i] - placement.at[i - 1]);
     placement.nearest[i] =
         static_cast<int>(std::floor(std::clamp(placement.at[i] + 0.5F, -1.0F, last + 1)));
-    if (i > 0) meet_nodes(placement, i);
   }
   placement.is_dense = widest <= 0.5F;
+  placement.crossings = crossings(placement, 0);
+  placement.behind = crossings(placement, nodes.aside);
+  placement.before_next = crossings(placement, 1 - nodes.aside);
 }
 
-void Abscissae::meet_nodes(Placement& placement, std::size_t point) {
-  const float before = placement.at[point - 1], here = placement.at[point];
-  const auto last = static_cast<float>(placement.nodes.last);
-  const int first = static_cast<int>(std::ceil(std::clamp(before, 0.0F, last + 1)));
-  const int end = static_cast<int>(std::floor(std::clamp(here, -1.0F, last)));
-  for (int node = first; node <= end; ++node) {
-    const auto place = static_cast<std::size_t>(node);
-    placement.segment[place] = static_cast<int>(point);
-    placement.fraction[place] =
-        here > before ? (static_cast<float>(node) - before) / (here - before) : 0.0F;
+// So far behind each node.
+std::vector<Crossing> Abscissae::crossings(const Placement& placement, float aside) {
+  const int count = placement.nodes.last + 1;
+  std::vector<Crossing> result(static_cast<std::size_t>(count));
+  for (std::size_t point = 1; point < placement.at.size(); ++point) {
+    const float before = placement.at[point - 1] - aside, here = placement.at[point] - aside;
+    const auto end = static_cast<float>(count);
+    const int first = static_cast<int>(std::ceil(std::clamp(before, 0.0F, end)));
+    const int last = static_cast<int>(std::floor(std::clamp(here, -1.0F, end - 1)));
+    for (int node = first; node <= last; ++node) {
+      result[static_cast<std::size_t>(node)] = {
+          static_cast<int>(point),
+          here > before ? (static_cast<float>(node) - before) / (here - before) : 0.0F};
+    }
   }
+  return result;
 }
 
 }  // namespace kurv::raster

@@ -13,8 +13,17 @@ struct Nodes {
   double per_unit = 1;  // of x
   int of_zero = 0;      // that stands at x = 0
   int last = 0;         // they count from 0
+  float aside = 0.5F;   // where else between two nodes the line is asked for: so far behind the
+                        // first and so far before the second, of the way between them
 
   friend bool operator==(const Nodes&, const Nodes&) = default;
+};
+
+// Where the line passes a place: on which segment, by the point that ends it, and how much of it
+// lies before the place.
+struct Crossing {
+  int segment = 0;  // none
+  float fraction = 0;
 };
 
 class Abscissae {
@@ -34,10 +43,11 @@ class Abscissae {
   int nearest(int point) const { return current().nearest[static_cast<std::size_t>(point)]; }
   // The same of all points, one after the other.
   const int* nearest_of_all() const { return current().nearest.data(); }
-  // The last segment that passes a node between two points, by the point that ends it, and how much
-  // of it lies before the node.
-  int segment(int node) const { return current().segment[static_cast<std::size_t>(node)]; }
-  float fraction(int node) const { return current().fraction[static_cast<std::size_t>(node)]; }
+  // On the last segment that passes the node between two points.
+  Crossing crossing(int node) const { return at_node(current().crossings, node); }
+  // The same so far aside from the node, or before the next one.
+  Crossing crossing_behind(int node) const { return at_node(current().behind, node); }
+  Crossing crossing_before_next(int node) const { return at_node(current().before_next, node); }
 
  private:
   struct Placement {
@@ -46,13 +56,17 @@ class Abscissae {
     Nodes nodes;
     std::vector<float> at;
     std::vector<int> nearest;
-    std::vector<int> segment;
-    std::vector<float> fraction;
+    std::vector<Crossing> crossings;
+    std::vector<Crossing> behind;
+    std::vector<Crossing> before_next;
   };
 
+  static Crossing at_node(const std::vector<Crossing>& crossings, int node) {
+    return crossings[static_cast<std::size_t>(node)];
+  }
   const Placement& current() const { return m_placements[m_current]; }
   void place_points(Placement& placement) const;
-  static void meet_nodes(Placement& placement, std::size_t point);
+  static std::vector<Crossing> crossings(const Placement& placement, float aside);
 
   std::vector<float> m_x;  // as given
   bool m_is_reversed = false;

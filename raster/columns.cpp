@@ -48,8 +48,8 @@ void Columns::add_taken(const Pen& pen, const Polyline& line, const Layer* above
   if (m_cells.is_empty()) {
     use(pen, !is_wide(pen) && (m_is_noisy || needs_fine_cells(pen, line)));
   }
-  m_abscissae.place(
-      {pen.pixels_per_unit * m_cells.per_pixel(), m_trace.node_of_zero(), m_trace.last_node()});
+  m_abscissae.place({pen.pixels_per_unit * m_cells.per_pixel(), m_trace.node_of_zero(),
+                     m_trace.last_node(), m_trace.rim_aside()});
   if (m_is_noisy && !m_abscissae.is_dense()) {
     m_is_noisy = false;
     find_turns();
@@ -198,10 +198,12 @@ void Columns::add_run(int first, int end) {
 
   if (m_is_noisy) {
     pass_all(first, end);
+    const DenseRun run{x, m_y.data(), first, end};
+    m_trace.dilate(first_node, last_node, m_cells, m_above, &run);
   } else {
     pass_line(first, end);
+    m_trace.dilate(first_node, last_node, m_cells, m_above, nullptr);
   }
-  m_trace.dilate(first_node, last_node, m_cells, m_above);
 }
 
 // The nodes that the line passes, and where it turns, which is known to the nearest node only.
@@ -221,9 +223,10 @@ void Columns::pass_line(int first, int end) {
   const int from = static_cast<int>(std::ceil(std::max(x.at(first), 0.0F)));
   const int to = static_cast<int>(std::ceil(std::min(x.at(end - 1), static_cast<float>(last + 1))));
   for (int node = from; node < to; ++node) {
-    const auto segment = static_cast<std::size_t>(x.segment(node));
+    const Crossing crossing = x.crossing(node);
+    const auto segment = static_cast<std::size_t>(crossing.segment);
     const float before = m_y[segment - 1];
-    m_trace.pass(node, before + x.fraction(node) * (m_y[segment] - before));
+    m_trace.pass(node, before + crossing.fraction * (m_y[segment] - before));
   }
 }
 
@@ -262,7 +265,7 @@ void Columns::add_far_segment(Point from, Point to) {
     const double fraction = (node - begin) / (end - begin);
     pass(node, part->from.y + fraction * (part->to.y - part->from.y));
   }
-  m_trace.dilate(first_node, last_node, m_cells, m_above);
+  m_trace.dilate(first_node, last_node, m_cells, m_above, nullptr);
 }
 
 }  // namespace kurv::raster

@@ -40,7 +40,7 @@ void Trace::begin(int first, int last) {
 }
 
 // Tile by tile, which stays in the processor's nearest memory while all discs pass over it.
-void Trace::dilate(int first, int last, Cells& cells, const Layer* above) {
+void Trace::dilate(int first, int last, Cells& cells, const Layer* above, const DenseRun* run) {
   const int begin = std::max(first - 2 * m_reach, 0);
   const int end = std::min(last, cells.count());
   const int in_tile = cells.in_tile();
@@ -51,7 +51,11 @@ void Trace::dilate(int first, int last, Cells& cells, const Layer* above) {
       std::fill_n(m_top.begin(), count, kNothingLow);
       std::fill_n(m_bottom.begin(), count, kNothingHigh);
       cover_discs(piece, count);
-      if (m_rim > 0) cover_rims(piece, count);
+      if (run) {
+        cover_rims_of(*run, piece, count);
+      } else if (m_rim > 0) {
+        cover_rims(piece, count);
+      }
       const auto size = static_cast<std::size_t>(count);
       cells.cover(piece, {m_top.data(), size}, {m_bottom.data(), size});
     }
@@ -121,6 +125,18 @@ void Trace::cover_rims(int begin, int count) {
                               inner * high_right[i] + outer * high_right[i + 1]);
     top[i] = smaller(top[i], low);
     bottom[i] = larger(bottom[i], high);
+  }
+}
+
+// Of the line itself. Between the highest points at two nodes it may be anywhere.
+void Trace::cover_rims_of(const DenseRun& run, int begin, int count) {
+  for (int i = 0; i < count; ++i) {
+    const float left = run.at(run.x.crossing_behind(begin + i));
+    const float right = run.at(run.x.crossing_before_next(begin + i + 2 * m_reach));
+    float& top = m_top[static_cast<std::size_t>(i)];
+    float& bottom = m_bottom[static_cast<std::size_t>(i)];
+    top = smaller(left, smaller(right, top));
+    bottom = larger(left, larger(right, bottom));
   }
 }
 

@@ -5,13 +5,33 @@
 // the highest of the discs that its pen passes through.
 #pragma once
 
+#include <limits>
 #include <vector>
 
+#include "raster/abscissae.h"
 #include "raster/cells.h"
 #include "raster/extremes.h"
 #include "raster/layer.h"
 
 namespace kurv::raster {
+
+// Points first..end-1 of a line and the segments between them.
+struct DenseRun {
+  const Abscissae& x;
+  const float* y;  // in pixels
+  int first;
+  int end;
+
+  // Where it is at a crossing; not a number where it is not.
+  float at(Crossing crossing) const {
+    if (crossing.segment <= first || crossing.segment >= end) return kNowhere;
+    const float before = y[crossing.segment - 1];
+    return before + crossing.fraction * (y[crossing.segment] - before);
+  }
+
+ private:
+  static constexpr float kNowhere = std::numeric_limits<float>::quiet_NaN();
+};
 
 class Trace {
  public:
@@ -22,6 +42,8 @@ class Trace {
   // are as many nodes as the pen reaches.
   int node_of_zero() const { return m_reach; }
   int last_node() const { return m_last_node; }
+  // How far behind a node the rim of a disc is, of the way to the next node.
+  float rim_aside() const { return 1 - m_rim; }
 
   // Nodes first..last, and no other, are passed until the dilation of the same nodes.
   void begin(int first, int last);
@@ -34,13 +56,14 @@ class Trace {
     high = larger(y, high);
   }
   // Covers what the pen covers on its way along these nodes, except for what `above` hides, if
-  // there is any.
-  void dilate(int first, int last, Cells& cells, const Layer* above);
+  // there is any. Where the line is known between the nodes, too, it comes with its run.
+  void dilate(int first, int last, Cells& cells, const Layer* above, const DenseRun* run);
 
  private:
   bool is_hidden(int begin, int end, const Cells& cells, const Layer& above) const;
   void cover_discs(int begin, int count);
   void cover_rims(int begin, int count);
+  void cover_rims_of(const DenseRun& run, int begin, int count);
 
   int m_reach = 0;  // how many cells on either side of a node its disc covers
   int m_last_node = 0;
