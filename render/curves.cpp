@@ -67,7 +67,6 @@ void draw_lines(const GraphDocument& document, const Mapping& mapping,
   surface.DrawWidth(document.CurvesWidth);
   surface.Polylines(lines.x(), static_cast<int>(curves.size()),
                     [&](int i) { return lines.line(curves[static_cast<std::size_t>(i)]); });
-  surface.DrawWidth(1);
 }
 
 // The curves' markers. They share their x as well.
@@ -116,6 +115,7 @@ void DrawScatterCurves(const GraphDocument& document, const Layout& layout, Plot
   const Mapping mapping(document, layout.plot);
   const std::vector<int> curves = visible_curves(document);
   if (document.Connected && !curves.empty()) draw_lines(document, mapping, curves, surface);
+  if (!curves.empty()) surface.DrawWidth(1);
   Markers markers(document, mapping);
   for (const int k : curves) markers.draw(k, surface);
 }
