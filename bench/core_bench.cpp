@@ -15,6 +15,7 @@
 #include "raster/coverage.h"
 #include "raster/long_segments.h"
 #include "raster/stamp.h"
+#include "raster/stamps.h"
 #include "raster/strokes.h"
 
 namespace kurv {
@@ -103,12 +104,13 @@ raster::Stamp framed_square() {
 // Put at 32,767 places.
 void stamps(benchmark::State& state) {
   const Line line = line_of("noise", 32767);
+  const std::vector<double> x(line.x.begin(), line.x.end()), y(line.y.begin(), line.y.end());
   const raster::Stamp stamp = framed_square();
   const Pixels pixels(bench::kWidth, bench::kHeight);
+  raster::Stamps kernel;
   for ([[maybe_unused]] auto _ : state) {
-    for (std::size_t i = 0; i < line.x.size(); ++i) {
-      stamp.put(pixels.canvas(), static_cast<int>(line.x[i]), static_cast<int>(line.y[i]));
-    }
+    kernel.add(x, y, 1, [&stamp](int, int) { return stamp; });
+    kernel.flush(pixels.canvas());
   }
 }
 BENCHMARK(stamps)->Unit(benchmark::kMicrosecond);

@@ -6,13 +6,13 @@
 #include <QString>
 #include <QTransform>
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <new>
 #include <optional>
 #include <string_view>
 #include <utility>
 
+#include "core/vector_registers.h"
 #include "qt/resolution.h"
 #include "qt/text_layout.h"
 #include "qt/text_pictures.h"
@@ -23,6 +23,7 @@
 #include "raster/layer.h"
 #include "raster/long_segments.h"
 #include "raster/stamp.h"
+#include "raster/stamps.h"
 #include "raster/strokes.h"
 #include "render/palette.h"
 
@@ -73,12 +74,13 @@ struct Picture::Pixels {
 
   Resolution resolution;
   QImage image;
-  // Strokes that are not yet in the image, all of one colour and pen.
+  // Either strokes that are not yet in the image, all of one colour and pen, or figures.
   raster::Coverage mask;
   std::optional<std::uint32_t> pending_colour;
   raster::LongSegments middles;
   raster::Columns columns;
   std::optional<raster::Layer> lines;  // once there were many
+  raster::Stamps stamps;
 
   Integer draw_width = 1;
   int fore_color = kBlack;
@@ -92,10 +94,20 @@ struct Picture::Pixels {
             static_cast<std::ptrdiff_t>(image.bytesPerLine() / 4)};
   }
 
+  void fill(int colour) {
+    // Not QImage::fill(), which leaves the upper halves of the vector registers in use.
+    const raster::Canvas all = canvas();
+    raster::fill_rect(all, {0, 0, all.width, all.height}, pixel_of(colour));
+  }
+
   double pixels(double twips) const { return twips / resolution.twips_per_pixel; }
   double pen_width() const { return std::max(1.0, draw_width * resolution.device_pixel_ratio); }
 
   void flush() {
+    if (!stamps.is_empty()) {
+      clear_upper_registers();  // the toolkit may have measured texts since they were collected
+      stamps.flush(canvas());
+    }
     if (!pending_colour) return;
     middles.merge_into(mask);
     mask.flush(canvas(), *pending_colour);
@@ -105,7 +117,7 @@ struct Picture::Pixels {
   // Where the next strokes of this colour are collected.
   raster::Coverage& strokes(int colour) {
     const std::uint32_t pixel = pixel_of(colour);
-    if (pending_colour != pixel) flush();
+    if (pending_colour != pixel || !stamps.is_empty()) flush();
     pending_colour = pixel;
     return mask;
   }
@@ -175,6 +187,7 @@ void Picture::resize(QSize logical_size, double device_pixel_ratio) {
   m_pixels->lines.reset();
   m_pixels->texts = {};
   m_pixels->pending_colour.reset();
+  m_pixels->stamps.clear();
 }
 
 QImage Picture::image() const {
@@ -202,9 +215,8 @@ void Picture::Cls() {
   m_pixels->mask.clear();
   m_pixels->middles.clear();
   m_pixels->pending_colour.reset();
-  // Not QImage::fill(), which leaves the upper halves of the vector registers in use.
-  const raster::Canvas canvas = m_pixels->canvas();
-  raster::fill_rect(canvas, {0, 0, canvas.width, canvas.height}, pixel_of(kWhite));
+  m_pixels->stamps.clear();
+  m_pixels->fill(kWhite);
 }
 
 void Picture::Line(SurfacePoint from, SurfacePoint to, int colour, LineKind kind) {
@@ -265,77 +277,52 @@ void Picture::Arc(SurfacePoint centre, Single radius, int colour, Single start, 
 
 namespace {
 
-// Where figures are told apart within a pixel, in either direction.
-constexpr int kPhases = 4;
 // Fewer are drawn as they are, and so are figures of more pixels.
-constexpr std::size_t kFewFigures = 4 * kPhases * kPhases;
+constexpr std::size_t kFewFigures =
+    std::size_t{4} * raster::Stamps::kPhases * raster::Stamps::kPhases;
 constexpr double kLargestStamp = 64;
 
-struct PixelPlace {
-  int pixel;
-  int phase;
-
-  friend bool operator==(PixelPlace, PixelPlace) = default;
-};
-
-// Far more than any canvas has, and whole pixels still.
-constexpr std::int64_t kFarPhase = std::int64_t{1} << 30;
-
-// Counted from far to the left, so that cutting off rounds down.
-PixelPlace place_of(double pixels) {
-  constexpr double kFar = kFarPhase;
-  const double phases = std::clamp(pixels * kPhases + 0.5, -kFar, kFar) + kFar;
-  const auto whole = static_cast<std::int64_t>(phases);
-  return {static_cast<int>((whole - kFarPhase) >> 2), static_cast<int>(whole & (kPhases - 1))};
+bool are_few(const FigureCentres& centres) {
+  std::size_t count = 0;
+  for (std::size_t i = 0; i < centres.x.size() && count < kFewFigures; ++i) {
+    count += centres.has(i) ? 1 : 0;
+  }
+  return count < kFewFigures;
 }
 
 }  // namespace
 
-// What the figure looks like with its centre at that part of a pixel: drawn on two grounds, it
+// What the figure looks like with its centre there in a small picture: drawn on two grounds, it
 // shows where it hides what lies below.
-raster::Stamp Picture::stamp_of(const Figure& figure, int side, int phase_x, int phase_y) const {
-  const Resolution& own = m_pixels->resolution;
-  const int middle = side / 2;
-  const auto twips = [&](int phase) {
-    return (middle + static_cast<double>(phase) / kPhases) * own.twips_per_pixel;
-  };
-  const auto drawn_on = [&](Qt::GlobalColor ground) {
-    Picture picture(std::make_unique<Pixels>(
-        Resolution{side, side, own.device_pixel_ratio, own.twips_per_pixel}));
-    picture.m_pixels->image.fill(ground);
+raster::Stamp Picture::stamp_of(const Figure& figure, FigureCentre centre, Picture& white,
+                                Picture& black) const {
+  const auto drawn_on = [&](int ground, Picture& picture) {
+    picture.m_pixels->fill(ground);
     picture.DrawWidth(m_pixels->draw_width);
-    figure(picture, {twips(phase_x), twips(phase_y)});
-    return picture.image();
+    figure(picture, centre);
+    picture.m_pixels->flush();
+    return picture.m_pixels->canvas();
   };
-  QImage white = drawn_on(Qt::white), black = drawn_on(Qt::black);
-  const auto canvas = [side](QImage& image) {
-    return raster::Canvas{reinterpret_cast<std::uint32_t*>(image.bits()), side, side,
-                          static_cast<std::ptrdiff_t>(image.bytesPerLine() / 4)};
-  };
-  return {canvas(white), canvas(black), middle, middle};
+  const int middle = white.m_pixels->resolution.width / 2;
+  return {drawn_on(kWhite, white), drawn_on(kBlack, black), middle, middle};
 }
 
-void Picture::Repeat(std::span<const FigureCentre> centres, Double reach, const Figure& figure) {
-  const double side = 2 * std::ceil(m_pixels->pixels(reach) + m_pixels->pen_width() + 2) + 1;
-  if (centres.size() < kFewFigures || !(side <= kLargestStamp)) {
+void Picture::Repeat(const FigureCentres& centres, Double reach, const Figure& figure) {
+  const double wanted = 2 * std::ceil(m_pixels->pixels(reach) + m_pixels->pen_width() + 2) + 1;
+  if (!(wanted <= kLargestStamp) || are_few(centres)) {
     return PlotSurface::Repeat(centres, reach, figure);
   }
-  m_pixels->flush();
-  std::array<std::optional<raster::Stamp>, kPhases * kPhases> stamps;
-  const raster::Canvas canvas = m_pixels->canvas();
-  PixelPlace last_x{0, -1}, last_y{0, -1};
-  for (const FigureCentre& centre : centres) {
-    if (std::isnan(centre.x) || std::isnan(centre.y)) continue;
-    const PixelPlace x = place_of(m_pixels->pixels(centre.x));
-    const PixelPlace y = place_of(m_pixels->pixels(centre.y));
-    // Among many points most stand where the one before them does.
-    if (x == last_x && y == last_y) continue;
-    last_x = x;
-    last_y = y;
-    auto& stamp = stamps[static_cast<std::size_t>(y.phase * kPhases + x.phase)];
-    if (!stamp) stamp = stamp_of(figure, static_cast<int>(side), x.phase, y.phase);
-    stamp->put(canvas, x.pixel, y.pixel);
-  }
+  if (m_pixels->pending_colour || m_pixels->stamps.is_full()) m_pixels->flush();
+  const int side = static_cast<int>(wanted);
+  const Resolution& own = m_pixels->resolution;
+  const Resolution small{side, side, own.device_pixel_ratio, own.twips_per_pixel};
+  Picture white(std::make_unique<Pixels>(small)), black(std::make_unique<Pixels>(small));
+  const auto place = [side, unit = own.twips_per_pixel](int phase) {
+    return (side / 2 + static_cast<double>(phase) / raster::Stamps::kPhases) * unit;
+  };
+  m_pixels->stamps.add(centres.x, centres.y, own.twips_per_pixel, [&](int phase_x, int phase_y) {
+    return stamp_of(figure, {place(phase_x), place(phase_y)}, white, black);
+  });
 }
 
 void Picture::PSet(SurfacePoint at, int colour) {

@@ -38,7 +38,7 @@ class WatchedSurface final : public PlotSurface {
   void Arc(SurfacePoint centre, Single radius, int colour, Single start, Single end) override {
     m_target.Arc(centre, radius, colour, start, end);
   }
-  void Repeat(std::span<const FigureCentre> centres, Double reach, const Figure& figure) override {
+  void Repeat(const FigureCentres& centres, Double reach, const Figure& figure) override {
     m_target.Repeat(centres, reach, figure);
   }
   void PSet(SurfacePoint at, int colour) override { m_target.PSet(at, colour); }

@@ -2,80 +2,76 @@
 
 #include <algorithm>
 
+#include "raster/boxes.h"
+#include "raster/hidden_pixels.h"
+
 namespace kurv::raster {
 namespace {
 
-constexpr std::uint32_t kBlackPixel = 0xFF000000;
+constexpr int kSide = HiddenPixels::kSide;
 constexpr std::uint32_t kOneChannel = 255;
 
-bool is_inside(const Canvas& canvas, int x, int y) {
-  return x >= 0 && x < canvas.width && y >= 0 && y < canvas.height;
+// The figure's two pictures side by side.
+struct Grounds {
+  const Canvas& white;
+  const Canvas& black;
+
+  // How much of the ground stays, of 255.
+  std::uint32_t kept(int x, int y) const {
+    return (white.row(y)[x] & kOneChannel) - (black.row(y)[x] & kOneChannel);
+  }
+};
+
+// Where there is more than the ground.
+PixelRect extent_of(const Grounds& grounds) {
+  PixelRect extent{grounds.white.width, grounds.white.height, 0, 0};
+  for (int y = 0; y < grounds.white.height; ++y) {
+    for (int x = 0; x < grounds.white.width; ++x) {
+      if (grounds.kept(x, y) == kOneChannel) continue;
+      extent.left = std::min(extent.left, x);
+      extent.right = std::max(extent.right, x + 1);
+      extent.top = std::min(extent.top, y);
+      extent.bottom = std::max(extent.bottom, y + 1);
+    }
+  }
+  return extent;
 }
 
-// The kept part of a channel and what is added to it never exceed 255 together.
-std::uint32_t kept_channel(std::uint32_t below, std::uint32_t kept, int shift) {
-  return ((((below >> shift) & kOneChannel) * kept + 127) / 255) << shift;
+void take_pixel(const Grounds& grounds, int x, int y, std::size_t place, Stamp::Block& block) {
+  const std::uint32_t kept = grounds.kept(x, y);
+  if (kept == kOneChannel) return;
+  (kept == 0 ? block.solid : block.veiled) |= std::uint64_t{1} << place;
+  const std::uint32_t added = (grounds.black.row(y)[x] & 0x00FFFFFF) | (kOneChannel - kept) << 24;
+  block.looks[place] = added | std::uint64_t{kept | kept << 16} << 32;
 }
 
-std::uint32_t through(std::uint32_t below, std::uint32_t kept, std::uint32_t colour) {
-  return kBlackPixel | (colour + kept_channel(below, kept, 16) + kept_channel(below, kept, 8) +
-                        kept_channel(below, kept, 0));
+void cut(Stamp::Block& block) {
+  for (int across = 0; across < kSide; ++across) {
+    const auto place = static_cast<std::size_t>(across);
+    block.touched_cut[place] = HiddenPixels::cut(block.solid | block.veiled, across);
+    block.solid_cut[place] = HiddenPixels::cut(block.solid, across);
+  }
 }
 
 }  // namespace
 
 Stamp::Stamp(const Canvas& on_white, const Canvas& on_black, int middle_x, int middle_y) {
-  for (int y = 0; y < on_white.height; ++y) {
-    bool in_run = false;
-    for (int x = 0; x < on_white.width; ++x) {
-      const std::uint32_t white = on_white.row(y)[x], black = on_black.row(y)[x];
-      const std::uint32_t kept = (white & kOneChannel) - (black & kOneChannel);
-      if (kept == 0) {
-        if (!in_run) m_runs.push_back({x - middle_x, y - middle_y, 0, m_pixels.size()});
-        ++m_runs.back().count;
-        m_pixels.push_back(white);
-      } else if (kept != kOneChannel) {
-        m_veils.push_back({x - middle_x, y - middle_y, black & 0x00FFFFFF, kept});
+  const Grounds grounds{on_white, on_black};
+  const PixelRect extent = extent_of(grounds);
+  for (int top = extent.top; top < extent.bottom; top += kSide) {
+    for (int left = extent.left; left < extent.right; left += kSide) {
+      Block block;
+      block.x = left - middle_x;
+      block.y = top - middle_y;
+      for (int y = top; y < std::min(top + kSide, extent.bottom); ++y) {
+        for (int x = left; x < std::min(left + kSide, extent.right); ++x) {
+          take_pixel(grounds, x, y, static_cast<std::size_t>((y - top) * kSide + x - left), block);
+        }
       }
-      in_run = kept == 0;
+      if ((block.solid | block.veiled) == 0) continue;
+      cut(block);
+      m_blocks.push_back(block);
     }
-  }
-  const auto include = [this](int x, int y, int count) {
-    m_left = std::min(m_left, x);
-    m_right = std::max(m_right, x + count - 1);
-    m_top = std::min(m_top, y);
-    m_bottom = std::max(m_bottom, y);
-  };
-  for (const Run& run : m_runs) include(run.x, run.y, run.count);
-  for (const Veil& veil : m_veils) include(veil.x, veil.y, 1);
-}
-
-void Stamp::put(const Canvas& canvas, int x, int y) const {
-  if (!is_inside(canvas, x + m_left, y + m_top) || !is_inside(canvas, x + m_right, y + m_bottom)) {
-    return put_clipped(canvas, x, y);
-  }
-  for (const Run& run : m_runs) {
-    std::uint32_t* const to = canvas.row(y + run.y) + x + run.x;
-    const std::uint32_t* const from = m_pixels.data() + run.first;
-    for (int i = 0; i < run.count; ++i) to[i] = from[i];
-  }
-  for (const Veil& veil : m_veils) {
-    std::uint32_t& pixel = canvas.row(y + veil.y)[x + veil.x];
-    pixel = through(pixel, veil.kept, veil.colour);
-  }
-}
-
-void Stamp::put_clipped(const Canvas& canvas, int x, int y) const {
-  for (const Run& run : m_runs) {
-    for (int i = 0; i < run.count; ++i) {
-      if (!is_inside(canvas, x + run.x + i, y + run.y)) continue;
-      canvas.row(y + run.y)[x + run.x + i] = m_pixels[run.first + static_cast<std::size_t>(i)];
-    }
-  }
-  for (const Veil& veil : m_veils) {
-    if (!is_inside(canvas, x + veil.x, y + veil.y)) continue;
-    std::uint32_t& pixel = canvas.row(y + veil.y)[x + veil.x];
-    pixel = through(pixel, veil.kept, veil.colour);
   }
 }
 

@@ -1,49 +1,45 @@
 // A small picture that is put down many times, such as a marker.
 #pragma once
 
+#include <array>
 #include <cstdint>
+#include <span>
 #include <vector>
 
 #include "raster/canvas.h"
+#include "raster/hidden_pixels.h"
 
 namespace kurv::raster {
 
 class Stamp {
  public:
+  // What a figure looks like in a square of 8 x 8 pixels. The pixel in column x of row y is bit
+  // 8 y + x of a set, and that element of an array.
+  struct Block {
+    int x = 0;  // of the first column, from the pixel where the stamp is put
+    int y = 0;
+    std::uint64_t solid = 0;   // pixels that hide what lies below
+    std::uint64_t veiled = 0;  // pixels through which it shows
+    // All of them, and the solid ones, by how many columns the square stands off a tile.
+    std::array<HiddenPixels::Halves, HiddenPixels::kSide> touched_cut{};
+    std::array<HiddenPixels::Halves, HiddenPixels::kSide> solid_cut{};
+    // In the lower half what a pixel adds to the part of each channel that stays, and in the upper
+    // one how much stays: of 255, twice.
+    std::array<std::uint64_t, 64> looks{};
+  };
+
+  // Of nothing.
+  Stamp() = default;
   // What a figure looks like on a white and on a black canvas of the same size; where the two
   // differ the ground shows through. The middle is the pixel that later lies where the stamp is
   // put.
   Stamp(const Canvas& on_white, const Canvas& on_black, int middle_x, int middle_y);
 
-  // The same as drawing the figure there, wherever that is.
-  void put(const Canvas& canvas, int x, int y) const;
+  // They have no pixel in common. A stamp of up to eight pixels a side is one.
+  std::span<const Block> blocks() const { return m_blocks; }
 
  private:
-  // A run of pixels that hide what lies below. Places are relative to the middle.
-  struct Run {
-    int x;
-    int y;
-    int count;
-    std::size_t first;  // of its pixels
-  };
-  // One through which the ground shows: its own part of the colour, and how much of the ground
-  // stays.
-  struct Veil {
-    int x;
-    int y;
-    std::uint32_t colour;
-    std::uint32_t kept;  // of 255
-  };
-
-  void put_clipped(const Canvas& canvas, int x, int y) const;
-
-  std::vector<Run> m_runs;
-  std::vector<std::uint32_t> m_pixels;
-  std::vector<Veil> m_veils;
-  int m_left = 0;  // the pixels are within m_left..m_right and m_top..m_bottom of the middle
-  int m_top = 0;
-  int m_right = 0;
-  int m_bottom = 0;
+  std::vector<Block> m_blocks;
 };
 
 }  // namespace kurv::raster

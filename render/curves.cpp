@@ -67,28 +67,43 @@ void draw_lines(const GraphDocument& document, const Mapping& mapping,
   surface.DrawWidth(document.CurvesWidth);
   surface.Polylines(lines.x(), static_cast<int>(curves.size()),
                     [&](int i) { return lines.line(curves[static_cast<std::size_t>(i)]); });
-  surface.DrawWidth(1);
 }
 
-void draw_markers(const GraphDocument& document, const Mapping& mapping, int curve,
-                  PlotSurface& surface) {
-  const auto x = document.xyArr.column(1);
-  const auto y = document.xyArr.column(curve + 1);
-  const int count = document.NumData;
-  if (!document.DrawMarkers.is_exactly_true()) {
-    // A range that cannot be mapped is an error whether or not markers are shown.
-    if (count > 0) static_cast<void>(mapping.InPlot({x(1), y(1)}));
-    return;
+// The curves' markers. They share their x as well.
+class Markers {
+ public:
+  Markers(const GraphDocument& document, const Mapping& mapping)
+      : m_document(document), m_mapping(mapping) {}
+
+  void draw(int curve, PlotSurface& surface) {
+    if (m_document.NumData <= 0) return;
+    if (!m_document.DrawMarkers.is_exactly_true()) return look_for_faults(curve);
+    if (m_x.empty()) map_x();
+    m_mapping.map_y_inside(values_of(m_document, curve + 1), m_y);
+    surface.Repeat({m_x, m_y}, marker_reach(m_document),
+                   [this, curve](PlotSurface& target, FigureCentre at) {
+                     DrawMarker(m_document, target, curve, at.x, at.y, false);
+                   });
   }
-  std::vector<FigureCentre> centres;
-  for (int i = 1; i <= count; ++i) {
-    const DataPoint point{x(i), y(i)};
-    if (mapping.InPlot(point)) centres.push_back({mapping.SurfX(point.x), mapping.SurfY(point.y)});
+
+ private:
+  // A range that cannot be mapped is an error whether or not markers are shown.
+  void look_for_faults(int curve) const {
+    const Double x = values_of(m_document, 1).front();
+    static_cast<void>(m_mapping.InPlot({x, values_of(m_document, curve + 1).front()}));
   }
-  surface.Repeat(centres, marker_reach(document), [&](PlotSurface& target, FigureCentre at) {
-    DrawMarker(document, target, curve, at.x, at.y, false);
-  });
-}
+  void map_x() {
+    const std::span<const Double> values = values_of(m_document, 1);
+    m_x.resize(values.size());
+    m_y.resize(values.size());
+    m_mapping.map_x_inside(values, m_x);
+  }
+
+  const GraphDocument& m_document;
+  const Mapping& m_mapping;
+  std::vector<Double> m_x;
+  std::vector<Double> m_y;
+};
 
 }  // namespace
 
@@ -100,7 +115,9 @@ void DrawScatterCurves(const GraphDocument& document, const Layout& layout, Plot
   const Mapping mapping(document, layout.plot);
   const std::vector<int> curves = visible_curves(document);
   if (document.Connected && !curves.empty()) draw_lines(document, mapping, curves, surface);
-  for (const int k : curves) draw_markers(document, mapping, k, surface);
+  if (!curves.empty()) surface.DrawWidth(1);
+  Markers markers(document, mapping);
+  for (const int k : curves) markers.draw(k, surface);
 }
 
 }  // namespace kurv

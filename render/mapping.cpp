@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <limits>
 #include <numeric>
 
 namespace kurv {
@@ -65,6 +66,23 @@ void map_column(std::span<const Double> values, Double min, Double range, std::s
   }
 }
 
+// The same for places that need no narrowing: NaN where the value is outside.
+template <class Place>
+void map_or_leave_out(std::span<const Double> values, Double min, Double range, Double* at,
+                      const Place& place) {
+  constexpr Double kNaN = std::numeric_limits<Double>::quiet_NaN();
+  static_cast<void>(divide(0, range));
+  for (std::size_t begin = 0; begin < values.size(); begin += kAtOnce) {
+    const std::size_t end = std::min(begin + kAtOnce, values.size());
+    fetch(values, begin + kAhead);
+    for (std::size_t i = begin; i < end; ++i) {
+      const Double normal = (values[i] - min) / range;
+      const bool is_inside = (0 <= normal) & (normal <= 1);
+      at[i] = place(is_inside ? normal : kNaN);
+    }
+  }
+}
+
 }  // namespace
 
 void Mapping::map_x(std::span<const Double> values, std::span<Single> at,
@@ -79,6 +97,18 @@ void Mapping::map_y(std::span<const Double> values, std::span<Single> at,
   const Double bottom = m_plot.PlotTop + m_plot.PlotHeight, height = m_plot.PlotHeight;
   map_column(values, m_ymin, m_y_range, at, inside,
              [bottom, height](Double normal) { return bottom - height * normal; });
+}
+
+void Mapping::map_x_inside(std::span<const Double> values, std::span<Double> at) const {
+  const Double left = m_plot.PlotLeft, width = m_plot.PlotWidth;
+  map_or_leave_out(values, m_xmin, m_x_range, at.data(),
+                   [left, width](Double normal) { return left + width * normal; });
+}
+
+void Mapping::map_y_inside(std::span<const Double> values, std::span<Double> at) const {
+  const Double bottom = m_plot.PlotTop + m_plot.PlotHeight, height = m_plot.PlotHeight;
+  map_or_leave_out(values, m_ymin, m_y_range, at.data(),
+                   [bottom, height](Double normal) { return bottom - height * normal; });
 }
 
 PlotRect plot_rect(const GraphDocument& document, Double scale_width, Double scale_height) {

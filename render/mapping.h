@@ -52,6 +52,10 @@ class Mapping {
   void map_y(std::span<const Double> values, std::span<Single> at,
              std::span<std::uint8_t> inside) const;
 
+  // Where they stand as precisely as SurfX and SurfY say it, and NaN where that is outside.
+  void map_x_inside(std::span<const Double> values, std::span<Double> at) const;
+  void map_y_inside(std::span<const Double> values, std::span<Double> at) const;
+
   SurfacePoint surface_point(DataPoint point) const {
     return {to_single(SurfX(point.x)), to_single(SurfY(point.y))};
   }

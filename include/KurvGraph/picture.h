@@ -42,7 +42,7 @@ class Picture final : public PlotSurface {
                  const std::function<PolylineOver(int)>& line) override;
   void Circle(SurfacePoint centre, Single radius, int colour) override;
   void Arc(SurfacePoint centre, Single radius, int colour, Single start, Single end) override;
-  void Repeat(std::span<const FigureCentre> centres, Double reach, const Figure& figure) override;
+  void Repeat(const FigureCentres& centres, Double reach, const Figure& figure) override;
   void PSet(SurfacePoint at, int colour) override;
   void DrawWidth(Integer pixels) override;
   void Print(Single CurrentX, Single CurrentY, std::string_view text) override;
@@ -57,7 +57,8 @@ class Picture final : public PlotSurface {
  private:
   struct Pixels;
   explicit Picture(std::unique_ptr<Pixels> pixels);
-  raster::Stamp stamp_of(const Figure& figure, int side, int phase_x, int phase_y) const;
+  raster::Stamp stamp_of(const Figure& figure, FigureCentre centre, Picture& white,
+                         Picture& black) const;
   std::unique_ptr<Pixels> m_pixels;
 };
 

@@ -60,6 +60,15 @@ struct FigureCentre {
   Double y = 0;
 };
 
+// The same for many, which have the same length. A figure is missing where one of its coordinates
+// is NaN.
+struct FigureCentres {
+  std::span<const Double> x;
+  std::span<const Double> y;
+
+  bool has(std::size_t i) const { return x[i] == x[i] && y[i] == y[i]; }
+};
+
 class PlotSurface {
  public:
   // Draws one figure round the centre, nowhere further from it than a reach that goes with it.
@@ -100,9 +109,11 @@ class PlotSurface {
   virtual void Arc(SurfacePoint centre, Single radius, int colour, Single start, Single end) = 0;
   // The same figure at each of the centres in turn, which is what a surface draws that knows
   // nothing faster. `reach` in twips.
-  virtual void Repeat(std::span<const FigureCentre> centres, Double reach, const Figure& figure) {
+  virtual void Repeat(const FigureCentres& centres, Double reach, const Figure& figure) {
     static_cast<void>(reach);
-    for (const FigureCentre& centre : centres) figure(*this, centre);
+    for (std::size_t i = 0; i < centres.x.size(); ++i) {
+      if (centres.has(i)) figure(*this, {centres.x[i], centres.y[i]});
+    }
   }
   // One point as large as the pen.
   virtual void PSet(SurfacePoint at, int colour) = 0;

@@ -23,11 +23,11 @@ class FastSurface final : public PlotSurface {
   }
   void Circle(SurfacePoint, Single, int) override { ADD_FAILURE(); }
   void Arc(SurfacePoint, Single, int, Single, Single) override { ADD_FAILURE(); }
-  void Repeat(std::span<const FigureCentre> centres, Double reach, const Figure& figure) override {
+  void Repeat(const FigureCentres& centres, Double reach, const Figure& figure) override {
     ++repeats;
-    EXPECT_EQ(centres.size(), 2U);
+    EXPECT_EQ(centres.x.size(), 2U);
     EXPECT_EQ(reach, 7);
-    figure(*this, centres[0]);
+    figure(*this, {centres.x[0], centres.y[0]});
   }
   void PSet(SurfacePoint, int) override { ADD_FAILURE(); }
   void DrawWidth(Integer) override {}
@@ -50,9 +50,9 @@ TEST(WatchedSurface, PassesOnWhatIsDrawnAtOnce) {
   const std::vector<Single> places = {1, 2, 3};
   const std::vector<std::uint8_t> drawn = {1, 1, 1};
   watched.Polyline({places, places, drawn}, 5);
-  const std::vector<FigureCentre> centres = {{1, 2}, {3, 4}};
+  const std::vector<Double> x = {1, 3}, y = {2, 4};
   int figures = 0;
-  watched.Repeat(centres, 7, [&](PlotSurface& surface, FigureCentre centre) {
+  watched.Repeat({x, y}, 7, [&](PlotSurface& surface, FigureCentre centre) {
     ++figures;
     EXPECT_EQ(&surface, &target);
     EXPECT_EQ(centre.y, 2);

@@ -56,6 +56,25 @@ void expect_like_single_values(const Mapping& mapping, const std::vector<Double>
   }
 }
 
+void expect_inside_like_single_values(const Mapping& mapping, const std::vector<Double>& values) {
+  std::vector<Double> x(values.size()), y(values.size());
+  mapping.map_x_inside(values, x);
+  mapping.map_y_inside(values, y);
+  const auto are_same_inside = [](Double column, Double value, bool is_inside) {
+    if (!is_inside) return std::isnan(column);
+    return std::bit_cast<std::uint64_t>(column) == std::bit_cast<std::uint64_t>(value);
+  };
+  for (std::size_t i = 0; i < values.size(); ++i) {
+    const Double value = values[i];
+    const Double normal_x = mapping.NormX(value), normal_y = mapping.NormY(value);
+    ASSERT_TRUE(are_same_inside(x[i], mapping.SurfX(value), 0 <= normal_x && normal_x <= 1))
+        << value;
+    ASSERT_TRUE(are_same_inside(y[i], mapping.SurfY(value), 0 <= normal_y && normal_y <= 1))
+        << value;
+    ASSERT_EQ(!std::isnan(x[i]) && !std::isnan(y[i]), mapping.InPlot({value, value})) << value;
+  }
+}
+
 std::vector<Double> any_bits(int count) {
   std::mt19937_64 generator(5);
   std::vector<Double> values;
@@ -82,6 +101,9 @@ TEST(MappingColumns, AreTheirValuesOneByOne) {
     expect_like_single_values(mapping, ordinary(4099));
     expect_like_single_values(mapping, any_bits(4099));
     expect_like_single_values(mapping, kOdd);
+    expect_inside_like_single_values(mapping, ordinary(4099));
+    expect_inside_like_single_values(mapping, any_bits(4099));
+    expect_inside_like_single_values(mapping, kOdd);
   }
 }
 
@@ -126,6 +148,11 @@ TEST(MappingColumns, RangeWithoutWidthIsTheFaultOfASingleValue) {
   const Mapping upright(document_of(3, 3, 0, 1), kPlot);
   EXPECT_NO_THROW(upright.map_y(values, mapped.at, mapped.inside));
   EXPECT_THROW(upright.map_x(values, mapped.at, mapped.inside), Fault);
+  std::vector<Double> inside(1);
+  EXPECT_NO_THROW(level.map_x_inside(values, inside));
+  EXPECT_THROW(level.map_y_inside(values, inside), Fault);
+  EXPECT_NO_THROW(upright.map_y_inside(values, inside));
+  EXPECT_THROW(upright.map_x_inside(values, inside), Fault);
 }
 
 }  // namespace

@@ -68,8 +68,9 @@ TEST(PlotSurface, PolylineOfNoPointsOrOneIsNothing) {
 
 TEST(PlotSurface, RepeatDrawsTheFigureAtEachCentreInTurn) {
   RecordingSurface surface(100, 100);
-  const std::vector<FigureCentre> centres = {{3, 4}, {1, 2}, {3, 4}};
-  surface.Repeat(centres, 5, [](PlotSurface& target, FigureCentre at) {
+  constexpr Double kNaN = std::numeric_limits<Double>::quiet_NaN();
+  const std::vector<Double> x = {3, 1, kNaN, 5, 3}, y = {4, 2, 6, kNaN, 4};
+  surface.Repeat({x, y}, 5, [](PlotSurface& target, FigureCentre at) {
     target.PSet({to_single(at.x), to_single(at.y)}, 7);
   });
   EXPECT_EQ(surface.log(), "point 3 4 7\npoint 1 2 7\npoint 3 4 7\n");

@@ -1,0 +1,325 @@
+// Many figures at once are the same as one after the other, to the last bit.
+#include "raster/stamps.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <random>
+#include <vector>
+
+#include "tests/raster/guarded_canvas.h"
+
+namespace kurv::raster {
+namespace {
+
+constexpr std::uint32_t kBlackPixel = 0xFF000000;
+constexpr double kInfinity = std::numeric_limits<double>::infinity();
+constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
+
+class Dice {
+ public:
+  explicit Dice(unsigned seed) : m_generator(seed) {}
+  int up_to(int largest) {
+    return static_cast<int>(m_generator() % (static_cast<unsigned>(largest) + 1));
+  }
+  double between(double low, double high) {
+    return low + (high - low) * static_cast<double>(m_generator()) / 0x1p32;
+  }
+
+ private:
+  std::mt19937 m_generator;
+};
+
+// A pixel of a figure: its own part of the colour, and how much of the ground stays, of 255.
+struct Look {
+  std::uint32_t colour = 0;
+  std::uint32_t kept = 255;
+};
+
+std::uint32_t over(std::uint32_t ground, const Look& look) {
+  std::uint32_t pixel = kBlackPixel;
+  for (const int shift : {16, 8, 0}) {
+    const std::uint32_t stays = ((ground >> shift & 255) * look.kept + 127) / 255;
+    pixel |= ((look.colour >> shift & 255) + stays) << shift;
+  }
+  return pixel;
+}
+
+struct Figure {
+  int width = 0;
+  int height = 0;
+  std::vector<Look> looks;
+
+  int middle_x() const { return width / 2; }
+  int middle_y() const { return height / 2; }
+  const Look& at(int x, int y) const { return looks[static_cast<std::size_t>(y * width + x)]; }
+  void draw(const Canvas& canvas, int x, int y) const {
+    for (int row = 0; row < height; ++row) {
+      for (int column = 0; column < width; ++column) {
+        const int to_x = x - middle_x() + column, to_y = y - middle_y() + row;
+        if (to_x < 0 || to_x >= canvas.width || to_y < 0 || to_y >= canvas.height) continue;
+        std::uint32_t& pixel = canvas.row(to_y)[to_x];
+        pixel = over(pixel, at(column, row));
+      }
+    }
+  }
+  Stamp stamp() const {
+    GuardedCanvas white(width, height), black(width, height);
+    fill_rect(black.canvas(), {0, 0, width, height}, kBlackPixel);
+    draw(white.canvas(), middle_x(), middle_y());
+    draw(black.canvas(), middle_x(), middle_y());
+    return {white.canvas(), black.canvas(), middle_x(), middle_y()};
+  }
+};
+
+// Of a hundred pixels that many hide the ground, and as many as are left of `touched` veil it.
+Figure random_figure(Dice& dice, int width, int height, int solid, int touched) {
+  Figure figure{width, height, {}};
+  for (int i = 0; i < width * height; ++i) {
+    const int kind = dice.up_to(99);
+    const int kept = kind < solid ? 0 : kind < touched ? 1 + dice.up_to(253) : 255;
+    Look look{0, static_cast<std::uint32_t>(kept)};
+    for (const int shift : {16, 8, 0}) {
+      look.colour |= static_cast<std::uint32_t>(dice.up_to(255 - kept)) << shift;
+    }
+    figure.looks.push_back(look);
+  }
+  return figure;
+}
+
+// One figure for each phase, row by row.
+using Phases = std::vector<Figure>;
+
+Phases random_phases(Dice& dice, int width, int height, int solid, int touched) {
+  Phases phases;
+  for (int i = 0; i < 16; ++i) {
+    phases.push_back(random_figure(dice, width, height, solid, touched));
+  }
+  return phases;
+}
+
+struct Places {
+  std::vector<double> x;
+  std::vector<double> y;
+};
+
+struct Place {
+  std::int64_t pixel;
+  int phase;
+
+  friend bool operator==(const Place&, const Place&) = default;
+};
+
+// The nearest quarter.
+Place place_of(double pixels) {
+  const auto quarters =
+      static_cast<std::int64_t>(std::floor(std::clamp(pixels, -1e8, 1e8) * 4 + 0.5));
+  return {quarters >> 2, static_cast<int>(quarters & 3)};
+}
+
+void draw_one_by_one(const Canvas& canvas, const Phases& phases, const Places& places,
+                     double unit) {
+  Place last_x{0, -1}, last_y{0, -1};
+  for (std::size_t i = 0; i < places.x.size(); ++i) {
+    if (std::isnan(places.x[i]) || std::isnan(places.y[i])) continue;
+    const Place x = place_of(places.x[i] / unit), y = place_of(places.y[i] / unit);
+    if (x == last_x && y == last_y) continue;
+    last_x = x;
+    last_y = y;
+    phases[static_cast<std::size_t>(y.phase * 4 + x.phase)].draw(canvas, static_cast<int>(x.pixel),
+                                                                 static_cast<int>(y.pixel));
+  }
+}
+
+void add(Stamps& stamps, const Phases& phases, const Places& places, double unit) {
+  stamps.add(places.x, places.y, unit, [&phases](int phase_x, int phase_y) {
+    return phases[static_cast<std::size_t>(phase_y * 4 + phase_x)].stamp();
+  });
+}
+
+constexpr double kUnit = 15;
+
+// All over a canvas and beyond its edges.
+Places random_places(Dice& dice, int count, int width, int height) {
+  Places places;
+  for (int i = 0; i < count; ++i) {
+    places.x.push_back(dice.between(-12, width + 12) * kUnit);
+    places.y.push_back(dice.between(-12, height + 12) * kUnit);
+  }
+  return places;
+}
+
+void fill_with_noise(const Canvas& canvas, unsigned seed) {
+  std::mt19937 generator(seed);
+  for (int y = 0; y < canvas.height; ++y) {
+    for (int x = 0; x < canvas.width; ++x) {
+      canvas.row(y)[x] = kBlackPixel | static_cast<std::uint32_t>(generator());
+    }
+  }
+}
+
+struct Layer {
+  Phases phases;
+  Places places;
+};
+
+void expect_one_by_one(const std::vector<Layer>& layers, int width, int height) {
+  GuardedCanvas together(width, height), one_by_one(width, height);
+  fill_with_noise(together.canvas(), 3);
+  fill_with_noise(one_by_one.canvas(), 3);
+  Stamps stamps;
+  for (const Layer& layer : layers) {
+    add(stamps, layer.phases, layer.places, kUnit);
+    draw_one_by_one(one_by_one.canvas(), layer.phases, layer.places, kUnit);
+  }
+  stamps.flush(together.canvas());
+  for (int y = 0; y < height; ++y) {
+    for (int x = 0; x < width; ++x) {
+      ASSERT_EQ(together.at(x, y), one_by_one.at(x, y)) << x << ' ' << y;
+    }
+  }
+}
+
+TEST(Stamps, AreOneAfterTheOther) {
+  Dice dice(1);
+  for (const auto& [width, height] :
+       {std::pair{1, 1}, {3, 7}, {7, 7}, {8, 8}, {9, 8}, {8, 9}, {16, 3}, {21, 33}, {64, 64}}) {
+    for (const auto& [solid, touched] : {std::pair{100, 100}, {70, 90}, {30, 60}, {0, 50}}) {
+      const Phases phases = random_phases(dice, width, height, solid, touched);
+      for (const auto& [canvas_width, canvas_height] : {std::pair{53, 41}, {64, 40}, {5, 3}}) {
+        expect_one_by_one({{phases, random_places(dice, 150, canvas_width, canvas_height)}},
+                          canvas_width, canvas_height);
+      }
+    }
+  }
+}
+
+TEST(Stamps, AreOneAfterTheOtherWhereXAscends) {
+  Dice dice(2);
+  const Phases phases = random_phases(dice, 8, 7, 60, 85);
+  for (const bool ascends : {true, false}) {
+    Places places = random_places(dice, 5000, 60, 30);
+    std::ranges::sort(places.x);
+    if (!ascends) std::ranges::reverse(places.x);
+    expect_one_by_one({{phases, places}}, 60, 30);
+  }
+}
+
+TEST(Stamps, OfSeveralFiguresLieAboveEachOther) {
+  Dice dice(3);
+  const Places shared = random_places(dice, 300, 50, 37);
+  std::vector<Layer> layers;
+  for (int i = 0; i < 6; ++i) {
+    Places places = random_places(dice, 300, 50, 37);
+    if (i % 3 != 2) places.x = shared.x;
+    layers.push_back({random_phases(dice, 7 + i, 6, 40, 80), places});
+  }
+  expect_one_by_one(layers, 50, 37);
+}
+
+// Where a figure stands as the one before it does, nothing is added. One that is nowhere is not
+// before another.
+TEST(Stamps, AtTheSamePlaceAreOne) {
+  Dice dice(4);
+  Places places;
+  for (int i = 0; i < 3000; ++i) {
+    places.x.push_back(300 + dice.up_to(1) * 4.0);
+    places.y.push_back(dice.up_to(9) == 0 ? kNaN : 200 + dice.up_to(1) * 4.0);
+  }
+  expect_one_by_one({{random_phases(dice, 7, 7, 0, 90), places}}, 40, 30);
+}
+
+TEST(Stamps, OnceEachWhereNothingHidesThem) {
+  Dice dice(5);
+  Places places;
+  for (int i = 0; i < 16; ++i) {
+    places.x.push_back((10 + i % 4 * 20 + i / 4 * 0.25) * kUnit);
+    places.y.push_back((10 + i / 4 * 20 + i % 4 * 0.25) * kUnit);
+  }
+  expect_one_by_one({{random_phases(dice, 9, 9, 50, 90), places}}, 90, 90);
+}
+
+TEST(Stamps, ThatAreNoPlaceShowNothing) {
+  Dice dice(6);
+  const Phases phases = random_phases(dice, 7, 7, 50, 90);
+  Places places;
+  for (const double odd : {kNaN, kInfinity, -kInfinity, 1e300, -1e300, 1e10, -1e10, 4e9, -4e9}) {
+    for (const auto& [x, y] : {std::pair{odd, 200.0}, {200.0, odd}, {odd, odd}}) {
+      places.x.push_back(x);
+      places.y.push_back(y);
+    }
+  }
+  GuardedCanvas picture(30, 30);
+  Stamps stamps;
+  add(stamps, phases, places, kUnit);
+  stamps.flush(picture.canvas());
+  EXPECT_TRUE(picture.is_white());
+}
+
+TEST(Stamps, VeilEachGroundAsItIsDefined) {
+  GuardedCanvas greys(256, 1);
+  Places everywhere;
+  for (int x = 0; x < 256; ++x) {
+    everywhere.x.push_back(x);
+    everywhere.y.push_back(0);
+  }
+  Stamps stamps;
+  for (std::uint32_t kept = 1; kept < 255; ++kept) {
+    for (std::uint32_t x = 0; x < 256; ++x) greys.canvas().row(0)[x] = kBlackPixel | x * 0x010101;
+    const Look look{(255 - kept) << 16 | (255 - kept) / 2 << 8, kept};
+    add(stamps, Phases(16, Figure{1, 1, {look}}), everywhere, 1);
+    stamps.flush(greys.canvas());
+    for (std::uint32_t x = 0; x < 256; ++x) {
+      ASSERT_EQ(greys.at(static_cast<int>(x), 0), over(x * 0x010101, look)) << kept;
+    }
+  }
+}
+
+TEST(Stamps, AskForEachStampThatIsNeededOnce) {
+  Dice dice(7);
+  const Places places{{10, 10.25, 20, 20.25, kNaN}, {10.5, 10.5, 10.5, 10.5, 10}};
+  std::vector<std::pair<int, int>> asked;
+  Stamps stamps;
+  stamps.add(places.x, places.y, 1, [&](int phase_x, int phase_y) {
+    asked.emplace_back(phase_x, phase_y);
+    return Stamp();
+  });
+  EXPECT_EQ(asked, (std::vector<std::pair<int, int>>{{0, 2}, {1, 2}}));
+}
+
+TEST(Stamps, AreForgottenWhenPaintedOrCleared) {
+  Dice dice(8);
+  const Phases phases = random_phases(dice, 7, 7, 50, 100);
+  const Places places = random_places(dice, 50, 30, 30);
+  GuardedCanvas picture(30, 30);
+  Stamps stamps;
+  EXPECT_TRUE(stamps.is_empty());
+  add(stamps, phases, places, kUnit);
+  EXPECT_FALSE(stamps.is_empty());
+  stamps.clear();
+  EXPECT_TRUE(stamps.is_empty());
+  stamps.flush(picture.canvas());
+  EXPECT_TRUE(picture.is_white());
+  add(stamps, phases, places, kUnit);
+  stamps.flush(picture.canvas());
+  EXPECT_TRUE(stamps.is_empty());
+  EXPECT_FALSE(picture.is_white());
+  fill_rect(picture.canvas(), {0, 0, 30, 30}, kWhitePixel);
+  stamps.flush(picture.canvas());
+  EXPECT_TRUE(picture.is_white());
+}
+
+TEST(Stamps, AreFullSometime) {
+  const Places places{std::vector<double>(100'000, 1), std::vector<double>(100'000, 1)};
+  Stamps stamps;
+  int added = 0;
+  for (; !stamps.is_full() && added < 100; ++added) {
+    stamps.add(places.x, places.y, 1, [](int, int) { return Stamp(); });
+  }
+  EXPECT_LT(added, 100);
+  stamps.clear();
+  EXPECT_FALSE(stamps.is_full());
+}
+
+}  // namespace
+}  // namespace kurv::raster
