@@ -2,6 +2,7 @@
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
+#include <cmath>
 #include <memory>
 #include <string_view>
 #include <vector>
@@ -85,6 +86,31 @@ void segments(benchmark::State& state) {
   }
 }
 BENCHMARK(segments)->Unit(benchmark::kMicrosecond)->Arg(1)->Arg(2)->Arg(4);
+
+// Ten thousand segments of one length in pixels, in all directions from anywhere; arguments: the
+// length and the pen's width.
+void segments_of_length(benchmark::State& state) {
+  const Line line = line_of("scattered", 10000);
+  const auto length = static_cast<double>(state.range(0));
+  const raster::Pen pen{1, static_cast<double>(state.range(1)) / 2};
+  const Pixels pixels(bench::kWidth, bench::kHeight);
+  raster::Coverage mask(bench::kWidth, bench::kHeight);
+  raster::LongSegments middles(bench::kWidth, bench::kHeight);
+  for ([[maybe_unused]] auto _ : state) {
+    for (std::size_t i = 0; i < line.x.size(); ++i) {
+      const double angle = static_cast<double>(i);
+      const raster::Point from{line.x[i], line.y[i]};
+      add_segment(mask, middles, pen, from,
+                  {from.x + static_cast<float>(length * std::cos(angle)),
+                   from.y + static_cast<float>(length * std::sin(angle))});
+    }
+    middles.merge_into(mask);
+    mask.flush(pixels.canvas(), 0xFF000080);
+  }
+}
+BENCHMARK(segments_of_length)
+    ->Unit(benchmark::kMicrosecond)
+    ->ArgsProduct({{5, 10, 30, 100, 300}, {1, 2, 4}});
 
 // A framed square of 9 pixels with soft edges.
 raster::Stamp framed_square() {

@@ -1,46 +1,58 @@
 #include "raster/coverage.h"
 
-#include <algorithm>
-
 #include "raster/blend.h"
+#include "raster/lanes.h"
 
 namespace kurv::raster {
+namespace {
+
+void blend_lanes(std::uint32_t* pixels, const std::uint8_t* values, std::uint32_t colour) {
+  if (are_full(values)) {
+    std::fill_n(pixels, kLanes, colour);
+  } else {
+    for (int i = 0; i < kLanes; ++i) pixels[i] = blend(pixels[i], colour, values[i]);
+  }
+}
+
+void blend_row(std::uint32_t* pixels, const std::uint8_t* values, int count, std::uint32_t colour) {
+  int i = 0;
+  for (; i + kLanes <= count; i += kLanes) {
+    if (!are_zero(values + i)) blend_lanes(pixels + i, values + i, colour);
+  }
+  for (; i < count; ++i) pixels[i] = blend(pixels[i], colour, values[i]);
+}
+
+// In rows whose length has many factors of two the pixels below each other would compete for the
+// same few places of the processor's cache.
+std::ptrdiff_t stride_of(int width) {
+  return (std::ptrdiff_t{width} + Coverage::kMargin) | 8;
+}
+
+}  // namespace
+
 Coverage::Coverage(int width, int height)
     : m_width(width),
       m_height(height),
-      m_values(offset(height)),
-      m_spans(static_cast<std::size_t>(height), Span{width, 0}) {
-  forget_rows();
-}
+      m_stride(stride_of(width)),
+      m_spans((static_cast<std::size_t>(height) + kBand - 1) / kBand, Span{width, 0}),
+      m_values(m_spans.size() * kBand * static_cast<std::size_t>(m_stride) + 2 * kMargin) {}
 
 void Coverage::flush(const Canvas& canvas, std::uint32_t colour) {
-  for (int y = m_top; y < m_bottom; ++y) {
-    const Span span = m_spans[static_cast<std::size_t>(y)];
-    const std::uint8_t* values = row(y);
-    std::uint32_t* pixels = canvas.row(y);
-    for (int x = span.first; x < span.end; ++x) {
-      if (values[x] == 0) continue;
-      pixels[x] = values[x] == 255 ? colour : blend(pixels[x], colour, values[x]);
+  for_each_touched([&](int top, int first, int end) {
+    for (int y = top; y < std::min(top + kBand, m_height); ++y) {
+      blend_row(canvas.row(y) + first, row(y) + first, end - first, colour);
     }
-    clear_row(y);
-  }
-  forget_rows();
+  });
+  clear();
 }
 
 void Coverage::clear() {
-  for (int y = m_top; y < m_bottom; ++y) clear_row(y);
-  forget_rows();
-}
-
-void Coverage::clear_row(int y) {
-  Span& span = m_spans[static_cast<std::size_t>(y)];
-  if (span.first < span.end) std::fill(row(y) + span.first, row(y) + span.end, std::uint8_t{0});
-  span = {m_width, 0};
-}
-
-void Coverage::forget_rows() {
-  m_top = m_height;
-  m_bottom = 0;
+  for_each_touched([this](int top, int first, int end) {
+    for (int y = top; y < std::min(top + kBand, m_height); ++y) {
+      std::fill(row(y) + first, row(y) + end, std::uint8_t{0});
+    }
+  });
+  std::fill(m_spans.begin(), m_spans.end(), Span{m_width, 0});
 }
 
 }  // namespace kurv::raster

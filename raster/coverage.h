@@ -6,6 +6,7 @@
 #pragma once
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <vector>
 
@@ -15,56 +16,56 @@ namespace kurv::raster {
 
 class Coverage {
  public:
+  // So many columns before and after a row may be written to as well: they never show, and whoever
+  // raises pixels by the lane need not ask where a row ends. Two rows share those between them.
+  static constexpr int kMargin = 8;
+  // What is touched is noted by bands of so many rows, the first of which begins with row 0: a long
+  // stroke takes no more time to note than to draw.
+  static constexpr int kBand = 32;
+
   Coverage(int width, int height);
 
   int width() const { return m_width; }
   int height() const { return m_height; }
+  std::ptrdiff_t stride() const { return m_stride; }  // from row to row
 
-  // The row's coverages, 0..255. Whoever raises any of them calls touch() for them, too.
-  std::uint8_t* row(int y) { return m_values.data() + offset(y); }
-  // Columns first..end-1 of row y, inside the mask and at least one, may no longer be zero.
+  // The row's coverages, 0..255. Whoever raises any of them calls touch() for them, too. There are
+  // rows up to the end of the last band; those below the mask are not to be raised.
+  std::uint8_t* row(int y) { return m_values.data() + kMargin + y * m_stride; }
+  // Columns first..end-1, inside the mask and at least one, of row y and the others of its band may
+  // no longer be zero.
   void touch(int y, int first, int end) {
-    m_top = std::min(m_top, y);
-    m_bottom = std::max(m_bottom, y + 1);
-    Span& span = m_spans[static_cast<std::size_t>(y)];
+    Span& span = m_spans[static_cast<std::size_t>(y) / kBand];
     span.first = std::min(span.first, first);
     span.end = std::max(span.end, end);
   }
 
-  // Calls visit(row, first column, values, count) for the touched part of each row.
+  // Calls visit(first row, first column, end of the columns) for each band that was touched.
   template <class Visit>
-  void for_each_touched(const Visit& visit) {
-    for (int y = m_top; y < m_bottom; ++y) {
-      const Span span = m_spans[static_cast<std::size_t>(y)];
-      if (span.first < span.end) visit(y, span.first, row(y) + span.first, span.end - span.first);
+  void for_each_touched(const Visit& visit) const {
+    for (std::size_t band = 0; band < m_spans.size(); ++band) {
+      const Span& span = m_spans[band];
+      if (span.first < span.end) visit(static_cast<int>(band) * kBand, span.first, span.end);
     }
   }
 
   // Blends the colour onto the canvas, which has the mask's size, and clears the mask. Touched
-  // pixels alone are looked at.
+  // bands alone are looked at.
   void flush(const Canvas& canvas, std::uint32_t colour);
   void clear();
 
  private:
-  // The touched columns of a row; empty when `end` is not above `first`.
+  // The touched columns of a band; none when `end` is not above `first`.
   struct Span {
     int first;
     int end;
   };
 
-  std::size_t offset(int y) const {
-    return static_cast<std::size_t>(y) * static_cast<std::size_t>(m_width);
-  }
-  void clear_row(int y);
-  void forget_rows();
-
   int m_width;
   int m_height;
-  // The touched rows are m_top..m_bottom-1.
-  int m_top = 0;
-  int m_bottom = 0;
-  std::vector<std::uint8_t> m_values;
+  std::ptrdiff_t m_stride;
   std::vector<Span> m_spans;
+  std::vector<std::uint8_t> m_values;
 };
 
 }  // namespace kurv::raster

@@ -2,31 +2,145 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numbers>
+#include <utility>
 
+#include "raster/course.h"
+#include "raster/lanes.h"
+#include "raster/round_ends.h"
 #include "raster/strip.h"
 #include "raster/stroke_parts.h"
 
 namespace kurv::raster {
 namespace {
 
-// A strip that goes along the rows of its mask from one row to the next: `at` is its middle in row
-// `first`, in pixels, and moves on by `slope`.
-struct Course {
-  int first;
-  int end;
-  double at;
-  double slope;
+// How many of the eight pixels a strip can touch, from the first on.
+struct ThinPen {
+  static constexpr double kWidest = 0.6;  // half of it
+  static constexpr int kPixels = 4;
+};
+struct AnyPen {
+  static constexpr int kPixels = kLanes;
 };
 
-constexpr int kFractionBits = 32;
-constexpr double kUnit = 4294967296.0;
-// A strip that begins further aside than that is nowhere near a picture.
-constexpr double kFar = 1 << 20;
+// From the first of the eight pixels to the middle of the strip, in the first phase.
+double to_middle(double half_width) {
+  return ((half_width <= ThinPen::kWidest ? ThinPen::kPixels : AnyPen::kPixels) - 1) / 2.0;
+}
 
-Course course_of(double from, double to, double across_from, double slope, int rows) {
-  const int first = pixel_from(std::min(from, to), rows);
-  const int end = pixel_from(std::max(from, to), rows);
-  return {first, end, across_from + (first + 0.5 - from) * slope, slope};
+// Where the middle of a pixel is, seen from a segment: how far off the line and along it. Steps
+// from there are small enough for single precision.
+struct Place {
+  float across;
+  double along;
+};
+
+Place place_of(Vector from, Vector direction, int left, int row) {
+  const double right = left + 0.5 - from.x, down = row + 0.5 - from.y;
+  return {static_cast<float>(down * direction.x - right * direction.y),
+          right * direction.x + down * direction.y};
+}
+
+// Of eight pixels of a row, what an endless strip covers.
+template <class PenKind>
+class EndlessStrip {
+ public:
+  EndlessStrip(double half_width, Vector through, Vector direction)
+      : m_through(through),
+        m_direction(direction),
+        m_step(static_cast<float>(-direction.y)),
+        m_strip(half_width, direction) {}
+
+  Lanes lanes(int left, int row) const {
+    const Place place = place_of(m_through, m_direction, left, row);
+    std::array<float, kLanes> covered{};
+#pragma GCC unroll 1  // four by four, then, and not one by one
+    for (int k = 0; k < PenKind::kPixels; ++k) {
+      const float across = place.across + static_cast<float>(k) * m_step;
+      covered[static_cast<std::size_t>(k)] = m_strip.coverage(std::abs(across));
+    }
+    return bytes_of(covered);
+  }
+
+ private:
+  Vector m_through;
+  Vector m_direction;
+  float m_step;
+  Strip m_strip;
+};
+
+// Of eight pixels of a row, what is left where the strip ends. Beyond its ends it goes on as far as
+// the pen is round. Not before them, where the round ends begin to show already: at the joint with
+// a segment that goes straight on they must not.
+template <class PenKind>
+class Ends {
+ public:
+  Ends(double half_width, Vector from, Vector direction, double length)
+      : m_from(from),
+        m_direction(direction),
+        m_length(length),
+        m_x(static_cast<float>(direction.x)),
+        m_y(static_cast<float>(direction.y)),
+        m_body(length > 0 ? 0.0F : -1.0F),
+        m_round(half_width, direction) {}
+
+  Lanes cut(const Lanes& strip, int left, int row) const {
+    const Place place = place_of(m_from, m_direction, left, row);
+    const auto first_before = static_cast<float>(-place.along);
+    const auto first_beyond = static_cast<float>(place.along - m_length);
+    std::array<float, kLanes> kept{};
+#pragma GCC unroll 1  // four by four, then, and not one by one
+    for (int k = 0; k < PenKind::kPixels; ++k) {
+      const auto step = static_cast<float>(k);
+      const float before = first_before - step * m_x, beyond = first_beyond + step * m_x;
+      const float round = m_round.coverage(before, beyond, place.across - step * m_y);
+      kept[static_cast<std::size_t>(k)] = std::max(before, beyond) <= m_body ? 1 : round;
+    }
+    Lanes covered = bytes_of(kept);
+    for (std::size_t k = 0; k < kLanes; ++k) covered[k] = std::min(strip[k], covered[k]);
+    return covered;
+  }
+
+ private:
+  Vector m_from;
+  Vector m_direction;
+  double m_length;
+  float m_x;
+  float m_y;
+  float m_body;  // what is no further beyond the ends is all strip
+  RoundEnds m_round;
+};
+
+// The steps of a course, from one row to another.
+class Steps {
+ public:
+  Steps(Coverage& mask, const Course& course)
+      : m_values(mask.row(course.first)),
+        m_stride(mask.stride()),
+        m_row(course.first),
+        m_at(course.at),
+        m_step(course.step) {}
+
+  // Raises the pixels of the rows before `end` to lanes_at(fixed-point place, first pixel, row),
+  // which is copied: of what is its own the compiler knows that no pixel can change it.
+  template <class LanesAt>
+  void go(int end, LanesAt lanes_at) {
+    for (; m_row < end; ++m_row, m_at += m_step, m_values += m_stride) {
+      const int left = Course::left_of(m_at);
+      raise(m_values + left, lanes_at(m_at, left, m_row));
+    }
+  }
+
+ private:
+  std::uint8_t* m_values;
+  std::ptrdiff_t m_stride;
+  int m_row;
+  std::int64_t m_at;
+  std::int64_t m_step;
+};
+
+Vector transposed(Vector vector) {
+  return {vector.y, vector.x};
 }
 
 }  // namespace
@@ -37,16 +151,16 @@ const LongSegments::Profile& LongSegments::profile_of(double slope, double half_
     m_half_width = half_width;
     m_known.assign(m_known.size(), false);
   }
-  const auto place = static_cast<std::size_t>(std::lround(std::abs(slope) * kSlopes));
+  const auto place = static_cast<std::size_t>(std::abs(slope) * kSlopes + 0.5);
   Profile& profile = m_profiles[place];
   if (m_known[place]) return profile;
   m_known[place] = true;
   const double rounded = static_cast<double>(place) / kSlopes;
   const double shortening = 1 / std::sqrt(1 + rounded * rounded);
   const Strip strip(half_width, {shortening, rounded * shortening});
-  for (int phase = 0; phase < kPhases; ++phase) {
-    const double middle = (kReach - 1) / 2.0 + static_cast<double>(phase) / kPhases;
-    for (int k = 0; k < kReach; ++k) {
+  for (int phase = 0; phase < Course::kPhases; ++phase) {
+    const double middle = to_middle(half_width) + static_cast<double>(phase) / Course::kPhases;
+    for (int k = 0; k < kLanes; ++k) {
       const double distance = std::abs(k + 0.5 - middle) * shortening;
       profile[static_cast<std::size_t>(phase)][static_cast<std::size_t>(k)] =
           to_byte(strip.coverage(static_cast<float>(distance)));
@@ -58,48 +172,79 @@ const LongSegments::Profile& LongSegments::profile_of(double slope, double half_
 void LongSegments::add(Coverage& mask, double half_width, Vector from, Vector to,
                        Vector direction) {
   const bool is_steep = std::abs(direction.y) > std::abs(direction.x);
+  Segment segment =
+      is_steep ? Segment{from, to, direction, half_width}
+               : Segment{transposed(from), transposed(to), transposed(direction), half_width};
+  if (segment.direction.y < 0) {
+    std::swap(segment.from, segment.to);
+    segment.direction = {-segment.direction.x, -segment.direction.y};
+  }
   Coverage& rows = is_steep ? mask : m_columns;
-  const double slope = is_steep ? direction.x / direction.y : direction.y / direction.x;
-  const Course course = is_steep ? course_of(from.y, to.y, from.x, slope, rows.height())
-                                 : course_of(from.x, to.x, from.y, slope, rows.height());
-  if (!(std::abs(course.at) < kFar)) return;
-  const Profile& profile = profile_of(slope, half_width);
-  // Fixed point, because a step has to find its pixel without asking the library to round. It is
-  // that of the first pixel that the step looks at, at the nearest phase.
-  constexpr double kToFirst = (kReach - 1) / 2.0 - 0.5 / kPhases;
-  std::int64_t at = std::llround((course.at - kToFirst) * kUnit);
-  const std::int64_t step = std::llround(course.slope * kUnit);
-  for (int row = course.first; row < course.end; ++row, at += step) {
-    const int left = static_cast<int>(at >> kFractionBits);
-    const auto& covered =
-        profile[static_cast<std::size_t>(at >> (kFractionBits - kPhaseBits)) % kPhases];
-    std::uint8_t* const values = rows.row(row);
-    if (left >= 0 && left + kReach <= rows.width()) {
-      for (int k = 0; k < kReach; ++k) {
-        values[left + k] = std::max(values[left + k], covered[static_cast<std::size_t>(k)]);
-      }
-      rows.touch(row, left, left + kReach);
-      continue;
-    }
-    const int first = std::max(left, 0), end = std::min(left + kReach, rows.width());
-    if (first >= end) continue;
-    for (int x = first; x < end; ++x) {
-      values[x] = std::max(values[x], covered[static_cast<std::size_t>(x - left)]);
-    }
-    rows.touch(row, first, end);
+  if (half_width <= ThinPen::kWidest) {
+    add_down<ThinPen>(rows, segment);
+  } else {
+    add_down<AnyPen>(rows, segment);
   }
 }
 
+template <class PenKind>
+void LongSegments::add_down(Coverage& mask, const Segment& segment) {
+  const auto& [from, to, direction, half_width] = segment;
+  const double reach = half_width + std::numbers::sqrt2 / 2;
+  const double slope = direction.x / direction.y;
+  const Course course = course_of(from.y - reach, to.y + reach,
+                                  {from.x - to_middle(half_width), from.y}, slope, mask);
+  if (course.first >= course.end) return;
+  touch(mask, course);
+  // In so many rows beside an end there are pixels on both sides of it.
+  const double mixed = reach * std::abs(direction.x);
+  const auto row_from = [&](double y) {
+    return std::clamp(pixel_from(y, mask.height()), course.first, course.end);
+  };
+  const int begun = row_from(from.y + mixed), ending = row_from(to.y - mixed);
+  const double length = (to.y - from.y) / direction.y;
+  const Ends<PenKind> ends(half_width, from, direction, length);
+  Steps steps(mask, course);
+  const auto draw = [&](const auto& strip) {
+    const auto cut = [ends, strip](std::int64_t at, int left, int row) {
+      return ends.cut(strip(at, left, row), left, row);
+    };
+    steps.go(begun, cut);
+    steps.go(ending, strip);
+    steps.go(course.end, cut);
+  };
+  if (length < kLong) {
+    const EndlessStrip<PenKind> strip(half_width, from, direction);
+    return draw([strip](std::int64_t, int left, int row) { return strip.lanes(left, row); });
+  }
+  const Lanes* const profile = profile_of(slope, half_width).data();
+  draw([profile](std::int64_t at, int, int) { return profile[Course::phase_of(at)]; });
+}
+
 void LongSegments::merge_into(Coverage& mask) {
-  m_columns.for_each_touched([&mask](int column, int first, const std::uint8_t* values, int count) {
-    for (int i = 0; i < count; ++i) {
-      if (values[i] == 0) continue;
-      std::uint8_t& value = mask.row(first + i)[column];
-      value = std::max(value, values[i]);
-      mask.touch(first + i, column, column + 1);
+  m_columns.for_each_touched([this, &mask](int left, int top, int bottom) {
+    const int right = std::min(left + Coverage::kBand, m_columns.height());
+    for (int x = left; x < right; x += kLanes) {
+      // From whole lanes on, so that no block lies in two bands of the mask.
+      for (int y = top & -kLanes; y < bottom; y += kLanes) merge_block(mask, x, y);
     }
   });
   m_columns.clear();
+}
+
+// Eight columns of eight pixels each.
+void LongSegments::merge_block(Coverage& mask, int x, int y) {
+  bool is_empty = true;
+  for (int i = 0; i < kLanes; ++i) is_empty = are_zero(m_columns.row(x + i) + y) && is_empty;
+  if (is_empty) return;
+  std::array<Lanes, kLanes> block;
+  for (int i = 0; i < kLanes; ++i) {
+    const std::uint8_t* const column = m_columns.row(x + i) + y;
+    for (std::size_t k = 0; k < kLanes; ++k) block[k][static_cast<std::size_t>(i)] = column[k];
+  }
+  const int rows = std::min(kLanes, mask.height() - y);
+  for (int k = 0; k < rows; ++k) raise(mask.row(y + k) + x, block[static_cast<std::size_t>(k)]);
+  mask.touch(y, x, std::min(x + kLanes, mask.width()));
 }
 
 }  // namespace kurv::raster

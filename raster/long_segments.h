@@ -1,13 +1,17 @@
-// The middles of long segments, by a table: where a segment goes on for hundreds of pixels, all
-// that differs from one column to the next is how far the line has come within its pixel.
+// Segments of a narrow pen, eight pixels at a time: from one row to the next where they are steep,
+// else from one column to the next in a mask of columns. The middles of long ones come from a
+// table: where a segment goes on for hundreds of pixels, all that differs from one row to the next
+// is how far the line has come within its pixel.
 #pragma once
 
 #include <array>
 #include <cstdint>
 #include <vector>
 
+#include "raster/course.h"
 #include "raster/coverage.h"
 #include "raster/geometry.h"
+#include "raster/lanes.h"
 #include "raster/strokes.h"
 
 namespace kurv::raster {
@@ -19,10 +23,9 @@ class LongSegments {
   // Whether the table is wide enough for the pen, at any angle.
   static bool is_narrow(double half_width) { return half_width <= 2; }
 
-  // Adds what lies between two points in pixels, without any ends, to the mask or to what this
-  // keeps: of pixel columns, or of rows where the segment is steep, those that have their middles
-  // between the points. The direction has the length one. All segments until the next merge have
-  // the same half width, in pixels.
+  // Adds the strip between two points in pixels and its round ends, to the mask or to what this
+  // keeps. The direction has the length one. All segments until the next merge have the same half
+  // width, in pixels.
   void add(Coverage& mask, double half_width, Vector from, Vector to, Vector direction);
   // Moves what this keeps to the mask, by maximum.
   void merge_into(Coverage& mask);
@@ -30,12 +33,20 @@ class LongSegments {
 
  private:
   static constexpr int kSlopes = 128;
-  static constexpr int kPhaseBits = 6;
-  static constexpr int kPhases = 1 << kPhaseBits;
-  static constexpr int kReach = 8;  // pixels that a step looks at
-  using Profile = std::array<std::array<std::uint8_t, kReach>, kPhases>;
+  static constexpr double kLong = 24;  // pixels from which on the table is worth while
+  using Profile = std::array<Lanes, Course::kPhases>;
 
+  // One that goes down the rows of its mask, from each to the next.
+  struct Segment {
+    Vector from;
+    Vector to;
+    Vector direction;
+    double half_width;
+  };
+  template <class PenKind>
+  void add_down(Coverage& mask, const Segment& segment);
   const Profile& profile_of(double slope, double half_width);
+  void merge_block(Coverage& mask, int x, int y);
 
   // A mask of columns: its rows are the columns of the picture, so that the pixels that a step
   // looks at lie side by side.

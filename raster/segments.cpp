@@ -1,8 +1,11 @@
+#include <algorithm>
 #include <cmath>
 #include <numbers>
 
 #include "raster/geometry.h"
+#include "raster/lanes.h"
 #include "raster/long_segments.h"
+#include "raster/round_ends.h"
 #include "raster/strip.h"
 #include "raster/stroke_parts.h"
 #include "raster/strokes.h"
@@ -17,23 +20,25 @@ struct Segment {
   Vector direction;
 };
 
+double length_of(const Segment& segment) {
+  return (segment.to.x - segment.from.x) * segment.direction.x +
+         (segment.to.y - segment.from.y) * segment.direction.y;
+}
+
 // Adds the visible part of the segment. Everything within reach of it is at the same distance from
 // the whole one: the part ends no nearer to the mask than the pen reaches.
 class CapsuleFiller {
  public:
-  // A segment that goes on has no round end, because something else is added there.
-  CapsuleFiller(Coverage& mask, const Segment& segment, double half_width, bool goes_on = false)
+  CapsuleFiller(Coverage& mask, const Segment& segment, double half_width)
       : m_mask(mask),
         m_segment(segment),
         m_strip(half_width, segment.direction),
-        m_half_width(static_cast<float>(half_width)),
-        m_quarter{static_cast<float>(segment.direction.x / 4),
-                  static_cast<float>(segment.direction.y / 4)},
+        m_round(half_width, segment.direction),
         m_reach(half_width + std::numbers::sqrt2 / 2),
-        m_end_reach(static_cast<float>(m_reach)),
-        m_goes_on(goes_on),
-        m_length((segment.to.x - segment.from.x) * segment.direction.x +
-                 (segment.to.y - segment.from.y) * segment.direction.y),
+        m_step{static_cast<float>(-segment.direction.y), static_cast<float>(-segment.direction.x),
+               static_cast<float>(segment.direction.x)},
+        m_length(length_of(segment)),
+        m_body(m_length > 0 ? 0.0F : -1.0F),
         m_left(std::min(segment.from.x, segment.to.x) - m_reach),
         m_right(std::max(segment.from.x, segment.to.x) + m_reach) {
     // A level line is in reach from end to end of the few rows that it touches at all.
@@ -77,17 +82,12 @@ class CapsuleFiller {
     const double along = right * m_segment.direction.x + down * m_segment.direction.y;
     const auto before = static_cast<float>(-along);
     const auto beyond = static_cast<float>(along - m_length);
-    const auto step_across = static_cast<float>(-m_segment.direction.y);
-    const auto step_along = static_cast<float>(m_segment.direction.x);
+    const Place start{across, before, beyond};
 
-    std::uint8_t* values = m_mask.row(y) + first;
-    for (int i = 0; i < end - first; ++i) {
-      const auto step = static_cast<float>(i);
-      const Place place{across + step * step_across, before - step * step_along,
-                        beyond + step * step_along};
-      values[i] = std::max(values[i], to_byte(coverage(place)));
-    }
-    m_mask.touch(y, first, end);
+    std::uint8_t* const values = m_mask.row(y) + first;
+    for (int i = 0; i < end - first; i += kLanes) raise(values + i, lanes(start, i));
+    // Whole lanes are raised, by as little as rounding leaves of what is out of reach.
+    m_mask.touch(y, first, std::min(end + kLanes - 1, m_mask.width()));
   }
 
   // Where the middle of a pixel is, seen from the segment: how far off the line, before its start
@@ -97,44 +97,47 @@ class CapsuleFiller {
     float before;
     float beyond;
   };
+  Place moved(Place place, int right) const {
+    const auto step = static_cast<float>(right);
+    return {place.across + step * m_step.across, place.before + step * m_step.before,
+            place.beyond + step * m_step.beyond};
+  }
+
+  // The coverages of the pixels that begin `right` of a place.
+  Lanes lanes(Place place, int right) const {
+    const Place first = moved(place, right), last = moved(place, right + kLanes - 1);
+    const float past = std::max({first.before, first.beyond, last.before, last.beyond});
+    std::array<float, kLanes> covered;
+    if (past <= m_body) {
+      for (int k = 0; k < kLanes; ++k) {
+        const Place at = moved(place, right + k);
+        covered[static_cast<std::size_t>(k)] = m_strip.coverage(std::abs(at.across));
+      }
+    } else {
+      for (int k = 0; k < kLanes; ++k) {
+        covered[static_cast<std::size_t>(k)] = end_coverage(moved(place, right + k));
+      }
+    }
+    return bytes_of(covered);
+  }
 
   // Beyond its ends the strip goes on as far as the pen is round. Not before them, where the round
   // ends begin to show already: at the joint with a segment that goes straight on they must not.
-  float coverage(Place place) const {
+  float end_coverage(Place place) const {
     const float strip = m_strip.coverage(std::abs(place.across));
     const float past = std::max(place.before, place.beyond);
-    if (past <= 0 && m_length > 0) return strip;
-    if (strip <= 0 || past >= m_end_reach || (m_goes_on && place.beyond > 0)) return 0;
-    const float sum = quarter(place, m_quarter.x + m_quarter.y, m_quarter.x - m_quarter.y) +
-                      quarter(place, m_quarter.x - m_quarter.y, -m_quarter.x - m_quarter.y) +
-                      quarter(place, -m_quarter.x + m_quarter.y, m_quarter.x + m_quarter.y) +
-                      quarter(place, -m_quarter.x - m_quarter.y, -m_quarter.x + m_quarter.y);
-    return std::min(strip, sum / 4);
+    const float round = std::min(strip, m_round.coverage(place.before, place.beyond, place.across));
+    return past <= m_body ? strip : round;
   }
-
-  // A quarter of the pixel, by the distance of its middle, which is that much further along the
-  // segment and across it.
-  float quarter(Place place, float along, float across) const {
-    const float past = std::max({place.before - along, place.beyond + along, 0.0F});
-    const float aside = place.across + across;
-    const float distance = std::sqrt(past * past + aside * aside);
-    return std::clamp((m_half_width - distance) * 2 + 0.5F, 0.0F, 1.0F);
-  }
-
-  struct Quarter {
-    float x;
-    float y;
-  };
 
   Coverage& m_mask;
   const Segment& m_segment;
   Strip m_strip;
-  float m_half_width;
-  Quarter m_quarter;  // of a pixel, along the segment
+  RoundEnds m_round;
   double m_reach;
-  float m_end_reach;
-  bool m_goes_on;
+  Place m_step;  // to the next pixel of a row
   double m_length;
+  float m_body;  // what is no further past the ends is all strip
   double m_left;
   double m_right;
   double m_slope = 0;      // columns per row
@@ -154,10 +157,6 @@ std::optional<Segment> visible_segment(const Coverage& mask, const Pen& pen, Poi
                  part->direction};
 }
 
-Vector moved(Vector point, Vector direction, double length) {
-  return {point.x + direction.x * length, point.y + direction.y * length};
-}
-
 }  // namespace
 
 void add_segment(Coverage& mask, const Pen& pen, Point from, Point to) {
@@ -165,26 +164,14 @@ void add_segment(Coverage& mask, const Pen& pen, Point from, Point to) {
   if (segment) CapsuleFiller(mask, *segment, pen.half_width).fill();
 }
 
-// The ends are short segments of their own, and the middle covers what is round of them inside.
-void add_segment(Coverage& mask, LongSegments& middles, const Pen& pen, Point from, Point to) {
+void add_segment(Coverage& mask, LongSegments& others, const Pen& pen, Point from, Point to) {
   const std::optional<Segment> segment = visible_segment(mask, pen, from, to);
   if (!segment) return;
-  constexpr double kLong = 24;
-  const double length =
-      std::hypot(segment->to.x - segment->from.x, segment->to.y - segment->from.y);
-  if (!LongSegments::is_narrow(pen.half_width) || length < kLong) {
-    return CapsuleFiller(mask, *segment, pen.half_width).fill();
+  if (LongSegments::is_narrow(pen.half_width)) {
+    others.add(mask, pen.half_width, segment->from, segment->to, segment->direction);
+  } else {
+    CapsuleFiller(mask, *segment, pen.half_width).fill();
   }
-  const Vector direction = segment->direction;
-  const double end = 2 * pen.half_width + 2;
-  const Vector begin_middle = moved(segment->from, direction, end);
-  const Vector end_middle = moved(segment->to, direction, -end);
-  const Vector back{-direction.x, -direction.y};
-  CapsuleFiller(mask, {segment->from, begin_middle, direction}, pen.half_width, true).fill();
-  CapsuleFiller(mask, {segment->to, end_middle, back}, pen.half_width, true).fill();
-  // It begins where the round part of each end does, or the gap between the two would show.
-  middles.add(mask, pen.half_width, moved(begin_middle, direction, -pen.half_width - 1),
-              moved(end_middle, direction, pen.half_width + 1), direction);
 }
 
 }  // namespace kurv::raster

@@ -24,9 +24,9 @@ struct Pen {
 // A segment of no length is a dot.
 void add_segment(Coverage& mask, const Pen& pen, Point from, Point to);
 
-// The same, faster where it is long: its middle may be kept in `middles` until that is merged.
+// The same, faster, above all where it is long: it may be kept in `others` until that is merged.
 class LongSegments;
-void add_segment(Coverage& mask, LongSegments& middles, const Pen& pen, Point from, Point to);
+void add_segment(Coverage& mask, LongSegments& others, const Pen& pen, Point from, Point to);
 
 // A circle's outline. A radius of zero makes a dot, a negative one nothing.
 void add_circle(Coverage& mask, const Pen& pen, Point centre, float radius);

@@ -1,7 +1,9 @@
 #include "raster/coverage.h"
 
+#include <algorithm>
 #include <cmath>
 
+#include "raster/blend.h"
 #include "tests/raster/guarded_canvas.h"
 
 namespace kurv::raster {
@@ -50,6 +52,56 @@ TEST(Coverage, IsEmptyAfterAFlush) {
   const std::uint32_t once = picture.at(0, 0);
   mask.flush(picture.canvas(), kNavyPixel);
   EXPECT_EQ(picture.at(0, 0), once);
+}
+
+TEST(Coverage, BlendsRowsOfEveryLengthPixelByPixel) {
+  for (int width = 1; width <= 40; ++width) {
+    GuardedCanvas picture(width, 3);
+    Coverage mask(width, 3);
+    for (int x = 0; x < width; ++x) {
+      set(mask, x, 0, x * 37 % 256);
+      set(mask, x, 1, 255);
+      if (x % 11 == 0) set(mask, x, 2, 90);
+    }
+    mask.flush(picture.canvas(), kMaroonPixel);
+    const auto expected = [](int value) {
+      return blend(kWhitePixel, kMaroonPixel, static_cast<std::uint32_t>(value));
+    };
+    for (int x = 0; x < width; ++x) {
+      ASSERT_EQ(picture.at(x, 0), expected(x * 37 % 256)) << width << ' ' << x;
+      ASSERT_EQ(picture.at(x, 1), kMaroonPixel);
+      ASSERT_EQ(picture.at(x, 2), expected(x % 11 == 0 ? 90 : 0));
+    }
+    EXPECT_EQ(total_of(mask), 0);
+  }
+}
+
+TEST(Coverage, WhatIsRaisedInTheMarginsNeverShows) {
+  for (const int width : {1, 7, 8, 24, 56, 57}) {
+    GuardedCanvas picture(width, 3);
+    Coverage mask(width, 3);
+    for (int y = 0; y < 3; ++y) {
+      std::fill_n(mask.row(y) - Coverage::kMargin, Coverage::kMargin, std::uint8_t{255});
+      std::fill_n(mask.row(y) + width, Coverage::kMargin, std::uint8_t{255});
+      mask.touch(y, 0, width);
+    }
+    mask.flush(picture.canvas(), kMaroonPixel);
+    EXPECT_TRUE(picture.is_white()) << width;
+  }
+}
+
+TEST(Coverage, EveryRowIsFlushedAndCleared) {
+  for (const int height : {1, 15, 16, 31, 32, 33, 64, 100}) {
+    GuardedCanvas picture(3, height);
+    Coverage mask(3, height);
+    for (int y = 0; y < height; ++y) {
+      set(mask, 1, y, 255);
+      mask.flush(picture.canvas(), kNavyPixel);
+      ASSERT_EQ(picture.at(1, y), kNavyPixel) << height;
+      ASSERT_EQ(total_of(mask), 0);
+    }
+    EXPECT_TRUE(picture.is_white_outside({1, 0, 2, height}));
+  }
 }
 
 TEST(Coverage, ClearedCoverageNeverShows) {

@@ -60,6 +60,71 @@ TEST(LongSegments, LookLikePlainOnesAtEveryAngleLengthAndWidth) {
   }
 }
 
+TEST(LongSegments, ShortOnesLookExactlyLikePlainOnes) {
+  for (const double half_width : {0.5, 0.6, 0.61, 0.75, 1.0, 1.5, 2.0, 2.1}) {
+    for (int step = 0; step < 144; ++step) {
+      const double angle = step * std::numbers::pi / 72 + 0.002 * (step % 3);
+      for (const double length : {0.0, 0.01, 0.6, 1.3, 2.0, 3.7, 6.0, 9.5, 14.0, 23.9}) {
+        Masks masks(70, 70);
+        const Point from{static_cast<float>(35 + step % 7 * 0.3), 35.4F};
+        masks.add({1, half_width}, from, away(from, length, angle));
+        // Rounded differently, where the one goes along the columns and the other along the rows.
+        ASSERT_LE(masks.difference().largest, 1) << half_width << ' ' << step << ' ' << length;
+      }
+    }
+  }
+}
+
+TEST(LongSegments, LookLikePlainOnesInPicturesOfAnySize) {
+  for (int width = 1; width <= 40; width += width < 10 ? 1 : 7) {
+    for (int height = 1; height <= 40; height += height < 10 ? 1 : 7) {
+      for (const double half_width : {0.5, 1.0, 2.0}) {
+        Masks masks(width, height);
+        for (int i = 0; i < 12; ++i) {
+          const Point at{static_cast<float>(i * 7 % 43 - 2), static_cast<float>(i * 29 % 43 - 2)};
+          masks.add({1, half_width}, at, away(at, i % 3 * 20 + 4, i));
+        }
+        ASSERT_LE(masks.difference().largest, 4) << width << ' ' << height << ' ' << half_width;
+      }
+    }
+  }
+}
+
+// Both at once, and so that the line is seen in the outermost columns alone.
+TEST(LongSegments, AlongTheEdgesLookLikePlainOnes) {
+  for (const double half_width : {0.5, 1.0, 2.0}) {
+    for (int step = -24; step <= 24; ++step) {
+      Masks masks(40, 33);
+      const auto by = static_cast<float>(step * 0.17);
+      masks.add({1, half_width}, {by, -9}, {-by, 50});
+      masks.add({1, half_width}, {40 + by, -9}, {40 - by, 50});
+      masks.add({1, half_width}, {-9, by}, {60, -by});
+      masks.add({1, half_width}, {-9, 33 + by}, {60, 33 - by});
+      ASSERT_LE(masks.difference().largest, 4) << half_width << ' ' << step;
+    }
+  }
+}
+
+TEST(LongSegments, CutIntoPiecesLookLikeOne) {
+  for (const double half_width : {0.5, 1.0, 2.0}) {
+    for (int step = 0; step < 72; ++step) {
+      const double angle = step * std::numbers::pi / 36 + 0.003;
+      const Point from = away({60, 60}, -50, angle);
+      Masks whole(120, 120), pieces(120, 120);
+      whole.add({1, half_width}, from, away(from, 100, angle));
+      float last = 0;
+      for (const float next : {30.0F, 39.0F, 43.0F, 44.5F, 45.0F, 70.0F, 100.0F}) {
+        pieces.add({1, half_width}, away(from, last, angle), away(from, next, angle));
+        last = next;
+      }
+      whole.middles().merge_into(whole.fast());
+      pieces.middles().merge_into(pieces.fast());
+      const std::vector<int> one = values_of(whole.fast()), many = values_of(pieces.fast());
+      for (std::size_t i = 0; i < one.size(); ++i) ASSERT_NEAR(one[i], many[i], 4) << step;
+    }
+  }
+}
+
 TEST(LongSegments, AreCutAtEveryEdge) {
   for (const double half_width : {0.5, 2.0}) {
     for (int step = 0; step < 90; ++step) {

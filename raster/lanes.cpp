@@ -1,0 +1,19 @@
+#include "raster/lanes.h"
+
+namespace kurv::raster {
+
+// By way of wider numbers, each in a loop of its own, and apart from its callers: compilers take
+// eight together only where they see all of them change to the next size at once.
+Lanes bytes_of(const std::array<float, kLanes>& covered) {
+  std::array<std::int32_t, kLanes> whole;
+  std::array<std::uint16_t, kLanes> shorter;
+  Lanes bytes;
+  for (std::size_t k = 0; k < kLanes; ++k) {
+    whole[k] = static_cast<std::int32_t>(covered[k] * 255 + 0.5F);
+  }
+  for (std::size_t k = 0; k < kLanes; ++k) shorter[k] = static_cast<std::uint16_t>(whole[k]);
+  for (std::size_t k = 0; k < kLanes; ++k) bytes[k] = static_cast<std::uint8_t>(shorter[k]);
+  return bytes;
+}
+
+}  // namespace kurv::raster
