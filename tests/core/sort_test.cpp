@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <bit>
 #include <limits>
 #include <random>
 #include <utility>
@@ -104,6 +106,14 @@ TEST(SortXy, EqualsSelectionSortOnRandomDataWithTiesNanAndInfinities) {
       if (HasFatalFailure()) return;
     }
   }
+}
+
+TEST(SortXy, EqualsSelectionSortOnNumbersOfEveryMagnitude) {
+  std::mt19937_64 generator(11);
+  std::vector<Double> x{5e-324, -5e-324, 0, -0.0, 1e308, -1e308, kNaN, -kNaN, kInf, -kInf};
+  while (x.size() < 1500) x.push_back(std::bit_cast<Double>(generator()));
+  std::shuffle(x.begin(), x.end(), generator);
+  expect_same_order(x);
 }
 
 TEST(SortXy, ZerosOfBothSignsAreEqual) {
