@@ -2,8 +2,13 @@
 
 #include <KurvGraph/services.h>
 
+#include <algorithm>
 #include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <numeric>
 #include <utility>
+#include <vector>
 
 #include <KurvGraph/fault.h>
 
@@ -32,6 +37,24 @@ class BuiltInSwapService final : public SwapService {
     if (pairs.empty()) return;
     Double* const first = &values(values.lower()) - values.lower();
     for (const auto& [place, taken] : pairs) std::swap(first[place], first[taken]);
+  }
+  // Where most points move, each column is written once from front to back, from a copy that is at
+  // hand: exchanging goes to and fro in it.
+  void exchange_points(Matrix<Double>& values, int columns,
+                       std::span<const Exchange> pairs) const override {
+    const std::size_t points = detail::extent(values.lower_point(), values.upper_point());
+    if (pairs.size() < points / 4) return SwapService::exchange_points(values, columns, pairs);
+    std::vector<std::uint32_t> sources(points);
+    std::iota(sources.begin(), sources.end(), 0U);
+    std::uint32_t* const first = sources.data() - values.lower_point();
+    for (const auto& [place, taken] : pairs) std::swap(first[place], first[taken]);
+    std::vector<Double> copy(points);
+    for (int c = 1; c <= columns; ++c) {
+      Double* const column = &values.column(c)(values.lower_point());
+      std::copy_n(column, points, copy.begin());
+      std::transform(sources.begin(), sources.end(), column,
+                     [&](std::uint32_t source) { return copy[source]; });
+    }
   }
 };
 

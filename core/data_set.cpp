@@ -35,10 +35,7 @@ std::vector<Exchange> sort_points(GraphDocument& document, const SwapService& sw
   std::vector<Exchange> exchanges =
       selection_sort_exchanges(std::as_const(document.xyArr).column(1), document.NumData);
   if (exchanges.empty()) return exchanges;
-  for (int c = 1; c <= document.NumY + 1; ++c) {
-    const auto column = document.xyArr.column(c);
-    swap.exchange_all(column, exchanges);
-  }
+  swap.exchange_points(document.xyArr, document.NumY + 1, exchanges);
   return exchanges;
 }
 

@@ -9,6 +9,7 @@
 #include <system_error>
 
 #include "core/decimal.h"
+#include "core/plain_number.h"
 #include "core/words.h"
 
 namespace kurv {
@@ -124,19 +125,13 @@ bool is_digit(char c) {
   return c >= '0' && c <= '9';
 }
 
-// Nearly every number that comes in is read here, without making any copy of its text.
-std::optional<Double> plain_number(std::string_view text) {
-  const std::size_t first = text.starts_with('-') ? 1 : 0;
-  if (text.size() <= first || !(is_digit(text[first]) || text[first] == '.')) return std::nullopt;
-  Double value = 0;
-  const char* const end = text.data() + text.size();
-  const auto result = std::from_chars(text.data(), end, value);
-  if (result.ec != std::errc() || result.ptr != end) return std::nullopt;
-  return value;
+bool is_plain_number(std::string_view text, Double& value) {
+  return !text.empty() && read_plain_number(text, value) == text.size();
 }
 
 std::optional<Double> number_with_point(std::string_view text) {
-  if (const std::optional<Double> value = plain_number(text)) return value;
+  Double value = 0;
+  if (is_plain_number(text, value)) return value;
   const std::optional<Decimal> number = parse_decimal(text);
   if (!number) return std::nullopt;
   const Double magnitude = magnitude_of(*number);
@@ -196,10 +191,9 @@ String printed_number(Single value, char decimal_separator) {
 }
 
 std::optional<Double> text_to_number(std::string_view text, char decimal_separator) {
-  // A file of numbers is read at the speed of this line.
-  if (decimal_separator == '.') {
-    if (const std::optional<Double> value = plain_number(text)) return value;
-  }
+  // Nearly every number that comes in is read here, without making any copy of its text.
+  Double value = 0;
+  if (decimal_separator == '.' && is_plain_number(text, value)) return value;
   text = without_outer_blanks(text);
   if (is_word(text, "nan")) return std::numeric_limits<Double>::quiet_NaN();
   if (is_word(text, "inf")) return kInfinity;

@@ -1,7 +1,11 @@
 #include "core/selection_order.h"
 
 #include <algorithm>
+#include <array>
+#include <bit>
 #include <cmath>
+#include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <numeric>
 
@@ -19,6 +23,39 @@ std::vector<int> comparable_places(const Column<const Double>& values, int count
   return places;
 }
 
+struct Keyed {
+  std::uint64_t key;
+  int place;
+};
+
+// Keys compare as the values do. Zero is the same with either sign.
+std::uint64_t key_of(Double value) {
+  constexpr std::uint64_t kSign = std::uint64_t{1} << 63;
+  const auto bits = std::bit_cast<std::uint64_t>(value + 0.0);
+  return (bits & kSign) != 0 ? ~bits : bits | kSign;
+}
+
+// Sorts by key and keeps the order of equal ones: byte by byte from the lowest on, because the
+// branches of comparisons would be guessed wrong half of the time.
+void sort_stably(std::vector<Keyed>& entries) {
+  constexpr std::size_t kBytes = sizeof(std::uint64_t), kValues = 256;
+  const auto byte_of = [](const Keyed& entry, std::size_t byte) {
+    return static_cast<std::size_t>(entry.key >> (8 * byte)) % kValues;
+  };
+  std::array<std::array<std::uint32_t, kValues>, kBytes> counts{};
+  for (const Keyed& entry : entries) {
+    for (std::size_t byte = 0; byte < kBytes; ++byte) ++counts[byte][byte_of(entry, byte)];
+  }
+  std::vector<Keyed> moved(entries.size());
+  for (std::size_t byte = 0; byte < kBytes; ++byte) {
+    std::array<std::uint32_t, kValues>& next = counts[byte];
+    if (next[byte_of(entries.front(), byte)] == entries.size()) continue;  // the same in all
+    std::exclusive_scan(next.begin(), next.end(), next.begin(), std::uint32_t{0});
+    for (const Keyed& entry : entries) moved[next[byte_of(entry, byte)]++] = entry;
+    entries.swap(moved);
+  }
+}
+
 // The places of each value, as one min-heap per distinct value, heaps in ascending order of value.
 //
 // At any time a heap holds the places where its value stands now. Taking the first smallest value
@@ -28,15 +65,16 @@ std::vector<int> comparable_places(const Column<const Double>& values, int count
 class PlacesByValue {
  public:
   PlacesByValue(const Column<const Double>& values, const std::vector<int>& places)
-      : m_places(places), m_heap_of(static_cast<std::size_t>(values.upper()) + 1) {
-    std::stable_sort(m_places.begin(), m_places.end(),
-                     [&](int a, int b) { return values(a) < values(b); });
-    for (std::size_t k = 0; k < m_places.size(); ++k) {
-      const int place = m_places[k];
-      if (k == 0 || values(m_places[k - 1]) < values(place)) {
-        m_heaps.push_back({m_places.begin() + static_cast<std::ptrdiff_t>(k),
-                           m_places.begin() + static_cast<std::ptrdiff_t>(k)});
-      }
+      : m_heap_of(static_cast<std::size_t>(values.upper()) + 1) {
+    std::vector<Keyed> entries;
+    entries.reserve(places.size());
+    for (const int place : places) entries.push_back({key_of(values(place)), place});
+    sort_stably(entries);
+    m_places.reserve(entries.size());
+    m_heaps.reserve(entries.size());
+    for (const auto& [key, place] : entries) {
+      const auto at = m_places.insert(m_places.end(), place);
+      if (m_heaps.empty() || key != entries[m_places.size() - 2].key) m_heaps.push_back({at, at});
       ++m_heaps.back().end;  // ascending places are a min-heap as they stand
       m_heap_of[static_cast<std::size_t>(place)] = m_heaps.size() - 1;
     }
@@ -80,6 +118,7 @@ std::vector<Exchange> selection_sort_exchanges(const Column<const Double>& value
   if (std::is_sorted(places.begin(), places.end(), less)) return {};
 
   std::vector<Exchange> exchanges;
+  exchanges.reserve(places.size());
   PlacesByValue remaining(values, places);
   for (const int place : places) {
     const int taken = remaining.take_smallest();

@@ -20,6 +20,12 @@ namespace {
 // What an undefined variable reads as: it fails each evaluation that reads it.
 constexpr Double kMissing = std::numeric_limits<Double>::quiet_NaN();
 
+// Most names are a letter, and for those a call to compare memory costs more than all the rest.
+bool is_same(std::string_view left, std::string_view right) {
+  if (left.size() != 1) return left == right;
+  return right.size() == 1 && left[0] == right[0];
+}
+
 // Lets a table of Strings be searched for a view without making a String of it.
 struct NameHash {
   using is_transparent = void;
@@ -54,7 +60,7 @@ class Variables {
 
 bool Variables::set_expected(std::string_view name, Double value) {
   Entry* const expected = m_last ? m_last->second.follower : nullptr;
-  if (!expected || expected->first != name) return false;
+  if (!expected || !is_same(expected->first, name)) return false;
   expected->second.value = value;
   m_last = expected;
   return true;

@@ -10,6 +10,7 @@
 #include <KurvGraph/fault.h>
 #include <KurvGraph/number_text.h>
 
+#include "core/plain_number.h"
 #include "core/vector_registers.h"
 #include "io/text_encoding.h"
 #include "io/text_file.h"
@@ -145,33 +146,43 @@ void read_switches(Lines& lines, GraphFile& graph) {
   graph.DrawMarkers = lines.boolean();
 }
 
-// Appends the first `count` pieces of a line to the values, as numbers. An empty line has no
-// pieces.
-void read_column(std::string_view line, int count, char decimal_separator,
-                 std::vector<Double>& values) {
+// The number in the piece at the front of a line, which loses it, with the separator behind it.
+Double take_number(std::string_view& line, bool& is_at_end, char decimal_separator) {
+  Double value = 0;
+  std::size_t end = decimal_separator == '.' ? read_plain_number(line, value) : 0;
+  if (end == 0 || (end != line.size() && line[end] != kSeparator)) {
+    end = std::min(line.find(kSeparator), line.size());
+    value = number_of(line.substr(0, end), decimal_separator);
+  }
+  is_at_end = end == line.size();
+  line.remove_prefix(is_at_end ? end : end + 1);
+  return value;
+}
+
+// The first `count` pieces of a line as a column of points from 0 on. An empty line has no pieces.
+std::vector<Double> read_column(std::string_view line, int count, char decimal_separator) {
+  std::vector<Double> values;
+  values.reserve(std::min(static_cast<std::size_t>(count), line.size()) + 1);
+  values.push_back(0);
   bool is_at_end = line.empty();
   for (int i = 1; i <= count; ++i) {
     if (is_at_end) throw Fault(FaultKind::kSubscriptOutOfRange);
-    const std::size_t end = line.find(kSeparator);
-    values.push_back(number_of(line.substr(0, end), decimal_separator));
-    is_at_end = end == line.npos;
-    if (!is_at_end) line.remove_prefix(end + 1);
+    values.push_back(take_number(line, is_at_end, decimal_separator));
   }
+  return values;
 }
 
 // The matrix is made when all its values have been seen: only then is the claim about its size
 // known to be true.
 Matrix<Double> read_columns(Lines& lines, int columns, int count) {
-  std::vector<Double> values;
+  std::vector<std::vector<Double>> values;
   for (int c = 1; c <= columns; ++c) {
-    read_column(lines.bytes(), count, lines.decimal_separator(), values);
+    const std::string_view line = lines.bytes();
+    if (count > 0) values.push_back(read_column(line, count, lines.decimal_separator()));
   }
   Matrix<Double> matrix(0, columns, 0, count);
-  const Double* value = values.data();
-  for (int c = 1; c <= columns && count > 0; ++c) {
-    const auto column = matrix.column(c);
-    for (int i = 1; i <= count; ++i) column(i) = *value++;
-  }
+  int c = 0;
+  for (std::vector<Double>& column : values) matrix.set_column(++c, std::move(column));
   return matrix;
 }
 

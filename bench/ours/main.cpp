@@ -3,11 +3,14 @@
 //   bench_ours redraw KIND CURVES POINTS WIDTH    lines
 //   bench_ours markers KIND CURVES POINTS 1
 //   bench_ours growth                             prints curves, points, milliseconds
-//   bench_ours sort KIND, load FILE, save FILE, evaluate, run_program, write FILE KIND CURVES
-//   POINTS bench_ours METHOD shape NAME WIDTH FILE
+//   bench_ours sort KIND, load FILE, save FILE CURVES POINTS, evaluate, run_program
+//   bench_ours write FILE KIND CURVES POINTS
+//   bench_ours METHOD shape NAME WIDTH FILE
+//   bench_ours qt ...                             the same in a program that has Qt in any case
 #include <QGuiApplication>
 #include <algorithm>
 #include <filesystem>
+#include <optional>
 #include <stdexcept>
 #include <utility>
 
@@ -17,6 +20,7 @@
 #include "bench/common/subject.h"
 #include "bench/ours/control_fixture.h"
 #include "core/data_set.h"
+#include "core/vector_registers.h"
 #include "expr/evaluator.h"
 #include "expr/parser.h"
 
@@ -51,14 +55,28 @@ void growth() {
   }
 }
 
+// Into the memory that is there, as the peer does: new memory costs what the system asks for it.
+void write_over(kurv::Matrix<kurv::Double>& matrix, const bench::Table& data) {
+  const auto put = [&](int index, const std::vector<double>& values) {
+    const auto column = matrix.column(index);
+    std::copy(values.begin(), values.end(), &column(1));
+  };
+  put(1, data.x);
+  for (int k = 1; k < bench::kSortedColumns; ++k) {
+    put(k + 1, data.y[static_cast<std::size_t>(k - 1)]);
+  }
+}
+
 void sort(const Words& words) {
+  const bench::Table data =
+      bench::table(words.at(1), bench::kSortedColumns - 1, bench::kSortedPoints);
+  const bool stays_as_it_is = std::is_sorted(data.x.begin(), data.x.end());
   kurv::GraphDocument document;
   document.NumData = bench::kSortedPoints;
   document.NumY = bench::kSortedColumns - 1;
-  const kurv::Matrix<kurv::Double> data =
-      bench::matrix_of(bench::table(words.at(1), bench::kSortedColumns - 1, bench::kSortedPoints));
+  document.xyArr = bench::matrix_of(data);
   bench::serve([&] {
-    document.xyArr = data;
+    if (!stays_as_it_is) write_over(document.xyArr, data);
     kurv::Sort_xy(document, *kurv::library_services().swap);
   });
   const auto column = std::as_const(document.xyArr).column(2);
@@ -118,6 +136,7 @@ void run_program() {
   }
   double sum = 0;
   bench::serve([&] {
+    kurv::clear_upper_registers();  // as the evaluator does
     for (int i = 0; i < bench::kEvaluations; ++i) {
       x = bench::argument(i);
       sum += program.run(operands.data());
@@ -150,7 +169,9 @@ void draw_shape(const Words& words) {
                          shape.width, shape.height));
 }
 
-void run(const Words& words) {
+void run(const Words& all_words) {
+  const bool says_qt = all_words.at(0) == "qt";
+  const Words words(all_words.begin() + (says_qt ? 1 : 0), all_words.end());
   const std::string& what = words.at(0);
   if (words.size() > 1 && words[1] == "shape") return draw_shape(words);
   if (what == "redraw" || what == "markers") return redraw(words);
@@ -164,10 +185,16 @@ void run(const Words& words) {
   throw std::invalid_argument("no such work");
 }
 
+// What needs no picture is measured in a program that does not start Qt, as its peers are.
+bool needs_no_picture(const std::string& what) {
+  return what == "sort" || what == "evaluate" || what == "run_program";
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
-  const QGuiApplication application(argc, argv);
+  std::optional<QGuiApplication> application;
+  if (argc < 2 || !needs_no_picture(argv[1])) application.emplace(argc, argv);
   return bench::subject_main(argc, argv, run);
 }

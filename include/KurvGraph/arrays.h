@@ -117,6 +117,13 @@ class Matrix {
     for (int i = std::max(1, lower_point()); i <= upper_point(); ++i) own(i) = values(i);
   }
 
+  // Makes these values, one for each point, the column, without copying them.
+  void set_column(int index, std::vector<T> values) {
+    if (values.size() != m_length) throw Fault(FaultKind::kSubscriptOutOfRange);
+    m_columns[detail::offset(index, m_lower_column, upper_column())] =
+        std::make_shared<Values>(std::move(values));
+  }
+
   friend bool operator==(const Matrix& left, const Matrix& right) {
     if (left.m_lower_column != right.m_lower_column || left.m_length != right.m_length ||
         left.m_lower_point != right.m_lower_point ||

@@ -38,6 +38,12 @@ class SwapService : public Service {
   virtual void exchange_all(const Column<Double>& values, std::span<const Exchange> pairs) const {
     for (const auto& [place, taken] : pairs) exchange(values(place), values(taken));
   }
+  // The same for columns 1 to `columns` of a matrix: an exchange_all() for each, one after the
+  // other.
+  virtual void exchange_points(Matrix<Double>& values, int columns,
+                               std::span<const Exchange> pairs) const {
+    for (int c = 1; c <= columns; ++c) exchange_all(values.column(c), pairs);
+  }
 };
 
 class TextFieldTool : public Service {

@@ -24,9 +24,9 @@ struct Source {
 };
 
 // core/ has two floors: the model below the painting, the control above it.
-const std::set<std::string> kModel = {"built_in_services", "decimal",     "fault",
-                                      "graph_document",    "number_text", "values",
-                                      "vector_registers",  "words"};
+const std::set<std::string> kModel = {"built_in_services", "decimal",          "fault",
+                                      "graph_document",    "number_text",      "values",
+                                      "plain_number",      "vector_registers", "words"};
 // And what draws or asks stands above the painting, although it is about expressions.
 const std::set<std::string> kExpressionCommands = {"derived_curve_wizard", "derived_curves",
                                                    "function_curve_commands", "function_curves"};

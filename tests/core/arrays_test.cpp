@@ -219,6 +219,24 @@ TEST(Matrix, EqualityIsThatOfTheValuesHoweverTheyAreKept) {
   EXPECT_NE(matrix, Matrix<double>(1, 2, 1, 4));
 }
 
+TEST(Matrix, TakesAColumnOverFromAVector) {
+  Matrix<double> matrix(0, 2, 0, 3);
+  std::vector<double> values{0, 1, 2, 3};
+  const double* const where = values.data();
+  matrix.set_column(2, std::move(values));
+  EXPECT_EQ(&std::as_const(matrix).column(2)(0), where);
+  EXPECT_EQ(matrix(2, 3), 3);
+  EXPECT_EQ(matrix(1, 3), 0);
+}
+
+TEST(Matrix, RefusesAColumnOfAnotherLengthOrPlace) {
+  Matrix<double> matrix(0, 2, 0, 3);
+  const Matrix<double> before = matrix;
+  EXPECT_THROW(matrix.set_column(2, {1, 2, 3}), Fault);
+  EXPECT_THROW(matrix.set_column(3, {0, 1, 2, 3}), Fault);
+  EXPECT_EQ(matrix, before);
+}
+
 TEST(Matrix, MovedOneTakesItsColumnsAlong) {
   Matrix<double> matrix(1, 1, 1, 3);
   matrix(1, 3) = 3;

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <bit>
 #include <limits>
 #include <random>
 #include <utility>
@@ -106,6 +108,14 @@ TEST(SortXy, EqualsSelectionSortOnRandomDataWithTiesNanAndInfinities) {
   }
 }
 
+TEST(SortXy, EqualsSelectionSortOnNumbersOfEveryMagnitude) {
+  std::mt19937_64 generator(11);
+  std::vector<Double> x{5e-324, -5e-324, 0, -0.0, 1e308, -1e308, kNaN, -kNaN, kInf, -kInf};
+  while (x.size() < 1500) x.push_back(std::bit_cast<Double>(generator()));
+  std::shuffle(x.begin(), x.end(), generator);
+  expect_same_order(x);
+}
+
 TEST(SortXy, ZerosOfBothSignsAreEqual) {
   expect_same_order({0.0, -0.0, 1, -0.0, 0.0, -1});
 }
@@ -115,6 +125,30 @@ TEST(SortXy, EveryExchangeOfEveryColumnGoesThroughTheService) {
   const CountingSwap swap;
   Sort_xy(document, swap);
   EXPECT_EQ(swap.calls, 2 * 3) << "two exchanges of three columns";
+}
+
+// The built-in service may go about many exchanges and few of them in different ways.
+TEST(SortXy, PointsAreExchangedAsOneByOneWhereFewOrManyMove) {
+  for (const int moved : {0, 1, 2, 24, 25, 26, 60, 100}) {
+    Matrix<Double> expected(0, 3, 0, 100);
+    for (int c = 1; c <= 3; ++c) {
+      for (int i = 0; i <= 100; ++i) expected(c, i) = 1000 * c + i;
+    }
+    expected(3, 7) = kNaN;
+    Matrix<Double> actual = expected;
+    const Matrix<Double> before = expected;
+    std::mt19937 generator(static_cast<unsigned>(moved));
+    std::vector<Exchange> pairs;
+    for (int i = 1; i <= moved; ++i) pairs.push_back({i, 1 + static_cast<int>(generator() % 100)});
+
+    CountingSwap().exchange_points(expected, 2, pairs);
+    library_services().swap->exchange_points(actual, 2, pairs);
+    for (int c = 1; c <= 2; ++c) {
+      for (int i = 0; i <= 100; ++i) ASSERT_EQ(actual(c, i), expected(c, i)) << moved;
+    }
+    EXPECT_EQ(actual(3, 1), before(3, 1)) << "what lies beyond stays";
+    EXPECT_EQ(before(1, 1), 1001) << "and so does a copy";
+  }
 }
 
 TEST(SortXy, SortedDataNeedNoExchange) {
