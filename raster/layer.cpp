@@ -85,7 +85,7 @@ bool Layer::is_opaque(const Row& row) {
 
 void Layer::flush(const Canvas& canvas) {
   for (std::size_t tile = 0; tile < m_strips.size(); ++tile) {
-    Strip& strip = m_strips[tile];
+    const Strip& strip = m_strips[tile];
     const int left = static_cast<int>(tile) * Tile::kColumns;
     const int columns = std::min(Tile::kColumns, m_width - left);
     for (int y = strip.first; y < strip.end; ++y) {
@@ -100,6 +100,12 @@ void Layer::flush(const Canvas& canvas) {
       blend(row, copy.data());
       std::copy_n(copy.begin(), columns, pixels);
     }
+  }
+  clear();
+}
+
+void Layer::clear() {
+  for (Strip& strip : m_strips) {
     strip.first = strip.end = 0;
     std::ranges::fill(strip.hides, 0);
   }

@@ -24,6 +24,7 @@ class Layer {
   void put(int tile, int y, const RowCoverage& coverage, std::uint32_t colour);
   // Puts all that is there onto the canvas, of the size this was made for, and forgets it.
   void flush(const Canvas& canvas);
+  void clear();
 
  private:
   // Two pixels: three channels each, of 256 a step, and how much of what lies below still shows,

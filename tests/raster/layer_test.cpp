@@ -111,6 +111,16 @@ TEST(Layer, HidesWhereEveryPixelOfEveryRowIsOpaque) {
   EXPECT_TRUE(layer.hides(1, 40, 151)) << "by two together";
 }
 
+TEST(Layer, ClearedOnesNeitherHideNorShow) {
+  Layer layer(32, 20);
+  layer.put(0, 7, covered(255, 255), kColours[0]);
+  layer.clear();
+  EXPECT_FALSE(layer.hides(0, 7, 8));
+  GuardedCanvas picture(32, 20);
+  layer.flush(picture.canvas());
+  EXPECT_TRUE(picture.is_white());
+}
+
 TEST(Layer, RowsThatAreNoneAreNeverSeen) {
   const Layer layer(32, 200);
   EXPECT_TRUE(layer.hides(0, 5, 5));
