@@ -83,7 +83,8 @@ def measure(workload, deadline):
         end = time.monotonic() + workload.seconds
         for turn in range(MOST_ROUNDS):
             now = time.monotonic()
-            if now > deadline or (turn >= LEAST_ROUNDS and now > end):
+            # One round at least, or there would be nothing to compare.
+            if turn > 0 and (now > deadline or (turn >= LEAST_ROUNDS and now > end)):
                 break
             # In both directions, so that nobody always follows the same neighbour.
             for subject in subjects if turn % 2 == 0 else reversed(subjects):

@@ -65,6 +65,13 @@ def lines(key, title, kind, curves, points, goals, seconds):
     ] + (cairo if kind == "waves" or int(curves) == 1 else []), goals, seconds)
 
 
+def moving(key, title, method, kind, curves, points):
+    words = [kind, str(curves), str(points), "1", "moving"]
+    return Workload(key, title, [
+        ours("redraw", *words), peer("QCustomPlot, " + method, "qcustomplot", method, *words)],
+        [], 3)
+
+
 def workloads(folder, example):
     graph, saved = folder + "/largest.gdf", folder + "/saved.gdf"
     largest = ["noise", *LARGE]
@@ -86,6 +93,7 @@ def workloads(folder, example):
         lines("C", "1 x 32,767", "noise", 1, 32767,
               [faster("QPainter, polyline", 8), faster("QCustomPlot, adaptive", 1)], 6),
         lines("C'", "the same, a smooth curve", "waves", 1, 32767, [], 4),
+        moving("C''", "C, each time over another range of x", "adaptive", "noise", 1, 32767),
     ]
     for key, title, kind in [("D", "markers, 10 x 32,767", "noise"),
                              ("D'", "the same on smooth curves", "waves")]:
@@ -99,8 +107,10 @@ def workloads(folder, example):
         Workload("E", "3 x 100 with all around it", [
             ours("redraw", *small), peer("QCustomPlot, replot", "qcustomplot", "small", *small),
         ], [faster("QCustomPlot, replot", 1)], 4),
+        moving("E'", "the same, each time over another range of x", "small", "waves", 3, 100),
         Workload("F", "sort 150 x 32,767", [
             ours("sort", "shuffled"), peer("selection sort", "plain", "sort"),
+            Subject("kurv, columns that are shared", [OURS, "sort", "shuffled", "shared"]),
         ], [faster("selection sort", 25)], same_result=True),
         Workload("F'", "the same, already sorted", [
             ours("sort", "waves"), peer("a look at each x", "plain", "scan"),

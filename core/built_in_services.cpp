@@ -38,10 +38,11 @@ class BuiltInSwapService final : public SwapService {
     Double* const first = &values(values.lower()) - values.lower();
     for (const auto& [place, taken] : pairs) std::swap(first[place], first[taken]);
   }
-  // Where most points move, each column is written once from front to back, from a copy that is at
+  // Where a quarter of the points move, each column is written once from front to back, from a copy that is at
   // hand: exchanging goes to and fro in it.
   void exchange_points(Matrix<Double>& values, int columns,
                        std::span<const Exchange> pairs) const override {
+    if (pairs.empty()) return;
     const std::size_t points = detail::extent(values.lower_point(), values.upper_point());
     if (pairs.size() < points / 4) return SwapService::exchange_points(values, columns, pairs);
     std::vector<std::uint32_t> sources(points);

@@ -8,10 +8,20 @@
 #include <cstdint>
 #include <functional>
 #include <numeric>
+#include <span>
 
 namespace kurv {
 
 namespace {
+
+// Where there is a NaN among them nothing is said of the others.
+bool is_ascending(const Column<const Double>& values, int count) {
+  if (count < 1) return true;
+  const std::span<const Double> all(&values(1), &values(count) + 1);
+  int steps = 1;
+  for (std::size_t i = 1; i < all.size(); ++i) steps += all[i - 1] <= all[i] ? 1 : 0;
+  return steps == count && !std::isnan(all.front());
+}
 
 // Places of the values that are not NaN, ascending.
 std::vector<int> comparable_places(const Column<const Double>& values, int count) {
@@ -31,7 +41,7 @@ struct Keyed {
 // Keys compare as the values do. Zero is the same with either sign.
 std::uint64_t key_of(Double value) {
   constexpr std::uint64_t kSign = std::uint64_t{1} << 63;
-  const auto bits = std::bit_cast<std::uint64_t>(value + 0.0);
+  const auto bits = std::bit_cast<std::uint64_t>(value == 0 ? 0.0 : value);
   return (bits & kSign) != 0 ? ~bits : bits | kSign;
 }
 
@@ -113,6 +123,7 @@ class PlacesByValue {
 }  // namespace
 
 std::vector<Exchange> selection_sort_exchanges(const Column<const Double>& values, int count) {
+  if (is_ascending(values, count)) return {};
   const std::vector<int> places = comparable_places(values, count);
   const auto less = [&](int a, int b) { return values(a) < values(b); };
   if (std::is_sorted(places.begin(), places.end(), less)) return {};

@@ -36,11 +36,13 @@ void Picture::resize(QSize logical_size, double device_pixel_ratio) {
   const Resolution resolution = resolution_of(logical_size, device_pixel_ratio);
   QImage image = white_image(resolution);
   raster::Coverage mask(resolution.width, resolution.height);
+  raster::LongSegments middles(resolution.width, resolution.height);
+  raster::Columns columns(resolution.width, resolution.height);
   m_pixels->resolution = resolution;
   m_pixels->image = std::move(image);
   m_pixels->mask = std::move(mask);
-  m_pixels->middles = raster::LongSegments(resolution.width, resolution.height);
-  m_pixels->columns = raster::Columns(resolution.width, resolution.height);
+  m_pixels->middles = std::move(middles);
+  m_pixels->columns = std::move(columns);
   m_pixels->lines.reset();
   m_pixels->texts = {};
   m_pixels->pending_colour.reset();

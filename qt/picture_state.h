@@ -57,6 +57,7 @@ struct Picture::Pixels {
   Integer draw_width = 1;
   int fore_color = kBlack;
   Font font;
+  int fonts = generation_of_fonts();  // when texts were measured or painted
   TextLayouts layouts;
   TextPictures texts;
 
@@ -99,6 +100,12 @@ struct Picture::Pixels {
     return *lines;
   }
 
+  // It takes twice the memory of the picture, which a window can spare for its next redraw.
+  void release_large_layer() {
+    constexpr std::int64_t kLarge = 4'000'000;  // pixels
+    if (std::int64_t{resolution.width} * resolution.height > kLarge) lines.reset();
+  }
+
   raster::Pen pen() const { return {1 / resolution.twips_per_pixel, pen_width() / 2}; }
   int whole_pen() const { return to_pixel(std::round(pen_width())); }
 
@@ -137,7 +144,15 @@ struct Picture::Pixels {
     return rect(box_edges(a.x, b.x, pen_pixels), box_edges(a.y, b.y, pen_pixels));
   }
 
-  const TextLayout& text_layout() { return layouts.of(font); }
+  const TextLayout& text_layout() {
+    const int fonts_now = generation_of_fonts();
+    if (fonts_now != fonts) {
+      layouts = {};
+      texts = {};
+      fonts = fonts_now;
+    }
+    return layouts.of(font);
+  }
 };
 
 }  // namespace kurv

@@ -47,23 +47,25 @@ void Picture::Polyline(const PolylinePoints& points, int colour) {
 
 // Many noisy lines hide most of each other: from the front to the back, what is hidden is not
 // drawn.
-void Picture::Polylines(std::span<const Single> x, int count,
+void Picture::Polylines(std::span<const Single> x, int count, Integer pen,
                         const std::function<PolylineOver(int)>& line) {
   constexpr int kMany = 8;
   raster::Columns& columns = m_pixels->columns;
-  const raster::Pen pen = m_pixels->pen();
-  if (count < kMany || !columns.takes(pen, x) || !raster::Columns::is_noisy(line(count - 1).y)) {
-    return PlotSurface::Polylines(x, count, line);
+  const raster::Pen wide = m_pixels->pen();
+  if (count < kMany || !columns.takes(wide, x) || !raster::Columns::is_noisy(line(count - 1).y)) {
+    return PlotSurface::Polylines(x, count, pen, line);
   }
   m_pixels->flush();
   raster::Layer& layer = m_pixels->layer();
   layer.clear();
   for (int i = count - 1; i >= 0; --i) {
     const PolylineOver over = line(i);
-    columns.add_taken(pen, {x, over.y, over.drawn}, &layer);
+    columns.add_taken(wide, {x, over.y, over.drawn}, &layer);
     columns.flush(layer, pixel_of(over.colour));
   }
   layer.flush(m_pixels->canvas());
+  m_pixels->release_large_layer();
+  DrawWidth(1);
 }
 
 void Picture::Circle(SurfacePoint centre, Single radius, int colour) {

@@ -1,5 +1,7 @@
 #include "qt/text_layout.h"
 
+#include <QGuiApplication>
+#include <QPointer>
 #include <QStringList>
 #include <algorithm>
 #include <cmath>
@@ -114,6 +116,18 @@ void TextLayout::place_line(double left, double top, std::string_view line, QSiz
     if (left + piece_width > -overhang) draw({left, top + ascent(), piece_width, piece});
     left += piece_width;
   }
+}
+
+int generation_of_fonts() {
+  static int generation = 0;
+  static QPointer<QGuiApplication> watched;
+  auto* const application = qobject_cast<QGuiApplication*>(QCoreApplication::instance());
+  if (application && application != watched) {
+    ++generation;
+    watched = application;
+    QObject::connect(application, &QGuiApplication::fontDatabaseChanged, [] { ++generation; });
+  }
+  return generation;
 }
 
 const TextLayout& TextLayouts::of(const Font& font) {

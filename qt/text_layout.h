@@ -68,6 +68,9 @@ class TextLayout {
   mutable std::map<std::string, double, std::less<>> m_widths;  // of texts that were asked for
 };
 
+// Another number once the program has got other fonts.
+int generation_of_fonts();
+
 // Those of the fonts that were used last, because a redraw goes through the same few each time.
 class TextLayouts {
  public:

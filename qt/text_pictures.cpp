@@ -55,22 +55,21 @@ void TextPictures::put(QImage& canvas, const Look& look, const std::function<QRe
   auto known = m_pictures.find(key);
   if (known == m_pictures.end()) {
     const QRect room = box() & canvas.rect();
+    if (room.isEmpty()) return;
     if (area_of(room) > kLargest) {
       QPainter painter(&canvas);
       return paint(painter);
     }
-    Picture picture;
-    if (!room.isEmpty()) {
-      const QImage image = painted(room, paint);
-      const QRect visible = visible_part_of(image);
-      picture = {room.topLeft() + visible.topLeft(), image.copy(visible)};
-      if (visible.isEmpty()) picture.image = QImage();
-    }
-    // One pixel at least, so that the number of texts is limited, too.
-    m_pixels += area_of(picture.image.rect()) + 1;
+    const QImage image = painted(room, paint);
+    const QRect visible = visible_part_of(image);
+    Picture picture{room.topLeft() + visible.topLeft(),
+                    visible.isEmpty() ? QImage() : image.copy(visible)};
+    // The texts themselves take room, too.
+    const qsizetype size = area_of(visible) + static_cast<qsizetype>(look.text.size()) + 1;
+    m_pixels += size;
     if (m_pixels > kMost) {
       m_pictures.clear();
-      m_pixels = area_of(picture.image.rect()) + 1;
+      m_pixels = size;
     }
     known = m_pictures.emplace(std::move(key), std::move(picture)).first;
   }

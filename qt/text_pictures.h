@@ -43,7 +43,7 @@ class TextPictures {
   using Key = std::tuple<String, Single, bool, bool, QRgb, Single, Single, std::string>;
 
   std::map<Key, Picture> m_pictures;
-  qsizetype m_pixels = 0;  // of all of them
+  qsizetype m_pixels = 0;  // of all of them, and letters
 };
 
 }  // namespace kurv

@@ -28,9 +28,9 @@ class WatchedSurface final : public PlotSurface {
   void Polyline(const PolylinePoints& points, int colour) override {
     m_target.Polyline(points, colour);
   }
-  void Polylines(std::span<const Single> x, int count,
+  void Polylines(std::span<const Single> x, int count, Integer pen,
                  const std::function<PolylineOver(int)>& line) override {
-    m_target.Polylines(x, count, line);
+    m_target.Polylines(x, count, pen, line);
   }
   void Circle(SurfacePoint centre, Single radius, int colour) override {
     m_target.Circle(centre, radius, colour);

@@ -43,9 +43,11 @@ class Abscissae {
   int nearest(int point) const { return current().nearest[static_cast<std::size_t>(point)]; }
   // The same of all points, one after the other.
   const int* nearest_of_all() const { return current().nearest.data(); }
-  // On the last segment that passes the node between two points.
+  // On the last segment that passes the node.
   Crossing crossing(int node) const { return at_node(current().crossings, node); }
-  // The same so far aside from the node, or before the next one.
+  // The same so far aside from the node, or before the next one. They are looked for once somebody
+  // wants them: find_asides() has to come before.
+  void find_asides();
   Crossing crossing_behind(int node) const { return at_node(current().behind, node); }
   Crossing crossing_before_next(int node) const { return at_node(current().before_next, node); }
 
@@ -53,6 +55,7 @@ class Abscissae {
   struct Placement {
     bool is_known = false;
     bool is_dense = false;
+    bool has_asides = false;
     Nodes nodes;
     std::vector<float> at;
     std::vector<int> nearest;

@@ -140,6 +140,7 @@ void Cells::fill(int tile) {
 }
 
 void Cells::clear() {
+  m_tile.clear();
   m_further.clear();
   m_first = m_end = 0;
 }

@@ -96,8 +96,16 @@ bool Columns::is_noisy(std::span<const float> y) {
   return turns * 2 > kSample;
 }
 
-// Where it goes on level the line turns at both ends of that, whatever way it goes on: nobody sees
-// the difference.
+// Where it was level the line turns if it then goes back to where it came from.
+bool Columns::is_real_turn(int point) const {
+  const float* const y = m_y.data() + point;
+  const float behind = y[1] - y[0];
+  if (y[0] != y[-1] || behind == 0) return behind != 0;
+  const float* before = y;
+  while (before > m_y.data() && before[-1] == y[0]) --before;
+  return before > m_y.data() && (y[0] - before[-1]) * behind < 0;
+}
+
 void Columns::find_turns() {
   const std::size_t count = m_y.size();
   constexpr std::size_t kAtOnce = 8;
@@ -122,6 +130,7 @@ void Columns::find_turns() {
     }
   }
   m_turns.resize(static_cast<std::size_t>(turn - m_turns.data()));
+  std::erase_if(m_turns, [this](int point) { return !is_real_turn(point); });
 }
 
 // Within a cell it is not known where a line turns or jumps. Where it does not jump and seldom
@@ -198,6 +207,7 @@ void Columns::add_run(int first, int end) {
 
   if (m_is_noisy) {
     pass_all(first, end);
+    m_abscissae.find_asides();
     const DenseRun run{x, m_y.data(), first, end};
     m_trace.dilate(first_node, last_node, m_cells, m_above, &run);
   } else {

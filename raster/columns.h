@@ -54,6 +54,7 @@ class Columns {
  private:
   bool scale_y(const Pen& pen, std::span<const float> y);
   void find_turns();
+  bool is_real_turn(int point) const;
   bool needs_fine_cells(const Pen& pen, const Polyline& line) const;
   void use(const Pen& pen, bool fine_cells);
   bool is_whole(const Polyline& line) const;

@@ -48,8 +48,8 @@ bool Layer::hides(int tile, int first, int end) const {
 
 Layer::Row& Layer::row(Strip& strip, int y) {
   if (strip.rows.empty()) {
-    strip.rows.resize(static_cast<std::size_t>(m_height));
     strip.hides.resize(static_cast<std::size_t>(m_height / kBits) + 1);
+    strip.rows.resize(static_cast<std::size_t>(m_height));
   }
   if (strip.first >= strip.end) strip.first = strip.end = y;
   Row nothing;

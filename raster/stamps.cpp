@@ -112,10 +112,19 @@ void Stamps::add(std::span<const double> x, std::span<const double> y, double un
 }
 
 bool Stamps::is_full() const {
-  constexpr std::size_t kMany = 500'000;
-  std::size_t places = 0;
-  for (std::size_t i = 0; i < m_layers_used; ++i) places += m_layers[i].y.size();
-  return places > kMany;
+  constexpr std::size_t kMany = 500'000, kManyBlocks = 20'000;
+  std::size_t places = 0, blocks = 0;
+  for (std::size_t i = 0; i < m_layers_used; ++i) {
+    places += m_layers[i].y.size();
+    blocks += m_layers[i].most_blocks * m_layers[i].stamps.size();
+  }
+  return places > kMany || blocks > kManyBlocks;
+}
+
+void Stamps::clear() {
+  m_solid.count = m_veiled.count = 0;
+  for (Layer& layer : m_layers) layer.stamps.fill(Stamp());
+  m_layers_used = 0;
 }
 
 // From the last figure to the first, because what hides something comes later.
@@ -126,8 +135,11 @@ void Stamps::flush(const Canvas& canvas) {
                    static_cast<std::ptrdiff_t>(i % HiddenPixels::kSide);
   }
   const HiddenPixels hidden(canvas.width, canvas.height, m_tiles);
-  for (; m_layers_used > 0; --m_layers_used) {
-    const Layer& layer = m_layers[m_layers_used - 1];
+  // What is left where memory ran out in the middle refers to figures that are gone.
+  m_solid.count = m_veiled.count = 0;
+  for (std::size_t used = m_layers_used; used > 0; --used) {
+    const Layer& layer = m_layers[used - 1];
+    m_before_x = m_before_y = kNowhere;
     // Few at a time, so that what was found is still at hand when it is painted.
     constexpr std::size_t kFew = 1024;
     for (std::size_t end = layer.y.size(); end > 0;) {
@@ -138,6 +150,7 @@ void Stamps::flush(const Canvas& canvas) {
     }
   }
   paint_veils(canvas);
+  clear();
 }
 
 // What can be seen of the places first..end - 1 is written down always and counted at times: nobody
@@ -149,8 +162,7 @@ void Stamps::find_visible(const Layer& layer, std::size_t first, std::size_t end
   const HiddenPixels hidden = all_hidden;  // a copy can stay in registers
   const int* const all_x = layer.x->data();
   const int* const all_y = layer.y.data();
-  int before_x = end < layer.y.size() ? all_x[end] : kNowhere;
-  int before_y = end < layer.y.size() ? all_y[end] : kNowhere;
+  int before_x = m_before_x, before_y = m_before_y;
   for (std::size_t i = end; i-- > first;) {
     const int phases_x = all_x[i], phases_y = all_y[i];
     if (phases_x == kNowhere || phases_y == kNowhere) continue;
@@ -172,6 +184,8 @@ void Stamps::find_visible(const Layer& layer, std::size_t first, std::size_t end
       veiled += (pixels & block.veiled) != 0 ? 1 : 0;
     }
   }
+  m_before_x = before_x;
+  m_before_y = before_y;
   m_solid.end_at(solid);
   m_veiled.end_at(veiled);
 }

@@ -31,7 +31,7 @@ class Stamps {
   bool is_empty() const { return m_layers_used == 0; }
   // Whether it is time to paint, because more would take much memory.
   bool is_full() const;
-  void clear() { m_layers_used = 0; }
+  void clear();
 
   // Paints all figures in turn and forgets them.
   void flush(const Canvas& canvas);
@@ -81,6 +81,9 @@ class Stamps {
   std::shared_ptr<const std::vector<int>> m_x;
 
   std::vector<std::uint64_t> m_tiles;
+  // Where the figure stands that was looked at last, of the places behind it.
+  int m_before_x = 0;
+  int m_before_y = 0;
   VisibleList m_solid;
   VisibleList m_veiled;
   std::array<std::ptrdiff_t, 64> m_offsets{};  // of the pixels of a block, from its first

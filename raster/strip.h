@@ -19,7 +19,7 @@ class Strip {
         m_inner(static_cast<float>(std::abs(std::abs(direction.x) - std::abs(direction.y)) / 2)),
         m_ramp(static_cast<float>(std::min(std::abs(direction.x), std::abs(direction.y)))),
         m_height(static_cast<float>(1 / std::max(std::abs(direction.x), std::abs(direction.y)))),
-        m_bend(m_ramp > 0 ? 1 / (2 * m_ramp) : 0) {}
+        m_bend(m_ramp > kLevel ? 1 / (2 * m_ramp) : 0) {}
 
   // How far from the middle of the strip anything is covered at all.
   float reach() const { return m_half + m_inner + m_ramp; }
@@ -33,6 +33,9 @@ class Strip {
     const float slope = std::clamp(length - m_inner, 0.0F, m_ramp);
     return std::copysign((level + slope - slope * slope * m_bend) * m_height, to);
   }
+
+  // The bend of a shorter ramp is no number any more, and nobody sees it.
+  static constexpr float kLevel = 1e-30F;
 
   float m_half;
   float m_inner;

@@ -7,6 +7,12 @@ namespace kurv::raster {
 Tile::Tile(int height)
     : m_height(height), m_changes(static_cast<std::size_t>(height) + 2), m_begin(height) {}
 
+void Tile::clear() {
+  for (int y = m_begin; y <= m_end + 1; ++y) m_changes[static_cast<std::size_t>(y)] = {};
+  m_begin = m_height;
+  m_end = 0;
+}
+
 // An interval in parts of rows.
 void Tile::change(int from, int to, int column) {
   Row* const rows = m_changes.data();

@@ -31,6 +31,8 @@ class Tile {
   void add(const float* top, const float* bottom, int per_pixel_log2);
   // One more for one of the cells.
   void add(int cell, Interval interval, int per_pixel_log2);
+  // Forgets what was added.
+  void clear();
   // Calls visit(row, RowCoverage) for each row that anything may cover, and empties the tile.
   // `per_pixel_log2` is that of everything that was added.
   template <class Visit>

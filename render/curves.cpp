@@ -63,9 +63,10 @@ std::vector<int> visible_curves(const GraphDocument& document) {
 
 void draw_lines(const GraphDocument& document, const Mapping& mapping,
                 const std::vector<int>& curves, PlotSurface& surface) {
-  Lines lines(document, mapping);
+  // The pen stays as it is where the range of an axis cannot be mapped.
   surface.DrawWidth(document.CurvesWidth);
-  surface.Polylines(lines.x(), static_cast<int>(curves.size()),
+  Lines lines(document, mapping);
+  surface.Polylines(lines.x(), static_cast<int>(curves.size()), document.CurvesWidth,
                     [&](int i) { return lines.line(curves[static_cast<std::size_t>(i)]); });
 }
 
@@ -114,8 +115,14 @@ int curve_colour(int curve) {
 void DrawScatterCurves(const GraphDocument& document, const Layout& layout, PlotSurface& surface) {
   const Mapping mapping(document, layout.plot);
   const std::vector<int> curves = visible_curves(document);
-  if (document.Connected && !curves.empty()) draw_lines(document, mapping, curves, surface);
-  if (!curves.empty()) surface.DrawWidth(1);
+  if (document.Connected) {
+    if (!curves.empty()) draw_lines(document, mapping, curves, surface);
+  } else {
+    for (std::size_t i = 0; i < curves.size(); ++i) {
+      surface.DrawWidth(document.CurvesWidth);
+      surface.DrawWidth(1);
+    }
+  }
   Markers markers(document, mapping);
   for (const int k : curves) markers.draw(k, surface);
 }

@@ -55,19 +55,35 @@ inline int subject_main(int argc, char** argv, const std::function<void(const Wo
   }
 }
 
-// What the peers that draw are asked for: METHOD KIND CURVES POINTS WIDTH, or METHOD shape NAME
-// WIDTH FILE.
+// What the peers that draw are asked for: METHOD KIND CURVES POINTS WIDTH [moving], or METHOD shape
+// NAME WIDTH FILE.
 struct Drawing {
   std::string method;
   std::string kind;
   int curves = 0;
   int points = 0;
   double width = 1;
+  bool is_moving = false;  // each time with another end of the x axis
 };
 
 inline Drawing drawing_of(const Words& words) {
-  return {words.at(0), words.at(1), std::stoi(words.at(2)), std::stoi(words.at(3)),
-          std::stod(words.at(4))};
+  return {words.at(0),
+          words.at(1),
+          std::stoi(words.at(2)),
+          std::stoi(words.at(3)),
+          std::stod(words.at(4)),
+          words.size() > 5};
 }
+
+// Ends of an axis, of which none comes twice.
+class MovingEnd {
+ public:
+  MovingEnd(double low, double high) : m_high(high), m_step((high - low) * 1e-6) {}
+  double next() { return m_high += m_step; }
+
+ private:
+  double m_high;
+  double m_step;
+};
 
 }  // namespace bench

@@ -1,9 +1,9 @@
 // The control as the subject of comparisons.
 //
-//   bench_ours redraw KIND CURVES POINTS WIDTH    lines
+//   bench_ours redraw KIND CURVES POINTS WIDTH [moving]    lines
 //   bench_ours markers KIND CURVES POINTS 1
 //   bench_ours growth                             prints curves, points, milliseconds
-//   bench_ours sort KIND, load FILE, save FILE CURVES POINTS, evaluate, run_program
+//   bench_ours sort KIND [shared], load FILE, save FILE CURVES POINTS, evaluate, run_program
 //   bench_ours write FILE KIND CURVES POINTS
 //   bench_ours METHOD shape NAME WIDTH FILE
 //   bench_ours qt ...                             the same in a program that has Qt in any case
@@ -34,8 +34,14 @@ void redraw(const Words& words) {
   const bool markers = drawing.method == "markers";
   ControlFixture ours;
   ours.control.set_CurvesWidth(static_cast<kurv::Integer>(drawing.width));
-  ours.load(bench::table(drawing.kind, drawing.curves, drawing.points), !markers, markers);
-  bench::serve([&] { ours.redraw(); });
+  const bench::Table data = bench::table(drawing.kind, drawing.curves, drawing.points);
+  ours.load(data, !markers, markers);
+  const bench::Range x = bench::Scale(data).x_range();
+  bench::MovingEnd end(x.low, x.high);
+  bench::serve([&] {
+    if (drawing.is_moving) ours.control.set_xmax(end.next());
+    ours.redraw();
+  });
 }
 
 double least_milliseconds(const bench::Work& work) {
@@ -75,8 +81,16 @@ void sort(const Words& words) {
   document.NumData = bench::kSortedPoints;
   document.NumY = bench::kSortedColumns - 1;
   document.xyArr = bench::matrix_of(data);
+  // As in a control, whose points before the sort and after it share what they can.
+  const bool is_shared = words.size() > 2 && words[2] == "shared";
+  const kurv::Matrix<kurv::Double> given = document.xyArr;
+  if (!is_shared && !stays_as_it_is) write_over(document.xyArr, data);
   bench::serve([&] {
-    if (!stays_as_it_is) write_over(document.xyArr, data);
+    if (is_shared) {
+      document.xyArr = given;
+    } else if (!stays_as_it_is) {
+      write_over(document.xyArr, data);
+    }
     kurv::Sort_xy(document, *kurv::library_services().swap);
   });
   const auto column = std::as_const(document.xyArr).column(2);

@@ -27,19 +27,18 @@ class File {
   int m_file;
 };
 
-std::string bytes_of(const std::string& path) {
+void read_bytes(const std::string& path, std::string& bytes) {
   const File file(path, O_RDONLY);
-  std::string bytes(static_cast<std::size_t>(lseek(file.number(), 0, SEEK_END)), '\0');
+  bytes.resize(static_cast<std::size_t>(lseek(file.number(), 0, SEEK_END)));
   lseek(file.number(), 0, SEEK_SET);
   for (std::size_t done = 0; done < bytes.size();) {
     const ssize_t count = ::read(file.number(), bytes.data() + done, bytes.size() - done);
     if (count <= 0) throw std::runtime_error("cannot read " + path);
     done += static_cast<std::size_t>(count);
   }
-  return bytes;
 }
 
-// Every number of the text, in order; what is none is passed over.
+// Every number of the text, in order; what is none is passed over, and so is what follows each.
 void read_numbers(const std::string& bytes, std::vector<double>& numbers) {
   const char* at = bytes.data();
   const char* const end = at + bytes.size();
@@ -49,7 +48,7 @@ void read_numbers(const std::string& bytes, std::vector<double>& numbers) {
     const std::from_chars_result result = std::from_chars(at, end, value);
     if (result.ec == std::errc()) {
       numbers.push_back(value);
-      at = result.ptr;
+      at = std::min(result.ptr + 1, end);
     } else {
       ++at;
     }
@@ -121,8 +120,12 @@ void run(const bench::Words& words) {
   if (what == "look") {
     look(bench::drawing_of(words));
   } else if (what == "read") {
+    std::string bytes;
     std::vector<double> numbers;
-    bench::serve([&] { read_numbers(bytes_of(words.at(1)), numbers); });
+    bench::serve([&] {
+      read_bytes(words.at(1), bytes);
+      read_numbers(bytes, numbers);
+    });
   } else if (what == "write") {
     const bench::Table data = bench::table("waves", std::stoi(words.at(2)), std::stoi(words.at(3)));
     std::string text;

@@ -47,7 +47,12 @@ void run(const bench::Words& words) {
   plot.show();
   QApplication::processEvents();
   // Queued, so that putting the finished picture into the window is not counted.
-  bench::serve([&] { plot.replot(QCustomPlot::rpQueuedRefresh); });
+  const bench::Range x = bench::Scale(data).x_range();
+  bench::MovingEnd end(x.low, x.high);
+  bench::serve([&] {
+    if (drawing.is_moving) plot.xAxis->setRange(x.low, end.next());
+    plot.replot(QCustomPlot::rpQueuedRefresh);
+  });
 }
 
 }  // namespace

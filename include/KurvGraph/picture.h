@@ -38,7 +38,7 @@ class Picture final : public PlotSurface {
   void Cls() override;
   void Line(SurfacePoint from, SurfacePoint to, int colour, LineKind kind) override;
   void Polyline(const PolylinePoints& points, int colour) override;
-  void Polylines(std::span<const Single> x, int count,
+  void Polylines(std::span<const Single> x, int count, Integer pen,
                  const std::function<PolylineOver(int)>& line) override;
   void Circle(SurfacePoint centre, Single radius, int colour) override;
   void Arc(SurfacePoint centre, Single radius, int colour, Single start, Single end) override;

@@ -93,14 +93,17 @@ class PlotSurface {
            LineKind::kSegment);
     }
   }
-  // Polylines over the same x, each upon those before it: the same as a Polyline() for each, in
+  // Polylines over the same x, each upon those before it, with the pen as it is, which has `pen`
+  // pixels; between them and behind the last it has one. The same as a Polyline() for each, in
   // their order. `line` is asked for each of 0..count-1, in any order, and what it says need last
   // until it is asked again.
-  virtual void Polylines(std::span<const Single> x, int count,
+  virtual void Polylines(std::span<const Single> x, int count, Integer pen,
                          const std::function<PolylineOver(int)>& line) {
     for (int i = 0; i < count; ++i) {
+      if (i > 0) DrawWidth(pen);
       const PolylineOver over = line(i);
       Polyline({x, over.y, over.drawn}, over.colour);
+      DrawWidth(1);
     }
   }
   // A circle outline of the given radius in twips.

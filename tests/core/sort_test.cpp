@@ -134,7 +134,6 @@ TEST(SortXy, PointsAreExchangedAsOneByOneWhereFewOrManyMove) {
     for (int c = 1; c <= 3; ++c) {
       for (int i = 0; i <= 100; ++i) expected(c, i) = 1000 * c + i;
     }
-    expected(3, 7) = kNaN;
     Matrix<Double> actual = expected;
     const Matrix<Double> before = expected;
     std::mt19937 generator(static_cast<unsigned>(moved));
@@ -149,6 +148,32 @@ TEST(SortXy, PointsAreExchangedAsOneByOneWhereFewOrManyMove) {
     EXPECT_EQ(actual(3, 1), before(3, 1)) << "what lies beyond stays";
     EXPECT_EQ(before(1, 1), 1001) << "and so does a copy";
   }
+}
+
+TEST(SortXy, NoPairsExchangeNothingOfNothing) {
+  Matrix<Double> values(0, 2, 1, 0);
+  library_services().swap->exchange_points(values, 2, {});
+  EXPECT_EQ(values.upper_point(), 0);
+}
+
+// A host that knows a faster way for a column is asked once for each.
+TEST(SortXy, AServiceThatExchangesColumnsIsAskedForEachInTurn) {
+  struct ByColumns final : SwapService {
+    void exchange(Double& a, Double& b) const override { std::swap(a, b); }
+    void exchange_all(const Column<Double>& values,
+                      std::span<const Exchange> pairs) const override {
+      firsts.push_back(values(1));
+      SwapService::exchange_all(values, pairs);
+    }
+    mutable std::vector<Double> firsts;
+  };
+  GraphDocument document = document_with({3, 1, 2});
+  const std::vector<Double> before = {document.xyArr(1, 1), document.xyArr(2, 1),
+                                      document.xyArr(3, 1)};
+  const ByColumns service;
+  Sort_xy(document, service);
+  EXPECT_EQ(service.firsts, before);
+  EXPECT_EQ(document.xyArr(1, 1), 1);
 }
 
 TEST(SortXy, SortedDataNeedNoExchange) {

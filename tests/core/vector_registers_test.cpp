@@ -49,7 +49,8 @@ TEST(VectorRegisters, TheUpperHalvesAreNotInUseAfterwards) {
 
 #endif
 
-TEST(VectorRegisters, ClearingLeavesNumbersAlone) {
+// On one without wide registers the instruction would end the program.
+TEST(VectorRegisters, MayBeClearedOnEveryProcessor) {
   volatile double third = 1.0 / 3;
   const double before = third * 2;
   clear_upper_registers();

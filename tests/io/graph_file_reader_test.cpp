@@ -1,6 +1,11 @@
 #include "io/graph_file_reader.h"
 
+#include <KurvGraph/number_text.h>
+
+#include <bit>
 #include <cmath>
+#include <cstdint>
+#include <optional>
 
 #include "io/text_file.h"
 #include "tests/io/graph_files.h"
@@ -132,6 +137,46 @@ TEST_F(GraphFileReaderTest, ADataLineNeedsAsManyValuesAsThereArePoints) {
   EXPECT_EQ(fault_with(48, " 1 , 2,3 "), 0);
   EXPECT_EQ(fault_with(48, "1,,3"), 13);
   EXPECT_EQ(fault_with(48, "x,2"), 13) << "the first thing wrong is what counts";
+}
+
+// Most numbers of a line are read quickly, and from the first odd one on the usual way.
+TEST_F(GraphFileReaderTest, EachNumberOfALineIsWhatItIsByItself) {
+  const std::vector<std::vector<std::string>> lines = {
+      {"1", " 2 ", "-.5"},   {"+3", "1E+2", "0"},      {" Inf ", "-7", "NaN"}, {"1e5", ".25", " 8"},
+      {"-0", "1e-400", "3"}, {"0.1", "&H10", "1.5E3"}, {"2.", "-2.", "007"},   {" 1", "2", "3 "}};
+  for (const std::vector<std::string>& fields : lines) {
+    const std::string line = fields[0] + "," + fields[1] + "," + fields[2];
+    std::vector<Double> expected;
+    for (const std::string& field : fields) {
+      const std::optional<Double> number = text_to_number(field);
+      if (number) expected.push_back(*number);
+    }
+    const bool are_numbers = expected.size() == fields.size();
+    ASSERT_EQ(fault_with(48, line), are_numbers ? 0 : 13) << line;
+    if (!are_numbers) continue;
+    const GraphFile graph = read_bytes(sample_with(48, line));
+    for (int i = 1; i <= 3; ++i) {
+      EXPECT_EQ(std::bit_cast<std::uint64_t>(graph.xyarr(1, i)),
+                std::bit_cast<std::uint64_t>(expected[static_cast<std::size_t>(i - 1)]))
+          << line;
+    }
+  }
+}
+
+// Far longer than what is read from a file at a time.
+TEST_F(GraphFileReaderTest, LongLinesAreReadToTheLastDigit) {
+  constexpr int kCount = 30'000;
+  std::string line;
+  const auto value = [](int i) { return (i % 2 == 0 ? 1 : -1) * std::sqrt(i) * 1e-3; };
+  for (int i = 1; i <= kCount; ++i) line += (i == 1 ? "" : ",") + number_to_text(value(i));
+  std::vector<std::string> lines = test::sample_lines();
+  lines[2] = std::to_string(kCount);
+  lines[47] = lines[48] = line;
+  const GraphFile graph = read_bytes(test::joined(lines));
+  for (int i = 1; i <= kCount; ++i) {
+    ASSERT_EQ(graph.xyarr(1, i), value(i)) << i;
+    ASSERT_EQ(graph.xyarr(2, i), value(i)) << i;
+  }
 }
 
 TEST_F(GraphFileReaderTest, ANameWithACommaShiftsTheNamesAndTheLastIsLost) {

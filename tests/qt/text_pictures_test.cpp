@@ -4,10 +4,12 @@
 
 #include <KurvGraph/picture.h>
 
+#include <QGuiApplication>
 #include <QPainter>
 #include <cmath>
 
 #include "qt/text_layout.h"
+#include "render/palette.h"
 
 namespace kurv {
 namespace {
@@ -46,15 +48,15 @@ void print(Picture& picture, const Sample& sample) {
   picture.Print(sample.x, sample.y, sample.text);
 }
 
-// By the painter itself, on white.
-QImage painted(const Picture& like, const Sample& sample, QRgb colour) {
+// By the painter itself.
+QImage painted(const Picture& like, const Sample& sample, QRgb ground) {
   QImage image(like.device_size(), QImage::Format_RGB32);
-  image.fill(Qt::white);
+  image.fill(ground);
   const TextLayout layout(sample.font);
   const double pixels = 1 / like.twips_per_device_pixel();
   QPainter painter(&image);
   painter.setFont(layout.font());
-  painter.setPen(QColor::fromRgb(colour));
+  painter.setPen(QColor::fromRgb(palette_rgb(sample.colour)));
   const double scale = layout.twips_per_font_pixel() * pixels;
   const QSizeF page = QSizeF(image.size()) / pixels;
   layout.place({sample.x, sample.y}, sample.text, page, [&](const PlacedPiece& piece) {
@@ -80,14 +82,30 @@ int largest_difference(const QImage& a, const QImage& b) {
 TEST(TextPictures, LookAsThePainterPaintsThem) {
   for (const double ratio : {1.0, 1.5, 2.0}) {
     for (const Sample& sample : kSamples) {
-      Picture picture({200, 90}, ratio);
-      Sample black = sample;
-      black.colour = 0;
-      print(picture, black);
-      EXPECT_LE(largest_difference(picture.image(), painted(picture, black, 0xFF000000)), 1)
-          << sample.text << ' ' << ratio;
+      for (const int ground : {15, 6, 0}) {
+        Picture picture({200, 90}, ratio);
+        picture.Line({-100, -100}, {9000, 9000}, ground, LineKind::kFilledBox);
+        print(picture, sample);
+        EXPECT_LE(
+            largest_difference(picture.image(), painted(picture, sample, palette_rgb(ground))), 1)
+            << sample.text << ' ' << ratio << ' ' << ground;
+      }
     }
   }
+}
+
+TEST(TextPictures, ArePaintedAnewOnceTheProgramHasOtherFonts) {
+  const int before = generation_of_fonts();
+  EXPECT_EQ(generation_of_fonts(), before);
+  emit qGuiApp->fontDatabaseChanged();
+  EXPECT_NE(generation_of_fonts(), before);
+  Picture picture({200, 90});
+  print(picture, kSamples[0]);
+  const QImage image = picture.image();
+  emit qGuiApp->fontDatabaseChanged();
+  picture.Cls();
+  print(picture, kSamples[0]);
+  EXPECT_EQ(picture.image(), image);
 }
 
 TEST(TextPictures, AreTheSameEachTime) {

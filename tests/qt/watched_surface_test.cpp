@@ -10,12 +10,17 @@ namespace {
 class FastSurface final : public PlotSurface {
  public:
   int polylines = 0;
+  int several = 0;
   int repeats = 0;
 
   Double ScaleWidth() const override { return 1; }
   Double ScaleHeight() const override { return 2; }
   void Cls() override {}
   void Line(SurfacePoint, SurfacePoint, int, LineKind) override { ADD_FAILURE(); }
+  void Polylines(std::span<const Single>, int, Integer,
+                 const std::function<PolylineOver(int)>&) override {
+    ++several;
+  }
   void Polyline(const PolylinePoints& points, int colour) override {
     ++polylines;
     EXPECT_EQ(points.x.size(), 3U);
@@ -50,6 +55,7 @@ TEST(WatchedSurface, PassesOnWhatIsDrawnAtOnce) {
   const std::vector<Single> places = {1, 2, 3};
   const std::vector<std::uint8_t> drawn = {1, 1, 1};
   watched.Polyline({places, places, drawn}, 5);
+  watched.Polylines(places, 1, 3, [&](int) { return PolylineOver{places, drawn, 5}; });
   const std::vector<Double> x = {1, 3}, y = {2, 4};
   int figures = 0;
   watched.Repeat({x, y}, 7, [&](PlotSurface& surface, FigureCentre centre) {
@@ -58,6 +64,7 @@ TEST(WatchedSurface, PassesOnWhatIsDrawnAtOnce) {
     EXPECT_EQ(centre.y, 2);
   });
   EXPECT_EQ(target.polylines, 1);
+  EXPECT_EQ(target.several, 1);
   EXPECT_EQ(target.repeats, 1);
   EXPECT_EQ(figures, 1);
 }

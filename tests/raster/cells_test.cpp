@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <new>
 #include <random>
 
 #include "raster/row_blend.h"
@@ -126,6 +127,25 @@ TEST(Cells, AreTheUnionOfWhateverCoversThem) {
       expect_same(drawn, plain, kWidth, kHeight, cells.per_pixel());
     }
   }
+}
+
+TEST(Cells, AreEmptyAgainWhenTheyWereInterruptedAndCleared) {
+  Cells cells(16, 40);
+  cells.set_per_pixel_log2(3);
+  const auto cover_rows = [&](float top, float bottom) {
+    const std::vector<float> tops(128, top), bottoms(128, bottom);
+    cells.cover(0, tops, bottoms);
+  };
+  cover_rows(5, 30);
+  const auto fail = [](int, int y, const RowCoverage&) {
+    if (y == 10) throw std::bad_alloc();
+  };
+  EXPECT_THROW(cells.flush(fail), std::bad_alloc);
+  cells.clear();
+  cover_rows(20, 21);
+  GuardedCanvas drawn(16, 40);
+  flush(cells, drawn);
+  EXPECT_TRUE(drawn.is_white_outside({0, 20, 16, 21}));
 }
 
 // Each joins what the two before it have left apart, in whatever order they come.

@@ -141,6 +141,39 @@ TEST(Columns, AreTheSameHoweverWideThePictureIs) {
   }
 }
 
+int ink_of(const Curve& curve) {
+  return pixels_of(30, 80, {1, 0.5}, curve).total();
+}
+
+// A point on the border of a vertical line belongs to the run that begins there.
+TEST(Columns, ARunBeginsWithItsOwnSegments) {
+  Curve gap;
+  gap.add(0, 30.5);
+  gap.add(10, 30.5);
+  gap.add(10, 60.5, false);
+  gap.add(20, 60.5);
+  const int dots = 2 * 255;
+  EXPECT_NEAR(ink_of(gap), 20 * 255 + dots, dots);
+  Curve far;
+  far.add(0, 30.5, false);
+  far.add(10, 1e10, false);
+  far.add(20, 60.5, false);
+  far.add(30, 60.5);
+  EXPECT_NEAR(ink_of(far), 10 * 255, dots);
+}
+
+// The foot of a spike is no wider because the line is level before it.
+TEST(Columns, LevelPartsAreNoTurnsWhereTheLineGoesOn) {
+  Curve level, none;
+  for (int i = 0; i <= 20; ++i) level.add(i * 0.5, 8.9);
+  level.add(10.7, 75);
+  none.add(0, 8.9);
+  none.add(10, 8.9);
+  none.add(10.7, 75);
+  const CurvePixels with = pixels_of(30, 80, {1, 0.5}, level);
+  EXPECT_LE(with.from(pixels_of(30, 80, {1, 0.5}, none)).largest, 2);
+}
+
 TEST(Columns, AFlushForgetsWhatItBlended) {
   Columns columns(30, 20);
   ASSERT_TRUE(columns.add({1, 0.5}, noise(90, 0, 30, 0, 20).line()));

@@ -210,5 +210,18 @@ TEST(Segment, SineCurveIsCloseToTrueAreaCoverage) {
   EXPECT_LE(error.largest, 24);
 }
 
+// So nearly level that its slope is hardly a number.
+TEST(Segments, AlmostLevelOnesFromFarAwayAreThere) {
+  for (const double half_width : {0.5, 2.5}) {
+    for (const int width : {1, 16, 300}) {
+      Coverage mask(width, 40);
+      add_segment(mask, {1.0 / 15, half_width}, {-1e38F, 300}, {1e38F, 300.1F});
+      int sum = 0;
+      for (int y = 0; y < 40; ++y) sum += mask.row(y)[0];
+      EXPECT_NEAR(sum, 2 * half_width * 255, 3) << half_width << ' ' << width;
+    }
+  }
+}
+
 }  // namespace
 }  // namespace kurv::raster

@@ -229,6 +229,23 @@ TEST(Stamps, AtTheSamePlaceAreOne) {
   expect_one_by_one({{random_phases(dice, 7, 7, 0, 90), places}}, 40, 30);
 }
 
+// However many there are, and wherever one is missing.
+TEST(Stamps, AtTheSamePlaceAreOneAcrossAMissingOne) {
+  Dice dice(6);
+  const Phases phases = random_phases(dice, 7, 7, 0, 90);
+  for (const int missing : {1, 1022, 1023, 1024, 1025, 2046}) {
+    Places places;
+    for (int i = 0; i < 2048; ++i) {
+      places.x.push_back(100 + i * 0.25);
+      places.y.push_back(200);
+    }
+    const auto at = static_cast<std::size_t>(missing);
+    places.x[at - 1] = places.x[at + 1];
+    places.y[at] = kNaN;
+    expect_one_by_one({{phases, places}}, 60, 30);
+  }
+}
+
 TEST(Stamps, OnceEachWhereNothingHidesThem) {
   Dice dice(5);
   Places places;

@@ -35,6 +35,18 @@ TEST(Curves, LinesOfAllCurvesComeBeforeTheFirstMarker) {
   test::expect_golden("curves.txt", curves_of(host));
 }
 
+// The pen of a curve is there before its points are looked at, and ticks take what pen is left.
+TEST(Curves, PenStaysWhereARangeCannotBeMapped) {
+  TestHost host;
+  host.load({0, 5}, {5, 5});
+  with_limits(host);
+  host.document().xmax = host.document().xmin;
+  host.document().CurvesWidth = 3;
+  host.surface.clear_log();
+  EXPECT_THROW(DrawScatterCurves(host.document(), host.layout(), host.surface), Fault);
+  EXPECT_EQ(host.surface.log(), "width 3\n");
+}
+
 TEST(Curves, SegmentComesInFromOutsideInFullButNoneLeaves) {
   TestHost host;
   host.load({-5, 5, 15, 6}, {5, 5, 5, 5});
