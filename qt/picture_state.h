@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <memory>
 #include <optional>
 
 #include "core/vector_registers.h"
@@ -53,6 +54,11 @@ struct Picture::Pixels {
   raster::Columns columns;
   std::optional<raster::Layer> lines;  // once there were many
   raster::Stamps stamps;
+  struct Grounds {
+    std::unique_ptr<Picture> white;
+    std::unique_ptr<Picture> black;
+  };
+  Grounds grounds;  // small ones, for figures that are to become stamps
 
   Integer draw_width = 1;
   int fore_color = kBlack;

@@ -98,7 +98,8 @@ bool are_few(const FigureCentres& centres) {
 raster::Stamp Picture::stamp_of(const Figure& figure, FigureCentre centre, Picture& white,
                                 Picture& black) const {
   const auto drawn_on = [&](int ground, Picture& picture) {
-    picture.m_pixels->fill(ground);
+    picture.Cls();  // also of what a figure that failed has left
+    if (ground != kWhite) picture.m_pixels->fill(ground);
     picture.DrawWidth(m_pixels->draw_width);
     figure(picture, centre);
     picture.m_pixels->flush();
@@ -117,12 +118,17 @@ void Picture::Repeat(const FigureCentres& centres, Double reach, const Figure& f
   const int side = static_cast<int>(wanted);
   const Resolution& own = m_pixels->resolution;
   const Resolution small{side, side, own.device_pixel_ratio, own.twips_per_pixel};
-  Picture white(std::make_unique<Pixels>(small)), black(std::make_unique<Pixels>(small));
+  // Kept, because the next figure of a graph is as large.
+  auto& [white, black] = m_pixels->grounds;
+  if (!white || white->m_pixels->resolution != small) {
+    white.reset(new Picture(std::make_unique<Pixels>(small)));
+    black.reset(new Picture(std::make_unique<Pixels>(small)));
+  }
   const auto place = [side, unit = own.twips_per_pixel](int phase) {
     return (side / 2 + static_cast<double>(phase) / raster::Stamps::kPhases) * unit;
   };
   m_pixels->stamps.add(centres.x, centres.y, own.twips_per_pixel, [&](int phase_x, int phase_y) {
-    return stamp_of(figure, {place(phase_x), place(phase_y)}, white, black);
+    return stamp_of(figure, {place(phase_x), place(phase_y)}, *white, *black);
   });
 }
 

@@ -15,6 +15,8 @@ struct Resolution {
   double scale_width() const;
   double scale_height() const;
   double twips_per_logical_pixel() const { return twips_per_pixel * device_pixel_ratio; }
+
+  friend bool operator==(const Resolution&, const Resolution&) = default;
 };
 
 // Of a surface of this size in logical pixels. Both directions are at least one device pixel. A
