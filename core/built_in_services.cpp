@@ -38,8 +38,8 @@ class BuiltInSwapService final : public SwapService {
     Double* const first = &values(values.lower()) - values.lower();
     for (const auto& [place, taken] : pairs) std::swap(first[place], first[taken]);
   }
-  // Where a quarter of the points move, each column is written once from front to back, from a copy that is at
-  // hand: exchanging goes to and fro in it.
+  // Where a quarter of the points move, each column is written once from front to back, from a copy
+  // that is at hand: exchanging goes to and fro in it.
   void exchange_points(Matrix<Double>& values, int columns,
                        std::span<const Exchange> pairs) const override {
     if (pairs.empty()) return;

@@ -119,16 +119,16 @@ void Picture::Repeat(const FigureCentres& centres, Double reach, const Figure& f
   const Resolution& own = m_pixels->resolution;
   const Resolution small{side, side, own.device_pixel_ratio, own.twips_per_pixel};
   // Kept, because the next figure of a graph is as large.
-  auto& [white, black] = m_pixels->grounds;
-  if (!white || white->m_pixels->resolution != small) {
-    white.reset(new Picture(std::make_unique<Pixels>(small)));
-    black.reset(new Picture(std::make_unique<Pixels>(small)));
+  Pixels::Grounds& grounds = m_pixels->grounds;
+  if (!grounds.white || grounds.white->m_pixels->resolution != small) {
+    grounds.white.reset(new Picture(std::make_unique<Pixels>(small)));
+    grounds.black.reset(new Picture(std::make_unique<Pixels>(small)));
   }
   const auto place = [side, unit = own.twips_per_pixel](int phase) {
     return (side / 2 + static_cast<double>(phase) / raster::Stamps::kPhases) * unit;
   };
   m_pixels->stamps.add(centres.x, centres.y, own.twips_per_pixel, [&](int phase_x, int phase_y) {
-    return stamp_of(figure, {place(phase_x), place(phase_y)}, *white, *black);
+    return stamp_of(figure, {place(phase_x), place(phase_y)}, *grounds.white, *grounds.black);
   });
 }
 

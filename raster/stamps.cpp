@@ -160,6 +160,45 @@ void Stamps::find_visible(const Layer& layer, std::size_t first, std::size_t end
   Visible* solid = m_solid.make_room((end - first) * layer.most_blocks);
   Visible* veiled = m_veiled.make_room((end - first) * layer.most_blocks);
   const HiddenPixels hidden = all_hidden;  // a copy can stay in registers
+  const bool has_veils = layer.has_veils;
+  const auto look_at = [&](const Stamp::Block& block, int phases_x, int phases_y) {
+    const int x = (phases_x >> kPhaseBits) + block.x, y = (phases_y >> kPhaseBits) + block.y;
+    if (!hidden.meets(x, y)) return;
+    const HiddenPixels::Place place = hidden.place_of(x, y);
+    const auto across = static_cast<std::size_t>(place.across);
+    const std::uint64_t pixels = HiddenPixels::joined(
+        hidden.visible(place, block.touched_cut[across], block.solid_cut[across]), place.across);
+    const std::ptrdiff_t at = y * stride + x;
+    *solid = {pixels & block.solid, &block, at};
+    solid += (pixels & block.solid) != 0 ? 1 : 0;
+    if (!has_veils) return;
+    *veiled = {pixels & block.veiled, &block, at};
+    veiled += (pixels & block.veiled) != 0 ? 1 : 0;
+  };
+  if (layer.most_blocks == 1) {
+    std::array<const Stamp::Block*, std::size_t{kPhases} * kPhases> only{};
+    for (std::size_t i = 0; i < only.size(); ++i) {
+      if (!layer.stamps[i].blocks().empty()) only[i] = layer.stamps[i].blocks().data();
+    }
+    for_each_place(layer, first, end, [&](int phases_x, int phases_y) {
+      const Stamp::Block* const block = only[phase_of(phases_x, phases_y)];
+      if (block) look_at(*block, phases_x, phases_y);
+    });
+  } else {
+    for_each_place(layer, first, end, [&](int phases_x, int phases_y) {
+      for (const Stamp::Block& block : layer.stamps[phase_of(phases_x, phases_y)].blocks()) {
+        look_at(block, phases_x, phases_y);
+      }
+    });
+  }
+  m_solid.end_at(solid);
+  m_veiled.end_at(veiled);
+}
+
+// From the last to the first; of those that stand where the one behind them does only that one.
+template <class Visit>
+void Stamps::for_each_place(const Layer& layer, std::size_t first, std::size_t end,
+                            const Visit& visit) {
   const int* const all_x = layer.x->data();
   const int* const all_y = layer.y.data();
   int before_x = m_before_x, before_y = m_before_y;
@@ -169,25 +208,10 @@ void Stamps::find_visible(const Layer& layer, std::size_t first, std::size_t end
     if (phases_x == before_x && phases_y == before_y) continue;
     before_x = phases_x;
     before_y = phases_y;
-    for (const Stamp::Block& block : layer.stamps[phase_of(phases_x, phases_y)].blocks()) {
-      const int x = (phases_x >> kPhaseBits) + block.x, y = (phases_y >> kPhaseBits) + block.y;
-      if (!hidden.meets(x, y)) continue;
-      const HiddenPixels::Place place = hidden.place_of(x, y);
-      const auto across = static_cast<std::size_t>(place.across);
-      const std::uint64_t pixels = HiddenPixels::joined(
-          hidden.visible(place, block.touched_cut[across], block.solid_cut[across]), place.across);
-      const std::ptrdiff_t at = y * stride + x;
-      *solid = {pixels & block.solid, &block, at};
-      solid += (pixels & block.solid) != 0 ? 1 : 0;
-      if (!layer.has_veils) continue;
-      *veiled = {pixels & block.veiled, &block, at};
-      veiled += (pixels & block.veiled) != 0 ? 1 : 0;
-    }
+    visit(phases_x, phases_y);
   }
   m_before_x = before_x;
   m_before_y = before_y;
-  m_solid.end_at(solid);
-  m_veiled.end_at(veiled);
 }
 
 // No two of them are the same pixel, so their order is free: four of each block in turn until none

@@ -70,6 +70,8 @@ class Stamps {
   void find_x(std::span<const double> x, double units_per_pixel);
   void find_visible(const Layer& layer, std::size_t first, std::size_t end,
                     const HiddenPixels& all_hidden, std::ptrdiff_t stride);
+  template <class Visit>
+  void for_each_place(const Layer& layer, std::size_t first, std::size_t end, const Visit& visit);
   void paint_solid(const Canvas& canvas);
   void paint_veils(const Canvas& canvas);
 

@@ -85,9 +85,11 @@ void sort() {
   const bench::Table data =
       bench::table("shuffled", bench::kSortedColumns - 1, bench::kSortedPoints);
   std::vector<std::vector<double>> columns;
-  bench::serve([&] {
+  const auto prepare = [&] {
     columns = data.y;
     columns.insert(columns.begin(), data.x);
+  };
+  bench::serve(prepare, [&] {
     for (std::size_t i = 0; i < data.x.size(); ++i) {
       const std::vector<double>& x = columns.front();
       std::size_t least = i;
