@@ -100,7 +100,7 @@ TEST(PicturePolylines, LookAsOneByOneBackwardsWithGapsAndUnsorted) {
   expect_as_one_by_one(curves, {60, 60}, 1, 1);
   std::ranges::reverse(curves.x);
   expect_as_one_by_one(curves, {60, 60}, 1, 1);
-  std::ranges::rotate(curves.x, curves.x.begin() + 1000);
+  std::rotate(curves.x.begin(), curves.x.begin() + 1000, curves.x.end());
   for (auto& y : curves.y) y.resize(300);
   curves.x.resize(300);
   curves.drawn.resize(300);
