@@ -46,13 +46,17 @@ void Picture::Polyline(const PolylinePoints& points, int colour) {
 }
 
 // Many noisy lines hide most of each other: from the front to the back, what is hidden is not
-// drawn.
+// drawn. Of fewer or sparser ones too little is hidden to make good for what that costs.
 void Picture::Polylines(std::span<const Single> x, int count, Integer pen,
                         const std::function<PolylineOver(int)>& line) {
-  constexpr int kMany = 8;
+  constexpr int kMany = 48;
+  constexpr std::size_t kDense = 2;  // points a pixel
   raster::Columns& columns = m_pixels->columns;
   const raster::Pen wide = m_pixels->pen();
-  if (count < kMany || !columns.takes(wide, x) || !raster::Columns::is_noisy(line(count - 1).y)) {
+  const bool hides_much = count >= kMany &&
+                          x.size() >= kDense * static_cast<std::size_t>(m_pixels->image.width()) &&
+                          raster::Columns::is_noisy(line(count - 1).y);
+  if (!hides_much || !columns.takes(wide, x)) {
     return PlotSurface::Polylines(x, count, pen, line);
   }
   m_pixels->flush();
