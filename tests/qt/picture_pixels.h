@@ -3,7 +3,9 @@
 
 #include <QImage>
 #include <QRect>
+#include <algorithm>
 #include <cstdint>
+#include <cstdlib>
 
 #include "render/palette.h"
 
@@ -39,6 +41,19 @@ inline double ink_in_column(const QImage& image, int x) {
   double ink = 0;
   for (int y = 0; y < image.height(); ++y) ink += (255 - qGray(image.pixel(x, y))) / 255.0;
   return ink;
+}
+
+// Between the channels of two pictures of the same size.
+inline int largest_difference(const QImage& a, const QImage& b) {
+  int largest = 0;
+  for (int y = 0; y < a.height(); ++y) {
+    for (int x = 0; x < a.width(); ++x) {
+      const QRgb p = a.pixel(x, y), q = b.pixel(x, y);
+      largest = std::max({largest, std::abs(qRed(p) - qRed(q)), std::abs(qGreen(p) - qGreen(q)),
+                          std::abs(qBlue(p) - qBlue(q))});
+    }
+  }
+  return largest;
 }
 
 }  // namespace kurv

@@ -50,18 +50,6 @@ Curves noisy(int count, int points) {
   return curves;
 }
 
-int largest_difference(const QImage& a, const QImage& b) {
-  int largest = 0;
-  for (int y = 0; y < a.height(); ++y) {
-    for (int x = 0; x < a.width(); ++x) {
-      const QRgb p = a.pixel(x, y), q = b.pixel(x, y);
-      largest = std::max({largest, std::abs(qRed(p) - qRed(q)), std::abs(qGreen(p) - qGreen(q)),
-                          std::abs(qBlue(p) - qBlue(q))});
-    }
-  }
-  return largest;
-}
-
 void expect_as_one_by_one(const Curves& curves, QSize size, double ratio, Integer pen) {
   Picture together(size, ratio), one_by_one(size, ratio);
   for (Picture* picture : {&together, &one_by_one}) {

@@ -64,19 +64,6 @@ FigureCentre at_a_quarter_pixel(FigureCentre centre, Double twips_per_pixel) {
           std::floor(centre.y / quarter + 0.5) * quarter};
 }
 
-int largest_difference(const QImage& a, const QImage& b) {
-  int largest = 0;
-  for (int y = 0; y < a.height(); ++y) {
-    for (int x = 0; x < a.width(); ++x) {
-      const QRgb one = a.pixel(x, y), other = b.pixel(x, y);
-      largest =
-          std::max({largest, std::abs(qRed(one) - qRed(other)),
-                    std::abs(qGreen(one) - qGreen(other)), std::abs(qBlue(one) - qBlue(other))});
-    }
-  }
-  return largest;
-}
-
 // Each alone on a ground that shows what lets it through, everywhere and over each edge.
 TEST(PictureRepeat, PutsFiguresAtTheNearestQuarterOfAPixel) {
   for (const double ratio : {1.0, 1.25, 2.0}) {

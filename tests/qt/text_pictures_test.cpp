@@ -10,6 +10,7 @@
 
 #include "qt/text_layout.h"
 #include "render/palette.h"
+#include "tests/qt/picture_pixels.h"
 
 namespace kurv {
 namespace {
@@ -65,18 +66,6 @@ QImage painted(const Picture& like, const Sample& sample, QRgb ground) {
     painter.drawText(QPointF(0, 0), piece.text);
   });
   return image;
-}
-
-int largest_difference(const QImage& a, const QImage& b) {
-  int largest = 0;
-  for (int y = 0; y < a.height(); ++y) {
-    for (int x = 0; x < a.width(); ++x) {
-      const QRgb p = a.pixel(x, y), q = b.pixel(x, y);
-      largest = std::max({largest, std::abs(qRed(p) - qRed(q)), std::abs(qGreen(p) - qGreen(q)),
-                          std::abs(qBlue(p) - qBlue(q))});
-    }
-  }
-  return largest;
 }
 
 TEST(TextPictures, LookAsThePainterPaintsThem) {
