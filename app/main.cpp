@@ -12,14 +12,14 @@
 #include <string>
 #include <variant>
 
-#include "app/command_line.h"
-#include "app/eval_command.h"
-#include "app/host_command.h"
-#include "app/info_command.h"
-#include "app/render_command.h"
-#include "app/text.h"
-#include "app/user_error.h"
-#include "app/window_command.h"
+#include "app/base/text.h"
+#include "app/base/user_error.h"
+#include "app/command_line/command_line.h"
+#include "app/command_line/eval_command.h"
+#include "app/command_line/info_command.h"
+#include "app/command_line/render_command.h"
+#include "app/command_line/window_command.h"
+#include "app/host/host_command.h"
 
 namespace {
 

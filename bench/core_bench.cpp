@@ -9,9 +9,9 @@
 
 #include "bench/common/data.h"
 #include "bench/common/expression.h"
-#include "core/selection_order.h"
 #include "expr/evaluator.h"
 #include "expr/parser.h"
+#include "model/selection_order.h"
 #include "raster/columns.h"
 #include "raster/coverage.h"
 #include "raster/long_segments.h"

@@ -2,11 +2,11 @@
 
 #include <algorithm>
 
-#include "core/control_state.h"
+#include "control/control_state.h"
+#include "control/curve_edits.h"
 #include "dialogs/one_line.h"
+#include "model/palette.h"
 #include "render/curves.h"
-#include "render/palette.h"
-#include "ui/curve_edits.h"
 
 namespace kurv {
 

@@ -8,8 +8,8 @@
 #include <QScrollArea>
 #include <QVBoxLayout>
 
+#include "control/property_pages.h"
 #include "dialogs/propert_pages.h"
-#include "ui/pages.h"
 
 namespace kurv {
 

@@ -2,8 +2,8 @@
 #include <QGridLayout>
 #include <QVBoxLayout>
 
-#include "core/axis_range.h"
-#include "core/control_state.h"
+#include "control/axis_limits.h"
+#include "control/control_state.h"
 #include "dialogs/field_rules.h"
 #include "dialogs/propert_pages.h"
 

@@ -2,11 +2,11 @@
 #include <QPointer>
 #include <QVBoxLayout>
 
-#include "core/axis_range.h"
-#include "core/control_state.h"
+#include "control/control_state.h"
+#include "control/prompted_settings.h"
 #include "dialogs/field_rules.h"
 #include "dialogs/propert_pages.h"
-#include "ui/prompted_settings.h"
+#include "model/axis_range.h"
 
 namespace kurv {
 

@@ -1,6 +1,6 @@
 #include <QFormLayout>
 
-#include "core/control_state.h"
+#include "control/control_state.h"
 #include "dialogs/field_rules.h"
 #include "dialogs/propert_pages.h"
 

@@ -8,7 +8,7 @@
 
 #include "dialogs/box_outline.h"
 #include "dialogs/frm_propert.h"
-#include "render/palette.h"
+#include "model/palette.h"
 
 namespace kurv {
 

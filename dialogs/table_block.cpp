@@ -1,7 +1,7 @@
 #include "dialogs/table_block.h"
 
-#include "core/words.h"
 #include "io/text_file.h"
+#include "model/text.h"
 
 namespace kurv {
 

@@ -12,7 +12,7 @@
 #include <limits>
 #include <utility>
 
-#include "core/words.h"
+#include "model/text.h"
 
 namespace kurv {
 

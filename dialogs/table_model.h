@@ -5,11 +5,11 @@
 #include <functional>
 #include <optional>
 
-#include "core/control_state.h"
+#include "control/control_state.h"
+#include "control/table_edits.h"
 #include "dialogs/cell_marks.h"
 #include "dialogs/graph_window.h"
 #include "dialogs/table_block.h"
-#include "ui/table_edits.h"
 
 namespace kurv {
 

@@ -8,10 +8,10 @@
 #include <unordered_map>
 #include <utility>
 
-#include "core/vector_registers.h"
 #include "expr/characters.h"
 #include "expr/parser.h"
 #include "expr/program.h"
+#include "model/vzeroupper.h"
 
 namespace kurv {
 

@@ -1,7 +1,7 @@
 // Gives any bytes to the evaluator and stops the program where a promise of it is broken.
 //
 //   clang++ -std=c++20 -g -O1 -fsanitize=fuzzer,address,undefined -I. -Iinclude
-//     fuzz/expression_fuzzer.cpp expr/*.cpp core/decimal.cpp core/number_text.cpp -o
+//     fuzz/expression_fuzzer.cpp expr/*.cpp model/decimal.cpp model/number_text.cpp model/values.cpp model/fault.cpp model/vzeroupper.cpp -o
 //     expression_fuzzer
 #include <cmath>
 #include <cstddef>

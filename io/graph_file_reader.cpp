@@ -10,10 +10,10 @@
 #include <KurvGraph/fault.h>
 #include <KurvGraph/number_text.h>
 
-#include "core/plain_number.h"
-#include "core/vector_registers.h"
 #include "io/text_encoding.h"
 #include "io/text_file.h"
+#include "model/plain_number.h"
+#include "model/vzeroupper.h"
 
 namespace kurv {
 

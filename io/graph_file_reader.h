@@ -5,7 +5,7 @@
 #include <KurvGraph/services.h>
 #include <KurvGraph/values.h>
 
-#include "core/graph_document.h"
+#include "model/graph_document.h"
 
 namespace kurv {
 

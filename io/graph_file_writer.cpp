@@ -9,8 +9,8 @@
 
 #include <KurvGraph/number_text.h>
 
-#include "core/vector_registers.h"
 #include "io/text_file.h"
+#include "model/vzeroupper.h"
 
 namespace kurv {
 

@@ -7,8 +7,8 @@
 
 #include <KurvGraph/values.h>
 
-#include "core/graph_document.h"
-#include "render/layout.h"
+#include "model/graph_document.h"
+#include "model/layout.h"
 
 namespace kurv {
 

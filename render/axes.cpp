@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
+#include "model/palette.h"
 #include "render/mapping.h"
 #include "render/number_format.h"
-#include "render/palette.h"
 
 namespace kurv {
 

@@ -4,8 +4,8 @@
 #include <KurvGraph/plot_surface.h>
 #include <KurvGraph/services.h>
 
-#include "core/graph_document.h"
-#include "render/layout.h"
+#include "model/graph_document.h"
+#include "model/layout.h"
 
 namespace kurv {
 

@@ -3,8 +3,8 @@
 
 #include <KurvGraph/plot_surface.h>
 
-#include "core/graph_document.h"
-#include "render/layout.h"
+#include "model/graph_document.h"
+#include "model/layout.h"
 
 namespace kurv {
 

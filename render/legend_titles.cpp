@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <vector>
 
+#include "model/palette.h"
 #include "render/curves.h"
 #include "render/markers.h"
-#include "render/palette.h"
 
 namespace kurv {
 

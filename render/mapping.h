@@ -6,8 +6,8 @@
 #include <cstdint>
 #include <span>
 
-#include "core/graph_document.h"
-#include "render/layout.h"
+#include "model/graph_document.h"
+#include "model/layout.h"
 
 namespace kurv {
 

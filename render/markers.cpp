@@ -2,8 +2,8 @@
 
 #include <cmath>
 
+#include "model/palette.h"
 #include "render/curves.h"
-#include "render/palette.h"
 
 namespace kurv {
 

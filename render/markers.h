@@ -3,7 +3,7 @@
 
 #include <KurvGraph/plot_surface.h>
 
-#include "core/graph_document.h"
+#include "model/graph_document.h"
 
 namespace kurv {
 

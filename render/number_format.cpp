@@ -11,7 +11,7 @@
 
 #include <KurvGraph/number_text.h>
 
-#include "core/decimal.h"
+#include "model/decimal.h"
 #include "render/number_pattern.h"
 
 namespace kurv {

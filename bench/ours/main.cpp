@@ -19,10 +19,10 @@
 #include "bench/common/sorting.h"
 #include "bench/common/subject.h"
 #include "bench/ours/control_fixture.h"
-#include "core/data_set.h"
-#include "core/vector_registers.h"
 #include "expr/evaluator.h"
 #include "expr/parser.h"
+#include "model/data_set.h"
+#include "model/vzeroupper.h"
 
 namespace {
 

@@ -11,6 +11,8 @@
 #include <string_view>
 
 #include <KurvGraph/fault.h>
+#include <KurvGraph/service.h>
+#include <KurvGraph/services.h>
 
 namespace kurv {
 
@@ -19,12 +21,6 @@ inline constexpr std::string_view kNumericServiceClass = "{DC310E99-5AAF-4F6D-AA
 inline constexpr std::string_view kSwapServiceClass = "{777D194A-1CDA-447F-B3FB-32E768482A56}";
 inline constexpr std::string_view kTextFieldToolClass = "{0D3FA4E7-4074-41CE-9530-6CEC2D7D987F}";
 inline constexpr std::string_view kPicturePrinterClass = "{5E0B6C1D-93A7-4F52-8C0E-2B7D41F6A398}";
-
-// What every component is.
-class Service {
- public:
-  virtual ~Service() = default;
-};
 
 using ServiceFactory = std::function<std::unique_ptr<Service>()>;
 
@@ -47,5 +43,12 @@ std::unique_ptr<Interface> create(std::string_view class_id) {
   // cppcheck-suppress returnDanglingLifetime
   return std::unique_ptr<Interface>(wanted);
 }
+
+// The library's set, shared by all controls of a process: created at its first use, from the
+// classes that are registered then. Where one cannot be created, its fault reaches the caller, and
+// the next use tries again.
+const Services& library_services();
+// A fresh set of the classes that are registered now.
+Services make_services();
 
 }  // namespace kurv

@@ -17,6 +17,7 @@
 
 #include <KurvGraph/arrays.h>
 #include <KurvGraph/automation.h>
+#include <KurvGraph/class_registry.h>
 #include <KurvGraph/container.h>
 #include <KurvGraph/plot_surface.h>
 #include <KurvGraph/services.h>

@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-#include <KurvGraph/class_registry.h>
+#include <KurvGraph/service.h>
 #include <KurvGraph/values.h>
 
 namespace kurv {

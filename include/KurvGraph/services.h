@@ -8,8 +8,8 @@
 #include <span>
 #include <string_view>
 
-#include <KurvGraph/class_registry.h>
 #include <KurvGraph/expr_evaluator.h>
+#include <KurvGraph/service.h>
 #include <KurvGraph/values.h>
 
 namespace kurv {
@@ -68,12 +68,5 @@ struct Services {
   std::unique_ptr<SwapService> swap;
   std::unique_ptr<TextFieldTool> text_field;
 };
-
-// The library's set, shared by all controls of a process: created at its first use, from the
-// classes that are registered then. Where one cannot be created, its fault reaches the caller, and
-// the next use tries again.
-const Services& library_services();
-// A fresh set of the classes that are registered now.
-Services make_services();
 
 }  // namespace kurv

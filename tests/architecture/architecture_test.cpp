@@ -18,25 +18,65 @@ namespace fs = std::filesystem;
 const fs::path kRoot = KURV_SOURCE_DIR;
 
 struct Source {
-  std::string path;  // from the root
-  std::string room;
+  std::string path;    // from the root
+  std::string module;  // its folder; of a public header, the folder that implements it
   std::string text;
 };
 
-// core/ has two floors: the model below the painting, the control above it.
-const std::set<std::string> kModel = {"built_in_services", "decimal",          "fault",
-                                      "graph_document",    "number_text",      "values",
-                                      "plain_number",      "vector_registers", "words"};
-// And what draws or asks stands above the painting, although it is about expressions.
-const std::set<std::string> kExpressionCommands = {"derived_curve_wizard", "derived_curves",
-                                                   "function_curve_commands", "function_curves"};
+// Bottom to top. A source may include headers of its own module and of the floors below, never of a
+// module beside or above it; so there can be no circle either.
+const std::vector<std::vector<std::string>> kFloors = {
+    {"model"},
+    {"expr", "io", "raster", "render"},
+    {"control"},
+    {"dialogs", "qt/surface"},
+    {"qt/widget"},
+    {"app/base", "examples/minimal"},
+    {"app/csv"},
+    {"app/graph"},
+    {"app/host", "app/window"},
+    {"app/command_line"},
+    {"app"},
+};
 
-std::string room_of(const fs::path& path) {
-  const std::string first = path.begin()->string();
-  if (first == "core") return kModel.contains(path.stem().string()) ? "model" : "control";
-  if (first == "expr" && kExpressionCommands.contains(path.stem().string())) return "control";
-  if (first == "ui") return "control";
-  return first == "include" ? "public" : first;
+constexpr std::size_t kNoFloor = 99;
+
+std::size_t floor_of(const std::string& module) {
+  for (std::size_t floor = 0; floor < kFloors.size(); ++floor) {
+    if (std::count(kFloors[floor].begin(), kFloors[floor].end(), module) > 0) return floor;
+  }
+  return kNoFloor;
+}
+
+// "KurvGraph.h" is implemented by kurv_graph.cpp.
+std::string key_of(const fs::path& path) {
+  std::string key;
+  for (const char c : path.stem().string()) {
+    if (c != '_') key += static_cast<char>(c >= 'A' && c <= 'Z' ? c - 'A' + 'a' : c);
+  }
+  return key;
+}
+
+// The folder with the source of that name; a header that needs none is the model's.
+std::string implementer_of(const fs::path& public_header) {
+  static const std::map<std::string, std::string> folders = [] {
+    std::map<std::string, std::string> found;
+    for (const auto& floor : kFloors) {
+      for (const std::string& module : floor) {
+        for (const auto& entry : fs::directory_iterator(kRoot / module)) {
+          if (entry.path().extension() == ".cpp") found.emplace(key_of(entry.path()), module);
+        }
+      }
+    }
+    return found;
+  }();
+  const auto found = folders.find(key_of(public_header));
+  return found == folders.end() ? "model" : found->second;
+}
+
+std::string module_of(const fs::path& path) {
+  if (path.begin()->string() == "include") return implementer_of(path);
+  return path.parent_path().string();
 }
 
 // Every folder but those that are read by nobody who ships.
@@ -52,7 +92,7 @@ std::vector<Source> sources() {
       std::ifstream file(entry.path(), std::ios::binary);
       const fs::path path = fs::relative(entry.path(), kRoot);
       found.push_back(
-          {path.string(), room_of(path), std::string{std::istreambuf_iterator<char>(file), {}}});
+          {path.string(), module_of(path), std::string{std::istreambuf_iterator<char>(file), {}}});
     }
   }
   return found;
@@ -72,48 +112,87 @@ bool matches(const Source& source, const char* pattern) {
   return std::regex_search(source.text, std::regex(pattern));
 }
 
-bool may_know_the_toolkit(const Source& source) {
-  return source.room == "qt" || source.room == "dialogs" || source.room == "app" ||
-         source.room == "examples" || source.path == "include/KurvGraph/picture.h" ||
-         source.path == "include/KurvGraph/vector_picture.h" ||
-         source.path == "include/KurvGraph/KurvGraph.h";
+bool is_host(const Source& source) {
+  return source.module.starts_with("app") || source.module.starts_with("examples");
 }
 
-TEST(Architecture, SourcesAreFound) {
-  std::set<std::string> rooms;
-  for (const Source& source : sources()) rooms.insert(source.room);
-  for (const char* room :
-       {"public", "model", "control", "render", "raster", "io", "expr", "dialogs", "qt", "app"}) {
-    EXPECT_TRUE(rooms.contains(room)) << room;
+bool may_know_the_toolkit(const Source& source) {
+  return source.module == "dialogs" || source.module.starts_with("qt/") || is_host(source);
+}
+
+TEST(Architecture, EverySourceIsInAModule) {
+  std::set<std::string> modules;
+  for (const Source& source : sources()) {
+    modules.insert(source.module);
+    EXPECT_NE(floor_of(source.module), kNoFloor) << source.path << " is in an unknown module";
+  }
+  for (const auto& floor : kFloors) {
+    for (const std::string& module : floor) {
+      EXPECT_TRUE(modules.contains(module)) << module << " holds no source";
+    }
   }
 }
 
-TEST(Architecture, NothingIncludesUpwards) {
-  const std::map<std::string, std::set<std::string>> allowed = {
-      {"public", {}},
-      {"model", {"model"}},
-      {"raster", {"raster"}},
-      {"render", {"render", "model"}},
-      {"io", {"io", "render", "model"}},
-      {"expr", {"expr", "model"}},
-      {"control", {"control", "io", "expr", "render", "model"}},
-      {"dialogs", {"dialogs", "io", "render", "control", "model"}},
-      {"qt", {"qt", "dialogs", "raster", "io", "render", "control", "model"}},
-      {"app", {"app"}},
-      {"examples", {}},
-  };
+TEST(Architecture, NothingIncludesUpwardsOrSideways) {
   for (const Source& source : sources()) {
     for (const std::string& include : includes(source)) {
+      const bool is_public = include.starts_with("<KurvGraph/");
+      if (!is_public && include[0] != '"') continue;
+      const std::string module =
+          is_public ? implementer_of(include.substr(1)) : module_of(include.substr(1));
+      EXPECT_TRUE(module == source.module || floor_of(module) < floor_of(source.module))
+          << source.path << " includes " << include.substr(1) << " of " << module;
+    }
+  }
+}
+
+TEST(Architecture, PublicHeadersIncludeNoPrivateOnes) {
+  for (const Source& source : sources()) {
+    if (!source.path.starts_with("include/")) continue;
+    for (const std::string& include : includes(source)) {
+      EXPECT_NE(include[0], '"') << source.path << " includes " << include.substr(1);
+    }
+  }
+}
+
+TEST(Architecture, HostsSeeThePublicHeadersAlone) {
+  for (const Source& source : sources()) {
+    if (!is_host(source)) continue;
+    for (const std::string& include : includes(source)) {
       if (include[0] != '"') continue;
-      const std::string room = room_of(include.substr(1));
-      ASSERT_TRUE(allowed.contains(source.room)) << source.path << " is in an unknown room";
-      EXPECT_TRUE(allowed.at(source.room).contains(room))
+      EXPECT_TRUE(include.starts_with("\"app/"))
           << source.path << " includes " << include.substr(1);
     }
   }
 }
 
-TEST(Architecture, ToolkitStaysInItsRooms) {
+// One target a folder, named like it, so that the linker keeps the floors as well.
+TEST(Architecture, EveryModuleIsATargetThatLinksDownwards) {
+  static const std::regex kLinks(R"(LINKS ([^)]*)\))");
+  static const std::regex kTarget(R"(kurv_[a-z_]+)");
+  std::map<std::string, std::string> modules;
+  for (const auto& floor : kFloors) {
+    for (const std::string& module : floor) {
+      modules["kurv_" + std::regex_replace(module, std::regex("/"), "_")] = module;
+    }
+  }
+  for (const auto& [target, module] : modules) {
+    if (module == "app" || module == "examples/minimal") continue;  // programs
+    std::ifstream file(kRoot / module / "CMakeLists.txt");
+    const std::string text{std::istreambuf_iterator<char>(file), {}};
+    EXPECT_NE(text.find("kurv_module("), std::string::npos) << module;
+    std::smatch links;
+    if (!std::regex_search(text, links, kLinks)) continue;
+    const std::string list = links[1];
+    for (std::sregex_iterator it(list.begin(), list.end(), kTarget), end; it != end; ++it) {
+      ASSERT_TRUE(modules.contains(it->str())) << module << " links to " << it->str();
+      EXPECT_LT(floor_of(modules.at(it->str())), floor_of(module))
+          << module << " links to " << it->str();
+    }
+  }
+}
+
+TEST(Architecture, ToolkitStaysInItsModules) {
   for (const Source& source : sources()) {
     if (may_know_the_toolkit(source)) continue;
     for (const std::string& include : includes(source)) {
@@ -139,10 +218,8 @@ TEST(Architecture, NumbersAndTextsDependOnNoLocale) {
       R"(\b(strtod|strtof|strtold|atof|stod|stof|stold|setlocale|isalpha|isdigit|isspace|tolower|toupper|printf|sprintf|snprintf|scanf|sscanf)\s*\()";
   for (const Source& source : sources()) {
     EXPECT_FALSE(matches(source, locale_bound)) << source.path;
-    if (source.room == "app" || source.room == "qt" || source.room == "dialogs") continue;
-    for (const char* header : {"<iostream", "<sstream", "<locale", "<iomanip", "<cstdio"}) {
-      // Files of bytes are the other thing that <cstdio> is for.
-      if (source.path.starts_with("io/text_file.")) continue;
+    if (may_know_the_toolkit(source)) continue;
+    for (const char* header : {"<iostream", "<sstream", "<locale", "<iomanip"}) {
       for (const std::string& include : includes(source)) {
         EXPECT_NE(include, header) << source.path;
       }
@@ -150,13 +227,16 @@ TEST(Architecture, NumbersAndTextsDependOnNoLocale) {
   }
 }
 
+// Faults pass through the library to whoever called it. They are caught where nobody is left to
+// pass them to: in a destructor, and in the widget and the program, which the toolkit's event loop
+// and the user call.
 TEST(Architecture, OnlyTheOuterEdgesCatch) {
   for (const Source& source : sources()) {
-    // The widget stands between the control and the event loop, which no exception may cross, and
-    // the control's destructor has nobody to throw to.
-    if (source.room == "app" || source.path == "qt/kurv_graph.cpp") continue;
-    if (source.path == "core/control.cpp") continue;
-    EXPECT_FALSE(matches(source, R"(\bcatch\s*\()")) << source.path;
+    if (is_host(source) || source.module == "qt/widget") continue;
+    std::string text = source.text;
+    static const std::regex kDestructor(R"(\w+::~\w+\(\) \{[\s\S]*?\n\})");
+    text = std::regex_replace(text, kDestructor, "");
+    EXPECT_FALSE(std::regex_search(text, std::regex(R"(\bcatch\s*\()"))) << source.path;
   }
 }
 

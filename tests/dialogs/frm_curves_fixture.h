@@ -13,7 +13,7 @@
 #include <string>
 #include <vector>
 
-#include "core/control_state.h"
+#include "control/control_state.h"
 #include "dialogs/frm_curves.h"
 #include "tests/dialogs/test_client.h"
 

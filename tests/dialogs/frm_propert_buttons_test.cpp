@@ -1,5 +1,5 @@
+#include "control/property_pages.h"
 #include "tests/dialogs/propert_support.h"
-#include "ui/pages.h"
 
 namespace kurv::test {
 

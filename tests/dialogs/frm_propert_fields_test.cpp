@@ -1,6 +1,6 @@
 // What happens to the graph when the user works in one field.
+#include "control/property_pages.h"
 #include "tests/dialogs/propert_support.h"
-#include "ui/pages.h"
 
 namespace kurv::test {
 

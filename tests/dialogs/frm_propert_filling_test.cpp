@@ -1,8 +1,8 @@
 // Filling shows the graph and never writes to it.
 #include <limits>
 
+#include "control/property_pages.h"
 #include "tests/dialogs/propert_support.h"
-#include "ui/pages.h"
 
 namespace kurv::test {
 

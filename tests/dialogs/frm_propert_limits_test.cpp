@@ -1,6 +1,6 @@
 // The limits and what sets them.
+#include "control/property_pages.h"
 #include "tests/dialogs/propert_support.h"
-#include "ui/pages.h"
 
 namespace kurv::test {
 

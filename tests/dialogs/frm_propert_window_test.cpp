@@ -5,8 +5,8 @@
 #include <QTabBar>
 #include <map>
 
+#include "control/property_pages.h"
 #include "tests/dialogs/propert_support.h"
-#include "ui/pages.h"
 
 namespace kurv::test {
 

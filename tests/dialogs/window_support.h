@@ -3,8 +3,8 @@
 
 #include <gmock/gmock.h>
 
-#include "tests/widget/hands.h"
-#include "tests/widget/user.h"
+#include "tests/qt/widget/hands.h"
+#include "tests/qt/widget/user.h"
 
 namespace kurv::test {
 

@@ -4,7 +4,7 @@
 
 #include <csignal>
 
-#include "tests/io/graph_files.h"
+#include "tests/support/graph_files.h"
 
 namespace kurv {
 namespace {

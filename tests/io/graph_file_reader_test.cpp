@@ -8,7 +8,7 @@
 #include <optional>
 
 #include "io/text_file.h"
-#include "tests/io/graph_files.h"
+#include "tests/support/graph_files.h"
 
 namespace kurv {
 namespace {

@@ -3,7 +3,7 @@
 #include <cmath>
 #include <limits>
 
-#include "tests/io/graph_files.h"
+#include "tests/support/graph_files.h"
 
 namespace kurv {
 namespace {

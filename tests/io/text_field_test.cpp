@@ -1,4 +1,4 @@
-#include <KurvGraph/services.h>
+#include <KurvGraph/class_registry.h>
 #include <gtest/gtest.h>
 
 namespace kurv {

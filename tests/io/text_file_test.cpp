@@ -2,7 +2,7 @@
 
 #include <sys/stat.h>
 
-#include "tests/io/graph_files.h"
+#include "tests/support/graph_files.h"
 
 namespace kurv {
 namespace {

@@ -11,7 +11,7 @@
 #include <vector>
 
 #include <KurvGraph/recording_surface.h>
-#include "core/control_state.h"
+#include "control/control_state.h"
 
 namespace kurv::test {
 

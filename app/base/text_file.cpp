@@ -1,0 +1,89 @@
+#include "app/base/text_file.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <filesystem>
+#include <memory>
+#include <system_error>
+#include <vector>
+
+#include "app/base/text.h"
+#include "app/base/user_error.h"
+
+namespace kurv::app {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::size_t kLargestFile = std::size_t{2} << 30;
+constexpr std::size_t kBlock = std::size_t{1} << 20;
+
+struct Close {
+  void operator()(std::FILE* file) const { std::fclose(file); }
+};
+using File = std::unique_ptr<std::FILE, Close>;
+
+UserError unreadable(const std::string& path, int error) {
+  const char* advice = "check the disk that it is on";
+  if (error == ENOENT || error == ENOTDIR || error == ENAMETOOLONG) advice = "check the name";
+  if (error == EACCES || error == EPERM) advice = "check its permissions";
+  return UserError(path + " cannot be read: " + std::generic_category().message(error) + "; " +
+                   advice + ".");
+}
+
+UserError too_large(const std::string& path) {
+  return UserError(path + " is larger than 2 GiB; cut it into smaller files first.");
+}
+
+File open(const std::string& path, const std::string& kind) {
+  std::error_code ignored;
+  if (fs::is_directory(path, ignored)) {
+    throw UserError(path + " is a directory; name a " + kind + " file instead.");
+  }
+  File file(std::fopen(path.c_str(), "rb"));
+  if (!file) throw unreadable(path, errno);
+  return file;
+}
+
+// Blocks, so that neither an endless device nor a film is read to its end before it is refused.
+std::string read_all(std::FILE& file, const std::string& path, bool text) {
+  std::string bytes;
+  std::error_code unknown_size;
+  const std::uintmax_t size = fs::file_size(path, unknown_size);
+  if (!unknown_size && size > kLargestFile) throw too_large(path);
+  if (!unknown_size) bytes.reserve(size);
+  std::vector<char> block(kBlock);
+  while (const std::size_t length = std::fread(block.data(), 1, block.size(), &file)) {
+    if (text && std::memchr(block.data(), 0, length) != nullptr) {
+      throw UserError(path + " is no text; save the table as a CSV file in UTF-8 first.");
+    }
+    if (bytes.size() + length > kLargestFile) {
+      throw too_large(path);
+    }
+    bytes.append(block.data(), length);
+  }
+  if (std::ferror(&file) != 0) throw unreadable(path, errno);
+  return bytes;
+}
+
+}  // namespace
+
+std::string read_text_file(const std::string& path) {
+  const File file = open(path, "CSV");
+  std::string bytes = read_all(*file, path, true);
+  constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+  if (bytes.starts_with(kByteOrderMark)) bytes.erase(0, kByteOrderMark.size());
+  if (bytes.find_first_not_of(" \t\r\n") == std::string::npos) {
+    throw UserError(path + " is empty; it needs a row of names and rows of numbers.");
+  }
+  return bytes;
+}
+
+std::string read_graph_file_bytes(const std::string& path) {
+  const File file = open(path, "graph");
+  return read_all(*file, path, false);
+}
+
+}  // namespace kurv::app

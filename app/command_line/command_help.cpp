@@ -1,0 +1,97 @@
+#include "app/command_line/command_help.h"
+
+#include <KurvGraph/automation.h>
+
+#include <string_view>
+
+namespace kurv::app {
+
+namespace {
+
+constexpr std::size_t kHelpWidth = 78;
+
+constexpr const char* kChoiceNotes = R"(
+What holds without an option stands in parentheses. Columns are named as in
+the file, and one with a comma in its name is quoted: --y 'co2,"adjusted, ppm"'.
+The letter case of a property does not matter. A graph file has its columns and
+looks in it: of the choices it takes the size, the titles, lines, markers and
+properties that are given.
+)";
+
+// All properties as a paragraph.
+std::string property_list() {
+  std::string result = "Properties for --set:\n";
+  std::size_t column = kHelpWidth;
+  for (const Member& property : properties()) {
+    if (column + 1 + property.name.size() > kHelpWidth) {
+      result += result.back() == '\n' ? " " : "\n ";
+      column = 1;
+    }
+    result += ' ';
+    result += property.name;
+    column += 1 + property.name.size();
+  }
+  return result + '\n';
+}
+
+}  // namespace
+
+std::string HelpFormatter::make_option_name(const CLI::Option* option, bool positional) const {
+  std::string name = CLI::Formatter::make_option_name(option, positional);
+  constexpr std::string_view kMeaning = "{false}";
+  if (name.ends_with(kMeaning)) name.resize(name.size() - kMeaning.size());
+  return name;
+}
+
+std::string program_footer() {
+  return R"(
+Each FILE opens in a window of its own; without one, an empty window
+opens. "kurv render --help" explains how to draw without a window, and lists
+the properties for --set.
+
+Examples:
+  kurv co2.csv --y co2,adjusted
+  kurv render co2.csv -o co2.png
+  kurv convert co2.csv -o co2.gdf
+  kurv info --check co2.gdf
+)";
+}
+
+std::string render_footer() {
+  return property_list() + kChoiceNotes + R"(
+Example:
+  kurv render co2.csv -o co2.png --y co2,adjusted --title "Mauna Loa" \
+       --subtitle "CO2 in ppm" --set X_grid=True --set NumTicks=6
+)";
+}
+
+std::string convert_footer() {
+  return property_list() + kChoiceNotes + R"(
+An existing graph file is kept as its name with "~" until the new one is
+complete.
+
+Example:
+  kurv convert co2.csv -o co2.gdf --title "Mauna Loa" --set X_grid=True
+)";
+}
+
+std::string host_footer() {
+  return R"(
+Each line of standard input is a request, a JSON object; each gets one line on
+standard output at once. It ends with the end of the input.
+
+Example:
+  echo '{"get":"NumTicks"}' | kurv host
+)";
+}
+
+std::string info_footer() {
+  return R"(
+Exit status 1 says that the file would not load.
+
+Example:
+  kurv info --check co2.gdf
+)";
+}
+
+}  // namespace kurv::app

@@ -1,0 +1,276 @@
+#include "app/command_line/command_line.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <memory>
+#include <sstream>
+
+#include "app/base/text.h"
+#include "app/base/user_error.h"
+#include "app/command_line/command_help.h"
+#include "app/command_line/option_values.h"
+#include "app/graph/graph_file.h"
+#include "app/graph/picture_file.h"
+
+namespace kurv::app {
+
+namespace {
+
+// Texts as the options give them, until all of them are read.
+struct Texts {
+  std::optional<std::string> size;
+  std::optional<std::string> scale;
+  std::string every = "1";
+  std::vector<std::string> y;
+  std::vector<std::string> derivations;
+  std::vector<std::string> settings;
+  std::optional<std::string> locale;
+};
+
+// The arguments, last one first, as the parser wants them. It takes "--title=" for an option
+// without its value, so that the empty value becomes an argument of its own.
+std::vector<std::string> words(int argc, const char* const* argv) {
+  std::vector<std::string> result;
+  for (int i = 1; i < argc; ++i) {
+    std::string word = argv[i];
+    const bool empty_value = word.starts_with("--") && word.find('=') + 1 == word.size();
+    if (empty_value) word.pop_back();
+    result.push_back(word);
+    if (empty_value) result.emplace_back();
+  }
+  std::reverse(result.begin(), result.end());
+  return result;
+}
+
+void check_file_name(const std::string& name) {
+  if (!name.empty()) return;
+  throw UserError("the name of a file is empty; name one, as in \"kurv data.csv\".", kUsageFailure);
+}
+
+class Program {
+ public:
+  Program() {
+    m_app.name("kurv");
+    m_app.set_version_flag("--version", "kurv " KURV_VERSION, "Print the version and exit");
+    for (CLI::App* command : {&m_app, m_render, m_convert, m_host, m_info}) {
+      command->formatter(std::make_shared<HelpFormatter>());
+    }
+    m_app.footer(program_footer());
+    m_render->footer(render_footer());
+    m_convert->footer(convert_footer());
+    m_host->footer(host_footer());
+    m_info->footer(info_footer());
+    add_files();
+    for (CLI::App* command : {&m_app, m_render, m_convert}) {
+      add_choice(*command);
+      add_looks(*command);
+    }
+    for (CLI::App* command : {&m_app, m_render, m_convert, m_info}) add_locale(*command);
+    m_render
+        ->add_option("--scale", m_texts.scale,
+                     "Pixels per logical pixel, 0.5 to 8, of a .png or .bmp (1)")
+        ->type_name("RATIO");
+    m_eval
+        ->add_option("EXPRESSION", m_expression,
+                     "Such as 'x*(sin(x)+2)'; read from the input without")
+        ->type_name("");
+    m_eval->add_option("VALUES", m_values, "Values of its variables: name=value ...")
+        ->type_name("");
+    m_info->add_flag("--check", m_check, "List what is odd about the file, with line numbers");
+  }
+
+  Command parse(int argc, const char* const* argv) {
+    try {
+      m_app.parse(words(argc, argv));
+    } catch (const CLI::ParseError& stop) {
+      std::ostringstream text;
+      std::ostringstream ignored;
+      if (m_app.exit(stop, text, ignored) == 0) return Notice{text.str()};
+      throw UserError(
+          on_one_line(stop.what()) + "; \"" + command_name() + " --help\" explains the options.",
+          kUsageFailure);
+    }
+    refuse_files_before_commands();
+    for (const std::string& name : m_data_files) check_file_name(name);
+    if (m_host->parsed()) return HostRequest();
+    if (m_eval->parsed()) return EvalRequest{m_expression, m_values};
+    if (chosen() != nullptr) check_file_name(m_file);
+    read_choice();
+    if (m_info->parsed()) return InfoRequest{m_file, m_check, m_choice.locale};
+    if (m_convert->parsed()) return convert_request();
+    if (m_render->parsed()) return render_request();
+    return window_request();
+  }
+
+  std::string help() const { return m_app.help(); }
+
+ private:
+  // The command among the arguments, or nullptr for windows.
+  const CLI::App* chosen() const {
+    for (const CLI::App* command : {m_render, m_convert, m_host, m_info, m_eval}) {
+      if (command->parsed()) return command;
+    }
+    return nullptr;
+  }
+
+  std::string command_name() const {
+    return chosen() ? "kurv " + chosen()->get_name() : std::string("kurv");
+  }
+
+  void add_files() {
+    m_app.add_option("FILE", m_data_files, "The data: CSV or graph files")->type_name("");
+    for (CLI::App* command : {m_render, m_convert}) {
+      command->add_option("FILE", m_file, "The data: a CSV or a graph file")
+          ->required()
+          ->type_name("");
+    }
+    m_info->add_option("FILE", m_file, "The graph file")->required()->type_name("");
+    m_render
+        ->add_option("-o,--output", m_output, "The picture: a " + picture_extensions() + " file")
+        ->required()
+        ->type_name("PICTURE");
+    m_convert->add_option("-o,--output", m_output, "The graph file: a .gdf file")
+        ->required()
+        ->type_name("GRAPH");
+  }
+
+  void add_choice(CLI::App& command) {
+    command
+        .add_option("--size", m_texts.size,
+                    "Width and height in logical pixels, up to 7680x4320 (1000x700)")
+        ->type_name("WxH");
+    command.add_option("--x", m_choice.selection.x, "The column for x (the first one)")
+        ->type_name("NAME");
+    command
+        .add_option("--y", m_texts.y, "The columns to draw, repeatable (all others with numbers)")
+        ->type_name("NAME,...")
+        ->allow_extra_args(false);
+    command.add_option("--every", m_texts.every, "Take each N-th row: 1, N+1, 2N+1 and so on")
+        ->type_name("N");
+    command.add_flag("--sort", m_choice.sort, "Sort the points by x");
+  }
+
+  void add_looks(CLI::App& command) {
+    command.add_option("--title", m_choice.title, "The title (the data file's name)")
+        ->type_name("TEXT");
+    command.add_option("--subtitle", m_choice.subtitle, "The line beside the title")
+        ->type_name("TEXT");
+    command
+        .add_option("--function", m_choice.functions,
+                    "Draw a function of x, such as 'x*(sin(x)+2)'; repeatable")
+        ->type_name("EXPRESSION")
+        ->allow_extra_args(false);
+    command
+        .add_option("--derive", m_texts.derivations,
+                    "Add a curve computed from others, such as 'ratio=up/(1+down)'; repeatable")
+        ->type_name("NAME=EXPRESSION")
+        ->allow_extra_args(false);
+    add_switch(command, "lines", m_choice.lines, "lines between the points (on)");
+    add_switch(command, "markers", m_choice.markers, "a marker at each point (off)");
+    command.add_option("--set", m_texts.settings, "Set a property of the graph, repeatable")
+        ->type_name("PROPERTY=VALUE")
+        ->allow_extra_args(false);
+  }
+
+  void add_locale(CLI::App& command) {
+    command
+        .add_option("--locale", m_texts.locale,
+                    "Decides about the decimal separator in graph files (a point)")
+        ->type_name("NAME");
+  }
+
+  // Of two contrary switches the later one counts.
+  static void add_switch(CLI::App& command, const std::string& name, std::optional<bool>& target,
+                         const std::string& what) {
+    command
+        .add_flag_function(
+            "--" + name + ",!--no-" + name, [&target](std::int64_t count) { target = count > 0; },
+            "Draw " + what)
+        ->multi_option_policy(CLI::MultiOptionPolicy::TakeLast);
+  }
+
+  void refuse_files_before_commands() const {
+    if (chosen() == nullptr || m_data_files.empty()) return;
+    throw UserError("the file " + in_quotes(m_data_files.front()) + " stands before " +
+                        in_quotes(chosen()->get_name()) + "; it belongs behind it.",
+                    kUsageFailure);
+  }
+
+  void read_choice() {
+    if (m_texts.size) m_choice.size = parse_size(*m_texts.size);
+    if (m_texts.locale) m_choice.locale = parse_locale(*m_texts.locale);
+    m_choice.selection.every = parse_every(m_texts.every);
+    for (const std::string& list : m_texts.y) {
+      for (const std::string& name : parse_names(list)) m_choice.selection.y.push_back(name);
+    }
+    // A line end would tear the graph file's lines apart.
+    for (std::string& function : m_choice.functions) function = on_one_line(function);
+    for (const std::string& text : m_texts.derivations) {
+      m_choice.derivations.push_back(parse_derivation(text));
+    }
+    for (const std::string& text : m_texts.settings) {
+      m_choice.settings.push_back(parse_setting(text));
+    }
+  }
+
+  RenderRequest render_request() const {
+    const std::optional<PictureFormat> format = picture_format(m_output);
+    if (!format) {
+      throw UserError("the name of the picture must end in " + picture_extensions() + ", and " +
+                          in_quotes(m_output) + " does not.",
+                      kUsageFailure);
+    }
+    if (m_texts.scale && is_vector(*format)) {
+      throw UserError("a picture of lines and text such as " + in_quotes(m_output) +
+                          " has no pixels to scale; leave out --scale.",
+                      kUsageFailure);
+    }
+    const double scale = m_texts.scale ? parse_scale(*m_texts.scale) : 1;
+    check_picture_size(m_choice.size.value_or(kUsualSize), scale);
+    return {m_choice, m_file, m_output, scale};
+  }
+
+  ConvertRequest convert_request() const {
+    if (!is_named_as_graph_file(m_output)) {
+      throw UserError(
+          "the name of the graph file must end in .gdf, and " + in_quotes(m_output) + " does not.",
+          kUsageFailure);
+    }
+    return {m_choice, m_file, m_output};
+  }
+
+  WindowRequest window_request() const {
+    if (m_data_files.empty()) {
+      throw UserError("a file is missing, as in \"kurv data.csv\".", kUsageFailure);
+    }
+    return {m_choice, m_data_files};
+  }
+
+  GraphChoice m_choice;
+  std::vector<std::string> m_data_files;
+  std::string m_file;
+  std::string m_output;
+  bool m_check = false;
+  std::optional<std::string> m_expression;
+  std::vector<std::string> m_values;
+  Texts m_texts;
+  CLI::App m_app{"Draws tables of numbers as graphs."};
+  CLI::App* m_render =
+      m_app.add_subcommand("render", "Draw a file into a picture, without a window");
+  CLI::App* m_convert = m_app.add_subcommand("convert", "Write a graph file from a CSV file");
+  CLI::App* m_info = m_app.add_subcommand("info", "Print what is inside a graph file");
+  CLI::App* m_eval = m_app.add_subcommand("eval", "Print the value of an expression");
+  CLI::App* m_host = m_app.add_subcommand("host", "Serve the graph on standard input and output");
+};
+
+}  // namespace
+
+Command parse_command_line(int argc, const char* const* argv) {
+  return Program().parse(argc, argv);
+}
+
+std::string program_help() {
+  return Program().help();
+}
+
+}  // namespace kurv::app

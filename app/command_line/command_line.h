@@ -1,0 +1,62 @@
+// What the program is asked to do.
+#pragma once
+
+#include <QLocale>
+#include <optional>
+#include <string>
+#include <variant>
+#include <vector>
+
+#include "app/graph/graph_choice.h"
+
+namespace kurv::app {
+
+// A picture without a window.
+struct RenderRequest : GraphChoice {
+  std::string data_file;
+  std::string picture_file;
+  double scale = 1;  // device pixels per logical pixel
+};
+
+// A graph file, drawn nowhere.
+struct ConvertRequest : GraphChoice {
+  std::string data_file;
+  std::string graph_file;
+};
+
+// One window for each file.
+struct WindowRequest : GraphChoice {
+  std::vector<std::string> data_files;
+};
+
+// The control on standard input and output.
+struct HostRequest {};
+
+// What is inside a graph file, or what is odd about it.
+struct InfoRequest {
+  std::string graph_file;
+  bool check = false;
+  std::optional<QLocale> locale;
+};
+
+// The value of an expression, or of one in each line of standard input.
+struct EvalRequest {
+  std::optional<std::string> expression;
+  std::vector<std::string> values;  // name=value
+};
+
+// A text for standard output: the help or the version.
+struct Notice {
+  std::string text;
+};
+
+using Command = std::variant<RenderRequest, ConvertRequest, WindowRequest, HostRequest, InfoRequest,
+                             EvalRequest, Notice>;
+
+// Throws UserError with kUsageFailure for what cannot be understood, before anything is read.
+Command parse_command_line(int argc, const char* const* argv);
+
+// The help of the program as a whole.
+std::string program_help();
+
+}  // namespace kurv::app

@@ -1,0 +1,212 @@
+#include "app/command_line/option_values.h"
+
+#include <KurvGraph/fault.h>
+#include <KurvGraph/number_text.h>
+
+#include <algorithm>
+#include <charconv>
+#include <optional>
+
+#include "app/base/text.h"
+#include "app/base/user_error.h"
+#include "app/csv/csv_table.h"
+
+namespace kurv::app {
+
+namespace {
+
+constexpr int kWidest = 7680;
+constexpr int kHighest = 4320;
+constexpr double kSmallestScale = 0.5;
+constexpr double kLargestScale = 8;
+// Pixels of the picture, and of one side of it.
+constexpr double kMostPixels = 4.0 * kWidest * kHighest;
+constexpr double kLongestSide = 32767;
+
+UserError misuse(const std::string& sentence) {
+  return UserError(sentence, kUsageFailure);
+}
+
+template <class Number>
+std::optional<Number> whole_number(std::string_view text) {
+  Number value{};
+  const char* end = text.data() + text.size();
+  const std::from_chars_result result = std::from_chars(text.data(), end, value);
+  if (result.ec != std::errc() || result.ptr != end) return std::nullopt;
+  return value;
+}
+
+// What the type takes, for a sentence.
+std::string expectation(ValueType type) {
+  switch (type) {
+    case ValueType::kInteger:
+      return "a whole number from -32768 to 32767";
+    case ValueType::kBoolean:
+      return "True or False";
+    case ValueType::kSingle:
+    case ValueType::kDouble:
+      return "a number";
+    default:
+      return "a text";
+  }
+}
+
+// Throws Fault where the control would. A part of a whole number is refused here, because whoever
+// types one does not expect it to be rounded.
+void convert(ValueType type, const Variant& value) {
+  if (type == ValueType::kInteger) {
+    if (to_double(value) != to_integer(value)) throw Fault(FaultKind::kTypeMismatch);
+  } else if (type == ValueType::kBoolean) {
+    static_cast<void>(to_boolean(value));
+  } else if (type == ValueType::kSingle) {
+    static_cast<void>(to_single(value));
+  } else if (type == ValueType::kDouble) {
+    static_cast<void>(to_double(value));
+  }
+}
+
+// Whether the one text becomes the other by a few changed, missing or added letters.
+std::size_t distance(std::string_view one, std::string_view other) {
+  std::vector<std::size_t> row(other.size() + 1);
+  for (std::size_t j = 0; j < row.size(); ++j) row[j] = j;
+  for (std::size_t i = 1; i <= one.size(); ++i) {
+    std::size_t diagonal = row[0];
+    row[0] = i;
+    for (std::size_t j = 1; j < row.size(); ++j) {
+      const std::size_t changed = diagonal + (one[i - 1] == other[j - 1] ? 0 : 1);
+      diagonal = row[j];
+      row[j] = std::min({changed, row[j] + 1, row[j - 1] + 1});
+    }
+  }
+  return row.back();
+}
+
+// Names that contain the text or are almost the same.
+std::vector<std::string> similar_properties(std::string_view name) {
+  constexpr std::size_t kLongestName = 40;
+  std::vector<std::string> result;
+  if (name.empty() || name.size() > kLongestName) return result;
+  const std::string wanted = lower_case(name);
+  for (const Member& property : properties()) {
+    const std::string known = lower_case(property.name);
+    const bool contained = wanted.size() > 2 && known.find(wanted) != std::string::npos;
+    if (contained || distance(wanted, known) <= 2) result.emplace_back(property.name);
+  }
+  return result;
+}
+
+const Member& property_named(std::string_view name) {
+  if (const Member* property = find_property(name)) return *property;
+  const std::vector<std::string> similar = similar_properties(name);
+  throw misuse("there is no property " + in_quotes(name) + "; " +
+               (similar.empty() ? "\"kurv render --help\" lists all of them."
+                                : "similar ones are " + enumeration(similar, 6) + "."));
+}
+
+}  // namespace
+
+QSize parse_size(std::string_view text) {
+  const std::size_t cross = text.find_first_of("xX");
+  if (cross != std::string_view::npos) {
+    const std::optional<int> width = whole_number<int>(text.substr(0, cross));
+    const std::optional<int> height = whole_number<int>(text.substr(cross + 1));
+    if (width && height && *width >= 1 && *width <= kWidest && *height >= 1 &&
+        *height <= kHighest) {
+      return {*width, *height};
+    }
+  }
+  throw misuse("--size takes a width and a height such as 1000x700, from 1x1 to 7680x4320, not " +
+               in_quotes(text) + ".");
+}
+
+double parse_scale(std::string_view text) {
+  const std::optional<Double> scale = text_to_number(text);
+  if (scale && *scale >= kSmallestScale && *scale <= kLargestScale) return *scale;
+  throw misuse("--scale takes a number from 0.5 to 8, not " + in_quotes(text) + ".");
+}
+
+std::size_t parse_every(std::string_view text) {
+  const std::optional<std::size_t> every = whole_number<std::size_t>(text);
+  if (every && *every >= 1) return *every;
+  throw misuse("--every takes a whole number from 1 upwards, not " + in_quotes(text) + ".");
+}
+
+std::vector<std::string> parse_names(std::string_view text) {
+  std::vector<std::string> names;
+  try {
+    // A list of names is written as a line of a file is.
+    const CsvTable table = parse_csv(text, ',', "--y");
+    for (std::size_t i = 0; table.rows() == 1 && i < table.width(0); ++i) {
+      names.emplace_back(trimmed(table.cell(0, i)));
+    }
+  } catch (const UserError&) {
+    // A quotation mark is open: as it is, the list has no names.
+  }
+  if (!names.empty()) return names;
+  throw misuse("--y takes the names of columns with commas between them, not " + in_quotes(text) +
+               ".");
+}
+
+Setting parse_setting(std::string_view text) {
+  const std::size_t sign = text.find('=');
+  if (sign == std::string_view::npos) {
+    throw misuse("--set takes a property and its value such as NumTicks=5, not " + in_quotes(text) +
+                 ".");
+  }
+  const Member& property = property_named(trimmed(text.substr(0, sign)));
+  const std::string value(text.substr(sign + 1));
+  try {
+    convert(property.type, Variant(value));
+  } catch (const Fault&) {
+    throw misuse("the property " + std::string(property.name) + " takes " +
+                 expectation(property.type) + ", not " + in_quotes(value) + ".");
+  }
+  return {&property, value};
+}
+
+Derivation parse_derivation(std::string_view text) {
+  const std::size_t sign = text.find('=');
+  const std::string_view name = trimmed(text.substr(0, sign));
+  const std::string_view expression = sign == text.npos ? "" : trimmed(text.substr(sign + 1));
+  if (name.empty() || expression.empty()) {
+    throw misuse("--derive takes a name and an expression, as in 'ratio=up/(1+down)', not " +
+                 in_quotes(text) + ".");
+  }
+  return {std::string(name), std::string(expression)};
+}
+
+QLocale parse_locale(const std::string& text) {
+  // As in "de_DE.UTF-8@euro", of which only the front matters here.
+  QString name = QString::fromStdString(text.substr(0, text.find_first_of(".@")));
+  name.replace('-', '_');
+  const QLocale locale(name);
+  // An unknown name gets the neutral locale, and an unknown country that of the language.
+  const QStringList parts = name.split('_');
+  const bool known = locale != QLocale::c()
+                         ? parts.size() == 1 || locale.name().endsWith('_' + parts.back()) ||
+                               QLocale::codeToScript(parts.back()) != QLocale::AnyScript
+                         : name == "C" || name == "POSIX";
+  if (!known) {
+    throw misuse("--locale takes the name of a locale such as de_DE, not " + in_quotes(text) + ".");
+  }
+  if (locale.decimalPoint() != "." && locale.decimalPoint() != ",") {
+    throw misuse("the locale " + in_quotes(text) +
+                 " has neither a point nor a comma in its numbers; choose one that has.");
+  }
+  return locale;
+}
+
+void check_picture_size(QSize size, double scale) {
+  const double width = size.width() * scale;
+  const double height = size.height() * scale;
+  if (std::max(width, height) > kLongestSide) {
+    throw misuse(
+        "--size and --scale together ask for more than 32767 pixels on one side; choose "
+        "a smaller one.");
+  }
+  if (width * height <= kMostPixels) return;
+  throw misuse("--size and --scale together ask for more than " + std::to_string(2 * kWidest) +
+               "x" + std::to_string(2 * kHighest) + " pixels; choose a smaller one.");
+}
+
+}  // namespace kurv::app

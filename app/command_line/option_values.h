@@ -1,0 +1,40 @@
+// The values of the command line's options, from text. What does not fit throws UserError with
+// kUsageFailure.
+#pragma once
+
+#include <QLocale>
+#include <QSize>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "app/command_line/command_line.h"
+
+namespace kurv::app {
+
+// "1000x700", from 1x1 to 7680x4320.
+QSize parse_size(std::string_view text);
+
+// A number from 0.5 to 8, with a decimal point.
+double parse_scale(std::string_view text);
+
+// A whole number above zero.
+std::size_t parse_every(std::string_view text);
+
+// Names between commas; one that holds a comma stands in quotation marks.
+std::vector<std::string> parse_names(std::string_view text);
+
+// "PROPERTY=VALUE". The name is found in any letter case.
+Setting parse_setting(std::string_view text);
+
+// "NAME=EXPRESSION", of which neither is empty.
+Derivation parse_derivation(std::string_view text);
+
+// A locale's name, such as "de_DE", whose decimal separator is a point or a comma.
+QLocale parse_locale(const std::string& text);
+
+// Refuses a picture that cannot have all its pixels: more than the largest one at twice its size
+// has, or a side of more than 32767.
+void check_picture_size(QSize size, double scale);
+
+}  // namespace kurv::app

@@ -1,0 +1,74 @@
+#include "app/graph/graph_file.h"
+
+#include <array>
+#include <cstdio>
+#include <filesystem>
+#include <memory>
+
+#include "app/base/text.h"
+
+namespace kurv::app {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+bool begins_as_graph_file(const std::string& path) {
+  std::error_code ignored;
+  if (!fs::is_regular_file(path, ignored)) return false;
+  const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path.c_str(), "rb"),
+                                                             &std::fclose);
+  if (!file) return false;
+  std::array<char, kGraphFileTag.size()> bytes{};
+  const std::size_t length = std::fread(bytes.data(), 1, bytes.size(), file.get());
+  return std::string_view(bytes.data(), length) == kGraphFileTag;
+}
+
+UserError unloadable(const std::string& path, const Fault& fault) {
+  std::error_code ignored;
+  std::string advice = "\"kurv info --check\" lists what is wrong with it";
+  if (fault.kind() == FaultKind::kFileNotFound || fault.kind() == FaultKind::kPathNotFound) {
+    advice = "check the name";
+  } else if (fault.kind() == FaultKind::kPermissionDenied) {
+    advice = "check its permissions";
+  } else if (fs::is_directory(path, ignored)) {
+    advice = "it is a directory, so name a graph file instead";
+  }
+  return UserError(path + " cannot be loaded: " + fault.what() + "; " + advice + ".");
+}
+
+template <class Work>
+void loading(const std::string& path, const Work& work) {
+  try {
+    work();
+  } catch (const Fault& fault) {
+    throw unloadable(path, fault);
+  }
+}
+
+}  // namespace
+
+bool is_named_as_graph_file(const std::string& path) {
+  return lower_case(fs::path(path).extension().string()) == ".gdf";
+}
+
+bool is_graph_file(const std::string& path) {
+  return is_named_as_graph_file(path) || begins_as_graph_file(path);
+}
+
+void load_graph_file(Control& graph, const std::string& path) {
+  loading(path, [&] { graph.file_load(path); });
+}
+
+void load_graph_file(KurvGraph& graph, const std::string& path) {
+  loading(path, [&] { graph.load_path(path); });
+}
+
+UserError unwritable_graph_file(const std::string& path, const Fault& fault) {
+  const char* advice = "choose another folder";
+  if (fault.kind() == FaultKind::kDiskFull) advice = "make room on the disk or choose another one";
+  if (fault.kind() == FaultKind::kPathFileAccessError) advice = "choose another name";
+  return UserError(path + " cannot be written: " + fault.what() + "; " + advice + ".");
+}
+
+}  // namespace kurv::app

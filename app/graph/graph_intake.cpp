@@ -1,0 +1,216 @@
+#include "app/graph/graph_intake.h"
+
+#include <KurvGraph/fault.h>
+#include <KurvGraph/limits.h>
+#include <KurvGraph/picture.h>
+
+#include <QVariant>
+#include <algorithm>
+#include <cmath>
+
+#include "app/base/text.h"
+#include "app/base/text_file.h"
+#include "app/base/user_error.h"
+#include "app/csv/csv_table.h"
+#include "app/graph/windowless.h"
+
+namespace kurv::app {
+
+namespace {
+
+// A graph of the size that was asked for, and everything that it stands on.
+class Sheet {
+ public:
+  Sheet(const GraphChoice& choice, double scale, std::string save_path = {})
+      : m_size(choice.size.value_or(kUsualSize)),
+        m_picture(m_size, scale),
+        m_host(m_picture.ScaleWidth(), m_picture.ScaleHeight()),
+        m_shell(std::move(save_path)),
+        m_control(m_host, m_shell, m_picture) {
+    check_pixels(m_size, scale);
+  }
+
+  void draw(const GraphChoice& choice, const GraphSource& source) {
+    // As in a window, the graph is there first and gets its data then.
+    m_control.first_placement();
+    m_control.show();
+    fill(choice, source, m_control);
+    if (!m_shell.empty()) {
+      throw UserError(source.path + " cannot be drawn: " + m_shell.sentence() +
+                      (source.data ? "; choose other columns with --x and --y."
+                                   : "; \"kurv info\" prints what is inside."));
+    }
+    finish_looks(choice, source, m_control, m_picture);
+  }
+
+  // Of vectors the same drawing that the pixels have settled at.
+  QByteArray picture(PictureFormat format) const {
+    return is_vector(format) ? vector_document(m_control, m_size, format)
+                             : encoded(m_picture.image(), format);
+  }
+  void save() { m_control.ChartOptions("saveas"); }
+
+ private:
+  // A picture that is too large for the memory would silently have fewer pixels.
+  void check_pixels(QSize size, double scale) const {
+    const auto pixels = [scale](int side) {
+      return std::max(1, static_cast<int>(std::round(side * scale)));
+    };
+    const QSize wanted(pixels(size.width()), pixels(size.height()));
+    if (m_picture.device_size() == wanted) return;
+    throw UserError("a picture of " + std::to_string(wanted.width()) + "x" +
+                        std::to_string(wanted.height()) +
+                        " pixels is too large; choose a smaller --size or --scale.",
+                    kUsageFailure);
+  }
+
+  QSize m_size;  // logical pixels
+  Picture m_picture;
+  RunningHost m_host;
+  MessageKeeper m_shell;
+  Control m_control;
+};
+
+// Runs `work`, of which a fault says that the graph cannot be drawn.
+template <class Work>
+auto drawing(const GraphChoice& choice, const GraphSource& source, const Work& work) {
+  try {
+    return work();
+  } catch (const Fault& fault) {
+    const char* advice = "\"kurv info --check\" lists what is wrong with it";
+    if (source.data) advice = "its values differ too little or too much, so choose other columns";
+    if (!choice.settings.empty()) advice = "check the values given with --set";
+    const bool no_room = fault.kind() == FaultKind::kSubscriptOutOfRange;
+    if (no_room && !choice.derivations.empty()) {
+      advice = "a graph holds 149 curves, so it may have no room for those of --derive";
+    }
+    throw UserError(source.path + " cannot be drawn: " + fault.what() + "; " + advice + ".");
+  }
+}
+
+void refuse_table_choices(const GraphChoice& choice, const std::string& path) {
+  const char* option = nullptr;
+  if (choice.selection.x) option = "--x";
+  if (!choice.selection.y.empty()) option = "--y";
+  if (choice.selection.every != 1) option = "--every";
+  if (choice.sort) option = "--sort";
+  if (option == nullptr) return;
+  throw UserError(
+      path + " is a graph file, which has its columns and rows in it; leave out " + option + ".",
+      kUsageFailure);
+}
+
+std::optional<std::string> utf8(const std::optional<QString>& text) {
+  return text ? std::optional(text->toStdString()) : std::nullopt;
+}
+
+void refuse(const std::optional<std::string>& refusal, const std::string& option,
+            const std::string& value) {
+  if (!refusal) return;
+  const std::string reason = on_one_line(*refusal);
+  throw UserError(option + ' ' + in_quotes(value) + ": " + reason +
+                  (reason.ends_with('.') ? "" : "."));
+}
+
+// A graph has room for so many curves, and counts one that it has no room for all the same.
+void check_room(const GraphChoice& choice, const GraphSource& source) {
+  if (!source.data) return;
+  const int curves = source.data->values.upper_column() - 1;
+  if (static_cast<std::size_t>(curves) + choice.derivations.size() <= std::size_t{kMaxCurves})
+    return;
+  throw UserError("a graph holds 149 curves, and " + source.path + " has " +
+                  std::to_string(curves) + " without those of --derive; choose fewer with --y.");
+}
+
+// The texts of the command line convert by the graph's own rules, which are not the toolkit's.
+QVariant converted(ValueType type, const Variant& value) {
+  if (type == ValueType::kInteger) return int{to_integer(value)};
+  if (type == ValueType::kBoolean) return bool(to_boolean(value));
+  if (type == ValueType::kSingle) return double{to_single(value)};
+  if (type == ValueType::kDouble) return to_double(value);
+  return QString::fromStdString(to_string(value));
+}
+
+}  // namespace
+
+GraphSource load(const std::string& path, const GraphChoice& choice) {
+  if (is_graph_file(path)) {
+    refuse_table_choices(choice, path);
+    return {path, std::nullopt};
+  }
+  const CsvTable table = parse_csv(read_text_file(path), path);
+  DataSet data = make_data_set(table, choice.selection, path);
+  check_drawable(data, choice.selection, path);
+  GraphSource source{path, std::move(data)};
+  check_room(choice, source);
+  return source;
+}
+
+void let(Control& graph, const Member& property, const Variant& value) {
+  property.let(graph, value);
+}
+
+void let(KurvGraph& graph, const Member& property, const Variant& value) {
+  graph.setProperty(std::string(property.name).c_str(), converted(property.type, value));
+}
+
+void set_locale(Control& graph, const QLocale& locale) {
+  graph.set_decimal_separator(locale.decimalPoint().front().toLatin1());
+}
+
+void set_locale(KurvGraph& graph, const QLocale& locale) {
+  graph.setLocale(locale);
+}
+
+void warn_of_commas(const std::vector<std::string>& functions,
+                    const std::function<void(const std::string&)>& warn) {
+  for (const std::string& function : functions) {
+    if (function.find(',') == std::string::npos) continue;
+    warn("a graph file splits the function " + in_quotes(function) +
+         " at its comma, so it does not come back as it is.");
+  }
+}
+
+void add_curves(const GraphChoice& choice, Control& graph) {
+  for (const auto& [name, expression] : choice.derivations) {
+    refuse(graph.derive(name, expression), "--derive", name + '=' + expression);
+  }
+  for (const std::string& function : choice.functions) {
+    refuse(graph.add_function(function), "--function", function);
+  }
+}
+
+void add_curves(const GraphChoice& choice, KurvGraph& graph) {
+  for (const auto& [name, expression] : choice.derivations) {
+    refuse(utf8(graph.derive(QString::fromStdString(name), QString::fromStdString(expression))),
+           "--derive", name + '=' + expression);
+  }
+  for (const std::string& function : choice.functions) {
+    refuse(utf8(graph.add_function(QString::fromStdString(function))), "--function", function);
+  }
+}
+
+QByteArray picture_of(const GraphChoice& choice, const GraphSource& source, PictureFormat format,
+                      double scale) {
+  return drawing(choice, source, [&] {
+    Sheet sheet(choice, scale);
+    sheet.draw(choice, source);
+    return sheet.picture(format);
+  });
+}
+
+void check_picture(const GraphChoice& choice, const GraphSource& source) {
+  drawing(choice, source, [&] { Sheet(choice, 1).draw(choice, source); });
+}
+
+void save_graph(const GraphChoice& choice, const GraphSource& source, const std::string& path) {
+  Sheet sheet(choice, 1, path);
+  drawing(choice, source, [&] { sheet.draw(choice, source); });
+  try {
+    sheet.save();
+  } catch (const Fault& fault) {
+    throw unwritable_graph_file(path, fault);
+  }
+}
+
+}  // namespace kurv::app

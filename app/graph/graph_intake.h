@@ -1,0 +1,128 @@
+// How a file and the choices of the command line come into a graph, be it a control on a picture or
+// a widget in a window.
+#pragma once
+
+#include <KurvGraph/KurvGraph.h>
+#include <KurvGraph/control.h>
+
+#include <QImage>
+#include <filesystem>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "app/csv/data_columns.h"
+#include "app/graph/graph_choice.h"
+#include "app/graph/graph_file.h"
+#include "app/graph/picture_file.h"
+
+namespace kurv::app {
+
+// A file of the command line.
+struct GraphSource {
+  std::string path;
+  // A graph file has none here: the graph loads it itself.
+  std::optional<DataSet> data;
+};
+
+// Throws UserError when there is nothing in the file that can be drawn, and with kUsageFailure when
+// it is a graph file and the choice is about columns and rows.
+GraphSource load(const std::string& path, const GraphChoice& choice);
+
+// Sets a property by its row of the table; the value converts to the property's type.
+void let(Control& graph, const Member& property, const Variant& value);
+void let(KurvGraph& graph, const Member& property, const Variant& value);
+
+// The locale decides about the decimal separator of graph files.
+void set_locale(Control& graph, const QLocale& locale);
+void set_locale(KurvGraph& graph, const QLocale& locale);
+
+template <class AnyGraph>
+void hand_over(const GraphChoice& choice, const std::string& path, const DataSet& data,
+               AnyGraph& graph) {
+  const int curves = data.values.upper_column() - 1;
+  List<Boolean> visible(1, curves);
+  for (int curve = 1; curve <= curves; ++curve) visible(curve) = true;
+  const std::string title = choice.title.value_or(std::filesystem::path(path).stem().string());
+  let(graph, *find_property("SortXY"), Variant(Boolean(choice.sort)));
+  let(graph, *find_property("SubTitle"), Variant(choice.subtitle.value_or("")));
+  graph.scatter_graph2(title, data.values, data.names,
+                       static_cast<Integer>(data.values.upper_point()),
+                       static_cast<Integer>(curves), visible, 0, {}, choice.lines.value_or(true),
+                       choice.markers.value_or(false));
+}
+
+// What a graph file decides for itself unless something else was said.
+template <class AnyGraph>
+void change_looks(const GraphChoice& choice, AnyGraph& graph) {
+  if (choice.title) let(graph, *find_property("Title"), Variant(*choice.title));
+  if (choice.subtitle) let(graph, *find_property("SubTitle"), Variant(*choice.subtitle));
+  if (choice.lines) let(graph, *find_property("Connected"), Variant(Boolean(*choice.lines)));
+  if (choice.markers) let(graph, *find_property("DrawMarkers"), Variant(Boolean(*choice.markers)));
+}
+
+template <class AnyGraph>
+void fill(const GraphChoice& choice, const GraphSource& source, AnyGraph& graph) {
+  if (choice.locale) set_locale(graph, *choice.locale);
+  if (source.data) {
+    hand_over(choice, source.path, *source.data, graph);
+  } else {
+    load_graph_file(graph, source.path);
+    change_looks(choice, graph);
+  }
+}
+
+// In a graph file the titles and the legend have places of their own.
+template <class AnyGraph>
+void redraw(const GraphSource& source, AnyGraph& graph) {
+  if (source.data) {
+    graph.ChartOptions("refresh");
+  } else {
+    graph.build_the_graph();
+  }
+}
+
+// Warns of functions that a graph file cannot hold, because it splits its lists at commas.
+void warn_of_commas(const std::vector<std::string>& functions,
+                    const std::function<void(const std::string&)>& warn);
+
+// Adds the curves that are computed from others and the functions of x. Throws UserError with the
+// evaluator's or the graph's own sentence about what cannot be one.
+void add_curves(const GraphChoice& choice, Control& graph);
+void add_curves(const GraphChoice& choice, KurvGraph& graph);
+
+// The properties, which need the data to be there first, and the picture as it stays: some of it
+// depends on the picture before, such as the length of the grid lines, so that it is drawn until it
+// stays the same. `drawn` is what the graph is drawn in.
+template <class AnyGraph, class Drawn>
+void finish_looks(const GraphChoice& choice, const GraphSource& source, AnyGraph& graph,
+                  const Drawn& drawn) {
+  constexpr int kMostRounds = 8;
+  add_curves(choice, graph);
+  for (const Setting& setting : choice.settings) {
+    let(graph, *setting.property, Variant(setting.value));
+  }
+  redraw(source, graph);
+  if (choice.settings.empty()) return;
+  QImage before = drawn.image();
+  for (int round = 1; round < kMostRounds; ++round) {
+    redraw(source, graph);
+    const QImage after = drawn.image();
+    if (after == before) break;
+    before = after;
+  }
+}
+
+// The bytes of a picture of the graph, drawn without a window at `scale` device pixels per logical
+// one, which means nothing for vectors. Needs a QGuiApplication. Throws UserError where the graph
+// would show a message box or fail.
+QByteArray picture_of(const GraphChoice& choice, const GraphSource& source, PictureFormat format,
+                      double scale);
+// Throws as picture_of() does, and makes no picture.
+void check_picture(const GraphChoice& choice, const GraphSource& source);
+
+// The same graph into a graph file. An existing one is kept as NAME~ until the new one is complete.
+void save_graph(const GraphChoice& choice, const GraphSource& source, const std::string& path);
+
+}  // namespace kurv::app

@@ -1,0 +1,137 @@
+#include "app/graph/picture_file.h"
+
+#include <KurvGraph/fault.h>
+#include <KurvGraph/vector_picture.h>
+
+#include <QBuffer>
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+#include <algorithm>
+#include <array>
+#include <filesystem>
+#include <new>
+
+#include "app/base/text.h"
+#include "app/base/user_error.h"
+
+namespace kurv::app {
+
+namespace {
+
+struct FormatRow {
+  PictureFormat format;
+  const char* extension;
+  const char* pixels;  // the toolkit's name of it, or nullptr for lines and text
+};
+
+constexpr std::array kFormats = {
+    FormatRow{PictureFormat::kPng, ".png", "PNG"},
+    FormatRow{PictureFormat::kBmp, ".bmp", "BMP"},
+    FormatRow{PictureFormat::kSvg, ".svg", nullptr},
+    FormatRow{PictureFormat::kPdf, ".pdf", nullptr},
+};
+
+const FormatRow& row_of(PictureFormat format) {
+  return *std::find_if(kFormats.begin(), kFormats.end(),
+                       [format](const FormatRow& row) { return row.format == format; });
+}
+
+UserError unwritable(const std::string& path, const QString& reason, const std::string& advice) {
+  return UserError(path + " cannot be written: " + reason.toStdString() + "; " + advice + ".");
+}
+
+QByteArray exported(const KurvGraph& graph, PictureFormat format) {
+  try {
+    if (format == PictureFormat::kSvg) return graph.svg();
+    if (format == PictureFormat::kPdf) return graph.pdf();
+    return encoded(graph.image(), format);
+  } catch (const Fault& fault) {
+    throw UserError(std::string("the graph cannot be drawn: ") + fault.what() +
+                    "; check its limits.");
+  }
+}
+
+// The bytes that did not fit would otherwise go unnoticed: a file that fell short is replaced by
+// commit() as if it were whole.
+bool write_all(QSaveFile& file, const QByteArray& bytes) {
+  qsizetype written = 0;
+  while (written < bytes.size()) {
+    const qint64 count = file.write(bytes.constData() + written, bytes.size() - written);
+    if (count <= 0) return false;
+    written += count;
+  }
+  return file.flush();
+}
+
+}  // namespace
+
+std::string picture_extensions() {
+  std::string result;
+  for (std::size_t i = 0; i < kFormats.size(); ++i) {
+    if (i > 0) result += i + 1 < kFormats.size() ? ", " : " or ";
+    result += kFormats[i].extension;
+  }
+  return result;
+}
+
+std::optional<PictureFormat> picture_format(const std::string& path) {
+  const std::string extension = lower_case(std::filesystem::path(path).extension().string());
+  for (const FormatRow& row : kFormats) {
+    if (extension == row.extension) return row.format;
+  }
+  return std::nullopt;
+}
+
+bool is_vector(PictureFormat format) {
+  return row_of(format).pixels == nullptr;
+}
+
+QByteArray encoded(const QImage& picture, PictureFormat format) {
+  QByteArray bytes;
+  QBuffer buffer(&bytes);
+  buffer.open(QIODevice::WriteOnly);
+  if (!picture.save(&buffer, row_of(format).pixels)) throw std::bad_alloc();
+  return bytes;
+}
+
+QByteArray vector_document(const Control& graph, QSize logical_size, PictureFormat format) {
+  const VectorFormat vectors =
+      format == PictureFormat::kSvg ? VectorFormat::kSvg : VectorFormat::kPdf;
+  VectorPicture picture(vectors, QString::fromStdString(graph.Title()), logical_size);
+  graph.draw_on(picture);
+  return picture.take_document();
+}
+
+// The whole file is made before anything is written, so that only the disk can fail here.
+void write_picture(const QByteArray& bytes, const std::string& path) {
+  const QString name = QFile::decodeName(path.c_str());
+  // A device would be replaced by a file.
+  const QFileInfo target(name);
+  if (target.exists() && !target.isFile())
+    throw unwritable(path, "it is not a regular file", "choose another name");
+  QSaveFile file(name);
+  // Unbuffered, so that each write tells what has become of its bytes.
+  if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) {
+    throw unwritable(path, file.errorString(), "choose another folder");
+  }
+  if (!write_all(file, bytes)) {
+    const QString reason = file.errorString();
+    file.cancelWriting();
+    throw unwritable(path, reason, "make room on the disk or choose another one");
+  }
+  if (!file.commit()) {
+    throw unwritable(path, file.errorString(), "make room on the disk or choose another folder");
+  }
+}
+
+void export_picture(const KurvGraph& graph, const std::string& path) {
+  const std::optional<PictureFormat> format = picture_format(path);
+  if (!format) {
+    throw UserError("the name of the picture must end in " + picture_extensions() + ", and " +
+                    in_quotes(path) + " does not.");
+  }
+  write_picture(exported(graph, *format), path);
+}
+
+}  // namespace kurv::app

@@ -1,0 +1,31 @@
+#include "app/graph/windowless_application.h"
+
+#include <iostream>
+
+#include "app/base/text.h"
+
+namespace kurv::app {
+
+namespace {
+
+// The toolkit remarks on folders of the desktop that a picture does not need.
+void keep_quiet(QtMsgType type, const QMessageLogContext&, const QString& text) {
+  if (type == QtFatalMsg) std::cerr << "kurv: " << on_one_line(text.toStdString()) << '\n';
+}
+
+}  // namespace
+
+std::unique_ptr<QGuiApplication> windowless_application() {
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  for (const char* name : {"QT_SCALE_FACTOR", "QT_FONT_DPI", "QT_QPA_PLATFORMTHEME"}) {
+    qunsetenv(name);
+  }
+  qInstallMessageHandler(keep_quiet);
+  // The toolkit keeps references to both for as long as it lives.
+  static char name[] = "kurv";
+  static char* arguments[] = {name, nullptr};
+  static int count = 1;
+  return std::make_unique<QGuiApplication>(count, arguments);
+}
+
+}  // namespace kurv::app

@@ -1,0 +1,30 @@
+#include "app/host/host_command.h"
+
+#include <KurvGraph/fault.h>
+
+#include <iostream>
+#include <string>
+
+#include "app/base/user_error.h"
+#include "app/graph/windowless_application.h"
+#include "app/host/host_session.h"
+
+namespace kurv::app {
+
+int run_host() {
+  const auto application = windowless_application();
+  HostSession session;
+  for (std::string line; std::getline(std::cin, line);) {
+    const QByteArray answer =
+        session.answer(QByteArray::fromRawData(line.data(), static_cast<qsizetype>(line.size())));
+    std::cout.write(answer.constData(), answer.size()).put('\n').flush();
+  }
+  try {
+    session.finish();
+  } catch (const Fault& fault) {
+    throw UserError(std::string("the graph could not be saved: ") + fault.what() + ".");
+  }
+  return 0;
+}
+
+}  // namespace kurv::app

@@ -1,0 +1,64 @@
+// The control on a pipe: one JSON object a line in, one a line out.
+#pragma once
+
+#include <QByteArray>
+#include <QJsonObject>
+#include <QJsonValue>
+#include <array>
+#include <memory>
+#include <optional>
+
+#include "app/host/host_desktop.h"
+#include "app/host/hosted_control.h"
+
+namespace kurv::app {
+
+// Answers requests in the order in which they come. One that fails is answered with its error, and
+// the next one is answered as if it had not been. Needs a QGuiApplication.
+class HostSession {
+ public:
+  // One line without its end; so is the answer.
+  QByteArray answer(const QByteArray& line);
+  // The end of the input: the control is terminated as a host would do it. Throws Fault when the
+  // graph was to be saved then and could not be.
+  void finish();
+
+ private:
+  using Result = std::optional<QJsonValue>;
+  struct Request {
+    const char* word;
+    std::array<const char*, 3> companions;  // other keys that may stand beside it, or nullptr
+    Result (HostSession::*run)(const QJsonObject&);
+
+    bool has_companion(const QString& key) const;
+  };
+
+  static const Request* request_in(const QJsonObject& object);
+  QJsonObject outcome(const QByteArray& line, QJsonObject& object);
+
+  // One for each request: the result, where it has one. They throw Fault.
+  Result answers(const QJsonObject& request);
+  Result call(const QJsonObject& request);
+  Result close(const QJsonObject& request);
+  Result drag(const QJsonObject& request);
+  Result drawn(const QJsonObject& request);
+  Result get(const QJsonObject& request);
+  Result mouse(const QJsonObject& request);
+  Result picture(const QJsonObject& request);
+  Result place(const QJsonObject& request);
+  Result pointer(const QJsonObject& request);
+  Result prompt(const QJsonObject& request);
+  Result resize(const QJsonObject& request);
+  Result set(const QJsonObject& request);
+  Result show(const QJsonObject& request);
+
+  // The control, placed where none was asked for a place; none after its end.
+  HostedControl& hosted();
+  void end();
+
+  HostShell m_shell;
+  std::unique_ptr<HostedControl> m_hosted;
+  bool m_closed = false;
+};
+
+}  // namespace kurv::app

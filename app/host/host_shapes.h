@@ -1,0 +1,36 @@
+// What the parts of a request have to look like. Each throws Fault with kInvalidProcedureCall where
+// its part does not, unless it says otherwise.
+#pragma once
+
+#include <KurvGraph/automation.h>
+#include <KurvGraph/control.h>
+#include <KurvGraph/plot_surface.h>
+
+#include <QJsonValue>
+#include <QString>
+#include <vector>
+
+#include "app/host/hosted_control.h"
+
+namespace kurv::app {
+
+// For a line that is not a request.
+[[noreturn]] void refuse();
+
+double number_between(double least, const QJsonValue& value, double most);
+void need_true(const QJsonValue& value);
+QString text_from(const QJsonValue& json);
+// What is left out is `otherwise`. Throws kOverflow beyond 16 bits.
+Integer integer_from(const QJsonValue& json, Integer otherwise);
+// [x, y]. Throws kOverflow for what no Single holds.
+SurfacePoint point_from(const QJsonValue& json);
+
+Place place_from(const QJsonValue& json);
+// A member by its name in any letter case or by its dispatch identifier. Throws kNoSuchMember.
+const Member& member_of(const QJsonValue& json);
+// A setting that can be prompted for, such as "marker size".
+PromptedSetting setting_of(const QString& name);
+// Throws kArgumentMissing, kTooManyArguments, and what from_json() throws.
+std::vector<Variant> arguments_of(const Member& method, const QJsonValue& json);
+
+}  // namespace kurv::app

@@ -1,0 +1,72 @@
+// What of a table is to become a graph: shows the first rows and lets the user choose.
+#pragma once
+
+#include <QDialog>
+#include <QTimer>
+#include <optional>
+#include <string>
+
+#include "app/csv/table_look.h"
+#include "app/graph/graph_intake.h"
+
+class QCheckBox;
+class QComboBox;
+class QDialogButtonBox;
+class QLabel;
+class QLineEdit;
+class QListWidget;
+class QPushButton;
+class QScrollArea;
+class QSpinBox;
+class QVBoxLayout;
+
+namespace kurv::app {
+
+// Controls by name: tblPreview, cboX, lstCurves, cmdAll, cmdNone, spnEvery, chkSort, txtTitle,
+// lblLook, lblSummary, lblNotes in scrNotes, cmdImport, cmdCancel.
+class ImportDialog final : public QDialog {
+ public:
+  ImportDialog(const std::string& path, CsvTable table, QWidget* parent);
+
+  // Once accepted: how the graph is to look, and its data, which can be drawn. Call once.
+  GraphChoice choice() const;
+  GraphSource take_source();
+
+  // Closes the dialog only when what is chosen can be drawn.
+  void accept() override;
+
+ private:
+  QWidget* make_preview();
+  QScrollArea* make_notes();
+  QVBoxLayout* make_x_fields();
+  QVBoxLayout* make_curve_fields();
+  void fill_fields();
+  void follow_changes();
+  void hide_x_among_curves();
+  void check_all(Qt::CheckState state);
+  Selection selection() const;
+  // Reads the data as they are chosen, and says what comes out of it.
+  void evaluate();
+  DataSet read() const;
+  void show_result(const QString& summary, const QString& notes);
+
+  std::string m_path;
+  CsvTable m_table;
+  TableLook m_look;
+  std::optional<DataSet> m_data;
+  QTimer m_evaluation;
+
+  QComboBox* m_x;
+  QListWidget* m_curves;
+  QPushButton* m_all;
+  QPushButton* m_none;
+  QSpinBox* m_every;
+  QCheckBox* m_sort;
+  QLineEdit* m_title;
+  QLabel* m_summary;
+  QLabel* m_notes;
+  QScrollArea* m_notes_area;
+  QPushButton* m_import;
+};
+
+}  // namespace kurv::app

@@ -1,0 +1,138 @@
+#include "app/window/main_menu.h"
+
+#include <QFile>
+#include <QMainWindow>
+#include <QMenuBar>
+#include <filesystem>
+
+#include "app/base/text.h"
+#include "app/window/window_texts.h"
+
+namespace kurv::app {
+
+namespace {
+
+QString recent_label(const std::string& path, int number) {
+  const std::string folder = std::filesystem::path(path).parent_path().string();
+  const QString text = file_label(path) + QStringLiteral(" \u2013 ") +
+                       QFile::decodeName(on_one_line(folder).c_str());
+  const QString mnemonic = number < 10 ? '&' + QString::number(number) + ' ' : QString("1&0 ");
+  return mnemonic + menu_label(text);
+}
+
+}  // namespace
+
+MainMenu::MainMenu(QMainWindow& window, MenuCommands commands)
+    : m_window(window), m_commands(std::move(commands)) {
+  make_file_menu();
+  make_edit_menu();
+  make_graph_menu();
+  make_help_menu();
+}
+
+void MainMenu::enable(bool has_data, bool has_graph) {
+  for (const Entry& entry : m_entries) {
+    if (entry.needs == Needs::kData) entry.action->setEnabled(has_data);
+    if (entry.needs == Needs::kGraph) entry.action->setEnabled(has_graph);
+  }
+}
+
+QMenu* MainMenu::menu(const QString& text, const char* name) {
+  QMenu* const result = m_window.menuBar()->addMenu(text);
+  result->setObjectName(name);
+  return result;
+}
+
+void MainMenu::add(QMenu* menu, const char* name, const QString& text, const QKeySequence& key,
+                   Needs needs, const QString& tip, std::function<void()> work) {
+  QAction* const action = menu->addAction(text);
+  action->setObjectName(name);
+  action->setShortcut(key);
+  action->setStatusTip(tip);
+  QObject::connect(action, &QAction::triggered, &m_window, std::move(work));
+  m_entries.push_back({action, needs});
+}
+
+std::function<void()> MainMenu::word(const char* word) const {
+  return [send = m_commands.send, word] { send(word); };
+}
+
+void MainMenu::make_file_menu() {
+  QMenu* const file = menu("&File", "mnuFile");
+  add(file, "mnuNewWindow", "&New Window", QKeySequence("Ctrl+N"), Needs::kNothing,
+      "Open another, empty window", m_commands.new_window);
+  add(file, "mnuOpen", "&Open\u2026", QKeySequence("Ctrl+O"), Needs::kNothing,
+      "Open CSV or graph files", m_commands.open);
+  QMenu* const recent = file->addMenu("Open &Recent");
+  recent->setObjectName("mnuRecent");
+  QObject::connect(recent, &QMenu::aboutToShow, recent, [this, recent] { fill_recent(recent); });
+  file->addSeparator();
+  add(file, "mnuSave", "&Save", QKeySequence("Ctrl+S"), Needs::kData,
+      "Save the graph, its data and its looks, to its graph file", m_commands.save);
+  add(file, "mnuSaveAs", "Save &As\u2026", QKeySequence("Ctrl+Shift+S"), Needs::kData,
+      "Save the graph to another file", word("saveas"));
+  add(file, "mnuExportPicture", "&Export Picture\u2026", QKeySequence("Ctrl+E"), Needs::kGraph,
+      "Write the graph as a picture", m_commands.export_picture);
+  add(file, "mnuPrint", "&Print\u2026", QKeySequence("Ctrl+P"), Needs::kGraph, "Print the graph",
+      word("print"));
+  file->addSeparator();
+  add(file, "mnuClose", "&Close Window", QKeySequence("Ctrl+W"), Needs::kNothing,
+      "Close this window", m_commands.close);
+  add(file, "mnuQuit", "&Quit", QKeySequence("Ctrl+Q"), Needs::kNothing, "Close all windows",
+      m_commands.quit);
+}
+
+void MainMenu::make_edit_menu() {
+  QMenu* const edit = menu("&Edit", "mnuEdit");
+  add(edit, "mnuCopy", "&Copy Picture", QKeySequence("Ctrl+C"), Needs::kGraph,
+      "Put the picture of the graph on the clipboard", word("copy"));
+  edit->addSeparator();
+  add(edit, "mnuTable", "Data &Table\u2026", QKeySequence("Ctrl+T"), Needs::kData,
+      "See and edit the numbers", word("table"));
+}
+
+void MainMenu::make_graph_menu() {
+  QMenu* const graph = menu("&Graph", "mnuGraph");
+  add(graph, "mnuCurves", "&Curves and Functions\u2026", QKeySequence("Ctrl+U"), Needs::kData,
+      "Show, hide, rename and add curves and functions", word("curves"));
+  add(graph, "mnuTitles", "&Titles and Fonts\u2026", QKeySequence(), Needs::kData,
+      "Change titles and fonts", word("titles"));
+  add(graph, "mnuDesign", "&Design\u2026", QKeySequence("Ctrl+D"), Needs::kData,
+      "Change axes, limits, grids, lines and markers", word("setup"));
+  graph->addSeparator();
+  add(graph, "mnuRefresh", "&Refresh", QKeySequence("F5"), Needs::kGraph,
+      "Put titles and legend back in their places and draw anew", word("refresh"));
+  graph->addSeparator();
+  QAction* const toolbar = graph->addAction("Show Tool&bar");
+  toolbar->setObjectName("mnuShowToolbar");
+  toolbar->setStatusTip("Show or hide the buttons above the graph");
+  toolbar->setCheckable(true);
+  toolbar->setChecked(true);
+  QObject::connect(toolbar, &QAction::toggled, &m_window, m_commands.show_toolbar);
+}
+
+void MainMenu::make_help_menu() {
+  QMenu* const help = menu("&Help", "mnuHelp");
+  add(help, "mnuGettingStarted", "&Getting Started", QKeySequence("F1"), Needs::kNothing,
+      "What can be dragged and double-clicked", m_commands.getting_started);
+  add(help, "mnuAbout", "&About kurv", QKeySequence(), Needs::kNothing, "Version and licence",
+      m_commands.about);
+}
+
+void MainMenu::fill_recent(QMenu* menu) {
+  menu->clear();
+  int number = 0;
+  for (const std::string& path : m_commands.recent()) {
+    QAction* const action = menu->addAction(recent_label(path, ++number));
+    action->setObjectName("mnuRecent" + QString::number(number));
+    QObject::connect(action, &QAction::triggered, &m_window,
+                     [open = m_commands.open_recent, path] { open(path); });
+  }
+  menu->addSeparator();
+  QAction* const clear = menu->addAction("&Clear List");
+  clear->setObjectName("mnuClearRecent");
+  clear->setEnabled(number > 0);
+  QObject::connect(clear, &QAction::triggered, &m_window, m_commands.clear_recent);
+}
+
+}  // namespace kurv::app

@@ -1,0 +1,277 @@
+// What a main window does when the user asks for it.
+#include <QApplication>
+#include <QCloseEvent>
+#include <QDragEnterEvent>
+#include <QFile>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QPushButton>
+#include <QStatusBar>
+#include <QUrl>
+#include <filesystem>
+#include <new>
+
+#include "app/base/text.h"
+#include "app/base/text_file.h"
+#include "app/base/user_error.h"
+#include "app/graph/picture_file.h"
+#include "app/window/import_dialog.h"
+#include "app/window/main_menu.h"
+#include "app/window/main_window.h"
+#include "app/window/picture_dialog.h"
+#include "app/window/recent_files.h"
+#include "app/window/window_message.h"
+#include "app/window/window_texts.h"
+
+namespace kurv::app {
+
+namespace {
+
+// The toolkit's own way from a URL to a file changes names that are no UTF-8.
+std::vector<std::string> files_in(const QMimeData& data) {
+  std::vector<std::string> paths;
+  for (const QUrl& url : data.urls()) {
+    if (!url.isLocalFile()) continue;
+    const std::string path =
+        QByteArray::fromPercentEncoding(url.path(QUrl::FullyEncoded).toLatin1()).toStdString();
+    std::error_code ignored;
+    if (std::filesystem::is_regular_file(path, ignored)) paths.push_back(path);
+  }
+  return paths;
+}
+
+void quit_when_all_agree() {
+  std::vector<QPointer<MainWindow>> windows;
+  for (QWidget* widget : QApplication::topLevelWidgets()) {
+    if (auto* const window = dynamic_cast<MainWindow*>(widget)) windows.emplace_back(window);
+  }
+  for (const QPointer<MainWindow>& window : windows) {
+    if (window && !window->close()) return;
+  }
+}
+
+}  // namespace
+
+void MainWindow::make_menu() {
+  MenuCommands commands;
+  commands.new_window = [this] { new_window(); };
+  commands.open = [this] { choose_files(); };
+  commands.open_recent = [this](const std::string& path) { open_recent(path); };
+  commands.recent = [] { return RecentFiles().paths(); };
+  commands.clear_recent = [] { RecentFiles().clear(); };
+  commands.save = [this] { save(); };
+  commands.export_picture = [this] { export_picture(); };
+  commands.close = [this] { close(); };
+  commands.quit = [] { quit_when_all_agree(); };
+  commands.send = [this](const char* word) { send(word); };
+  commands.show_toolbar = [this](bool on) {
+    m_has_toolbar = on;
+    m_graph->setProperty("toolbar_visible", on);
+  };
+  commands.getting_started = [this] {
+    show_message(this, QMessageBox::Information, "Getting Started", getting_started());
+  };
+  commands.about = [this] {
+    show_message(this, QMessageBox::Information, "About kurv", about_kurv());
+  };
+  m_menu = std::make_unique<MainMenu>(*this, std::move(commands));
+}
+
+void MainWindow::tell(const QString& text) {
+  show_message(this, QMessageBox::Critical, "kurv", text);
+}
+
+// Something that the graph may fail at, as the user has asked for it.
+void MainWindow::attempt(const std::function<void()>& work) {
+  const QPointer<MainWindow> alive(this);
+  QString failure;
+  try {
+    work();
+  } catch (const Fault& fault) {
+    failure = fault.what();
+  }
+  if (!alive) return;
+  look();
+  tell_warnings();
+  if (!alive || failure.isEmpty()) return;
+  const QString name = m_path.empty() ? QString("The graph") : file_label(m_path);
+  tell(name + ": " + failure + '.');
+}
+
+void MainWindow::send(const char* word) {
+  attempt([this, word] { m_graph->ChartOptions(word); });
+}
+
+// -- Opening --------------------------------------------------------------------------------------
+
+void MainWindow::new_window() {
+  (new MainWindow(m_locale, m_say))->show();
+}
+
+void MainWindow::choose_files() {
+  const QPointer<QFileDialog> dialog(new QFileDialog(this, "Open"));
+  dialog->setFileMode(QFileDialog::ExistingFiles);
+  dialog->setNameFilters({"Tables and graphs (*.csv *.tsv *.txt *.gdf)",
+                          "Tables (*.csv *.tsv *.txt)", "Graph files (*.gdf)", "All files (*)"});
+  if (!m_path.empty()) {
+    const std::string folder = std::filesystem::path(m_path).parent_path().string();
+    dialog->setDirectory(QFile::decodeName(folder.c_str()));
+  }
+  const bool accepted = dialog->exec() == QDialog::Accepted;
+  if (!dialog) return;
+  std::vector<std::string> paths;
+  for (const QString& file : dialog->selectedFiles()) {
+    paths.push_back(QFile::encodeName(file).toStdString());
+  }
+  delete dialog;
+  if (accepted) open_all(paths);
+}
+
+void MainWindow::open_all(const std::vector<std::string>& paths) {
+  const QPointer<MainWindow> alive(this);
+  bool taken = false;
+  for (const std::string& path : paths) {
+    const bool came_up = taken ? open_elsewhere(path) : open(path);
+    taken = taken || came_up;
+    if (!alive) return;
+  }
+}
+
+bool MainWindow::open(const std::string& path) {
+  return is_saved() ? open_here(path) : open_elsewhere(path);
+}
+
+// A window in which nothing has come up is none that anybody asked for.
+bool MainWindow::open_elsewhere(const std::string& path) {
+  const QPointer<MainWindow> window(new MainWindow(m_locale, m_say));
+  window->show();
+  const bool came_up = window->open_here(path);
+  if (window && !came_up) window->close();
+  return came_up;
+}
+
+bool MainWindow::open_here(const std::string& path) {
+  const QPointer<MainWindow> alive(this);
+  QString failure;
+  try {
+    GraphChoice choice;
+    choice.locale = m_locale;
+    if (is_graph_file(path)) {
+      put(choice, {path, std::nullopt});
+      return true;
+    }
+    const std::optional<GraphSource> source = ask_about_table(path, choice);
+    if (!source || !alive) return false;
+    put(choice, *source);
+    return true;
+  } catch (const UserError& error) {
+    failure = sentence(error.what(), path);
+  } catch (const Fault& fault) {
+    failure = file_label(path) + " cannot be drawn: " + fault.what() + '.';
+  } catch (const std::bad_alloc&) {
+    failure = "There is not enough memory for " + file_label(path) + '.';
+  }
+  if (alive) tell(failure);
+  return false;
+}
+
+std::optional<GraphSource> MainWindow::ask_about_table(const std::string& path,
+                                                       GraphChoice& choice) {
+  CsvTable table = parse_csv(read_text_file(path), path);
+  const QPointer<ImportDialog> dialog(new ImportDialog(path, std::move(table), this));
+  std::optional<GraphSource> source;
+  if (dialog->exec() == QDialog::Accepted && dialog) {
+    choice = dialog->choice();
+    choice.locale = m_locale;
+    source = dialog->take_source();
+  }
+  delete dialog;
+  return source;
+}
+
+void MainWindow::open_recent(const std::string& path) {
+  std::error_code ignored;
+  if (std::filesystem::exists(path, ignored)) {
+    open(path);
+    return;
+  }
+  RecentFiles().remove(path);
+  tell(QFile::decodeName(on_one_line(path).c_str()) +
+       " is not there any more, so the list of recent files forgets it.");
+}
+
+// -- Keeping --------------------------------------------------------------------------------------
+
+// False where the graph is still not saved, because the user or the disk did not want it.
+bool MainWindow::save() {
+  const QPointer<MainWindow> alive(this);
+  if (m_graph->GraphSaved() && !is_saved()) {
+    // To the graph, what has been set and not drawn is no change, and its "save" writes nothing.
+    attempt([this] { m_graph->save_to(m_graph->FileName()); });
+  } else {
+    send("save");
+  }
+  if (!alive) return false;
+  judge();
+  return !isWindowModified();
+}
+
+void MainWindow::export_picture() {
+  const QPointer<MainWindow> alive(this);
+  const std::optional<std::string> path = ask_for_picture(this, m_path);
+  if (!path || !alive) return;
+  try {
+    app::export_picture(*m_graph, *path);
+    statusBar()->showMessage("Written: " + QFile::decodeName(on_one_line(*path).c_str()));
+  } catch (const UserError& error) {
+    tell(sentence(error.what(), *path));
+  } catch (const std::bad_alloc&) {
+    tell("There is not enough memory for this picture.");
+  }
+}
+
+bool MainWindow::may_lose_graph() {
+  if (is_saved()) return true;
+  const QPointer<QMessageBox> box(new QMessageBox(this));
+  box->setIcon(QMessageBox::Warning);
+  box->setWindowTitle("kurv");
+  box->setTextFormat(Qt::PlainText);
+  box->setText("The graph " + file_label(m_path) + " has changes that are not saved.");
+  box->setInformativeText("Do you want to save them before it is closed?");
+  QPushButton* const save_button = box->addButton("&Save", QMessageBox::AcceptRole);
+  QPushButton* const lose = box->addButton("&Don't Save", QMessageBox::DestructiveRole);
+  box->setEscapeButton(box->addButton("&Cancel", QMessageBox::RejectRole));
+  box->setDefaultButton(save_button);
+  box->exec();
+  if (!box) return false;
+  const auto* const answer = box->clickedButton();
+  const bool wants_save = answer == save_button;
+  const bool wants_none = answer == lose;
+  delete box;
+  return wants_none || (wants_save && save());
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+  const QPointer<MainWindow> alive(this);
+  const bool may_go = may_lose_graph();
+  event->setAccepted(may_go);
+  // The graph has a question of its own, and one is enough.
+  if (may_go && alive) m_graph->set_QueryForSave(false);
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
+  if (!files_in(*event->mimeData()).empty()) event->acceptProposedAction();
+}
+
+// Whoever lets go of the files waits until this returns, and opening asks questions.
+void MainWindow::dropEvent(QDropEvent* event) {
+  const std::vector<std::string> paths = files_in(*event->mimeData());
+  if (paths.empty()) return;
+  event->acceptProposedAction();
+  QMetaObject::invokeMethod(
+      this, [this, paths] { open_all(paths); }, Qt::QueuedConnection);
+}
+
+}  // namespace kurv::app

@@ -1,0 +1,77 @@
+#include "app/window/recent_files.h"
+
+#include <QSettings>
+#include <QStandardPaths>
+#include <QStringList>
+#include <algorithm>
+#include <filesystem>
+
+namespace kurv::app {
+
+namespace {
+
+constexpr std::size_t kMostFiles = 10;
+constexpr const char* kKey = "recent/files";
+
+// A name is bytes, and the list is text: whatever is not plain is written in percent signs.
+QString as_text(const std::string& path) {
+  return QString::fromLatin1(QByteArray::fromStdString(path).toPercentEncoding("/"));
+}
+
+std::string as_path(const QString& text) {
+  return QByteArray::fromPercentEncoding(text.toLatin1()).toStdString();
+}
+
+std::string absolute(const std::string& path) {
+  std::error_code error;
+  const std::filesystem::path result = std::filesystem::absolute(path, error);
+  return error ? path : result.lexically_normal().string();
+}
+
+}  // namespace
+
+QString recent_files_place() {
+  return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
+         QStringLiteral("/kurv/kurv.ini");
+}
+
+std::vector<std::string> RecentFiles::paths() const {
+  const QSettings settings(m_place, QSettings::IniFormat);
+  std::vector<std::string> result;
+  for (const QString& text : settings.value(kKey).toStringList()) {
+    const std::string path = as_path(text);
+    const bool known = std::find(result.begin(), result.end(), path) != result.end();
+    // Others may have written into the file.
+    if (!path.starts_with('/') || known || result.size() == kMostFiles) continue;
+    result.push_back(path);
+  }
+  return result;
+}
+
+void RecentFiles::add(const std::string& path) {
+  const std::string added = absolute(path);
+  std::vector<std::string> all = paths();
+  std::erase(all, added);
+  all.insert(all.begin(), added);
+  if (all.size() > kMostFiles) all.resize(kMostFiles);
+  store(all);
+}
+
+void RecentFiles::remove(const std::string& path) {
+  std::vector<std::string> all = paths();
+  std::erase(all, path);
+  store(all);
+}
+
+void RecentFiles::clear() {
+  store({});
+}
+
+void RecentFiles::store(const std::vector<std::string>& paths) {
+  QStringList texts;
+  for (const std::string& path : paths) texts << as_text(path);
+  QSettings settings(m_place, QSettings::IniFormat);
+  settings.setValue(kKey, texts);
+}
+
+}  // namespace kurv::app

@@ -1,0 +1,51 @@
+#include "app/window/table_preview.h"
+
+#include <algorithm>
+
+#include "app/base/text.h"
+
+namespace kurv::app {
+
+namespace {
+
+// One field may be as large as the file.
+constexpr std::size_t kMostBytes = 200;
+
+QString shown(std::string_view text) {
+  return QString::fromStdString(on_one_line(as_utf8(text.substr(0, kMostBytes))));
+}
+
+bool is_number(const TableLook& look, int column) {
+  const auto index = static_cast<std::size_t>(column);
+  return index < look.kinds.size() && look.kinds[index] == ColumnKind::kNumbers;
+}
+
+}  // namespace
+
+int TablePreview::rowCount(const QModelIndex& parent) const {
+  if (parent.isValid()) return 0;
+  return static_cast<int>(std::min<std::size_t>(m_look.rows, kMostRows));
+}
+
+int TablePreview::columnCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : static_cast<int>(m_look.names.size());
+}
+
+QVariant TablePreview::data(const QModelIndex& index, int role) const {
+  if (role == Qt::TextAlignmentRole) {
+    const Qt::AlignmentFlag side =
+        is_number(m_look, index.column()) ? Qt::AlignRight : Qt::AlignLeft;
+    return QVariant(side | Qt::AlignVCenter);
+  }
+  if (role != Qt::DisplayRole) return {};
+  const std::size_t row = static_cast<std::size_t>(index.row()) + (m_look.header ? 1 : 0);
+  return shown(m_table.cell(row, static_cast<std::size_t>(index.column())));
+}
+
+QVariant TablePreview::headerData(int section, Qt::Orientation orientation, int role) const {
+  if (role != Qt::DisplayRole) return {};
+  if (orientation == Qt::Vertical) return section + 1;
+  return shown(m_look.names[static_cast<std::size_t>(section)]);
+}
+
+}  // namespace kurv::app

@@ -1,0 +1,29 @@
+// The first rows of a table, to look at.
+#pragma once
+
+#include <QAbstractTableModel>
+
+#include "app/csv/csv_table.h"
+#include "app/csv/table_look.h"
+
+namespace kurv::app {
+
+// Both must outlive the model.
+class TablePreview final : public QAbstractTableModel {
+ public:
+  static constexpr int kMostRows = 100;
+
+  TablePreview(const CsvTable& table, const TableLook& look, QObject* parent)
+      : QAbstractTableModel(parent), m_table(table), m_look(look) {}
+
+  int rowCount(const QModelIndex& parent = {}) const override;
+  int columnCount(const QModelIndex& parent = {}) const override;
+  QVariant data(const QModelIndex& index, int role) const override;
+  QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+
+ private:
+  const CsvTable& m_table;
+  const TableLook& m_look;
+};
+
+}  // namespace kurv::app

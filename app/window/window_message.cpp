@@ -1,0 +1,16 @@
+#include "app/window/window_message.h"
+
+#include <QPointer>
+
+namespace kurv::app {
+
+// Not on the stack: a window that goes takes its boxes along.
+void show_message(QWidget* window, QMessageBox::Icon icon, const QString& title,
+                  const QString& text) {
+  const QPointer<QMessageBox> box(new QMessageBox(icon, title, text, QMessageBox::Ok, window));
+  box->setTextFormat(Qt::PlainText);
+  box->exec();
+  delete box;
+}
+
+}  // namespace kurv::app

@@ -1,0 +1,64 @@
+#include "app/window/window_texts.h"
+
+#include <QFile>
+#include <filesystem>
+
+#include "app/base/text.h"
+
+namespace kurv::app {
+
+QString file_label(const std::string& path) {
+  const std::string name = std::filesystem::path(path).filename().string();
+  return QFile::decodeName(on_one_line(name).c_str());
+}
+
+QString window_title(const std::string& path) {
+  constexpr const char* kProgram = "kurv";
+  if (path.empty()) return kProgram;
+  // These three characters are a place holder of the toolkit; twice, they are themselves.
+  const QString name = file_label(path).replace("[*]", "[*][*]");
+  return name + QStringLiteral("[*] \u2013 ") + kProgram;
+}
+
+QString menu_label(const QString& text) {
+  return QString(text).replace(u'&', QLatin1String("&&"));
+}
+
+QString capitalised(QString text) {
+  if (!text.isEmpty()) text[0] = text[0].toUpper();
+  return text;
+}
+
+QString sentence(const std::string& text, const std::string& path) {
+  const QString shown = QString::fromStdString(text);
+  return text.starts_with(path) ? shown : capitalised(shown);
+}
+
+QString empty_window_hint() {
+  return "Open or drop a CSV or graph file here";
+}
+
+QString refused_data_hint(const std::string& path) {
+  return "Nothing is shown: the data of " + file_label(path) +
+         " cannot be plotted.\n\nEdit > Data Table lets you mend them: two values of x must "
+         "differ.";
+}
+
+QString getting_started() {
+  return "Open or drop a CSV file, or a graph file (.gdf), to see its curves.\n\n"
+         "\u2022 Drag the title, the subtitle and the legend to where they should stand.\n"
+         "\u2022 Double-click the title, an axis, its numbers or the legend to change them.\n"
+         "\u2022 Right-click the graph for settings, formulas and functions.\n"
+         "\u2022 Graph > Curves and Functions hides, renames and adds curves.\n"
+         "\u2022 Edit > Data Table shows the numbers and lets you edit them.\n"
+         "\u2022 Graph > Refresh puts titles and legend back in their places.\n\n"
+         "File > Save keeps all of it in a graph file; File > Export Picture makes a picture.";
+}
+
+QString about_kurv() {
+  return "kurv " KURV_VERSION
+         "\n\nDraws tables of numbers as graphs.\n\n"
+         "Copyright \u00a9 The KurvGraph authors\nMIT licence";
+}
+
+}  // namespace kurv::app

@@ -1,0 +1,33 @@
+# Every library of the project is made by this one function, so that the rules hold for each alike:
+# C++20, public headers below include/ for everybody and the modules' private headers for the modules
+# alone. A module is a folder; its target has the folder's name: qt/surface is kurv_qt_surface.
+#
+#   kurv_module(SOURCES file... [LINKS target...])
+function(kurv_module)
+  cmake_parse_arguments(module "" "" "SOURCES;LINKS" ${ARGN})
+  file(RELATIVE_PATH folder "${KurvGraph_SOURCE_DIR}" "${CMAKE_CURRENT_SOURCE_DIR}")
+  string(REPLACE "/" "_" name "kurv_${folder}")
+  add_library(${name} STATIC ${module_SOURCES})
+  kurv_build_rules(${name})
+  target_include_directories(${name}
+    PUBLIC  "$<BUILD_INTERFACE:${KurvGraph_SOURCE_DIR}/include>"
+    PRIVATE "${KurvGraph_SOURCE_DIR}")
+  target_link_libraries(${name} PUBLIC ${module_LINKS})
+  set_target_properties(${name} PROPERTIES
+    POSITION_INDEPENDENT_CODE ON
+    CXX_VISIBILITY_PRESET hidden
+    VISIBILITY_INLINES_HIDDEN ON)
+endfunction()
+
+# Language level and warnings; also for programs and tests.
+function(kurv_build_rules target)
+  target_compile_features(${target} PUBLIC cxx_std_20)
+  set_target_properties(${target} PROPERTIES CXX_EXTENSIONS OFF)
+  if(KURV_DEVELOPER)
+    target_compile_options(${target} PRIVATE
+      -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor -Woverloaded-virtual
+      -Wold-style-cast -Werror
+      # g++ 12 sees overlapping copies in plain string concatenation at -O2.
+      $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>)
+  endif()
+endfunction()

@@ -1,0 +1,327 @@
+#include <KurvGraph/automation.h>
+
+#include <algorithm>
+#include <array>
+#include <type_traits>
+#include <utility>
+
+#include <KurvGraph/control.h>
+
+#include "control/control_state.h"
+#include "control/events.h"
+#include "model/text.h"
+
+namespace kurv {
+
+namespace {
+
+template <class T>
+constexpr ValueType type_of() {
+  if (std::is_same_v<T, Integer>) return ValueType::kInteger;
+  if (std::is_same_v<T, Boolean>) return ValueType::kBoolean;
+  if (std::is_same_v<T, std::optional<Boolean>>) return ValueType::kBoolean;
+  if (std::is_same_v<T, Single>) return ValueType::kSingle;
+  if (std::is_same_v<T, Double>) return ValueType::kDouble;
+  if (std::is_same_v<T, Variant>) return ValueType::kVariant;
+  if (std::is_same_v<T, List<Double>>) return ValueType::kDoubleList;
+  if (std::is_same_v<T, Matrix<Double>>) return ValueType::kDoubleMatrix;
+  if (std::is_same_v<T, List<String>>) return ValueType::kStringList;
+  if (std::is_same_v<T, List<Boolean>>) return ValueType::kBooleanList;
+  return ValueType::kString;
+}
+
+// What a member function takes, from a self-describing value; arrays are passed as they are.
+template <class T>
+decltype(auto) converted(const Variant& value) {
+  if constexpr (std::is_same_v<T, Integer>) {
+    return to_integer(value);
+  } else if constexpr (std::is_same_v<T, Boolean>) {
+    return to_boolean(value);
+  } else if constexpr (std::is_same_v<T, std::optional<Boolean>>) {
+    const bool omitted = std::holds_alternative<std::monostate>(value);
+    return omitted ? T() : T(to_boolean(value));
+  } else if constexpr (std::is_same_v<T, Single>) {
+    return to_single(value);
+  } else if constexpr (std::is_same_v<T, Double>) {
+    return to_double(value);
+  } else if constexpr (std::is_same_v<T, String> || std::is_same_v<T, std::string_view>) {
+    return to_string(value);
+  } else if constexpr (std::is_same_v<T, Variant>) {
+    return (value);
+  } else {
+    const T* array = std::get_if<T>(&value);
+    if (array == nullptr) throw Fault(FaultKind::kTypeMismatch);
+    return (*array);
+  }
+}
+
+// The row of a method, from the types of its member function and the names of its parameters.
+template <auto function, const auto& names, class... Arguments>
+struct MethodRow {
+  static constexpr std::size_t kCount = sizeof...(Arguments);
+  static_assert(names.size() == kCount);
+
+  template <std::size_t... index>
+  static constexpr auto rows(std::index_sequence<index...>) {
+    return std::array<Parameter, kCount>{Parameter{
+        names[index], type_of<Arguments>(), std::is_same_v<Arguments, std::optional<Boolean>>}...};
+  }
+  static constexpr std::array<Parameter, kCount> kParameters =
+      rows(std::make_index_sequence<kCount>());
+
+  // Arguments that were left out are empty values.
+  template <std::size_t... index>
+  static void pass([[maybe_unused]] Control& control, [[maybe_unused]] std::span<Variant> arguments,
+                   std::index_sequence<index...>) {
+    static const Variant kOmitted;
+    (control.*function)(converted<Arguments>(
+        index < arguments.size() ? std::as_const(arguments[index]) : kOmitted)...);
+  }
+  static void call(Control& control, std::span<Variant> arguments) {
+    pass(control, arguments, std::make_index_sequence<kCount>());
+  }
+};
+
+template <auto function, const auto& names, class... Arguments>
+constexpr Member method_row(std::string_view name, std::uint32_t dispatch_id,
+                            std::string_view summary, void (Control::*)(Arguments...)) {
+  using Row = MethodRow<function, names, std::remove_cvref_t<Arguments>...>;
+  return {
+      name,    dispatch_id, summary,  MemberKind::kMethod, ValueType::kVariant, Row::kParameters,
+      nullptr, nullptr,     Row::call};
+}
+
+template <auto function, const auto& names>
+constexpr Member method(std::string_view name, std::uint32_t dispatch_id,
+                        std::string_view summary) {
+  return method_row<function, names>(name, dispatch_id, summary, function);
+}
+
+template <auto getter, auto letter>
+constexpr Member property(std::string_view name, std::uint32_t dispatch_id,
+                          std::string_view summary) {
+  using Value = decltype((std::declval<const Control&>().*getter)());
+  return {
+      name,
+      dispatch_id,
+      summary,
+      MemberKind::kProperty,
+      type_of<Value>(),
+      {},
+      [](const Control& control) -> Variant { return (control.*getter)(); },
+      [](Control& control, const Variant& value) { (control.*letter)(converted<Value>(value)); },
+      nullptr};
+}
+
+using Name = std::string_view;
+constexpr std::array<Name, 0> kNone{};
+constexpr std::array<Name, 11> kScatterGraph{
+    "yarr_",   "xarr",        "pNumData_",           "pNumY_",
+    "pTitle_", "xVarName_",   "yVarName_",           "pNumYFunc_",
+    "y_func_", "pConnected_", "draw_scatter_points_"};
+constexpr std::array<Name, 10> kScatterGraph2{
+    "pTitle_",    "xyArr_",     "xyVarNames_", "pNumData_",   "pNumY_",
+    "y_visible_", "pNumYFunc_", "y_func_",     "pConnected_", "draw_scatter_points_"};
+constexpr std::array<Name, 1> kFileLoad{"filename"};
+constexpr std::array<Name, 1> kChartOptions{"command"};
+
+constexpr std::array kMembers = {
+    method<&Control::init, kNone>("init", 0x600300CF, "Does nothing; kept for hosts that call it."),
+    method<&Control::build_the_graph, kNone>(
+        "build_the_graph", 0x600300D5,
+        "Clears and redraws the whole graph; nothing until data have come."),
+    method<&Control::scatter_graph, kScatterGraph>(
+        "scatter_graph", 0x600300D7,
+        "Loads a data set: `yarr_` by curve and point, `xarr` by point, all counted from 1; every "
+        "curve is visible. Draws, or shows a message where the data cannot be plotted."),
+    method<&Control::file_load, kFileLoad>("file_load", 0x600300DA,
+                                           "Loads a graph file and draws it."),
+    method<&Control::Save_graph, kNone>("Save_graph", 0x600300DB,
+                                        "Writes a graph that is not saved to its file, or asks the "
+                                        "user for one where it has none."),
+    method<&Control::scatter_graph2, kScatterGraph2>(
+        "scatter_graph2", 0x600300DD,
+        "The same from one matrix by column and point, of which column 1 is x, with names alike "
+        "and a visibility flag for each curve. More than 149 curves are cut to 149."),
+    method<&Control::Sort_xy, kNone>(
+        "Sort_xy", 0x600300F9,
+        "Sorts the plotted data by ascending x, points moving whole. Does not redraw."),
+    method<&Control::ChartOptions, kChartOptions>(
+        "ChartOptions", 0x600300FD,
+        "Runs one command by its word, in small letters: `refresh`, `print`, `copy`, `save`, "
+        "`saveas`, `open`, `setup`, `titles`, `curves` or `table`. Other words do nothing."),
+    method<&Control::Restore_Grf, kNone>(
+        "Restore_Grf", 0x60030105,
+        "Default marker size and margins, limits from the data, and a redraw."),
+    method<&Control::CloseMe, kNone>(
+        "CloseMe", 0x6003010D,
+        "Unloads the three windows, also where they serve another control by now; the next command "
+        "that shows one loads it again."),
+    property<&Control::ymin, &Control::set_ymin>("ymin", 0x680300CD, "Lower limit of y."),
+    property<&Control::ymax, &Control::set_ymax>("ymax", 0x680300CC, "Upper limit of y."),
+    property<&Control::xmax, &Control::set_xmax>("xmax", 0x680300CB, "Upper limit of x."),
+    property<&Control::xmin, &Control::set_xmin>("xmin", 0x680300CA, "Lower limit of x."),
+    property<&Control::NumTicks, &Control::set_NumTicks>("NumTicks", 0x680300C7,
+                                                         "Tick intervals on each axis."),
+    property<&Control::Autoscale, &Control::set_Autoscale>(
+        "Autoscale", 0x680300C4, "Limits follow the data when curves are shown and hidden."),
+    property<&Control::Connected, &Control::set_Connected>("Connected", 0x680300C3,
+                                                           "Lines between the points."),
+    property<&Control::DrawMarkers, &Control::set_DrawMarkers>(
+        "DrawMarkers", 0x680300C2, "A marker at each point; only True draws them."),
+    property<&Control::QueryForSave, &Control::set_QueryForSave>(
+        "QueryForSave", 0x680300C1,
+        "Ask the user to save an unsaved graph before the control ends."),
+    property<&Control::SortXY, &Control::set_SortXY>("SortXY", 0x680300C0,
+                                                     "Plot the points sorted by x."),
+    property<&Control::Y_grid, &Control::set_Y_grid>("Y_grid", 0x680300BF,
+                                                     "Vertical lines at the x ticks."),
+    property<&Control::X_grid, &Control::set_X_grid>("X_grid", 0x680300BE,
+                                                     "Horizontal lines at the y ticks."),
+    property<&Control::CurvesWidth, &Control::set_CurvesWidth>("CurvesWidth", 0x680300BD,
+                                                               "Width of curves, pixels."),
+    property<&Control::BorderWidth, &Control::set_BorderWidth>("BorderWidth", 0x680300BC,
+                                                               "Width of the frame, pixels."),
+    property<&Control::AxisLabelFormatX, &Control::set_AxisLabelFormatX>(
+        "AxisLabelFormatX", 0x680300BB, "Number format of the x labels, such as `0.00`."),
+    property<&Control::FontName, &Control::set_FontName>("FontName", 0x680300BA,
+                                                         "Font of axis labels and legend."),
+    property<&Control::FontSize, &Control::set_FontSize>("FontSize", 0x680300B9,
+                                                         "Its size, points."),
+    property<&Control::FontBold, &Control::set_FontBold>("FontBold", 0x680300B8,
+                                                         "Whether it is bold."),
+    property<&Control::FontItalic, &Control::set_FontItalic>("FontItalic", 0x680300B7,
+                                                             "Whether it is italic."),
+    property<&Control::TitleFontName, &Control::set_TitleFontName>("TitleFontName", 0x680300B6,
+                                                                   "Font of the title."),
+    property<&Control::TitleFontSize, &Control::set_TitleFontSize>("TitleFontSize", 0x680300B5,
+                                                                   "Its size, points."),
+    property<&Control::TitleFontBold, &Control::set_TitleFontBold>("TitleFontBold", 0x680300B4,
+                                                                   "Whether it is bold."),
+    property<&Control::TitleFontItalic, &Control::set_TitleFontItalic>(
+        "TitleFontItalic", 0x680300B3, "Whether it is italic."),
+    property<&Control::SubTitleFontName, &Control::set_SubTitleFontName>(
+        "SubTitleFontName", 0x680300B2, "Font of the subtitle."),
+    property<&Control::SubTitleFontSize, &Control::set_SubTitleFontSize>(
+        "SubTitleFontSize", 0x680300B1, "Its size, points."),
+    property<&Control::SubTitleFontBold, &Control::set_SubTitleFontBold>(
+        "SubTitleFontBold", 0x680300B0, "Whether it is bold."),
+    property<&Control::SubTitleFontItalic, &Control::set_SubTitleFontItalic>(
+        "SubTitleFontItalic", 0x680300AF, "Whether it is italic."),
+    property<&Control::AxisLabelFormatY, &Control::set_AxisLabelFormatY>(
+        "AxisLabelFormatY", 0x680300AE, "Number format of the y labels."),
+    property<&Control::Right_margine, &Control::set_Right_margine>(
+        "Right_margine", 0x680300AD, "Space right of the plot, twips."),
+    property<&Control::Left_margine, &Control::set_Left_margine>("Left_margine", 0x680300AC,
+                                                                 "Space left of the plot, twips."),
+    property<&Control::Top_margine, &Control::set_Top_margine>("Top_margine", 0x680300AB,
+                                                               "Space above the plot, twips."),
+    property<&Control::Bottom_margine, &Control::set_Bottom_margine>(
+        "Bottom_margine", 0x680300AA, "Space below the plot, twips."),
+    property<&Control::MarkerSize, &Control::set_MarkerSize>(
+        "MarkerSize", 0x680300A8,
+        "Radius of the circular markers, twips; values below 2 or above 500 are ignored."),
+    property<&Control::Title, &Control::set_Title>("Title", 0x680300A7, "The title."),
+    property<&Control::SubTitle, &Control::set_SubTitle>("SubTitle", 0x680300A6,
+                                                         "The subtitle, beside the title."),
+};
+constexpr std::size_t kMethodCount = 10;
+
+constexpr std::array kMouseUp = {
+    Parameter{"Button", ValueType::kInteger, false}, Parameter{"Shift", ValueType::kInteger, false},
+    Parameter{"x", ValueType::kSingle, false}, Parameter{"Y", ValueType::kSingle, false}};
+constexpr std::array kEvents = {
+    Event{"MouseUp", 1,
+          "A mouse button was released over the plot: 1 left, 2 right, 4 middle; 1 shift, 2 "
+          "control, 4 alt, added up; the point on the surface, twips.",
+          kMouseUp}};
+
+const Member& need(const MemberKey& key, MemberKind kind) {
+  const Member* member = find_member(key);
+  if (member == nullptr || member->kind != kind) throw Fault(FaultKind::kNoSuchMember);
+  return *member;
+}
+
+}  // namespace
+
+std::string_view type_name(ValueType type) {
+  switch (type) {
+    case ValueType::kInteger:
+      return "Integer";
+    case ValueType::kBoolean:
+      return "Boolean";
+    case ValueType::kSingle:
+      return "Single";
+    case ValueType::kDouble:
+      return "Double";
+    case ValueType::kString:
+      return "String";
+    case ValueType::kVariant:
+      return "Variant";
+    case ValueType::kDoubleList:
+    case ValueType::kDoubleMatrix:
+      return "array of Double";
+    case ValueType::kStringList:
+      return "array of String";
+    case ValueType::kBooleanList:
+      return "array of Boolean";
+  }
+  return "";
+}
+
+std::span<const Member> members() {
+  return kMembers;
+}
+std::span<const Member> properties() {
+  return members().subspan(kMethodCount);
+}
+std::span<const Event> events() {
+  return kEvents;
+}
+
+const Member* find_member(const MemberKey& key) {
+  const auto fits = [&](const Member& member) {
+    if (const auto* name = std::get_if<std::string_view>(&key)) return is_word(*name, member.name);
+    return member.dispatch_id == std::get<std::uint32_t>(key);
+  };
+  const auto found = std::find_if(kMembers.begin(), kMembers.end(), fits);
+  return found == kMembers.end() ? nullptr : &*found;
+}
+
+const Member* find_property(std::string_view name) {
+  const Member* member = find_member(name);
+  return member != nullptr && member->kind == MemberKind::kProperty ? member : nullptr;
+}
+
+Variant get_property(const Control& control, const MemberKey& key) {
+  return need(key, MemberKind::kProperty).get(control);
+}
+
+void let_property(Control& control, const MemberKey& key, const Variant& value) {
+  need(key, MemberKind::kProperty).let(control, value);
+}
+
+void check_count(const Member& method, std::size_t count) {
+  const auto required = std::count_if(method.parameters.begin(), method.parameters.end(),
+                                      [](const Parameter& row) { return !row.optional; });
+  if (count > method.parameters.size()) throw Fault(FaultKind::kTooManyArguments);
+  if (count < static_cast<std::size_t>(required)) throw Fault(FaultKind::kArgumentMissing);
+}
+
+void call_method(Control& control, const MemberKey& key, std::span<Variant> arguments) {
+  const Member& method = need(key, MemberKind::kMethod);
+  check_count(method, arguments.size());
+  method.call(control, arguments);
+}
+
+void raise_MouseUp(ControlState& state, Integer Button, Integer Shift, Single x, Single Y) {
+  state.container.MouseUp(Button, Shift, x, Y);
+  const std::array<Variant, 4> arguments{Button, Shift, x, Y};
+  // A listener may add others, which moves them all, so a copy is called.
+  for (std::size_t i = 0; i < state.listeners.size(); ++i) {
+    const EventListener listener = state.listeners[i];
+    listener(kEvents.front(), arguments);
+  }
+}
+
+}  // namespace kurv

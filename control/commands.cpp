@@ -1,0 +1,58 @@
+#include "control/commands.h"
+
+#include <algorithm>
+#include <iterator>
+
+#include "control/control_state.h"
+#include "control/export.h"
+#include "control/graph_file_commands.h"
+#include "control/property_pages.h"
+#include "control/redraw.h"
+#include "render/legend_titles.h"
+
+namespace kurv {
+
+namespace {
+
+void refresh(ControlState& state) {
+  SizeTitleHandles(state.document, state.layout, state.surface);
+  place_titles(state.document, state.layout);
+  place_legend(state.document, state.layout);
+  build_the_graph(state);
+}
+
+template <Window window, Integer page>
+void show(ControlState& state) {
+  state.shell.show_window(window, page);
+}
+
+struct Command {
+  std::string_view word;
+  void (*run)(ControlState& state);
+};
+
+// "help" is known as a word, but there is nothing that it could show.
+constexpr Command kCommands[] = {
+    {"refresh", refresh},
+    {"print", print_graph},
+    {"copy", copy_graph},
+    {"save", Save_graph},
+    {"saveas", save_dialog},
+    {"open", open_graph},
+    {"setup", show<Window::kProperties, kGeneralPage>},
+    {"titles", show<Window::kProperties, kTitlesPage>},
+    {"curves", show<Window::kCurves, 0>},
+    {"table", show<Window::kTable, 0>},
+};
+
+}  // namespace
+
+void ChartOptions(ControlState& state, std::string_view command) {
+  state.container.set_MousePointer(kHourglassPointer);
+  const auto has_word = [command](const Command& row) { return row.word == command; };
+  const auto* const found = std::find_if(std::begin(kCommands), std::end(kCommands), has_word);
+  if (found != std::end(kCommands)) found->run(state);
+  state.container.set_MousePointer(kDefaultPointer);
+}
+
+}  // namespace kurv

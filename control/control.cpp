@@ -1,0 +1,169 @@
+#include <KurvGraph/control.h>
+
+#include <algorithm>
+#include <exception>
+#include <utility>
+
+#include "control/axis_limits.h"
+#include "control/commands.h"
+#include "control/control_state.h"
+#include "control/data_intake.h"
+#include "control/derived_curve_wizard.h"
+#include "control/function_curve_commands.h"
+#include "control/graph_file_commands.h"
+#include "control/lifecycle.h"
+#include "control/mouse.h"
+#include "control/prompted_settings.h"
+#include "control/redraw.h"
+#include "model/data_set.h"
+
+namespace kurv {
+
+namespace {
+
+constexpr const char* kNotSaved = "The graph could not be saved.";
+
+}  // namespace
+
+Control::Control(Container& container, Shell& shell, PlotSurface& surface, const Services& services)
+    : m_state(new ControlState{container, shell, surface, services}) {
+  initialise(*m_state);
+}
+
+// An outer edge: a destructor has nobody to throw to. The user is told instead, as the only one who
+// can still rescue something.
+Control::~Control() {
+  try {
+    terminate();
+  } catch (const std::exception&) {
+    m_state->shell.message_box(kNotSaved, kCriticalStop, "KURV Guide");
+  }
+}
+
+void Control::first_placement() {
+  kurv::first_placement(*m_state);
+}
+void Control::show() {
+  kurv::show(*m_state);
+}
+void Control::resize() {
+  kurv::resize(*m_state);
+}
+void Control::terminate() {
+  kurv::terminate(*m_state);
+}
+
+void Control::CloseMe() {
+  m_state->shell.unload_windows();
+}
+
+void Control::build_the_graph() {
+  kurv::build_the_graph(*m_state);
+}
+
+void Control::scatter_graph(const Matrix<Double>& yarr_, const List<Double>& xarr,
+                            Integer pNumData_, Integer pNumY_, const Variant& pTitle_,
+                            const String& xVarName_, const List<String>& yVarName_,
+                            Integer pNumYFunc_, const List<String>& y_func_,
+                            std::optional<Boolean> pConnected_,
+                            std::optional<Boolean> draw_scatter_points_) {
+  kurv::scatter_graph(*m_state,
+                      {to_string(pTitle_), pNumData_, pNumY_, pNumYFunc_,
+                       pConnected_.value_or(false), draw_scatter_points_.value_or(false)},
+                      yarr_, xarr, xVarName_, yVarName_, y_func_);
+}
+
+void Control::scatter_graph2(const String& pTitle_, const Matrix<Double>& xyArr_,
+                             const List<String>& xyVarNames_, Integer pNumData_, Integer pNumY_,
+                             const List<Boolean>& y_visible_, Integer pNumYFunc_,
+                             const List<String>& y_func_, std::optional<Boolean> pConnected_,
+                             std::optional<Boolean> draw_scatter_points_) {
+  kurv::scatter_graph2(*m_state,
+                       {pTitle_, pNumData_, pNumY_, pNumYFunc_, pConnected_.value_or(false),
+                        draw_scatter_points_.value_or(false)},
+                       xyArr_, xyVarNames_, y_visible_, y_func_);
+}
+
+void Control::file_load(const String& filename) {
+  kurv::file_load(*m_state, filename);
+}
+void Control::Save_graph() {
+  kurv::Save_graph(*m_state);
+}
+void Control::Sort_xy() {
+  kurv::Sort_xy(m_state->document, *m_state->services.swap);
+}
+void Control::ChartOptions(std::string_view command) {
+  kurv::ChartOptions(*m_state, command);
+}
+void Control::Restore_Grf() {
+  basKurvGraph01::Restore_Grf(*m_state);
+}
+
+void Control::prompt(PromptedSetting setting) {
+  kurv::prompt(*m_state, setting);
+}
+void Control::add_function() {
+  kurv::add_function(*m_state);
+}
+void Control::edit_function(const String& selected) {
+  kurv::edit_function(*m_state, selected);
+}
+void Control::add_derived_curve() {
+  kurv::add_derived_curve(*m_state);
+}
+std::optional<String> Control::add_function(const String& expression) {
+  return kurv::add_function(*m_state, expression);
+}
+std::optional<String> Control::derive(const String& name, const String& expression) {
+  return kurv::derive(*m_state, name, expression);
+}
+
+void Control::draw_on(PlotSurface& surface) const {
+  kurv::draw_on(*m_state, surface);
+}
+
+std::vector<String> Control::functions() const {
+  std::vector<String> expressions;
+  for (int k = 1; k <= std::min<int>(m_state->document.NumYFunc, kMaxFunctions); ++k) {
+    expressions.push_back(m_state->document.y_func(k).expression);
+  }
+  return expressions;
+}
+
+void Control::press_mouse(Integer, Integer, Single x, Single Y) {
+  kurv::press(*m_state, {x, Y});
+}
+void Control::release_mouse(Integer Button, Integer Shift, Single x, Single Y) {
+  kurv::release(*m_state, Button, Shift, x, Y);
+}
+void Control::double_click(Single x, Single Y) {
+  kurv::double_click(*m_state, {x, Y});
+}
+void Control::drag(std::string_view tag, SurfacePoint grab, SurfacePoint drop,
+                   std::string_view on) {
+  kurv::drag(*m_state, tag, grab, drop, on);
+}
+void Control::add_listener(EventListener listener) {
+  m_state->listeners.push_back(std::move(listener));
+}
+
+String Control::FileName() const {
+  return m_state->document.FileName;
+}
+Boolean Control::GraphSaved() const {
+  return m_state->document.GraphSaved;
+}
+void Control::reset_file() {
+  kurv::reset_file(m_state->document);
+}
+
+char Control::decimal_separator() const {
+  return m_state->decimal_separator;
+}
+void Control::set_decimal_separator(char separator) {
+  if (separator != '.' && separator != ',') throw Fault(FaultKind::kInvalidProcedureCall);
+  m_state->decimal_separator = separator;
+}
+
+}  // namespace kurv

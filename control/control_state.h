@@ -1,0 +1,45 @@
+// What one control consists of. The control's members are one line each; the work is done by free
+// functions over this record, which every room of the control may include and no host can.
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include <KurvGraph/automation.h>
+#include <KurvGraph/container.h>
+#include <KurvGraph/plot_surface.h>
+#include <KurvGraph/services.h>
+#include <KurvGraph/shell.h>
+
+#include "control/late_evaluator.h"
+#include "control/mouse_state.h"
+#include "io/text_file.h"
+#include "model/graph_document.h"
+#include "model/layout.h"
+
+namespace kurv {
+
+struct ControlState {
+  Container& container;
+  Shell& shell;
+  PlotSurface& surface;
+  const Services& services;
+  GraphDocument document{};
+  Layout layout{};
+  char decimal_separator = '.';  // in graph files
+  // The graph file that is being read. A load that fails leaves it open; the next load or save
+  // begins by closing it.
+  std::optional<InputFile> open_file{};
+  // Three evaluators, so that none sees the variables or the expression of another. A fourth, the
+  // library's, judges edited functions, and each function that is added has one of its own.
+  LateEvaluator function_evaluator{};  // draws function curves
+  LateEvaluator derived_evaluator{};   // computes derived curves
+  LateEvaluator wizard_evaluator{};    // judges names and expressions of derived curves
+  MouseState mouse{};
+  bool is_terminated = false;
+  std::vector<EventListener> listeners = {};
+  std::unique_ptr<PicturePrinter> printer = {};  // made at the first print
+};
+
+}  // namespace kurv

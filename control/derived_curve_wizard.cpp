@@ -1,0 +1,89 @@
+#include "control/derived_curve_wizard.h"
+
+#include <string_view>
+
+#include "control/control_state.h"
+#include "control/derived_curves.h"
+#include "model/text.h"
+
+namespace kurv {
+
+namespace {
+
+constexpr const char* kPromptTitle = "Add derived scatter curve";
+constexpr const char* kNameText =
+    "Step 1 of 2.\r\r"
+    "Enter the name of derived function curve. This must be a valid and unique variable name.";
+constexpr const char* kExpressionText =
+    "Step 2 of 2.\r\r"
+    "Enter the algebric expression as function of other scatter curve names.";
+
+// Whether one of the names 1 to `last` is this one, apart from blanks around either.
+bool is_known(const GraphDocument& document, std::string_view name, int last) {
+  for (int k = 1; k <= last; ++k) {
+    if (without_outer_blanks(document.yVarName(k)) == without_outer_blanks(name)) return true;
+  }
+  return false;
+}
+
+// The evaluator sees the blanks around the name, the list of names does not.
+std::optional<String> refusal_of_name(ControlState& state, const String& name) {
+  const GraphDocument& document = state.document;
+  if (!state.wizard_evaluator.get().IsValidVariableName(name)) {
+    return "'" + name + "' is not a valid variable name";
+  }
+  if (is_known(document, name, document.yVarName.upper())) {
+    return "'" + name + "' is not a unique variable name";
+  }
+  return std::nullopt;
+}
+
+std::optional<String> refusal_of_expression(ControlState& state, const String& expression) {
+  const GraphDocument& document = state.document;
+  const ParsedExpression parsed = state.wizard_evaluator.get().ParseExpression(expression);
+  if (!parsed.ok) return parsed.message;
+  for (const String& name : parsed.variables) {
+    if (!is_known(document, name, document.NumY + 1)) {
+      return "'" + name + "' is not a known scatter curve name";
+    }
+  }
+  return std::nullopt;
+}
+
+using Refusal = std::optional<String> (*)(ControlState&, const String&);
+
+// Asks, each time with the answer before as the proposal, until one is accepted or empty.
+String ask(ControlState& state, const char* text, Refusal refusal_of) {
+  String answer;
+  while (true) {
+    answer = state.shell.input_prompt(text, kPromptTitle, answer);
+    if (answer.empty()) return answer;
+    const std::optional<String> refusal = refusal_of(state, answer);
+    if (!refusal) return answer;
+    state.shell.message_box(*refusal, kExclamation, "KURV Guide");
+  }
+}
+
+void append(ControlState& state, const String& name, const String& expression) {
+  append_derived_curve(state, String(without_outer_blanks(name)), expression);
+}
+
+}  // namespace
+
+void add_derived_curve(ControlState& state) {
+  const String name = ask(state, kNameText, refusal_of_name);
+  if (name.empty()) return;
+  const String expression = ask(state, kExpressionText, refusal_of_expression);
+  if (!expression.empty()) append(state, name, expression);
+}
+
+std::optional<String> derive(ControlState& state, const String& name, const String& expression) {
+  if (const std::optional<String> refusal = refusal_of_name(state, name)) return refusal;
+  if (const std::optional<String> refusal = refusal_of_expression(state, expression)) {
+    return refusal;
+  }
+  append(state, name, expression);
+  return std::nullopt;
+}
+
+}  // namespace kurv

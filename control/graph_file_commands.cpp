@@ -1,0 +1,104 @@
+#include "control/graph_file_commands.h"
+
+#include "control/control_state.h"
+#include "control/data_intake.h"
+#include "control/export.h"
+#include "control/redraw.h"
+#include "io/graph_file_reader.h"
+#include "io/graph_file_writer.h"
+#include "model/text.h"
+
+namespace kurv {
+
+namespace {
+
+void mark_saved(ControlState& state, const String& path) {
+  GraphDocument& document = state.document;
+  document.FileName = path;
+  document.SavedTitle = document.Title;
+  document.GraphSaved = true;
+  state.container.filed();
+}
+
+GraphFile read(ControlState& state, const String& path) {
+  state.open_file.reset();
+  InputFile& file = state.open_file.emplace(path);
+  GraphFile graph =
+      read_graph_file(file, state.document, *state.services.text_field, state.decimal_separator);
+  state.open_file.reset();
+  return graph;
+}
+
+void take_in(ControlState& state, const GraphFile& graph) {
+  const IntakeSettings settings{state.document.Title, graph.num_data,  graph.num_y,
+                                graph.num_functions,  graph.Connected, graph.DrawMarkers};
+  scatter_graph2(state, settings, graph.xyarr, graph.names, graph.visible, graph.functions);
+}
+
+void move(Rect& handle, const HandlePlace& place) {
+  handle.top = place.top;
+  handle.left = place.left;
+}
+
+void restore_view(ControlState& state, const GraphFile& graph) {
+  state.container.set_Height(graph.height);
+  state.container.set_Width(graph.width);
+  move(state.layout.imgTitle, graph.imgTitle);
+  move(state.layout.imgSubTitle, graph.imgSubTitle);
+  move(state.layout.picLegend, graph.picLegend);
+  GraphDocument& document = state.document;
+  document.Y_grid = graph.Y_grid;
+  document.X_grid = graph.X_grid;
+  document.ymin = graph.ymin;
+  document.ymax = graph.ymax;
+  document.xmin = graph.xmin;
+  document.xmax = graph.xmax;
+}
+
+bool begins_as_graph_file(const String& path) {
+  InputFile file(path);
+  return file.next_line().value_or("").starts_with(kGraphFileTag);
+}
+
+}  // namespace
+
+// The view is restored also where the intake has refused the data: the file has been read, and only
+// its curves cannot be shown; deliberate.
+void file_load(ControlState& state, const String& path) {
+  const GraphFile graph = read(state, path);
+  take_in(state, graph);
+  restore_view(state, graph);
+  build_the_graph(state);
+  mark_saved(state, path);
+}
+
+void Save_graph(ControlState& state) {
+  if (state.document.GraphSaved) return;
+  if (state.document.FileName.empty()) {
+    save_dialog(state);
+  } else {
+    save_graph_file(state, state.document.FileName);
+  }
+}
+
+void save_graph_file(ControlState& state, const String& path) {
+  state.open_file.reset();
+  const Container& container = state.container;
+  write_graph_file(path, state.document, state.layout, {container.Height(), container.Width()},
+                   state.decimal_separator);
+  mark_saved(state, path);
+}
+
+// The extension is what stands behind the first dot of the whole path, so a dot in a folder's name
+// hides it; deliberate, and the first line still tells.
+void open_graph(ControlState& state) {
+  const FileChoice choice = state.shell.open_file(
+      {"Open Graph File", "Graph files (*.gdf)|*.gdf|All files (*.*)|*.*", "gdf"});
+  if (without_outer_blanks(choice.path).empty()) return;
+  const bool has_tag = begins_as_graph_file(choice.path);
+  const String extension = state.services.text_field->GetField(choice.path, 2, ".");
+  if (has_tag || is_word(extension, "gdf")) file_load(state, choice.path);
+  build_the_graph(state);
+}
+
+}  // namespace kurv

@@ -1,0 +1,73 @@
+// The mouse on the plot: presses mark parts of the axes, double clicks open the window that edits
+// what lies there, and title, subtitle and legend can be dragged.
+//
+// Points are in twips, of the surface unless said otherwise. Edges belong to a rectangle.
+#pragma once
+
+#include <KurvGraph/plot_surface.h>
+#include <KurvGraph/values.h>
+
+#include <optional>
+#include <string_view>
+#include <vector>
+
+#include "control/mouse_state.h"
+#include "model/layout.h"
+
+namespace kurv {
+
+struct ControlState;
+
+// What can be dragged.
+enum class Item { kLegend, kTitle, kSubTitle };
+
+// "legend", "Title" and "SubTitle"; nothing for any other text.
+std::string_view tag_of(Item item);
+std::optional<Item> item_of(std::string_view tag);
+
+const Rect& rect_of(const ControlState& state, Item item);
+// One rectangle, but two for the frame: along the x axis and along the y axis.
+std::vector<Rect> rects_of(const ControlState& state, Region region);
+
+// Whether there is something of it to be seen: a graph that is drawn, a text, an entry. What is not
+// shown cannot be grabbed.
+bool is_shown(const ControlState& state, Item item);
+// The item that is shown uppermost at the point.
+std::optional<Item> item_at(const ControlState& state, SurfacePoint at);
+// The first region that contains the point.
+std::optional<Region> region_at(const ControlState& state, SurfacePoint at);
+// The same point in the item's own coordinates.
+SurfacePoint within(const ControlState& state, Item item, SurfacePoint at);
+
+// A button went down on the surface: the first region there is marked.
+void mouse_down(ControlState& state, SurfacePoint at);
+// A button came up on the surface: the marks vanish, and the host hears of it.
+void mouse_up(ControlState& state, Integer Button, Integer Shift, Single x, Single Y);
+// Opens the window for the region in which the last button went down; where there is none, the
+// curves. After a press on an item that point is the item's own, and is judged as it stands.
+void double_click(ControlState& state);
+// The same for one region; nothing stands for the plain plot.
+void open_window_of(ControlState& state, std::optional<Region> region);
+
+// A button went down on an item, at a point of its own: from now on it can be dropped.
+void item_mouse_down(ControlState& state, SurfacePoint within);
+// The title opens the titles, so does the subtitle; the legend opens the curves.
+void item_double_click(ControlState& state, Item item);
+// The item with this tag comes to stand with its grabbed point at `at`, wherever that is, and the
+// graph is redrawn. Another tag does nothing. Throws kOverflow, and moves nothing, for a place that
+// no Single holds.
+void drop(ControlState& state, std::string_view tag, SurfacePoint at);
+// The same for a point of another item, or of the item itself.
+void drop_on(ControlState& state, Item target, std::string_view tag, SurfacePoint within);
+
+// Where the pointer is decides who gets a press or a double click, the item or the surface; a
+// release goes to whoever got the press before it, and without one again to what lies there. See
+// the members of Control.
+void press(ControlState& state, SurfacePoint at);
+void release(ControlState& state, Integer Button, Integer Shift, Single x, Single Y);
+void double_click(ControlState& state, SurfacePoint at);
+// The two halves of a drag in one.
+void drag(ControlState& state, std::string_view tag, SurfacePoint grab, SurfacePoint at,
+          std::string_view on);
+
+}  // namespace kurv

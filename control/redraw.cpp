@@ -1,0 +1,73 @@
+#include "control/redraw.h"
+
+#include <algorithm>
+
+#include "control/control_state.h"
+#include "model/vzeroupper.h"
+#include "render/axes.h"
+#include "render/curves.h"
+#include "render/function_curves.h"
+#include "render/legend_titles.h"
+
+namespace kurv {
+
+namespace {
+
+void take_data_copy(GraphDocument& document) {
+  document.xyArr = document.SortXY ? document.xyArrSorted : document.xyArrUnsorted;
+}
+
+void paint(const GraphDocument& document, const NumericService& numeric, Layout& layout,
+           LateEvaluator& function_evaluator, PlotSurface& surface) {
+  clear_upper_registers();
+  DrawAxes(document, numeric, layout, surface);
+  clear_upper_registers();  // the axes have texts, which the surface's toolkit draws
+  DrawScatterCurves(document, layout, surface);
+  DrawFunctionCurves(
+      document, layout, [&]() -> ExprEvaluator& { return function_evaluator.get(); }, surface);
+  DrawLegendAndTitles(document, layout, surface);
+}
+
+// Ticks and grid are drawn with the pen that the redraw before has left: a curve leaves a pen of 1,
+// and where none is drawn, that of the frame stays.
+Integer pen_left_by_a_redraw(const GraphDocument& document) {
+  bool draws_a_curve = false;
+  for (int k = 1; k <= document.NumY; ++k) {
+    if (document.y_visible(k)) draws_a_curve = true;
+  }
+  for (int k = 1; k <= std::min<int>(document.NumYFunc, kMaxFunctions); ++k) {
+    const FunctionCurve& curve = document.y_func(k);
+    if (curve.visible && !curve.expression.empty()) draws_a_curve = true;
+  }
+  return draws_a_curve ? Integer{1} : document.BorderWidth;
+}
+
+}  // namespace
+
+void build_the_graph(ControlState& state) {
+  GraphDocument& document = state.document;
+  Layout& layout = state.layout;
+  PlotSurface& surface = state.surface;
+
+  if (!document.GraphValid) return;
+  SizeTitleHandles(document, layout, surface);
+  document.GraphSaved = false;
+  surface.Cls();
+  take_data_copy(document);
+  paint(document, *state.services.numeric, layout, state.function_evaluator, surface);
+  state.container.redrawn();
+}
+
+void draw_on(const ControlState& state, PlotSurface& surface) {
+  surface.Cls();
+  if (!state.document.GraphValid) return;
+  GraphDocument document = state.document;
+  Layout layout = state.layout;
+  LateEvaluator function_evaluator;
+  SizeTitleHandles(document, layout, surface);
+  take_data_copy(document);
+  surface.DrawWidth(pen_left_by_a_redraw(document));
+  paint(document, *state.services.numeric, layout, function_evaluator, surface);
+}
+
+}  // namespace kurv

@@ -1,0 +1,69 @@
+#include "control/table_edits.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+#include "control/control_state.h"
+#include "control/redraw.h"
+#include "model/axis_range.h"
+#include "model/data_set.h"
+
+namespace kurv {
+
+namespace {
+
+// Two missing values are the same to a reader of the table.
+bool is_same(Double left, Double right) {
+  return left == right || (std::isnan(left) && std::isnan(right));
+}
+
+}  // namespace
+
+TableSize table_size(const GraphDocument& document) {
+  const Matrix<Double>& data = table_data(document);
+  const int rows =
+      std::min<int>({document.NumData, data.upper_point(), document.sorted_places.upper()});
+  const int columns = std::min<int>(document.NumY + 1, data.upper_column());
+  if (rows < 1 || columns < 1) return {};
+  return {rows, columns};
+}
+
+const Matrix<Double>& table_data(const GraphDocument& document) {
+  return document.SortXY ? document.xyArrSorted : document.xyArrUnsorted;
+}
+
+int point_of_row(const GraphDocument& document, int row) {
+  return document.SortXY ? document.sorted_places(row) : row;
+}
+
+std::optional<String> apply_table_edits(ControlState& state, std::vector<CellEdit> edits) {
+  GraphDocument& document = state.document;
+  Matrix<Double>& data = document.xyArrUnsorted;
+  std::erase_if(edits, [&](const CellEdit& edit) {
+    return is_same(data(edit.column, edit.point), edit.value);
+  });
+  if (edits.empty()) return std::nullopt;
+
+  // Exchanging keeps what was there, and exchanging once more brings it back.
+  const auto exchange = [&](CellEdit& edit) {
+    std::swap(data(edit.column, edit.point), edit.value);
+  };
+  std::for_each(edits.begin(), edits.end(), exchange);
+  if (const std::optional<String> refusal = validate_points(document)) {
+    std::for_each(edits.rbegin(), edits.rend(), exchange);
+    return refusal;
+  }
+
+  document.xyArr = data;
+  refresh_sorted_data(document, *state.services.swap);
+  if (document.Autoscale) {
+    basKurvGraph01::compute_axis_range(document, *state.services.numeric);
+  }
+  // A graph that is not valid is not redrawn, and its file lacks the edits all the same.
+  document.GraphSaved = false;
+  build_the_graph(state);
+  return std::nullopt;
+}
+
+}  // namespace kurv

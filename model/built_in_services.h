@@ -1,0 +1,14 @@
+// The classes that stand behind the external components where no host brings its own.
+#pragma once
+
+#include <memory>
+
+#include <KurvGraph/service.h>
+
+namespace kurv {
+
+std::unique_ptr<Service> make_numeric_service();
+std::unique_ptr<Service> make_swap_service();
+std::unique_ptr<Service> make_text_field_tool();
+
+}  // namespace kurv

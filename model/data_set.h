@@ -1,0 +1,35 @@
+// What an intake does with data that are in the document: sort, validate, choose label formats.
+#pragma once
+
+#include <optional>
+
+#include <KurvGraph/services.h>
+
+#include "model/graph_document.h"
+
+namespace kurv {
+
+// Puts the points of xyArr in the order that a selection sort on x gives: at each place the first
+// smallest of what follows is exchanged into it, whole points at a time. Not stable, and a NaN
+// stays where it is. O(n log n) comparisons; every exchange goes through the service, a Double at a
+// time.
+void Sort_xy(GraphDocument& document, const SwapService& swap);
+
+// Keeps xyArr as the copy in the host's order, sorts it as Sort_xy() does, and keeps that as the
+// sorted copy, with the place that each of its points had. Leaves xyArr sorted.
+void keep_both_orders(GraphDocument& document, const SwapService& swap);
+
+// The same, but leaves in xyArr the copy that SortXY selects.
+void refresh_sorted_data(GraphDocument& document, const SwapService& swap);
+
+// Nothing when the data can be plotted, otherwise what to tell the user. Judges by the limits.
+std::optional<String> Validate(const GraphDocument& document);
+
+// The same, judged by the x values in the host's order: two of them have to be finite and differ.
+// The limits hide an x that is missing or infinite.
+std::optional<String> validate_points(const GraphDocument& document);
+
+// Picks formats that suit the spans of the limits, y first; a middling span keeps the format.
+void choose_label_formats(GraphDocument& document, const NumericService& numeric);
+
+}  // namespace kurv

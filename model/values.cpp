@@ -1,0 +1,105 @@
+#include <KurvGraph/values.h>
+
+#include <cmath>
+#include <limits>
+#include <optional>
+
+#include <KurvGraph/fault.h>
+#include <KurvGraph/number_text.h>
+
+#include "model/text.h"
+
+namespace kurv {
+
+namespace {
+
+struct ReadNumber {
+  Double operator()(std::monostate) const { return 0; }
+  Double operator()(Boolean value) const { return value.bits(); }
+  Double operator()(Integer value) const { return value; }
+  Double operator()(Single value) const { return value; }
+  Double operator()(Double value) const { return value; }
+  Double operator()(const String& value) const {
+    const std::optional<Double> number = text_to_number(value);
+    if (!number) throw Fault(FaultKind::kTypeMismatch);
+    return *number;
+  }
+  template <class Array>
+  Double operator()(const Array&) const {
+    throw Fault(FaultKind::kTypeMismatch);
+  }
+};
+
+struct WriteText {
+  String operator()(std::monostate) const { return {}; }
+  String operator()(Boolean value) const { return value ? "True" : "False"; }
+  String operator()(Integer value) const { return number_to_text(static_cast<Double>(value)); }
+  String operator()(Single value) const { return number_to_text(value); }
+  String operator()(Double value) const { return number_to_text(value); }
+  String operator()(const String& value) const { return value; }
+  template <class Array>
+  String operator()(const Array&) const {
+    throw Fault(FaultKind::kTypeMismatch);
+  }
+};
+
+// The word that a text is, or nothing when it has to be read as a number.
+std::optional<Boolean> truth_word(std::string_view text) {
+  const std::string_view word = without_outer_blanks(text);
+  if (is_word(word, "true")) return Boolean(true);
+  if (is_word(word, "false")) return Boolean(false);
+  return std::nullopt;
+}
+
+}  // namespace
+
+Integer to_integer(Double value) {
+  constexpr Double kLeast = std::numeric_limits<Integer>::min();
+  constexpr Double kMost = std::numeric_limits<Integer>::max();
+  const Double rounded = std::nearbyint(value);
+  // Asked this way round so that NaN, for which no comparison holds, does not slip through.
+  if (!(rounded >= kLeast && rounded <= kMost)) throw Fault(FaultKind::kOverflow);
+  return static_cast<Integer>(rounded);
+}
+
+// The language leaves a narrowing cast beyond the largest Single undefined, so those values never
+// get to it: up to half a step beyond they round back to the largest, further out to infinity.
+Single to_single(Double value) {
+  constexpr Double kLargest = std::numeric_limits<Single>::max();
+  constexpr Double kHalfAStepBeyond = 0x1.ffffffp127;
+  const Double magnitude = std::abs(value);
+  if (magnitude >= kHalfAStepBeyond) {
+    return std::copysign(std::numeric_limits<Single>::infinity(), value > 0 ? 1.0F : -1.0F);
+  }
+  if (magnitude > kLargest) return static_cast<Single>(std::copysign(kLargest, value));
+  return static_cast<Single>(value);
+}
+
+Integer to_integer(const Variant& value) {
+  return to_integer(to_double(value));
+}
+
+Single to_single(const Variant& value) {
+  const Double wide = to_double(value);
+  const Single narrow = to_single(wide);
+  if (std::isinf(narrow) && !std::isinf(wide)) throw Fault(FaultKind::kOverflow);
+  return narrow;
+}
+
+Double to_double(const Variant& value) {
+  return std::visit(ReadNumber{}, value);
+}
+
+String to_string(const Variant& value) {
+  return std::visit(WriteText{}, value);
+}
+
+Boolean to_boolean(const Variant& value) {
+  if (const auto* truth = std::get_if<Boolean>(&value)) return *truth;
+  if (const auto* text = std::get_if<String>(&value)) {
+    if (const std::optional<Boolean> word = truth_word(*text)) return *word;
+  }
+  return to_double(value) != 0;
+}
+
+}  // namespace kurv

@@ -1,0 +1,143 @@
+#include <cmath>
+#include <memory>
+#include <utility>
+
+#include "qt/surface/picture_state.h"
+
+namespace kurv {
+namespace {
+
+raster::Point to_point(SurfacePoint point) {
+  return {point.x, point.y};
+}
+
+bool has_nan(SurfacePoint point) {
+  return std::isnan(point.x) || std::isnan(point.y);
+}
+
+}  // namespace
+
+void Picture::Line(SurfacePoint from, SurfacePoint to, int colour, LineKind kind) {
+  if (has_nan(from) || has_nan(to)) return;
+  const bool level_or_upright = from.x == to.x || from.y == to.y;
+  if (kind == LineKind::kSegment || (kind == LineKind::kRule && !level_or_upright)) {
+    raster::Coverage& mask = m_pixels->strokes(colour);
+    raster::add_segment(mask, m_pixels->middles, m_pixels->pen(), to_point(from), to_point(to));
+    return;
+  }
+  m_pixels->flush();
+  const raster::Canvas canvas = m_pixels->canvas();
+  if (kind == LineKind::kFilledBox) {
+    raster::fill_rect(canvas, m_pixels->box(from, to, 0), pixel_of(colour));
+  } else if (kind == LineKind::kBox) {
+    raster::frame_rect(canvas, m_pixels->box(from, to, m_pixels->whole_pen()),
+                       m_pixels->whole_pen(), pixel_of(colour));
+  } else {
+    raster::fill_rect(canvas, m_pixels->rule(from, to), pixel_of(colour));
+  }
+}
+
+void Picture::Polyline(const PolylinePoints& points, int colour) {
+  if (!m_pixels->columns.add(m_pixels->pen(), {points.x, points.y, points.drawn})) {
+    return PlotSurface::Polyline(points, colour);
+  }
+  m_pixels->flush();
+  m_pixels->columns.flush(m_pixels->canvas(), pixel_of(colour));
+}
+
+// Many noisy lines hide most of each other: from the front to the back, what is hidden is not
+// drawn. Of fewer or sparser ones too little is hidden to make good for what that costs.
+void Picture::Polylines(std::span<const Single> x, int count, Integer pen,
+                        const std::function<PolylineOver(int)>& line) {
+  constexpr int kMany = 48;
+  constexpr std::size_t kDense = 2;  // points a pixel
+  raster::Columns& columns = m_pixels->columns;
+  const raster::Pen wide = m_pixels->pen();
+  const bool hides_much = count >= kMany &&
+                          x.size() >= kDense * static_cast<std::size_t>(m_pixels->image.width()) &&
+                          raster::Columns::is_noisy(line(count - 1).y);
+  if (!hides_much || !columns.takes(wide, x)) {
+    return PlotSurface::Polylines(x, count, pen, line);
+  }
+  m_pixels->flush();
+  raster::Layer& layer = m_pixels->layer();
+  layer.clear();
+  for (int i = count - 1; i >= 0; --i) {
+    const PolylineOver over = line(i);
+    columns.add_taken(wide, {x, over.y, over.drawn}, &layer);
+    columns.flush(layer, pixel_of(over.colour));
+  }
+  layer.flush(m_pixels->canvas());
+  m_pixels->release_large_layer();
+  DrawWidth(1);
+}
+
+void Picture::Circle(SurfacePoint centre, Single radius, int colour) {
+  raster::add_circle(m_pixels->strokes(colour), m_pixels->pen(), to_point(centre), radius);
+}
+
+void Picture::Arc(SurfacePoint centre, Single radius, int colour, Single start, Single end) {
+  raster::add_arc(m_pixels->strokes(colour), m_pixels->pen(), to_point(centre), radius, start, end);
+}
+
+namespace {
+
+// Fewer are drawn as they are, and so are figures of more pixels.
+constexpr std::size_t kFewFigures =
+    std::size_t{4} * raster::Stamps::kPhases * raster::Stamps::kPhases;
+constexpr double kLargestStamp = 64;
+
+bool are_few(const FigureCentres& centres) {
+  std::size_t count = 0;
+  for (std::size_t i = 0; i < centres.x.size() && count < kFewFigures; ++i) {
+    count += centres.has(i) ? 1 : 0;
+  }
+  return count < kFewFigures;
+}
+
+}  // namespace
+
+// What the figure looks like with its centre there in a small picture: drawn on two grounds, it
+// shows where it hides what lies below.
+raster::Stamp Picture::stamp_of(const Figure& figure, FigureCentre centre, Picture& white,
+                                Picture& black) const {
+  const auto drawn_on = [&](int ground, Picture& picture) {
+    picture.Cls();  // also of what a figure that failed has left
+    if (ground != kWhite) picture.m_pixels->fill(ground);
+    picture.DrawWidth(m_pixels->draw_width);
+    figure(picture, centre);
+    picture.m_pixels->flush();
+    return picture.m_pixels->canvas();
+  };
+  const int middle = white.m_pixels->resolution.width / 2;
+  return {drawn_on(kWhite, white), drawn_on(kBlack, black), middle, middle};
+}
+
+void Picture::Repeat(const FigureCentres& centres, Double reach, const Figure& figure) {
+  const double wanted = 2 * std::ceil(m_pixels->pixels(reach) + m_pixels->pen_width() + 2) + 1;
+  if (!(wanted <= kLargestStamp) || are_few(centres)) {
+    return PlotSurface::Repeat(centres, reach, figure);
+  }
+  if (m_pixels->pending_colour || m_pixels->stamps.is_full()) m_pixels->flush();
+  const int side = static_cast<int>(wanted);
+  const Resolution& own = m_pixels->resolution;
+  const Resolution small{side, side, own.device_pixel_ratio, own.twips_per_pixel};
+  // Kept, because the next figure of a graph is as large.
+  Pixels::Grounds& grounds = m_pixels->grounds;
+  if (!grounds.white || grounds.white->m_pixels->resolution != small) {
+    grounds.white.reset(new Picture(std::make_unique<Pixels>(small)));
+    grounds.black.reset(new Picture(std::make_unique<Pixels>(small)));
+  }
+  const auto place = [side, unit = own.twips_per_pixel](int phase) {
+    return (side / 2 + static_cast<double>(phase) / raster::Stamps::kPhases) * unit;
+  };
+  m_pixels->stamps.add(centres.x, centres.y, own.twips_per_pixel, [&](int phase_x, int phase_y) {
+    return stamp_of(figure, {place(phase_x), place(phase_y)}, *grounds.white, *grounds.black);
+  });
+}
+
+void Picture::PSet(SurfacePoint at, int colour) {
+  raster::add_segment(m_pixels->strokes(colour), m_pixels->pen(), to_point(at), to_point(at));
+}
+
+}  // namespace kurv

@@ -1,0 +1,42 @@
+#include "qt/surface/resolution.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace kurv {
+
+namespace {
+
+// Coordinates of the surface stay within sixteen bits.
+constexpr double kMaxTwips = 32767;
+// Limits of the memory that a picture takes: four times the pixels of the largest screens. A
+// picture that would be larger is kept at a lower resolution.
+constexpr double kMaxSide = 32767;
+constexpr double kMaxPixels = 4.0 * 7680 * 4320;
+
+}  // namespace
+
+double Resolution::scale_width() const {
+  return std::min(kMaxTwips, width * twips_per_pixel);
+}
+
+double Resolution::scale_height() const {
+  return std::min(kMaxTwips, height * twips_per_pixel);
+}
+
+Resolution resolution_of(QSize logical_size, double device_pixel_ratio) {
+  const double width = std::max(logical_size.width(), 1);
+  const double height = std::max(logical_size.height(), 1);
+  const double longest = std::max(width, height);
+  double ratio =
+      device_pixel_ratio > 0 && std::isfinite(device_pixel_ratio) ? device_pixel_ratio : 1;
+  ratio = std::min({ratio, kMaxSide / longest, std::sqrt(kMaxPixels / (width * height))});
+  ratio = std::max(ratio, 1e-6);
+  const auto pixels = [ratio](double logical) {
+    return static_cast<int>(std::clamp(std::round(logical * ratio), 1.0, kMaxSide));
+  };
+  const double twips_per_logical_pixel = std::min(15.0, kMaxTwips / longest);
+  return {pixels(width), pixels(height), ratio, twips_per_logical_pixel / ratio};
+}
+
+}  // namespace kurv

@@ -1,0 +1,159 @@
+#include "qt/surface/visible_strokes.h"
+
+#include <QPointF>
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+#include "raster/geometry.h"
+
+namespace kurv {
+
+namespace {
+
+constexpr double kDotLength = 0.01;
+constexpr double kFullTurn = 2 * std::numbers::pi;
+
+// An arc that has been brought to numbers of a sane size: radians, anticlockwise.
+struct Turn {
+  double start;
+  double sweep;
+  bool is_circle() const { return sweep >= kFullTurn; }
+};
+
+raster::Point to_point(SurfacePoint point) {
+  return raster::finite(raster::Point{point.x, point.y});
+}
+
+double radius_of(const QRectF& page) {
+  return std::hypot(page.width(), page.height()) / 2;
+}
+
+void add_line(QPainterPath& path, QPointF from, QPointF to) {
+  if (path.isEmpty() || path.currentPosition() != from) path.moveTo(from);
+  path.lineTo(from == to ? to + QPointF(kDotLength, 0) : to);
+}
+
+// A circle so large that on the page it is nearly straight, by the angle at its centre.
+class WideCircle {
+ public:
+  WideCircle(const QRectF& page, raster::Point centre, Single radius) : m_radius(radius) {
+    const QPointF middle = page.center();
+    const QPointF towards = QPointF(centre.x, centre.y) - middle;
+    const double distance = std::hypot(towards.x(), towards.y());
+    m_inwards = towards / distance;
+    // Not from a difference of distances, in which everything on the page would be lost.
+    const double power = raster::power_of_origin(centre, radius) +
+                         QPointF::dotProduct(middle, middle) -
+                         2 * QPointF::dotProduct(middle, QPointF(centre.x, centre.y));
+    m_foot = middle + m_inwards * (power / (distance + m_radius));
+    m_angle = std::atan2(m_inwards.y(), -m_inwards.x());
+    m_reach = std::asin(std::min(1.0, radius_of(page) / m_radius));
+    const QPointF aside = m_foot - middle;
+    m_is_near = std::hypot(aside.x(), aside.y()) <= radius_of(page);
+  }
+
+  // Adds what of the turn may be seen.
+  void add(QPainterPath& path, const Turn& turn) const {
+    if (!m_is_near) return;
+    if (turn.is_circle()) return add_piece(path, -m_reach, m_reach);
+    const double start = std::remainder(turn.start - m_angle, kFullTurn);
+    for (const double turns : {-kFullTurn, 0.0, kFullTurn}) {
+      add_piece(path, std::max(start + turns, -m_reach),
+                std::min(start + turns + turn.sweep, m_reach));
+    }
+  }
+
+ private:
+  // At an angle from the point of the circle that is nearest to the middle of the page.
+  QPointF at(double angle) const {
+    const QPointF along(-m_inwards.y(), m_inwards.x());
+    const double half = std::sin(angle / 2);
+    return m_foot + along * (m_radius * std::sin(angle)) + m_inwards * (2 * m_radius * half * half);
+  }
+
+  void add_piece(QPainterPath& path, double from, double to) const {
+    constexpr int kSteps = 64;
+    if (!(from <= to)) return;
+    path.moveTo(at(from));
+    for (int i = 1; i <= kSteps; ++i) path.lineTo(at(from + (to - from) * i / kSteps));
+  }
+
+  double m_radius;
+  QPointF m_inwards;  // from the page to the centre, of length one
+  QPointF m_foot;     // the circle's point nearest to the middle of the page
+  double m_angle;     // where that is
+  double m_reach;     // how far on either side of it the page can be
+  bool m_is_near;
+};
+
+void add_turn(QPainterPath& path, const QRectF& page, raster::Point centre, Single radius,
+              const Turn& turn) {
+  // Up to here curves describe a circle well, and beyond it the page sees little of it.
+  const double widest = 16 * radius_of(page);
+  const QPointF middle(centre.x, centre.y);
+  const QRectF around(middle.x() - radius, middle.y() - radius, 2.0 * radius, 2.0 * radius);
+  if (radius > widest) {
+    WideCircle(page, centre, radius).add(path, turn);
+  } else if (!around.intersects(page)) {
+    return;
+  } else if (turn.is_circle()) {
+    path.addEllipse(around);
+  } else {
+    const double degrees = 180 / std::numbers::pi;
+    path.arcMoveTo(around, turn.start * degrees);
+    path.arcTo(around, turn.start * degrees, turn.sweep * degrees);
+  }
+}
+
+}  // namespace
+
+void add_visible_segment(QPainterPath& path, const QRectF& page, SurfacePoint from,
+                         SurfacePoint to) {
+  const raster::Point first = to_point(from);
+  const raster::Point last = to_point(to);
+  if (raster::has_nan(first) || raster::has_nan(last)) return;
+  const raster::Box box{{page.left(), page.top()}, {page.right(), page.bottom()}};
+  const std::optional<raster::VisiblePart> part = raster::visible_part(first, last, box);
+  if (part) add_line(path, {part->from.x, part->from.y}, {part->to.x, part->to.y});
+}
+
+void add_visible_circle(QPainterPath& path, const QRectF& page, SurfacePoint centre,
+                        Single radius) {
+  const raster::Point middle = to_point(centre);
+  if (raster::has_nan(middle) || !(radius >= 0)) return;
+  if (radius == 0) return add_visible_segment(path, page, centre, centre);
+  add_turn(path, page, middle, to_point({radius, 0}).x, {0, kFullTurn});
+}
+
+void add_visible_arc(QPainterPath& path, const QRectF& page, SurfacePoint centre, Single radius,
+                     Single start, Single end) {
+  const raster::Point angles = to_point({start, end});
+  if (raster::has_nan(angles)) return;
+  const Turn turn{std::fmod(double(angles.x), kFullTurn), raster::sweep_of(angles.x, angles.y)};
+  if (!(radius > 0) || turn.is_circle()) return add_visible_circle(path, page, centre, radius);
+  const raster::Point middle = to_point(centre);
+  if (raster::has_nan(middle)) return;
+  const Single finite_radius = to_point({radius, 0}).x;
+  // An arc of hardly any length is a dot.
+  if (turn.sweep * finite_radius < kDotLength) {
+    const SurfacePoint dot{static_cast<Single>(middle.x + finite_radius * std::cos(turn.start)),
+                           static_cast<Single>(middle.y - finite_radius * std::sin(turn.start))};
+    return add_visible_segment(path, page, dot, dot);
+  }
+  add_turn(path, page, middle, finite_radius, turn);
+}
+
+std::optional<QRectF> visible_box(const QRectF& page, SurfacePoint a, SurfacePoint b) {
+  const raster::Point first = to_point(a);
+  const raster::Point last = to_point(b);
+  if (raster::has_nan(first) || raster::has_nan(last)) return std::nullopt;
+  const QPointF low(std::max<double>(std::min(first.x, last.x), page.left()),
+                    std::max<double>(std::min(first.y, last.y), page.top()));
+  const QPointF high(std::min<double>(std::max(first.x, last.x), page.right()),
+                     std::min<double>(std::max(first.y, last.y), page.bottom()));
+  if (low.x() > high.x() || low.y() > high.y()) return std::nullopt;
+  return QRectF(low, high);
+}
+
+}  // namespace kurv

@@ -1,0 +1,358 @@
+#include <KurvGraph/KurvGraph.h>
+
+#include <QContextMenuEvent>
+#include <QCoreApplication>
+#include <QEvent>
+#include <QKeyEvent>
+#include <QMetaMethod>
+#include <algorithm>
+#include <iterator>
+#include <new>
+
+#include "control/control_state.h"
+#include "control/data_intake.h"
+#include "control/graph_file_commands.h"
+#include "qt/widget/kurv_graph_state.h"
+#include "qt/widget/picture_printer.h"
+#include "qt/widget/plot_menu.h"
+#include "render/mapping.h"
+
+namespace kurv {
+
+namespace {
+
+constexpr const char* kBoxTitle = "KURV Guide";
+
+struct Shortcut {
+  Qt::Key key;
+  Qt::KeyboardModifier modifier;
+  const char* word;
+};
+
+constexpr Shortcut kShortcuts[] = {
+    {Qt::Key_S, Qt::ControlModifier, "save"},  {Qt::Key_O, Qt::ControlModifier, "open"},
+    {Qt::Key_P, Qt::ControlModifier, "print"}, {Qt::Key_C, Qt::ControlModifier, "copy"},
+    {Qt::Key_F5, Qt::NoModifier, "refresh"},
+};
+
+// The command word of a key, null where it has none.
+const char* word_of(const QKeyEvent& event) {
+  const auto is_it = [&](const Shortcut& shortcut) {
+    return event.key() == shortcut.key && event.modifiers() == shortcut.modifier;
+  };
+  const auto* const found = std::find_if(std::begin(kShortcuts), std::end(kShortcuts), is_it);
+  return found == std::end(kShortcuts) ? nullptr : found->word;
+}
+
+std::optional<QString> shown(const std::optional<String>& sentence) {
+  if (!sentence) return std::nullopt;
+  return shown_text(*sentence);
+}
+
+// The run-time error that ends the work early, if one does.
+template <class Work>
+std::optional<Fault> failure_of(Work work) {
+  try {
+    work();
+  } catch (const Fault& fault) {
+    return fault;
+  } catch (const std::bad_alloc&) {
+    return Fault(FaultKind::kOutOfMemory);
+  }
+  return std::nullopt;
+}
+
+}  // namespace
+
+// -- Life -----------------------------------------------------------------------------------------
+
+KurvGraph::KurvGraph(QWidget* parent) : KurvGraph(nullptr, parent) {}
+KurvGraph::KurvGraph(PlotSurface& lent, QWidget* parent) : KurvGraph(&lent, parent) {}
+
+KurvGraph::KurvGraph(PlotSurface* lent, QWidget* parent) : QWidget(parent) {
+  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+  setMinimumSize(1, 1);
+  m_state = std::make_shared<State>(*this, lent);
+  connect(m_state->view, &PlotView::menu_wanted, this, &KurvGraph::open_menu);
+  // Here and not at the first show, so that what the host sets in between stays.
+  m_state->graph.first_placement();
+  m_state->finish();
+}
+
+KurvGraph::~KurvGraph() {
+  const std::shared_ptr<State> state = m_state;
+  // The control may have a last question. It stands alone: the window around may be half gone.
+  state->widget.clear();
+  state->shell.leave_window();
+  const std::optional<Fault> failure = failure_of([&] { state->graph.terminate(); });
+  if (failure) state->shell.message_box(failure->what(), kCriticalStop, kBoxTitle);
+  // About a visible widget the toolkit asks the application, even when there is none any more.
+  if (!QCoreApplication::instance()) {
+    setAttribute(Qt::WA_WState_Visible, false);
+    for (QWidget* child : findChildren<QWidget*>())
+      child->setAttribute(Qt::WA_WState_Visible, false);
+  }
+  // It shows what is about to go.
+  delete state->view;
+}
+
+QSize KurvGraph::sizeHint() const {
+  return m_state->usual_size();
+}
+
+QSize KurvGraph::minimumSizeHint() const {
+  return {1, 1};
+}
+
+bool KurvGraph::design_mode() const {
+  return m_state->design_mode;
+}
+
+void KurvGraph::set_design_mode(bool on) {
+  m_state->set_design_mode(on);
+}
+
+bool KurvGraph::toolbar_visible() const {
+  return !m_state->toolbar->isHidden();
+}
+
+void KurvGraph::set_toolbar_visible(bool on) {
+  m_state->toolbar->setVisible(on);
+  call([](Control&) {});
+}
+
+bool KurvGraph::shortcuts_enabled() const {
+  return m_state->shortcuts_enabled;
+}
+
+void KurvGraph::set_shortcuts_enabled(bool on) {
+  m_state->shortcuts_enabled = on;
+}
+
+// -- The two ways in ------------------------------------------------------------------------------
+
+// A call of the host. The state is held until it ends: a message box in it runs the event loop,
+// and the widget may be gone when that returns.
+template <class Work>
+void KurvGraph::call(Work work) {
+  struct Held {
+    ~Held() { state->finish(); }
+    std::shared_ptr<State> state;
+  };
+  const Held held{m_state};
+  State& state = *held.state;
+  // While the widget is hidden the toolkit keeps its new sizes to itself.
+  state.fit();
+  state.take_locale();
+  const PrintingFor printing(this);
+  const std::optional<Fault> failure = failure_of([&] { work(state.graph); });
+  state.changed_from_outside();
+  for (int redraws = state.finish(); redraws > 0 && state.widget; --redraws) {
+    Q_EMIT state.widget->redrawn();
+  }
+  if (failure) throw *failure;
+}
+
+// A call of the toolkit. What it has to say is said when the toolkit is done with its event: it
+// still holds the widget, and no slot may delete it now.
+template <class Work>
+void KurvGraph::handle(Work work) {
+  const std::shared_ptr<State> state = m_state;
+  state->take_locale();
+  const PrintingFor printing(this);
+  const std::optional<Fault> failure = failure_of([&] { work(*state); });
+  const int redraws = state->finish(failure.has_value());
+  if (!state->widget) return;
+  KurvGraph* const widget = state->widget;
+  for (int i = 0; i < redraws; ++i) {
+    QMetaObject::invokeMethod(widget, &KurvGraph::redrawn, Qt::QueuedConnection);
+  }
+  if (!failure) return;
+  const int number = failure->number();
+  const QString text = QString::fromUtf8(failure->what());
+  QMetaObject::invokeMethod(
+      widget, [widget, number, text] { widget->tell(number, text); }, Qt::QueuedConnection);
+}
+
+void KurvGraph::State::handle(const std::function<void(Control&)>& work) {
+  if (!widget) return;
+  const std::shared_ptr<State> held = widget->m_state;
+  widget->handle([&](State& state) { work(state.graph); });
+  note_change();
+}
+
+void KurvGraph::run_command(const QString& word) {
+  const auto command = [word](State& state) { state.graph.ChartOptions(word.toStdString()); };
+  QMetaObject::invokeMethod(
+      this, [this, command] { handle(command); }, Qt::QueuedConnection);
+}
+
+void KurvGraph::tell(int number, const QString& text) {
+  if (isSignalConnected(QMetaMethod::fromSignal(&KurvGraph::runTimeError))) {
+    Q_EMIT runTimeError(number, text);
+    return;
+  }
+  // One box at a time: dragging a window's edge would open one for every size on the way.
+  const std::shared_ptr<State> state = m_state;
+  if (state->telling) return;
+  state->telling = true;
+  state->shell.message_box(text.toStdString(), kCriticalStop, kBoxTitle);
+  state->telling = false;
+}
+
+// -- Data -----------------------------------------------------------------------------------------
+
+std::optional<QString> KurvGraph::add_function(const QString& expression) {
+  std::optional<String> refusal;
+  call([&](Control& control) { refusal = control.add_function(expression.toStdString()); });
+  return shown(refusal);
+}
+
+std::optional<QString> KurvGraph::derive(const QString& name, const QString& expression) {
+  std::optional<String> refusal;
+  call([&](Control& control) {
+    refusal = control.derive(name.toStdString(), expression.toStdString());
+  });
+  return shown(refusal);
+}
+
+// -- Methods --------------------------------------------------------------------------------------
+
+void KurvGraph::scatter_graph(const Matrix<Double>& yarr_, const List<Double>& xarr, int pNumData_,
+                              int pNumY_, const Variant& pTitle_, const String& xVarName_,
+                              const List<String>& yVarName_, int pNumYFunc_,
+                              const List<String>& y_func_, std::optional<bool> pConnected_,
+                              std::optional<bool> draw_scatter_points_) {
+  call([&](Control& control) {
+    control.scatter_graph(yarr_, xarr, to_integer(Double(pNumData_)), to_integer(Double(pNumY_)),
+                          pTitle_, xVarName_, yVarName_, to_integer(Double(pNumYFunc_)), y_func_,
+                          pConnected_, draw_scatter_points_);
+  });
+}
+
+void KurvGraph::scatter_graph2(const String& pTitle_, const Matrix<Double>& xyArr_,
+                               const List<String>& xyVarNames_, int pNumData_, int pNumY_,
+                               const List<Boolean>& y_visible_, int pNumYFunc_,
+                               const List<String>& y_func_, std::optional<bool> pConnected_,
+                               std::optional<bool> draw_scatter_points_) {
+  call([&](Control& control) {
+    control.scatter_graph2(pTitle_, xyArr_, xyVarNames_, to_integer(Double(pNumData_)),
+                           to_integer(Double(pNumY_)), y_visible_, to_integer(Double(pNumYFunc_)),
+                           y_func_, pConnected_, draw_scatter_points_);
+  });
+}
+
+void KurvGraph::init() {
+  m_state->graph.init();
+}
+
+void KurvGraph::build_the_graph() {
+  call([](Control& control) { control.build_the_graph(); });
+}
+
+void KurvGraph::file_load(const QString& filename) {
+  load_path(filename.toStdString());
+}
+
+void KurvGraph::load_path(const String& path) {
+  call([&](Control& control) { control.file_load(path); });
+}
+
+void KurvGraph::save_to(const String& path) {
+  call([&](Control& control) { save_graph_file(control.state(), path); });
+}
+
+void KurvGraph::show_mended_data() {
+  if (!has_mended_data(m_state->graph.state().document)) return;
+  call([](Control& control) { kurv::show_mended_data(control.state()); });
+}
+
+void KurvGraph::Save_graph() {
+  call([](Control& control) { control.Save_graph(); });
+}
+
+void KurvGraph::Sort_xy() {
+  call([](Control& control) { control.Sort_xy(); });
+}
+
+void KurvGraph::ChartOptions(const QString& command) {
+  call([&](Control& control) { control.ChartOptions(command.toStdString()); });
+}
+
+void KurvGraph::Restore_Grf() {
+  call([](Control& control) { control.Restore_Grf(); });
+}
+
+void KurvGraph::CloseMe() {
+  call([](Control& control) { control.CloseMe(); });
+}
+
+// -- Events ---------------------------------------------------------------------------------------
+
+bool KurvGraph::event(QEvent* event) {
+  switch (event->type()) {
+    case QEvent::MetaCall:
+      // A queued call. It goes past the parts of the toolkit that no exception may pass through.
+      handle([&](State&) { QObject::event(event); });
+      return true;
+    case QEvent::LayoutRequest:  // The toolbar may want another height.
+    case QEvent::ScreenChangeInternal:
+#if QT_VERSION >= QT_VERSION_CHECK(6, 6, 0)
+    case QEvent::DevicePixelRatioChange:
+#endif
+      handle([](State& state) { state.fit(); });
+      break;
+    default:
+      break;
+  }
+  return QWidget::event(event);
+}
+
+void KurvGraph::resizeEvent(QResizeEvent*) {
+  handle([](State& state) { state.fit(); });
+}
+
+void KurvGraph::showEvent(QShowEvent* event) {
+  // The window system's own shows, such as a restore from an icon, change nothing.
+  if (event->spontaneous()) return;
+  handle([](State& state) {
+    state.fit();
+    state.graph.show();
+  });
+}
+
+// Not by a proxy: Tab would then lead to the plot first and never to the toolbar.
+void KurvGraph::focusInEvent(QFocusEvent* event) {
+  m_state->view->setFocus(event->reason());
+}
+
+// Here and not as shortcuts of the toolkit's: a host that has actions with the same keys keeps
+// them.
+void KurvGraph::keyPressEvent(QKeyEvent* event) {
+  if (m_state->design_mode) return QWidget::keyPressEvent(event);
+  if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier) {
+    open_menu(m_state->view->menu_point());
+    return;
+  }
+  const char* const word = m_state->shortcuts_enabled ? word_of(*event) : nullptr;
+  if (!word) return QWidget::keyPressEvent(event);
+  // A key that is held down is one command.
+  if (!event->isAutoRepeat()) run_command(QLatin1String(word));
+}
+
+// The toolkit has its own idea of when a mouse asks for a menu; here it is the release alone.
+void KurvGraph::contextMenuEvent(QContextMenuEvent* event) {
+  event->accept();
+  if (event->reason() == QContextMenuEvent::Keyboard) open_menu(m_state->view->menu_point());
+}
+
+void KurvGraph::open_menu(QPoint at) {
+  if (contextMenuPolicy() != Qt::DefaultContextMenu || m_state->design_mode) return;
+  const bool can_derive = m_state->graph.state().document.NumY < kMaxCurves;
+  QMenu* const menu = new_plot_menu(*this, can_derive, [this](PlotCommand command) {
+    handle([command](State& state) { command(state.graph); });
+  });
+  menu->popup(at);
+}
+
+}  // namespace kurv

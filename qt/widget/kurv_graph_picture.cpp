@@ -1,0 +1,67 @@
+// What a host can learn about the picture: its pixels, its lines, and where its data stand.
+#include <cmath>
+
+#include "control/control_state.h"
+#include "qt/widget/kurv_graph_state.h"
+#include "render/mapping.h"
+
+namespace kurv {
+
+namespace {
+
+std::optional<QPointF> finite(double x, double y) {
+  if (!std::isfinite(x) || !std::isfinite(y)) return std::nullopt;
+  return QPointF(x, y);
+}
+
+bool can_be_mapped(const GraphDocument& document, const PlotRect& plot) {
+  return document.GraphValid && document.xmax != document.xmin && document.ymax != document.ymin &&
+         plot.PlotWidth != 0 && plot.PlotHeight != 0;
+}
+
+}  // namespace
+
+QImage KurvGraph::image() const {
+  return m_state->picture.image();
+}
+
+QRect KurvGraph::plot_rect() const {
+  return m_state->plot_rect();
+}
+
+QByteArray KurvGraph::svg() const {
+  return m_state->document_in(VectorFormat::kSvg);
+}
+
+QByteArray KurvGraph::pdf() const {
+  return m_state->document_in(VectorFormat::kPdf);
+}
+
+QByteArray KurvGraph::State::document_in(VectorFormat format) const {
+  VectorPicture document(format, shown_text(graph.Title()), inner, ratio);
+  graph.draw_on(document);
+  return document.take_document();
+}
+
+std::optional<QPointF> KurvGraph::data_at(QPointF pixel) const {
+  const GraphDocument& document = m_state->graph.state().document;
+  const PlotRect& plot = m_state->graph.state().layout.plot;
+  if (!can_be_mapped(document, plot)) return std::nullopt;
+  const QPointF twips = (pixel - plot_rect().topLeft()) * m_state->twips_per_logical_pixel();
+  const double across = (twips.x() - plot.PlotLeft) / plot.PlotWidth;
+  const double upwards = (plot.PlotTop + plot.PlotHeight - twips.y()) / plot.PlotHeight;
+  return finite(document.xmin + across * (document.xmax - document.xmin),
+                document.ymin + upwards * (document.ymax - document.ymin));
+}
+
+std::optional<QPointF> KurvGraph::pixel_of(double x, double y) const {
+  const GraphDocument& document = m_state->graph.state().document;
+  const PlotRect& plot = m_state->graph.state().layout.plot;
+  if (!can_be_mapped(document, plot)) return std::nullopt;
+  const Mapping mapping(document, plot);
+  const double scale = m_state->twips_per_logical_pixel();
+  const QPoint origin = plot_rect().topLeft();
+  return finite(origin.x() + mapping.SurfX(x) / scale, origin.y() + mapping.SurfY(y) / scale);
+}
+
+}  // namespace kurv

@@ -1,0 +1,170 @@
+#include "qt/widget/kurv_graph_state.h"
+
+#include <QLocale>
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+#include "control/control_state.h"
+#include "dialogs/shared_windows.h"
+#include "qt/widget/picture_printer.h"
+
+namespace kurv {
+
+namespace {
+
+// Where a side of the control reads as this, it may be larger in truth.
+constexpr Single kCeiling = 32767;
+constexpr double kLargestWidget = 16777215;
+
+int pixels_of(Single twips, double twips_per_pixel) {
+  return static_cast<int>(std::lround(std::clamp(twips / twips_per_pixel, 1.0, kLargestWidget)));
+}
+
+}  // namespace
+
+KurvGraph::State::State(KurvGraph& owner, PlotSurface* lent)
+    : widget(&owner),
+      toolbar(new Toolbar([&owner](const QString& key) { owner.run_command(key); }, &owner)),
+      view(new PlotView(*this, picture, &owner)),
+      inner(kUsualPlot),
+      ratio(owner.devicePixelRatioF()),
+      picture(inner, ratio),
+      surface(lent ? *lent : static_cast<PlotSurface&>(picture)),
+      shell(owner, this),
+      graph(*this, shell, surface) {
+  provide_desktop_printer();
+  owner.resize(usual_size());
+  outer = owner.size();
+  arrange();
+}
+
+int KurvGraph::State::toolbar_height() const {
+  return toolbar->isHidden() ? 0 : toolbar->wanted_height();
+}
+
+QSize KurvGraph::State::usual_size() const {
+  return kUsualPlot + QSize(0, toolbar_height());
+}
+
+QRect KurvGraph::State::plot_rect() const {
+  const int top = toolbar_height();
+  return {0, top, widget->width(), std::max(widget->height() - top, 0)};
+}
+
+void KurvGraph::State::arrange() {
+  const QRect plot = plot_rect();
+  toolbar->setGeometry(0, 0, plot.width(), plot.top());
+  view->setGeometry(plot);
+}
+
+void KurvGraph::State::fit() {
+  if (!widget) return;
+  arrange();
+  const QSize new_outer = widget->size();
+  const QSize new_inner = view->size();
+  const double new_ratio = widget->devicePixelRatioF();
+  const bool resized = new_outer != outer || new_inner != inner;
+  if (!resized && new_ratio == ratio) return;
+  picture.resize(new_inner, new_ratio);
+  outer = new_outer;
+  inner = new_inner;
+  ratio = new_ratio;
+  view->picture_changed();
+  // Another screen is no other size: the graph keeps its twips and only gets other pixels.
+  if (resized) {
+    graph.resize();
+  } else {
+    graph.build_the_graph();
+  }
+}
+
+void KurvGraph::State::take_locale() {
+  if (!widget) return;
+  const bool has_comma =
+      widget->testAttribute(Qt::WA_SetLocale) && widget->locale().decimalPoint() == ",";
+  graph.set_decimal_separator(has_comma ? ',' : '.');
+}
+
+// A redraw that failed has changed the picture as well, and so has a bitmap, into which the curves
+// are drawn once more. Data that were refused change no picture, but what the windows show.
+int KurvGraph::State::finish(bool has_failed) {
+  const bool redrawn = surface.take_redraws() > 0;
+  const qint64 drawn = picture.image().cacheKey();
+  if (std::exchange(shown_picture, drawn) != drawn && widget) view->picture_changed();
+  const unsigned revision = graph.state().document.data_revision;
+  if (std::exchange(shown_data, revision) != revision || redrawn || has_failed) {
+    refill_windows(*this);
+  }
+  if (widget) view->describe();
+  if (redrawn) note_change();
+  return std::exchange(whole_redraws, 0);
+}
+
+void KurvGraph::State::changed_from_outside() {
+  refill_windows(*this);
+  note_change();
+}
+
+void KurvGraph::State::note_change() {
+  if (!widget || std::exchange(change_noted, true)) return;
+  QMetaObject::invokeMethod(
+      widget,
+      [this] {
+        change_noted = false;
+        if (widget) Q_EMIT widget->changed();
+      },
+      Qt::QueuedConnection);
+}
+
+double KurvGraph::State::twips_per_logical_pixel() const {
+  return picture.twips_per_device_pixel() * picture.image().devicePixelRatio();
+}
+
+// A form editor takes the mouse itself, and has an order of the focus of its own.
+void KurvGraph::State::set_design_mode(bool on) {
+  design_mode = on;
+  for (QWidget* child : {static_cast<QWidget*>(toolbar), static_cast<QWidget*>(view)})
+    child->setAttribute(Qt::WA_TransparentForMouseEvents, on);
+  toolbar->set_reachable(!on);
+  view->setFocusPolicy(on ? Qt::NoFocus : Qt::StrongFocus);
+}
+
+void KurvGraph::State::set_MousePointer(Integer pointer) {
+  if (!widget) return;
+  if (pointer == kHourglassPointer) {
+    widget->setCursor(Qt::WaitCursor);
+  } else {
+    widget->unsetCursor();
+  }
+  view->set_busy(pointer == kHourglassPointer);
+}
+
+Single KurvGraph::State::Height() const {
+  return std::min(kCeiling, to_single(outer.height() * twips_per_logical_pixel()));
+}
+
+Single KurvGraph::State::Width() const {
+  return std::min(kCeiling, to_single(outer.width() * twips_per_logical_pixel()));
+}
+
+// A size that reads as asked for already stays: at the ceiling it may well be larger than the one
+// that was once stored there.
+void KurvGraph::State::set_Height(Single twips) {
+  if (!widget || std::isnan(twips) || std::min(twips, kCeiling) == Height()) return;
+  widget->resize(widget->width(), pixels_of(twips, twips_per_logical_pixel()));
+  fit();
+}
+
+void KurvGraph::State::set_Width(Single twips) {
+  if (!widget || std::isnan(twips) || std::min(twips, kCeiling) == Width()) return;
+  widget->resize(pixels_of(twips, twips_per_logical_pixel()), widget->height());
+  fit();
+}
+
+void KurvGraph::State::MouseUp(Integer Button, Integer Shift, Single x, Single Y) {
+  if (widget) Q_EMIT widget->MouseUp(Button, Shift, x, Y);
+}
+
+}  // namespace kurv

@@ -1,0 +1,93 @@
+// What stands behind one widget: its pixels, its control, and what the two ask of each other.
+#pragma once
+
+#include <KurvGraph/KurvGraph.h>
+#include <KurvGraph/container.h>
+#include <KurvGraph/control.h>
+#include <KurvGraph/picture.h>
+#include <KurvGraph/vector_picture.h>
+
+#include <QPointer>
+#include <QRect>
+#include <QSize>
+
+#include "dialogs/client.h"
+#include "qt/widget/plot_view.h"
+#include "qt/widget/qt_shell.h"
+#include "qt/widget/toolbar.h"
+#include "qt/widget/watched_surface.h"
+
+namespace kurv {
+
+inline constexpr QSize kUsualPlot(720, 480);
+
+// It outlives the widget while a call is in progress, so everything about the widget is asked only
+// as long as there is one.
+struct KurvGraph::State final : Container, Client {
+  State(KurvGraph& owner, PlotSurface* lent);
+
+  // -- For the widget -------------------------------------------------------------------------
+  // With the plot in its usual size.
+  QSize usual_size() const;
+  // Where the plot stands in the widget: below the toolbar.
+  QRect plot_rect() const;
+  // Puts toolbar and plot in their places, and brings the picture to the plot's size and
+  // resolution, if they have changed.
+  void fit();
+  // Brings the control's decimal separator to the widget's locale. Only one that the host has set
+  // on this widget counts: files must not depend on the desktop that the program runs on. The
+  // toolkit tells nobody when a host sets the very locale that the system has, so it is asked.
+  void take_locale();
+  // Ends a call, whether or not it failed: the last strokes become pixels, and a picture that has
+  // changed is shown. Returns how many whole redraws there were.
+  int finish(bool has_failed = false);
+  // The host has changed the graph: its windows show that, whether or not the picture does.
+  void changed_from_outside();
+  double twips_per_logical_pixel() const;
+  // The graph as a document of lines and text, for which nothing of it changes.
+  QByteArray document_in(VectorFormat format) const;
+
+  void set_design_mode(bool on);
+
+  // -- For the windows ------------------------------------------------------------------------
+  Control& control() override { return graph; }
+  QWidget* window() const override { return widget ? widget->window() : nullptr; }
+  void handle(const std::function<void(Control&)>& work) override;
+
+  // -- For the control ------------------------------------------------------------------------
+  bool run_mode() const override { return !design_mode; }
+  void set_MousePointer(Integer pointer) override;
+  Single Height() const override;
+  Single Width() const override;
+  void set_Height(Single twips) override;
+  void set_Width(Single twips) override;
+  void redrawn() override { ++whole_redraws; }
+  void filed() override;
+  void MouseUp(Integer Button, Integer Shift, Single x, Single Y) override;
+
+  QPointer<KurvGraph> widget;
+  Toolbar* toolbar;  // both live as long as the widget does
+  PlotView* view;
+  QSize outer;       // the widget's size when the picture was made, in logical pixels
+  QSize inner;       // what the picture was made for
+  double ratio = 1;  // and its device pixels per logical pixel
+  bool design_mode = false;
+  bool shortcuts_enabled = true;
+  qint64 shown_picture = 0;   // which one it was at the last finish()
+  unsigned shown_data = 0;    // and which data
+  bool change_noted = false;  // the signal is on its way
+  int whole_redraws = 0;      // since the last finish()
+  bool telling = false;       // a message box about a run-time error is open
+  Picture picture;
+  WatchedSurface surface;
+  QtShell shell;
+  Control graph;
+
+ private:
+  // Announces that something may have changed, once the current event is over.
+  void note_change();
+  int toolbar_height() const;
+  void arrange();
+};
+
+}  // namespace kurv

@@ -1,0 +1,119 @@
+#include "qt/widget/picture_printer.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QFileInfo>
+#include <QPainter>
+#include <QPointer>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <algorithm>
+#include <memory>
+#include <utility>
+
+#include "control/provided_classes.h"
+#include "qt/widget/qt_shell.h"
+
+namespace kurv {
+
+namespace {
+
+QImage image_of(std::string_view bitmap) {
+  QImage image;
+  image.loadFromData(reinterpret_cast<const uchar*>(bitmap.data()), static_cast<int>(bitmap.size()),
+                     "BMP");
+  return image;
+}
+
+QPointer<QWidget> g_printing_for;
+
+// The user has chosen a printer and said yes.
+bool is_accepted(QPrinter& printer) {
+  const QPointer<QPrintDialog> dialog = new QPrintDialog(&printer, front_of(g_printing_for));
+  // There is one page, and nothing that could be selected on it.
+  dialog->setOptions(QAbstractPrintDialog::PrintToFile | QAbstractPrintDialog::PrintShowPageSize);
+  const bool accepted = dialog->exec() == QDialog::Accepted;
+  // The window may have gone meanwhile, and its dialog with it; then nobody has said anything.
+  const bool answered = accepted && dialog;
+  delete dialog.data();
+  return answered;
+}
+
+// Where on the page the picture stands, which is `size` large, and the caption below it.
+QRectF picture_place(const QSizeF& page, const QSizeF& size, double caption_height) {
+  const QSizeF room(page.width(), std::max(1.0, page.height() - caption_height));
+  const QSizeF scaled = size.scaled(room, Qt::KeepAspectRatio);
+  return QRectF(QPointF((page.width() - scaled.width()) / 2, (room.height() - scaled.height()) / 2),
+                scaled);
+}
+
+}  // namespace
+
+PrintingFor::PrintingFor(QWidget* widget)
+    : m_before(std::exchange(g_printing_for, QPointer<QWidget>(widget))) {}
+
+PrintingFor::~PrintingFor() {
+  g_printing_for = m_before;
+}
+
+void DesktopPrinter::PrintPicture(std::string_view bitmap, std::string_view font_name,
+                                  std::string_view caption, Single font_size) {
+  if (!qobject_cast<QApplication*>(QCoreApplication::instance()) ||
+      QCoreApplication::closingDown()) {
+    return;
+  }
+  const QImage picture = image_of(bitmap);
+  QFont font(QString::fromUtf8(font_name.data(), static_cast<qsizetype>(font_name.size())));
+  if (font_size > 0) font.setPointSizeF(font_size);
+
+  QPrinter printer(QPrinter::HighResolution);
+  printer.setDocName(QStringLiteral("KURV graph"));
+  if (picture.width() > picture.height()) printer.setPageOrientation(QPageLayout::Landscape);
+  if (!is_accepted(printer)) return;
+  const QString file = printer.outputFileName();
+  const bool painted = print_page(printer, picture, {shown_text(caption), font});
+  if (!painted || (!file.isEmpty() && !is_whole_pdf(file))) {
+    throw Fault(FaultKind::kDeviceIoError);
+  }
+}
+
+void provide_desktop_printer() {
+  provide_class(kPicturePrinterClass, [] { return std::make_unique<DesktopPrinter>(); });
+}
+
+bool print_page(QPagedPaintDevice& device, const QImage& picture, const Caption& caption) {
+  QPainter painter;
+  if (!painter.begin(&device)) return false;
+  // Pixels reach the paper as they are, neither thinned out nor packed with losses.
+  painter.setRenderHint(QPainter::LosslessImageRendering);
+  painter.setRenderHint(QPainter::SmoothPixmapTransform);
+  const QSizeF page(device.width(), device.height());
+  painter.setFont(caption.font);
+  const QRectF text_room = painter.boundingRect(QRectF(QPointF(0, 0), page),
+                                                Qt::AlignHCenter | Qt::TextWordWrap, caption.text);
+  const double caption_height = caption.text.isEmpty() ? 0 : 1.5 * text_room.height();
+  if (!picture.isNull()) {
+    const QRectF place = picture_place(page, picture.size(), caption_height);
+    painter.drawImage(place, picture);
+    const double below = place.bottom() + caption_height - text_room.height();
+    painter.drawText(QRectF(0, below, page.width(), text_room.height()),
+                     Qt::AlignHCenter | Qt::TextWordWrap, caption.text);
+  }
+  return painter.end();
+}
+
+// The last lines say where the table of contents begins, counted from what was meant to be written:
+// so it stands there only where everything has arrived.
+bool is_whole_pdf(const QString& path) {
+  QFile file(path);
+  // A device may have no end.
+  if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly)) return false;
+  constexpr qint64 kTail = 200;
+  file.seek(std::max<qint64>(0, file.size() - kTail));
+  const QList<QByteArray> words = file.read(kTail).simplified().split(' ');
+  const qsizetype mark = words.lastIndexOf("startxref");
+  if (mark < 0 || mark + 2 >= words.size() || words[mark + 2] != "%%EOF") return false;
+  return file.seek(words[mark + 1].toLongLong()) && file.read(4) == "xref";
+}
+
+}  // namespace kurv

@@ -1,0 +1,161 @@
+#include "qt/widget/plot_accessible.h"
+
+#include <QAccessibleWidget>
+#include <QPointer>
+#include <QWindow>
+#include <algorithm>
+#include <map>
+
+#include "control/control_state.h"
+#include "qt/widget/plot_view.h"
+
+namespace kurv {
+
+namespace {
+
+// A host may hand over fewer names than it should; the redraw says so.
+bool has_name_of_x(const GraphDocument& document) {
+  return document.yVarName.lower() <= 1 && document.yVarName.upper() >= 1;
+}
+
+// One item or region. It has no object of the toolkit behind it.
+class PlaceAccessible final : public QAccessibleInterface, public QAccessibleActionInterface {
+ public:
+  PlaceAccessible(PlotView& view, const Place& place) : m_view(&view), m_place(place) {}
+
+  bool isValid() const override { return m_view && is_there(m_view->state(), m_place); }
+  QObject* object() const override { return nullptr; }
+  QWindow* window() const override { return m_view ? m_view->window()->windowHandle() : nullptr; }
+  QAccessibleInterface* parent() const override {
+    return QAccessible::queryAccessibleInterface(m_view);
+  }
+  QAccessibleInterface* child(int) const override { return nullptr; }
+  QAccessibleInterface* childAt(int, int) const override { return nullptr; }
+  int childCount() const override { return 0; }
+  int indexOfChild(const QAccessibleInterface*) const override { return -1; }
+
+  QString text(QAccessible::Text kind) const override;
+  void setText(QAccessible::Text, const QString&) override {}
+  QRect rect() const override;
+  QAccessible::Role role() const override {
+    return std::holds_alternative<Item>(m_place) ? QAccessible::StaticText : QAccessible::Graphic;
+  }
+  QAccessible::State state() const override;
+
+  void* interface_cast(QAccessible::InterfaceType type) override {
+    if (type != QAccessible::ActionInterface) return nullptr;
+    return static_cast<QAccessibleActionInterface*>(this);
+  }
+  QStringList actionNames() const override { return {pressAction(), setFocusAction()}; }
+  void doAction(const QString& name) override;
+  QStringList keyBindingsForAction(const QString&) const override { return {}; }
+
+ private:
+  QPointer<PlotView> m_view;
+  Place m_place;
+};
+
+QString PlaceAccessible::text(QAccessible::Text kind) const {
+  if (!isValid()) return {};
+  if (kind == QAccessible::Description) return hint_of(m_place);
+  if (kind != QAccessible::Name) return {};
+  const GraphDocument& document = m_view->state().document;
+  String shown;
+  if (m_place == Place(Item::kTitle)) shown = document.Title;
+  if (m_place == Place(Item::kSubTitle)) shown = document.SubTitle;
+  if (m_place == Place(Region::kXCaption) && has_name_of_x(document)) shown = document.yVarName(1);
+  if (shown.empty()) return name_of(m_place);
+  return name_of(m_place) + QStringLiteral(": ") + QString::fromStdString(shown);
+}
+
+QRect PlaceAccessible::rect() const {
+  if (!isValid()) return {};
+  const QRect bounds = m_view->bounds_of(m_place);
+  return {m_view->mapToGlobal(bounds.topLeft()), bounds.size()};
+}
+
+QAccessible::State PlaceAccessible::state() const {
+  QAccessible::State state;
+  if (!isValid()) {
+    state.invalid = true;
+    return state;
+  }
+  state.focusable = true;
+  state.focused = m_view->hasFocus() && m_view->focused() == m_place;
+  state.invisible = !m_view->isVisible();
+  return state;
+}
+
+void PlaceAccessible::doAction(const QString& name) {
+  if (!isValid()) return;
+  if (name == pressAction()) m_view->edit(m_place);
+  if (name == setFocusAction()) m_view->focus_on(m_place);
+}
+
+class PlotAccessible final : public QAccessibleWidget {
+ public:
+  explicit PlotAccessible(PlotView& view) : QAccessibleWidget(&view, QAccessible::Chart) {}
+  ~PlotAccessible() override {
+    for (const auto& known : m_known) QAccessible::deleteAccessibleInterface(known.second);
+  }
+
+  int childCount() const override { return static_cast<int>(places().size()); }
+  QAccessibleInterface* child(int index) const override {
+    const std::vector<Place> there = places();
+    const bool is_one = index >= 0 && index < static_cast<int>(there.size());
+    return is_one ? of(there[static_cast<std::size_t>(index)]) : nullptr;
+  }
+  int indexOfChild(const QAccessibleInterface* child) const override {
+    const std::vector<Place> there = places();
+    const auto found = std::find_if(there.begin(), there.end(),
+                                    [&](const Place& place) { return of(place) == child; });
+    return found == there.end() ? -1 : static_cast<int>(found - there.begin());
+  }
+  QAccessibleInterface* childAt(int x, int y) const override {
+    const std::optional<Place> place = view().place_under(view().mapFromGlobal(QPoint(x, y)));
+    return place ? of(*place) : nullptr;
+  }
+  QAccessibleInterface* focusChild() const override {
+    if (!view().hasFocus()) return nullptr;
+    const std::optional<Place> place = view().focused();
+    return place ? of(*place) : QAccessible::queryAccessibleInterface(&view());
+  }
+
+  // A place keeps its interface, because screen readers remember it.
+  QAccessibleInterface* of(const Place& place) const {
+    const auto known = m_known.find(place);
+    if (known != m_known.end()) return QAccessible::accessibleInterface(known->second);
+    auto* const made = new PlaceAccessible(view(), place);
+    m_known.emplace(place, QAccessible::registerAccessibleInterface(made));
+    return made;
+  }
+
+ private:
+  PlotView& view() const { return *static_cast<PlotView*>(widget()); }
+  std::vector<Place> places() const { return places_of(view().state()); }
+
+  mutable std::map<Place, QAccessible::Id> m_known;
+};
+
+QAccessibleInterface* interface_of(const QString&, QObject* object) {
+  auto* const view = qobject_cast<PlotView*>(object);
+  return view ? new PlotAccessible(*view) : nullptr;
+}
+
+}  // namespace
+
+void make_plots_accessible() {
+  // The same factory is never installed twice.
+  QAccessible::installFactory(interface_of);
+}
+
+void tell_focus(PlotView& view) {
+  if (!QAccessible::isActive()) return;
+  auto* const plot = QAccessible::queryAccessibleInterface(&view);
+  QAccessibleInterface* const focused = plot ? plot->focusChild() : nullptr;
+  if (!focused) return;
+  QAccessibleEvent event(focused, QAccessible::Focus);
+  QAccessible::updateAccessibility(&event);
+}
+
+}  // namespace kurv

@@ -1,0 +1,96 @@
+#include "qt/widget/plot_menu.h"
+
+#include <QAction>
+#include <optional>
+
+#include "control/mouse.h"
+
+namespace kurv {
+
+namespace {
+
+struct Entry {
+  const char* name;
+  const char* text;  // null: a line between groups
+  PlotCommand command;
+};
+
+template <PromptedSetting setting>
+void prompt_for(Control& control) {
+  control.prompt(setting);
+}
+
+template <Region region>
+void open_window_for(Control& control) {
+  open_window_of(control.state(), std::optional(region));
+}
+
+void curves(Control& control) {
+  control.ChartOptions("curves");
+}
+
+void titles(Control& control) {
+  control.ChartOptions("titles");
+}
+
+void table(Control& control) {
+  control.ChartOptions("table");
+}
+
+void add_function(Control& control) {
+  control.add_function();
+}
+
+void add_derived_curve(Control& control) {
+  control.add_derived_curve();
+}
+
+constexpr Entry kLine{nullptr, nullptr, nullptr};
+// No letter marks two entries.
+constexpr Entry kEntries[] = {
+    {"mnuCurves", "&Curves and Functions…", curves},
+    {"mnuTitles", "Titles and F&onts…", titles},
+    {"mnuAxes", "Ax&es…", open_window_for<Region::kXLabels>},
+    {"mnuLines", "Li&nes and Markers…", open_window_for<Region::kFrame>},
+    {"mnuTable", "&Table…", table},
+    kLine,
+    {"mnuMarkerSize", "&Marker Size…", prompt_for<PromptedSetting::kMarkerSize>},
+    kLine,
+    {"mnuLeftMargin", "&Left Margin…", prompt_for<PromptedSetting::kLeftMargin>},
+    {"mnuRightMargin", "&Right Margin…", prompt_for<PromptedSetting::kRightMargin>},
+    {"mnuTopMargin", "To&p Margin…", prompt_for<PromptedSetting::kTopMargin>},
+    {"mnuBottomMargin", "&Bottom Margin…", prompt_for<PromptedSetting::kBottomMargin>},
+    kLine,
+    {"mnuXAxisTitle", "&X Axis Title…", prompt_for<PromptedSetting::kXAxisTitle>},
+    {"mnuAxisFont", "&Axis Font…", prompt_for<PromptedSetting::kAxisFont>},
+    {"mnuTitleFont", "T&itle Font…", prompt_for<PromptedSetting::kTitleFont>},
+    {"mnuSubTitleFont", "&Subtitle Font…", prompt_for<PromptedSetting::kSubtitleFont>},
+    kLine,
+    {"mnuAddFunction", "Add &Function…", add_function},
+    {"mnuAddDerivedCurve", "Add &Derived Curve…", add_derived_curve},
+};
+
+}  // namespace
+
+QMenu* new_plot_menu(QWidget& owner, bool can_derive, const std::function<void(PlotCommand)>& run) {
+  auto* const menu = new QMenu(&owner);
+  menu->setObjectName(QStringLiteral("mnuPlot"));
+  menu->setAccessibleName(QStringLiteral("Graph"));
+  menu->setAttribute(Qt::WA_DeleteOnClose);
+  for (const Entry& entry : kEntries) {
+    if (!entry.text) {
+      menu->addSeparator();
+      continue;
+    }
+    QAction* const action = menu->addAction(QString::fromUtf8(entry.text));
+    action->setObjectName(QLatin1String(entry.name));
+    action->setEnabled(can_derive || entry.command != add_derived_curve);
+    // Queued, so that no prompt is open inside the menu's own code, under which the window may go.
+    QObject::connect(
+        action, &QAction::triggered, &owner, [run, command = entry.command] { run(command); },
+        Qt::QueuedConnection);
+  }
+  return menu;
+}
+
+}  // namespace kurv

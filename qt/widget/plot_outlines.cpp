@@ -1,0 +1,59 @@
+#include "qt/widget/plot_outlines.h"
+
+#include <QColor>
+#include <QPen>
+#include <algorithm>
+
+namespace kurv {
+
+namespace {
+
+// The picture is white on every desktop, and so the ink does not follow the palette.
+constexpr QRgb kInk = 0xFF003C8C;
+
+// Logical pixels; whole ones, so that the lines are crisp.
+constexpr int kFocusWidth = 2;
+constexpr int kFocusGap = 2;  // keeps the line off the text
+
+// Where something of this extent begins that begins at `at`, brought so near to first..last that a
+// piece of it is within.
+int near(int at, int extent, int first, int last) {
+  constexpr int kPiece = 4 * kFocusWidth;
+  const int least = first - extent + kPiece;
+  return std::clamp(at, least, std::max(least, last - kPiece));
+}
+
+void outline(QPainter& painter, const QRect& rect, int width, Qt::PenStyle style) {
+  QPen pen(Qt::white, width);
+  pen.setJoinStyle(Qt::MiterJoin);
+  painter.setPen(pen);
+  painter.drawRect(rect);
+  pen.setColor(QColor::fromRgb(kInk));
+  pen.setStyle(style);
+  pen.setCapStyle(Qt::FlatCap);
+  painter.setPen(pen);
+  painter.drawRect(rect);
+}
+
+}  // namespace
+
+void outline_pressed(QPainter& painter, const std::vector<QRectF>& rects) {
+  for (const QRectF& rect : rects) outline(painter, rect.toAlignedRect(), 1, Qt::SolidLine);
+}
+
+void outline_dragged(QPainter& painter, const QRectF& rect) {
+  outline(painter, rect.toAlignedRect(), 1, Qt::DashLine);
+}
+
+void outline_focused(QPainter& painter, const std::vector<QRectF>& rects, const QRect& view) {
+  const QRect room = view.adjusted(1, 1, -kFocusWidth, -kFocusWidth);
+  for (const QRectF& rect : rects) {
+    QRect around = rect.toAlignedRect().adjusted(-kFocusGap, -kFocusGap, kFocusGap, kFocusGap);
+    // What stands outside is pointed at from the nearest edge.
+    around.moveLeft(near(around.left(), around.width(), room.left(), room.right()));
+    around.moveTop(near(around.top(), around.height(), room.top(), room.bottom()));
+    outline(painter, around & room, kFocusWidth, Qt::DashLine);
+  }
+}
+
+}  // namespace kurv

@@ -1,0 +1,157 @@
+#include "qt/widget/plot_view.h"
+
+#include <QHelpEvent>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QToolTip>
+#include <algorithm>
+#include <cmath>
+
+#include "control/control_state.h"
+#include "qt/widget/plot_accessible.h"
+#include "qt/widget/plot_description.h"
+#include "qt/widget/plot_outlines.h"
+
+namespace kurv {
+
+PlotView::PlotView(Client& client, const Picture& picture, QWidget* parent)
+    : QWidget(parent), m_client(client), m_picture(picture) {
+  setObjectName(QStringLiteral("PicGraph"));
+  setFocusPolicy(Qt::StrongFocus);
+  setMouseTracking(true);
+  setAttribute(Qt::WA_OpaquePaintEvent);
+  make_plots_accessible();
+}
+
+// -- Picture --------------------------------------------------------------------------------------
+
+double PlotView::scale() const {
+  return m_picture.twips_per_device_pixel() * m_picture.image().devicePixelRatio();
+}
+
+SurfacePoint PlotView::twips(QPointF pixel) const {
+  return {to_single(pixel.x() * scale()), to_single(pixel.y() * scale())};
+}
+
+QRectF PlotView::pixels(const Rect& rect) const {
+  // What stands absurdly far away has to stay within whole numbers.
+  const auto edge = [twips_per_pixel = scale()](double twips) {
+    constexpr double kFar = 1e6;
+    return std::isnan(twips) ? kFar : std::clamp(twips / twips_per_pixel, -kFar, kFar);
+  };
+  return {QPointF(edge(rect.left), edge(rect.top)),
+          QPointF(edge(rect.left + rect.width), edge(rect.top + rect.height))};
+}
+
+std::vector<QRectF> PlotView::pixels(const std::vector<Rect>& rects) const {
+  std::vector<QRectF> result;
+  for (const Rect& rect : rects) result.push_back(pixels(rect));
+  return result;
+}
+
+QRect PlotView::bounds_of(const Place& place) const {
+  QRectF bounds;
+  for (const QRectF& rect : pixels(rects_of(state(), place))) bounds |= rect;
+  return bounds.toAlignedRect();
+}
+
+std::optional<Place> PlotView::place_under(QPointF at) const {
+  return place_at(state(), twips(at));
+}
+
+void PlotView::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  // At some ratios the last device pixel belongs to the widget only in part.
+  painter.fillRect(rect(), Qt::white);
+  painter.drawImage(QPointF(0, 0), m_picture.image());
+  for (const Region region : state().mouse.marked) {
+    outline_pressed(painter, pixels(rects_of(state(), region)));
+  }
+  if (const std::optional<Place> place = focused(); place && hasFocus()) {
+    outline_focused(painter, pixels(rects_of(state(), *place)), rect());
+  }
+  if (m_drag && m_drag->has_begun) {
+    Rect rect = rect_of(state(), m_drag->item);
+    const SurfacePoint at = twips(m_drag->at);
+    rect.left = at.x - m_drag->grab.x;
+    rect.top = at.y - m_drag->grab.y;
+    outline_dragged(painter, pixels(rect));
+  }
+}
+
+void PlotView::picture_changed() {
+  update();
+  show_pointer();
+}
+
+void PlotView::describe() {
+  setAccessibleName(name_of(state().document));
+  setAccessibleDescription(description_of(state().document));
+}
+
+// -- Events ---------------------------------------------------------------------------------------
+
+bool PlotView::event(QEvent* event) {
+  switch (event->type()) {
+    case QEvent::ToolTip: {
+      const auto* const help = static_cast<QHelpEvent*>(event);
+      show_tip(help->pos(), help->globalPos());
+      return true;
+    }
+    case QEvent::ShortcutOverride: {
+      // What the plot does with a key at this moment goes before the shortcuts of the host.
+      auto* const key = static_cast<QKeyEvent*>(event);
+      if (!wants(*key)) break;
+      key->accept();
+      return true;
+    }
+    default:
+      break;
+  }
+  return QWidget::event(event);
+}
+
+void PlotView::show_tip(const QPoint& at, const QPoint& on_screen) {
+  const std::optional<Place> place = place_under(at);
+  // The text stays for as long as the mouse is on the same thing.
+  const QRect around = place && std::holds_alternative<Item>(*place)
+                           ? bounds_of(*place)
+                           : QRect(at, QSize(1, 1)).adjusted(-4, -4, 4, 4);
+  QToolTip::showText(on_screen, hint_of(place), this, around);
+}
+
+void PlotView::later(const std::function<void(ControlState&)>& work) {
+  // A window that opens may run an event loop of its own, and no event of the toolkit may still be
+  // open below it.
+  QMetaObject::invokeMethod(
+      this, [this, work] { m_client.handle([&](Control& control) { work(control.state()); }); },
+      Qt::QueuedConnection);
+}
+
+void PlotView::edit(const Place& place) {
+  later([place](ControlState& state) { edit_place(state, place); });
+}
+
+void PlotView::set_busy(bool busy) {
+  m_busy = busy;
+  show_pointer();
+}
+
+void PlotView::show_pointer() {
+  const std::optional<Qt::CursorShape> shape = pointer();
+  if (shape) {
+    setCursor(*shape);
+  } else {
+    unsetCursor();
+  }
+}
+
+std::optional<Qt::CursorShape> PlotView::pointer() const {
+  if (m_busy) return std::nullopt;
+  if (m_drag) return Qt::ClosedHandCursor;
+  const std::optional<Place> place = m_mouse ? place_under(*m_mouse) : std::optional<Place>();
+  if (!place) return std::nullopt;
+  return std::holds_alternative<Item>(*place) ? Qt::OpenHandCursor : Qt::PointingHandCursor;
+}
+
+}  // namespace kurv

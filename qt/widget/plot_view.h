@@ -1,0 +1,110 @@
+// The plot inside the widget: it shows the finished picture, and takes the mouse and the keys that
+// belong to the plot.
+//
+// Its object name is "PicGraph". A screen reader finds a chart whose name is the title and whose
+// description tells curves, points and limits, and below it the items and regions that there are.
+#pragma once
+
+#include <KurvGraph/picture.h>
+
+#include <QPoint>
+#include <QPointF>
+#include <QRect>
+#include <QWidget>
+#include <functional>
+#include <optional>
+#include <vector>
+
+#include "dialogs/client.h"
+#include "qt/widget/plot_places.h"
+
+namespace kurv {
+
+class PlotView final : public QWidget {
+  Q_OBJECT
+
+ public:
+  // Both must outlive the view.
+  PlotView(Client& client, const Picture& picture, QWidget* parent);
+
+  // While the hourglass of the widget around is on, no pointer of the plot's own hides it.
+  void set_busy(bool busy);
+  // After the picture may have changed.
+  void picture_changed();
+  // After the document may have changed; costs next to nothing where it has not.
+  void describe();
+
+  // Where the keyboard's focus is, and what it does there.
+  std::optional<Place> focused() const;
+  void focus_on(const Place& place);
+  // As a double click does, once the current event is over.
+  void edit(const Place& place);
+  // Both in pixels of the view.
+  QRect bounds_of(const Place& place) const;
+  std::optional<Place> place_under(QPointF at) const;
+  // On the screen: beside what has the focus, else in the middle.
+  QPoint menu_point() const;
+
+  Client& client() const { return m_client; }
+  const ControlState& state() const { return m_client.control().state(); }
+
+ Q_SIGNALS:
+  // A right click is over.
+  void menu_wanted(QPoint at_on_screen);
+
+ protected:
+  bool event(QEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void leaveEvent(QEvent* event) override;
+  void hideEvent(QHideEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
+  bool focusNextPrevChild(bool next) override;
+
+ private:
+  // An item under the pressed left button.
+  struct Drag {
+    Item item = Item::kLegend;
+    SurfacePoint grab;  // twips of the item
+    QPointF from;
+    QPointF at;
+    bool has_begun = false;  // the pointer has been far enough from where it went down
+  };
+
+  double scale() const;  // twips per logical pixel
+  SurfacePoint twips(QPointF pixel) const;
+  QRectF pixels(const Rect& rect) const;
+  std::vector<QRectF> pixels(const std::vector<Rect>& rects) const;
+
+  void press(Qt::MouseButton button, QPointF at);
+  void drop(const Drag& drag, QPointF at);
+  void end_drag();
+  void double_click(std::optional<Item> item);
+  void later(const std::function<void(ControlState&)>& work);
+  void show_pointer();
+  std::optional<Qt::CursorShape> pointer() const;
+  void show_tip(const QPoint& at, const QPoint& on_screen);
+
+  void reach(const std::optional<Place>& place);
+  bool wants(const QKeyEvent& event) const;
+  // Where the focused item goes by this key, if it does; twips.
+  std::optional<SurfacePoint> step_of(const QKeyEvent& event) const;
+  void move_focused(SurfacePoint step);
+
+  Client& m_client;
+  const Picture& m_picture;
+  bool m_busy = false;
+  std::optional<QPointF> m_mouse;  // while the mouse is over the view
+  Qt::MouseButtons m_on_item;      // went down on an item, so they come up there
+  Qt::MouseButtons m_ignored;      // went down while an item was dragged
+  std::optional<Drag> m_drag;
+  std::optional<std::optional<Item>> m_double_click;  // the second press is not over yet
+  std::optional<Place> m_place;                       // that Tab has reached
+};
+
+}  // namespace kurv

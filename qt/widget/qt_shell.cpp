@@ -1,0 +1,233 @@
+#include "qt/widget/qt_shell.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QFileDialog>
+#include <QFontDialog>
+#include <QImage>
+#include <QInputDialog>
+#include <QLabel>
+#include <QMessageBox>
+#include <algorithm>
+
+#include "dialogs/shared_windows.h"
+
+namespace kurv {
+
+namespace {
+
+// The bit of a save dialog's flags that asks before a file is replaced.
+constexpr int kOverwritePrompt = 2;
+
+// A dialog that may be gone by the time it has been answered, together with the window below it.
+template <class Dialog>
+class Modal {
+ public:
+  explicit Modal(QWidget* parent) : m_dialog(new Dialog(parent)) {}
+  ~Modal() { delete m_dialog.data(); }
+  Modal(const Modal&) = delete;
+  Modal& operator=(const Modal&) = delete;
+
+  Dialog* operator->() const { return m_dialog.data(); }
+  Dialog* get() const { return m_dialog.data(); }
+
+  // What exec() returned, or `gone`.
+  int answer(int gone) {
+    // The dialog is there now; it may be gone when its event loop ends.
+    // cppcheck-suppress nullPointerRedundantCheck
+    const int result = m_dialog->exec();
+    return m_dialog ? result : gone;
+  }
+  bool accepted() { return answer(QDialog::Rejected) == QDialog::Accepted; }
+
+ private:
+  QPointer<Dialog> m_dialog;
+};
+
+bool somebody_can_answer() {
+  return QCoreApplication::instance() && !QCoreApplication::closingDown();
+}
+
+// Texts come from files and hosts: they are never taken for markup.
+void show_plain(QWidget& dialog) {
+  for (QLabel* label : dialog.findChildren<QLabel*>()) label->setTextFormat(Qt::PlainText);
+}
+
+QMessageBox::Icon icon_of(int flags) {
+  if (flags == kYesNoQuestion) return QMessageBox::Question;
+  return flags == kExclamation ? QMessageBox::Warning : QMessageBox::Critical;
+}
+
+// Sets the filters up and follows the user's choice among them, so that the name is complete before
+// the dialog asks whether to replace a file.
+void set_filters(QFileDialog& dialog, const String& filter, const String& default_extension) {
+  const QStringList filters = name_filters(filter);
+  const QString otherwise = shown_text(default_extension);
+  const auto follow = [&dialog, otherwise](const QString& chosen) {
+    dialog.setDefaultSuffix(extension_of(chosen, otherwise));
+  };
+  QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, follow);
+  dialog.setNameFilters(filters);
+  follow(filters.value(0));
+}
+
+FileChoice choice_of(Modal<QFileDialog>& dialog) {
+  if (!dialog.accepted()) return {};
+  const QStringList files = dialog->selectedFiles();
+  if (files.isEmpty()) return {};
+  const auto index = dialog->nameFilters().indexOf(dialog->selectedNameFilter());
+  return {files.first().toStdString(), static_cast<int>(std::max<qsizetype>(index, 0)) + 1};
+}
+
+}  // namespace
+
+QString shown_text(std::string_view text) {
+  QString result = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+  result.replace(QLatin1String("\r\n"), QLatin1String("\n"));
+  result.replace(u'\r', u'\n');
+  return result;
+}
+
+QStringList name_filters(std::string_view filter) {
+  const QStringList parts = shown_text(filter).split(u'|');
+  QStringList result;
+  for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+    QStringList patterns = parts[i + 1].split(u';', Qt::SkipEmptyParts);
+    for (QString& pattern : patterns) {
+      pattern = pattern.trimmed();
+      // A name needs no dot here to be any name.
+      if (pattern == QLatin1String("*.*")) pattern = QStringLiteral("*");
+    }
+    // The toolkit takes the patterns from the parentheses at the end of a caption.
+    QString caption = parts[i].trimmed();
+    if (caption.endsWith(u')')) caption.truncate(caption.lastIndexOf(u'('));
+    result << caption.trimmed() + QStringLiteral(" (") + patterns.join(u' ') + u')';
+  }
+  return result;
+}
+
+QString extension_of(const QString& name_filter, const QString& otherwise) {
+  const qsizetype open = name_filter.lastIndexOf(u'(');
+  const QString first = name_filter.mid(open + 1).section(u')', 0, 0).section(u' ', 0, 0);
+  const QString extension = first.mid(first.lastIndexOf(u'.') + 1);
+  const bool known = open >= 0 && first.contains(u'.') && !extension.contains(u'*') &&
+                     !extension.contains(u'?') && !extension.isEmpty();
+  return known ? extension : otherwise;
+}
+
+QWidget* front_of(const QWidget* owner) {
+  if (!owner) return nullptr;
+  QWidget* const own = owner->window();
+  QWidget* const modal = QApplication::activeModalWidget();
+  QWidget* const front = modal ? modal : QApplication::activeWindow();
+  // A window that has been closed may still count as the active one until it is gone.
+  if (!front || !front->isVisible()) return own;
+  // A dialog behind a modal one could not be answered; one before a stranger's would go with it.
+  for (QWidget* widget = front; widget; widget = widget->parentWidget()) {
+    if (widget == own) return front;
+  }
+  return own;
+}
+
+Answer QtShell::message_box(std::string_view text, int flags, std::string_view title) {
+  const bool question = flags == kYesNoQuestion;
+  if (!somebody_can_answer()) return question ? Answer::kNo : Answer::kOk;
+  Modal<QMessageBox> box(front_of(m_owner));
+  box->setIcon(icon_of(flags));
+  box->setWindowTitle(shown_text(title));
+  box->setTextFormat(Qt::PlainText);
+  box->setText(shown_text(text));
+  if (question) {
+    box->setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+    box->setEscapeButton(QMessageBox::No);
+  } else {
+    box->setStandardButtons(QMessageBox::Ok);
+  }
+  const int answer = box.answer(QMessageBox::No);
+  if (!question) return Answer::kOk;
+  return answer == QMessageBox::Yes ? Answer::kYes : Answer::kNo;
+}
+
+String QtShell::input_prompt(std::string_view text, std::string_view title,
+                             std::string_view default_text) {
+  if (!somebody_can_answer()) return {};
+  Modal<QInputDialog> prompt(front_of(m_owner));
+  prompt->setInputMode(QInputDialog::TextInput);
+  prompt->setWindowTitle(shown_text(title));
+  prompt->setLabelText(shown_text(text));
+  prompt->setTextValue(shown_text(default_text));
+  show_plain(*prompt.get());
+  return prompt.accepted() ? prompt->textValue().toStdString() : String();
+}
+
+void QtShell::beep() {
+  if (somebody_can_answer()) QApplication::beep();
+}
+
+FileChoice QtShell::open_file(const OpenDialog& settings) {
+  if (!somebody_can_answer()) return {};
+  Modal<QFileDialog> dialog(front_of(m_owner));
+  if (!settings.title.empty()) dialog->setWindowTitle(shown_text(settings.title));
+  dialog->setAcceptMode(QFileDialog::AcceptOpen);
+  dialog->setFileMode(QFileDialog::ExistingFile);
+  set_filters(*dialog.get(), settings.filter, settings.default_extension);
+  return choice_of(dialog);
+}
+
+FileChoice QtShell::save_file(const SaveDialog& settings) {
+  if (!somebody_can_answer()) return {};
+  Modal<QFileDialog> dialog(front_of(m_owner));
+  if (!settings.title.empty()) dialog->setWindowTitle(shown_text(settings.title));
+  dialog->setAcceptMode(QFileDialog::AcceptSave);
+  dialog->setFileMode(QFileDialog::AnyFile);
+  dialog->setOption(QFileDialog::DontConfirmOverwrite, (settings.flags & kOverwritePrompt) == 0);
+  set_filters(*dialog.get(), settings.filter, settings.default_extension);
+  if (!settings.file_name.empty()) dialog->selectFile(shown_text(settings.file_name));
+  return choice_of(dialog);
+}
+
+std::optional<Font> QtShell::choose_font(const Font& preset) {
+  if (!somebody_can_answer()) return {};
+  QFont font(QString::fromStdString(preset.FontName));
+  if (preset.FontSize > 0) font.setPointSizeF(preset.FontSize);
+  font.setBold(preset.FontBold);
+  font.setItalic(preset.FontItalic);
+  Modal<QFontDialog> dialog(front_of(m_owner));
+  dialog->setCurrentFont(font);
+  if (!dialog.accepted()) return {};
+  const QFont chosen = dialog->selectedFont();
+  return Font{chosen.family().toStdString(), to_single(chosen.pointSizeF()), chosen.bold(),
+              chosen.italic()};
+}
+
+// The toolkit offers an image in every format that it can write, PNG and BMP among them. It takes
+// the place of what was there in one go; only where there is none, the clipboard is emptied.
+void QtShell::copy_picture(std::string_view bitmap) {
+  if (!somebody_can_answer()) return;
+  QClipboard* const clipboard = QApplication::clipboard();
+  QImage image;
+  if (image.loadFromData(reinterpret_cast<const uchar*>(bitmap.data()),
+                         static_cast<int>(bitmap.size()), "BMP")) {
+    clipboard->setImage(image);
+  } else {
+    clipboard->clear();
+  }
+}
+
+void QtShell::load_windows() {
+  if (m_client) kurv::load_windows(*m_client);
+}
+
+void QtShell::show_window(Window window, Integer page) {
+  if (m_client && somebody_can_answer()) kurv::show_window(window, *m_client, page);
+}
+
+void QtShell::unload_windows() {
+  kurv::unload_windows();
+}
+
+void QtShell::release_windows() {
+  if (m_client) kurv::release_windows(*m_client);
+}
+
+}  // namespace kurv

@@ -1,0 +1,138 @@
+#include "qt/widget/toolbar.h"
+
+#include <QAction>
+#include <QEvent>
+#include <QPainter>
+#include <QStyle>
+#include <QToolButton>
+#include <algorithm>
+
+#include "qt/widget/line_icon.h"
+
+namespace kurv {
+
+namespace {
+
+struct Entry {
+  const char* key;
+  const char* tip;
+  const char* image;  // null: no picture
+};
+
+constexpr Entry kEntries[] = {
+    {"refresh", "Refresh", "refresh"}, {"save", "Save", "save"},
+    {"saveas", "Save As", "saveas"},   {"open", "Open", "open"},
+    {"print", "Print", "print"},       {"copy", "Copy", "copy"},
+    {"design", "", nullptr},           {"curves", "Curves and Functions", "curves"},
+    {"setup", "Design", "setup"},      {"table", "Table", "table"},
+    {"help", "Help", "help1"},
+};
+
+QString object_name(const QString& key) {
+  return QStringLiteral("tbrGraph.") + key;
+}
+
+// A button that looks like the line between two groups.
+class Divider final : public QToolButton {
+ public:
+  using QToolButton::QToolButton;
+
+  QSize sizeHint() const override {
+    return {style()->pixelMetric(QStyle::PM_ToolBarSeparatorExtent, nullptr, this) + 2, 1};
+  }
+  QSize minimumSizeHint() const override { return sizeHint(); }
+
+ protected:
+  void paintEvent(QPaintEvent*) override {
+    // The styles' own separators all but vanish on dark desktops.
+    QColor colour = palette().color(QPalette::ButtonText);
+    colour.setAlphaF(0.3f);
+    const QRect line(width() / 2, height() / 6, 1, height() - height() / 6 * 2);
+    QPainter(this).fillRect(line, colour);
+  }
+};
+
+}  // namespace
+
+Toolbar::Toolbar(const std::function<void(const QString&)>& press, QWidget* parent)
+    : QToolBar(parent), m_press(press) {
+  setObjectName(QStringLiteral("tbrGraph"));
+  setAccessibleName(QStringLiteral("Graph"));
+  setMovable(false);
+  setFloatable(false);
+  for (const Entry& entry : kEntries) {
+    if (entry.image) {
+      add_button(QLatin1String(entry.key), QLatin1String(entry.tip), QLatin1String(entry.image));
+    } else {
+      add_divider();
+    }
+  }
+  // What opens the menu of the buttons that a narrow toolbar has no room for.
+  m_more = findChild<QToolButton*>(QStringLiteral("qt_toolbar_ext_button"));
+  if (m_more) m_more->setAccessibleName(QStringLiteral("More"));
+  set_reachable(true);
+  ensurePolished();
+  dress();
+}
+
+void Toolbar::add_button(const QString& key, const QString& tip, const QString& image) {
+  QAction* const action = addAction(tip);
+  action->setObjectName(object_name(key));
+  action->setToolTip(tip);
+  action->setData(image);
+  QWidget* const button = widgetForAction(action);
+  button->setObjectName(object_name(key));
+  button->setAccessibleName(tip);
+  connect(action, &QAction::triggered, this, [this, key] { m_press(key); });
+}
+
+// It is pressed as any other, but it is no place for the focus: it does nothing.
+void Toolbar::add_divider() {
+  const QString key = QStringLiteral("design");
+  auto* const button = new Divider(this);
+  button->setObjectName(object_name(key));
+  button->setAccessibleName(QStringLiteral("Divider"));
+  button->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Expanding);
+  connect(button, &QToolButton::clicked, this, [this, key] { m_press(key); });
+  addWidget(button);
+}
+
+int Toolbar::wanted_height() const {
+  return (sizeHint().height() + 3) / 4 * 4;
+}
+
+void Toolbar::set_reachable(bool on) {
+  for (QAction* action : actions()) {
+    const bool does_something = !action->data().isNull();
+    widgetForAction(action)->setFocusPolicy(on && does_something ? Qt::TabFocus : Qt::NoFocus);
+  }
+  if (!m_more) return;
+  m_more->setFocusPolicy(on ? Qt::TabFocus : Qt::NoFocus);
+  setTabOrder(widgetForAction(actions().last()), m_more);
+}
+
+void Toolbar::dress() {
+  const int of_style = style()->pixelMetric(QStyle::PM_ToolBarIconSize, nullptr, this);
+  const int of_font = fontMetrics().height() * 5 / 4;
+  const int side = std::max(of_style, of_font);
+  setIconSize({side, side});
+  for (QAction* action : actions()) {
+    const QString image = action->data().toString();
+    if (!image.isEmpty()) action->setIcon(line_icon(image, palette()));
+  }
+}
+
+void Toolbar::changeEvent(QEvent* event) {
+  QToolBar::changeEvent(event);
+  switch (event->type()) {
+    case QEvent::FontChange:
+    case QEvent::PaletteChange:
+    case QEvent::StyleChange:
+      dress();
+      break;
+    default:
+      break;
+  }
+}
+
+}  // namespace kurv

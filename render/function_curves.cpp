@@ -1,0 +1,62 @@
+#include "render/function_curves.h"
+
+#include <algorithm>
+#include <optional>
+
+#include "model/palette.h"
+#include "render/mapping.h"
+
+namespace kurv {
+
+namespace {
+
+constexpr int kIntervals = 40;
+
+Double sample_x(const GraphDocument& document, int k) {
+  return (document.xmax - document.xmin) * (Double(k) / kIntervals) + document.xmin;
+}
+
+}  // namespace
+
+void DrawFunctionCurves(const GraphDocument& document, const Layout& layout,
+                        const EvaluatorSource& evaluator, PlotSurface& surface) {
+  const int count = std::min<int>(document.NumYFunc, kMaxFunctions);
+  for (int k = 1; k <= count; ++k) {
+    const FunctionCurve& curve = document.y_func(k);
+    if (curve.expression.empty() || !curve.visible) continue;
+    DrawFunctionCurve(document, layout, curve.expression, evaluator(), surface);
+  }
+}
+
+// Every curve is black, and one that leaves the plot is not clipped at its edge but broken between
+// the last sample inside and the next one: both deliberate.
+void DrawFunctionCurve(const GraphDocument& document, const Layout& layout,
+                       const String& expression, ExprEvaluator& evaluator, PlotSurface& surface) {
+  surface.DrawWidth(document.CurvesWidth);
+  evaluator.SetExpression(expression.empty() ? document.y_func(1).expression : expression);
+  std::optional<SurfacePoint> previous;
+  for (int k = 0; k <= kIntervals; ++k) {
+    const Double x = sample_x(document, k);
+    // The user may write the variable in either letter case.
+    evaluator.SetVariable("x", x);
+    evaluator.SetVariable("X", x);
+    const DataPoint sample{x, evaluator.Evaluate()};
+    if (evaluator.GetEvalError()) break;
+    // Made anew for each sample, because an evaluator may be a host's own and move the limits.
+    const Mapping mapping(document, layout.plot);
+    if (!mapping.InPlot(sample)) {
+      previous.reset();
+      continue;
+    }
+    const SurfacePoint here = mapping.surface_point(sample);
+    if (previous) {
+      surface.Line(*previous, here, kBlack, LineKind::kSegment);
+    } else {
+      surface.PSet(here, kBlack);
+    }
+    previous = here;
+  }
+  surface.DrawWidth(1);
+}
+
+}  // namespace kurv

@@ -1,0 +1,271 @@
+// What can be grabbed on the plot, and where it goes.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+#include <string>
+#include <vector>
+
+#include "control/mouse.h"
+#include "tests/support/test_host.h"
+
+namespace kurv {
+namespace {
+
+using test::TestHost;
+
+struct ItemCase {
+  Item item;
+  const char* tag;
+  Rect Layout::*rect;
+};
+constexpr ItemCase kItems[] = {{Item::kLegend, "legend", &Layout::picLegend},
+                               {Item::kTitle, "Title", &Layout::imgTitle},
+                               {Item::kSubTitle, "SubTitle", &Layout::imgSubTitle}};
+
+// A drawn graph with all three items.
+struct DragHost : TestHost {
+  DragHost() {
+    load({1, 2}, {3, 4});
+    control.set_SubTitle("Sub");
+    control.build_the_graph();
+    surface.clear_log();
+  }
+
+  ControlState& state() { return control.state(); }
+  // The places of legend, title and subtitle.
+  std::vector<Single> places() {
+    std::vector<Single> all;
+    for (const ItemCase& item : kItems) {
+      all.push_back((layout().*item.rect).left);
+      all.push_back((layout().*item.rect).top);
+    }
+    return all;
+  }
+  int redraws() const {
+    int count = 0;
+    for (std::size_t at = 0; (at = surface.log().find("cls\n", at)) != std::string::npos; ++at) {
+      ++count;
+    }
+    return count;
+  }
+};
+
+TEST(Items, HaveTheirTags) {
+  for (const ItemCase& item : kItems) {
+    EXPECT_EQ(tag_of(item.item), item.tag);
+    EXPECT_EQ(item_of(item.tag), item.item);
+  }
+  for (const char* other : {"", "title", "TITLE", "Subtitle", "Legend", "picLegend", "legend "}) {
+    EXPECT_EQ(item_of(other), std::nullopt) << other;
+  }
+}
+
+TEST(Items, EdgesBelongToThem) {
+  DragHost host;
+  for (const ItemCase& item : kItems) {
+    Rect& rect = host.layout().*item.rect;
+    rect.left = 3000;
+    rect.top = 3000;
+    const Single right = rect.left + rect.width;
+    const Single bottom = rect.top + rect.height;
+    EXPECT_EQ(item_at(host.state(), {3000, 3000}), item.item);
+    EXPECT_EQ(item_at(host.state(), {right, bottom}), item.item);
+    EXPECT_EQ(item_at(host.state(), {2999, 3000}), std::nullopt);
+    EXPECT_EQ(item_at(host.state(), {3000, 2999}), std::nullopt);
+    EXPECT_EQ(item_at(host.state(), {right + 1, bottom}), std::nullopt);
+    EXPECT_EQ(item_at(host.state(), {right, bottom + 1}), std::nullopt);
+    rect.left = 20000;
+  }
+}
+
+TEST(Items, TheLaterPaintedLiesAbove) {
+  DragHost host;
+  for (const ItemCase& item : kItems) {
+    (host.layout().*item.rect).left = 3000;
+    (host.layout().*item.rect).top = 3000;
+  }
+  const auto top = [&] { return item_at(host.state(), {3010, 3010}); };
+  EXPECT_EQ(top(), Item::kSubTitle);
+  host.control.set_SubTitle("");
+  host.control.build_the_graph();
+  EXPECT_EQ(top(), Item::kTitle);
+  host.control.set_Title("");
+  host.control.build_the_graph();
+  EXPECT_EQ(top(), Item::kLegend);
+  host.document().y_visible(1) = false;
+  host.control.build_the_graph();
+  EXPECT_EQ(top(), std::nullopt);
+}
+
+TEST(Items, ThatAreNotShownCannotBeGrabbed) {
+  DragHost host;
+  host.control.set_Title("");
+  host.control.set_SubTitle("");
+  host.document().y_visible(1) = Boolean::from_bits(1);  // drawn, but not listed
+  host.control.build_the_graph();
+  host.surface.clear_log();
+  const std::vector<Single> before = host.places();
+  for (const ItemCase& item : kItems) {
+    EXPECT_FALSE(is_shown(host.state(), item.item));
+    host.control.drag(item.tag, {0, 0}, {3000, 3000});
+  }
+  EXPECT_EQ(host.places(), before);
+  EXPECT_EQ(host.redraws(), 0);
+}
+
+TEST(Items, AreNotShownBeforeThereIsAGraph) {
+  TestHost host;
+  const Rect title = host.layout().imgTitle;
+  EXPECT_GT(title.width, 0);
+  for (const ItemCase& item : kItems) {
+    EXPECT_FALSE(is_shown(host.control.state(), item.item));
+    host.control.drag(item.tag, {0, 0}, {3000, 3000});
+  }
+  EXPECT_EQ(host.layout().imgTitle.left, title.left);
+}
+
+TEST(Items, CanBeLookedForWhereACountIsWrong) {
+  DragHost host;
+  host.document().NumY = 3;
+  EXPECT_TRUE(is_shown(host.state(), Item::kLegend));
+  host.document().y_visible(1) = false;
+  EXPECT_FALSE(is_shown(host.state(), Item::kLegend));
+  EXPECT_EQ(item_at(host.state(), {6000, 4000}), std::nullopt);
+}
+
+TEST(Drag, KeepsTheGrabbedPointUnderThePointerAndMovesThatItemAlone) {
+  for (const ItemCase& item : kItems) {
+    DragHost host;
+    std::vector<Single> expected = host.places();
+    const auto index = static_cast<std::size_t>(&item - kItems);
+    host.control.drag(item.tag, {30.5F, 20}, {5000, 6000.25F});
+    expected[2 * index] = 4969.5F;
+    expected[2 * index + 1] = 5980.25F;
+    EXPECT_EQ(host.places(), expected) << item.tag;
+    EXPECT_EQ(host.redraws(), 1);
+    EXPECT_FALSE(host.control.GraphSaved());
+  }
+}
+
+TEST(Drag, ByPressAndDropIsTheSame) {
+  for (const ItemCase& item : kItems) {
+    DragHost host;
+    const Rect before = host.layout().*item.rect;
+    host.control.press_mouse(1, 0, before.left + 25, before.top + 35);
+    drop(host.state(), item.tag, {before.left + 1025, before.top + 2035});
+    EXPECT_EQ((host.layout().*item.rect).left, before.left + 1000) << item.tag;
+    EXPECT_EQ((host.layout().*item.rect).top, before.top + 2000) << item.tag;
+  }
+}
+
+TEST(Drag, OntoAnItemGoesToThatPlaceOfTheSurface) {
+  for (const ItemCase& target : kItems) {
+    for (const ItemCase& item : kItems) {
+      DragHost host;
+      const Rect on = host.layout().*target.rect;
+      host.control.drag(item.tag, {10, 20}, {50, 70}, target.tag);
+      EXPECT_EQ((host.layout().*item.rect).left, on.left + 40) << item.tag << " on " << target.tag;
+      EXPECT_EQ((host.layout().*item.rect).top, on.top + 50) << item.tag << " on " << target.tag;
+      EXPECT_EQ(host.redraws(), 1);
+    }
+  }
+}
+
+TEST(Drag, PlacesAreNotClamped) {
+  DragHost host;
+  host.control.drag("Title", {10, 10}, {-5000, -40000});
+  EXPECT_EQ(host.layout().imgTitle.left, -5010);
+  EXPECT_EQ(host.layout().imgTitle.top, -40010);
+  host.control.drag("Title", {-500, 7000}, {100, 200});
+  EXPECT_EQ(host.layout().imgTitle.left, 600) << "a grab beyond the item is taken as it is";
+  EXPECT_EQ(host.layout().imgTitle.top, -6800);
+}
+
+TEST(Drag, BeyondTheFarEdgesTheRedrawBringsTheItemBack) {
+  DragHost host;
+  host.control.drag("legend", {0, 0}, {12001, 9001});
+  EXPECT_EQ(host.layout().picLegend.left, to_single(host.layout().plot.PlotWidth / 3.0));
+  EXPECT_EQ(host.layout().picLegend.top, to_single(host.layout().plot.PlotHeight / 3.0));
+  host.control.drag("legend", {0, 0}, {12000, 9000});
+  EXPECT_EQ(host.layout().picLegend.left, 12000) << "the edge itself is not beyond";
+  EXPECT_EQ(host.layout().picLegend.top, 9000);
+}
+
+TEST(Drag, OfAnotherTagNeitherMovesNorRedraws) {
+  DragHost host;
+  host.control.press_mouse(1, 0, 6000, 4000);
+  const std::vector<Single> before = host.places();
+  for (const char* tag : {"", "title", "TITLE", "Legend", "picLegend", "imgTitle", "Title "}) {
+    host.control.drag(tag, {1, 2}, {3000, 3000});
+    host.control.drag(tag, {1, 2}, {3000, 3000}, "legend");
+    drop(host.state(), tag, {3000, 3000});
+    EXPECT_EQ(host.places(), before) << tag;
+    EXPECT_EQ(host.surface.log(), "") << tag;
+  }
+  EXPECT_EQ(host.state().mouse.GrabX, 6000) << "nor has it been pressed";
+}
+
+TEST(Drag, OntoWhatIsNoItemIsAnInvalidCall) {
+  DragHost host;
+  const std::vector<Single> before = host.places();
+  for (const char* tag : {"Title", "nonsense"}) {
+    try {
+      host.control.drag(tag, {1, 2}, {3000, 3000}, "toolbar");
+      ADD_FAILURE() << tag;
+    } catch (const Fault& fault) {
+      EXPECT_EQ(fault.kind(), FaultKind::kInvalidProcedureCall);
+    }
+  }
+  EXPECT_EQ(host.places(), before);
+}
+
+TEST(Drag, ToAPlaceThatNoSingleHoldsOverflows) {
+  DragHost host;
+  const std::vector<Single> before = host.places();
+  const Single huge = std::numeric_limits<Single>::max();
+  for (const SurfacePoint grab : {SurfacePoint{-huge, 0}, {0, -huge}}) {
+    try {
+      host.control.drag("Title", grab, {huge, huge});
+      ADD_FAILURE();
+    } catch (const Fault& fault) {
+      EXPECT_EQ(fault.kind(), FaultKind::kOverflow);
+    }
+    EXPECT_EQ(host.places(), before);
+  }
+  host.layout().picLegend.left = huge;
+  EXPECT_THROW(host.control.drag("Title", {0, 0}, {huge, 0}, "legend"), Fault);
+  EXPECT_EQ(host.redraws(), 0);
+}
+
+TEST(Drag, MovesAlsoWhereTheRedrawFails) {
+  DragHost host;
+  host.control.set_NumTicks(0);
+  EXPECT_THROW(host.control.drag("Title", {0, 0}, {3000, 3000}), Fault);
+  EXPECT_EQ(host.layout().imgTitle.left, 3000);
+}
+
+TEST(Drag, LastsUntilRefresh) {
+  DragHost host;
+  host.control.ChartOptions("refresh");
+  const std::vector<Single> home = host.places();
+  for (const ItemCase& item : kItems) host.control.drag(item.tag, {0, 0}, {3000, 3000});
+  host.control.build_the_graph();
+  host.control.resize();
+  EXPECT_EQ(host.places(), std::vector<Single>(6, 3000));
+  host.control.ChartOptions("refresh");
+  EXPECT_EQ(host.places(), home);
+}
+
+TEST(Drag, ToNoPlaceAtAllIsDrawnAsNothing) {
+  DragHost host;
+  const Single nan = std::numeric_limits<Single>::quiet_NaN();
+  EXPECT_NO_THROW(host.control.drag("legend", {0, 0}, {nan, nan}));
+  EXPECT_EQ(host.redraws(), 1);
+  EXPECT_EQ(item_at(host.state(), {6000, 4000}), std::nullopt);
+  host.control.ChartOptions("refresh");
+  EXPECT_EQ(host.layout().picLegend.left, 1000);
+}
+
+}  // namespace
+}  // namespace kurv

@@ -1,0 +1,159 @@
+// The graph painted on another surface.
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+#include "control/provided_classes.h"
+#include "tests/support/test_host.h"
+
+namespace kurv {
+namespace {
+
+// What the control would show and save: whatever differs after a painting was changed by it.
+std::string state_of(test::TestHost& host) {
+  const GraphDocument& document = host.document();
+  std::ostringstream text;
+  text << document.GraphSaved.bits() << ' ' << document.NumY << ' ' << document.xmin << ' '
+       << document.xmax << ' ' << document.ymin << ' ' << document.ymax << ' '
+       << document.xyArr(1, 1) << ' ' << document.xyArr(2, 1) << '\n';
+  const Layout& layout = host.layout();
+  for (const Rect& rect :
+       {layout.imgTitle, layout.imgSubTitle, layout.picLegend, layout.shpXlabels, layout.shpYlabels,
+        layout.shpXcaption, layout.shpGraphBorder[0], layout.shpGraphBorder[1]}) {
+    text << rect.left << ' ' << rect.top << ' ' << rect.width << ' ' << rect.height << '\n';
+  }
+  text << layout.plot.PlotLeft << ' ' << layout.plot.PlotTop << ' ' << layout.plot.PlotWidth << ' '
+       << layout.plot.PlotHeight << '\n'
+       << host.container.pointers.size() << ' ' << host.shell.messages.size() << '\n'
+       << host.surface.log();
+  return text.str();
+}
+
+std::string painted(const test::TestHost& host) {
+  RecordingSurface other(12000, 9000);
+  host.control.draw_on(other);
+  return std::string(other.log());
+}
+
+TEST(DrawOn, PaintsWhatTheNextRedrawShows) {
+  test::TestHost host;
+  host.load({3, 1, 2}, {5, 7, 6}, true, true);
+  host.control.add_function("x*2");
+  host.control.set_X_grid(true);
+  host.control.set_Top_margine(900);
+  host.control.set_SortXY(true);
+  host.control.set_Title("Another");
+  // What comes before the first label sets up the surface, which is another one here.
+  const auto from_first_label = [](const std::string& log) {
+    return log.substr(log.find("print"));
+  };
+  const std::string elsewhere = painted(host);
+  EXPECT_EQ(from_first_label(elsewhere), from_first_label(host.redrawn()));
+}
+
+TEST(DrawOn, LeavesTheControlAsItWas) {
+  test::TestHost host;
+  host.load({3, 1, 2}, {5, 7, 6}, true, true);
+  host.control.add_function("x*2");
+  host.document().GraphSaved = true;
+  host.control.set_SortXY(true);
+  host.control.set_Left_margine(2000);
+  host.control.set_SubTitle("longer than before");
+  host.layout().picLegend.left = 20000;
+  const std::string before = state_of(host);
+  EXPECT_NE(painted(host), "");
+  EXPECT_EQ(state_of(host), before);
+}
+
+TEST(DrawOn, TellsNobodyThatItHasRedrawn) {
+  struct Counting final : Container {
+    bool run_mode() const override { return true; }
+    void set_MousePointer(Integer) override {}
+    Single Height() const override { return 9000; }
+    Single Width() const override { return 12000; }
+    void set_Height(Single) override {}
+    void set_Width(Single) override {}
+    void redrawn() override { ++redraws; }
+    void MouseUp(Integer, Integer, Single, Single) override {}
+    int redraws = 0;
+  } container;
+  test::ScriptedShell shell;
+  RecordingSurface surface(12000, 9000);
+  Control control(container, shell, surface);
+  control.scatter_graph(test::columns({{4, 5}}), test::points({1, 2}), 2, 1, String("T"), "x",
+                        test::names({"y"}), 0, {});
+  const int before = container.redraws;
+  EXPECT_GT(before, 0);
+  RecordingSurface other(12000, 9000);
+  control.draw_on(other);
+  EXPECT_EQ(container.redraws, before);
+}
+
+TEST(DrawOn, AnEmptyGraphClearsTheSurface) {
+  const test::TestHost host;
+  RecordingSurface other(12000, 9000);
+  other.Line({0, 0}, {1, 1}, 1, LineKind::kSegment);
+  host.control.draw_on(other);
+  RecordingSurface cleared(12000, 9000);
+  cleared.Line({0, 0}, {1, 1}, 1, LineKind::kSegment);
+  cleared.Cls();
+  EXPECT_EQ(other.log(), cleared.log());
+}
+
+TEST(DrawOn, TicksHaveThePenThatTheRedrawBeforeHasLeft) {
+  test::TestHost host;
+  host.load({1, 2}, {5, 7});
+  EXPECT_NE(painted(host).find("width 1"), std::string::npos);
+  host.document().y_visible(1) = false;
+  host.control.set_BorderWidth(4);
+  host.control.build_the_graph();
+  RecordingSurface other(12000, 9000);
+  host.control.draw_on(other);
+  const std::string log(other.log());
+  EXPECT_LT(log.find("width 4"), log.find("segment")) << log;
+}
+
+TEST(DrawOn, AFaultReachesTheCallerAndChangesNothing) {
+  test::TestHost host;
+  host.load({1, 2}, {5, 7});
+  host.control.set_xmax(host.control.xmin());
+  const std::string before = state_of(host);
+  EXPECT_THROW(painted(host), Fault);
+  EXPECT_EQ(state_of(host), before);
+}
+
+// -- Classes that another part of the library brings along ----------------------------------------
+
+class NamedPrinter final : public PicturePrinter {
+ public:
+  explicit NamedPrinter(int number) : m_number(number) {}
+  int number() const { return m_number; }
+  void PrintPicture(std::string_view, std::string_view, std::string_view, Single) override {}
+
+ private:
+  int m_number;
+};
+
+int printer_made() {
+  const auto printer = create<PicturePrinter>(kPicturePrinterClass);
+  return dynamic_cast<NamedPrinter&>(*printer).number();
+}
+
+TEST(ProvidedClass, StandsInUntilAHostRegistersItsOwnAndComesBackAfterwards) {
+  const auto make = [](int number) {
+    return [number] { return std::make_unique<NamedPrinter>(number); };
+  };
+  register_class(kPicturePrinterClass, make(1));
+  provide_class(kPicturePrinterClass, make(2));
+  EXPECT_EQ(printer_made(), 1) << "the host's own, registered before";
+  register_class(kPicturePrinterClass, nullptr);
+  EXPECT_EQ(printer_made(), 2);
+  register_class(kPicturePrinterClass, make(3));
+  EXPECT_EQ(printer_made(), 3) << "and registered after";
+  register_class(kPicturePrinterClass, nullptr);
+  provide_class(kPicturePrinterClass, nullptr);
+  EXPECT_THROW(printer_made(), Fault);
+}
+
+}  // namespace
+}  // namespace kurv
