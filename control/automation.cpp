@@ -97,7 +97,7 @@ constexpr Member method(std::string_view name, std::uint32_t dispatch_id,
   return method_row<function, names>(name, dispatch_id, summary, function);
 }
 
-template <auto getter, auto letter>
+template <auto getter, auto setter>
 constexpr Member property(std::string_view name, std::uint32_t dispatch_id,
                           std::string_view summary) {
   using Value = decltype((std::declval<const Control&>().*getter)());
@@ -109,7 +109,7 @@ constexpr Member property(std::string_view name, std::uint32_t dispatch_id,
       type_of<Value>(),
       {},
       [](const Control& control) -> Variant { return (control.*getter)(); },
-      [](Control& control, const Variant& value) { (control.*letter)(converted<Value>(value)); },
+      [](Control& control, const Variant& value) { (control.*setter)(converted<Value>(value)); },
       nullptr};
 }
 
@@ -297,8 +297,8 @@ Variant get_property(const Control& control, const MemberKey& key) {
   return need(key, MemberKind::kProperty).get(control);
 }
 
-void let_property(Control& control, const MemberKey& key, const Variant& value) {
-  need(key, MemberKind::kProperty).let(control, value);
+void set_property(Control& control, const MemberKey& key, const Variant& value) {
+  need(key, MemberKind::kProperty).set(control, value);
 }
 
 void check_count(const Member& method, std::size_t count) {

@@ -147,7 +147,7 @@ GraphSource load(const std::string& path, const GraphChoice& choice) {
 }
 
 void let(Control& graph, const Member& property, const Variant& value) {
-  property.let(graph, value);
+  property.set(graph, value);
 }
 
 void let(KurvGraph& graph, const Member& property, const Variant& value) {

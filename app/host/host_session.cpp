@@ -70,7 +70,7 @@ HostSession::Result HostSession::set(const QJsonObject& request) {
   const Member& member = member_of(request["set"]);
   if (member.kind != MemberKind::kProperty) throw Fault(FaultKind::kNoSuchMember);
   if (!request.contains("to")) throw Fault(FaultKind::kArgumentMissing);
-  let_property(control, member.dispatch_id, from_json(request["to"], member.type));
+  set_property(control, member.dispatch_id, from_json(request["to"], member.type));
   return {};
 }
 

@@ -48,7 +48,7 @@ struct Member {
   std::span<const Parameter> parameters;  // of a method
   // nullptr where the kind has none. They convert as values.h does and check nothing else.
   Variant (*get)(const Control&);
-  void (*let)(Control&, const Variant&);
+  void (*set)(Control&, const Variant&);
   void (*call)(Control&, std::span<Variant>);
 };
 
@@ -78,7 +78,7 @@ const Member* find_property(std::string_view name);
 // An optional argument is omitted by an empty value or by a shorter list. Arguments are passed by
 // reference: a callee may write to them.
 Variant get_property(const Control& control, const MemberKey& key);
-void let_property(Control& control, const MemberKey& key, const Variant& value);
+void set_property(Control& control, const MemberKey& key, const Variant& value);
 void call_method(Control& control, const MemberKey& key, std::span<Variant> arguments);
 // Throws as call_method() does where a method does not take so many arguments.
 void check_count(const Member& method, std::size_t count);

@@ -66,7 +66,7 @@ TEST(Automation, EveryPropertyReadsBackWhatWasSet) {
     if (row.type == ValueType::kBoolean) value = Boolean::from_bits(5);
     if (row.type == ValueType::kSingle) value = Single{8.25F};
     if (row.type == ValueType::kDouble) value = -1.0 / 3;
-    let_property(host.control, row.dispatch_id, value);
+    set_property(host.control, row.dispatch_id, value);
     EXPECT_TRUE(get_property(host.control, row.name) == value);
   }
   EXPECT_EQ(host.surface.log(), "") << "no property redraws";
@@ -84,19 +84,19 @@ TEST(Automation, MembersAreFoundInAnyLetterCaseOrByIdentifier) {
 
 TEST(Automation, ValuesConvertToThePropertysType) {
   test::TestHost host;
-  let_property(host.control, "NumTicks", String(" 7 "));
+  set_property(host.control, "NumTicks", String(" 7 "));
   EXPECT_EQ(host.control.NumTicks(), 7);
-  let_property(host.control, "NumTicks", 2.5);
+  set_property(host.control, "NumTicks", 2.5);
   EXPECT_EQ(host.control.NumTicks(), 2) << "to the even neighbour";
-  let_property(host.control, "X_grid", String("true"));
+  set_property(host.control, "X_grid", String("true"));
   EXPECT_TRUE(host.control.X_grid().is_exactly_true());
-  let_property(host.control, "X_grid", 3.0);
+  set_property(host.control, "X_grid", 3.0);
   EXPECT_TRUE(host.control.X_grid().is_exactly_true()) << "a number becomes True";
-  let_property(host.control, "X_grid", Boolean::from_bits(3));
+  set_property(host.control, "X_grid", Boolean::from_bits(3));
   EXPECT_EQ(host.control.X_grid().bits(), 3) << "unless it came as a Boolean";
-  let_property(host.control, "xmin", Boolean(true));
+  set_property(host.control, "xmin", Boolean(true));
   EXPECT_EQ(host.control.xmin(), -1);
-  let_property(host.control, "Title", 1.5);
+  set_property(host.control, "Title", 1.5);
   EXPECT_EQ(host.control.Title(), "1.5");
 }
 
@@ -112,15 +112,15 @@ TEST(Automation, WrongNamesKindsTypesAndCountsAreTypedErrors) {
   EXPECT_EQ(call("nothing", none), FaultKind::kNoSuchMember);
   EXPECT_EQ(call("Title", none), FaultKind::kNoSuchMember) << "a property called";
   EXPECT_EQ(fault_of([&] { get_property(control, "init"); }), FaultKind::kNoSuchMember);
-  EXPECT_EQ(fault_of([&] { let_property(control, "init", Integer{1}); }), FaultKind::kNoSuchMember);
+  EXPECT_EQ(fault_of([&] { set_property(control, "init", Integer{1}); }), FaultKind::kNoSuchMember);
   EXPECT_EQ(call("ChartOptions", none), FaultKind::kArgumentMissing);
   EXPECT_EQ(call("ChartOptions", two), FaultKind::kTooManyArguments);
   EXPECT_EQ(call("init", one), FaultKind::kTooManyArguments);
-  EXPECT_EQ(fault_of([&] { let_property(control, "NumTicks", String("many")); }),
+  EXPECT_EQ(fault_of([&] { set_property(control, "NumTicks", String("many")); }),
             FaultKind::kTypeMismatch);
-  EXPECT_EQ(fault_of([&] { let_property(control, "NumTicks", List<Double>(1, 2)); }),
+  EXPECT_EQ(fault_of([&] { set_property(control, "NumTicks", List<Double>(1, 2)); }),
             FaultKind::kTypeMismatch);
-  EXPECT_EQ(fault_of([&] { let_property(control, "NumTicks", 40000.0); }), FaultKind::kOverflow);
+  EXPECT_EQ(fault_of([&] { set_property(control, "NumTicks", 40000.0); }), FaultKind::kOverflow);
   EXPECT_EQ(control.NumTicks(), 10);
 }
 
