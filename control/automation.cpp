@@ -125,6 +125,8 @@ constexpr std::array<Name, 10> kScatterGraph2{
 constexpr std::array<Name, 1> kFileLoad{"filename"};
 constexpr std::array<Name, 1> kChartOptions{"command"};
 
+#define KURV_ROW(name, dispatch_id, Type, rule, summary) \
+  property<&Control::name, &Control::set_##name>(#name, dispatch_id, summary),
 constexpr std::array kMembers = {
     method<&Control::init, kNone>("init", 0x600300CF, "Does nothing; kept for hosts that call it."),
     method<&Control::build_the_graph, kNone>(
@@ -157,75 +159,12 @@ constexpr std::array kMembers = {
         "CloseMe", 0x6003010D,
         "Unloads the three windows, also where they serve another control by now; the next command "
         "that shows one loads it again."),
-    property<&Control::ymin, &Control::set_ymin>("ymin", 0x680300CD, "Lower limit of y."),
-    property<&Control::ymax, &Control::set_ymax>("ymax", 0x680300CC, "Upper limit of y."),
-    property<&Control::xmax, &Control::set_xmax>("xmax", 0x680300CB, "Upper limit of x."),
-    property<&Control::xmin, &Control::set_xmin>("xmin", 0x680300CA, "Lower limit of x."),
-    property<&Control::NumTicks, &Control::set_NumTicks>("NumTicks", 0x680300C7,
-                                                         "Tick intervals on each axis."),
-    property<&Control::Autoscale, &Control::set_Autoscale>(
-        "Autoscale", 0x680300C4, "Limits follow the data when curves are shown and hidden."),
-    property<&Control::Connected, &Control::set_Connected>("Connected", 0x680300C3,
-                                                           "Lines between the points."),
-    property<&Control::DrawMarkers, &Control::set_DrawMarkers>(
-        "DrawMarkers", 0x680300C2, "A marker at each point; only True draws them."),
-    property<&Control::QueryForSave, &Control::set_QueryForSave>(
-        "QueryForSave", 0x680300C1,
-        "Ask the user to save an unsaved graph before the control ends."),
-    property<&Control::SortXY, &Control::set_SortXY>("SortXY", 0x680300C0,
-                                                     "Plot the points sorted by x."),
-    property<&Control::Y_grid, &Control::set_Y_grid>("Y_grid", 0x680300BF,
-                                                     "Vertical lines at the x ticks."),
-    property<&Control::X_grid, &Control::set_X_grid>("X_grid", 0x680300BE,
-                                                     "Horizontal lines at the y ticks."),
-    property<&Control::CurvesWidth, &Control::set_CurvesWidth>("CurvesWidth", 0x680300BD,
-                                                               "Width of curves, pixels."),
-    property<&Control::BorderWidth, &Control::set_BorderWidth>("BorderWidth", 0x680300BC,
-                                                               "Width of the frame, pixels."),
-    property<&Control::AxisLabelFormatX, &Control::set_AxisLabelFormatX>(
-        "AxisLabelFormatX", 0x680300BB, "Number format of the x labels, such as `0.00`."),
-    property<&Control::FontName, &Control::set_FontName>("FontName", 0x680300BA,
-                                                         "Font of axis labels and legend."),
-    property<&Control::FontSize, &Control::set_FontSize>("FontSize", 0x680300B9,
-                                                         "Its size, points."),
-    property<&Control::FontBold, &Control::set_FontBold>("FontBold", 0x680300B8,
-                                                         "Whether it is bold."),
-    property<&Control::FontItalic, &Control::set_FontItalic>("FontItalic", 0x680300B7,
-                                                             "Whether it is italic."),
-    property<&Control::TitleFontName, &Control::set_TitleFontName>("TitleFontName", 0x680300B6,
-                                                                   "Font of the title."),
-    property<&Control::TitleFontSize, &Control::set_TitleFontSize>("TitleFontSize", 0x680300B5,
-                                                                   "Its size, points."),
-    property<&Control::TitleFontBold, &Control::set_TitleFontBold>("TitleFontBold", 0x680300B4,
-                                                                   "Whether it is bold."),
-    property<&Control::TitleFontItalic, &Control::set_TitleFontItalic>(
-        "TitleFontItalic", 0x680300B3, "Whether it is italic."),
-    property<&Control::SubTitleFontName, &Control::set_SubTitleFontName>(
-        "SubTitleFontName", 0x680300B2, "Font of the subtitle."),
-    property<&Control::SubTitleFontSize, &Control::set_SubTitleFontSize>(
-        "SubTitleFontSize", 0x680300B1, "Its size, points."),
-    property<&Control::SubTitleFontBold, &Control::set_SubTitleFontBold>(
-        "SubTitleFontBold", 0x680300B0, "Whether it is bold."),
-    property<&Control::SubTitleFontItalic, &Control::set_SubTitleFontItalic>(
-        "SubTitleFontItalic", 0x680300AF, "Whether it is italic."),
-    property<&Control::AxisLabelFormatY, &Control::set_AxisLabelFormatY>(
-        "AxisLabelFormatY", 0x680300AE, "Number format of the y labels."),
-    property<&Control::Right_margine, &Control::set_Right_margine>(
-        "Right_margine", 0x680300AD, "Space right of the plot, twips."),
-    property<&Control::Left_margine, &Control::set_Left_margine>("Left_margine", 0x680300AC,
-                                                                 "Space left of the plot, twips."),
-    property<&Control::Top_margine, &Control::set_Top_margine>("Top_margine", 0x680300AB,
-                                                               "Space above the plot, twips."),
-    property<&Control::Bottom_margine, &Control::set_Bottom_margine>(
-        "Bottom_margine", 0x680300AA, "Space below the plot, twips."),
-    property<&Control::MarkerSize, &Control::set_MarkerSize>(
-        "MarkerSize", 0x680300A8,
-        "Radius of the circular markers, twips; values below 2 or above 500 are ignored."),
-    property<&Control::Title, &Control::set_Title>("Title", 0x680300A7, "The title."),
-    property<&Control::SubTitle, &Control::set_SubTitle>("SubTitle", 0x680300A6,
-                                                         "The subtitle, beside the title."),
-};
-constexpr std::size_t kMethodCount = 10;
+    KURV_PROPERTIES(KURV_ROW)};
+#undef KURV_ROW
+constexpr auto kMethodCount =
+    static_cast<std::size_t>(std::count_if(kMembers.begin(), kMembers.end(), [](const Member& row) {
+      return row.kind == MemberKind::kMethod;
+    }));
 
 constexpr std::array kMouseUp = {
     Parameter{"Button", ValueType::kInteger, false}, Parameter{"Shift", ValueType::kInteger, false},

@@ -31,6 +31,7 @@
 
 #include <KurvGraph/arrays.h>
 #include <KurvGraph/fault.h>
+#include <KurvGraph/property_list.h>
 #include <KurvGraph/values.h>
 
 #include <QByteArray>
@@ -66,43 +67,22 @@ struct Graph {
   bool markers = false;
 };
 
+// The toolkit's type for each type of property_list.h, and what a row becomes in the class. moc
+// expands macros, so it sees a Q_PROPERTY for each row.
+#define KURV_QT_Boolean bool
+#define KURV_QT_Integer int
+#define KURV_QT_Single double
+#define KURV_QT_Double double
+#define KURV_QT_String QString
+#define KURV_QT_PROPERTY(name, dispatch_id, Type, rule, summary) \
+  Q_PROPERTY(KURV_QT_##Type name READ name WRITE set_##name)
+#define KURV_QT_DECLARE(name, dispatch_id, Type, rule, summary) \
+  KURV_QT_##Type name() const;                                  \
+  void set_##name(PropertyArgument<KURV_QT_##Type> value);
+
 class KurvGraph : public QWidget {
   Q_OBJECT
-  Q_PROPERTY(double ymin READ ymin WRITE set_ymin)
-  Q_PROPERTY(double ymax READ ymax WRITE set_ymax)
-  Q_PROPERTY(double xmax READ xmax WRITE set_xmax)
-  Q_PROPERTY(double xmin READ xmin WRITE set_xmin)
-  Q_PROPERTY(int NumTicks READ NumTicks WRITE set_NumTicks)
-  Q_PROPERTY(bool Autoscale READ Autoscale WRITE set_Autoscale)
-  Q_PROPERTY(bool Connected READ Connected WRITE set_Connected)
-  Q_PROPERTY(bool DrawMarkers READ DrawMarkers WRITE set_DrawMarkers)
-  Q_PROPERTY(bool QueryForSave READ QueryForSave WRITE set_QueryForSave)
-  Q_PROPERTY(bool SortXY READ SortXY WRITE set_SortXY)
-  Q_PROPERTY(bool Y_grid READ Y_grid WRITE set_Y_grid)
-  Q_PROPERTY(bool X_grid READ X_grid WRITE set_X_grid)
-  Q_PROPERTY(int CurvesWidth READ CurvesWidth WRITE set_CurvesWidth)
-  Q_PROPERTY(int BorderWidth READ BorderWidth WRITE set_BorderWidth)
-  Q_PROPERTY(QString AxisLabelFormatX READ AxisLabelFormatX WRITE set_AxisLabelFormatX)
-  Q_PROPERTY(QString FontName READ FontName WRITE set_FontName)
-  Q_PROPERTY(double FontSize READ FontSize WRITE set_FontSize)
-  Q_PROPERTY(bool FontBold READ FontBold WRITE set_FontBold)
-  Q_PROPERTY(bool FontItalic READ FontItalic WRITE set_FontItalic)
-  Q_PROPERTY(QString TitleFontName READ TitleFontName WRITE set_TitleFontName)
-  Q_PROPERTY(double TitleFontSize READ TitleFontSize WRITE set_TitleFontSize)
-  Q_PROPERTY(bool TitleFontBold READ TitleFontBold WRITE set_TitleFontBold)
-  Q_PROPERTY(bool TitleFontItalic READ TitleFontItalic WRITE set_TitleFontItalic)
-  Q_PROPERTY(QString SubTitleFontName READ SubTitleFontName WRITE set_SubTitleFontName)
-  Q_PROPERTY(double SubTitleFontSize READ SubTitleFontSize WRITE set_SubTitleFontSize)
-  Q_PROPERTY(bool SubTitleFontBold READ SubTitleFontBold WRITE set_SubTitleFontBold)
-  Q_PROPERTY(bool SubTitleFontItalic READ SubTitleFontItalic WRITE set_SubTitleFontItalic)
-  Q_PROPERTY(QString AxisLabelFormatY READ AxisLabelFormatY WRITE set_AxisLabelFormatY)
-  Q_PROPERTY(int Right_margine READ Right_margine WRITE set_Right_margine)
-  Q_PROPERTY(int Left_margine READ Left_margine WRITE set_Left_margine)
-  Q_PROPERTY(int Top_margine READ Top_margine WRITE set_Top_margine)
-  Q_PROPERTY(int Bottom_margine READ Bottom_margine WRITE set_Bottom_margine)
-  Q_PROPERTY(int MarkerSize READ MarkerSize WRITE set_MarkerSize)
-  Q_PROPERTY(QString Title READ Title WRITE set_Title)
-  Q_PROPERTY(QString SubTitle READ SubTitle WRITE set_SubTitle)
+  KURV_PROPERTIES(KURV_QT_PROPERTY)
   Q_PROPERTY(bool toolbar_visible READ toolbar_visible WRITE set_toolbar_visible)
   Q_PROPERTY(bool shortcuts_enabled READ shortcuts_enabled WRITE set_shortcuts_enabled)
 
@@ -166,87 +146,14 @@ class KurvGraph : public QWidget {
   Q_INVOKABLE void CloseMe();
 
   // -- Properties -----------------------------------------------------------------------------
+  // A getter and a setter for each row of property_list.h, in the toolkit's types. For the row
+  // NumTicks they are
+  //
+  //   int NumTicks() const;
+  //   void set_NumTicks(int value);
+  //
   // A whole number outside -32768..32767 throws kOverflow.
-  // The four limits of the axes.
-  double ymin() const;
-  void set_ymin(double value);
-  double ymax() const;
-  void set_ymax(double value);
-  double xmax() const;
-  void set_xmax(double value);
-  double xmin() const;
-  void set_xmin(double value);
-  // Intervals per axis.
-  int NumTicks() const;
-  void set_NumTicks(int value);
-  bool Autoscale() const;
-  void set_Autoscale(bool value);
-  bool Connected() const;
-  void set_Connected(bool value);
-  bool DrawMarkers() const;
-  void set_DrawMarkers(bool value);
-  bool QueryForSave() const;
-  void set_QueryForSave(bool value);
-  // Whether the points are drawn in the order of x.
-  bool SortXY() const;
-  void set_SortXY(bool value);
-  // Vertical lines at the x ticks.
-  bool Y_grid() const;
-  void set_Y_grid(bool value);
-  // Horizontal lines at the y ticks.
-  bool X_grid() const;
-  void set_X_grid(bool value);
-  // Pens, in logical pixels.
-  int CurvesWidth() const;
-  void set_CurvesWidth(int value);
-  int BorderWidth() const;
-  void set_BorderWidth(int value);
-  // Patterns such as "0.00" or "0.00E+0".
-  QString AxisLabelFormatX() const;
-  void set_AxisLabelFormatX(const QString& value);
-  // Axis labels and legend; sizes in points.
-  QString FontName() const;
-  void set_FontName(const QString& value);
-  double FontSize() const;
-  void set_FontSize(double value);
-  bool FontBold() const;
-  void set_FontBold(bool value);
-  bool FontItalic() const;
-  void set_FontItalic(bool value);
-  QString TitleFontName() const;
-  void set_TitleFontName(const QString& value);
-  double TitleFontSize() const;
-  void set_TitleFontSize(double value);
-  bool TitleFontBold() const;
-  void set_TitleFontBold(bool value);
-  bool TitleFontItalic() const;
-  void set_TitleFontItalic(bool value);
-  QString SubTitleFontName() const;
-  void set_SubTitleFontName(const QString& value);
-  double SubTitleFontSize() const;
-  void set_SubTitleFontSize(double value);
-  bool SubTitleFontBold() const;
-  void set_SubTitleFontBold(bool value);
-  bool SubTitleFontItalic() const;
-  void set_SubTitleFontItalic(bool value);
-  QString AxisLabelFormatY() const;
-  void set_AxisLabelFormatY(const QString& value);
-  // Space around the plot, in twips.
-  int Right_margine() const;
-  void set_Right_margine(int value);
-  int Left_margine() const;
-  void set_Left_margine(int value);
-  int Top_margine() const;
-  void set_Top_margine(int value);
-  int Bottom_margine() const;
-  void set_Bottom_margine(int value);
-  // Radius of the circular markers in twips; a value below 2 or above 500 is ignored.
-  int MarkerSize() const;
-  void set_MarkerSize(int value);
-  QString Title() const;
-  void set_Title(const QString& value);
-  QString SubTitle() const;
-  void set_SubTitle(const QString& value);
+  KURV_PROPERTIES(KURV_QT_DECLARE)
 
   // -- The graph's file -----------------------------------------------------------------------
   // The path last loaded or written, empty before the first; the bytes by which the platform knows
@@ -354,5 +261,8 @@ class KurvGraph : public QWidget {
   void tell(int number, const QString& text);
   void open_menu(QPoint at);
 };
+
+#undef KURV_QT_PROPERTY
+#undef KURV_QT_DECLARE
 
 }  // namespace kurv

@@ -20,6 +20,7 @@
 #include <KurvGraph/class_registry.h>
 #include <KurvGraph/container.h>
 #include <KurvGraph/plot_surface.h>
+#include <KurvGraph/property_list.h>
 #include <KurvGraph/services.h>
 #include <KurvGraph/shell.h>
 #include <KurvGraph/values.h>
@@ -119,81 +120,16 @@ class Control {
   void Restore_Grf();
 
   // -- Properties -----------------------------------------------------------------------------
-  // Stored as they come, unchecked and without a redraw. Margins are in twips, widths in pixels.
-  Double ymin() const;
-  void set_ymin(Double value);
-  Double ymax() const;
-  void set_ymax(Double value);
-  Double xmax() const;
-  void set_xmax(Double value);
-  Double xmin() const;
-  void set_xmin(Double value);
-  Integer NumTicks() const;
-  void set_NumTicks(Integer value);
-  Boolean Autoscale() const;
-  void set_Autoscale(Boolean value);
-  Boolean Connected() const;
-  void set_Connected(Boolean value);
-  Boolean DrawMarkers() const;
-  void set_DrawMarkers(Boolean value);
-  Boolean QueryForSave() const;
-  void set_QueryForSave(Boolean value);
-  Boolean SortXY() const;
-  void set_SortXY(Boolean value);
-  // Vertical lines at the x ticks.
-  Boolean Y_grid() const;
-  void set_Y_grid(Boolean value);
-  // Horizontal lines at the y ticks.
-  Boolean X_grid() const;
-  void set_X_grid(Boolean value);
-  Integer CurvesWidth() const;
-  void set_CurvesWidth(Integer value);
-  Integer BorderWidth() const;
-  void set_BorderWidth(Integer value);
-  String AxisLabelFormatX() const;
-  void set_AxisLabelFormatX(const String& value);
-  String FontName() const;
-  void set_FontName(const String& value);
-  Single FontSize() const;
-  void set_FontSize(Single value);
-  Boolean FontBold() const;
-  void set_FontBold(Boolean value);
-  Boolean FontItalic() const;
-  void set_FontItalic(Boolean value);
-  String TitleFontName() const;
-  void set_TitleFontName(const String& value);
-  Single TitleFontSize() const;
-  void set_TitleFontSize(Single value);
-  Boolean TitleFontBold() const;
-  void set_TitleFontBold(Boolean value);
-  Boolean TitleFontItalic() const;
-  void set_TitleFontItalic(Boolean value);
-  String SubTitleFontName() const;
-  void set_SubTitleFontName(const String& value);
-  Single SubTitleFontSize() const;
-  void set_SubTitleFontSize(Single value);
-  Boolean SubTitleFontBold() const;
-  void set_SubTitleFontBold(Boolean value);
-  Boolean SubTitleFontItalic() const;
-  void set_SubTitleFontItalic(Boolean value);
-  String AxisLabelFormatY() const;
-  void set_AxisLabelFormatY(const String& value);
-  Integer Right_margine() const;
-  void set_Right_margine(Integer value);
-  Integer Left_margine() const;
-  void set_Left_margine(Integer value);
-  Integer Top_margine() const;
-  void set_Top_margine(Integer value);
-  Integer Bottom_margine() const;
-  void set_Bottom_margine(Integer value);
-  // Radius of the circular markers in twips; get rounds to nearest, ties to even. A value below 2
-  // or above 500 is ignored.
-  Integer MarkerSize() const;
-  void set_MarkerSize(Integer value);
-  String Title() const;
-  void set_Title(const String& value);
-  String SubTitle() const;
-  void set_SubTitle(const String& value);
+  // A getter and a setter for each row of property_list.h, which says what each property means and
+  // what its setter does with a value. For the row NumTicks they are
+  //
+  //   Integer NumTicks() const;
+  //   void set_NumTicks(Integer value);
+#define KURV_DECLARE(name, dispatch_id, Type, rule, summary) \
+  Type name() const;                                         \
+  void set_##name(PropertyArgument<Type> value);
+  KURV_PROPERTIES(KURV_DECLARE)
+#undef KURV_DECLARE
 
   // -- Prompts --------------------------------------------------------------------------------
   // Each asks the user through the shell, and redraws where something has been changed.

@@ -1,9 +1,20 @@
 #include <gtest/gtest.h>
 
+#include <type_traits>
+
 #include "tests/support/test_host.h"
 
 namespace kurv {
 namespace {
+
+// The list of properties declares the members that hosts compile against.
+static_assert(std::is_same_v<decltype(&Control::Title), String (Control::*)() const>);
+static_assert(std::is_same_v<decltype(&Control::set_Title), void (Control::*)(const String&)>);
+static_assert(std::is_same_v<decltype(&Control::NumTicks), Integer (Control::*)() const>);
+static_assert(std::is_same_v<decltype(&Control::set_NumTicks), void (Control::*)(Integer)>);
+static_assert(std::is_same_v<decltype(&Control::set_X_grid), void (Control::*)(Boolean)>);
+static_assert(std::is_same_v<decltype(&Control::set_FontSize), void (Control::*)(Single)>);
+static_assert(std::is_same_v<decltype(&Control::set_xmin), void (Control::*)(Double)>);
 
 TEST(MarkerSizeProperty, IgnoresSizesOutsideTwoToFiveHundred) {
   test::TestHost host;
@@ -32,7 +43,7 @@ TEST(MarkerSizeProperty, ReadsTheStoredSizeToTheNearestEvenInteger) {
   EXPECT_EQ(host.control.MarkerSize(), 4);
 }
 
-TEST(Properties, LimitsAreTakenAsTheyStandAlsoCrossed) {
+TEST(Properties, LimitsAreStoredUncheckedAlsoCrossed) {
   test::TestHost host;
   host.load({0, 10}, {0, 10});
   host.control.set_xmin(20);

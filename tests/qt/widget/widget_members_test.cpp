@@ -5,6 +5,7 @@
 #include <QMetaMethod>
 #include <QMetaProperty>
 #include <string>
+#include <type_traits>
 
 #include "tests/qt/widget/widget_support.h"
 
@@ -12,6 +13,14 @@ namespace kurv::test {
 namespace {
 
 using testing::IsSupersetOf;
+
+// The list of properties declares the members that hosts compile against.
+static_assert(std::is_same_v<decltype(&KurvGraph::Title), QString (KurvGraph::*)() const>);
+static_assert(std::is_same_v<decltype(&KurvGraph::set_Title), void (KurvGraph::*)(const QString&)>);
+static_assert(std::is_same_v<decltype(&KurvGraph::set_NumTicks), void (KurvGraph::*)(int)>);
+static_assert(std::is_same_v<decltype(&KurvGraph::set_X_grid), void (KurvGraph::*)(bool)>);
+static_assert(std::is_same_v<decltype(&KurvGraph::set_FontSize), void (KurvGraph::*)(double)>);
+static_assert(std::is_same_v<decltype(&KurvGraph::set_xmin), void (KurvGraph::*)(double)>);
 
 std::vector<QMetaProperty> own_properties() {
   const QMetaObject& meta = KurvGraph::staticMetaObject;
@@ -58,7 +67,7 @@ TEST(WidgetMembers, TheWidgetsOwnPropertiesFollow) {
   EXPECT_EQ(graph.property("shortcuts_enabled"), true);
 }
 
-TEST(WidgetMembers, EveryPropertyKeepsWhatItIsGiven) {
+TEST(WidgetMembers, EveryPropertyReadsBackWhatWasSet) {
   KurvGraph graph;
   Listener listener(graph);
   for (int round = 0; round < 2; ++round) {
@@ -132,7 +141,7 @@ TEST(WidgetMembers, MethodsRunByName) {
   EXPECT_EQ(graph.Top_margine(), 480);
 }
 
-TEST(WidgetMembers, DataComeByName) {
+TEST(WidgetMembers, DataAreLoadedByName) {
   KurvGraph graph;
   Matrix<Double> y(1, 1, 1, 2);
   y(1, 1) = 5;
