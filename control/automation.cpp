@@ -30,7 +30,8 @@ constexpr ValueType type_of() {
   return ValueType::kString;
 }
 
-// What a member function takes, from a self-describing value; arrays are passed as they are.
+// A self-describing value as the argument type of a member function; arrays are passed by
+// reference.
 template <class T>
 decltype(auto) converted(const Variant& value) {
   if constexpr (std::is_same_v<T, Integer>) {
@@ -55,7 +56,7 @@ decltype(auto) converted(const Variant& value) {
   }
 }
 
-// The row of a method, from the types of its member function and the names of its parameters.
+// What the row of a method holds, from the types of its member function and its parameter names.
 template <auto function, const auto& names, class... Arguments>
 struct MethodRow {
   static constexpr std::size_t kCount = sizeof...(Arguments);
@@ -69,7 +70,7 @@ struct MethodRow {
   static constexpr std::array<Parameter, kCount> kParameters =
       rows(std::make_index_sequence<kCount>());
 
-  // Arguments that were left out are empty values.
+  // Omitted arguments are empty values.
   template <std::size_t... index>
   static void pass([[maybe_unused]] Control& control, [[maybe_unused]] std::span<Variant> arguments,
                    std::index_sequence<index...>) {
@@ -128,7 +129,7 @@ constexpr std::array<Name, 1> kChartOptions{"command"};
 #define KURV_ROW(name, dispatch_id, Type, rule, summary) \
   property<&Control::name, &Control::set_##name>(#name, dispatch_id, summary),
 constexpr std::array kMembers = {
-    method<&Control::init, kNone>("init", 0x600300CF, "Does nothing; kept for hosts that call it."),
+    method<&Control::init, kNone>("init", 0x600300CF, "Does nothing."),
     method<&Control::build_the_graph, kNone>(
         "build_the_graph", 0x600300D5,
         "Clears and redraws the whole graph; nothing until data have come."),
@@ -175,7 +176,7 @@ constexpr std::array kEvents = {
           "control, 4 alt, added up; the point on the surface, twips.",
           kMouseUp}};
 
-const Member& need(const MemberKey& key, MemberKind kind) {
+const Member& required_member(const MemberKey& key, MemberKind kind) {
   const Member* member = find_member(key);
   if (member == nullptr || member->kind != kind) throw Fault(FaultKind::kNoSuchMember);
   return *member;
@@ -219,11 +220,11 @@ std::span<const Event> events() {
 }
 
 const Member* find_member(const MemberKey& key) {
-  const auto fits = [&](const Member& member) {
+  const auto matches = [&](const Member& member) {
     if (const auto* name = std::get_if<std::string_view>(&key)) return is_word(*name, member.name);
     return member.dispatch_id == std::get<std::uint32_t>(key);
   };
-  const auto found = std::find_if(kMembers.begin(), kMembers.end(), fits);
+  const auto found = std::find_if(kMembers.begin(), kMembers.end(), matches);
   return found == kMembers.end() ? nullptr : &*found;
 }
 
@@ -233,11 +234,11 @@ const Member* find_property(std::string_view name) {
 }
 
 Variant get_property(const Control& control, const MemberKey& key) {
-  return need(key, MemberKind::kProperty).get(control);
+  return required_member(key, MemberKind::kProperty).get(control);
 }
 
 void set_property(Control& control, const MemberKey& key, const Variant& value) {
-  need(key, MemberKind::kProperty).set(control, value);
+  required_member(key, MemberKind::kProperty).set(control, value);
 }
 
 void check_count(const Member& method, std::size_t count) {
@@ -248,7 +249,7 @@ void check_count(const Member& method, std::size_t count) {
 }
 
 void call_method(Control& control, const MemberKey& key, std::span<Variant> arguments) {
-  const Member& method = need(key, MemberKind::kMethod);
+  const Member& method = required_member(key, MemberKind::kMethod);
   check_count(method, arguments.size());
   method.call(control, arguments);
 }
@@ -256,7 +257,7 @@ void call_method(Control& control, const MemberKey& key, std::span<Variant> argu
 void raise_MouseUp(ControlState& state, Integer Button, Integer Shift, Single x, Single Y) {
   state.container.MouseUp(Button, Shift, x, Y);
   const std::array<Variant, 4> arguments{Button, Shift, x, Y};
-  // A listener may add others, which moves them all, so a copy is called.
+  // A listener may add others, which reallocates the list, so a copy is called.
   for (std::size_t i = 0; i < state.listeners.size(); ++i) {
     const EventListener listener = state.listeners[i];
     listener(kEvents.front(), arguments);

@@ -30,8 +30,7 @@ Control::Control(Container& container, Shell& shell, PlotSurface& surface, const
   initialise(*m_state);
 }
 
-// An outer edge: a destructor has nobody to throw to. The user is told instead, as the only one who
-// can still rescue something.
+// A destructor cannot throw, so a message box reports the failure to the user instead.
 Control::~Control() {
   try {
     terminate();

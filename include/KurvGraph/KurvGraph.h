@@ -8,22 +8,21 @@
 // setProperty() and QMetaObject::invokeMethod().
 //
 // A run-time error of the control (a Fault, such as too large a number or a division by zero)
-// reaches whoever called: every member below throws it, also when it was called by name. What the
-// event loop calls, it never crosses: after a resize, a mouse click or a queued call that failed,
-// the signal runTimeError() comes. So a signal that may not throw is connected to a method with
-// Qt::QueuedConnection.
+// reaches the caller: every member below throws it, also when it was called by name. It never
+// reaches the event loop: when a resize, a mouse click or a queued call fails, the widget emits
+// runTimeError(). So connect a signal that must not throw to a method with Qt::QueuedConnection.
 //
-// A locale that the host sets on the widget itself decides about the decimal separator in graph
-// files and prompts, a comma or else a point; the system's does not.
+// The decimal separator in graph files and prompts is a point, or a comma where the host has set a
+// locale with a comma on this widget. The system's locale does not count.
 //
-// At the top stands a toolbar, the child "tbrGraph", and below it the plot, the child "PicGraph",
-// which gets the keyboard's focus when it is given to the widget. While one of them has it, Ctrl+S,
-// Ctrl+O, Ctrl+P, Ctrl+C and F5 are the commands "save", "open", "print", "copy" and "refresh",
-// unless the host has an action of its own with that key.
+// At the top is a toolbar, the child "tbrGraph", and below it the plot, the child "PicGraph", to
+// which the widget passes the keyboard focus. While one of them has it, Ctrl+S, Ctrl+O, Ctrl+P,
+// Ctrl+C and F5 are the commands "save", "open", "print", "copy" and "refresh", unless the host has
+// an action of its own with that shortcut.
 //
-// A right click, once MouseUp() has come, and the menu key open a menu of windows and settings. A
-// host with a menu of its own sets another contextMenuPolicy(). In design mode neither the mouse
-// nor the keyboard has an effect.
+// A right click, after MouseUp(), and the menu key open a context menu of windows and settings. A
+// host with a menu of its own sets another contextMenuPolicy(). In design mode the mouse and the
+// keyboard have no effect.
 //
 // The widget may be deleted at any time, also in a slot of its own signals or while one of its
 // message boxes is open.
@@ -92,8 +91,8 @@ class KurvGraph : public QWidget {
   ~KurvGraph() override;
 
   // -- Data -----------------------------------------------------------------------------------
-  // Draws the graph with title and legend in their home places. Throws std::invalid_argument with
-  // a sentence about what is wrong with it, and then nothing has changed.
+  // Draws the graph with title and legend in their home positions. Throws std::invalid_argument
+  // with a sentence that says what is wrong with it; then nothing has changed.
   void plot(const Graph& graph);
 
   // Loads a data set: yarr_(curve, point) and xarr(point), all counted from 1; texts are UTF-8.
@@ -116,33 +115,33 @@ class KurvGraph : public QWidget {
                                   std::optional<bool> pConnected_ = {},
                                   std::optional<bool> draw_scatter_points_ = {});
 
-  // Adds a visible function curve, an expression of x, and redraws. Returns nothing when that is
-  // done, otherwise one sentence that says why not; then nothing has changed.
+  // Adds a visible function curve, an expression of x, and redraws. Returns nothing on success,
+  // otherwise one sentence that says what is wrong; then nothing has changed.
   std::optional<QString> add_function(const QString& expression);
   // Appends a visible series whose values are computed from x and the other series by their names,
   // sets the limits from the data and redraws. Returns as add_function() does. Throws
-  // kSubscriptOutOfRange at 149 series, and redraws fail then until other data are loaded.
+  // kSubscriptOutOfRange at 149 series; redraws then fail until other data are loaded.
   std::optional<QString> derive(const QString& name, const QString& expression);
 
   // -- Methods --------------------------------------------------------------------------------
-  // Does nothing; kept for hosts that call it.
+  // Does nothing.
   Q_INVOKABLE void init();
-  // Clears and redraws the whole graph; nothing until data have come.
+  // Clears and redraws the whole graph. Does nothing until data have been loaded.
   Q_INVOKABLE void build_the_graph();
-  // Loads a graph file and redraws. Throws what the file runs into, see Fault.
+  // Loads a graph file and redraws. Throws as Control::file_load() does, see control.h.
   Q_INVOKABLE void file_load(const QString& filename);
   // Writes a graph that is not saved to its file, or asks the user for one where it has none.
   Q_INVOKABLE void Save_graph();
   // Sorts the plotted data by ascending x, points moving whole. Does not redraw.
   Q_INVOKABLE void Sort_xy();
   // Runs one command by its word: "refresh" puts title, subtitle and legend back in their home
-  // places and redraws; "save", "saveas" and "open" work with graph files; "print" and "copy" take
-  // the picture; "setup" and "titles", "curves" and "table" open the windows. Other words do
-  // nothing. A command that fails leaves the hourglass on.
+  // positions and redraws; "save", "saveas" and "open" work with graph files; "print" and "copy"
+  // take the picture; "setup" and "titles", "curves" and "table" open the windows. Other words do
+  // nothing. The pointer stays an hourglass after a command that fails.
   Q_INVOKABLE void ChartOptions(const QString& command);
   // Default marker size and margins, limits from the data, and a redraw.
   Q_INVOKABLE void Restore_Grf();
-  // Releases the control's dialogs.
+  // Unloads the three windows, see Control::CloseMe().
   Q_INVOKABLE void CloseMe();
 
   // -- Properties -----------------------------------------------------------------------------
@@ -156,35 +155,37 @@ class KurvGraph : public QWidget {
   KURV_PROPERTIES(KURV_QT_DECLARE)
 
   // -- The graph's file -----------------------------------------------------------------------
-  // The path last loaded or written, empty before the first; the bytes by which the platform knows
-  // the file, which need not be UTF-8. So are those of load_path(), which is file_load() otherwise.
+  // The path last loaded or written, empty before the first, as the bytes of the file system, which
+  // need not be UTF-8.
   String FileName() const;
+  // file_load() for such a path.
   void load_path(const String& path);
-  // Writes the graph to the path, to which it belongs from then on, also where it counts as saved:
-  // a property that was set and not drawn does not change that. Throws as Save_graph() does.
+  // Writes the graph to the path, which becomes FileName(). Writes also where GraphSaved() is True,
+  // because a property that was set and not drawn does not change that. Throws as Save_graph()
+  // does.
   void save_to(const String& path);
   // False again after every redraw and every resize.
   bool GraphSaved() const;
-  // Forgets the path, so that other data are never saved over an older graph.
+  // Forgets the path, so that the next save asks for one instead of overwriting that file.
   void reset_file();
-  // Whether data have come that can be plotted. Without them nothing is drawn.
+  // Whether data have been loaded that can be plotted. Without them nothing is drawn.
   bool has_graph() const;
-  // Data of a graph file or of scatter_graph2() that were refused stay, and the table can edit
-  // them. Draws them where they can be plotted by now, with limits from the data; otherwise
-  // nothing.
+  // Data of a graph file or of scatter_graph2() that were refused are kept, and the table window
+  // can repair them. Draws them if they can be plotted by now, with limits from the data; otherwise
+  // does nothing.
   void show_mended_data();
-  // The expressions of the function curves, in their order.
+  // The expressions of the function curves, in the order of their slots.
   std::vector<QString> functions() const;
-  // Hands over, piece by piece, what the graph file would say now but for the control's size. Two
-  // graphs with the same text are the same graph, whatever the size of their windows. Throws
-  // kSubscriptOutOfRange for more than 30 function curves.
+  // Passes to `sink`, piece by piece, the text of the graph file as it would be written now,
+  // without the control's size: two graphs with the same text are the same graph, whatever the size
+  // of their windows. Throws kSubscriptOutOfRange for more than 30 function curves.
   void graph_text(const std::function<void(std::string_view)>& sink) const;
 
   // -- Picture --------------------------------------------------------------------------------
-  // What has been drawn in the plot, in device pixels. A hidden widget takes up a new size with the
-  // next call that may draw.
+  // What has been drawn in the plot, in device pixels. A hidden widget that was resized gets its
+  // new size with the next call that may draw.
   QImage image() const;
-  // Where the plot stands in the widget: all that the toolbar leaves.
+  // The plot's rectangle in the widget: all but the toolbar.
   QRect plot_rect() const;
   // The graph as the next redraw would show it, as a document of lines and text, made from copies:
   // nothing of the graph changes. Blank while there is no graph.
@@ -197,16 +198,16 @@ class KurvGraph : public QWidget {
   std::optional<QPointF> pixel_of(double x, double y) const;
 
   // -- Around the plot ------------------------------------------------------------------------
-  // On by default. The plot gets or gives the room, which is a resize. The widget's usual size is
-  // that of a plot of 720 x 480 pixels with a toolbar, where there is one.
+  // On by default. Showing or hiding the toolbar resizes the plot. The size hint is that of a plot
+  // of 720 x 480 pixels, plus the toolbar where it is shown.
   bool toolbar_visible() const;
   void set_toolbar_visible(bool on);
-  // Whether the keys above are commands. On by default.
+  // Whether the shortcuts named at the top of this header are commands. On by default.
   bool shortcuts_enabled() const;
   void set_shortcuts_enabled(bool on);
 
-  // In design mode a form editor shows the control: it redraws at every resize, and a Show does
-  // nothing. Off by default.
+  // For a form editor: in design mode the graph redraws at every resize, and showing the widget
+  // does not draw. Off by default.
   bool design_mode() const;
   void set_design_mode(bool on);
 
@@ -214,31 +215,31 @@ class KurvGraph : public QWidget {
   QSize minimumSizeHint() const override;
 
  Q_SIGNALS:
-  // A mouse button that went down on the plot, but not on the title, the subtitle or the legend,
-  // came up. Button is 1 left, 2 right, 4 middle; Shift adds up 1 shift, 2 control, 4 alt; the
-  // point is in twips of the plot, not of the widget, and may be outside of it.
+  // A mouse button was released that had been pressed on the plot, but not on the title, the
+  // subtitle or the legend. Button is 1 left, 2 right, 4 middle; Shift adds up 1 shift, 2 control,
+  // 4 alt; the point is in twips of the plot, not of the widget, and may be outside of it.
   void MouseUp(int Button, int Shift, float x, float Y);
-  // After each redraw that was complete: before the host's call returns, or, where an event of the
-  // toolkit caused it, once that event is over.
+  // After each complete redraw: before the host's call returns or, where an event of the toolkit
+  // caused it, after that event.
   void redrawn();
-  // The graph has just been loaded from its file or written to it. It comes in the midst of that: a
-  // slot may look at the graph and must leave it as it is, or be connected with
+  // The graph has just been loaded from its file or written to it. The command is still running: a
+  // slot may read the graph but must not change it, unless it is connected with
   // Qt::QueuedConnection.
   void filed();
-  // Once after each event in which something about the graph may have changed, drawn or not.
+  // Once after each event in which the graph may have changed, drawn or not.
   void changed();
   // Something that the user or the toolkit did has failed; the graph is as the error left it. When
-  // nobody listens, a message box says so.
+  // nothing is connected, a message box shows the text.
   void runTimeError(int number, const QString& text);
 
  protected:
-  // Draws on a surface that a derived class lends, such as one that keeps a log. Nothing of it is
-  // shown, and whoever lends it gives it its size. It must outlive the widget.
+  // Draws on a surface of the derived class, such as one that keeps a log, instead of the widget's
+  // own. Nothing of it is shown; the derived class sets its size. It must outlive the widget.
   KurvGraph(PlotSurface& lent, QWidget* parent);
 
-  // What a button of the toolbar or a key has asked for, by the word that ChartOptions() knows. It
-  // is run once the current event is over, because a command may show a dialog and the widget may
-  // be gone after it. A derived class may do something of its own instead.
+  // Runs the command of a toolbar button or a shortcut, by its word for ChartOptions(). Called
+  // after the current event, because a command may show a dialog and the widget may be deleted
+  // meanwhile. A derived class may override it.
   virtual void run_command(const QString& word);
 
   bool event(QEvent* event) override;
@@ -248,7 +249,8 @@ class KurvGraph : public QWidget {
   void keyPressEvent(QKeyEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
 
-  // What stands behind the widget; a host cannot see into it. Calls in progress share it.
+  // The widget's implementation, opaque to hosts. Calls in progress share it, so that it exists
+  // until they return even if the widget is deleted meanwhile.
   struct State;
   std::shared_ptr<State> m_state;
 

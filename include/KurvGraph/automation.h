@@ -1,6 +1,7 @@
-// The control's interface by name or number, for hosts that know its members only at run time.
+// The control's interface, late-bound: members by name or dispatch identifier, for hosts that know
+// them only at run time.
 //
-// One table says what there is; calls, the pipe host and the reference page are made from it.
+// One table describes the members; late-bound calls, the pipe host and the reference page use it.
 #pragma once
 
 #include <cstdint>
@@ -28,7 +29,7 @@ enum class ValueType {
   kBooleanList,
 };
 
-// As the interface calls it, such as "Integer" or "array of Double".
+// As hosts read it, such as "Integer" or "array of Double".
 std::string_view type_name(ValueType type);
 
 struct Parameter {
@@ -42,11 +43,12 @@ enum class MemberKind { kMethod, kProperty };
 struct Member {
   std::string_view name;
   std::uint32_t dispatch_id;
-  std::string_view summary;  // a sentence or two for people
+  std::string_view summary;  // a sentence or two for the reference page
   MemberKind kind;
   ValueType type;                         // of a property
   std::span<const Parameter> parameters;  // of a method
-  // nullptr where the kind has none. They convert as values.h does and check nothing else.
+  // Getter, setter and call; nullptr where the kind has none. They convert as values.h does and
+  // check nothing else.
   Variant (*get)(const Control&);
   void (*set)(Control&, const Variant&);
   void (*call)(Control&, std::span<Variant>);
@@ -72,15 +74,15 @@ using MemberKey = std::variant<std::string_view, std::uint32_t>;
 const Member* find_member(const MemberKey& key);
 const Member* find_property(std::string_view name);
 
-// Late-bound calls. They throw kNoSuchMember also for a method that is got and a property that is
-// called, kArgumentMissing for too few arguments, kTooManyArguments for too many,
-// kTypeMismatch and kOverflow as the conversions of values.h do, and what the member itself throws.
-// An optional argument is omitted by an empty value or by a shorter list. Arguments are passed by
-// reference: a callee may write to them.
+// Late-bound calls. They throw kNoSuchMember also for a method that is read or set like a property
+// and for a property that is called, kArgumentMissing for too few arguments, kTooManyArguments for
+// too many, kTypeMismatch and kOverflow as the conversions of values.h do, and what the member
+// itself throws. An optional argument is omitted by an empty value or by a shorter list. Arguments
+// are passed by reference: a callee may write to them.
 Variant get_property(const Control& control, const MemberKey& key);
 void set_property(Control& control, const MemberKey& key, const Variant& value);
 void call_method(Control& control, const MemberKey& key, std::span<Variant> arguments);
-// Throws as call_method() does where a method does not take so many arguments.
+// Throws as call_method() does where a method takes more or fewer arguments.
 void check_count(const Member& method, std::size_t count);
 
 // A late-bound listener to the control's events; the arguments are those of the event's row.

@@ -29,8 +29,7 @@ namespace kurv {
 
 struct ControlState;
 
-// What a prompt can ask the user for. The fonts' numbers are those by which other windows call
-// their dialogs.
+// What a prompt can ask the user for.
 enum class PromptedSetting {
   kMarkerSize = 0,
   kLeftMargin = 1,
@@ -49,8 +48,8 @@ class Control {
   // 32768th control of a process.
   Control(Container& container, Shell& shell, PlotSurface& surface,
           const Services& services = library_services());
-  // Terminates a control whose host has not: what the user then cannot save is told to the user
-  // alone, because a destructor has nobody to throw to.
+  // Calls terminate() where the host has not. A save that fails then shows a message box, because a
+  // destructor cannot throw.
   ~Control();
   Control(const Control&) = delete;
   Control& operator=(const Control&) = delete;
@@ -62,8 +61,8 @@ class Control {
   void show();
   // Each time the surface's size has changed.
   void resize();
-  // Unloads the three windows, also where they serve another control by now; deliberate. The next
-  // command that shows one loads it again.
+  // Unloads the three windows. A process has one of each, so they are unloaded also where they
+  // serve another control by now. The next command that shows one loads it again.
   void CloseMe();
   // Before the host destroys the control: releases the windows that serve it; then, where
   // QueryForSave is True and the graph is not saved, asks the user whether to save it, and does so.
@@ -71,9 +70,9 @@ class Control {
   void terminate();
 
   // -- Methods --------------------------------------------------------------------------------
-  // Does nothing; kept for hosts that call it.
+  // Does nothing.
   void init() {}
-  // Clears and redraws the whole graph; nothing until a data intake has succeeded.
+  // Clears and redraws the whole graph. Does nothing until a data intake has succeeded.
   void build_the_graph();
   // Loads a data set: yarr_(curve, point) and xarr(point), all counted from 1. Shows a message box
   // when the data cannot be plotted; throws kSubscriptOutOfRange when an array is shorter than its
@@ -91,30 +90,31 @@ class Control {
                       const List<String>& y_func_, std::optional<Boolean> pConnected_ = {},
                       std::optional<Boolean> draw_scatter_points_ = {});
   // Loads a graph file and redraws. Text is UTF-8, or code page 1252 where its bytes are not UTF-8;
-  // lines end in CR LF or LF. Handle places, font sizes and the control's size come back as whole
-  // numbers, a flag as True or False. The label formats are chosen anew where the data call for it.
-  // Data that cannot be plotted are refused as by scatter_graph2(), and everything else of the file
-  // is taken all the same. Throws kFileNotFound, kPathNotFound, kPermissionDenied,
-  // kPathFileAccessError, kDeviceIoError, and what a file that is no graph runs into:
-  // kInputPastEnd, kTypeMismatch, kOverflow, kSubscriptOutOfRange. Titles, widths, margins, ticks,
-  // formats, fonts, SortXY and the two exact-limit switches that were read until then stay; curves,
-  // places, sizes, grids, limits and the file's name are as before.
+  // lines end in CR LF or LF. Handle positions, font sizes and the control's size are read as whole
+  // numbers, a flag as True or False. The label formats are chosen anew where the data need it.
+  // Data that cannot be plotted are refused as by scatter_graph2(); everything else of the file is
+  // still loaded. Throws kFileNotFound, kPathNotFound, kPermissionDenied, kPathFileAccessError and
+  // kDeviceIoError, and for a file that is no graph kInputPastEnd, kTypeMismatch, kOverflow or
+  // kSubscriptOutOfRange. After a fault, the titles, widths, margins, ticks, formats, fonts, SortXY
+  // and the two exact-limit switches that had been read are kept; curves, positions, sizes, grids,
+  // limits and the file's name are as before.
   void file_load(const String& filename);
   // Writes a graph that is not saved to its file, or asks the user for one where it has none. Does
   // nothing where the graph is saved. MarkerSize, Autoscale and the visibility of function curves
   // are not in the file. Throws kDiskFull, kPathNotFound, kPermissionDenied, kPathFileAccessError,
   // kDeviceIoError, and kSubscriptOutOfRange for more than 30 function curves; the file is then
-  // incomplete, and the one that it was to replace is kept as NAME~.
+  // incomplete, and a file that it would have replaced is kept as NAME~.
   void Save_graph();
   // Sorts the plotted data by ascending x, points moving whole. Does not redraw.
   void Sort_xy();
   // Runs one command by its word, compared exactly: "refresh" puts title, subtitle and legend back
   // in their home places and redraws; "save" is Save_graph(); "saveas" asks for a file and writes
   // the graph or its picture; "open" asks for a graph file, loads it and redraws once more, so that
-  // the graph counts as not saved; "print" hands the picture to the control's printer and throws
-  // kCannotCreateObject where there is none; "copy" puts it on the clipboard; "setup" and "titles"
-  // show the properties, "curves" the curves and functions, "table" the numbers. Other words do
-  // nothing, "help" among them. The hourglass stands meanwhile, and stays when a command throws.
+  // the graph counts as not saved; "print" sends the picture to the control's printer and throws
+  // kCannotCreateObject where there is none; "copy" copies it to the clipboard; "setup" and
+  // "titles" show the properties, "curves" the curves and functions, "table" the numbers. Other
+  // words do nothing, "help" among them. The pointer is an hourglass meanwhile, and stays one when
+  // a command throws.
   void ChartOptions(std::string_view command);
   // Default marker size and margins, limits from the data, and a redraw.
   void Restore_Grf();
@@ -133,24 +133,26 @@ class Control {
 
   // -- Prompts --------------------------------------------------------------------------------
   // Each asks the user through the shell, and redraws where something has been changed.
-  // One setting. Cancelled, nothing changes; what is not accepted is told and changes nothing.
+  // One setting. Nothing changes when the user cancels; a value that is not accepted shows a
+  // message and changes nothing.
   void prompt(PromptedSetting setting);
-  // A new function curve; the user is told why it cannot be one.
+  // A new function curve. A message says why an expression is not accepted.
   void add_function();
-  // Another expression for the function curve with this very text; nothing where there is none.
+  // Another expression for the function curve whose expression is exactly `selected`; does nothing
+  // where there is none.
   void edit_function(const String& selected);
-  // A name and an expression for a new scatter curve that is computed from the others, each until
-  // it is accepted or cancelled. Offer it below 149 curves only, see derive().
+  // A name and an expression for a new scatter curve that is computed from the others; each is
+  // asked for until it is accepted or cancelled. Offer it below 149 curves only, see derive().
   void add_derived_curve();
 
   // -- Curves from expressions, without a prompt ----------------------------------------------
-  // Adds a visible function curve, an expression of x, and redraws. Returns nothing when that is
-  // done, otherwise one sentence that says why not; then nothing has changed.
+  // Adds a visible function curve, an expression of x, and redraws. Returns nothing on success,
+  // otherwise one sentence that says what is wrong; then nothing has changed.
   std::optional<String> add_function(const String& expression);
   // Appends a visible scatter curve whose values are computed from x and the other curves by their
   // names, sets the limits from the data and redraws. Returns as add_function() does. Throws
-  // kSubscriptOutOfRange at 149 curves: the 150th has no column, and yet it is counted then, so
-  // that redraws fail until other data are loaded.
+  // kSubscriptOutOfRange at 149 curves: the 150th has no column, but it has been counted by then,
+  // so that redraws fail until other data are loaded.
   std::optional<String> derive(const String& name, const String& expression);
 
   // -- Events ---------------------------------------------------------------------------------
@@ -178,12 +180,12 @@ class Control {
   // destroy.
   void add_listener(EventListener listener);
 
-  // The expressions of the function curves, in their order.
+  // The expressions of the function curves, in the order of their slots.
   std::vector<String> functions() const;
 
-  // Paints the graph as the next redraw would show it on another surface, which should have the
-  // size of the control's own; blank while there is no graph. Works on copies: nothing of the
-  // control changes, it stays as saved as it was, and nobody is told. Throws what a redraw throws.
+  // Paints the graph on another surface as the next redraw would show it; blank while there is no
+  // graph. The surface should have the size of the control's own. Works on copies: nothing of the
+  // control changes, GraphSaved included, and no event is raised. Throws what a redraw throws.
   void draw_on(PlotSurface& surface) const;
 
   // -- The graph's file -----------------------------------------------------------------------
@@ -191,16 +193,18 @@ class Control {
   String FileName() const;
   // False again after every redraw and every resize.
   Boolean GraphSaved() const;
-  // Forgets the path, so that other data are never saved over an older graph.
+  // Forgets the path, so that the next save asks for one instead of overwriting that file.
   void reset_file();
-  // What stands before the fraction of a number in graph files and prompts: a point, or a comma
-  // where the host's locale has one. Every number of a data line that has a fraction then reads
-  // back as two. Throws kInvalidProcedureCall for anything else.
+  // The decimal separator in graph files and prompts: a point, or a comma where the host's locale
+  // has one. With a comma, every number of a data line that has a fraction reads back as two.
+  // Throws kInvalidProcedureCall for anything else.
   char decimal_separator() const;
   void set_decimal_separator(char separator);
 
-  // For the library's own rooms; a host sees only the declaration.
-  ControlState& state() { return *m_state; }
+  // For the library's own modules; a host sees only the declaration.
+  ControlState& state() {
+    return *m_state;
+  }
 
  private:
   std::unique_ptr<ControlState> m_state;
