@@ -139,9 +139,8 @@ void Control::release_mouse(Integer Button, Integer Shift, Single x, Single Y) {
 void Control::double_click(Single x, Single Y) {
   kurv::double_click(*m_state, {x, Y});
 }
-void Control::drag(std::string_view tag, SurfacePoint grab, SurfacePoint drop,
-                   std::string_view on) {
-  kurv::drag(*m_state, tag, grab, drop, on);
+void Control::drag(Item item, SurfacePoint grab, SurfacePoint drop, std::optional<Item> on) {
+  kurv::drag(*m_state, item, grab, drop, on);
 }
 void Control::add_listener(EventListener listener) {
   m_state->listeners.push_back(std::move(listener));

@@ -1,7 +1,5 @@
 #include "control/mouse.h"
 
-#include <KurvGraph/fault.h>
-
 #include <algorithm>
 #include <utility>
 
@@ -50,25 +48,6 @@ Single moved(Double from, Double by) {
 }
 
 }  // namespace
-
-std::string_view tag_of(Item item) {
-  switch (item) {
-    case Item::kTitle:
-      return "Title";
-    case Item::kSubTitle:
-      return "SubTitle";
-    case Item::kLegend:
-      break;
-  }
-  return "legend";
-}
-
-std::optional<Item> item_of(std::string_view tag) {
-  for (const Item item : {Item::kLegend, Item::kTitle, Item::kSubTitle}) {
-    if (tag == tag_of(item)) return item;
-  }
-  return std::nullopt;
-}
 
 const Rect& rect_of(const ControlState& state, Item item) {
   return handle_of(state.layout, item);
@@ -157,21 +136,14 @@ void item_double_click(ControlState& state, Item item) {
   ChartOptions(state, item == Item::kLegend ? "curves" : "titles");
 }
 
-void drop(ControlState& state, std::string_view tag, SurfacePoint at) {
-  const std::optional<Item> item = item_of(tag);
-  if (!item) return;
+void drop(ControlState& state, Item item, SurfacePoint at) {
   state.mouse.holder = MouseHolder::kNobody;
   const Single left = moved(at.x, -state.mouse.GrabX);
   const Single top = moved(at.y, -state.mouse.GrabY);
-  Rect& handle = handle_of(state.layout, *item);
+  Rect& handle = handle_of(state.layout, item);
   handle.left = left;
   handle.top = top;
   build_the_graph(state);
-}
-
-void drop_on(ControlState& state, Item target, std::string_view tag, SurfacePoint within) {
-  const Rect& rect = rect_of(state, target);
-  drop(state, tag, {moved(within.x, rect.left), moved(within.y, rect.top)});
 }
 
 void press(ControlState& state, SurfacePoint at) {
@@ -197,18 +169,15 @@ void double_click(ControlState& state, SurfacePoint at) {
   }
 }
 
-void drag(ControlState& state, std::string_view tag, SurfacePoint from, SurfacePoint at,
-          std::string_view on) {
-  const std::optional<Item> target = item_of(on);
-  if (!target && !on.empty()) throw Fault(FaultKind::kInvalidProcedureCall);
-  const std::optional<Item> item = item_of(tag);
-  if (!item || !is_shown(state, *item)) return;
-  item_mouse_down(state, from);
-  if (target) {
-    drop_on(state, *target, tag, at);
-  } else {
-    drop(state, tag, at);
+void drag(ControlState& state, Item item, SurfacePoint grab, SurfacePoint at,
+          std::optional<Item> on) {
+  if (!is_shown(state, item)) return;
+  item_mouse_down(state, grab);
+  if (on) {
+    const Rect& rect = rect_of(state, *on);
+    at = {moved(at.x, rect.left), moved(at.y, rect.top)};
   }
+  drop(state, item, at);
 }
 
 }  // namespace kurv

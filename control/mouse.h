@@ -4,11 +4,11 @@
 // Points are in twips, of the surface unless said otherwise. Edges belong to a rectangle.
 #pragma once
 
+#include <KurvGraph/item.h>
 #include <KurvGraph/plot_surface.h>
 #include <KurvGraph/values.h>
 
 #include <optional>
-#include <string_view>
 #include <vector>
 
 #include "control/mouse_state.h"
@@ -17,13 +17,6 @@
 namespace kurv {
 
 struct ControlState;
-
-// What can be dragged.
-enum class Item { kLegend, kTitle, kSubTitle };
-
-// "legend", "Title" and "SubTitle"; nothing for any other text.
-std::string_view tag_of(Item item);
-std::optional<Item> item_of(std::string_view tag);
 
 const Rect& rect_of(const ControlState& state, Item item);
 // One rectangle, but two for the frame: along the x axis and along the y axis.
@@ -53,12 +46,9 @@ void open_window_of(ControlState& state, std::optional<Region> region);
 void item_mouse_down(ControlState& state, SurfacePoint within);
 // The title opens the titles, so does the subtitle; the legend opens the curves.
 void item_double_click(ControlState& state, Item item);
-// The item with this tag comes to stand with its grabbed point at `at`, wherever that is, and the
-// graph is redrawn. Another tag does nothing. Throws kOverflow, and moves nothing, for a place that
-// no Single holds.
-void drop(ControlState& state, std::string_view tag, SurfacePoint at);
-// The same for a point of another item, or of the item itself.
-void drop_on(ControlState& state, Item target, std::string_view tag, SurfacePoint within);
+// Moves the item so that the point at which it was grabbed is at `at`, and redraws. Throws
+// kOverflow, and moves nothing, for a position that no Single holds.
+void drop(ControlState& state, Item item, SurfacePoint at);
 
 // Where the pointer is decides who gets a press or a double click, the item or the surface; a
 // release goes to whoever got the press before it, and without one again to what lies there. See
@@ -67,7 +57,7 @@ void press(ControlState& state, SurfacePoint at);
 void release(ControlState& state, Integer Button, Integer Shift, Single x, Single Y);
 void double_click(ControlState& state, SurfacePoint at);
 // The two halves of a drag in one.
-void drag(ControlState& state, std::string_view tag, SurfacePoint grab, SurfacePoint at,
-          std::string_view on);
+void drag(ControlState& state, Item item, SurfacePoint grab, SurfacePoint at,
+          std::optional<Item> on = {});
 
 }  // namespace kurv

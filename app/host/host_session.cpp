@@ -178,12 +178,15 @@ HostSession::Result HostSession::mouse(const QJsonObject& request) {
 }
 
 HostSession::Result HostSession::drag(const QJsonObject& request) {
-  const std::string tag = text_from(request["drag"]).toStdString();
+  const std::optional<Item> item = item_of(text_from(request["drag"]));
   const SurfacePoint grab = point_from(request["grab"]);
   const SurfacePoint drop = point_from(request["drop"]);
-  const bool is_on_surface = !request.contains("on");
-  const std::string on = is_on_surface ? std::string() : text_from(request["on"]).toStdString();
-  hosted().control().drag(tag, grab, drop, on);
+  const QString on = request.contains("on") ? text_from(request["on"]) : QString();
+  Control& control = hosted().control();
+  const std::optional<Item> target = item_of(on);
+  // An unknown item is ignored, but an unknown target is an error even then.
+  if (!target && !on.isEmpty()) refuse();
+  if (item) control.drag(*item, grab, drop, target);
   return {};
 }
 

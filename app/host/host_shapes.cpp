@@ -88,6 +88,13 @@ PromptedSetting setting_of(const QString& name) {
   refuse();
 }
 
+std::optional<Item> item_of(const QString& tag) {
+  if (tag == "legend") return Item::kLegend;
+  if (tag == "Title") return Item::kTitle;
+  if (tag == "SubTitle") return Item::kSubTitle;
+  return std::nullopt;
+}
+
 std::vector<Variant> arguments_of(const Member& method, const QJsonValue& json) {
   if (!json.isArray() && !json.isUndefined()) refuse();
   const QJsonArray values = json.toArray();

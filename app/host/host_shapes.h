@@ -8,6 +8,7 @@
 
 #include <QJsonValue>
 #include <QString>
+#include <optional>
 #include <vector>
 
 #include "app/host/hosted_control.h"
@@ -28,6 +29,8 @@ SurfacePoint point_from(const QJsonValue& json);
 Place place_from(const QJsonValue& json);
 // A member by its name in any letter case or by its dispatch identifier. Throws kNoSuchMember.
 const Member& member_of(const QJsonValue& json);
+// "legend", "Title" or "SubTitle"; nothing for any other text.
+std::optional<Item> item_of(const QString& tag);
 // A setting that can be prompted for, such as "marker size".
 PromptedSetting setting_of(const QString& name);
 // Throws kArgumentMissing, kTooManyArguments, and what from_json() throws.

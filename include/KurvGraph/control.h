@@ -19,6 +19,7 @@
 #include <KurvGraph/automation.h>
 #include <KurvGraph/class_registry.h>
 #include <KurvGraph/container.h>
+#include <KurvGraph/item.h>
 #include <KurvGraph/plot_surface.h>
 #include <KurvGraph/property_list.h>
 #include <KurvGraph/services.h>
@@ -169,13 +170,12 @@ class Control {
   // is edited: an item sends its command, "titles" or "curves"; the labels show the properties of
   // the axes, the frame those of the lines; all else, also an empty plot, the curves.
   void double_click(Single x, Single Y);
-  // Drags "Title", "SubTitle" or "legend" by `grab`, a point of its own, to `drop`, a point of the
-  // surface or, where `on` names one of the three, of that item, and redraws. Nothing happens for
-  // another tag or an item that is not shown. The item may end up anywhere, but a redraw brings one
-  // back that stands beyond the right or bottom edge, and a graph file with a place beyond -32768
-  // cannot be loaded. Throws kInvalidProcedureCall for any other `on`, and kOverflow for a place
-  // that no Single holds.
-  void drag(std::string_view tag, SurfacePoint grab, SurfacePoint drop, std::string_view on = {});
+  // Drags the item by `grab`, a point of its own, to `drop`, a point of the surface or, where `on`
+  // names an item, of that one, and redraws. Nothing happens for an item that is not shown. The
+  // item may end up anywhere, but a redraw brings one back that is beyond the right or bottom edge,
+  // and a graph file with a position beyond -32768 cannot be loaded. Throws kOverflow for a
+  // position that no Single holds.
+  void drag(Item item, SurfacePoint grab, SurfacePoint drop, std::optional<Item> on = {});
   // For hosts that bind late; listeners stay as long as the control does, which none of them may
   // destroy.
   void add_listener(EventListener listener);

@@ -112,7 +112,7 @@ void PlotView::move_focused(SurfacePoint step) {
   const Item item = std::get<Item>(*m_place);
   m_client.handle([&](Control& control) {
     const Rect& rect = rect_of(state(), item);
-    control.drag(tag_of(item), {0, 0}, {rect.left + step.x, rect.top + step.y});
+    control.drag(item, {0, 0}, {rect.left + step.x, rect.top + step.y});
   });
 }
 

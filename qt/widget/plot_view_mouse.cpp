@@ -110,14 +110,8 @@ void PlotView::mouseReleaseEvent(QMouseEvent* event) {
   if (event->button() == Qt::RightButton) Q_EMIT menu_wanted(on_screen);
 }
 
-// A point on an item is handed over in that item's own coordinates; it comes to the same place.
 void PlotView::drop(const Drag& drag, QPointF at) {
-  m_client.handle([&](Control& control) {
-    const SurfacePoint point = twips(at);
-    const std::optional<Item> target = item_at(state(), point);
-    control.drag(tag_of(drag.item), drag.grab, target ? within(state(), *target, point) : point,
-                 target ? tag_of(*target) : std::string_view());
-  });
+  m_client.handle([&](Control& control) { control.drag(drag.item, drag.grab, twips(at)); });
 }
 
 void PlotView::end_drag() {

@@ -178,7 +178,7 @@ TEST(Marks, StayUntilTheNextReleaseWhateverElseHappens) {
   host.press(800, 4000);
   host.control.build_the_graph();
   host.control.double_click(800, 4000);
-  host.control.drag("legend", {0, 0}, {3000, 3000});
+  host.control.drag(Item::kLegend, {0, 0}, {3000, 3000});
   host.control.resize();
   host.control.ChartOptions("refresh");
   EXPECT_EQ(host.marked(), std::vector<Region>{Region::kFrame});
@@ -231,7 +231,7 @@ TEST(Release, BelongsToWhereThePressWas) {
 TEST(Release, AfterADropBelongsToWhatLiesThere) {
   MouseHost host;
   host.press(middle(host.layout().imgTitle).x, middle(host.layout().imgTitle).y);
-  drop(host.control.state(), "Title", {5000, 5000});
+  drop(host.control.state(), Item::kTitle, {5000, 5000});
   host.release(6000, 4000);
   EXPECT_EQ(host.container.mouse_ups, 1);
 }

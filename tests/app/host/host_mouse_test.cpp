@@ -110,6 +110,8 @@ TEST_F(HostMouse, DragMovesAnItemAndRedraws) {
   EXPECT_EQ(title(), "print 2000 3000 \"Squares\"");
   EXPECT_EQ(error(R"({"drag":"Title","grab":[0,0],"drop":[-500.5,-1000]})"), 0);
   EXPECT_EQ(title(), "print -500.5 -1000 \"Squares\"");
+  EXPECT_EQ(error(R"({"drag":"Title","grab":[0,0],"drop":[700,800],"on":""})"), 0);
+  EXPECT_EQ(title(), "print 700 800 \"Squares\"") << "an empty target is the surface";
   EXPECT_EQ(error(R"({"drag":"Title","grab":[10,10],"drop":[30,40],"on":"legend"})"), 0);
   EXPECT_EQ(title(), "print 1020 710 \"Squares\"") << "the legend stands at 1000, 680";
   EXPECT_EQ(error(R"({"drag":"legend","grab":[0,0],"drop":[0,500],"on":"Title"})"), 0);
@@ -118,8 +120,12 @@ TEST_F(HostMouse, DragMovesAnItemAndRedraws) {
 
 TEST_F(HostMouse, OtherTagsMoveNothingAndOtherTargetsAreInvalid) {
   const QJsonArray before = drawn();
-  for (const char* tag : {"", "title", "Legend", "toolbar"}) {
-    EXPECT_EQ(error(QByteArray(R"({"drag":")") + tag + R"(","grab":[0,0],"drop":[99,99]})"), 0);
+  for (const QByteArray tag : {"", "title", "TITLE", "Subtitle", "Legend", "picLegend", "imgTitle",
+                               "Title ", "legend ", "toolbar"}) {
+    const QByteArray drag = R"({"drag":")" + tag + R"(","grab":[0,0],"drop":[99,99])";
+    EXPECT_EQ(error(drag + "}"), 0) << tag.constData();
+    EXPECT_EQ(error(drag + R"(,"on":"legend"})"), 0) << tag.constData();
+    EXPECT_EQ(error(drag + R"(,"on":"title"})"), 5) << tag.constData();
   }
   EXPECT_EQ(error(R"({"drag":"Title","grab":[0,0],"drop":[99,99],"on":"toolbar"})"), 5);
   EXPECT_EQ(drawn(), before);
