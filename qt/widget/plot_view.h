@@ -16,7 +16,7 @@
 #include <vector>
 
 #include "dialogs/client.h"
-#include "qt/widget/plot_places.h"
+#include "qt/widget/plot_targets.h"
 
 namespace kurv {
 

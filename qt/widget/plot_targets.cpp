@@ -1,4 +1,4 @@
-#include "qt/widget/plot_places.h"
+#include "qt/widget/plot_targets.h"
 
 #include <algorithm>
 #include <iterator>
