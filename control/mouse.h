@@ -4,31 +4,17 @@
 // Points are in twips, of the surface unless said otherwise. Edges belong to a rectangle.
 #pragma once
 
-#include <KurvGraph/item.h>
 #include <KurvGraph/plot_surface.h>
 #include <KurvGraph/values.h>
 
 #include <optional>
-#include <vector>
 
-#include "control/mouse_state.h"
-#include "model/layout.h"
+#include "control/hit_test.h"
 
 namespace kurv {
 
 struct ControlState;
 
-const Rect& rect_of(const ControlState& state, Item item);
-// One rectangle, but two for the frame: along the x axis and along the y axis.
-std::vector<Rect> rects_of(const ControlState& state, Region region);
-
-// Whether there is something of it to be seen: a graph that is drawn, a text, an entry. What is not
-// shown cannot be grabbed.
-bool is_shown(const ControlState& state, Item item);
-// The item that is shown uppermost at the point.
-std::optional<Item> item_at(const ControlState& state, SurfacePoint at);
-// The first region that contains the point.
-std::optional<Region> region_at(const ControlState& state, SurfacePoint at);
 // The same point in the item's own coordinates.
 SurfacePoint within(const ControlState& state, Item item, SurfacePoint at);
 
@@ -39,13 +25,12 @@ void mouse_up(ControlState& state, Integer Button, Integer Shift, Single x, Sing
 // Opens the window for the region in which the last button went down; where there is none, the
 // curves. After a press on an item that point is the item's own, and is judged as it stands.
 void double_click(ControlState& state);
-// The same for one region; nothing stands for the plain plot.
-void open_window_of(ControlState& state, std::optional<Region> region);
+// Opens the window in which the target is edited: the titles or the curves by their commands, else
+// the axes, the lines, or the curves.
+void open_editor(ControlState& state, const HitTarget& target);
 
 // A button went down on an item, at a point of its own: from now on it can be dropped.
 void item_mouse_down(ControlState& state, SurfacePoint within);
-// The title opens the titles, so does the subtitle; the legend opens the curves.
-void item_double_click(ControlState& state, Item item);
 // Moves the item so that the point at which it was grabbed is at `at`, and redraws. Throws
 // kOverflow, and moves nothing, for a position that no Single holds.
 void drop(ControlState& state, Item item, SurfacePoint at);

@@ -5,10 +5,9 @@
 
 #include <vector>
 
-namespace kurv {
+#include "control/hit_test.h"
 
-// The parts of the axes that a press marks, in the order in which a point is tested against them.
-enum class Region { kXCaption, kXLabels, kYLabels, kFrame };
+namespace kurv {
 
 // Who a release goes to: whoever got the press before it, wherever the pointer is by then.
 enum class MouseHolder { kNobody, kSurface, kItem };

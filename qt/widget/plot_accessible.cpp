@@ -19,11 +19,11 @@ bool has_name_of_x(const GraphDocument& document) {
 }
 
 // One item or region. It has no object of the toolkit behind it.
-class PlaceAccessible final : public QAccessibleInterface, public QAccessibleActionInterface {
+class TargetAccessible final : public QAccessibleInterface, public QAccessibleActionInterface {
  public:
-  PlaceAccessible(PlotView& view, const Place& place) : m_view(&view), m_place(place) {}
+  TargetAccessible(PlotView& view, const HitTarget& target) : m_view(&view), m_target(target) {}
 
-  bool isValid() const override { return m_view && is_there(m_view->state(), m_place); }
+  bool isValid() const override { return m_view && is_shown(m_view->state(), m_target); }
   QObject* object() const override { return nullptr; }
   QWindow* window() const override { return m_view ? m_view->window()->windowHandle() : nullptr; }
   QAccessibleInterface* parent() const override {
@@ -38,7 +38,7 @@ class PlaceAccessible final : public QAccessibleInterface, public QAccessibleAct
   void setText(QAccessible::Text, const QString&) override {}
   QRect rect() const override;
   QAccessible::Role role() const override {
-    return std::holds_alternative<Item>(m_place) ? QAccessible::StaticText : QAccessible::Graphic;
+    return std::holds_alternative<Item>(m_target) ? QAccessible::StaticText : QAccessible::Graphic;
   }
   QAccessible::State state() const override;
 
@@ -52,44 +52,45 @@ class PlaceAccessible final : public QAccessibleInterface, public QAccessibleAct
 
  private:
   QPointer<PlotView> m_view;
-  Place m_place;
+  HitTarget m_target;
 };
 
-QString PlaceAccessible::text(QAccessible::Text kind) const {
+QString TargetAccessible::text(QAccessible::Text kind) const {
   if (!isValid()) return {};
-  if (kind == QAccessible::Description) return hint_of(m_place);
+  if (kind == QAccessible::Description) return hint_of(m_target);
   if (kind != QAccessible::Name) return {};
   const GraphDocument& document = m_view->state().document;
   String shown;
-  if (m_place == Place(Item::kTitle)) shown = document.Title;
-  if (m_place == Place(Item::kSubTitle)) shown = document.SubTitle;
-  if (m_place == Place(Region::kXCaption) && has_name_of_x(document)) shown = document.yVarName(1);
-  if (shown.empty()) return name_of(m_place);
-  return name_of(m_place) + QStringLiteral(": ") + QString::fromStdString(shown);
+  if (m_target == HitTarget(Item::kTitle)) shown = document.Title;
+  if (m_target == HitTarget(Item::kSubTitle)) shown = document.SubTitle;
+  if (m_target == HitTarget(Region::kXCaption) && has_name_of_x(document))
+    shown = document.yVarName(1);
+  if (shown.empty()) return name_of(m_target);
+  return name_of(m_target) + QStringLiteral(": ") + QString::fromStdString(shown);
 }
 
-QRect PlaceAccessible::rect() const {
+QRect TargetAccessible::rect() const {
   if (!isValid()) return {};
-  const QRect bounds = m_view->bounds_of(m_place);
+  const QRect bounds = m_view->bounds_of(m_target);
   return {m_view->mapToGlobal(bounds.topLeft()), bounds.size()};
 }
 
-QAccessible::State PlaceAccessible::state() const {
+QAccessible::State TargetAccessible::state() const {
   QAccessible::State state;
   if (!isValid()) {
     state.invalid = true;
     return state;
   }
   state.focusable = true;
-  state.focused = m_view->hasFocus() && m_view->focused() == m_place;
+  state.focused = m_view->hasFocus() && m_view->focused() == m_target;
   state.invisible = !m_view->isVisible();
   return state;
 }
 
-void PlaceAccessible::doAction(const QString& name) {
+void TargetAccessible::doAction(const QString& name) {
   if (!isValid()) return;
-  if (name == pressAction()) m_view->edit(m_place);
-  if (name == setFocusAction()) m_view->focus_on(m_place);
+  if (name == pressAction()) m_view->edit(m_target);
+  if (name == setFocusAction()) m_view->focus_on(m_target);
 }
 
 class PlotAccessible final : public QAccessibleWidget {
@@ -99,42 +100,42 @@ class PlotAccessible final : public QAccessibleWidget {
     for (const auto& known : m_known) QAccessible::deleteAccessibleInterface(known.second);
   }
 
-  int childCount() const override { return static_cast<int>(places().size()); }
+  int childCount() const override { return static_cast<int>(targets().size()); }
   QAccessibleInterface* child(int index) const override {
-    const std::vector<Place> there = places();
+    const std::vector<HitTarget> there = targets();
     const bool is_one = index >= 0 && index < static_cast<int>(there.size());
     return is_one ? of(there[static_cast<std::size_t>(index)]) : nullptr;
   }
   int indexOfChild(const QAccessibleInterface* child) const override {
-    const std::vector<Place> there = places();
+    const std::vector<HitTarget> there = targets();
     const auto found = std::find_if(there.begin(), there.end(),
-                                    [&](const Place& place) { return of(place) == child; });
+                                    [&](const HitTarget& target) { return of(target) == child; });
     return found == there.end() ? -1 : static_cast<int>(found - there.begin());
   }
   QAccessibleInterface* childAt(int x, int y) const override {
-    const std::optional<Place> place = view().place_under(view().mapFromGlobal(QPoint(x, y)));
-    return place ? of(*place) : nullptr;
+    const std::optional<HitTarget> target = view().target_under(view().mapFromGlobal(QPoint(x, y)));
+    return target ? of(*target) : nullptr;
   }
   QAccessibleInterface* focusChild() const override {
     if (!view().hasFocus()) return nullptr;
-    const std::optional<Place> place = view().focused();
-    return place ? of(*place) : QAccessible::queryAccessibleInterface(&view());
+    const std::optional<HitTarget> target = view().focused();
+    return target ? of(*target) : QAccessible::queryAccessibleInterface(&view());
   }
 
-  // A place keeps its interface, because screen readers remember it.
-  QAccessibleInterface* of(const Place& place) const {
-    const auto known = m_known.find(place);
+  // A target keeps its interface, because screen readers remember it.
+  QAccessibleInterface* of(const HitTarget& target) const {
+    const auto known = m_known.find(target);
     if (known != m_known.end()) return QAccessible::accessibleInterface(known->second);
-    auto* const made = new PlaceAccessible(view(), place);
-    m_known.emplace(place, QAccessible::registerAccessibleInterface(made));
+    auto* const made = new TargetAccessible(view(), target);
+    m_known.emplace(target, QAccessible::registerAccessibleInterface(made));
     return made;
   }
 
  private:
   PlotView& view() const { return *static_cast<PlotView*>(widget()); }
-  std::vector<Place> places() const { return places_of(view().state()); }
+  std::vector<HitTarget> targets() const { return targets_in_tab_order(view().state()); }
 
-  mutable std::map<Place, QAccessible::Id> m_known;
+  mutable std::map<HitTarget, QAccessible::Id> m_known;
 };
 
 QAccessibleInterface* interface_of(const QString&, QObject* object) {

@@ -1,7 +1,6 @@
 #include "qt/widget/plot_menu.h"
 
 #include <QAction>
-#include <optional>
 
 #include "control/mouse.h"
 
@@ -21,8 +20,8 @@ void prompt_for(Control& control) {
 }
 
 template <Region region>
-void open_window_for(Control& control) {
-  open_window_of(control.state(), std::optional(region));
+void open_editor_of(Control& control) {
+  open_editor(control.state(), region);
 }
 
 void curves(Control& control) {
@@ -50,8 +49,8 @@ constexpr Entry kLine{nullptr, nullptr, nullptr};
 constexpr Entry kEntries[] = {
     {"mnuCurves", "&Curves and Functions…", curves},
     {"mnuTitles", "Titles and F&onts…", titles},
-    {"mnuAxes", "Ax&es…", open_window_for<Region::kXLabels>},
-    {"mnuLines", "Li&nes and Markers…", open_window_for<Region::kFrame>},
+    {"mnuAxes", "Ax&es…", open_editor_of<Region::kXLabels>},
+    {"mnuLines", "Li&nes and Markers…", open_editor_of<Region::kFrame>},
     {"mnuTable", "&Table…", table},
     kLine,
     {"mnuMarkerSize", "&Marker Size…", prompt_for<PromptedSetting::kMarkerSize>},

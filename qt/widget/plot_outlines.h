@@ -13,7 +13,7 @@ namespace kurv {
 void outline_pressed(QPainter& painter, const std::vector<QRectF>& rects);
 // The item that follows the pointer.
 void outline_dragged(QPainter& painter, const QRectF& rect);
-// The place that the keyboard has reached, as far as it is inside of `view`, which has no room for
+// The target that the keyboard has reached, as far as it is inside of `view`, which has no room for
 // lines of its own.
 void outline_focused(QPainter& painter, const std::vector<QRectF>& rects, const QRect& view);
 

@@ -1,36 +1,20 @@
-// What the user can get hold of on the plot, by the mouse, the keyboard or a screen reader: its
-// items and regions, or the whole of it while nothing is drawn.
+// The hit targets of the plot as its user meets them: in the order of Tab, with names and hints.
 #pragma once
 
 #include <QString>
 #include <optional>
-#include <variant>
 #include <vector>
 
-#include "control/mouse.h"
+#include "control/hit_test.h"
 
 namespace kurv {
 
-enum class Whole { kPlot };
-using Place = std::variant<Item, Region, Whole>;
-
-// Every place, in the order in which Tab walks them.
-const std::vector<Place>& all_places();
-// Those of them that there are now, at least one.
-std::vector<Place> places_of(const ControlState& state);
-bool is_there(const ControlState& state, const Place& place);
-
-// The uppermost item or region at a point of the surface.
-std::optional<Place> place_at(const ControlState& state, SurfacePoint at);
-// Twips of the surface.
-std::vector<Rect> rects_of(const ControlState& state, const Place& place);
+// Those that are shown now, at least one, in the order in which Tab visits them.
+std::vector<HitTarget> targets_in_tab_order(const ControlState& state);
 
 // "Title", "Labels of the x axis".
-QString name_of(const Place& place);
-// What the mouse does there, and what it does on the plain plot.
-QString hint_of(const std::optional<Place>& place);
-
-// What a double click there does. It may open a window and return when that is closed.
-void edit_place(ControlState& state, const Place& place);
+QString name_of(const HitTarget& target);
+// What the mouse does there; without a target, what it does on the plain plot.
+QString hint_of(const std::optional<HitTarget>& target);
 
 }  // namespace kurv

@@ -8,6 +8,7 @@
 #include <cmath>
 
 #include "control/control_state.h"
+#include "control/mouse.h"
 #include "qt/widget/plot_accessible.h"
 #include "qt/widget/plot_description.h"
 #include "qt/widget/plot_outlines.h"
@@ -49,14 +50,14 @@ std::vector<QRectF> PlotView::pixels(const std::vector<Rect>& rects) const {
   return result;
 }
 
-QRect PlotView::bounds_of(const Place& place) const {
+QRect PlotView::bounds_of(const HitTarget& target) const {
   QRectF bounds;
-  for (const QRectF& rect : pixels(rects_of(state(), place))) bounds |= rect;
+  for (const QRectF& rect : pixels(rects_of(state(), target))) bounds |= rect;
   return bounds.toAlignedRect();
 }
 
-std::optional<Place> PlotView::place_under(QPointF at) const {
-  return place_at(state(), twips(at));
+std::optional<HitTarget> PlotView::target_under(QPointF at) const {
+  return hit_test(state(), twips(at));
 }
 
 void PlotView::paintEvent(QPaintEvent*) {
@@ -67,8 +68,8 @@ void PlotView::paintEvent(QPaintEvent*) {
   for (const Region region : state().mouse.marked) {
     outline_pressed(painter, pixels(rects_of(state(), region)));
   }
-  if (const std::optional<Place> place = focused(); place && hasFocus()) {
-    outline_focused(painter, pixels(rects_of(state(), *place)), rect());
+  if (const std::optional<HitTarget> target = focused(); target && hasFocus()) {
+    outline_focused(painter, pixels(rects_of(state(), *target)), rect());
   }
   if (m_drag && m_drag->has_begun) {
     Rect rect = rect_of(state(), m_drag->item);
@@ -112,12 +113,12 @@ bool PlotView::event(QEvent* event) {
 }
 
 void PlotView::show_tip(const QPoint& at, const QPoint& on_screen) {
-  const std::optional<Place> place = place_under(at);
+  const std::optional<HitTarget> target = target_under(at);
   // The text stays for as long as the mouse is on the same thing.
-  const QRect around = place && std::holds_alternative<Item>(*place)
-                           ? bounds_of(*place)
+  const QRect around = target && std::holds_alternative<Item>(*target)
+                           ? bounds_of(*target)
                            : QRect(at, QSize(1, 1)).adjusted(-4, -4, 4, 4);
-  QToolTip::showText(on_screen, hint_of(place), this, around);
+  QToolTip::showText(on_screen, hint_of(target), this, around);
 }
 
 void PlotView::later(const std::function<void(ControlState&)>& work) {
@@ -128,8 +129,8 @@ void PlotView::later(const std::function<void(ControlState&)>& work) {
       Qt::QueuedConnection);
 }
 
-void PlotView::edit(const Place& place) {
-  later([place](ControlState& state) { edit_place(state, place); });
+void PlotView::edit(const HitTarget& target) {
+  later([target](ControlState& state) { open_editor(state, target); });
 }
 
 void PlotView::set_busy(bool busy) {
@@ -149,9 +150,10 @@ void PlotView::show_pointer() {
 std::optional<Qt::CursorShape> PlotView::pointer() const {
   if (m_busy) return std::nullopt;
   if (m_drag) return Qt::ClosedHandCursor;
-  const std::optional<Place> place = m_mouse ? place_under(*m_mouse) : std::optional<Place>();
-  if (!place) return std::nullopt;
-  return std::holds_alternative<Item>(*place) ? Qt::OpenHandCursor : Qt::PointingHandCursor;
+  const std::optional<HitTarget> target =
+      m_mouse ? target_under(*m_mouse) : std::optional<HitTarget>();
+  if (!target) return std::nullopt;
+  return std::holds_alternative<Item>(*target) ? Qt::OpenHandCursor : Qt::PointingHandCursor;
 }
 
 }  // namespace kurv

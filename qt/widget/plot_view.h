@@ -35,13 +35,13 @@ class PlotView final : public QWidget {
   void describe();
 
   // Where the keyboard's focus is, and what it does there.
-  std::optional<Place> focused() const;
-  void focus_on(const Place& place);
+  std::optional<HitTarget> focused() const;
+  void focus_on(const HitTarget& target);
   // As a double click does, once the current event is over.
-  void edit(const Place& place);
+  void edit(const HitTarget& target);
   // Both in pixels of the view.
-  QRect bounds_of(const Place& place) const;
-  std::optional<Place> place_under(QPointF at) const;
+  QRect bounds_of(const HitTarget& target) const;
+  std::optional<HitTarget> target_under(QPointF at) const;
   // On the screen: beside what has the focus, else in the middle.
   QPoint menu_point() const;
 
@@ -90,7 +90,7 @@ class PlotView final : public QWidget {
   std::optional<Qt::CursorShape> pointer() const;
   void show_tip(const QPoint& at, const QPoint& on_screen);
 
-  void reach(const std::optional<Place>& place);
+  void reach(const std::optional<HitTarget>& target);
   bool wants(const QKeyEvent& event) const;
   // Where the focused item goes by this key, if it does; twips.
   std::optional<SurfacePoint> step_of(const QKeyEvent& event) const;
@@ -104,7 +104,7 @@ class PlotView final : public QWidget {
   Qt::MouseButtons m_ignored;      // went down while an item was dragged
   std::optional<Drag> m_drag;
   std::optional<std::optional<Item>> m_double_click;  // the second press is not over yet
-  std::optional<Place> m_place;                       // that Tab has reached
+  std::optional<HitTarget> m_focused;                 // that Tab has reached
 };
 
 }  // namespace kurv

@@ -1,4 +1,4 @@
-// The keyboard on the plot: Tab walks its places, and what the mouse does there the keys do too.
+// The keyboard on the plot: Tab walks its targets, and what the mouse does there the keys do too.
 #include <QAccessible>
 #include <QKeyEvent>
 #include <algorithm>
@@ -30,36 +30,37 @@ bool is_escape(const QKeyEvent& event) {
 
 }  // namespace
 
-std::optional<Place> PlotView::focused() const {
-  return m_place && is_there(state(), *m_place) ? m_place : std::nullopt;
+std::optional<HitTarget> PlotView::focused() const {
+  return m_focused && is_shown(state(), *m_focused) ? m_focused : std::nullopt;
 }
 
-void PlotView::focus_on(const Place& place) {
+void PlotView::focus_on(const HitTarget& target) {
   setFocus(Qt::OtherFocusReason);
-  reach(place);
+  reach(target);
 }
 
-void PlotView::reach(const std::optional<Place>& place) {
-  m_place = place;
+void PlotView::reach(const std::optional<HitTarget>& target) {
+  m_focused = target;
   update();
   tell_focus(*this);
 }
 
 bool PlotView::focusNextPrevChild(bool next) {
-  std::vector<Place> places = places_of(state());
-  if (!next) std::reverse(places.begin(), places.end());
-  const auto here = m_place ? std::find(places.begin(), places.end(), *m_place) : places.end();
+  std::vector<HitTarget> targets = targets_in_tab_order(state());
+  if (!next) std::reverse(targets.begin(), targets.end());
+  const auto here =
+      m_focused ? std::find(targets.begin(), targets.end(), *m_focused) : targets.end();
   // From the plot as a whole the way forward leads into it, and the way back out of it.
-  const auto there = here != places.end() ? here + 1 : next ? places.begin() : places.end();
-  if (there == places.end()) return QWidget::focusNextPrevChild(next);
+  const auto there = here != targets.end() ? here + 1 : next ? targets.begin() : targets.end();
+  if (there == targets.end()) return QWidget::focusNextPrevChild(next);
   reach(*there);
   return true;
 }
 
 void PlotView::focusInEvent(QFocusEvent* event) {
-  const std::vector<Place> places = places_of(state());
-  if (event->reason() == Qt::TabFocusReason) reach(places.front());
-  if (event->reason() == Qt::BacktabFocusReason) reach(places.back());
+  const std::vector<HitTarget> targets = targets_in_tab_order(state());
+  if (event->reason() == Qt::TabFocusReason) reach(targets.front());
+  if (event->reason() == Qt::BacktabFocusReason) reach(targets.back());
   QWidget::focusInEvent(event);
 }
 
@@ -67,7 +68,7 @@ void PlotView::focusInEvent(QFocusEvent* event) {
 void PlotView::focusOutEvent(QFocusEvent* event) {
   const Qt::FocusReason reason = event->reason();
   const bool for_a_while = reason == Qt::PopupFocusReason || reason == Qt::ActiveWindowFocusReason;
-  if (!for_a_while) m_place.reset();
+  if (!for_a_while) m_focused.reset();
   QWidget::focusOutEvent(event);
 }
 
@@ -77,20 +78,20 @@ bool PlotView::wants(const QKeyEvent& event) const {
 }
 
 void PlotView::keyPressEvent(QKeyEvent* event) {
-  const std::optional<Place> place = focused();
+  const std::optional<HitTarget> target = focused();
   if (!wants(*event)) return QWidget::keyPressEvent(event);
   if (is_escape(*event)) {
     m_drag ? end_drag() : reach(std::nullopt);
   } else if (is_enter(*event)) {
-    edit(*place);
+    edit(*target);
   } else {
     move_focused(*step_of(*event));
   }
 }
 
 std::optional<SurfacePoint> PlotView::step_of(const QKeyEvent& event) const {
-  const std::optional<Place> place = focused();
-  if (!place || !std::holds_alternative<Item>(*place)) return std::nullopt;
+  const std::optional<HitTarget> target = focused();
+  if (!target || !std::holds_alternative<Item>(*target)) return std::nullopt;
   const Qt::KeyboardModifiers modifiers = modifiers_of(event);
   if (modifiers & ~(Qt::ShiftModifier | Qt::ControlModifier)) return std::nullopt;
   const Single step = modifiers ? kSmallStep : kStep;
@@ -109,7 +110,7 @@ std::optional<SurfacePoint> PlotView::step_of(const QKeyEvent& event) const {
 }
 
 void PlotView::move_focused(SurfacePoint step) {
-  const Item item = std::get<Item>(*m_place);
+  const Item item = std::get<Item>(*m_focused);
   m_client.handle([&](Control& control) {
     const Rect& rect = rect_of(state(), item);
     control.drag(item, {0, 0}, {rect.left + step.x, rect.top + step.y});
@@ -117,9 +118,9 @@ void PlotView::move_focused(SurfacePoint step) {
 }
 
 QPoint PlotView::menu_point() const {
-  const std::optional<Place> place = focused();
-  if (!place || !hasFocus()) return mapToGlobal(rect().center());
-  const QRect bounds = bounds_of(*place) & rect();
+  const std::optional<HitTarget> target = focused();
+  if (!target || !hasFocus()) return mapToGlobal(rect().center());
+  const QRect bounds = bounds_of(*target) & rect();
   return mapToGlobal(bounds.isEmpty() ? rect().center() : bounds.center());
 }
 

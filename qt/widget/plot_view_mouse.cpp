@@ -4,6 +4,7 @@
 #include <QPointer>
 
 #include "control/control_state.h"
+#include "control/mouse.h"
 #include "qt/widget/plot_view.h"
 
 namespace kurv {
@@ -53,7 +54,7 @@ void PlotView::press(Qt::MouseButton button, QPointF at) {
   m_double_click.reset();
   if (button_bit(button) == 0 || m_drag) return;
   m_mouse = at;
-  m_place.reset();
+  m_focused.reset();
   ControlState& control = m_client.control().state();
   const SurfacePoint point = twips(at);
   const std::optional<Item> item = item_at(control, point);

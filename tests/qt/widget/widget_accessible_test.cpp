@@ -115,7 +115,7 @@ TEST_F(WidgetAccessible, AChildIsPressedAndFocusedFromOutside) {
   frame->doAction(QAccessibleActionInterface::pressAction());
   EXPECT_THAT(windows.names(), ElementsAre("frmPropert &Lines and Markers"));
   frame->doAction(QAccessibleActionInterface::setFocusAction());
-  EXPECT_EQ(m_plot.focused(), Place(Region::kFrame));
+  EXPECT_EQ(m_plot.focused(), HitTarget(Region::kFrame));
 }
 
 TEST(WidgetAccessibleEnd, ChildrenThatAScreenReaderKnowsGoWithTheWidget) {

@@ -107,9 +107,9 @@ TEST_F(HandsWindow, AButtonOfTheToolbarRunsItsCommand) {
 
 TEST_F(HandsWindow, TabWalksThePlotAndTheKeysActThere) {
   keys({"Tab"});
-  EXPECT_EQ(m_plot.focused(), Place(Item::kTitle));
+  EXPECT_EQ(m_plot.focused(), HitTarget(Item::kTitle));
   keys({"Tab"});
-  EXPECT_EQ(m_plot.focused(), Place(Item::kLegend)) << "there is no subtitle";
+  EXPECT_EQ(m_plot.focused(), HitTarget(Item::kLegend)) << "there is no subtitle";
   const Rect before = legend();
   keys({"Right", "Right", "shift+Down"});
   EXPECT_TRUE(QTest::qWaitFor([&] { return legend().top != before.top; }, 5000));
@@ -118,7 +118,7 @@ TEST_F(HandsWindow, TabWalksThePlotAndTheKeysActThere) {
   keys({"Tab", "Tab", "Return"});
   EXPECT_TRUE(comes("frmPropert A&xes"));
   ASSERT_TRUE(QTest::qWaitForWindowActive(&m_graph));
-  EXPECT_EQ(m_plot.focused(), Place(Region::kXLabels)) << "the place is kept meanwhile";
+  EXPECT_EQ(m_plot.focused(), HitTarget(Region::kXLabels)) << "the place is kept meanwhile";
   keys({"shift+Tab", "shift+Tab", "shift+Tab", "shift+Tab"});
   EXPECT_EQ(QApplication::focusWidget()->objectName(), "tbrGraph.help");
 }

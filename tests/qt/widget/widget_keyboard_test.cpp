@@ -53,11 +53,11 @@ class WidgetKeyboard : public testing::Test {
   std::string here() {
     const QWidget* const widget = QApplication::focusWidget();
     if (!widget) return "nowhere";
-    const std::optional<Place> place = m_plot.focused();
+    const std::optional<HitTarget> place = m_plot.focused();
     if (widget == &m_plot && place) return name_of(*place).toStdString();
     return widget->objectName().toStdString();
   }
-  void go_to(const Place& place) {
+  void go_to(const HitTarget& place) {
     m_plot.focus_on(place);
     process_all();
   }
@@ -172,7 +172,7 @@ TEST_F(WidgetKeyboard, TheWidgetsFocusIsThePlots) {
 TEST_F(WidgetKeyboard, EnterIsTheDoubleClick) {
   ShownWindows windows;
   const struct {
-    Place place;
+    HitTarget place;
     const char* window;
   } cases[] = {{Item::kTitle, "frmPropert &Titles and Fonts"},
                {Item::kSubTitle, "frmPropert &Titles and Fonts"},
