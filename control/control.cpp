@@ -131,10 +131,10 @@ std::vector<String> Control::functions() const {
 }
 
 void Control::press_mouse(Integer, Integer, Single x, Single Y) {
-  kurv::press(*m_state, {x, Y});
+  kurv::press_mouse(*m_state, {x, Y});
 }
 void Control::release_mouse(Integer Button, Integer Shift, Single x, Single Y) {
-  kurv::release(*m_state, Button, Shift, x, Y);
+  kurv::release_mouse(*m_state, Button, Shift, {x, Y});
 }
 void Control::double_click(Single x, Single Y) {
   kurv::double_click(*m_state, {x, Y});

@@ -13,26 +13,12 @@ namespace kurv {
 
 namespace {
 
-void grab(ControlState& state, SurfacePoint at) {
-  state.mouse.GrabX = at.x;
-  state.mouse.GrabY = at.y;
+void set_grab(MouseState& mouse, SurfacePoint at) {
+  mouse.GrabX = at.x;
+  mouse.GrabY = at.y;
 }
 
-// Twips that no Single can hold are an overflow, not an infinite place that no file could keep.
-Single moved(Double from, Double by) {
-  return to_single(Variant(from + by));
-}
-
-}  // namespace
-
-SurfacePoint within(const ControlState& state, Item item, SurfacePoint at) {
-  const Rect& rect = rect_of(state, item);
-  return {at.x - rect.left, at.y - rect.top};
-}
-
-void mouse_down(ControlState& state, SurfacePoint at) {
-  grab(state, at);
-  state.mouse.holder = MouseHolder::kSurface;
+void mark_region(ControlState& state, SurfacePoint at) {
   const std::optional<Region> region = region_at(state, at);
   std::vector<Region>& marked = state.mouse.marked;
   if (region && std::find(marked.begin(), marked.end(), *region) == marked.end()) {
@@ -40,12 +26,111 @@ void mouse_down(ControlState& state, SurfacePoint at) {
   }
 }
 
-void mouse_up(ControlState& state, Integer Button, Integer Shift, Single x, Single Y) {
-  state.mouse.marked.clear();
-  raise_MouseUp(state, Button, Shift, x, Y);
+// A position that no Single holds is an overflow: an infinite one could not be saved in a file.
+Single moved(Double from, Double by) {
+  return to_single(Variant(from + by));
 }
 
-void double_click(ControlState& state) {
+}  // namespace
+
+// -- Press ----------------------------------------------------------------------------------------
+
+bool press(ControlState& state, MouseButton button, SurfacePoint at) {
+  MouseState& mouse = state.mouse;
+  mouse.double_click.reset();
+  if (mouse.drag) {
+    mouse.owner(button) = PressOwner::kIgnored;
+    return false;
+  }
+  if (const std::optional<Item> item = item_at(state, at)) {
+    const Rect& rect = rect_of(state, *item);
+    const SurfacePoint grab{at.x - rect.left, at.y - rect.top};
+    set_grab(mouse, grab);
+    mouse.owner(button) = PressOwner::kItem;
+    if (button == MouseButton::kLeft) mouse.drag = ItemDrag{*item, grab, at};
+  } else {
+    set_grab(mouse, at);
+    mouse.owner(button) = PressOwner::kSurface;
+    mark_region(state, at);
+  }
+  return true;
+}
+
+bool double_press(ControlState& state, MouseButton button, SurfacePoint at) {
+  const bool is_taken = press(state, button, at);
+  if (button == MouseButton::kLeft) {
+    state.mouse.drag.reset();
+    state.mouse.double_click = DoubleClick{item_at(state, at)};
+  }
+  return is_taken;
+}
+
+// -- Drag -----------------------------------------------------------------------------------------
+
+bool drag_to(ControlState& state, SurfacePoint at, bool is_beyond_threshold) {
+  std::optional<ItemDrag>& drag = state.mouse.drag;
+  if (!drag) return false;
+  drag->at = at;
+  if (is_beyond_threshold) drag->has_begun = true;
+  return drag->has_begun;
+}
+
+void cancel_drag(ControlState& state) {
+  state.mouse.drag.reset();
+}
+
+void cancel_gestures(ControlState& state) {
+  cancel_drag(state);
+  state.mouse.double_click.reset();
+}
+
+std::optional<Rect> dragged_rect(const ControlState& state) {
+  const std::optional<ItemDrag>& drag = state.mouse.drag;
+  if (!drag || !drag->has_begun) return std::nullopt;
+  Rect rect = rect_of(state, drag->item);
+  rect.left = drag->at.x - drag->grab.x;
+  rect.top = drag->at.y - drag->grab.y;
+  return rect;
+}
+
+// -- Release --------------------------------------------------------------------------------------
+
+Release end_press(ControlState& state, MouseButton button, SurfacePoint at) {
+  MouseState& mouse = state.mouse;
+  // It stays ignored until it is pressed again.
+  if (mouse.owner(button) == PressOwner::kIgnored) return {};
+  PressOwner owner = std::exchange(mouse.owner(button), PressOwner::kNobody);
+  // A button that was pressed before the left one ends the drag, too.
+  const std::optional<ItemDrag> drag = std::exchange(mouse.drag, std::nullopt);
+  const std::optional<DoubleClick> click = std::exchange(mouse.double_click, std::nullopt);
+  if (owner == PressOwner::kNobody && button == MouseButton::kAny && item_at(state, at)) {
+    owner = PressOwner::kItem;
+  }
+
+  Release release{ReleaseKind::kMouseUp, {}, {}};
+  if (owner == PressOwner::kItem) {
+    const bool is_drop = drag && drag->has_begun;
+    release.kind = is_drop ? ReleaseKind::kDrop : ReleaseKind::kClick;
+    if (is_drop) release.drag = *drag;
+  }
+  if (button == MouseButton::kLeft) release.double_click = click;
+  return release;
+}
+
+void deliver(ControlState& state, const Release& release, Integer Button, Integer Shift,
+             SurfacePoint at) {
+  if (release.kind == ReleaseKind::kMouseUp) {
+    state.mouse.marked.clear();
+    raise_MouseUp(state, Button, Shift, at.x, at.y);
+  } else if (release.kind == ReleaseKind::kDrop) {
+    drag(state, release.drag.item, release.drag.grab, at);
+  }
+}
+
+// -- Double click ---------------------------------------------------------------------------------
+
+void open_double_click(ControlState& state, const DoubleClick& click) {
+  if (click.item) return open_editor(state, *click.item);
   const std::optional<Region> region = region_at(state, {state.mouse.GrabX, state.mouse.GrabY});
   open_editor(state, region ? HitTarget(*region) : HitTarget(EmptyPlot::kPlot));
 }
@@ -62,53 +147,48 @@ void open_editor(ControlState& state, const HitTarget& target) {
   }
 }
 
-void item_mouse_down(ControlState& state, SurfacePoint within) {
-  grab(state, within);
-  state.mouse.holder = MouseHolder::kItem;
+// -- Pointer --------------------------------------------------------------------------------------
+
+PointerKind pointer_at(const ControlState& state, std::optional<SurfacePoint> at) {
+  if (state.mouse.drag) return PointerKind::kGrabbing;
+  const std::optional<HitTarget> target = at ? hit_test(state, *at) : std::nullopt;
+  if (!target) return PointerKind::kPlain;
+  return std::holds_alternative<Item>(*target) ? PointerKind::kCanGrab : PointerKind::kCanEdit;
+}
+
+// -- Members of Control ---------------------------------------------------------------------------
+
+void press_mouse(ControlState& state, SurfacePoint at) {
+  press(state, MouseButton::kAny, at);
+}
+
+void release_mouse(ControlState& state, Integer Button, Integer Shift, SurfacePoint at) {
+  deliver(state, end_press(state, MouseButton::kAny, at), Button, Shift, at);
+}
+
+void double_click(ControlState& state, SurfacePoint at) {
+  open_double_click(state, {item_at(state, at)});
+}
+
+void drag(ControlState& state, Item item, SurfacePoint grab, SurfacePoint at,
+          std::optional<Item> on) {
+  if (!is_shown(state, item)) return;
+  set_grab(state.mouse, grab);
+  if (on) {
+    const Rect& rect = rect_of(state, *on);
+    at = {moved(at.x, rect.left), moved(at.y, rect.top)};
+  }
+  drop(state, item, at);
 }
 
 void drop(ControlState& state, Item item, SurfacePoint at) {
-  state.mouse.holder = MouseHolder::kNobody;
+  state.mouse.owner(MouseButton::kAny) = PressOwner::kNobody;
   const Single left = moved(at.x, -state.mouse.GrabX);
   const Single top = moved(at.y, -state.mouse.GrabY);
   Rect& rect = rect_of(state, item);
   rect.left = left;
   rect.top = top;
   build_the_graph(state);
-}
-
-void press(ControlState& state, SurfacePoint at) {
-  if (const std::optional<Item> item = item_at(state, at)) {
-    item_mouse_down(state, within(state, *item, at));
-  } else {
-    mouse_down(state, at);
-  }
-}
-
-void release(ControlState& state, Integer Button, Integer Shift, Single x, Single Y) {
-  const MouseHolder holder = std::exchange(state.mouse.holder, MouseHolder::kNobody);
-  const bool is_on_item = holder == MouseHolder::kNobody ? item_at(state, {x, Y}).has_value()
-                                                         : holder == MouseHolder::kItem;
-  if (!is_on_item) mouse_up(state, Button, Shift, x, Y);
-}
-
-void double_click(ControlState& state, SurfacePoint at) {
-  if (const std::optional<Item> item = item_at(state, at)) {
-    open_editor(state, *item);
-  } else {
-    double_click(state);
-  }
-}
-
-void drag(ControlState& state, Item item, SurfacePoint grab, SurfacePoint at,
-          std::optional<Item> on) {
-  if (!is_shown(state, item)) return;
-  item_mouse_down(state, grab);
-  if (on) {
-    const Rect& rect = rect_of(state, *on);
-    at = {moved(at.x, rect.left), moved(at.y, rect.top)};
-  }
-  drop(state, item, at);
 }
 
 }  // namespace kurv

@@ -8,7 +8,6 @@
 #include <cmath>
 
 #include "control/control_state.h"
-#include "control/mouse.h"
 #include "qt/widget/plot_accessible.h"
 #include "qt/widget/plot_description.h"
 #include "qt/widget/plot_outlines.h"
@@ -71,12 +70,8 @@ void PlotView::paintEvent(QPaintEvent*) {
   if (const std::optional<HitTarget> target = focused(); target && hasFocus()) {
     outline_focused(painter, pixels(rects_of(state(), *target)), rect());
   }
-  if (m_drag && m_drag->has_begun) {
-    Rect rect = rect_of(state(), m_drag->item);
-    const SurfacePoint at = twips(m_drag->at);
-    rect.left = at.x - m_drag->grab.x;
-    rect.top = at.y - m_drag->grab.y;
-    outline_dragged(painter, pixels(rect));
+  if (const std::optional<Rect> dragged = dragged_rect(state())) {
+    outline_dragged(painter, pixels(*dragged));
   }
 }
 
@@ -149,11 +144,17 @@ void PlotView::show_pointer() {
 
 std::optional<Qt::CursorShape> PlotView::pointer() const {
   if (m_busy) return std::nullopt;
-  if (m_drag) return Qt::ClosedHandCursor;
-  const std::optional<HitTarget> target =
-      m_mouse ? target_under(*m_mouse) : std::optional<HitTarget>();
-  if (!target) return std::nullopt;
-  return std::holds_alternative<Item>(*target) ? Qt::OpenHandCursor : Qt::PointingHandCursor;
+  switch (pointer_at(state(), m_mouse ? std::optional(twips(*m_mouse)) : std::nullopt)) {
+    case PointerKind::kPlain:
+      break;
+    case PointerKind::kCanGrab:
+      return Qt::OpenHandCursor;
+    case PointerKind::kGrabbing:
+      return Qt::ClosedHandCursor;
+    case PointerKind::kCanEdit:
+      return Qt::PointingHandCursor;
+  }
+  return std::nullopt;
 }
 
 }  // namespace kurv

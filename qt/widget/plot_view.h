@@ -15,6 +15,7 @@
 #include <optional>
 #include <vector>
 
+#include "control/mouse.h"
 #include "dialogs/client.h"
 #include "qt/widget/plot_targets.h"
 
@@ -67,24 +68,16 @@ class PlotView final : public QWidget {
   bool focusNextPrevChild(bool next) override;
 
  private:
-  // An item under the pressed left button.
-  struct Drag {
-    Item item = Item::kLegend;
-    SurfacePoint grab;  // twips of the item
-    QPointF from;
-    QPointF at;
-    bool has_begun = false;  // the pointer has been far enough from where it went down
-  };
-
+  ControlState& control_state() { return m_client.control().state(); }
   double scale() const;  // twips per logical pixel
   SurfacePoint twips(QPointF pixel) const;
   QRectF pixels(const Rect& rect) const;
   std::vector<QRectF> pixels(const std::vector<Rect>& rects) const;
 
-  void press(Qt::MouseButton button, QPointF at);
-  void drop(const Drag& drag, QPointF at);
+  // press() or double_press() of the router.
+  using RoutePress = bool (*)(ControlState&, MouseButton, SurfacePoint);
+  void take_press(QMouseEvent& event, RoutePress route);
   void end_drag();
-  void double_click(std::optional<Item> item);
   void later(const std::function<void(ControlState&)>& work);
   void show_pointer();
   std::optional<Qt::CursorShape> pointer() const;
@@ -99,12 +92,9 @@ class PlotView final : public QWidget {
   Client& m_client;
   const Picture& m_picture;
   bool m_busy = false;
-  std::optional<QPointF> m_mouse;  // while the mouse is over the view
-  Qt::MouseButtons m_on_item;      // went down on an item, so they come up there
-  Qt::MouseButtons m_ignored;      // went down while an item was dragged
-  std::optional<Drag> m_drag;
-  std::optional<std::optional<Item>> m_double_click;  // the second press is not over yet
-  std::optional<HitTarget> m_focused;                 // that Tab has reached
+  std::optional<QPointF> m_mouse;      // while the mouse is over the view
+  QPointF m_pressed_at;                // the last press that the router took
+  std::optional<HitTarget> m_focused;  // that Tab has reached
 };
 
 }  // namespace kurv

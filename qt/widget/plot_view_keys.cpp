@@ -73,7 +73,7 @@ void PlotView::focusOutEvent(QFocusEvent* event) {
 }
 
 bool PlotView::wants(const QKeyEvent& event) const {
-  if (is_escape(event)) return m_drag || focused();
+  if (is_escape(event)) return state().mouse.drag || focused();
   return (is_enter(event) && focused()) || step_of(event);
 }
 
@@ -81,7 +81,7 @@ void PlotView::keyPressEvent(QKeyEvent* event) {
   const std::optional<HitTarget> target = focused();
   if (!wants(*event)) return QWidget::keyPressEvent(event);
   if (is_escape(*event)) {
-    m_drag ? end_drag() : reach(std::nullopt);
+    state().mouse.drag ? end_drag() : reach(std::nullopt);
   } else if (is_enter(*event)) {
     edit(*target);
   } else {
