@@ -41,7 +41,7 @@ QJsonObject failure(int number, const char* text) {
 
 HostedControl& HostSession::hosted() {
   if (m_closed) refuse();
-  if (!m_hosted) m_hosted = std::make_unique<HostedControl>(m_shell, Place());
+  if (!m_hosted) m_hosted = std::make_unique<HostedControl>(m_shell, Placement());
   return *m_hosted;
 }
 
@@ -53,7 +53,7 @@ void HostSession::end() {
 }
 
 HostSession::Result HostSession::place(const QJsonObject& request) {
-  const Place wanted = place_from(request["place"]);
+  const Placement wanted = placement_from(request["place"]);
   end();
   m_hosted = std::make_unique<HostedControl>(m_shell, wanted);
   m_closed = false;

@@ -48,24 +48,24 @@ void need_true(const QJsonValue& value) {
   if (!value.isBool() || !value.toBool()) refuse();
 }
 
-Place place_from(const QJsonValue& json) {
+Placement placement_from(const QJsonValue& json) {
   if (!json.isObject()) refuse();
   const QJsonObject entries = json.toObject();
-  Place place;
+  Placement placement;
   for (auto entry = entries.begin(); entry != entries.end(); ++entry) {
     if (entry.key() == "width") {
-      place.width = number_between(1, entry.value(), kLargestSide);
+      placement.width = number_between(1, entry.value(), kLargestSide);
     } else if (entry.key() == "height") {
-      place.height = number_between(1, entry.value(), kLargestSide);
+      placement.height = number_between(1, entry.value(), kLargestSide);
     } else if (entry.key() == "scale") {
-      place.scale = number_between(kLeastScale, entry.value(), kLargestScale);
+      placement.scale = number_between(kLeastScale, entry.value(), kLargestScale);
     } else if (entry.key() == "design" && entry.value().isBool()) {
-      place.design = entry.value().toBool();
+      placement.design = entry.value().toBool();
     } else {
       refuse();
     }
   }
-  return place;
+  return placement;
 }
 
 const Member& member_of(const QJsonValue& json) {

@@ -1,5 +1,5 @@
-// What the parts of a request have to look like. Each throws Fault with kInvalidProcedureCall where
-// its part does not, unless it says otherwise.
+// Reads and checks the parts of a request. Each function throws Fault with kInvalidProcedureCall
+// for a part of the wrong shape, unless it says otherwise.
 #pragma once
 
 #include <KurvGraph/automation.h>
@@ -21,12 +21,12 @@ namespace kurv::app {
 double number_between(double least, const QJsonValue& value, double most);
 void need_true(const QJsonValue& value);
 QString text_from(const QJsonValue& json);
-// What is left out is `otherwise`. Throws kOverflow beyond 16 bits.
+// `otherwise` where it is left out. Throws kOverflow beyond 16 bits.
 Integer integer_from(const QJsonValue& json, Integer otherwise);
 // [x, y]. Throws kOverflow for what no Single holds.
 SurfacePoint point_from(const QJsonValue& json);
 
-Place place_from(const QJsonValue& json);
+Placement placement_from(const QJsonValue& json);
 // A member by its name in any letter case or by its dispatch identifier. Throws kNoSuchMember.
 const Member& member_of(const QJsonValue& json);
 // "legend", "Title" or "SubTitle"; nothing for any other text.

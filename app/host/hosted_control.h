@@ -1,4 +1,4 @@
-// A control on a pipe with everything that it stands on.
+// A control on a pipe, with its container and its surfaces.
 #pragma once
 
 #include <KurvGraph/control.h>
@@ -14,23 +14,23 @@ namespace kurv::app {
 
 inline constexpr double kLargestSide = 32767;  // twips
 
-// Where a control is put. Width and height in twips.
-struct Place {
+// How a control is placed in its host. Width and height in twips.
+struct Placement {
   double width = 7200;
   double height = 4800;
   double scale = 1;  // device pixels per logical pixel
   bool design = false;
 };
 
-// The recording surface has the size in twips to the letter, the picture beneath it the next whole
-// pixels.
+// The recording surface has exactly the size in twips; the picture that it passes its calls on to
+// has that size rounded up to whole pixels.
 class HostedControl {
  public:
-  HostedControl(Shell& shell, const Place& place)
-      : m_scale(place.scale),
-        m_picture(pixels(place.width, place.height), place.scale),
-        m_surface(place.width, place.height, m_picture),
-        m_container(to_single(place.width), to_single(place.height), !place.design),
+  HostedControl(Shell& shell, const Placement& placement)
+      : m_scale(placement.scale),
+        m_picture(pixels(placement.width, placement.height), placement.scale),
+        m_surface(placement.width, placement.height, m_picture),
+        m_container(to_single(placement.width), to_single(placement.height), !placement.design),
         m_control(m_container, shell, m_surface) {
     m_surface.keep_last_redraw_only();
     m_control.first_placement();
@@ -45,18 +45,18 @@ class HostedControl {
     if (!is_vector(format)) return encoded(m_picture.image(), format);
     return vector_document(m_control, pixels(m_container.Width(), m_container.Height()), format);
   }
-  // Empty before the first redraw that drew.
+  // The calls of the last redraw; empty before the first that drew anything.
   std::string_view drawn() const {
     return m_surface.has_redraw() ? std::string_view(m_surface.log()) : std::string_view();
   }
 
-  // Twips. A size that it has already is no resize.
+  // Twips. The control is resized only where the size differs.
   void resize(double width, double height) {
     if (m_container.take_size(to_single(width), to_single(height))) fit();
   }
 
  private:
-  // Surface and control take the size that the container has.
+  // Brings picture, surface and control to the container's size.
   void fit() {
     m_picture.resize(pixels(m_container.Width(), m_container.Height()), m_scale);
     m_surface.set_size(m_container.Width(), m_container.Height());

@@ -14,8 +14,8 @@
 #include "dialogs/client.h"
 #include "qt/widget/plot_view.h"
 #include "qt/widget/qt_shell.h"
+#include "qt/widget/redraw_counter.h"
 #include "qt/widget/toolbar.h"
-#include "qt/widget/watched_surface.h"
 
 namespace kurv {
 
@@ -79,7 +79,7 @@ struct KurvGraph::State final : Container, Client {
   int whole_redraws = 0;      // since the last finish()
   bool telling = false;       // a message box about a run-time error is open
   Picture picture;
-  WatchedSurface surface;
+  RedrawCounter surface;
   QtShell shell;
   Control graph;
 

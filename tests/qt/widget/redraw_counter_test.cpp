@@ -1,4 +1,4 @@
-#include "qt/widget/watched_surface.h"
+#include "qt/widget/redraw_counter.h"
 
 #include <KurvGraph/recording_surface.h>
 #include <gtest/gtest.h>
@@ -49,16 +49,16 @@ class FastSurface final : public PlotSurface {
   Font m_font;
 };
 
-TEST(WatchedSurface, PassesOnWhatIsDrawnAtOnce) {
+TEST(RedrawCounter, PassesOnWhatIsDrawnAtOnce) {
   FastSurface target;
-  WatchedSurface watched(target);
+  RedrawCounter counter(target);
   const std::vector<Single> places = {1, 2, 3};
   const std::vector<std::uint8_t> drawn = {1, 1, 1};
-  watched.Polyline({places, places, drawn}, 5);
-  watched.Polylines(places, 1, 3, [&](int) { return PolylineOver{places, drawn, 5}; });
+  counter.Polyline({places, places, drawn}, 5);
+  counter.Polylines(places, 1, 3, [&](int) { return PolylineOver{places, drawn, 5}; });
   const std::vector<Double> x = {1, 3}, y = {2, 4};
   int figures = 0;
-  watched.Repeat({x, y}, 7, [&](PlotSurface& surface, FigureCentre centre) {
+  counter.Repeat({x, y}, 7, [&](PlotSurface& surface, FigureCentre centre) {
     ++figures;
     EXPECT_EQ(&surface, &target);
     EXPECT_EQ(centre.y, 2);
@@ -69,13 +69,13 @@ TEST(WatchedSurface, PassesOnWhatIsDrawnAtOnce) {
   EXPECT_EQ(figures, 1);
 }
 
-TEST(WatchedSurface, CountsRedrawsSinceTheLastQuestion) {
+TEST(RedrawCounter, CountsRedrawsSinceTheLastQuestion) {
   RecordingSurface target(100, 100);
-  WatchedSurface watched(target);
-  watched.Cls();
-  watched.Cls();
-  EXPECT_EQ(watched.take_redraws(), 2);
-  EXPECT_EQ(watched.take_redraws(), 0);
+  RedrawCounter counter(target);
+  counter.Cls();
+  counter.Cls();
+  EXPECT_EQ(counter.take_redraws(), 2);
+  EXPECT_EQ(counter.take_redraws(), 0);
   EXPECT_EQ(target.log(), "cls\ncls\n");
 }
 

@@ -1,5 +1,4 @@
-// A surface that passes every call on and notes when a redraw has begun, whether or not it ends
-// well.
+// A decorator of a drawing surface that counts the redraws, also those that fail.
 #pragma once
 
 #include <KurvGraph/plot_surface.h>
@@ -8,16 +7,16 @@
 
 namespace kurv {
 
-class WatchedSurface final : public PlotSurface {
+class RedrawCounter final : public PlotSurface {
  public:
-  explicit WatchedSurface(PlotSurface& target) : m_target(target) {}
+  explicit RedrawCounter(PlotSurface& target) : m_target(target) {}
 
-  // How many redraws have begun since the last question.
+  // How many redraws have begun since the last call of this.
   int take_redraws() { return std::exchange(m_redraws, 0); }
 
   Double ScaleWidth() const override { return m_target.ScaleWidth(); }
   Double ScaleHeight() const override { return m_target.ScaleHeight(); }
-  // The first thing that a redraw does to its surface, and nobody else clears one.
+  // A redraw begins by clearing its surface, and nothing else clears one.
   void Cls() override {
     ++m_redraws;
     m_target.Cls();
