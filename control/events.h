@@ -7,7 +7,7 @@ namespace kurv {
 
 struct ControlState;
 
-// Tells the container, then the late-bound listeners in the order in which they came.
+// Notifies the container, then the listeners in the order in which they were added.
 void raise_MouseUp(ControlState& state, Integer Button, Integer Shift, Single x, Single Y);
 
 }  // namespace kurv

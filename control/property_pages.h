@@ -1,11 +1,11 @@
-// The tabs that the properties can be told to show first.
+// The pages of the properties window that a command can open.
 #pragma once
 
 #include <KurvGraph/values.h>
 
 namespace kurv {
 
-// The gap is where no tab is; another page shows the first tab.
+// There is no page 3. A number without a page shows the first one.
 inline constexpr Integer kGeneralPage = 0;
 inline constexpr Integer kTitlesPage = 1;
 inline constexpr Integer kAxesPage = 2;

@@ -96,8 +96,8 @@ void HostShell::show_window(Window window, Integer page) {
   m_shown.append(QJsonObject{{"kind", "window"}, {"name", name}, {"page", page}});
 }
 
-// A size that no surface can have is brought to the nearest that one can.
-void HostContainer::change(Single& side, Single twips) {
+// Clamped to what a surface can have.
+void HostContainer::set_side(Single& side, Single twips) {
   const Single possible = std::clamp(twips, 1.0F, 32767.0F);
   if (std::exchange(side, possible) != possible && m_resized) m_resized();
 }

@@ -28,9 +28,10 @@ class HostShell final : public Shell {
   // {"path": ..., "filter": ...}; anything else cancels.
   FileChoice open_file(const OpenDialog& dialog) override;
   FileChoice save_file(const SaveDialog& dialog) override;
-  // {"name": ..., "size": ..., "bold": ..., "italic": ...}, of which what is left out stays.
+  // {"name": ..., "size": ..., "bold": ..., "italic": ...}, where what is left out keeps its
+  // preset.
   std::optional<Font> choose_font(const Font& preset) override;
-  // There is no clipboard; that it was asked for is kept.
+  // There is no clipboard; only the request is recorded.
   void copy_picture(std::string_view bitmap) override;
   void show_window(Window window, Integer page) override;
 
@@ -52,8 +53,8 @@ class HostContainer final : public Container {
   // Called when the control has given itself another size, as a loaded graph does.
   void on_resize(std::function<void()> resized) { m_resized = std::move(resized); }
 
-  // The size that the host gives it; true where that is another one.
-  bool take_size(Single width, Single height) {
+  // Stores the size that the host gives it. Returns whether it differs from the one before.
+  bool store_size(Single width, Single height) {
     const bool other = width != m_width || height != m_height;
     m_width = width;
     m_height = height;
@@ -64,12 +65,12 @@ class HostContainer final : public Container {
   void set_MousePointer(Integer pointer) override { m_pointer = pointer; }
   Single Height() const override { return m_height; }
   Single Width() const override { return m_width; }
-  void set_Height(Single twips) override { change(m_height, twips); }
-  void set_Width(Single twips) override { change(m_width, twips); }
+  void set_Height(Single twips) override { set_side(m_height, twips); }
+  void set_Width(Single twips) override { set_side(m_width, twips); }
   void MouseUp(Integer Button, Integer Shift, Single x, Single Y) override;
 
  private:
-  void change(Single& side, Single twips);
+  void set_side(Single& side, Single twips);
 
   Single m_width;
   Single m_height;

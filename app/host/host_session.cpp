@@ -23,7 +23,7 @@ namespace kurv::app {
 
 namespace {
 
-// Why a picture could not be written, as the platform tells it afterwards.
+// Why a picture could not be written, found out from the file system afterwards.
 Fault unwritable(const QFileInfo& file) {
   const QFileInfo folder(file.absolutePath());
   if (!folder.exists()) return Fault(FaultKind::kPathNotFound);
@@ -45,7 +45,7 @@ HostedControl& HostSession::hosted() {
   return *m_hosted;
 }
 
-// Whatever becomes of the question before the end, the control is gone afterwards.
+// The control is destroyed even where its last save fails.
 void HostSession::end() {
   m_closed = true;
   const std::unique_ptr<HostedControl> ending = std::move(m_hosted);
@@ -97,7 +97,7 @@ HostSession::Result HostSession::answers(const QJsonObject& request) {
 }
 
 HostSession::Result HostSession::show(const QJsonObject& request) {
-  need_true(request["show"]);
+  require_true(request["show"]);
   hosted().control().show();
   return {};
 }
@@ -111,7 +111,7 @@ HostSession::Result HostSession::resize(const QJsonObject& request) {
 }
 
 HostSession::Result HostSession::pointer(const QJsonObject& request) {
-  need_true(request["pointer"]);
+  require_true(request["pointer"]);
   return QJsonValue(hosted().container().pointer());
 }
 
@@ -129,7 +129,7 @@ HostSession::Result HostSession::picture(const QJsonObject& request) {
 }
 
 HostSession::Result HostSession::drawn(const QJsonObject& request) {
-  need_true(request["drawn"]);
+  require_true(request["drawn"]);
   QJsonArray lines;
   const std::string_view log = hosted().drawn();
   for (std::size_t start = 0; start < log.size();) {
@@ -191,7 +191,7 @@ HostSession::Result HostSession::drag(const QJsonObject& request) {
 }
 
 HostSession::Result HostSession::close(const QJsonObject& request) {
-  need_true(request["close"]);
+  require_true(request["close"]);
   hosted();
   end();
   return {};
@@ -203,7 +203,7 @@ bool HostSession::Request::has_companion(const QString& key) const {
   });
 }
 
-// The request that the object is: exactly one of the words, and nothing that does not belong to it.
+// The request that the object holds: exactly one of the words, and no key that it does not have.
 const HostSession::Request* HostSession::request_in(const QJsonObject& object) {
   static constexpr Request kRequests[] = {
       {"answers", {}, &HostSession::answers},
@@ -232,7 +232,7 @@ const HostSession::Request* HostSession::request_in(const QJsonObject& object) {
   return nullptr;
 }
 
-// What the request came to; `object` is what the line held.
+// Runs the request in the line and returns the answer to it; `object` becomes the parsed line.
 QJsonObject HostSession::outcome(const QByteArray& line, QJsonObject& object) {
   try {
     const QJsonDocument document = QJsonDocument::fromJson(line);

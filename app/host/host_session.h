@@ -14,7 +14,7 @@
 namespace kurv::app {
 
 // Answers requests in the order in which they come. One that fails is answered with its error, and
-// the next one is answered as if it had not been. Needs a QGuiApplication.
+// the session goes on. Needs a QGuiApplication.
 class HostSession {
  public:
   // One line without its end; so is the answer.
@@ -27,7 +27,7 @@ class HostSession {
   using Result = std::optional<QJsonValue>;
   struct Request {
     const char* word;
-    std::array<const char*, 3> companions;  // other keys that may stand beside it, or nullptr
+    std::array<const char*, 3> companions;  // the other keys that it may have, or nullptr
     Result (HostSession::*run)(const QJsonObject&);
 
     bool has_companion(const QString& key) const;
@@ -36,7 +36,7 @@ class HostSession {
   static const Request* request_in(const QJsonObject& object);
   QJsonObject outcome(const QByteArray& line, QJsonObject& object);
 
-  // One for each request: the result, where it has one. They throw Fault.
+  // One handler for each request. Returns the result where it has one; throws Fault.
   Result answers(const QJsonObject& request);
   Result call(const QJsonObject& request);
   Result close(const QJsonObject& request);
@@ -52,7 +52,7 @@ class HostSession {
   Result set(const QJsonObject& request);
   Result show(const QJsonObject& request);
 
-  // The control, placed where none was asked for a place; none after its end.
+  // The control, which the first request places with default values. Refuses after its end.
   HostedControl& hosted();
   void end();
 

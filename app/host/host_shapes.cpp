@@ -44,7 +44,7 @@ double number_between(double least, const QJsonValue& value, double most) {
   return value.toDouble();
 }
 
-void need_true(const QJsonValue& value) {
+void require_true(const QJsonValue& value) {
   if (!value.isBool() || !value.toBool()) refuse();
 }
 

@@ -19,7 +19,7 @@ namespace kurv::app {
 [[noreturn]] void refuse();
 
 double number_between(double least, const QJsonValue& value, double most);
-void need_true(const QJsonValue& value);
+void require_true(const QJsonValue& value);
 QString text_from(const QJsonValue& json);
 // `otherwise` where it is left out. Throws kOverflow beyond 16 bits.
 Integer integer_from(const QJsonValue& json, Integer otherwise);

@@ -20,7 +20,7 @@ QJsonArray list_of(const QJsonValue& json) {
   return json.toArray();
 }
 
-// A value as it is written, before anybody asks what it should be.
+// A value as it is written, before it is converted to the type of the member.
 Variant plain(const QJsonValue& json) {
   if (json.isBool()) return Boolean(json.toBool());
   if (json.isDouble()) return json.toDouble();
@@ -66,7 +66,7 @@ String text(const QJsonValue& json) {
   return to_string(plain(json));
 }
 
-// A Single is written with the digits that make it out, not with those of the nearest Double.
+// A Single is written with its own shortest digits, not with those of the nearest Double.
 Double shortest(Single number) {
   return text_to_number(number_to_text(number)).value_or(number);
 }

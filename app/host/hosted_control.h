@@ -52,7 +52,7 @@ class HostedControl {
 
   // Twips. The control is resized only where the size differs.
   void resize(double width, double height) {
-    if (m_container.take_size(to_single(width), to_single(height))) fit();
+    if (m_container.store_size(to_single(width), to_single(height))) fit();
   }
 
  private:

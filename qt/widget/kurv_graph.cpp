@@ -81,23 +81,24 @@ KurvGraph::KurvGraph(PlotSurface* lent, QWidget* parent) : QWidget(parent) {
 
 KurvGraph::~KurvGraph() {
   const std::shared_ptr<State> state = m_state;
-  // The control may have a last question. It stands alone: the window around may be half gone.
+  // The control may ask whether to save. That box gets no parent: the window around may already be
+  // half destroyed.
   state->widget.clear();
   state->shell.leave_window();
   const std::optional<Fault> failure = failure_of([&] { state->graph.terminate(); });
   if (failure) state->shell.message_box(failure->what(), kCriticalStop, kBoxTitle);
-  // About a visible widget the toolkit asks the application, even when there is none any more.
+  // To destroy a visible widget Qt consults the application object, even after that has ended.
   if (!QCoreApplication::instance()) {
     setAttribute(Qt::WA_WState_Visible, false);
     for (QWidget* child : findChildren<QWidget*>())
       child->setAttribute(Qt::WA_WState_Visible, false);
   }
-  // It shows what is about to go.
+  // It paints the picture and reads the control of the state, so it has to go before them.
   delete state->view;
 }
 
 QSize KurvGraph::sizeHint() const {
-  return m_state->usual_size();
+  return m_state->default_size();
 }
 
 QSize KurvGraph::minimumSizeHint() const {
@@ -129,10 +130,10 @@ void KurvGraph::set_shortcuts_enabled(bool on) {
   m_state->shortcuts_enabled = on;
 }
 
-// -- The two ways in ------------------------------------------------------------------------------
+// -- Calls of the host and of the toolkit ---------------------------------------------------------
 
 // A call of the host. The state is held until it ends: a message box in it runs the event loop,
-// and the widget may be gone when that returns.
+// and the widget may be destroyed when that returns.
 template <class Work>
 void KurvGraph::call(Work work) {
   struct Held {
@@ -141,9 +142,9 @@ void KurvGraph::call(Work work) {
   };
   const Held held{m_state};
   State& state = *held.state;
-  // While the widget is hidden the toolkit keeps its new sizes to itself.
+  // A hidden widget gets no resize events.
   state.fit();
-  state.take_locale();
+  state.apply_locale();
   const PrintingFor printing(this);
   const std::optional<Fault> failure = failure_of([&] { work(state.graph); });
   state.changed_from_outside();
@@ -153,12 +154,12 @@ void KurvGraph::call(Work work) {
   if (failure) throw *failure;
 }
 
-// A call of the toolkit. What it has to say is said when the toolkit is done with its event: it
-// still holds the widget, and no slot may delete it now.
+// A call of the toolkit. No exception may cross its event loop, and no slot may delete the widget
+// during its event: so signals and errors are queued until that is over.
 template <class Work>
 void KurvGraph::handle(Work work) {
   const std::shared_ptr<State> state = m_state;
-  state->take_locale();
+  state->apply_locale();
   const PrintingFor printing(this);
   const std::optional<Fault> failure = failure_of([&] { work(*state); });
   const int redraws = state->finish(failure.has_value());
@@ -192,28 +193,28 @@ void KurvGraph::tell(int number, const QString& text) {
     Q_EMIT runTimeError(number, text);
     return;
   }
-  // One box at a time: dragging a window's edge would open one for every size on the way.
+  // One box at a time: dragging a window's edge would open one for every size in between.
   const std::shared_ptr<State> state = m_state;
-  if (state->telling) return;
-  state->telling = true;
+  if (state->showing_error) return;
+  state->showing_error = true;
   state->shell.message_box(text.toStdString(), kCriticalStop, kBoxTitle);
-  state->telling = false;
+  state->showing_error = false;
 }
 
 // -- Data -----------------------------------------------------------------------------------------
 
 std::optional<QString> KurvGraph::add_function(const QString& expression) {
-  std::optional<String> refusal;
-  call([&](Control& control) { refusal = control.add_function(expression.toStdString()); });
-  return shown(refusal);
+  std::optional<String> error;
+  call([&](Control& control) { error = control.add_function(expression.toStdString()); });
+  return shown(error);
 }
 
 std::optional<QString> KurvGraph::derive(const QString& name, const QString& expression) {
-  std::optional<String> refusal;
+  std::optional<String> error;
   call([&](Control& control) {
-    refusal = control.derive(name.toStdString(), expression.toStdString());
+    error = control.derive(name.toStdString(), expression.toStdString());
   });
-  return shown(refusal);
+  return shown(error);
 }
 
 // -- Methods --------------------------------------------------------------------------------------
@@ -292,7 +293,7 @@ void KurvGraph::CloseMe() {
 bool KurvGraph::event(QEvent* event) {
   switch (event->type()) {
     case QEvent::MetaCall:
-      // A queued call. It goes past the parts of the toolkit that no exception may pass through.
+      // A queued call, such as a slot. What it throws is caught here, before the event loop.
       handle([&](State&) { QObject::event(event); });
       return true;
     case QEvent::LayoutRequest:  // The toolbar may want another height.
@@ -313,7 +314,7 @@ void KurvGraph::resizeEvent(QResizeEvent*) {
 }
 
 void KurvGraph::showEvent(QShowEvent* event) {
-  // The window system's own shows, such as a restore from an icon, change nothing.
+  // A show by the window system, such as the restoring of a minimised window, changes nothing.
   if (event->spontaneous()) return;
   handle([](State& state) {
     state.fit();
@@ -321,13 +322,12 @@ void KurvGraph::showEvent(QShowEvent* event) {
   });
 }
 
-// Not by a proxy: Tab would then lead to the plot first and never to the toolbar.
+// No focus proxy: with one, Tab would go to the plot first and never to the toolbar.
 void KurvGraph::focusInEvent(QFocusEvent* event) {
   m_state->view->setFocus(event->reason());
 }
 
-// Here and not as shortcuts of the toolkit's: a host that has actions with the same keys keeps
-// them.
+// Key events instead of QShortcut, so that a host's actions with the same keys take precedence.
 void KurvGraph::keyPressEvent(QKeyEvent* event) {
   if (m_state->design_mode) return QWidget::keyPressEvent(event);
   if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier) {
@@ -340,7 +340,8 @@ void KurvGraph::keyPressEvent(QKeyEvent* event) {
   if (!event->isAutoRepeat()) run_command(QLatin1String(word));
 }
 
-// The toolkit has its own idea of when a mouse asks for a menu; here it is the release alone.
+// Whether Qt sends this at a press or at a release depends on the platform. Here a right click
+// opens the menu when it is released, see PlotView::menu_wanted; only the menu key is handled here.
 void KurvGraph::contextMenuEvent(QContextMenuEvent* event) {
   event->accept();
   if (event->reason() == QContextMenuEvent::Keyboard) open_menu(m_state->view->menu_point());

@@ -32,7 +32,7 @@ std::vector<QString> KurvGraph::functions() const {
 }
 
 void KurvGraph::graph_text(const std::function<void(std::string_view)>& sink) const {
-  m_state->take_locale();
+  m_state->apply_locale();
   const ControlState& state = m_state->graph.state();
   write_graph_text(sink, state.document, state.layout, std::nullopt, state.decimal_separator);
 }

@@ -1,4 +1,4 @@
-// What a host can learn about the picture: its pixels, its lines, and where its data stand.
+// The picture for hosts: as pixels, as a vector document, and the mapping between pixels and data.
 #include <cmath>
 
 #include "control/control_state.h"

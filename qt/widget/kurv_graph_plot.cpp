@@ -1,4 +1,4 @@
-// The friendly intake: ordinary containers, checked before anything changes.
+// plot(): takes ordinary containers, and checks them before anything changes.
 #include <KurvGraph/KurvGraph.h>
 #include <KurvGraph/limits.h>
 

@@ -14,8 +14,8 @@ namespace kurv {
 
 namespace {
 
-// Where a side of the control reads as this, it may be larger in truth.
-constexpr Single kCeiling = 32767;
+// Sides are reported up to this; the widget's own may be longer.
+constexpr Single kLargestSide = 32767;
 constexpr double kLargestWidget = 16777215;
 
 int pixels_of(Single twips, double twips_per_pixel) {
@@ -28,24 +28,24 @@ KurvGraph::State::State(KurvGraph& owner, PlotSurface* lent)
     : widget(&owner),
       toolbar(new Toolbar([&owner](const QString& key) { owner.run_command(key); }, &owner)),
       view(new PlotView(*this, picture, &owner)),
-      inner(kUsualPlot),
+      inner(kDefaultPlotSize),
       ratio(owner.devicePixelRatioF()),
       picture(inner, ratio),
       surface(lent ? *lent : static_cast<PlotSurface&>(picture)),
       shell(owner, this),
       graph(*this, shell, surface) {
   provide_desktop_printer();
-  owner.resize(usual_size());
+  owner.resize(default_size());
   outer = owner.size();
   arrange();
 }
 
 int KurvGraph::State::toolbar_height() const {
-  return toolbar->isHidden() ? 0 : toolbar->wanted_height();
+  return toolbar->isHidden() ? 0 : toolbar->preferred_height();
 }
 
-QSize KurvGraph::State::usual_size() const {
-  return kUsualPlot + QSize(0, toolbar_height());
+QSize KurvGraph::State::default_size() const {
+  return kDefaultPlotSize + QSize(0, toolbar_height());
 }
 
 QRect KurvGraph::State::plot_rect() const {
@@ -72,7 +72,7 @@ void KurvGraph::State::fit() {
   inner = new_inner;
   ratio = new_ratio;
   view->picture_changed();
-  // Another screen is no other size: the graph keeps its twips and only gets other pixels.
+  // Another resolution does not change the size: the graph keeps its twips and gets other pixels.
   if (resized) {
     graph.resize();
   } else {
@@ -80,15 +80,15 @@ void KurvGraph::State::fit() {
   }
 }
 
-void KurvGraph::State::take_locale() {
+void KurvGraph::State::apply_locale() {
   if (!widget) return;
   const bool has_comma =
       widget->testAttribute(Qt::WA_SetLocale) && widget->locale().decimalPoint() == ",";
   graph.set_decimal_separator(has_comma ? ',' : '.');
 }
 
-// A redraw that failed has changed the picture as well, and so has a bitmap, into which the curves
-// are drawn once more. Data that were refused change no picture, but what the windows show.
+// The picture also changes in a redraw that fails, and where a bitmap is made, for which the curves
+// are drawn once more. Rejected data do not change the picture, but what the windows show.
 int KurvGraph::State::finish(bool has_failed) {
   const bool redrawn = surface.take_redraws() > 0;
   const qint64 drawn = picture.image().cacheKey();
@@ -122,12 +122,12 @@ double KurvGraph::State::twips_per_logical_pixel() const {
   return picture.twips_per_device_pixel() * picture.image().devicePixelRatio();
 }
 
-// A form editor takes the mouse itself, and has an order of the focus of its own.
+// A form editor handles the mouse itself, and has its own tab order.
 void KurvGraph::State::set_design_mode(bool on) {
   design_mode = on;
   for (QWidget* child : {static_cast<QWidget*>(toolbar), static_cast<QWidget*>(view)})
     child->setAttribute(Qt::WA_TransparentForMouseEvents, on);
-  toolbar->set_reachable(!on);
+  toolbar->set_tab_stops(!on);
   view->setFocusPolicy(on ? Qt::NoFocus : Qt::StrongFocus);
 }
 
@@ -142,23 +142,23 @@ void KurvGraph::State::set_MousePointer(Integer pointer) {
 }
 
 Single KurvGraph::State::Height() const {
-  return std::min(kCeiling, to_single(outer.height() * twips_per_logical_pixel()));
+  return std::min(kLargestSide, to_single(outer.height() * twips_per_logical_pixel()));
 }
 
 Single KurvGraph::State::Width() const {
-  return std::min(kCeiling, to_single(outer.width() * twips_per_logical_pixel()));
+  return std::min(kLargestSide, to_single(outer.width() * twips_per_logical_pixel()));
 }
 
-// A size that reads as asked for already stays: at the ceiling it may well be larger than the one
-// that was once stored there.
+// Setting the size that is reported changes nothing: the real one may be beyond the largest that is
+// reported, and would shrink to it.
 void KurvGraph::State::set_Height(Single twips) {
-  if (!widget || std::isnan(twips) || std::min(twips, kCeiling) == Height()) return;
+  if (!widget || std::isnan(twips) || std::min(twips, kLargestSide) == Height()) return;
   widget->resize(widget->width(), pixels_of(twips, twips_per_logical_pixel()));
   fit();
 }
 
 void KurvGraph::State::set_Width(Single twips) {
-  if (!widget || std::isnan(twips) || std::min(twips, kCeiling) == Width()) return;
+  if (!widget || std::isnan(twips) || std::min(twips, kLargestSide) == Width()) return;
   widget->resize(pixels_of(twips, twips_per_logical_pixel()), widget->height());
   fit();
 }

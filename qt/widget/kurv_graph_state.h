@@ -1,4 +1,5 @@
-// What stands behind one widget: its pixels, its control, and what the two ask of each other.
+// The private state of a widget: picture and control, and what the control and the shared windows
+// need of the widget.
 #pragma once
 
 #include <KurvGraph/KurvGraph.h>
@@ -19,32 +20,31 @@
 
 namespace kurv {
 
-inline constexpr QSize kUsualPlot(720, 480);
+inline constexpr QSize kDefaultPlotSize(720, 480);
 
-// It outlives the widget while a call is in progress, so everything about the widget is asked only
-// as long as there is one.
+// It outlives the widget while a call is in progress, so `widget` is checked before each use.
 struct KurvGraph::State final : Container, Client {
   State(KurvGraph& owner, PlotSurface* lent);
 
   // -- For the widget -------------------------------------------------------------------------
-  // With the plot in its usual size.
-  QSize usual_size() const;
-  // Where the plot stands in the widget: below the toolbar.
+  // The widget's size with a plot of the default size.
+  QSize default_size() const;
+  // The rectangle of the plot in the widget, below the toolbar.
   QRect plot_rect() const;
-  // Puts toolbar and plot in their places, and brings the picture to the plot's size and
-  // resolution, if they have changed.
+  // Lays out toolbar and plot, and brings the picture to the plot's size and resolution where they
+  // have changed.
   void fit();
   // Brings the control's decimal separator to the widget's locale. Only one that the host has set
-  // on this widget counts: files must not depend on the desktop that the program runs on. The
-  // toolkit tells nobody when a host sets the very locale that the system has, so it is asked.
-  void take_locale();
+  // on this widget counts: files must not depend on the desktop that the program runs on. Qt sends
+  // no event when a host sets the locale that the system has, so this is called before each use.
+  void apply_locale();
   // Ends a call, whether or not it failed: the last strokes become pixels, and a picture that has
   // changed is shown. Returns how many whole redraws there were.
   int finish(bool has_failed = false);
-  // The host has changed the graph: its windows show that, whether or not the picture does.
+  // The host has changed the graph: updates its windows, whether or not the picture has changed.
   void changed_from_outside();
   double twips_per_logical_pixel() const;
-  // The graph as a document of lines and text, for which nothing of it changes.
+  // The graph as a vector document. Changes nothing.
   QByteArray document_in(VectorFormat format) const;
 
   void set_design_mode(bool on);
@@ -73,11 +73,11 @@ struct KurvGraph::State final : Container, Client {
   double ratio = 1;  // and its device pixels per logical pixel
   bool design_mode = false;
   bool shortcuts_enabled = true;
-  qint64 shown_picture = 0;   // which one it was at the last finish()
-  unsigned shown_data = 0;    // and which data
-  bool change_noted = false;  // the signal is on its way
-  int whole_redraws = 0;      // since the last finish()
-  bool telling = false;       // a message box about a run-time error is open
+  qint64 shown_picture = 0;    // the picture's cache key at the last finish()
+  unsigned shown_data = 0;     // and the revision of the data
+  bool change_noted = false;   // the signal is queued
+  int whole_redraws = 0;       // since the last finish()
+  bool showing_error = false;  // a message box about a run-time error is open
   Picture picture;
   RedrawCounter surface;
   QtShell shell;

@@ -6,8 +6,8 @@
 #include <QPixmap>
 #include <QSvgRenderer>
 
-// Out of any namespace, as the toolkit wants it: a static library's pictures are not found before
-// somebody has asked for them.
+// Outside of any namespace, as Q_INIT_RESOURCE requires. Without it the resources of a static
+// library are not registered.
 static void load_drawings() {
   Q_INIT_RESOURCE(icons);
 }
@@ -16,7 +16,7 @@ namespace kurv {
 
 namespace {
 
-// What the lines are drawn in, in the files.
+// The colour of the lines in the files.
 constexpr const char* kInk = "#000000";
 
 class LineIcon final : public QIconEngine {

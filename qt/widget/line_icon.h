@@ -1,4 +1,4 @@
-// The pictures on the buttons: one drawing in lines each, in the colour of the desktop's text.
+// The icons of the buttons: line drawings in the colour of the desktop's text.
 #pragma once
 
 #include <QIcon>

@@ -27,24 +27,25 @@ QImage image_of(std::string_view bitmap) {
 
 QPointer<QWidget> g_printing_for;
 
-// The user has chosen a printer and said yes.
+// Whether the user has chosen a printer and accepted.
 bool is_accepted(QPrinter& printer) {
-  const QPointer<QPrintDialog> dialog = new QPrintDialog(&printer, front_of(g_printing_for));
+  const QPointer<QPrintDialog> dialog = new QPrintDialog(&printer, dialog_parent(g_printing_for));
   // There is one page, and nothing that could be selected on it.
   dialog->setOptions(QAbstractPrintDialog::PrintToFile | QAbstractPrintDialog::PrintShowPageSize);
   const bool accepted = dialog->exec() == QDialog::Accepted;
-  // The window may have gone meanwhile, and its dialog with it; then nobody has said anything.
+  // The window may have been destroyed meanwhile, and its dialog with it; that is no answer.
   const bool answered = accepted && dialog;
   delete dialog.data();
   return answered;
 }
 
-// Where on the page the picture stands, which is `size` large, and the caption below it.
-QRectF picture_place(const QSizeF& page, const QSizeF& size, double caption_height) {
-  const QSizeF room(page.width(), std::max(1.0, page.height() - caption_height));
-  const QSizeF scaled = size.scaled(room, Qt::KeepAspectRatio);
-  return QRectF(QPointF((page.width() - scaled.width()) / 2, (room.height() - scaled.height()) / 2),
-                scaled);
+// The rectangle of a picture of this size, as large as fits on the page above the caption.
+QRectF picture_rect(const QSizeF& page, const QSizeF& size, double caption_height) {
+  const QSizeF available(page.width(), std::max(1.0, page.height() - caption_height));
+  const QSizeF scaled = size.scaled(available, Qt::KeepAspectRatio);
+  return QRectF(
+      QPointF((page.width() - scaled.width()) / 2, (available.height() - scaled.height()) / 2),
+      scaled);
 }
 
 }  // namespace
@@ -72,7 +73,7 @@ void DesktopPrinter::PrintPicture(std::string_view bitmap, std::string_view font
   if (!is_accepted(printer)) return;
   const QString file = printer.outputFileName();
   const bool painted = print_page(printer, picture, {shown_text(caption), font});
-  if (!painted || (!file.isEmpty() && !is_whole_pdf(file))) {
+  if (!painted || (!file.isEmpty() && !is_complete_pdf(file))) {
     throw Fault(FaultKind::kDeviceIoError);
   }
 }
@@ -84,27 +85,27 @@ void provide_desktop_printer() {
 bool print_page(QPagedPaintDevice& device, const QImage& picture, const Caption& caption) {
   QPainter painter;
   if (!painter.begin(&device)) return false;
-  // Pixels reach the paper as they are, neither thinned out nor packed with losses.
+  // No downsampling and no lossy compression of the pixels.
   painter.setRenderHint(QPainter::LosslessImageRendering);
   painter.setRenderHint(QPainter::SmoothPixmapTransform);
   const QSizeF page(device.width(), device.height());
   painter.setFont(caption.font);
-  const QRectF text_room = painter.boundingRect(QRectF(QPointF(0, 0), page),
-                                                Qt::AlignHCenter | Qt::TextWordWrap, caption.text);
-  const double caption_height = caption.text.isEmpty() ? 0 : 1.5 * text_room.height();
+  const QRectF text_bounds = painter.boundingRect(
+      QRectF(QPointF(0, 0), page), Qt::AlignHCenter | Qt::TextWordWrap, caption.text);
+  const double caption_height = caption.text.isEmpty() ? 0 : 1.5 * text_bounds.height();
   if (!picture.isNull()) {
-    const QRectF place = picture_place(page, picture.size(), caption_height);
-    painter.drawImage(place, picture);
-    const double below = place.bottom() + caption_height - text_room.height();
-    painter.drawText(QRectF(0, below, page.width(), text_room.height()),
+    const QRectF rect = picture_rect(page, picture.size(), caption_height);
+    painter.drawImage(rect, picture);
+    const double below = rect.bottom() + caption_height - text_bounds.height();
+    painter.drawText(QRectF(0, below, page.width(), text_bounds.height()),
                      Qt::AlignHCenter | Qt::TextWordWrap, caption.text);
   }
   return painter.end();
 }
 
-// The last lines say where the table of contents begins, counted from what was meant to be written:
-// so it stands there only where everything has arrived.
-bool is_whole_pdf(const QString& path) {
+// The trailer holds the offset of the cross-reference table, counted from what was meant to be
+// written: so the table is found there only where no byte is missing.
+bool is_complete_pdf(const QString& path) {
   QFile file(path);
   // A device may have no end.
   if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly)) return false;

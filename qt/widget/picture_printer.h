@@ -1,4 +1,4 @@
-// The printer that the library brings along: the desktop's, by the toolkit's dialog.
+// The library's own printer service: the printers of the desktop, chosen in Qt's dialog.
 #pragma once
 
 #include <KurvGraph/services.h>
@@ -14,9 +14,8 @@ namespace kurv {
 
 class DesktopPrinter final : public PicturePrinter {
  public:
-  // Asks for a printer, or a PDF file, and prints the picture on one
-  // page; nothing when cancelled, or when nobody is there to ask. Throws kDeviceIoError when it
-  // could not be printed.
+  // Asks for a printer or a PDF file, and prints the picture on one page. Does nothing when
+  // cancelled, or where no dialog can be shown. Throws kDeviceIoError when it could not be printed.
   void PrintPicture(std::string_view bitmap, std::string_view font_name, std::string_view caption,
                     Single font_size) override;
 };
@@ -24,8 +23,8 @@ class DesktopPrinter final : public PicturePrinter {
 // Makes it the built-in class of kPicturePrinterClass.
 void provide_desktop_printer();
 
-// As long as it lives, the printer's dialog stands before the window that this widget is in: a
-// printer does not know whose picture it prints.
+// While it exists, the printer's dialog opens in front of this widget's window: the service itself
+// does not know whose picture it prints.
 class PrintingFor {
  public:
   explicit PrintingFor(QWidget* widget);
@@ -47,8 +46,8 @@ struct Caption {
 // device does not take it.
 bool print_page(QPagedPaintDevice& device, const QImage& picture, const Caption& caption);
 
-// Whether a PDF has been written to its end: the toolkit does not tell. False of what is no regular
-// file.
-bool is_whole_pdf(const QString& path);
+// Whether a PDF has been written to its end, which QPrinter does not report. False for anything but
+// a regular file.
+bool is_complete_pdf(const QString& path);
 
 }  // namespace kurv

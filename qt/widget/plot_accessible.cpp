@@ -13,12 +13,12 @@ namespace kurv {
 
 namespace {
 
-// A host may hand over fewer names than it should; the redraw says so.
+// A host may pass fewer names than it should, which the redraw reports.
 bool has_name_of_x(const GraphDocument& document) {
   return document.yVarName.lower() <= 1 && document.yVarName.upper() >= 1;
 }
 
-// One item or region. It has no object of the toolkit behind it.
+// One hit target, which has no QObject.
 class TargetAccessible final : public QAccessibleInterface, public QAccessibleActionInterface {
  public:
   TargetAccessible(PlotView& view, const HitTarget& target) : m_view(&view), m_target(target) {}
@@ -146,11 +146,11 @@ QAccessibleInterface* interface_of(const QString&, QObject* object) {
 }  // namespace
 
 void make_plots_accessible() {
-  // The same factory is never installed twice.
+  // Qt ignores a factory that is installed already.
   QAccessible::installFactory(interface_of);
 }
 
-void tell_focus(PlotView& view) {
+void notify_focus(PlotView& view) {
   if (!QAccessible::isActive()) return;
   auto* const plot = QAccessible::queryAccessibleInterface(&view);
   QAccessibleInterface* const focused = plot ? plot->focusChild() : nullptr;

@@ -5,9 +5,10 @@ namespace kurv {
 
 class PlotView;
 
-// From now on a screen reader finds the items and regions of every plot. May be repeated.
+// Installs the factory that gives screen readers the items and regions of every plot. May be
+// repeated.
 void make_plots_accessible();
-// The keyboard has reached another target.
-void tell_focus(PlotView& view);
+// Reports the target that has the keyboard's focus.
+void notify_focus(PlotView& view);
 
 }  // namespace kurv

@@ -15,7 +15,7 @@ QString limits(const QString& axis, Double low, Double high) {
   return axis + u' ' + QString::number(low) + QStringLiteral(" to ") + QString::number(high);
 }
 
-// A count may be larger than there is room for; a redraw then fails, but a description must not.
+// A count may exceed the arrays; a redraw then fails, but a description must not.
 int curves_drawn(const GraphDocument& document) {
   const int curves = std::min<int>(document.NumY, document.y_visible.upper());
   const int functions = std::min<int>(document.NumYFunc, kMaxFunctions);
@@ -29,7 +29,7 @@ int curves_drawn(const GraphDocument& document) {
 
 QString name_of(const GraphDocument& document) {
   const QString title = QString::fromStdString(document.Title);
-  // What is not drawn has a title too, which nobody sees.
+  // A graph that is not drawn may have a title, which is not visible.
   return !document.GraphValid || title.trimmed().isEmpty() ? QStringLiteral("Graph") : title;
 }
 

@@ -1,4 +1,4 @@
-// The graph in words, for those who do not see it.
+// The graph in words, for screen readers.
 #pragma once
 
 #include <QString>

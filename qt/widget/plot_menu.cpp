@@ -10,7 +10,7 @@ namespace {
 
 struct Entry {
   const char* name;
-  const char* text;  // null: a line between groups
+  const char* text;  // null: a separator
   PlotCommand command;
 };
 
@@ -44,27 +44,27 @@ void add_derived_curve(Control& control) {
   control.add_derived_curve();
 }
 
-constexpr Entry kLine{nullptr, nullptr, nullptr};
-// No letter marks two entries.
+constexpr Entry kSeparator{nullptr, nullptr, nullptr};
+// No mnemonic is used twice.
 constexpr Entry kEntries[] = {
     {"mnuCurves", "&Curves and Functions…", curves},
     {"mnuTitles", "Titles and F&onts…", titles},
     {"mnuAxes", "Ax&es…", open_editor_of<Region::kXLabels>},
     {"mnuLines", "Li&nes and Markers…", open_editor_of<Region::kFrame>},
     {"mnuTable", "&Table…", table},
-    kLine,
+    kSeparator,
     {"mnuMarkerSize", "&Marker Size…", prompt_for<PromptedSetting::kMarkerSize>},
-    kLine,
+    kSeparator,
     {"mnuLeftMargin", "&Left Margin…", prompt_for<PromptedSetting::kLeftMargin>},
     {"mnuRightMargin", "&Right Margin…", prompt_for<PromptedSetting::kRightMargin>},
     {"mnuTopMargin", "To&p Margin…", prompt_for<PromptedSetting::kTopMargin>},
     {"mnuBottomMargin", "&Bottom Margin…", prompt_for<PromptedSetting::kBottomMargin>},
-    kLine,
+    kSeparator,
     {"mnuXAxisTitle", "&X Axis Title…", prompt_for<PromptedSetting::kXAxisTitle>},
     {"mnuAxisFont", "&Axis Font…", prompt_for<PromptedSetting::kAxisFont>},
     {"mnuTitleFont", "T&itle Font…", prompt_for<PromptedSetting::kTitleFont>},
     {"mnuSubTitleFont", "&Subtitle Font…", prompt_for<PromptedSetting::kSubtitleFont>},
-    kLine,
+    kSeparator,
     {"mnuAddFunction", "Add &Function…", add_function},
     {"mnuAddDerivedCurve", "Add &Derived Curve…", add_derived_curve},
 };

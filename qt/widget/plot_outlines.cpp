@@ -15,9 +15,9 @@ constexpr QRgb kInk = 0xFF003C8C;
 constexpr int kFocusWidth = 2;
 constexpr int kFocusGap = 2;  // keeps the line off the text
 
-// Where something of this extent begins that begins at `at`, brought so near to first..last that a
-// piece of it is within.
-int near(int at, int extent, int first, int last) {
+// Moves an interval that begins at `at` until a piece of it is inside first..last; returns where it
+// begins then.
+int moved_inside(int at, int extent, int first, int last) {
   constexpr int kPiece = 4 * kFocusWidth;
   const int least = first - extent + kPiece;
   return std::clamp(at, least, std::max(least, last - kPiece));
@@ -46,13 +46,13 @@ void outline_dragged(QPainter& painter, const QRectF& rect) {
 }
 
 void outline_focused(QPainter& painter, const std::vector<QRectF>& rects, const QRect& view) {
-  const QRect room = view.adjusted(1, 1, -kFocusWidth, -kFocusWidth);
+  const QRect inside = view.adjusted(1, 1, -kFocusWidth, -kFocusWidth);
   for (const QRectF& rect : rects) {
     QRect around = rect.toAlignedRect().adjusted(-kFocusGap, -kFocusGap, kFocusGap, kFocusGap);
-    // What stands outside is pointed at from the nearest edge.
-    around.moveLeft(near(around.left(), around.width(), room.left(), room.right()));
-    around.moveTop(near(around.top(), around.height(), room.top(), room.bottom()));
-    outline(painter, around & room, kFocusWidth, Qt::DashLine);
+    // A target outside is outlined at the nearest edge.
+    around.moveLeft(moved_inside(around.left(), around.width(), inside.left(), inside.right()));
+    around.moveTop(moved_inside(around.top(), around.height(), inside.top(), inside.bottom()));
+    outline(painter, around & inside, kFocusWidth, Qt::DashLine);
   }
 }
 

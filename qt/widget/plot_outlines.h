@@ -1,5 +1,5 @@
-// The outlines over the picture: what is pressed, dragged, and reached by the keyboard. They read
-// on the white surface as well as over curves.
+// The outlines over the picture: of what is pressed, dragged, and focused by the keyboard. They are
+// visible on the white surface as well as over curves.
 #pragma once
 
 #include <QPainter>
@@ -13,8 +13,8 @@ namespace kurv {
 void outline_pressed(QPainter& painter, const std::vector<QRectF>& rects);
 // The item that follows the pointer.
 void outline_dragged(QPainter& painter, const QRectF& rect);
-// The target that the keyboard has reached, as far as it is inside of `view`, which has no room for
-// lines of its own.
+// The target with the keyboard's focus, clipped to `view`, outside of which nothing is painted. A
+// target beyond an edge is outlined at that edge.
 void outline_focused(QPainter& painter, const std::vector<QRectF>& rects, const QRect& view);
 
 }  // namespace kurv

@@ -34,7 +34,7 @@ SurfacePoint PlotView::twips(QPointF pixel) const {
 }
 
 QRectF PlotView::pixels(const Rect& rect) const {
-  // What stands absurdly far away has to stay within whole numbers.
+  // Far positions must not overflow the integers of a QRect.
   const auto edge = [twips_per_pixel = scale()](double twips) {
     constexpr double kFar = 1e6;
     return std::isnan(twips) ? kFar : std::clamp(twips / twips_per_pixel, -kFar, kFar);
@@ -61,7 +61,7 @@ std::optional<HitTarget> PlotView::target_under(QPointF at) const {
 
 void PlotView::paintEvent(QPaintEvent*) {
   QPainter painter(this);
-  // At some ratios the last device pixel belongs to the widget only in part.
+  // At some ratios the picture does not cover the last device pixel.
   painter.fillRect(rect(), Qt::white);
   painter.drawImage(QPointF(0, 0), m_picture.image());
   for (const Region region : state().mouse.marked) {
@@ -77,7 +77,7 @@ void PlotView::paintEvent(QPaintEvent*) {
 
 void PlotView::picture_changed() {
   update();
-  show_pointer();
+  update_cursor();
 }
 
 void PlotView::describe() {
@@ -95,9 +95,9 @@ bool PlotView::event(QEvent* event) {
       return true;
     }
     case QEvent::ShortcutOverride: {
-      // What the plot does with a key at this moment goes before the shortcuts of the host.
+      // What the plot does with a key at this moment takes precedence over the host's shortcuts.
       auto* const key = static_cast<QKeyEvent*>(event);
-      if (!wants(*key)) break;
+      if (!handles(*key)) break;
       key->accept();
       return true;
     }
@@ -109,32 +109,31 @@ bool PlotView::event(QEvent* event) {
 
 void PlotView::show_tip(const QPoint& at, const QPoint& on_screen) {
   const std::optional<HitTarget> target = target_under(at);
-  // The text stays for as long as the mouse is on the same thing.
+  // The tip stays while the mouse is over this rectangle.
   const QRect around = target && std::holds_alternative<Item>(*target)
                            ? bounds_of(*target)
                            : QRect(at, QSize(1, 1)).adjusted(-4, -4, 4, 4);
   QToolTip::showText(on_screen, hint_of(target), this, around);
 }
 
-void PlotView::later(const std::function<void(ControlState&)>& work) {
-  // A window that opens may run an event loop of its own, and no event of the toolkit may still be
-  // open below it.
+void PlotView::run_later(const std::function<void(ControlState&)>& work) {
+  // A window may run an event loop of its own, which must not be nested in an event handler.
   QMetaObject::invokeMethod(
       this, [this, work] { m_client.handle([&](Control& control) { work(control.state()); }); },
       Qt::QueuedConnection);
 }
 
 void PlotView::edit(const HitTarget& target) {
-  later([target](ControlState& state) { open_editor(state, target); });
+  run_later([target](ControlState& state) { open_editor(state, target); });
 }
 
 void PlotView::set_busy(bool busy) {
   m_busy = busy;
-  show_pointer();
+  update_cursor();
 }
 
-void PlotView::show_pointer() {
-  const std::optional<Qt::CursorShape> shape = pointer();
+void PlotView::update_cursor() {
+  const std::optional<Qt::CursorShape> shape = cursor_shape();
   if (shape) {
     setCursor(*shape);
   } else {
@@ -142,7 +141,7 @@ void PlotView::show_pointer() {
   }
 }
 
-std::optional<Qt::CursorShape> PlotView::pointer() const {
+std::optional<Qt::CursorShape> PlotView::cursor_shape() const {
   if (m_busy) return std::nullopt;
   switch (pointer_at(state(), m_mouse ? std::optional(twips(*m_mouse)) : std::nullopt)) {
     case PointerKind::kPlain:

@@ -2,7 +2,7 @@
 // belong to the plot.
 //
 // Its object name is "PicGraph". A screen reader finds a chart whose name is the title and whose
-// description tells curves, points and limits, and below it the items and regions that there are.
+// description gives curves, points and limits, with the hit targets that are shown as children.
 #pragma once
 
 #include <KurvGraph/picture.h>
@@ -28,29 +28,29 @@ class PlotView final : public QWidget {
   // Both must outlive the view.
   PlotView(Client& client, const Picture& picture, QWidget* parent);
 
-  // While the hourglass of the widget around is on, no pointer of the plot's own hides it.
+  // While the surrounding widget shows the hourglass, the plot sets no cursor of its own.
   void set_busy(bool busy);
   // After the picture may have changed.
   void picture_changed();
   // After the document may have changed; costs next to nothing where it has not.
   void describe();
 
-  // Where the keyboard's focus is, and what it does there.
+  // The target with the keyboard's focus.
   std::optional<HitTarget> focused() const;
   void focus_on(const HitTarget& target);
-  // As a double click does, once the current event is over.
+  // Opens the target's editor, as a double click does, after the current event.
   void edit(const HitTarget& target);
   // Both in pixels of the view.
   QRect bounds_of(const HitTarget& target) const;
   std::optional<HitTarget> target_under(QPointF at) const;
-  // On the screen: beside what has the focus, else in the middle.
+  // Where the keyboard opens the menu, on the screen: at the focused target, else in the middle.
   QPoint menu_point() const;
 
   Client& client() const { return m_client; }
   const ControlState& state() const { return m_client.control().state(); }
 
  Q_SIGNALS:
-  // A right click is over.
+  // A right click has been released.
   void menu_wanted(QPoint at_on_screen);
 
  protected:
@@ -78,14 +78,14 @@ class PlotView final : public QWidget {
   using RoutePress = bool (*)(ControlState&, MouseButton, SurfacePoint);
   void take_press(QMouseEvent& event, RoutePress route);
   void end_drag();
-  void later(const std::function<void(ControlState&)>& work);
-  void show_pointer();
-  std::optional<Qt::CursorShape> pointer() const;
+  void run_later(const std::function<void(ControlState&)>& work);
+  void update_cursor();
+  std::optional<Qt::CursorShape> cursor_shape() const;
   void show_tip(const QPoint& at, const QPoint& on_screen);
 
-  void reach(const std::optional<HitTarget>& target);
-  bool wants(const QKeyEvent& event) const;
-  // Where the focused item goes by this key, if it does; twips.
+  void set_focused(const std::optional<HitTarget>& target);
+  bool handles(const QKeyEvent& event) const;
+  // How far the key moves the focused item, in twips; nothing for other keys.
   std::optional<SurfacePoint> step_of(const QKeyEvent& event) const;
   void move_focused(SurfacePoint step);
 

@@ -1,4 +1,4 @@
-// The keyboard on the plot: Tab walks its targets, and what the mouse does there the keys do too.
+// The keyboard on the plot: Tab visits the hit targets, and keys do there what the mouse does.
 #include <QAccessible>
 #include <QKeyEvent>
 #include <algorithm>
@@ -36,52 +36,54 @@ std::optional<HitTarget> PlotView::focused() const {
 
 void PlotView::focus_on(const HitTarget& target) {
   setFocus(Qt::OtherFocusReason);
-  reach(target);
+  set_focused(target);
 }
 
-void PlotView::reach(const std::optional<HitTarget>& target) {
+void PlotView::set_focused(const std::optional<HitTarget>& target) {
   m_focused = target;
   update();
-  tell_focus(*this);
+  notify_focus(*this);
 }
 
 bool PlotView::focusNextPrevChild(bool next) {
   std::vector<HitTarget> targets = targets_in_tab_order(state());
   if (!next) std::reverse(targets.begin(), targets.end());
-  const auto here =
+  const auto current =
       m_focused ? std::find(targets.begin(), targets.end(), *m_focused) : targets.end();
-  // From the plot as a whole the way forward leads into it, and the way back out of it.
-  const auto there = here != targets.end() ? here + 1 : next ? targets.begin() : targets.end();
-  if (there == targets.end()) return QWidget::focusNextPrevChild(next);
-  reach(*there);
+  // Without a focused target, Tab goes to the first one and Shift+Tab leaves the plot.
+  const auto next_target = current != targets.end() ? current + 1
+                           : next                   ? targets.begin()
+                                                    : targets.end();
+  if (next_target == targets.end()) return QWidget::focusNextPrevChild(next);
+  set_focused(*next_target);
   return true;
 }
 
 void PlotView::focusInEvent(QFocusEvent* event) {
   const std::vector<HitTarget> targets = targets_in_tab_order(state());
-  if (event->reason() == Qt::TabFocusReason) reach(targets.front());
-  if (event->reason() == Qt::BacktabFocusReason) reach(targets.back());
+  if (event->reason() == Qt::TabFocusReason) set_focused(targets.front());
+  if (event->reason() == Qt::BacktabFocusReason) set_focused(targets.back());
   QWidget::focusInEvent(event);
 }
 
-// A menu, a dialog or another program has the focus for a while only.
+// Menus, dialogs and other programs take the focus temporarily; the target then stays focused.
 void PlotView::focusOutEvent(QFocusEvent* event) {
   const Qt::FocusReason reason = event->reason();
-  const bool for_a_while = reason == Qt::PopupFocusReason || reason == Qt::ActiveWindowFocusReason;
-  if (!for_a_while) m_focused.reset();
+  const bool is_temporary = reason == Qt::PopupFocusReason || reason == Qt::ActiveWindowFocusReason;
+  if (!is_temporary) m_focused.reset();
   QWidget::focusOutEvent(event);
 }
 
-bool PlotView::wants(const QKeyEvent& event) const {
+bool PlotView::handles(const QKeyEvent& event) const {
   if (is_escape(event)) return state().mouse.drag || focused();
   return (is_enter(event) && focused()) || step_of(event);
 }
 
 void PlotView::keyPressEvent(QKeyEvent* event) {
   const std::optional<HitTarget> target = focused();
-  if (!wants(*event)) return QWidget::keyPressEvent(event);
+  if (!handles(*event)) return QWidget::keyPressEvent(event);
   if (is_escape(*event)) {
-    state().mouse.drag ? end_drag() : reach(std::nullopt);
+    state().mouse.drag ? end_drag() : set_focused(std::nullopt);
   } else if (is_enter(*event)) {
     edit(*target);
   } else {

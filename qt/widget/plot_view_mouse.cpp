@@ -60,7 +60,7 @@ void PlotView::take_press(QMouseEvent& event, RoutePress route) {
     m_mouse = m_pressed_at = event.position();
     m_focused.reset();
   }
-  show_pointer();
+  update_cursor();
   update();
 }
 
@@ -74,7 +74,7 @@ void PlotView::mouseMoveEvent(QMouseEvent* event) {
     // The release went elsewhere, such as to a message box.
     end_drag();
   }
-  show_pointer();
+  update_cursor();
 }
 
 void PlotView::mouseReleaseEvent(QMouseEvent* event) {
@@ -96,29 +96,29 @@ void PlotView::mouseReleaseEvent(QMouseEvent* event) {
     });
   }
   if (!alive) return;
-  show_pointer();
+  update_cursor();
   update();
   // Only now: a window that opened at the second press would take the release away from the plot.
   if (const std::optional<DoubleClick> click = release.double_click) {
-    later([click](ControlState& state) { open_double_click(state, *click); });
+    run_later([click](ControlState& state) { open_double_click(state, *click); });
   }
   if (button == MouseButton::kRight) Q_EMIT menu_wanted(on_screen);
 }
 
 void PlotView::end_drag() {
   cancel_drag(control_state());
-  show_pointer();
+  update_cursor();
   update();
 }
 
 void PlotView::leaveEvent(QEvent*) {
   m_mouse.reset();
-  show_pointer();
+  update_cursor();
 }
 
 void PlotView::hideEvent(QHideEvent*) {
   cancel_gestures(control_state());
-  show_pointer();
+  update_cursor();
   update();
 }
 

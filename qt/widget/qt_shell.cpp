@@ -19,7 +19,7 @@ namespace {
 // The bit of a save dialog's flags that asks before a file is replaced.
 constexpr int kOverwritePrompt = 2;
 
-// A dialog that may be gone by the time it has been answered, together with the window below it.
+// A dialog that may be destroyed, together with its parent, before it is answered.
 template <class Dialog>
 class Modal {
  public:
@@ -33,7 +33,7 @@ class Modal {
 
   // What exec() returned, or `gone`.
   int answer(int gone) {
-    // The dialog is there now; it may be gone when its event loop ends.
+    // The dialog exists now; it may be destroyed when its event loop ends.
     // cppcheck-suppress nullPointerRedundantCheck
     const int result = m_dialog->exec();
     return m_dialog ? result : gone;
@@ -44,7 +44,7 @@ class Modal {
   QPointer<Dialog> m_dialog;
 };
 
-bool somebody_can_answer() {
+bool can_show_dialogs() {
   return QCoreApplication::instance() && !QCoreApplication::closingDown();
 }
 
@@ -95,7 +95,7 @@ QStringList name_filters(std::string_view filter) {
     QStringList patterns = parts[i + 1].split(u';', Qt::SkipEmptyParts);
     for (QString& pattern : patterns) {
       pattern = pattern.trimmed();
-      // A name needs no dot here to be any name.
+      // In Qt *.* would match only names with a dot.
       if (pattern == QLatin1String("*.*")) pattern = QStringLiteral("*");
     }
     // The toolkit takes the patterns from the parentheses at the end of a caption.
@@ -115,14 +115,15 @@ QString extension_of(const QString& name_filter, const QString& otherwise) {
   return known ? extension : otherwise;
 }
 
-QWidget* front_of(const QWidget* owner) {
+QWidget* dialog_parent(const QWidget* owner) {
   if (!owner) return nullptr;
   QWidget* const own = owner->window();
   QWidget* const modal = QApplication::activeModalWidget();
   QWidget* const front = modal ? modal : QApplication::activeWindow();
-  // A window that has been closed may still count as the active one until it is gone.
+  // A closed window may stay the active one until it is destroyed.
   if (!front || !front->isVisible()) return own;
-  // A dialog behind a modal one could not be answered; one before a stranger's would go with it.
+  // A dialog behind a modal one could not be answered, and one with a parent of another window
+  // would be destroyed with that.
   for (QWidget* widget = front; widget; widget = widget->parentWidget()) {
     if (widget == own) return front;
   }
@@ -131,8 +132,8 @@ QWidget* front_of(const QWidget* owner) {
 
 Answer QtShell::message_box(std::string_view text, int flags, std::string_view title) {
   const bool question = flags == kYesNoQuestion;
-  if (!somebody_can_answer()) return question ? Answer::kNo : Answer::kOk;
-  Modal<QMessageBox> box(front_of(m_owner));
+  if (!can_show_dialogs()) return question ? Answer::kNo : Answer::kOk;
+  Modal<QMessageBox> box(dialog_parent(m_owner));
   box->setIcon(icon_of(flags));
   box->setWindowTitle(shown_text(title));
   box->setTextFormat(Qt::PlainText);
@@ -150,8 +151,8 @@ Answer QtShell::message_box(std::string_view text, int flags, std::string_view t
 
 String QtShell::input_prompt(std::string_view text, std::string_view title,
                              std::string_view default_text) {
-  if (!somebody_can_answer()) return {};
-  Modal<QInputDialog> prompt(front_of(m_owner));
+  if (!can_show_dialogs()) return {};
+  Modal<QInputDialog> prompt(dialog_parent(m_owner));
   prompt->setInputMode(QInputDialog::TextInput);
   prompt->setWindowTitle(shown_text(title));
   prompt->setLabelText(shown_text(text));
@@ -161,12 +162,12 @@ String QtShell::input_prompt(std::string_view text, std::string_view title,
 }
 
 void QtShell::beep() {
-  if (somebody_can_answer()) QApplication::beep();
+  if (can_show_dialogs()) QApplication::beep();
 }
 
 FileChoice QtShell::open_file(const OpenDialog& settings) {
-  if (!somebody_can_answer()) return {};
-  Modal<QFileDialog> dialog(front_of(m_owner));
+  if (!can_show_dialogs()) return {};
+  Modal<QFileDialog> dialog(dialog_parent(m_owner));
   if (!settings.title.empty()) dialog->setWindowTitle(shown_text(settings.title));
   dialog->setAcceptMode(QFileDialog::AcceptOpen);
   dialog->setFileMode(QFileDialog::ExistingFile);
@@ -175,8 +176,8 @@ FileChoice QtShell::open_file(const OpenDialog& settings) {
 }
 
 FileChoice QtShell::save_file(const SaveDialog& settings) {
-  if (!somebody_can_answer()) return {};
-  Modal<QFileDialog> dialog(front_of(m_owner));
+  if (!can_show_dialogs()) return {};
+  Modal<QFileDialog> dialog(dialog_parent(m_owner));
   if (!settings.title.empty()) dialog->setWindowTitle(shown_text(settings.title));
   dialog->setAcceptMode(QFileDialog::AcceptSave);
   dialog->setFileMode(QFileDialog::AnyFile);
@@ -187,12 +188,12 @@ FileChoice QtShell::save_file(const SaveDialog& settings) {
 }
 
 std::optional<Font> QtShell::choose_font(const Font& preset) {
-  if (!somebody_can_answer()) return {};
+  if (!can_show_dialogs()) return {};
   QFont font(QString::fromStdString(preset.FontName));
   if (preset.FontSize > 0) font.setPointSizeF(preset.FontSize);
   font.setBold(preset.FontBold);
   font.setItalic(preset.FontItalic);
-  Modal<QFontDialog> dialog(front_of(m_owner));
+  Modal<QFontDialog> dialog(dialog_parent(m_owner));
   dialog->setCurrentFont(font);
   if (!dialog.accepted()) return {};
   const QFont chosen = dialog->selectedFont();
@@ -200,10 +201,10 @@ std::optional<Font> QtShell::choose_font(const Font& preset) {
               chosen.italic()};
 }
 
-// The toolkit offers an image in every format that it can write, PNG and BMP among them. It takes
-// the place of what was there in one go; only where there is none, the clipboard is emptied.
+// Qt offers an image in every format that it can write, PNG and BMP among them. setImage() replaces
+// the content in one step; without an image the clipboard is cleared.
 void QtShell::copy_picture(std::string_view bitmap) {
-  if (!somebody_can_answer()) return;
+  if (!can_show_dialogs()) return;
   QClipboard* const clipboard = QApplication::clipboard();
   QImage image;
   if (image.loadFromData(reinterpret_cast<const uchar*>(bitmap.data()),
@@ -219,7 +220,7 @@ void QtShell::load_windows() {
 }
 
 void QtShell::show_window(Window window, Integer page) {
-  if (m_client && somebody_can_answer()) kurv::show_window(window, *m_client, page);
+  if (m_client && can_show_dialogs()) kurv::show_window(window, *m_client, page);
 }
 
 void QtShell::unload_windows() {

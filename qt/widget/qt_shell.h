@@ -23,19 +23,18 @@ QStringList name_filters(std::string_view filter);
 // `otherwise` where it has none.
 QString extension_of(const QString& name_filter, const QString& otherwise);
 
-// Where a dialog of something in `owner` belongs: before the dialog of the same window that the
-// user has in front, else before the window itself. Null where there is no owner.
-QWidget* front_of(const QWidget* owner);
+// The parent for a dialog that concerns `owner`: the active dialog of the owner's window, else that
+// window. Null without an owner.
+QWidget* dialog_parent(const QWidget* owner);
 
-// Dialogs stand before the window that `owner` is in, or before the dialog of that window in which
-// the user is. When that one goes away under an open dialog, or the application has ended already,
-// the answer is No or nothing.
+// The desktop of a widget. Dialogs open in front of dialog_parent(owner). When that is destroyed
+// under an open dialog, or the application has ended already, the answer is No or nothing.
 class QtShell final : public Shell {
  public:
-  // The windows show `client`; without one they are none of this shell's business.
+  // The shared windows serve `client`; without one this shell shows none.
   explicit QtShell(QWidget& owner, Client* client = nullptr) : m_owner(&owner), m_client(client) {}
 
-  // Later dialogs stand alone.
+  // Later dialogs have no parent.
   void leave_window() { m_owner.clear(); }
 
   Answer message_box(std::string_view text, int flags, std::string_view title) override;

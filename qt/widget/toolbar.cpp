@@ -16,7 +16,7 @@ namespace {
 struct Entry {
   const char* key;
   const char* tip;
-  const char* image;  // null: no picture
+  const char* image;  // null: a divider
 };
 
 constexpr Entry kEntries[] = {
@@ -32,7 +32,7 @@ QString object_name(const QString& key) {
   return QStringLiteral("tbrGraph.") + key;
 }
 
-// A button that looks like the line between two groups.
+// A button that looks like a separator.
 class Divider final : public QToolButton {
  public:
   using QToolButton::QToolButton;
@@ -44,7 +44,7 @@ class Divider final : public QToolButton {
 
  protected:
   void paintEvent(QPaintEvent*) override {
-    // The styles' own separators all but vanish on dark desktops.
+    // The styles' own separators are hardly visible on dark desktops.
     QColor colour = palette().color(QPalette::ButtonText);
     colour.setAlphaF(0.3f);
     const QRect line(width() / 2, height() / 6, 1, height() - height() / 6 * 2);
@@ -67,12 +67,12 @@ Toolbar::Toolbar(const std::function<void(const QString&)>& press, QWidget* pare
       add_divider();
     }
   }
-  // What opens the menu of the buttons that a narrow toolbar has no room for.
-  m_more = findChild<QToolButton*>(QStringLiteral("qt_toolbar_ext_button"));
-  if (m_more) m_more->setAccessibleName(QStringLiteral("More"));
-  set_reachable(true);
+  // Opens the menu with the buttons that do not fit in a narrow toolbar.
+  m_overflow_button = findChild<QToolButton*>(QStringLiteral("qt_toolbar_ext_button"));
+  if (m_overflow_button) m_overflow_button->setAccessibleName(QStringLiteral("More"));
+  set_tab_stops(true);
   ensurePolished();
-  dress();
+  update_icons();
 }
 
 void Toolbar::add_button(const QString& key, const QString& tip, const QString& image) {
@@ -86,7 +86,7 @@ void Toolbar::add_button(const QString& key, const QString& tip, const QString& 
   connect(action, &QAction::triggered, this, [this, key] { m_press(key); });
 }
 
-// It is pressed as any other, but it is no place for the focus: it does nothing.
+// It can be pressed as any other button, but gets no focus, because its command does nothing.
 void Toolbar::add_divider() {
   const QString key = QStringLiteral("design");
   auto* const button = new Divider(this);
@@ -97,21 +97,21 @@ void Toolbar::add_divider() {
   addWidget(button);
 }
 
-int Toolbar::wanted_height() const {
+int Toolbar::preferred_height() const {
   return (sizeHint().height() + 3) / 4 * 4;
 }
 
-void Toolbar::set_reachable(bool on) {
+void Toolbar::set_tab_stops(bool on) {
   for (QAction* action : actions()) {
     const bool does_something = !action->data().isNull();
     widgetForAction(action)->setFocusPolicy(on && does_something ? Qt::TabFocus : Qt::NoFocus);
   }
-  if (!m_more) return;
-  m_more->setFocusPolicy(on ? Qt::TabFocus : Qt::NoFocus);
-  setTabOrder(widgetForAction(actions().last()), m_more);
+  if (!m_overflow_button) return;
+  m_overflow_button->setFocusPolicy(on ? Qt::TabFocus : Qt::NoFocus);
+  setTabOrder(widgetForAction(actions().last()), m_overflow_button);
 }
 
-void Toolbar::dress() {
+void Toolbar::update_icons() {
   const int of_style = style()->pixelMetric(QStyle::PM_ToolBarIconSize, nullptr, this);
   const int of_font = fontMetrics().height() * 5 / 4;
   const int side = std::max(of_style, of_font);
@@ -128,7 +128,7 @@ void Toolbar::changeEvent(QEvent* event) {
     case QEvent::FontChange:
     case QEvent::PaletteChange:
     case QEvent::StyleChange:
-      dress();
+      update_icons();
       break;
     default:
       break;

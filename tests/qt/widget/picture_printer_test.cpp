@@ -118,7 +118,7 @@ TEST_F(PrinterPage, AFileThatCannotBeOpenedIsRefused) {
 
 TEST_F(PrinterPage, OnlyAFileWithAllOfItsBytesIsWhole) {
   print(black(360, 260), "caption");
-  EXPECT_TRUE(is_whole_pdf(path()));
+  EXPECT_TRUE(is_complete_pdf(path()));
   QFile file(path());
   ASSERT_TRUE(file.open(QIODevice::ReadOnly));
   const QByteArray whole = file.readAll();
@@ -130,12 +130,12 @@ TEST_F(PrinterPage, OnlyAFileWithAllOfItsBytesIsWhole) {
   };
   for (const qsizetype length : {qsizetype(0), qsizetype(10), whole.size() / 2, whole.size() - 9}) {
     write(whole.left(length));
-    EXPECT_FALSE(is_whole_pdf(path())) << length;
+    EXPECT_FALSE(is_complete_pdf(path())) << length;
   }
   write(whole.left(200) + whole.mid(300));
-  EXPECT_FALSE(is_whole_pdf(path())) << "a hole in the middle";
-  EXPECT_FALSE(is_whole_pdf(m_folder.filePath("missing.pdf")));
-  EXPECT_FALSE(is_whole_pdf("/dev/full")) << "which would be read without end";
+  EXPECT_FALSE(is_complete_pdf(path())) << "a hole in the middle";
+  EXPECT_FALSE(is_complete_pdf(m_folder.filePath("missing.pdf")));
+  EXPECT_FALSE(is_complete_pdf("/dev/full")) << "which would be read without end";
 }
 
 }  // namespace
