@@ -33,8 +33,8 @@ struct DragHost : TestHost {
   }
 
   ControlState& state() { return control.state(); }
-  // The places of legend, title and subtitle.
-  std::vector<Single> places() {
+  // The positions of legend, title and subtitle.
+  std::vector<Single> positions() {
     std::vector<Single> all;
     for (const ItemCase& item : kItems) {
       all.push_back((layout().*item.rect).left);
@@ -69,7 +69,7 @@ TEST(Items, EdgesBelongToThem) {
   }
 }
 
-TEST(Items, TheLaterPaintedLiesAbove) {
+TEST(Items, TheLaterPaintedIsOnTop) {
   DragHost host;
   for (const ItemCase& item : kItems) {
     (host.layout().*item.rect).left = 3000;
@@ -95,12 +95,12 @@ TEST(Items, ThatAreNotShownCannotBeGrabbed) {
   host.document().y_visible(1) = Boolean::from_bits(1);  // drawn, but not listed
   host.control.build_the_graph();
   host.surface.clear_log();
-  const std::vector<Single> before = host.places();
+  const std::vector<Single> before = host.positions();
   for (const ItemCase& item : kItems) {
     EXPECT_FALSE(is_shown(host.state(), item.item));
     host.control.drag(item.item, {0, 0}, {3000, 3000});
   }
-  EXPECT_EQ(host.places(), before);
+  EXPECT_EQ(host.positions(), before);
   EXPECT_EQ(host.redraws(), 0);
 }
 
@@ -127,12 +127,12 @@ TEST(Items, CanBeLookedForWhereACountIsWrong) {
 TEST(Drag, KeepsTheGrabbedPointUnderThePointerAndMovesThatItemAlone) {
   for (const ItemCase& item : kItems) {
     DragHost host;
-    std::vector<Single> expected = host.places();
+    std::vector<Single> expected = host.positions();
     const auto index = static_cast<std::size_t>(&item - kItems);
     host.control.drag(item.item, {30.5F, 20}, {5000, 6000.25F});
     expected[2 * index] = 4969.5F;
     expected[2 * index + 1] = 5980.25F;
-    EXPECT_EQ(host.places(), expected) << item.name;
+    EXPECT_EQ(host.positions(), expected) << item.name;
     EXPECT_EQ(host.redraws(), 1);
     EXPECT_FALSE(host.control.GraphSaved());
   }
@@ -185,7 +185,7 @@ TEST(Drag, BeyondTheFarEdgesTheRedrawBringsTheItemBack) {
 
 TEST(Drag, ToAPlaceThatNoSingleHoldsOverflows) {
   DragHost host;
-  const std::vector<Single> before = host.places();
+  const std::vector<Single> before = host.positions();
   const Single huge = std::numeric_limits<Single>::max();
   for (const SurfacePoint grab : {SurfacePoint{-huge, 0}, {0, -huge}}) {
     try {
@@ -194,7 +194,7 @@ TEST(Drag, ToAPlaceThatNoSingleHoldsOverflows) {
     } catch (const Fault& fault) {
       EXPECT_EQ(fault.kind(), FaultKind::kOverflow);
     }
-    EXPECT_EQ(host.places(), before);
+    EXPECT_EQ(host.positions(), before);
   }
   host.layout().picLegend.left = huge;
   EXPECT_THROW(host.control.drag(Item::kTitle, {0, 0}, {huge, 0}, Item::kLegend), Fault);
@@ -211,13 +211,13 @@ TEST(Drag, MovesAlsoWhereTheRedrawFails) {
 TEST(Drag, LastsUntilRefresh) {
   DragHost host;
   host.control.ChartOptions("refresh");
-  const std::vector<Single> home = host.places();
+  const std::vector<Single> home = host.positions();
   for (const ItemCase& item : kItems) host.control.drag(item.item, {0, 0}, {3000, 3000});
   host.control.build_the_graph();
   host.control.resize();
-  EXPECT_EQ(host.places(), std::vector<Single>(6, 3000));
+  EXPECT_EQ(host.positions(), std::vector<Single>(6, 3000));
   host.control.ChartOptions("refresh");
-  EXPECT_EQ(host.places(), home);
+  EXPECT_EQ(host.positions(), home);
 }
 
 TEST(Drag, ToNoPlaceAtAllIsDrawnAsNothing) {

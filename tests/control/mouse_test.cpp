@@ -18,7 +18,7 @@ using Log = std::vector<std::string>;
 
 constexpr Rect kFar{20000, 20000, 0, 0};
 
-// A drawn graph with all three items; what a test does not place lies far away.
+// A drawn graph with all three items; what a test does not place is far away.
 struct MouseHost : TestHost {
   MouseHost() {
     load({1, 2}, {3, 4});
@@ -42,7 +42,7 @@ struct MouseHost : TestHost {
   }
   void press(Single x, Single y) { control.press_mouse(1, 0, x, y); }
   void release(Single x, Single y) { control.release_mouse(1, 0, x, y); }
-  // What a user does: the second press is told as the double click.
+  // What a user does: the second press is reported as the double click.
   void double_click(Single x, Single y) {
     press(x, y);
     release(x, y);
@@ -132,7 +132,7 @@ TEST(Regions, FrameHasTwoOutlinesAndTheOthersOne) {
   }
 }
 
-TEST(Press, MarksTheRegionThatItLiesIn) {
+TEST(Press, MarksTheRegionThatContainsIt) {
   for (const RegionCase& band : kBands) {
     MouseHost host;
     host.clear_regions();
@@ -228,7 +228,7 @@ TEST(Release, BelongsToWhereThePressWas) {
   EXPECT_EQ(host.container.mouse_ups, 1) << "that press is over";
 }
 
-TEST(Release, AfterADropBelongsToWhatLiesThere) {
+TEST(Release, AfterADropBelongsToWhatIsThere) {
   MouseHost host;
   host.press(middle(host.layout().imgTitle).x, middle(host.layout().imgTitle).y);
   drop(host.control.state(), Item::kTitle, {5000, 5000});

@@ -3,7 +3,7 @@
 
 #include <gmock/gmock.h>
 
-#include "tests/qt/widget/hands.h"
+#include "tests/qt/widget/plot_test.h"
 #include "tests/qt/widget/user.h"
 
 namespace kurv::test {

@@ -1,4 +1,4 @@
-// The hosted control's place, files, pictures and end.
+// The hosted control's placement, files, pictures and end.
 #include "tests/app/host/host_fixture.h"
 
 namespace kurv::app {

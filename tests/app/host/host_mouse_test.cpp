@@ -26,7 +26,7 @@ class HostMouse : public Host {
       return line.toString().startsWith(start);
     });
   }
-  // Where the title stands, as it is drawn.
+  // The drawn title with its position.
   QString title() {
     QString line;
     for (const QJsonValue entry : drawn()) {

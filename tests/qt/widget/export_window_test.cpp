@@ -24,9 +24,9 @@
 namespace kurv::test {
 namespace {
 
-// While it lives, looks again and again for open dialogs and lets `answer` deal with them. Each
-// look has a timer of its own: an answer may open the next dialog before it returns, and a timer
-// that is being served does not tick.
+// While it exists, polls for open dialogs and passes them to `answer`. Each poll has its own timer:
+// an answer may open the next dialog before it returns, and a timer does not fire inside its own
+// slot.
 class Answering : public QObject {
  public:
   explicit Answering(std::function<void(QWidget&)> answer) : m_answer(std::move(answer)) {
@@ -62,7 +62,7 @@ class ExportWindow : public testing::Test {
     return file.readAll();
   }
 
-  // Another program's look at things, while this one goes on to serve it.
+  // Runs another program while this one goes on handling events.
   static QByteArray output_of(const QString& tool, const QStringList& arguments) {
     QProcess process;
     process.start(tool, arguments);
@@ -171,7 +171,7 @@ TEST_F(ExportWindow, ACancelledPrintPrintsNothing) {
 }
 
 TEST_F(ExportWindow, APrintThatFallsShortIsATypedError) {
-  // The limit makes a write fall short just as a full disk does.
+  // The limit truncates a write as a full disk does.
   rlimit before{};
   getrlimit(RLIMIT_FSIZE, &before);
   const auto handler = std::signal(SIGXFSZ, SIG_IGN);

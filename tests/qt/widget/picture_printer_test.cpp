@@ -77,7 +77,7 @@ TEST_F(PrinterPage, APictureFillsWhatTheMarginsLeaveAndKeepsItsShape) {
   expect_near(ink(page()), QRect(199, 20, 3, 260));
 }
 
-TEST_F(PrinterPage, ACaptionStandsBelowThePicture) {
+TEST_F(PrinterPage, ACaptionIsBelowThePicture) {
   print(black(360, 260), "Below the picture");
   const QByteArray text = run("pdftotext", {"page.pdf", "-"});
   EXPECT_TRUE(text.contains("Below the picture")) << text.toStdString();

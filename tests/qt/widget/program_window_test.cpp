@@ -35,7 +35,7 @@ WId wait_for_window(const QString& text, const QString& what = "--name") {
   return id;
 }
 
-// As by the window's own button for it.
+// As the window's close button does.
 void close_window(WId id) {
   output_of("wmctrl", {"-i", "-c", QString::number(id)});
 }
@@ -73,7 +73,7 @@ QString title(const char* file) {
   return QString(file) + QStringLiteral(" .*kurv");
 }
 
-// Where in a window the picture is; menus and bars stand around it.
+// The rectangle of the picture in a window, without menus and bars.
 bool shows(WId id, const QImage& picture) {
   const QImage shot = QGuiApplication::primaryScreen()->grabWindow(id).toImage().convertToFormat(
       QImage::Format_RGB32);

@@ -25,7 +25,7 @@ using testing::ElementsAre;
 
 constexpr const char* kFilter = "Graph files (*.gdf)|*.gdf|All files (*.*)|*.*";
 
-// Waits for a dialog of this kind and hands it over, once.
+// Waits for a dialog of this kind and passes it on, once.
 template <class Dialog>
 class Answering {
  public:

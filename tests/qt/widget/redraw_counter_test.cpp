@@ -6,7 +6,7 @@
 namespace kurv {
 namespace {
 
-// A surface that knows how to draw many at once.
+// A surface with its own batch calls.
 class FastSurface final : public PlotSurface {
  public:
   int polylines = 0;
@@ -49,7 +49,7 @@ class FastSurface final : public PlotSurface {
   Font m_font;
 };
 
-TEST(RedrawCounter, PassesOnWhatIsDrawnAtOnce) {
+TEST(RedrawCounter, PassesOnBatchesAsTheyAre) {
   FastSurface target;
   RedrawCounter counter(target);
   const std::vector<Single> places = {1, 2, 3};
@@ -69,7 +69,7 @@ TEST(RedrawCounter, PassesOnWhatIsDrawnAtOnce) {
   EXPECT_EQ(figures, 1);
 }
 
-TEST(RedrawCounter, CountsRedrawsSinceTheLastQuestion) {
+TEST(RedrawCounter, CountsRedrawsSinceTheLastCall) {
   RecordingSurface target(100, 100);
   RedrawCounter counter(target);
   counter.Cls();

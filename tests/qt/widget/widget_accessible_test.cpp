@@ -4,14 +4,14 @@
 #include <QAccessible>
 
 #include "qt/widget/plot_description.h"
-#include "tests/qt/widget/hands.h"
+#include "tests/qt/widget/plot_test.h"
 
 namespace kurv::test {
 namespace {
 
 using testing::ElementsAre;
 
-class WidgetAccessible : public HandsTest {
+class WidgetAccessible : public PlotTest {
  protected:
   QAccessibleInterface& plot() { return *QAccessible::queryAccessibleInterface(&m_plot); }
   std::string description() { return plot().text(QAccessible::Description).toStdString(); }
@@ -25,7 +25,7 @@ TEST_F(WidgetAccessible, ThePlotIsAChartWithItsTitleForAName) {
   EXPECT_EQ(plot().text(QAccessible::Name), "Graph");
 }
 
-TEST_F(WidgetAccessible, ItsDescriptionTellsWhatIsDrawn) {
+TEST_F(WidgetAccessible, ItsDescriptionSaysWhatIsDrawn) {
   EXPECT_EQ(description(), "2 curves, 3 points, x 1 to 3, y 1 to 5");
   m_graph.add_function("x^2");
   EXPECT_EQ(description(), "3 curves, 3 points, x 1 to 3, y 1 to 5");
@@ -78,7 +78,7 @@ TEST_F(WidgetAccessible, ItemsAndRegionsAreItsChildrenInTheOrderOfTab) {
   EXPECT_EQ(plot().child(7), nullptr);
 }
 
-TEST_F(WidgetAccessible, AChildIsFoundWhereItStands) {
+TEST_F(WidgetAccessible, AChildIsFoundAtItsPosition) {
   const QPoint legend = m_plot.mapToGlobal(middle(m_graph.layout().picLegend));
   ASSERT_NE(plot().childAt(legend.x(), legend.y()), nullptr);
   EXPECT_EQ(plot().childAt(legend.x(), legend.y())->text(QAccessible::Name), "Legend");

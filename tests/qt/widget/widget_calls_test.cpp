@@ -1,4 +1,4 @@
-// What the control asks of the widget, and what the widget tells of the mouse.
+// The widget as the control's container, and the event of the mouse.
 #include <gmock/gmock.h>
 
 #include <QTest>
@@ -78,7 +78,7 @@ TEST(WidgetCalls, TheHourglassGoesWhenTheCommandIsDoneAndStaysWhenItFails) {
   EXPECT_EQ(graph.cursor().shape(), Qt::ArrowCursor);
 }
 
-TEST(WidgetCalls, AReleasedButtonIsToldInTwips) {
+TEST(WidgetCalls, AReleasedButtonIsReportedInTwips) {
   KurvGraph graph;
   resize_plot(graph, {400, 300});
   graph.show();

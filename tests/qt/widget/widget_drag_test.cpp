@@ -1,15 +1,15 @@
-// Title, subtitle and legend on the mouse.
+// Dragging title, subtitle and legend.
 #include <gmock/gmock.h>
 
 #include <QApplication>
 #include <QMenu>
 
-#include "tests/qt/widget/hands.h"
+#include "tests/qt/widget/plot_test.h"
 
 namespace kurv::test {
 namespace {
 
-class WidgetDrag : public HandsTest {
+class WidgetDrag : public PlotTest {
  protected:
   Rect& legend() { return m_graph.layout().picLegend; }
   QImage shot() { return m_plot.grab().toImage(); }
@@ -45,7 +45,7 @@ TEST_F(WidgetDrag, TheOutlineFollowsThePointerAndDrawsNothingAnew) {
   EXPECT_EQ(shot().convertToFormat(QImage::Format_RGB32), m_graph.image()) << "no outline is left";
 }
 
-TEST_F(WidgetDrag, ATremblingHandIsNoDrag) {
+TEST_F(WidgetDrag, AMoveWithinTheThresholdIsNoDrag) {
   const Rect before = legend();
   const QPoint grab = middle(before);
   m_mouse.drag(grab, grab + QPoint(QApplication::startDragDistance() - 1, 0));
@@ -78,7 +78,7 @@ TEST_F(WidgetDrag, OnlyTheLeftButtonDrags) {
   EXPECT_EQ(m_listener.redraws_since(), 0);
 }
 
-TEST_F(WidgetDrag, OtherButtonsHaveNoSayMeanwhile) {
+TEST_F(WidgetDrag, OtherButtonsAreIgnoredMeanwhile) {
   const Rect before = legend();
   const QPoint grab = middle(before);
   int ups = 0;
@@ -91,7 +91,7 @@ TEST_F(WidgetDrag, OtherButtonsHaveNoSayMeanwhile) {
   EXPECT_FLOAT_EQ(legend().left, before.left + 1500);
 }
 
-TEST_F(WidgetDrag, AButtonThatCameMeanwhileHasNoSayAfterwardsEither) {
+TEST_F(WidgetDrag, AButtonPressedMeanwhileIsIgnoredUntilItsNextPress) {
   const QPoint grab = middle(legend());
   int ups = 0;
   QObject::connect(&m_graph, &KurvGraph::MouseUp, [&] { ++ups; });
@@ -120,7 +120,7 @@ TEST_F(WidgetDrag, EscapeLeavesTheItemWhereItWas) {
   EXPECT_EQ(m_listener.redraws_since(), 0);
 }
 
-TEST_F(WidgetDrag, AReleaseThatNobodyHasToldEndsIt) {
+TEST_F(WidgetDrag, AMissedReleaseEndsIt) {
   const Rect before = legend();
   m_mouse.press(middle(before));
   m_mouse.move({300, 300});
@@ -147,7 +147,7 @@ TEST_F(WidgetDrag, ADropOnAnotherItemOrOnItselfMovesItThereAsWell) {
   EXPECT_NEAR(legend().top, before.top + 45, 0.1);
 }
 
-TEST_F(WidgetDrag, ADropBeyondTheTopLeftEdgeIsNotHeldBack) {
+TEST_F(WidgetDrag, ADropBeyondTheTopLeftEdgeIsNotClamped) {
   const Rect before = legend();
   const QPoint grab = middle(before);
   m_mouse.drag(grab, {-50, -30});
@@ -176,14 +176,14 @@ TEST_F(WidgetDrag, WithoutACurveInTheLegendThereIsNoneToGrab) {
   EXPECT_EQ(legend().left, before.left);
 }
 
-TEST_F(WidgetDrag, ADropThatFailsIsTold) {
+TEST_F(WidgetDrag, ADropThatFailsIsReported) {
   m_graph.set_NumTicks(0);
   m_mouse.drag(middle(legend()), {300, 300});
   process_all();
   EXPECT_THAT(m_listener.errors, testing::ElementsAre(11));
 }
 
-TEST_F(WidgetDrag, WhatStandsOutsideIsPointedAtFromTheNearestEdge) {
+TEST_F(WidgetDrag, AnItemOutsideIsOutlinedAtTheNearestEdge) {
   m_plot.setFocus();
   for (const float far : {1e30f, -1e30f, 20000.0f, -20000.0f}) {
     legend().left = far;

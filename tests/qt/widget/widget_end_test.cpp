@@ -1,4 +1,4 @@
-// The application goes down while there are graphs.
+// The application ends while there are graphs.
 #include <gtest/gtest.h>
 
 #include <memory>
@@ -17,7 +17,7 @@ TEST(WidgetEnd, GraphsMayOutliveTheApplicationAndThenAskNothing) {
   auto hidden = std::make_unique<KurvGraph>();
   for (KurvGraph* graph : {shown.get(), hidden.get()}) {
     graph->plot(small_graph());
-    // Nobody could answer any more, and waiting for that would last for ever.
+    // A dialog could not be answered any more, and would wait for ever.
     graph->set_QueryForSave(true);
   }
   shown->show();

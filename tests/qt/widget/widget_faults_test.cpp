@@ -27,7 +27,7 @@ struct Doomed {
   KurvGraph graph;
 };
 
-TEST(WidgetFaults, ACallOfTheHostThrowsAndNothingIsTold) {
+TEST(WidgetFaults, ACallOfTheHostThrowsAndEmitsNoSignal) {
   Doomed doomed;
   Listener listener(doomed.graph);
   EXPECT_THROW(doomed.graph.build_the_graph(), Fault);
@@ -56,7 +56,7 @@ TEST(WidgetFaults, CountsThatDoNotFitReachTheHost) {
   EXPECT_THROW(graph.scatter_graph2("T", {}, {}, 1, -40000, {}, 0, {}), Fault);
 }
 
-TEST(WidgetFaults, AResizeThatFailsIsToldAndTheProgramLivesOn) {
+TEST(WidgetFaults, AResizeThatFailsIsReportedAndTheProgramGoesOn) {
   Doomed doomed;
   Listener listener(doomed.graph);
   doomed.graph.resize(500, 300);
@@ -69,7 +69,7 @@ TEST(WidgetFaults, AResizeThatFailsIsToldAndTheProgramLivesOn) {
   EXPECT_EQ(listener.redraws_since(), 1);
 }
 
-TEST(WidgetFaults, AShowThatFailsIsTold) {
+TEST(WidgetFaults, AShowThatFailsIsReported) {
   Doomed doomed;
   doomed.graph.hide();
   Listener listener(doomed.graph);
@@ -78,7 +78,7 @@ TEST(WidgetFaults, AShowThatFailsIsTold) {
   EXPECT_THAT(listener.errors, ElementsAre(kDivisionByZero));
 }
 
-TEST(WidgetFaults, AQueuedCallThatFailsIsTold) {
+TEST(WidgetFaults, AQueuedCallThatFailsIsReported) {
   Doomed doomed;
   Listener listener(doomed.graph);
   QMetaObject::invokeMethod(&doomed.graph, "build_the_graph", Qt::QueuedConnection);
@@ -86,7 +86,7 @@ TEST(WidgetFaults, AQueuedCallThatFailsIsTold) {
   EXPECT_THAT(listener.errors, ElementsAre(kDivisionByZero));
 }
 
-TEST(WidgetFaults, ASlotOfAClickThatFailsIsTold) {
+TEST(WidgetFaults, ASlotOfAClickThatFailsIsReported) {
   Doomed doomed;
   Listener listener(doomed.graph);
   QObject::connect(&doomed.graph, &KurvGraph::MouseUp, &doomed.graph, &KurvGraph::build_the_graph);
@@ -95,7 +95,7 @@ TEST(WidgetFaults, ASlotOfAClickThatFailsIsTold) {
   EXPECT_THAT(listener.errors, ElementsAre(kDivisionByZero));
 }
 
-TEST(WidgetFaults, WhereNobodyListensOneMessageBoxSaysSo) {
+TEST(WidgetFaults, WithoutAListenerOneMessageBoxIsShown) {
   Doomed doomed;
   int boxes = 0;
   QString text;
@@ -121,7 +121,7 @@ TEST(WidgetFaults, WhereNobodyListensOneMessageBoxSaysSo) {
   answer.stop();
 }
 
-TEST(WidgetFaults, WholeRedrawsBeforeAFailureAreTold) {
+TEST(WidgetFaults, WholeRedrawsBeforeAFailureAreReported) {
   KurvGraph graph;
   graph.plot(small_graph());
   Listener listener(graph);

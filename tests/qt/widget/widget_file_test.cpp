@@ -1,4 +1,4 @@
-// What a host learns about the file of the graph.
+// The graph's file as a host sees it.
 #include <gtest/gtest.h>
 
 #include <QFile>
@@ -15,7 +15,7 @@ std::string text_of(const KurvGraph& graph) {
   return text;
 }
 
-// As the graph itself would write it: the size stands behind the places of the three items.
+// As the graph itself would write it: the size comes after the positions of the three items.
 void write_as_file(const KurvGraph& graph, const QString& path) {
   std::string whole = text_of(graph);
   std::size_t at = 0;
@@ -34,7 +34,7 @@ TEST(WidgetFile, ThereIsNoGraphBeforeTheFirstData) {
   EXPECT_EQ(graph.FileName(), "");
 }
 
-TEST(WidgetFile, TellsOfALoadWhileTheGraphIsWhatTheFileSays) {
+TEST(WidgetFile, ReportsALoadWhileTheGraphMatchesTheFile) {
   const QTemporaryDir folder;
   const std::string path = folder.filePath("a.gdf").toStdString();
   KurvGraph graph;

@@ -10,7 +10,7 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
-#include "tests/qt/widget/hands.h"
+#include "tests/qt/widget/plot_test.h"
 
 namespace kurv::test {
 namespace {
@@ -18,7 +18,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-// A window with a field before the graph and one behind it.
+// A window with a field before the graph in tab order and one after it.
 class WidgetKeyboard : public testing::Test {
  protected:
   void SetUp() override {
@@ -38,7 +38,7 @@ class WidgetKeyboard : public testing::Test {
     m_listener.redraws_since();
   }
   void TearDown() override {
-    // They stand on the stack.
+    // They are on the stack.
     for (QWidget* child : {static_cast<QWidget*>(&m_before), static_cast<QWidget*>(&m_graph),
                            static_cast<QWidget*>(&m_behind)})
       child->setParent(nullptr);
@@ -49,7 +49,7 @@ class WidgetKeyboard : public testing::Test {
     QTest::keyClick(m_window.windowHandle(), key, modifiers);
     process_all();
   }
-  // Where the focus is: the name of a place, or of a widget.
+  // Where the focus is: the name of a hit target, or of a widget.
   std::string here() {
     const QWidget* const widget = QApplication::focusWidget();
     if (!widget) return "nowhere";
@@ -186,7 +186,7 @@ TEST_F(WidgetKeyboard, EnterIsTheDoubleClick) {
     key(Qt::Key_Return);
     EXPECT_THAT(windows.names(), ElementsAre(each.window)) << name_of(each.place).toStdString();
     QApplication::setActiveWindow(&m_window);
-    EXPECT_EQ(here(), name_of(each.place).toStdString()) << "the place is kept meanwhile";
+    EXPECT_EQ(here(), name_of(each.place).toStdString()) << "the target is kept meanwhile";
   }
   go_to(Item::kLegend);
   key(Qt::Key_Enter, Qt::KeypadModifier);
@@ -227,7 +227,7 @@ TEST_F(WidgetKeyboard, ArrowsMoveNoRegion) {
   EXPECT_EQ(here(), "Labels of the y axis");
 }
 
-TEST_F(WidgetKeyboard, AMoveThatFailsIsTold) {
+TEST_F(WidgetKeyboard, AMoveThatFailsIsReported) {
   m_graph.set_NumTicks(0);
   go_to(Item::kLegend);
   key(Qt::Key_Right);
@@ -243,7 +243,7 @@ TEST_F(WidgetKeyboard, TheMenuKeyOpensTheMenuAtTheFocus) {
   EXPECT_EQ(menu->pos(), m_plot.mapToGlobal(m_plot.bounds_of(Item::kLegend).center()));
   menu->close();
   process_all();
-  EXPECT_EQ(here(), "Legend") << "the place is kept meanwhile";
+  EXPECT_EQ(here(), "Legend") << "the target is kept meanwhile";
 }
 
 TEST_F(WidgetKeyboard, APlaceThatIsGoneHasNoKeys) {
@@ -327,7 +327,7 @@ TEST_F(WidgetKeyboard, AKeyThatIsHeldDownIsOneCommand) {
   EXPECT_EQ(m_listener.redraws_since(), 1);
 }
 
-TEST_F(WidgetKeyboard, ACommandByKeyThatFailsIsTold) {
+TEST_F(WidgetKeyboard, ACommandByKeyThatFailsIsReported) {
   m_graph.set_NumTicks(0);
   m_graph.setFocus();
   key(Qt::Key_F5);

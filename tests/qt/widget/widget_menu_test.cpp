@@ -8,7 +8,7 @@
 #include <memory>
 #include <set>
 
-#include "tests/qt/widget/hands.h"
+#include "tests/qt/widget/plot_test.h"
 
 namespace kurv::test {
 namespace {
@@ -202,8 +202,7 @@ TEST_F(WidgetMenu, AClosedMenuIsNotKept) {
   EXPECT_TRUE(m_graph.findChildren<QMenu*>("mnuPlot").isEmpty());
 }
 
-// -- Curves from expressions
-// -----------------------------------------------------------------------
+// -- Curves from expressions ----------------------------------------------------------------------
 
 TEST_F(WidgetMenu, ExpressionsAreAddedWithoutAPromptOrRefusedWithASentence) {
   Listener listener(m_graph);

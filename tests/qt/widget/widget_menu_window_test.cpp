@@ -1,10 +1,10 @@
-// The menu on the plot and the prompts behind it, with the keys of a real keyboard.
+// The menu on the plot and the prompts that it opens, with the keys of a real keyboard.
 #include <gmock/gmock.h>
 
 #include <QTest>
 #include <QTimer>
 
-#include "tests/qt/widget/hands.h"
+#include "tests/qt/widget/plot_test.h"
 #include "tests/qt/widget/user.h"
 
 namespace kurv::test {
@@ -45,7 +45,7 @@ TEST_F(MenuWindow, ARightClickAndALetterLeadToAFunction) {
   EXPECT_TRUE(QTest::qWaitFor([&] { return m_listener.redraws > 0; }, 5000));
 }
 
-TEST_F(MenuWindow, ARefusedFunctionIsToldInABox) {
+TEST_F(MenuWindow, ARejectedFunctionIsReportedInABox) {
   User user;
   user.does(right_click())
       .in_menu({"key", "f"})
@@ -100,7 +100,7 @@ TEST_F(MenuWindow, TheFontDialogComesWithTheFontAndItsAnswerIsDrawn) {
   EXPECT_EQ(m_graph.TitleFontSize(), 11);
 }
 
-TEST_F(MenuWindow, ARunTimeErrorBehindAPromptIsTold) {
+TEST_F(MenuWindow, ARunTimeErrorAfterAPromptIsReported) {
   m_graph.set_NumTicks(0);
   User user;
   user.does(right_click()).in_menu({"key", "x"}).in<QInputDialog>(type("time"));

@@ -1,4 +1,4 @@
-// The mouse on the plot: marks, double clicks, and what the host hears.
+// The mouse on the plot: marks, double clicks, and the event.
 #include <gmock/gmock.h>
 
 #include <QHelpEvent>
@@ -6,7 +6,7 @@
 #include <QWindow>
 #include <tuple>
 
-#include "tests/qt/widget/hands.h"
+#include "tests/qt/widget/plot_test.h"
 
 namespace kurv::test {
 namespace {
@@ -14,10 +14,10 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-class WidgetMouse : public HandsTest {
+class WidgetMouse : public PlotTest {
  protected:
   void SetUp() override {
-    HandsTest::SetUp();
+    PlotTest::SetUp();
     QObject::connect(
         &m_graph, &KurvGraph::MouseUp, &m_listener.context,
         [this](int button, int, float x, float y) { m_ups.emplace_back(button, x, y); });
@@ -78,7 +78,7 @@ TEST_F(WidgetMouse, AReleaseBelongsToThePlotThatThePressBeganOn) {
   EXPECT_EQ(m_ups.size(), 2u) << "over an item too";
 }
 
-TEST_F(WidgetMouse, ClicksOnItemsAreNotToldAndChangeNothing) {
+TEST_F(WidgetMouse, ClicksOnItemsRaiseNoEventAndChangeNothing) {
   const Rect legend = m_graph.layout().picLegend;
   for (const Qt::MouseButton button : {Qt::LeftButton, Qt::MiddleButton}) {
     Mouse mouse(m_plot, button);
@@ -91,7 +91,7 @@ TEST_F(WidgetMouse, ClicksOnItemsAreNotToldAndChangeNothing) {
   EXPECT_EQ(m_graph.layout().picLegend.top, legend.top);
 }
 
-TEST_F(WidgetMouse, DoubleClicksOpenTheWindowThatEditsWhatLiesThere) {
+TEST_F(WidgetMouse, DoubleClicksOpenTheEditorOfTheTarget) {
   ShownWindows windows;
   m_mouse.double_click(middle(m_graph.layout().shpXcaption));
   EXPECT_THAT(windows.names(), ElementsAre("frmCurves"));
@@ -111,7 +111,7 @@ TEST_F(WidgetMouse, DoubleClicksOpenTheWindowThatEditsWhatLiesThere) {
   EXPECT_THAT(windows.names(), ElementsAre("frmCurves"));
 }
 
-TEST_F(WidgetMouse, ADoubleClickIsToldToTheHostBeforeItsWindowOpensAndLeavesNoMark) {
+TEST_F(WidgetMouse, ADoubleClickRaisesItsEventsBeforeItsWindowOpensAndLeavesNoMark) {
   ShownWindows windows;
   m_mouse.double_click(frame());
   EXPECT_EQ(m_ups.size(), 2u);
@@ -119,7 +119,7 @@ TEST_F(WidgetMouse, ADoubleClickIsToldToTheHostBeforeItsWindowOpensAndLeavesNoMa
   EXPECT_THAT(marked(), IsEmpty());
 }
 
-TEST_F(WidgetMouse, ADoubleClickThatIsNeverOverOpensNothingLater) {
+TEST_F(WidgetMouse, ADoubleClickWithoutItsReleaseOpensNothingLater) {
   ShownWindows windows;
   m_mouse.click(frame());
   QMouseEvent second(QEvent::MouseButtonDblClick, frame(), m_plot.mapToGlobal(frame()),

@@ -1,4 +1,4 @@
-// The friendly intake, and the way between pixels and data.
+// plot(), and the mapping between pixels and data.
 #include <gmock/gmock.h>
 
 #include <limits>

@@ -31,7 +31,7 @@ inline void process_all() {
   for (int i = 0; i < 3; ++i) QApplication::processEvents();
 }
 
-// Counts what a widget tells its host.
+// Counts the signals of a widget.
 struct Listener {
   explicit Listener(KurvGraph& graph) {
     QObject::connect(&graph, &KurvGraph::redrawn, &context, [this] { ++redraws; });
@@ -42,7 +42,7 @@ struct Listener {
                      });
   }
 
-  // What was told since the last time, once all events are over.
+  // The redraws since the last call, after all pending events.
   int redraws_since() {
     process_all();
     return std::exchange(redraws, 0);

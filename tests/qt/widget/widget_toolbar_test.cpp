@@ -1,4 +1,4 @@
-// The toolbar, its pictures, and the room that it takes.
+// The toolbar, its icons, and its layout.
 #include <gmock/gmock.h>
 
 #include <QAccessible>
@@ -9,7 +9,7 @@
 #include <QToolButton>
 
 #include "qt/widget/line_icon.h"
-#include "tests/qt/widget/hands.h"
+#include "tests/qt/widget/plot_test.h"
 
 namespace kurv::test {
 namespace {
@@ -17,7 +17,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-class WidgetToolbar : public HandsTest {
+class WidgetToolbar : public PlotTest {
  protected:
   QToolBar& bar() { return *m_graph.findChild<QToolBar*>("tbrGraph"); }
   QToolButton& button(const QString& key) {
@@ -95,7 +95,7 @@ TEST_F(WidgetToolbar, OtherWordsDoNothing) {
   EXPECT_EQ(m_graph.cursor().shape(), Qt::ArrowCursor);
 }
 
-TEST_F(WidgetToolbar, ACommandThatFailsIsToldAndKeepsTheHourglass) {
+TEST_F(WidgetToolbar, ACommandThatFailsIsReportedAndKeepsTheHourglass) {
   m_graph.set_NumTicks(0);
   button("refresh").click();
   process_all();
@@ -123,7 +123,7 @@ TEST_F(WidgetToolbar, TheWidgetMayGoWhenAButtonWasPressed) {
   EXPECT_THAT(windows.names(), IsEmpty());
 }
 
-// -- Room -----------------------------------------------------------------------------------------
+// -- Layout ---------------------------------------------------------------------------------------
 
 TEST_F(WidgetToolbar, ThePlotFillsWhatItLeaves) {
   EXPECT_EQ(bar().geometry(), QRect(0, 0, 600, m_graph.height() - 400));
@@ -202,9 +202,9 @@ TEST_F(WidgetToolbar, GrowsWithTheFont) {
   EXPECT_EQ(m_listener.redraws_since(), 1) << "the plot has become smaller";
 }
 
-// -- Pictures -------------------------------------------------------------------------------------
+// -- Icons ----------------------------------------------------------------------------------------
 
-// The colours of a picture that are not see-through, darkest and lightest.
+// The darkest and the lightest opaque colour of an icon.
 std::pair<int, int> ink_of(const QImage& image) {
   std::pair<int, int> range(255, 0);
   for (int y = 0; y < image.height(); ++y) {

@@ -1,4 +1,4 @@
-// The graph of a widget as a document of lines and text.
+// The graph of a widget as a vector document.
 #include <gmock/gmock.h>
 
 #include <QXmlStreamReader>

@@ -31,7 +31,7 @@ class WidgetWindow : public testing::Test {
   Listener m_listener{m_graph};
 };
 
-TEST_F(WidgetWindow, ARealClickIsToldInTwips) {
+TEST_F(WidgetWindow, ARealClickIsReportedInTwips) {
   std::vector<std::tuple<int, int>> buttons;
   float x = 0;
   float y = 0;

@@ -1,4 +1,4 @@
-// What the graph's own windows and dialogs show and where they stand.
+// What the graph's own windows and dialogs show, and where.
 #include <gmock/gmock.h>
 
 #include <QFileDialog>
@@ -6,12 +6,12 @@
 #include <QTableView>
 #include <QTemporaryDir>
 
-#include "tests/qt/widget/hands.h"
+#include "tests/qt/widget/plot_test.h"
 
 namespace kurv::test {
 namespace {
 
-class WidgetWindows : public HandsTest {
+class WidgetWindows : public PlotTest {
  protected:
   ~WidgetWindows() override { m_graph.CloseMe(); }
 
@@ -24,7 +24,7 @@ class WidgetWindows : public HandsTest {
     return nullptr;
   }
 
-  // Loads two points with the same x, which are refused.
+  // Loads two points with the same x, which are rejected.
   void load_refused() {
     QTimer closer;
     QObject::connect(&closer, &QTimer::timeout, [] {
@@ -77,7 +77,7 @@ TEST_F(WidgetWindows, OfWhichOneIsClosedCarryNoDialog) {
 TEST_F(WidgetWindows, ABitmapThatIsSavedShowsTheCurvesThatWereDrawnOnceMore) {
   const QImage before = m_graph.image();
   QTemporaryDir folder;
-  // A curve across the legend, which the second drawing puts over it.
+  // A curve across the legend, which the second drawing paints over it.
   m_graph.layout().picLegend.left = m_graph.layout().plot.PlotLeft + 2000;
   m_graph.build_the_graph();
   process_all();
@@ -96,7 +96,7 @@ TEST_F(WidgetWindows, ABitmapThatIsSavedShowsTheCurvesThatWereDrawnOnceMore) {
             m_graph.image().convertToFormat(QImage::Format_RGB32));
 }
 
-TEST_F(WidgetWindows, AChangeIsToldOnceForEachEvent) {
+TEST_F(WidgetWindows, AChangeIsReportedOnceForEachEvent) {
   int changes = 0;
   QObject::connect(&m_graph, &KurvGraph::changed, [&] { ++changes; });
   process_all();

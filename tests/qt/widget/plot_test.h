@@ -1,4 +1,4 @@
-// What the tests need to act on the plot as a user does, and to see what comes of it.
+// A plot under test, a mouse for it, and the windows that it opens.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -18,7 +18,7 @@
 
 namespace kurv::test {
 
-// A widget that lets the tests look behind it.
+// A widget whose private parts are accessible.
 class OpenGraph : public KurvGraph {
  public:
   ControlState& control() { return m_state->graph.state(); }
@@ -74,7 +74,7 @@ class Mouse {
 class ShownWindows {
  public:
   ShownWindows() {
-    QObject::connect(&m_timer, &QTimer::timeout, [this] { look(); });
+    QObject::connect(&m_timer, &QTimer::timeout, [this] { close_shown(); });
     m_timer.start(1);
   }
 
@@ -86,7 +86,7 @@ class ShownWindows {
   }
 
  private:
-  void look() {
+  void close_shown() {
     for (QWidget* window : QApplication::topLevelWidgets()) {
       auto* const dialog = qobject_cast<QDialog*>(window);
       if (!dialog || !dialog->isVisible() || !dialog->objectName().startsWith("frm")) continue;
@@ -102,8 +102,8 @@ class ShownWindows {
   QStringList m_names;
 };
 
-// A shown graph of which title, subtitle and legend stand in their home places.
-class HandsTest : public testing::Test {
+// A shown graph with title, subtitle and legend in their default positions.
+class PlotTest : public testing::Test {
  protected:
   void SetUp() override {
     resize_plot(m_graph, {600, 400});

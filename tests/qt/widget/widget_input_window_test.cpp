@@ -8,7 +8,7 @@
 #include <QMenuBar>
 #include <QToolButton>
 
-#include "tests/qt/widget/hands.h"
+#include "tests/qt/widget/plot_test.h"
 #include "tests/qt/widget/tools.h"
 
 namespace kurv::test {
@@ -16,7 +16,7 @@ namespace {
 
 using testing::ElementsAre;
 
-class HandsWindow : public testing::Test {
+class InputWindow : public testing::Test {
  protected:
   void SetUp() override {
     ASSERT_EQ(QGuiApplication::platformName(), "xcb") << "this test needs a real window";
@@ -29,7 +29,7 @@ class HandsWindow : public testing::Test {
     m_listener.redraws_since();
   }
 
-  // A point of the plot, as the tool wants it.
+  // A point of the plot, as an argument of the tool.
   QStringList move_to(QPoint at) const {
     const QPoint in_window = m_graph.plot_rect().topLeft() + at;
     return {"mousemove", "--window", QString::number(m_graph.winId()),
@@ -60,7 +60,7 @@ class HandsWindow : public testing::Test {
   ShownWindows m_windows;
 };
 
-TEST_F(HandsWindow, ALegendIsDraggedAndItsPictureFollows) {
+TEST_F(InputWindow, ALegendIsDraggedAndItsPictureFollows) {
   const Rect before = legend();
   const QPoint grab = middle(before);
   const QImage picture = m_graph.image();
@@ -77,7 +77,7 @@ TEST_F(HandsWindow, ALegendIsDraggedAndItsPictureFollows) {
   EXPECT_EQ(m_listener.redraws_since(), 1);
 }
 
-TEST_F(HandsWindow, EscapeCancelsADrag) {
+TEST_F(InputWindow, EscapeCancelsADrag) {
   const Rect before = legend();
   mouse(move_to(middle(before)) + QStringList{"mousedown", "1"});
   for (const int x : {200, 250, 300}) mouse(move_to({x, 300}));
@@ -87,7 +87,7 @@ TEST_F(HandsWindow, EscapeCancelsADrag) {
   EXPECT_EQ(m_listener.redraws_since(), 0);
 }
 
-TEST_F(HandsWindow, DoubleClicksOpenWindowsAndTheMouseIsFreeAgainWhenTheyAreClosed) {
+TEST_F(InputWindow, DoubleClicksOpenWindowsAndTheMouseIsFreeAgainWhenTheyAreClosed) {
   double_click(middle(legend()));
   EXPECT_TRUE(comes("frmCurves"));
   double_click(middle(m_graph.layout().shpGraphBorder[1]));
@@ -98,14 +98,14 @@ TEST_F(HandsWindow, DoubleClicksOpenWindowsAndTheMouseIsFreeAgainWhenTheyAreClos
   EXPECT_TRUE(m_graph.control().mouse.marked.empty());
 }
 
-TEST_F(HandsWindow, AButtonOfTheToolbarRunsItsCommand) {
+TEST_F(InputWindow, AButtonOfTheToolbarRunsItsCommand) {
   const QWidget* const table = m_graph.findChild<QToolButton*>("tbrGraph.table");
   const QPoint at = table->mapTo(&m_graph, table->rect().center());
   mouse(move_to(at - m_graph.plot_rect().topLeft()) + QStringList{"click", "1"});
   EXPECT_TRUE(comes("frmTable"));
 }
 
-TEST_F(HandsWindow, TabWalksThePlotAndTheKeysActThere) {
+TEST_F(InputWindow, TabVisitsTheTargetsAndTheKeysActThere) {
   keys({"Tab"});
   EXPECT_EQ(m_plot.focused(), HitTarget(Item::kTitle));
   keys({"Tab"});
@@ -118,19 +118,19 @@ TEST_F(HandsWindow, TabWalksThePlotAndTheKeysActThere) {
   keys({"Tab", "Tab", "Return"});
   EXPECT_TRUE(comes("frmPropert A&xes"));
   ASSERT_TRUE(QTest::qWaitForWindowActive(&m_graph));
-  EXPECT_EQ(m_plot.focused(), HitTarget(Region::kXLabels)) << "the place is kept meanwhile";
+  EXPECT_EQ(m_plot.focused(), HitTarget(Region::kXLabels)) << "the target is kept meanwhile";
   keys({"shift+Tab", "shift+Tab", "shift+Tab", "shift+Tab"});
   EXPECT_EQ(QApplication::focusWidget()->objectName(), "tbrGraph.help");
 }
 
-TEST_F(HandsWindow, CtrlCGivesThePictureToOtherPrograms) {
+TEST_F(InputWindow, CtrlCGivesThePictureToOtherPrograms) {
   keys({"ctrl+c"});
   QTest::qWait(200);
   const QByteArray png = run_tool("xclip", {"-selection", "clipboard", "-t", "image/png", "-o"});
   EXPECT_EQ(QImage::fromData(png, "PNG").convertToFormat(QImage::Format_RGB32), m_graph.image());
 }
 
-TEST_F(HandsWindow, F5RedrawsOnceAlsoWhereTheHostHasAMenuWithIt) {
+TEST_F(InputWindow, F5RedrawsOnceAlsoWhereTheHostHasAMenuWithIt) {
   keys({"F5"});
   EXPECT_EQ(m_listener.redraws_since(), 1);
   QMainWindow window;
