@@ -43,7 +43,7 @@ std::optional<Rect> dragged_rect(const ControlState& state);
 enum class ReleaseKind {
   kIgnored,  // so was the press
   kClick,    // of an item: nothing happens
-  kMouseUp,  // of the surface: the marks vanish, and the host hears of it
+  kMouseUp,  // of the surface: hides the marks and raises the event
   kDrop,     // the end of a drag
 };
 
@@ -60,8 +60,7 @@ struct Release {
 // wherever the pointer is by now. Without a press it belongs to the surface; that of kAny, to what
 // is at the point.
 Release end_press(ControlState& state, MouseButton button, SurfacePoint at);
-// Raises the event or drops the item; throws what a redraw throws. In that call the host may
-// destroy the control.
+// Raises the event or drops the item; throws what a redraw throws.
 void deliver(ControlState& state, const Release& release, Integer Button, Integer Shift,
              SurfacePoint at);
 

@@ -6,6 +6,7 @@
 #include <KurvGraph/values.h>
 
 #include <array>
+#include <cstddef>
 #include <optional>
 #include <vector>
 

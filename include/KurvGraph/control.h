@@ -164,7 +164,7 @@ class Control {
   void press_mouse(Integer Button, Integer Shift, Single x, Single Y);
   // A button came up. It belongs to where the press before it was, wherever the pointer is by now;
   // without a press, to what lies there. On the surface this hides the marks and raises the event
-  // MouseUp: the container hears it, and so does every listener. On an item it does nothing.
+  // MouseUp: notifies the container, then every listener. On an item it does nothing.
   void release_mouse(Integer Button, Integer Shift, Single x, Single Y);
   // A double click, after the press that it began with. Opens the window in which what was pressed
   // is edited: an item sends its command, "titles" or "curves"; the labels show the properties of
@@ -176,8 +176,7 @@ class Control {
   // and a graph file with a position beyond -32768 cannot be loaded. Throws kOverflow for a
   // position that no Single holds.
   void drag(Item item, SurfacePoint grab, SurfacePoint drop, std::optional<Item> on = {});
-  // For hosts that bind late; listeners stay as long as the control does, which none of them may
-  // destroy.
+  // For hosts that bind late. Listeners stay as long as the control does, and none may destroy it.
   void add_listener(EventListener listener);
 
   // The expressions of the function curves, in the order of their slots.
