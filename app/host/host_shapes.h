@@ -4,6 +4,7 @@
 
 #include <KurvGraph/automation.h>
 #include <KurvGraph/control.h>
+#include <KurvGraph/item.h>
 #include <KurvGraph/plot_surface.h>
 
 #include <QJsonValue>
