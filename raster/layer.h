@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "raster/canvas.h"
-#include "raster/words.h"
+#include "raster/pixel_math.h"
 
 namespace kurv::raster {
 

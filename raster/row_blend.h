@@ -3,7 +3,7 @@
 
 #include "raster/canvas.h"
 #include "raster/tile.h"
-#include "raster/words.h"
+#include "raster/pixel_math.h"
 
 namespace kurv::raster {
 

@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "raster/words.h"
+#include "raster/pixel_math.h"
 
 namespace kurv::raster {
 
