@@ -5,7 +5,7 @@
 #include <cstring>
 #include <limits>
 
-#include "raster/extremes.h"
+#include "raster/fast_min_max.h"
 
 namespace kurv::raster {
 namespace {
@@ -65,10 +65,10 @@ void Abscissae::place_points(Placement& placement) const {
   float widest = 0, before = placement.at.empty() ? 0 : placement.at.front();
   for (std::size_t i = 0; i < m_x.size(); ++i) {
     const float at = placement.at[i];
-    widest = larger(at - before, widest);
+    widest = fast_max(at - before, widest);
     before = at;
     // Counted from one node further, because cutting off rounds towards zero.
-    placement.nearest[i] = static_cast<int>(smaller(larger(at + 1.5F, 0), last + 2)) - 1;
+    placement.nearest[i] = static_cast<int>(fast_min(fast_max(at + 1.5F, 0), last + 2)) - 1;
   }
   placement.is_dense = widest <= 0.5F;
   placement.has_asides = false;

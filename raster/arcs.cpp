@@ -2,7 +2,7 @@
 #include <numbers>
 
 #include "raster/geometry.h"
-#include "raster/stroke_parts.h"
+#include "raster/stroke_math.h"
 #include "raster/strokes.h"
 
 namespace kurv::raster {
@@ -70,8 +70,8 @@ class RingFiller {
         m_bottom((static_cast<double>(centre.y) + radius) * pen.pixels_per_unit + m_reach) {}
 
   void fill() const {
-    const int end = pixel_from(m_bottom, m_mask.height());
-    for (int y = pixel_from(m_top, m_mask.height()); y < end; ++y) fill_row(y);
+    const int end = first_pixel_from(m_bottom, m_mask.height());
+    for (int y = first_pixel_from(m_top, m_mask.height()); y < end; ++y) fill_row(y);
   }
 
  private:
@@ -100,8 +100,8 @@ class RingFiller {
   }
 
   void fill_span(int y, double row_power, double left, double right) const {
-    const int first = pixel_from(left, m_mask.width());
-    const int end = pixel_from(right, m_mask.width());
+    const int first = first_pixel_from(left, m_mask.width());
+    const int end = first_pixel_from(right, m_mask.width());
     if (first >= end) return;
     std::uint8_t* values = m_mask.row(y);
     const double radius_squared = m_radius * m_radius;

@@ -6,25 +6,26 @@
 namespace kurv::raster {
 
 // The four bytes of a pixel, each with room for a product.
-inline std::uint64_t spread_bytes(std::uint32_t pixel) {
+inline std::uint64_t unpack_channels(std::uint32_t pixel) {
   return (pixel | (std::uint64_t{pixel} << 24)) & 0x00FF00FF00FF00FF;
 }
 
 // Of products of bytes, each divided by 255 and rounded to the nearest.
-inline std::uint64_t divided_by_255(std::uint64_t products) {
+inline std::uint64_t divide_by_255(std::uint64_t products) {
   constexpr std::uint64_t kHalf = 0x0080008000800080, kBytes = 0x00FF00FF00FF00FF;
   const std::uint64_t sum = products + kHalf;
   return ((sum + ((sum >> 8) & kBytes)) >> 8) & kBytes;
 }
 
-inline std::uint32_t gathered_bytes(std::uint64_t spread) {
+inline std::uint32_t pack_channels(std::uint64_t spread) {
   return static_cast<std::uint32_t>(spread | (spread >> 24));
 }
 
 // Source over destination, rounded to the nearest: 255 is odd, so there are no ties.
 inline std::uint32_t blend(std::uint32_t below, std::uint32_t above, std::uint32_t coverage) {
-  const std::uint64_t sum = spread_bytes(above) * coverage + spread_bytes(below) * (255 - coverage);
-  return 0xFF000000 | gathered_bytes(divided_by_255(sum));
+  const std::uint64_t sum =
+      unpack_channels(above) * coverage + unpack_channels(below) * (255 - coverage);
+  return 0xFF000000 | pack_channels(divide_by_255(sum));
 }
 
 // A colour that has been multiplied by its coverage, which is the uppermost byte, over an opaque
@@ -33,7 +34,7 @@ inline std::uint32_t over(std::uint32_t below, std::uint32_t above) {
   const std::uint32_t coverage = above >> 24;
   if (coverage == 0) return below;
   if (coverage == 255) return above;
-  return above + gathered_bytes(divided_by_255(spread_bytes(below) * (255 - coverage)));
+  return above + pack_channels(divide_by_255(unpack_channels(below) * (255 - coverage)));
 }
 
 }  // namespace kurv::raster

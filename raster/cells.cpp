@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <limits>
 
-#include "raster/extremes.h"
+#include "raster/fast_min_max.h"
 
 namespace kurv::raster {
 namespace {
@@ -70,8 +70,8 @@ void Cells::insert(int cell, Interval interval) {
     top = interval.top;
     bottom = interval.bottom;
   } else if (interval.top <= bottom && top <= interval.bottom) {
-    top = smaller(top, interval.top);
-    bottom = larger(bottom, interval.bottom);
+    top = fast_min(top, interval.top);
+    bottom = fast_max(bottom, interval.bottom);
   } else {
     m_further.push_back({cell, interval});
     if (m_further.size() < m_most_further) return;
@@ -106,7 +106,7 @@ void Cells::join_cell(std::span<const Further> further, std::vector<Further>& ke
     return a.top <= b.bottom && b.top <= a.bottom;
   };
   const auto join = [](Interval& a, const Interval& b) {
-    a = {smaller(a.top, b.top), larger(a.bottom, b.bottom)};
+    a = {fast_min(a.top, b.top), fast_max(a.bottom, b.bottom)};
   };
   for (std::size_t i = 0; i < further.size();) {
     Interval joined = further[i].interval;

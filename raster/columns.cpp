@@ -6,7 +6,7 @@
 
 #include "raster/geometry.h"
 #include "raster/row_blend.h"
-#include "raster/stroke_parts.h"
+#include "raster/stroke_math.h"
 
 namespace kurv::raster {
 namespace {

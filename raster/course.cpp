@@ -4,7 +4,7 @@
 #include <cmath>
 
 #include "raster/lanes.h"
-#include "raster/stroke_parts.h"
+#include "raster/stroke_math.h"
 
 namespace kurv::raster {
 namespace {
@@ -42,8 +42,8 @@ Course clipped(const Course& course, const Coverage& mask) {
 }  // namespace
 
 Course course_of(double top, double bottom, Vector through, double slope, const Coverage& mask) {
-  const int first = pixel_from(top, mask.height());
-  const int end = pixel_from(bottom, mask.height());
+  const int first = first_pixel_from(top, mask.height());
+  const int end = first_pixel_from(bottom, mask.height());
   const double pixel = through.x + (first + 0.5 - through.y) * slope;
   if (!(std::abs(pixel) < kFar)) return {};
   // Half a phase more makes cutting off the nearest.

@@ -5,7 +5,7 @@
 #include <cmath>
 #include <numbers>
 
-#include "raster/stroke_parts.h"
+#include "raster/stroke_math.h"
 
 namespace kurv::raster {
 namespace {

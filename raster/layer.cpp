@@ -7,21 +7,21 @@
 namespace kurv::raster {
 namespace {
 
-constexpr Words kNothing{0, 0, 0, 0xFFFF, 0, 0, 0, 0xFFFF};
+constexpr U16x8 kNothing{0, 0, 0, 0xFFFF, 0, 0, 0, 0xFFFF};
 // Less of what lies below than this is less than half a step of its colour.
 constexpr std::uint16_t kInvisible = 64;
 constexpr int kBits = 64;
 
 // How much of what lies below still shows, for each channel.
-Words shows(Words two) {
+U16x8 shows(U16x8 two) {
   return __builtin_shufflevector(two, two, 3, 3, 3, 3, 7, 7, 7, 7);
 }
 
-Words below(Words two, Words colour, Words coverages) {
-  constexpr Words kShows{0, 0, 0, 0xFFFF, 0, 0, 0, 0xFFFF};
+U16x8 below(U16x8 two, U16x8 colour, U16x8 coverages) {
+  constexpr U16x8 kShows{0, 0, 0, 0xFFFF, 0, 0, 0, 0xFFFF};
   // 255 becomes 65535.
-  const Words part = high_products(shows(two), coverages * 257);
-  return two + high_products(colour, part) - (part & kShows);
+  const U16x8 part = multiply_high(shows(two), coverages * 257);
+  return two + multiply_high(colour, part) - (part & kShows);
 }
 
 }  // namespace
@@ -60,25 +60,25 @@ Layer::Row& Layer::row(Strip& strip, int y) {
 }
 
 void Layer::put(int tile, int y, const RowCoverage& coverage, std::uint32_t colour) {
-  if (coverage.is_nothing()) return;
+  if (coverage.is_zero()) return;
   Strip& strip = m_strips[static_cast<std::size_t>(tile)];
   Row& pixels = row(strip, y);
   std::uint64_t& hides = strip.hides[static_cast<std::size_t>(y / kBits)];
   const std::uint64_t bit = std::uint64_t{1} << (y % kBits);
   if ((hides & bit) != 0) return;
-  Words words = low_words_of(bits_of<Bytes>(Pairs{} + colour)) << 8;
+  U16x8 words = unpack_low(bit_cast_to<U8x16>(U32x4{} + colour)) << 8;
   words[3] = words[7] = 0;
-  for_each_quarter(coverage, [&](int quarter, Pairs coverages) {
-    TwoPixels& first = pixels[static_cast<std::size_t>(2 * quarter)];
-    TwoPixels& second = pixels[static_cast<std::size_t>(2 * quarter + 1)];
-    first = below(first, words, by_channel<0>(coverages));
-    second = below(second, words, by_channel<1>(coverages));
+  for_each_quad(coverage, [&](int quad, U32x4 coverages) {
+    TwoPixels& first = pixels[static_cast<std::size_t>(2 * quad)];
+    TwoPixels& second = pixels[static_cast<std::size_t>(2 * quad + 1)];
+    first = below(first, words, per_channel<0>(coverages));
+    second = below(second, words, per_channel<1>(coverages));
   });
   if (is_opaque(pixels)) hides |= bit;
 }
 
 bool Layer::is_opaque(const Row& row) {
-  Words any{};
+  U16x8 any{};
   for (const TwoPixels& two : row) any |= two;
   return any[3] < kInvisible && any[7] < kInvisible;
 }
@@ -113,18 +113,18 @@ void Layer::clear() {
 
 // Over sixteen pixels.
 void Layer::blend(const Row& row, std::uint32_t* pixels) {
-  constexpr Words kColours{0xFFFF, 0xFFFF, 0xFFFF, 0, 0xFFFF, 0xFFFF, 0xFFFF, 0};
-  constexpr Words kHalf{128, 128, 128, 0, 128, 128, 128, 0};
-  constexpr Words kOpaque{0, 0, 0, 255, 0, 0, 0, 255};
-  const auto mixed = [&](Words two, Words ground) {
-    const Words rest = high_products(ground << 8, shows(two)) & kColours;
+  constexpr U16x8 kColours{0xFFFF, 0xFFFF, 0xFFFF, 0, 0xFFFF, 0xFFFF, 0xFFFF, 0};
+  constexpr U16x8 kHalf{128, 128, 128, 0, 128, 128, 128, 0};
+  constexpr U16x8 kOpaque{0, 0, 0, 255, 0, 0, 0, 255};
+  const auto mixed = [&](U16x8 two, U16x8 ground) {
+    const U16x8 rest = multiply_high(ground << 8, shows(two)) & kColours;
     return (((two & kColours) + rest + kHalf) >> 8) | kOpaque;
   };
   for (std::size_t i = 0; i < kInRow; i += 2) {
-    Bytes ground;
+    U8x16 ground;
     std::memcpy(&ground, pixels + 2 * i, sizeof ground);
-    const Bytes blended =
-        bytes_of(mixed(row[i], low_words_of(ground)), mixed(row[i + 1], high_words_of(ground)));
+    const U8x16 blended =
+        pack_bytes(mixed(row[i], unpack_low(ground)), mixed(row[i + 1], unpack_high(ground)));
     std::memcpy(pixels + 2 * i, &blended, sizeof blended);
   }
 }

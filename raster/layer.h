@@ -29,7 +29,7 @@ class Layer {
  private:
   // Two pixels: three channels each, of 256 a step, and how much of what lies below still shows,
   // of 65535.
-  using TwoPixels = Words;
+  using TwoPixels = U16x8;
   static constexpr std::size_t kInRow = 8;
   using Row = std::array<TwoPixels, kInRow>;
   struct Strip {

@@ -9,7 +9,7 @@
 #include "raster/lanes.h"
 #include "raster/round_ends.h"
 #include "raster/strip.h"
-#include "raster/stroke_parts.h"
+#include "raster/stroke_math.h"
 
 namespace kurv::raster {
 namespace {
@@ -199,7 +199,7 @@ void LongSegments::add_down(Coverage& mask, const Segment& segment) {
   // In so many rows beside an end there are pixels on both sides of it.
   const double mixed = reach * std::abs(direction.x);
   const auto row_from = [&](double y) {
-    return std::clamp(pixel_from(y, mask.height()), course.first, course.end);
+    return std::clamp(first_pixel_from(y, mask.height()), course.first, course.end);
   };
   const int begun = row_from(from.y + mixed), ending = row_from(to.y - mixed);
   const double length = (to.y - from.y) / direction.y;

@@ -8,8 +8,8 @@ namespace kurv::raster {
 namespace {
 
 // The same as blend() for two neighbours; everything is by channel.
-Words blend_two(Words below, Words above, Words coverages) {
-  const Words sum = above * coverages + below * (255 - coverages) + 128;
+U16x8 blend_two(U16x8 below, U16x8 above, U16x8 coverages) {
+  const U16x8 sum = above * coverages + below * (255 - coverages) + 128;
   return (sum + (sum >> 8)) >> 8;
 }
 
@@ -17,19 +17,19 @@ Words blend_two(Words below, Words above, Words coverages) {
 
 void RowBlend::blend_sixteen(std::uint32_t* pixels, const RowCoverage& coverage) const {
   constexpr std::uint32_t kFull = 0xFFFFFFFF;
-  const auto quarters = coverage.quarters();
-  if ((quarters[0] & quarters[1] & quarters[2] & quarters[3]) == kFull) {
-    const Bytes four = bytes_of(m_colour, m_colour);
+  const auto quads = coverage.quads();
+  if ((quads[0] & quads[1] & quads[2] & quads[3]) == kFull) {
+    const U8x16 four = pack_bytes(m_colour, m_colour);
     for (int i = 0; i < Tile::kColumns; i += 4) std::memcpy(pixels + i, &four, sizeof four);
     return;
   }
-  for_each_quarter(coverage, [&](int quarter, Pairs coverages) {
-    std::uint32_t* const four = pixels + 4 * quarter;
-    Bytes below;
+  for_each_quad(coverage, [&](int quad, U32x4 coverages) {
+    std::uint32_t* const four = pixels + 4 * quad;
+    U8x16 below;
     std::memcpy(&below, four, sizeof below);
-    const Bytes blended =
-        bytes_of(blend_two(low_words_of(below), m_colour, by_channel<0>(coverages)),
-                 blend_two(high_words_of(below), m_colour, by_channel<1>(coverages)));
+    const U8x16 blended =
+        pack_bytes(blend_two(unpack_low(below), m_colour, per_channel<0>(coverages)),
+                   blend_two(unpack_high(below), m_colour, per_channel<1>(coverages)));
     std::memcpy(four, &blended, sizeof blended);
   });
 }

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "raster/canvas.h"
-#include "raster/tile.h"
 #include "raster/pixel_math.h"
+#include "raster/tile.h"
 
 namespace kurv::raster {
 
@@ -13,11 +13,11 @@ class RowBlend {
   RowBlend(const Canvas& canvas, std::uint32_t colour)
       : m_canvas(canvas),
         m_whole_tiles(canvas.width / Tile::kColumns),
-        m_colour(low_words_of(bits_of<Bytes>(Pairs{} + colour))) {}
+        m_colour(unpack_low(bit_cast_to<U8x16>(U32x4{} + colour))) {}
 
   // The row of the tile, of which at least one pixel is on the canvas.
   void put(int tile, int y, const RowCoverage& coverage) const {
-    if (coverage.is_nothing()) return;
+    if (coverage.is_zero()) return;
     std::uint32_t* const pixels = m_canvas.row(y) + tile * Tile::kColumns;
     if (tile < m_whole_tiles) {
       blend_sixteen(pixels, coverage);
@@ -32,7 +32,7 @@ class RowBlend {
 
   Canvas m_canvas;
   int m_whole_tiles;
-  Words m_colour;  // of two pixels, by channel
+  U16x8 m_colour;  // of two pixels, by channel
 };
 
 }  // namespace kurv::raster

@@ -7,7 +7,7 @@
 #include "raster/long_segments.h"
 #include "raster/round_ends.h"
 #include "raster/strip.h"
-#include "raster/stroke_parts.h"
+#include "raster/stroke_math.h"
 #include "raster/strokes.h"
 
 namespace kurv::raster {
@@ -53,8 +53,8 @@ class CapsuleFiller {
   void fill() const {
     const double top = std::min(m_segment.from.y, m_segment.to.y) - m_reach;
     const double bottom = std::max(m_segment.from.y, m_segment.to.y) + m_reach;
-    const int end = pixel_from(bottom, m_mask.height());
-    for (int y = pixel_from(top, m_mask.height()); y < end; ++y) fill_row(y);
+    const int end = first_pixel_from(bottom, m_mask.height());
+    for (int y = first_pixel_from(top, m_mask.height()); y < end; ++y) fill_row(y);
   }
 
  private:
@@ -65,8 +65,8 @@ class CapsuleFiller {
 
   Span span(int y) const {
     const double middle = m_segment.from.x + (y + 0.5 - m_segment.from.y) * m_slope;
-    return {pixel_from(std::max(m_left, middle - m_row_reach), m_mask.width()),
-            pixel_from(std::min(m_right, middle + m_row_reach), m_mask.width())};
+    return {first_pixel_from(std::max(m_left, middle - m_row_reach), m_mask.width()),
+            first_pixel_from(std::min(m_right, middle + m_row_reach), m_mask.width())};
   }
 
   void fill_row(int y) const {

@@ -1,6 +1,6 @@
 #include "raster/tile.h"
 
-#include "raster/extremes.h"
+#include "raster/fast_min_max.h"
 
 namespace kurv::raster {
 
@@ -33,10 +33,10 @@ void Tile::add(const float* top, const float* bottom, int per_pixel_log2) {
   int first = m_height * kParts, last = 0;
   for (int i = 0; i < count; ++i) {
     const auto place = static_cast<std::size_t>(i);
-    from[place] = static_cast<int>(smaller(larger(top[i], 0), height) * kParts);
+    from[place] = static_cast<int>(fast_min(fast_max(top[i], 0), height) * kParts);
     // An interval that is none ends where it begins.
     to[place] =
-        std::max(from[place], static_cast<int>(smaller(larger(bottom[i], 0), height) * kParts));
+        std::max(from[place], static_cast<int>(fast_min(fast_max(bottom[i], 0), height) * kParts));
     first = std::min(first, from[place]);
     last = std::max(last, from[place] < to[place] ? to[place] : 0);
   }
@@ -54,8 +54,8 @@ void Tile::add(const float* top, const float* bottom, int per_pixel_log2) {
 
 void Tile::add(int cell, Interval interval, int per_pixel_log2) {
   const auto height = static_cast<float>(m_height);
-  const int from = static_cast<int>(smaller(larger(interval.top, 0), height) * kParts);
-  const int to = static_cast<int>(smaller(larger(interval.bottom, 0), height) * kParts);
+  const int from = static_cast<int>(fast_min(fast_max(interval.top, 0), height) * kParts);
+  const int to = static_cast<int>(fast_min(fast_max(interval.bottom, 0), height) * kParts);
   if (from >= to) return;
   m_begin = std::min(m_begin, from >> kPartsLog2);
   m_end = std::max(m_end, to >> kPartsLog2);

@@ -37,10 +37,10 @@ class Tile {
   // `per_pixel_log2` is that of everything that was added.
   template <class Visit>
   void take_rows(int per_pixel_log2, const Visit& visit) {
-    Sums left{}, right{};
+    I16x8 left{}, right{};
     for (int y = m_begin; y <= m_end + 1; ++y) {
       Row& row = m_changes[static_cast<std::size_t>(y)];
-      const auto changes = bits_of<std::array<Sums, 2>>(row);
+      const auto changes = bit_cast_to<std::array<I16x8, 2>>(row);
       left += changes[0];
       right += changes[1];
       row = {};
@@ -61,9 +61,9 @@ class Tile {
   using Row = std::array<std::int16_t, kColumns>;
 
   // 0 to 255, of sums up to kParts << per_pixel_log2.
-  static Words coverages_of(Sums sums, int per_pixel_log2) {
+  static U16x8 coverages_of(I16x8 sums, int per_pixel_log2) {
     const auto half = static_cast<std::int16_t>(1 << (per_pixel_log2 - 1));
-    return bits_of<Words>((sums - (sums >> kPartsLog2) + half) >> per_pixel_log2);
+    return bit_cast_to<U16x8>((sums - (sums >> kPartsLog2) + half) >> per_pixel_log2);
   }
   void change(int from, int to, int column);
 

@@ -76,13 +76,13 @@ bool Trace::is_hidden(int begin, int end, const Cells& cells, const Layer& above
   int node = begin;
   for (; node + kAtOnce <= last + 1; node += kAtOnce) {
     for (std::size_t k = 0; k < kAtOnce; ++k) {
-      tops[k] = smaller(low[node + static_cast<int>(k)], tops[k]);
-      bottoms[k] = larger(high[node + static_cast<int>(k)], bottoms[k]);
+      tops[k] = fast_min(low[node + static_cast<int>(k)], tops[k]);
+      bottoms[k] = fast_max(high[node + static_cast<int>(k)], bottoms[k]);
     }
   }
   for (; node <= last; ++node) {
-    tops[0] = smaller(low[node], tops[0]);
-    bottoms[0] = larger(high[node], bottoms[0]);
+    tops[0] = fast_min(low[node], tops[0]);
+    bottoms[0] = fast_max(high[node], bottoms[0]);
   }
   const float top = *std::ranges::min_element(tops), bottom = *std::ranges::max_element(bottoms);
   const auto row = [&cells](float y) {
@@ -103,8 +103,8 @@ void Trace::cover_discs(int begin, int count) {
     const float* const high_left = m_high.data() + 1 + begin + m_reach - k;
     const float* const high_right = m_high.data() + 1 + begin + m_reach + 1 + k;
     for (int i = 0; i < count; ++i) {
-      top[i] = smaller(top[i], smaller(low_left[i], low_right[i]) - half);
-      bottom[i] = larger(bottom[i], larger(high_left[i], high_right[i]) + half);
+      top[i] = fast_min(top[i], fast_min(low_left[i], low_right[i]) - half);
+      bottom[i] = fast_max(bottom[i], fast_max(high_left[i], high_right[i]) + half);
     }
   }
 }
@@ -119,12 +119,12 @@ void Trace::cover_rims(int begin, int count) {
   float* const top = m_top.data();
   float* const bottom = m_bottom.data();
   for (int i = 0; i < count; ++i) {
-    const float low = smaller(outer * low_left[i] + inner * low_left[i + 1],
-                              inner * low_right[i] + outer * low_right[i + 1]);
-    const float high = larger(outer * high_left[i] + inner * high_left[i + 1],
-                              inner * high_right[i] + outer * high_right[i + 1]);
-    top[i] = smaller(top[i], low);
-    bottom[i] = larger(bottom[i], high);
+    const float low = fast_min(outer * low_left[i] + inner * low_left[i + 1],
+                               inner * low_right[i] + outer * low_right[i + 1]);
+    const float high = fast_max(outer * high_left[i] + inner * high_left[i + 1],
+                                inner * high_right[i] + outer * high_right[i + 1]);
+    top[i] = fast_min(top[i], low);
+    bottom[i] = fast_max(bottom[i], high);
   }
 }
 
@@ -135,8 +135,8 @@ void Trace::cover_rims_of(const DenseRun& run, int begin, int count) {
     const float right = run.at(run.x.crossing_before_next(begin + i + 2 * m_reach));
     float& top = m_top[static_cast<std::size_t>(i)];
     float& bottom = m_bottom[static_cast<std::size_t>(i)];
-    top = smaller(left, smaller(right, top));
-    bottom = larger(left, larger(right, bottom));
+    top = fast_min(left, fast_min(right, top));
+    bottom = fast_max(left, fast_max(right, bottom));
   }
 }
 

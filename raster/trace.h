@@ -10,7 +10,7 @@
 
 #include "raster/abscissae.h"
 #include "raster/cells.h"
-#include "raster/extremes.h"
+#include "raster/fast_min_max.h"
 #include "raster/layer.h"
 
 namespace kurv::raster {
@@ -52,8 +52,8 @@ class Trace {
   void pass(int node, float y) {
     float& low = m_low[static_cast<std::size_t>(node + 1)];
     float& high = m_high[static_cast<std::size_t>(node + 1)];
-    low = smaller(y, low);
-    high = larger(y, high);
+    low = fast_min(y, low);
+    high = fast_max(y, high);
   }
   // Covers what the pen covers on its way along these nodes, except for what `above` hides, if
   // there is any. Where the line is known between the nodes, too, it comes with its run.

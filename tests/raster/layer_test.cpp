@@ -91,7 +91,7 @@ TEST(Layer, IsEmptyAgainAfterAFlush) {
 }
 
 RowCoverage covered(int left, int right) {
-  return {Words{} + static_cast<std::uint16_t>(left), Words{} + static_cast<std::uint16_t>(right)};
+  return {U16x8{} + static_cast<std::uint16_t>(left), U16x8{} + static_cast<std::uint16_t>(right)};
 }
 
 TEST(Layer, HidesWhereEveryPixelOfEveryRowIsOpaque) {

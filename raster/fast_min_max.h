@@ -4,10 +4,10 @@
 
 namespace kurv::raster {
 
-inline float smaller(float a, float b) {
+inline float fast_min(float a, float b) {
   return a < b ? a : b;
 }
-inline float larger(float a, float b) {
+inline float fast_max(float a, float b) {
   return a > b ? a : b;
 }
 

@@ -17,7 +17,7 @@ inline float finite(float value) {
 // The first pixel, of 0..size, whose centre is not before the coordinate. Given a span's end it is
 // the first pixel that is not inside. (A centre exactly there has no coverage and may go either
 // way.)
-inline int pixel_from(double coordinate, int size) {
+inline int first_pixel_from(double coordinate, int size) {
   return static_cast<int>(std::clamp(coordinate + 0.5, 0.0, static_cast<double>(size)));
 }
 
