@@ -5,7 +5,7 @@
 #include <numbers>
 #include <utility>
 
-#include "raster/course.h"
+#include "raster/row_dda.h"
 #include "raster/lanes.h"
 #include "raster/round_ends.h"
 #include "raster/strip.h"

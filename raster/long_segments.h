@@ -8,7 +8,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "raster/course.h"
+#include "raster/row_dda.h"
 #include "raster/coverage.h"
 #include "raster/geometry.h"
 #include "raster/lanes.h"

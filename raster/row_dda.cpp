@@ -1,4 +1,4 @@
-#include "raster/course.h"
+#include "raster/row_dda.h"
 
 #include <algorithm>
 #include <cmath>
