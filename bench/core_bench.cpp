@@ -14,7 +14,7 @@
 #include "model/selection_order.h"
 #include "raster/columns.h"
 #include "raster/coverage.h"
-#include "raster/long_segments.h"
+#include "raster/narrow_segments.h"
 #include "raster/stamp.h"
 #include "raster/stamps.h"
 #include "raster/strokes.h"
@@ -76,12 +76,13 @@ void segments(benchmark::State& state) {
   const raster::Pen pen{1, static_cast<double>(state.range(0)) / 2};
   const Pixels pixels(bench::kWidth, bench::kHeight);
   raster::Coverage mask(bench::kWidth, bench::kHeight);
-  raster::LongSegments middles(bench::kWidth, bench::kHeight);
+  raster::NarrowSegments narrow_segments(bench::kWidth, bench::kHeight);
   for ([[maybe_unused]] auto _ : state) {
     for (std::size_t i = 1; i < line.x.size(); ++i) {
-      add_segment(mask, middles, pen, {line.x[i - 1], line.y[i - 1]}, {line.x[i], line.y[i]});
+      add_segment(mask, narrow_segments, pen, {line.x[i - 1], line.y[i - 1]},
+                  {line.x[i], line.y[i]});
     }
-    middles.merge_into(mask);
+    narrow_segments.merge_into(mask);
     mask.flush(pixels.canvas(), 0xFF000080);
   }
 }
@@ -95,16 +96,16 @@ void segments_of_length(benchmark::State& state) {
   const raster::Pen pen{1, static_cast<double>(state.range(1)) / 2};
   const Pixels pixels(bench::kWidth, bench::kHeight);
   raster::Coverage mask(bench::kWidth, bench::kHeight);
-  raster::LongSegments middles(bench::kWidth, bench::kHeight);
+  raster::NarrowSegments narrow_segments(bench::kWidth, bench::kHeight);
   for ([[maybe_unused]] auto _ : state) {
     for (std::size_t i = 0; i < line.x.size(); ++i) {
       const double angle = static_cast<double>(i);
       const raster::Point from{line.x[i], line.y[i]};
-      add_segment(mask, middles, pen, from,
+      add_segment(mask, narrow_segments, pen, from,
                   {from.x + static_cast<float>(length * std::cos(angle)),
                    from.y + static_cast<float>(length * std::sin(angle))});
     }
-    middles.merge_into(mask);
+    narrow_segments.merge_into(mask);
     mask.flush(pixels.canvas(), 0xFF000080);
   }
 }

@@ -49,7 +49,7 @@ class Sector {
 };
 
 // Where a row crosses a circle; none if left > right.
-struct Crossing {
+struct Chord {
   double left = 1;
   double right = 0;
 };
@@ -77,9 +77,9 @@ class RingFiller {
  private:
   void fill_row(int y) const {
     const double row_power = (y + 0.5) * (y + 0.5 - 2 * m_y) + m_power;
-    const Crossing outer = crossing(row_power, m_reach);
+    const Chord outer = chord(row_power, m_reach);
     if (outer.left > outer.right) return;
-    const Crossing hole = m_radius > m_reach ? crossing(row_power, -m_reach) : Crossing{};
+    const Chord hole = m_radius > m_reach ? chord(row_power, -m_reach) : Chord{};
     if (hole.left > hole.right) {
       fill_span(y, row_power, outer.left, outer.right);
     } else {
@@ -90,8 +90,8 @@ class RingFiller {
 
   // Of the row with the circle that is `wider` in radius. The root far from zero is computed first
   // and the other from it, so that neither comes from a difference of nearly equal numbers.
-  Crossing crossing(double row_power, double wider) const {
-    const double product = row_power - wider * (2 * m_radius + wider);
+  Chord chord(double row_power, double widening) const {
+    const double product = row_power - widening * (2 * m_radius + widening);
     const double under_root = m_x * m_x - product;
     if (under_root < 0) return {};
     const double far = m_x + std::copysign(std::sqrt(under_root), m_x);

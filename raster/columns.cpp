@@ -253,7 +253,7 @@ void Columns::add_far_segment(Point from, Point to) {
   const double margin = (m_pen.half_width + 2) / scale;
   const Box box{{-margin, -margin},
                 {m_cells.width() / scale + margin, m_cells.height() / scale + margin}};
-  const std::optional<VisiblePart> part = visible_part(finite(from), finite(to), box);
+  const std::optional<ClippedSegment> part = clip_segment(finite(from), finite(to), box);
   if (!part) return;
   const auto node_at = [&](double x) {
     return x * scale * m_cells.per_pixel() + m_trace.node_of_zero();

@@ -1,13 +1,13 @@
 #include "raster/coverage.h"
 
 #include "raster/blend.h"
-#include "raster/lanes.h"
+#include "raster/coverage_lanes.h"
 
 namespace kurv::raster {
 namespace {
 
 void blend_lanes(std::uint32_t* pixels, const std::uint8_t* values, std::uint32_t colour) {
-  if (are_full(values)) {
+  if (all_full(values)) {
     std::fill_n(pixels, kLanes, colour);
   } else {
     for (int i = 0; i < kLanes; ++i) pixels[i] = blend(pixels[i], colour, values[i]);
@@ -17,7 +17,7 @@ void blend_lanes(std::uint32_t* pixels, const std::uint8_t* values, std::uint32_
 void blend_row(std::uint32_t* pixels, const std::uint8_t* values, int count, std::uint32_t colour) {
   int i = 0;
   for (; i + kLanes <= count; i += kLanes) {
-    if (!are_zero(values + i)) blend_lanes(pixels + i, values + i, colour);
+    if (!all_zero(values + i)) blend_lanes(pixels + i, values + i, colour);
   }
   for (; i < count; ++i) pixels[i] = blend(pixels[i], colour, values[i]);
 }

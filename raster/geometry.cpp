@@ -70,13 +70,13 @@ bool has_nan(Point point) {
   return std::isnan(point.x) || std::isnan(point.y);
 }
 
-std::optional<VisiblePart> visible_part(Point from, Point to, const Box& box) {
+std::optional<ClippedSegment> clip_segment(Point from, Point to, const Box& box) {
   if (misses(from, to, box)) return std::nullopt;
   const LineEquation line = line_through(from, to);
   const double length = std::sqrt(line.a * line.a + line.b * line.b);
-  const VisiblePart part{clipped_end(line, from, box.low, box.high),
-                         clipped_end(line, to, box.low, box.high),
-                         length > 0 ? Vector{line.b / length, -line.a / length} : Vector{1, 0}};
+  const ClippedSegment part{clipped_end(line, from, box.low, box.high),
+                            clipped_end(line, to, box.low, box.high),
+                            length > 0 ? Vector{line.b / length, -line.a / length} : Vector{1, 0}};
   // A line may pass a corner at a distance, although its whole length spans the box.
   if (misses(part.from, part.to, box)) return std::nullopt;
   return part;

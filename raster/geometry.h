@@ -24,7 +24,7 @@ bool has_nan(Point point);
 
 // The part of a segment near a box: its ends, and the direction of the whole segment, of length
 // one; (1, 0) for one of no length.
-struct VisiblePart {
+struct ClippedSegment {
   Vector from;
   Vector to;
   Vector direction;
@@ -32,7 +32,7 @@ struct VisiblePart {
 
 // Holds everything of the segment that is inside the box, and no more outside than the box is wide
 // or high. Nothing where the segment does not come near.
-std::optional<VisiblePart> visible_part(Point from, Point to, const Box& box);
+std::optional<ClippedSegment> clip_segment(Point from, Point to, const Box& box);
 
 // The power of the origin with respect to the circle, d^2 - r^2 with the centre at distance d.
 double power_of_origin(Point centre, float radius);

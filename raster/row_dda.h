@@ -11,7 +11,7 @@ namespace kurv::raster {
 // Eight pixels of each of the rows first..end-1: from `at` on in the
 // first of them, moving on by `step`. Fixed point, because a step has to find its pixel without
 // asking the library to round.
-struct Course {
+struct RowDda {
   static constexpr int kFractionBits = 32;
   // Where within a pixel a strip is told apart.
   static constexpr int kPhaseBits = 6;
@@ -32,9 +32,9 @@ struct Course {
 // Of the rows with their middles in top..bottom, without those in which the eight pixels are
 // outside the mask and its margins. The strip passes `through` and moves by `slope` from row to
 // row.
-Course course_of(double top, double bottom, Vector through, double slope, const Coverage& mask);
+RowDda make_row_dda(double top, double bottom, Vector through, double slope, const Coverage& mask);
 
 // Touches the pixels of the course.
-void touch(Coverage& mask, const Course& course);
+void touch(Coverage& mask, const RowDda& dda);
 
 }  // namespace kurv::raster

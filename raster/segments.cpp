@@ -2,11 +2,11 @@
 #include <cmath>
 #include <numbers>
 
+#include "raster/coverage_lanes.h"
 #include "raster/geometry.h"
-#include "raster/lanes.h"
-#include "raster/long_segments.h"
-#include "raster/round_ends.h"
-#include "raster/strip.h"
+#include "raster/line_profile.h"
+#include "raster/narrow_segments.h"
+#include "raster/round_caps.h"
 #include "raster/stroke_math.h"
 #include "raster/strokes.h"
 
@@ -32,7 +32,7 @@ class CapsuleFiller {
   CapsuleFiller(Coverage& mask, const Segment& segment, double half_width)
       : m_mask(mask),
         m_segment(segment),
-        m_strip(half_width, segment.direction),
+        m_profile(half_width, segment.direction),
         m_round(half_width, segment.direction),
         m_reach(half_width + std::numbers::sqrt2 / 2),
         m_step{static_cast<float>(-segment.direction.y), static_cast<float>(-segment.direction.x),
@@ -44,7 +44,7 @@ class CapsuleFiller {
     // A level line is in reach from end to end of the few rows that it touches at all.
     if (std::abs(segment.direction.y) > 1e-9) {
       m_slope = segment.direction.x / segment.direction.y;
-      m_row_reach = m_strip.reach() / std::abs(segment.direction.y) + 1e-3;
+      m_row_reach = m_profile.reach() / std::abs(segment.direction.y) + 1e-3;
     } else {
       m_row_reach = m_right - m_left;
     }
@@ -82,7 +82,7 @@ class CapsuleFiller {
     const double along = right * m_segment.direction.x + down * m_segment.direction.y;
     const auto before = static_cast<float>(-along);
     const auto beyond = static_cast<float>(along - m_length);
-    const Place start{across, before, beyond};
+    const CapsuleCoords start{across, before, beyond};
 
     std::uint8_t* const values = m_mask.row(y) + first;
     for (int i = 0; i < end - first; i += kLanes) raise(values + i, lanes(start, i));
@@ -92,50 +92,50 @@ class CapsuleFiller {
 
   // Where the middle of a pixel is, seen from the segment: how far off the line, before its start
   // and beyond its end.
-  struct Place {
+  struct CapsuleCoords {
     float across;
     float before;
     float beyond;
   };
-  Place moved(Place place, int right) const {
+  CapsuleCoords moved(CapsuleCoords at, int right) const {
     const auto step = static_cast<float>(right);
-    return {place.across + step * m_step.across, place.before + step * m_step.before,
-            place.beyond + step * m_step.beyond};
+    return {at.across + step * m_step.across, at.before + step * m_step.before,
+            at.beyond + step * m_step.beyond};
   }
 
   // The coverages of the pixels that begin `right` of a place.
-  Lanes lanes(Place place, int right) const {
-    const Place first = moved(place, right), last = moved(place, right + kLanes - 1);
+  CoverageLanes lanes(CapsuleCoords at, int right) const {
+    const CapsuleCoords first = moved(at, right), last = moved(at, right + kLanes - 1);
     const float past = std::max({first.before, first.beyond, last.before, last.beyond});
     std::array<float, kLanes> covered;
     if (past <= m_body) {
       for (int k = 0; k < kLanes; ++k) {
-        const Place at = moved(place, right + k);
-        covered[static_cast<std::size_t>(k)] = m_strip.coverage(std::abs(at.across));
+        const CapsuleCoords pixel = moved(at, right + k);
+        covered[static_cast<std::size_t>(k)] = m_profile.coverage(std::abs(pixel.across));
       }
     } else {
       for (int k = 0; k < kLanes; ++k) {
-        covered[static_cast<std::size_t>(k)] = end_coverage(moved(place, right + k));
+        covered[static_cast<std::size_t>(k)] = end_coverage(moved(at, right + k));
       }
     }
-    return bytes_of(covered);
+    return to_bytes(covered);
   }
 
   // Beyond its ends the strip goes on as far as the pen is round. Not before them, where the round
   // ends begin to show already: at the joint with a segment that goes straight on they must not.
-  float end_coverage(Place place) const {
-    const float strip = m_strip.coverage(std::abs(place.across));
-    const float past = std::max(place.before, place.beyond);
-    const float round = std::min(strip, m_round.coverage(place.before, place.beyond, place.across));
-    return past <= m_body ? strip : round;
+  float end_coverage(CapsuleCoords at) const {
+    const float body = m_profile.coverage(std::abs(at.across));
+    const float past = std::max(at.before, at.beyond);
+    const float round = std::min(body, m_round.coverage(at.before, at.beyond, at.across));
+    return past <= m_body ? body : round;
   }
 
   Coverage& m_mask;
   const Segment& m_segment;
-  Strip m_strip;
-  RoundEnds m_round;
+  LineProfile m_profile;
+  RoundCaps m_round;
   double m_reach;
-  Place m_step;  // to the next pixel of a row
+  CapsuleCoords m_step;  // to the next pixel of a row
   double m_length;
   float m_body;  // what is no further past the ends is all strip
   double m_left;
@@ -144,13 +144,13 @@ class CapsuleFiller {
   double m_row_reach = 0;  // how far from the line's crossing a row's pixels are in reach
 };
 
-std::optional<Segment> visible_segment(const Coverage& mask, const Pen& pen, Point from, Point to) {
+std::optional<Segment> clipped_segment(const Coverage& mask, const Pen& pen, Point from, Point to) {
   if (has_nan(from) || has_nan(to)) return std::nullopt;
   const double scale = pen.pixels_per_unit;
   const double margin = (pen.half_width + 2) / scale;
   const Box box{{-margin, -margin},
                 {mask.width() / scale + margin, mask.height() / scale + margin}};
-  const std::optional<VisiblePart> part = visible_part(finite(from), finite(to), box);
+  const std::optional<ClippedSegment> part = clip_segment(finite(from), finite(to), box);
   if (!part) return std::nullopt;
   return Segment{{part->from.x * scale, part->from.y * scale},
                  {part->to.x * scale, part->to.y * scale},
@@ -160,14 +160,14 @@ std::optional<Segment> visible_segment(const Coverage& mask, const Pen& pen, Poi
 }  // namespace
 
 void add_segment(Coverage& mask, const Pen& pen, Point from, Point to) {
-  const std::optional<Segment> segment = visible_segment(mask, pen, from, to);
+  const std::optional<Segment> segment = clipped_segment(mask, pen, from, to);
   if (segment) CapsuleFiller(mask, *segment, pen.half_width).fill();
 }
 
-void add_segment(Coverage& mask, LongSegments& others, const Pen& pen, Point from, Point to) {
-  const std::optional<Segment> segment = visible_segment(mask, pen, from, to);
+void add_segment(Coverage& mask, NarrowSegments& others, const Pen& pen, Point from, Point to) {
+  const std::optional<Segment> segment = clipped_segment(mask, pen, from, to);
   if (!segment) return;
-  if (LongSegments::is_narrow(pen.half_width)) {
+  if (NarrowSegments::supports(pen.half_width)) {
     others.add(mask, pen.half_width, segment->from, segment->to, segment->direction);
   } else {
     CapsuleFiller(mask, *segment, pen.half_width).fill();

@@ -25,8 +25,8 @@ struct Pen {
 void add_segment(Coverage& mask, const Pen& pen, Point from, Point to);
 
 // The same, faster, above all where it is long: it may be kept in `others` until that is merged.
-class LongSegments;
-void add_segment(Coverage& mask, LongSegments& others, const Pen& pen, Point from, Point to);
+class NarrowSegments;
+void add_segment(Coverage& mask, NarrowSegments& others, const Pen& pen, Point from, Point to);
 
 // A circle's outline. A radius of zero makes a dot, a negative one nothing.
 void add_circle(Coverage& mask, const Pen& pen, Point centre, float radius);

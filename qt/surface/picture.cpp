@@ -36,12 +36,12 @@ void Picture::resize(QSize logical_size, double device_pixel_ratio) {
   const Resolution resolution = resolution_of(logical_size, device_pixel_ratio);
   QImage image = white_image(resolution);
   raster::Coverage mask(resolution.width, resolution.height);
-  raster::LongSegments middles(resolution.width, resolution.height);
+  raster::NarrowSegments narrow_segments(resolution.width, resolution.height);
   raster::Columns columns(resolution.width, resolution.height);
   m_pixels->resolution = resolution;
   m_pixels->image = std::move(image);
   m_pixels->mask = std::move(mask);
-  m_pixels->middles = std::move(middles);
+  m_pixels->narrow_segments = std::move(narrow_segments);
   m_pixels->columns = std::move(columns);
   m_pixels->lines.reset();
   m_pixels->texts = {};
@@ -72,7 +72,7 @@ Double Picture::ScaleHeight() const {
 
 void Picture::Cls() {
   m_pixels->mask.clear();
-  m_pixels->middles.clear();
+  m_pixels->narrow_segments.clear();
   m_pixels->columns.clear();
   m_pixels->pending_colour.reset();
   m_pixels->stamps.clear();

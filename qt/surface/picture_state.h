@@ -18,7 +18,7 @@
 #include "raster/columns.h"
 #include "raster/coverage.h"
 #include "raster/layer.h"
-#include "raster/long_segments.h"
+#include "raster/narrow_segments.h"
 #include "raster/stamps.h"
 #include "raster/strokes.h"
 
@@ -42,7 +42,7 @@ struct Picture::Pixels {
       : resolution(size),
         image(white_image(size)),
         mask(size.width, size.height),
-        middles(size.width, size.height),
+        narrow_segments(size.width, size.height),
         columns(size.width, size.height) {}
 
   Resolution resolution;
@@ -50,7 +50,7 @@ struct Picture::Pixels {
   // Either strokes that are not yet in the image, all of one colour and pen, or figures.
   raster::Coverage mask;
   std::optional<std::uint32_t> pending_colour;
-  raster::LongSegments middles;
+  raster::NarrowSegments narrow_segments;
   raster::Columns columns;
   std::optional<raster::Layer> lines;  // once there were many
   raster::Stamps stamps;
@@ -88,7 +88,7 @@ struct Picture::Pixels {
       stamps.flush(canvas());
     }
     if (!pending_colour) return;
-    middles.merge_into(mask);
+    narrow_segments.merge_into(mask);
     mask.flush(canvas(), *pending_colour);
     pending_colour.reset();
   }

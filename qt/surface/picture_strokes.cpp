@@ -22,7 +22,8 @@ void Picture::Line(SurfacePoint from, SurfacePoint to, int colour, LineKind kind
   const bool level_or_upright = from.x == to.x || from.y == to.y;
   if (kind == LineKind::kSegment || (kind == LineKind::kRule && !level_or_upright)) {
     raster::Coverage& mask = m_pixels->strokes(colour);
-    raster::add_segment(mask, m_pixels->middles, m_pixels->pen(), to_point(from), to_point(to));
+    raster::add_segment(mask, m_pixels->narrow_segments, m_pixels->pen(), to_point(from),
+                        to_point(to));
     return;
   }
   m_pixels->flush();

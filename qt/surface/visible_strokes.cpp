@@ -114,7 +114,7 @@ void add_visible_segment(QPainterPath& path, const QRectF& page, SurfacePoint fr
   const raster::Point last = to_point(to);
   if (raster::has_nan(first) || raster::has_nan(last)) return;
   const raster::Box box{{page.left(), page.top()}, {page.right(), page.bottom()}};
-  const std::optional<raster::VisiblePart> part = raster::visible_part(first, last, box);
+  const std::optional<raster::ClippedSegment> part = raster::clip_segment(first, last, box);
   if (part) add_line(path, {part->from.x, part->from.y}, {part->to.x, part->to.y});
 }
 

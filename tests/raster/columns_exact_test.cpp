@@ -1,7 +1,7 @@
 // How far the pixels of columns are from what a line truly covers.
 #include <numbers>
 
-#include "raster/long_segments.h"
+#include "raster/narrow_segments.h"
 #include "tests/raster/curve.h"
 
 namespace kurv::raster {
@@ -180,9 +180,9 @@ TEST(Columns, SegmentLooksTheSameAlone) {
       CurvePixels pixels(kWidth, kHeight);
       pixels.draw({1, half_width}, curve);
       Coverage mask(kWidth, kHeight);
-      LongSegments middles(kWidth, kHeight);
-      add_segment(mask, middles, {1, half_width}, from, to);
-      middles.merge_into(mask);
+      NarrowSegments narrow_segments(kWidth, kHeight);
+      add_segment(mask, narrow_segments, {1, half_width}, from, to);
+      narrow_segments.merge_into(mask);
       const Difference difference = difference_of(
           kWidth, kHeight, [&](int x, int y) { return pixels.at(x, y); },
           [&](int x, int y) { return mask.row(y)[x]; });

@@ -1,13 +1,13 @@
-#include "raster/lanes.h"
+#include "raster/coverage_lanes.h"
 
 namespace kurv::raster {
 
 // By way of wider numbers, each in a loop of its own, and apart from its callers: compilers take
 // eight together only where they see all of them change to the next size at once.
-Lanes bytes_of(const std::array<float, kLanes>& covered) {
+CoverageLanes to_bytes(const std::array<float, kLanes>& covered) {
   std::array<std::int32_t, kLanes> whole;
   std::array<std::uint16_t, kLanes> shorter;
-  Lanes bytes;
+  CoverageLanes bytes;
   for (std::size_t k = 0; k < kLanes; ++k) {
     whole[k] = static_cast<std::int32_t>(covered[k] * 255 + 0.5F);
   }

@@ -9,9 +9,9 @@
 namespace kurv::raster {
 
 // How much of a pixel lies within a stroke with round ends, by where the middle of the pixel is.
-class RoundEnds {
+class RoundCaps {
  public:
-  RoundEnds(double half_width, Vector direction)
+  RoundCaps(double half_width, Vector direction)
       : m_half_width(static_cast<float>(half_width)),
         m_x(static_cast<float>(direction.x / 4)),
         m_y(static_cast<float>(direction.y / 4)) {}

@@ -1,14 +1,14 @@
-#include "raster/long_segments.h"
+#include "raster/narrow_segments.h"
 
 #include <algorithm>
 #include <cmath>
 #include <numbers>
 #include <utility>
 
+#include "raster/coverage_lanes.h"
+#include "raster/line_profile.h"
+#include "raster/round_caps.h"
 #include "raster/row_dda.h"
-#include "raster/lanes.h"
-#include "raster/round_ends.h"
-#include "raster/strip.h"
 #include "raster/stroke_math.h"
 
 namespace kurv::raster {
@@ -24,18 +24,18 @@ struct AnyPen {
 };
 
 // From the first of the eight pixels to the middle of the strip, in the first phase.
-double to_middle(double half_width) {
+double middle_offset(double half_width) {
   return ((half_width <= ThinPen::kWidest ? ThinPen::kPixels : AnyPen::kPixels) - 1) / 2.0;
 }
 
 // Where the middle of a pixel is, seen from a segment: how far off the line and along it. Steps
 // from there are small enough for single precision.
-struct Place {
+struct LineCoords {
   float across;
   double along;
 };
 
-Place place_of(Vector from, Vector direction, int left, int row) {
+LineCoords line_coords(Vector from, Vector direction, int left, int row) {
   const double right = left + 0.5 - from.x, down = row + 0.5 - from.y;
   return {static_cast<float>(down * direction.x - right * direction.y),
           right * direction.x + down * direction.y};
@@ -43,39 +43,39 @@ Place place_of(Vector from, Vector direction, int left, int row) {
 
 // Of eight pixels of a row, what an endless strip covers.
 template <class PenKind>
-class EndlessStrip {
+class InfiniteLine {
  public:
-  EndlessStrip(double half_width, Vector through, Vector direction)
+  InfiniteLine(double half_width, Vector through, Vector direction)
       : m_through(through),
         m_direction(direction),
         m_step(static_cast<float>(-direction.y)),
-        m_strip(half_width, direction) {}
+        m_profile(half_width, direction) {}
 
-  Lanes lanes(int left, int row) const {
-    const Place place = place_of(m_through, m_direction, left, row);
+  CoverageLanes lanes(int left, int row) const {
+    const LineCoords at = line_coords(m_through, m_direction, left, row);
     std::array<float, kLanes> covered{};
 #pragma GCC unroll 1  // four by four, then, and not one by one
     for (int k = 0; k < PenKind::kPixels; ++k) {
-      const float across = place.across + static_cast<float>(k) * m_step;
-      covered[static_cast<std::size_t>(k)] = m_strip.coverage(std::abs(across));
+      const float across = at.across + static_cast<float>(k) * m_step;
+      covered[static_cast<std::size_t>(k)] = m_profile.coverage(std::abs(across));
     }
-    return bytes_of(covered);
+    return to_bytes(covered);
   }
 
  private:
   Vector m_through;
   Vector m_direction;
   float m_step;
-  Strip m_strip;
+  LineProfile m_profile;
 };
 
 // Of eight pixels of a row, what is left where the strip ends. Beyond its ends it goes on as far as
 // the pen is round. Not before them, where the round ends begin to show already: at the joint with
 // a segment that goes straight on they must not.
 template <class PenKind>
-class Ends {
+class CapClipper {
  public:
-  Ends(double half_width, Vector from, Vector direction, double length)
+  CapClipper(double half_width, Vector from, Vector direction, double length)
       : m_from(from),
         m_direction(direction),
         m_length(length),
@@ -84,20 +84,20 @@ class Ends {
         m_body(length > 0 ? 0.0F : -1.0F),
         m_round(half_width, direction) {}
 
-  Lanes cut(const Lanes& strip, int left, int row) const {
-    const Place place = place_of(m_from, m_direction, left, row);
-    const auto first_before = static_cast<float>(-place.along);
-    const auto first_beyond = static_cast<float>(place.along - m_length);
+  CoverageLanes clip(const CoverageLanes& body, int left, int row) const {
+    const LineCoords at = line_coords(m_from, m_direction, left, row);
+    const auto first_before = static_cast<float>(-at.along);
+    const auto first_beyond = static_cast<float>(at.along - m_length);
     std::array<float, kLanes> kept{};
 #pragma GCC unroll 1  // four by four, then, and not one by one
     for (int k = 0; k < PenKind::kPixels; ++k) {
       const auto step = static_cast<float>(k);
       const float before = first_before - step * m_x, beyond = first_beyond + step * m_x;
-      const float round = m_round.coverage(before, beyond, place.across - step * m_y);
+      const float round = m_round.coverage(before, beyond, at.across - step * m_y);
       kept[static_cast<std::size_t>(k)] = std::max(before, beyond) <= m_body ? 1 : round;
     }
-    Lanes covered = bytes_of(kept);
-    for (std::size_t k = 0; k < kLanes; ++k) covered[k] = std::min(strip[k], covered[k]);
+    CoverageLanes covered = to_bytes(kept);
+    for (std::size_t k = 0; k < kLanes; ++k) covered[k] = std::min(body[k], covered[k]);
     return covered;
   }
 
@@ -108,25 +108,25 @@ class Ends {
   float m_x;
   float m_y;
   float m_body;  // what is no further beyond the ends is all strip
-  RoundEnds m_round;
+  RoundCaps m_round;
 };
 
 // The steps of a course, from one row to another.
-class Steps {
+class RowStepper {
  public:
-  Steps(Coverage& mask, const Course& course)
-      : m_values(mask.row(course.first)),
+  RowStepper(Coverage& mask, const RowDda& dda)
+      : m_values(mask.row(dda.first)),
         m_stride(mask.stride()),
-        m_row(course.first),
-        m_at(course.at),
-        m_step(course.step) {}
+        m_row(dda.first),
+        m_at(dda.at),
+        m_step(dda.step) {}
 
   // Raises the pixels of the rows before `end` to lanes_at(fixed-point place, first pixel, row),
   // which is copied: of what is its own the compiler knows that no pixel can change it.
   template <class LanesAt>
-  void go(int end, LanesAt lanes_at) {
+  void raise_until(int end, LanesAt lanes_at) {
     for (; m_row < end; ++m_row, m_at += m_step, m_values += m_stride) {
-      const int left = Course::left_of(m_at);
+      const int left = RowDda::left_of(m_at);
       raise(m_values + left, lanes_at(m_at, left, m_row));
     }
   }
@@ -146,31 +146,31 @@ Vector transposed(Vector vector) {
 }  // namespace
 
 // By how far the middle of the strip has come within its pixel.
-const LongSegments::Profile& LongSegments::profile_of(double slope, double half_width) {
+const NarrowSegments::ProfileTable& NarrowSegments::profile_table(double slope, double half_width) {
   if (half_width != m_half_width) {
     m_half_width = half_width;
-    m_known.assign(m_known.size(), false);
+    m_has_table.assign(m_has_table.size(), false);
   }
-  const auto place = static_cast<std::size_t>(std::abs(slope) * kSlopes + 0.5);
-  Profile& profile = m_profiles[place];
-  if (m_known[place]) return profile;
-  m_known[place] = true;
-  const double rounded = static_cast<double>(place) / kSlopes;
+  const auto index = static_cast<std::size_t>(std::abs(slope) * kSlopes + 0.5);
+  ProfileTable& table = m_tables[index];
+  if (m_has_table[index]) return table;
+  m_has_table[index] = true;
+  const double rounded = static_cast<double>(index) / kSlopes;
   const double shortening = 1 / std::sqrt(1 + rounded * rounded);
-  const Strip strip(half_width, {shortening, rounded * shortening});
-  for (int phase = 0; phase < Course::kPhases; ++phase) {
-    const double middle = to_middle(half_width) + static_cast<double>(phase) / Course::kPhases;
+  const LineProfile profile(half_width, {shortening, rounded * shortening});
+  for (int phase = 0; phase < RowDda::kPhases; ++phase) {
+    const double middle = middle_offset(half_width) + static_cast<double>(phase) / RowDda::kPhases;
     for (int k = 0; k < kLanes; ++k) {
       const double distance = std::abs(k + 0.5 - middle) * shortening;
-      profile[static_cast<std::size_t>(phase)][static_cast<std::size_t>(k)] =
-          to_byte(strip.coverage(static_cast<float>(distance)));
+      table[static_cast<std::size_t>(phase)][static_cast<std::size_t>(k)] =
+          to_byte(profile.coverage(static_cast<float>(distance)));
     }
   }
-  return profile;
+  return table;
 }
 
-void LongSegments::add(Coverage& mask, double half_width, Vector from, Vector to,
-                       Vector direction) {
+void NarrowSegments::add(Coverage& mask, double half_width, Vector from, Vector to,
+                         Vector direction) {
   const bool is_steep = std::abs(direction.y) > std::abs(direction.x);
   Segment segment =
       is_steep ? Segment{from, to, direction, half_width}
@@ -179,67 +179,67 @@ void LongSegments::add(Coverage& mask, double half_width, Vector from, Vector to
     std::swap(segment.from, segment.to);
     segment.direction = {-segment.direction.x, -segment.direction.y};
   }
-  Coverage& rows = is_steep ? mask : m_columns;
+  Coverage& rows = is_steep ? mask : m_transposed;
   if (half_width <= ThinPen::kWidest) {
-    add_down<ThinPen>(rows, segment);
+    add_steep<ThinPen>(rows, segment);
   } else {
-    add_down<AnyPen>(rows, segment);
+    add_steep<AnyPen>(rows, segment);
   }
 }
 
 template <class PenKind>
-void LongSegments::add_down(Coverage& mask, const Segment& segment) {
+void NarrowSegments::add_steep(Coverage& mask, const Segment& segment) {
   const auto& [from, to, direction, half_width] = segment;
   const double reach = half_width + std::numbers::sqrt2 / 2;
   const double slope = direction.x / direction.y;
-  const Course course = course_of(from.y - reach, to.y + reach,
-                                  {from.x - to_middle(half_width), from.y}, slope, mask);
-  if (course.first >= course.end) return;
-  touch(mask, course);
+  const RowDda dda = make_row_dda(from.y - reach, to.y + reach,
+                                  {from.x - middle_offset(half_width), from.y}, slope, mask);
+  if (dda.first >= dda.end) return;
+  touch(mask, dda);
   // In so many rows beside an end there are pixels on both sides of it.
   const double mixed = reach * std::abs(direction.x);
   const auto row_from = [&](double y) {
-    return std::clamp(first_pixel_from(y, mask.height()), course.first, course.end);
+    return std::clamp(first_pixel_from(y, mask.height()), dda.first, dda.end);
   };
   const int begun = row_from(from.y + mixed), ending = row_from(to.y - mixed);
   const double length = (to.y - from.y) / direction.y;
-  const Ends<PenKind> ends(half_width, from, direction, length);
-  Steps steps(mask, course);
-  const auto draw = [&](const auto& strip) {
-    const auto cut = [ends, strip](std::int64_t at, int left, int row) {
-      return ends.cut(strip(at, left, row), left, row);
+  const CapClipper<PenKind> caps(half_width, from, direction, length);
+  RowStepper stepper(mask, dda);
+  const auto draw = [&](const auto& body) {
+    const auto clipped = [caps, body](std::int64_t at, int left, int row) {
+      return caps.clip(body(at, left, row), left, row);
     };
-    steps.go(begun, cut);
-    steps.go(ending, strip);
-    steps.go(course.end, cut);
+    stepper.raise_until(begun, clipped);
+    stepper.raise_until(ending, body);
+    stepper.raise_until(dda.end, clipped);
   };
-  if (length < kLong) {
-    const EndlessStrip<PenKind> strip(half_width, from, direction);
-    return draw([strip](std::int64_t, int left, int row) { return strip.lanes(left, row); });
+  if (length < kTableLength) {
+    const InfiniteLine<PenKind> line(half_width, from, direction);
+    return draw([line](std::int64_t, int left, int row) { return line.lanes(left, row); });
   }
-  const Lanes* const profile = profile_of(slope, half_width).data();
-  draw([profile](std::int64_t at, int, int) { return profile[Course::phase_of(at)]; });
+  const CoverageLanes* const table = profile_table(slope, half_width).data();
+  draw([table](std::int64_t at, int, int) { return table[RowDda::phase_of(at)]; });
 }
 
-void LongSegments::merge_into(Coverage& mask) {
-  m_columns.for_each_touched([this, &mask](int left, int top, int bottom) {
-    const int right = std::min(left + Coverage::kBand, m_columns.height());
+void NarrowSegments::merge_into(Coverage& mask) {
+  m_transposed.for_each_touched([this, &mask](int left, int top, int bottom) {
+    const int right = std::min(left + Coverage::kBand, m_transposed.height());
     for (int x = left; x < right; x += kLanes) {
       // From whole lanes on, so that no block lies in two bands of the mask.
       for (int y = top & -kLanes; y < bottom; y += kLanes) merge_block(mask, x, y);
     }
   });
-  m_columns.clear();
+  m_transposed.clear();
 }
 
 // Eight columns of eight pixels each.
-void LongSegments::merge_block(Coverage& mask, int x, int y) {
+void NarrowSegments::merge_block(Coverage& mask, int x, int y) {
   bool is_empty = true;
-  for (int i = 0; i < kLanes; ++i) is_empty = are_zero(m_columns.row(x + i) + y) && is_empty;
+  for (int i = 0; i < kLanes; ++i) is_empty = all_zero(m_transposed.row(x + i) + y) && is_empty;
   if (is_empty) return;
-  std::array<Lanes, kLanes> block;
+  std::array<CoverageLanes, kLanes> block;
   for (int i = 0; i < kLanes; ++i) {
-    const std::uint8_t* const column = m_columns.row(x + i) + y;
+    const std::uint8_t* const column = m_transposed.row(x + i) + y;
     for (std::size_t k = 0; k < kLanes; ++k) block[k][static_cast<std::size_t>(i)] = column[k];
   }
   const int rows = std::min(kLanes, mask.height() - y);

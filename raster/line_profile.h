@@ -12,9 +12,9 @@ namespace kurv::raster {
 //
 // Seen along the strip a pixel is a trapezium, with a plateau of the half width `inner` and a foot
 // of the half width `outer`. What lies beyond an edge of the strip is its integral.
-class Strip {
+class LineProfile {
  public:
-  Strip(double half_width, Vector direction)
+  LineProfile(double half_width, Vector direction)
       : m_half(static_cast<float>(half_width)),
         m_inner(static_cast<float>(std::abs(std::abs(direction.x) - std::abs(direction.y)) / 2)),
         m_ramp(static_cast<float>(std::min(std::abs(direction.x), std::abs(direction.y)))),
@@ -23,11 +23,13 @@ class Strip {
 
   // How far from the middle of the strip anything is covered at all.
   float reach() const { return m_half + m_inner + m_ramp; }
-  float coverage(float distance) const { return part(m_half - distance) + part(m_half + distance); }
+  float coverage(float distance) const {
+    return half_integral(m_half - distance) + half_integral(m_half + distance);
+  }
 
  private:
   // The integral of the trapezium from 0 to `to`; odd, and 1/2 beyond the foot.
-  float part(float to) const {
+  float half_integral(float to) const {
     const float length = std::abs(to);
     const float level = std::min(length, m_inner);
     const float slope = std::clamp(length - m_inner, 0.0F, m_ramp);

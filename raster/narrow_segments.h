@@ -8,20 +8,20 @@
 #include <cstdint>
 #include <vector>
 
-#include "raster/row_dda.h"
 #include "raster/coverage.h"
+#include "raster/coverage_lanes.h"
 #include "raster/geometry.h"
-#include "raster/lanes.h"
+#include "raster/row_dda.h"
 #include "raster/strokes.h"
 
 namespace kurv::raster {
 
-class LongSegments {
+class NarrowSegments {
  public:
-  LongSegments(int width, int height) : m_columns(height, width) {}
+  NarrowSegments(int width, int height) : m_transposed(height, width) {}
 
   // Whether the table is wide enough for the pen, at any angle.
-  static bool is_narrow(double half_width) { return half_width <= 2; }
+  static bool supports(double half_width) { return half_width <= 2; }
 
   // Adds the strip between two points in pixels and its round ends, to the mask or to what this
   // keeps. The direction has the length one. All segments until the next merge have the same half
@@ -29,12 +29,12 @@ class LongSegments {
   void add(Coverage& mask, double half_width, Vector from, Vector to, Vector direction);
   // Moves what this keeps to the mask, by maximum.
   void merge_into(Coverage& mask);
-  void clear() { m_columns.clear(); }
+  void clear() { m_transposed.clear(); }
 
  private:
   static constexpr int kSlopes = 128;
-  static constexpr double kLong = 24;  // pixels from which on the table is worth while
-  using Profile = std::array<Lanes, Course::kPhases>;
+  static constexpr double kTableLength = 24;  // pixels from which on the table is worth while
+  using ProfileTable = std::array<CoverageLanes, RowDda::kPhases>;
 
   // One that goes down the rows of its mask, from each to the next.
   struct Segment {
@@ -44,16 +44,16 @@ class LongSegments {
     double half_width;
   };
   template <class PenKind>
-  void add_down(Coverage& mask, const Segment& segment);
-  const Profile& profile_of(double slope, double half_width);
+  void add_steep(Coverage& mask, const Segment& segment);
+  const ProfileTable& profile_table(double slope, double half_width);
   void merge_block(Coverage& mask, int x, int y);
 
   // A mask of columns: its rows are the columns of the picture, so that the pixels that a step
   // looks at lie side by side.
-  Coverage m_columns;
+  Coverage m_transposed;
   double m_half_width = 0;
-  std::vector<Profile> m_profiles = std::vector<Profile>(kSlopes + 1);
-  std::vector<bool> m_known = std::vector<bool>(kSlopes + 1);
+  std::vector<ProfileTable> m_tables = std::vector<ProfileTable>(kSlopes + 1);
+  std::vector<bool> m_has_table = std::vector<bool>(kSlopes + 1);
 };
 
 }  // namespace kurv::raster

@@ -1,4 +1,4 @@
-#include "raster/long_segments.h"
+#include "raster/narrow_segments.h"
 
 #include <cmath>
 #include <numbers>
@@ -16,27 +16,27 @@ class Masks {
         m_height(height),
         m_plain(width, height),
         m_fast(width, height),
-        m_middles(width, height) {}
+        m_narrow_segments(width, height) {}
 
   void add(const Pen& pen, Point from, Point to) {
     add_segment(m_plain, pen, from, to);
-    add_segment(m_fast, m_middles, pen, from, to);
+    add_segment(m_fast, m_narrow_segments, pen, from, to);
   }
   Difference difference() {
-    m_middles.merge_into(m_fast);
+    m_narrow_segments.merge_into(m_fast);
     return difference_of(
         m_width, m_height, [this](int x, int y) { return m_fast.row(y)[x]; },
         [this](int x, int y) { return m_plain.row(y)[x]; });
   }
   Coverage& fast() { return m_fast; }
-  LongSegments& middles() { return m_middles; }
+  NarrowSegments& narrow_segments() { return m_narrow_segments; }
 
  private:
   int m_width;
   int m_height;
   Coverage m_plain;
   Coverage m_fast;
-  LongSegments m_middles;
+  NarrowSegments m_narrow_segments;
 };
 
 Point away(Point from, double length, double angle) {
@@ -44,7 +44,7 @@ Point away(Point from, double length, double angle) {
           static_cast<float>(from.y + length * std::sin(angle))};
 }
 
-TEST(LongSegments, LookLikePlainOnesAtEveryAngleLengthAndWidth) {
+TEST(NarrowSegments, LookLikePlainOnesAtEveryAngleLengthAndWidth) {
   for (const double half_width : {0.5, 0.625, 0.75, 1.0, 1.5, 1.9, 2.0, 2.4, 3.0}) {
     for (int step = 0; step < 144; ++step) {
       const double angle = step * std::numbers::pi / 72 + 0.002 * (step % 3);
@@ -60,7 +60,7 @@ TEST(LongSegments, LookLikePlainOnesAtEveryAngleLengthAndWidth) {
   }
 }
 
-TEST(LongSegments, ShortOnesLookExactlyLikePlainOnes) {
+TEST(NarrowSegments, ShortOnesLookExactlyLikePlainOnes) {
   for (const double half_width : {0.5, 0.6, 0.61, 0.75, 1.0, 1.5, 2.0, 2.1}) {
     for (int step = 0; step < 144; ++step) {
       const double angle = step * std::numbers::pi / 72 + 0.002 * (step % 3);
@@ -75,7 +75,7 @@ TEST(LongSegments, ShortOnesLookExactlyLikePlainOnes) {
   }
 }
 
-TEST(LongSegments, LookLikePlainOnesInPicturesOfAnySize) {
+TEST(NarrowSegments, LookLikePlainOnesInPicturesOfAnySize) {
   for (int width = 1; width <= 40; width += width < 10 ? 1 : 7) {
     for (int height = 1; height <= 40; height += height < 10 ? 1 : 7) {
       for (const double half_width : {0.5, 1.0, 2.0}) {
@@ -91,7 +91,7 @@ TEST(LongSegments, LookLikePlainOnesInPicturesOfAnySize) {
 }
 
 // Both at once, and so that the line is seen in the outermost columns alone.
-TEST(LongSegments, AlongTheEdgesLookLikePlainOnes) {
+TEST(NarrowSegments, AlongTheEdgesLookLikePlainOnes) {
   for (const double half_width : {0.5, 1.0, 2.0}) {
     for (int step = -24; step <= 24; ++step) {
       Masks masks(40, 33);
@@ -105,7 +105,7 @@ TEST(LongSegments, AlongTheEdgesLookLikePlainOnes) {
   }
 }
 
-TEST(LongSegments, CutIntoPiecesLookLikeOne) {
+TEST(NarrowSegments, CutIntoPiecesLookLikeOne) {
   for (const double half_width : {0.5, 1.0, 2.0}) {
     for (int step = 0; step < 72; ++step) {
       const double angle = step * std::numbers::pi / 36 + 0.003;
@@ -117,15 +117,15 @@ TEST(LongSegments, CutIntoPiecesLookLikeOne) {
         pieces.add({1, half_width}, away(from, last, angle), away(from, next, angle));
         last = next;
       }
-      whole.middles().merge_into(whole.fast());
-      pieces.middles().merge_into(pieces.fast());
+      whole.narrow_segments().merge_into(whole.fast());
+      pieces.narrow_segments().merge_into(pieces.fast());
       const std::vector<int> one = values_of(whole.fast()), many = values_of(pieces.fast());
       for (std::size_t i = 0; i < one.size(); ++i) ASSERT_NEAR(one[i], many[i], 4) << step;
     }
   }
 }
 
-TEST(LongSegments, AreCutAtEveryEdge) {
+TEST(NarrowSegments, AreCutAtEveryEdge) {
   for (const double half_width : {0.5, 2.0}) {
     for (int step = 0; step < 90; ++step) {
       Masks masks(40, 30);
@@ -142,15 +142,15 @@ TEST(LongSegments, AreCutAtEveryEdge) {
   }
 }
 
-TEST(LongSegments, OnPixelCentresAreExactlyFull) {
+TEST(NarrowSegments, OnPixelCentresAreExactlyFull) {
   Masks masks(60, 60);
   masks.add({1, 0.5}, {-10, 20.5F}, {90, 20.5F});
   masks.add({1, 0.5}, {40.5F, -10}, {40.5F, 90});
-  masks.middles().merge_into(masks.fast());
+  masks.narrow_segments().merge_into(masks.fast());
   EXPECT_EQ(total_of(masks.fast()), (60 + 60 - 1) * 255);
 }
 
-TEST(LongSegments, AreExactHoweverFarTheEndsAre) {
+TEST(NarrowSegments, AreExactHoweverFarTheEndsAre) {
   for (const float far : {1e4F, 1e9F, 1e30F, 3e38F}) {
     for (int step = -11; step <= 11; ++step) {
       const auto slope = static_cast<float>(std::tan(step * 0.13));
@@ -163,44 +163,44 @@ TEST(LongSegments, AreExactHoweverFarTheEndsAre) {
 }
 
 // The boxes round such segments meet the mask, the lines themselves pass it far away.
-TEST(LongSegments, PassTheMaskAtAnyDistance) {
+TEST(NarrowSegments, PassTheMaskAtAnyDistance) {
   for (const float far : {1e5F, 1e12F, 3e38F}) {
     Masks masks(40, 30);
     masks.add({1, 0.5}, {-far, 0}, {far / 4, far});
     masks.add({1, 0.5}, {0, -far}, {far, far / 4});
     masks.add({1, 0.5}, {-far, far}, {far, -far / 3});
-    masks.middles().merge_into(masks.fast());
+    masks.narrow_segments().merge_into(masks.fast());
     EXPECT_EQ(total_of(masks.fast()), 0) << far;
   }
 }
 
-TEST(LongSegments, MergedOnesAreKeptNoLonger) {
+TEST(NarrowSegments, MergedOnesAreKeptNoLonger) {
   Masks masks(60, 60);
   masks.add({1, 0.5}, {3, 4}, {55, 30});
-  masks.middles().merge_into(masks.fast());
+  masks.narrow_segments().merge_into(masks.fast());
   EXPECT_GT(total_of(masks.fast()), 0);
   masks.fast().clear();
-  masks.middles().merge_into(masks.fast());
+  masks.narrow_segments().merge_into(masks.fast());
   EXPECT_EQ(total_of(masks.fast()), 0);
 }
 
-TEST(LongSegments, ClearedOnesNeverShow) {
+TEST(NarrowSegments, ClearedOnesNeverShow) {
   Masks masks(60, 60);
   masks.add({1, 0.5}, {3, 4}, {55, 30});
   masks.fast().clear();
-  masks.middles().clear();
-  masks.middles().merge_into(masks.fast());
+  masks.narrow_segments().clear();
+  masks.narrow_segments().merge_into(masks.fast());
   EXPECT_EQ(total_of(masks.fast()), 0);
 }
 
-TEST(LongSegments, ReachTheCanvasWhole) {
+TEST(NarrowSegments, ReachTheCanvasWhole) {
   GuardedCanvas picture(60, 45);
   Masks masks(60, 45);
   for (int i = 0; i < 60; ++i) {
     const auto a = static_cast<float>(i * 37 % 97 - 20), b = static_cast<float>(i * 53 % 89 - 20);
     masks.add({1, 1}, {a, b}, {b, 70 - a});
   }
-  masks.middles().merge_into(masks.fast());
+  masks.narrow_segments().merge_into(masks.fast());
   const std::vector<int> covered = values_of(masks.fast());
   masks.fast().flush(picture.canvas(), 0xFF000000);
   for (int y = 0; y < 45; ++y) {
@@ -211,11 +211,11 @@ TEST(LongSegments, ReachTheCanvasWhole) {
   }
 }
 
-TEST(LongSegments, ANewPenHasItsOwnWidth) {
+TEST(NarrowSegments, ANewPenHasItsOwnWidth) {
   Masks masks(60, 60);
   for (const double half_width : {0.5, 2.0, 0.5}) {
     masks.add({1, half_width}, {-10, 30.5F}, {90, 30.5F});
-    masks.middles().merge_into(masks.fast());
+    masks.narrow_segments().merge_into(masks.fast());
     EXPECT_NEAR(total_of(masks.fast()), 60 * 2 * half_width * 255, 60);
     masks.fast().clear();
   }
