@@ -12,7 +12,7 @@
 #include "expr/evaluator.h"
 #include "expr/parser.h"
 #include "model/selection_order.h"
-#include "raster/columns.h"
+#include "raster/monotone_polylines.h"
 #include "raster/coverage.h"
 #include "raster/narrow_segments.h"
 #include "raster/stamp.h"

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "raster/tile.h"
+#include "raster/strip_accumulator.h"
 
 namespace kurv::raster {
 namespace {

@@ -3,7 +3,7 @@
 
 #include "raster/canvas.h"
 #include "raster/pixel_math.h"
-#include "raster/tile.h"
+#include "raster/strip_accumulator.h"
 
 namespace kurv::raster {
 

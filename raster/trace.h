@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "raster/abscissae.h"
-#include "raster/cells.h"
+#include "raster/subcolumns.h"
 #include "raster/fast_min_max.h"
 #include "raster/layer.h"
 

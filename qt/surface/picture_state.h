@@ -15,7 +15,7 @@
 #include "qt/surface/text_pictures.h"
 #include "raster/boxes.h"
 #include "raster/canvas.h"
-#include "raster/columns.h"
+#include "raster/monotone_polylines.h"
 #include "raster/coverage.h"
 #include "raster/layer.h"
 #include "raster/narrow_segments.h"

@@ -1,4 +1,4 @@
-#include "raster/columns.h"
+#include "raster/monotone_polylines.h"
 
 #include <limits>
 #include <numbers>

@@ -11,7 +11,7 @@
 #include <random>
 #include <vector>
 
-#include "raster/columns.h"
+#include "raster/monotone_polylines.h"
 #include "tests/raster/exact_coverage.h"
 #include "tests/raster/guarded_canvas.h"
 

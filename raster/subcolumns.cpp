@@ -1,4 +1,4 @@
-#include "raster/cells.h"
+#include "raster/subcolumns.h"
 
 #include <algorithm>
 #include <limits>

@@ -1,4 +1,4 @@
-#include "raster/tile.h"
+#include "raster/strip_accumulator.h"
 
 #include "raster/fast_min_max.h"
 

@@ -8,7 +8,7 @@
 #include <span>
 #include <vector>
 
-#include "raster/tile.h"
+#include "raster/strip_accumulator.h"
 
 namespace kurv::raster {
 

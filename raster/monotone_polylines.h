@@ -10,7 +10,7 @@
 
 #include "raster/abscissae.h"
 #include "raster/canvas.h"
-#include "raster/cells.h"
+#include "raster/subcolumns.h"
 #include "raster/layer.h"
 #include "raster/strokes.h"
 #include "raster/trace.h"
