@@ -12,8 +12,8 @@
 #include "expr/evaluator.h"
 #include "expr/parser.h"
 #include "model/selection_order.h"
-#include "raster/monotone_polylines.h"
 #include "raster/coverage.h"
+#include "raster/monotone_polylines.h"
 #include "raster/narrow_segments.h"
 #include "raster/stamp.h"
 #include "raster/stamps.h"
@@ -61,7 +61,7 @@ void columns(benchmark::State& state, std::string_view kind) {
   const Line line = line_of(kind, 32767);
   const raster::Pen pen{1, static_cast<double>(state.range(0)) / 2};
   const Pixels pixels(bench::kWidth, bench::kHeight);
-  raster::Columns kernel(bench::kWidth, bench::kHeight);
+  raster::MonotonePolylines kernel(bench::kWidth, bench::kHeight);
   for ([[maybe_unused]] auto _ : state) {
     kernel.add(pen, {line.x, line.y, line.drawn});
     kernel.flush(pixels.canvas(), 0xFF000080);

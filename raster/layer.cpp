@@ -29,7 +29,8 @@ U16x8 below(U16x8 two, U16x8 colour, U16x8 coverages) {
 Layer::Layer(int width, int height)
     : m_width(width),
       m_height(height),
-      m_strips(static_cast<std::size_t>((width + Tile::kColumns - 1) / Tile::kColumns)) {}
+      m_strips(static_cast<std::size_t>((width + StripAccumulator::kWidth - 1) /
+                                        StripAccumulator::kWidth)) {}
 
 bool Layer::hides(int tile, int first, int end) const {
   const Strip& strip = m_strips[static_cast<std::size_t>(tile)];
@@ -86,16 +87,16 @@ bool Layer::is_opaque(const Row& row) {
 void Layer::flush(const Canvas& canvas) {
   for (std::size_t tile = 0; tile < m_strips.size(); ++tile) {
     const Strip& strip = m_strips[tile];
-    const int left = static_cast<int>(tile) * Tile::kColumns;
-    const int columns = std::min(Tile::kColumns, m_width - left);
+    const int left = static_cast<int>(tile) * StripAccumulator::kWidth;
+    const int columns = std::min(StripAccumulator::kWidth, m_width - left);
     for (int y = strip.first; y < strip.end; ++y) {
       const Row& row = strip.rows[static_cast<std::size_t>(y)];
       std::uint32_t* const pixels = canvas.row(y) + left;
-      if (columns == Tile::kColumns) {
+      if (columns == StripAccumulator::kWidth) {
         blend(row, pixels);
         continue;
       }
-      std::array<std::uint32_t, Tile::kColumns> copy{};
+      std::array<std::uint32_t, StripAccumulator::kWidth> copy{};
       std::copy_n(pixels, columns, copy.begin());
       blend(row, copy.data());
       std::copy_n(copy.begin(), columns, pixels);

@@ -5,7 +5,7 @@
 #include <cstring>
 
 #include "raster/geometry.h"
-#include "raster/row_blend.h"
+#include "raster/row_blender.h"
 #include "raster/stroke_math.h"
 
 namespace kurv::raster {
@@ -29,30 +29,30 @@ bool is_wide(const Pen& pen) {
 
 }  // namespace
 
-bool Columns::takes(const Pen& pen, std::span<const float> x) {
-  return is_narrow(pen) && m_abscissae.take(x);
+bool MonotonePolylines::accepts(const Pen& pen, std::span<const float> x) {
+  return is_narrow(pen) && m_x_positions.set_x(x);
 }
 
-bool Columns::add(const Pen& pen, const Polyline& line) {
-  if (!takes(pen, line.x)) return false;
-  add_taken(pen, line, nullptr);
+bool MonotonePolylines::add(const Pen& pen, const Polyline& line) {
+  if (!accepts(pen, line.x)) return false;
+  add_accepted(pen, line, nullptr);
   return true;
 }
 
-void Columns::add_taken(const Pen& pen, const Polyline& line, const Layer* above) {
+void MonotonePolylines::add_accepted(const Pen& pen, const Polyline& line, const Layer* occluder) {
   if (line.x.empty()) return;
-  m_above = above;
+  m_occluder = occluder;
   const bool is_all_near = scale_y(pen, line.y);
   m_is_noisy = is_noisy(m_y);
-  if (!m_is_noisy) find_turns();
-  if (m_cells.is_empty()) {
-    use(pen, !is_wide(pen) && (m_is_noisy || needs_fine_cells(pen, line)));
+  if (!m_is_noisy) find_extrema();
+  if (m_subcolumns.is_empty()) {
+    configure(pen, !is_wide(pen) && (m_is_noisy || needs_fine_subcolumns(pen, line)));
   }
-  m_abscissae.place({pen.pixels_per_unit * m_cells.per_pixel(), m_trace.node_of_zero(),
-                     m_trace.last_node(), m_trace.rim_aside()});
-  if (m_is_noisy && !m_abscissae.is_dense()) {
+  m_x_positions.set_grid({pen.pixels_per_unit * m_subcolumns.per_pixel(), m_envelope.origin_node(),
+                          m_envelope.last_node(), m_envelope.rim_offset()});
+  if (m_is_noisy && !m_x_positions.is_dense()) {
     m_is_noisy = false;
-    find_turns();
+    find_extrema();
   }
   if (is_all_near && is_whole(line)) {
     add_run(0, static_cast<int>(line.x.size()));
@@ -61,19 +61,20 @@ void Columns::add_taken(const Pen& pen, const Polyline& line, const Layer* above
   }
 }
 
-void Columns::flush(const Canvas& canvas, std::uint32_t colour) {
-  const RowBlend blend(canvas, colour);
-  m_cells.flush(
-      [&](int tile, int y, const RowCoverage& coverage) { blend.put(tile, y, coverage); });
+void MonotonePolylines::flush(const Canvas& canvas, std::uint32_t colour) {
+  const RowBlender blender(canvas, colour);
+  m_subcolumns.flush(
+      [&](int strip, int y, const RowCoverage& coverage) { blender.blend(strip, y, coverage); });
 }
 
-void Columns::flush(Layer& layer, std::uint32_t colour) {
-  m_cells.flush(
-      [&](int tile, int y, const RowCoverage& coverage) { layer.put(tile, y, coverage, colour); });
+void MonotonePolylines::flush(Layer& layer, std::uint32_t colour) {
+  m_subcolumns.flush([&](int strip, int y, const RowCoverage& coverage) {
+    layer.blend_under(strip, y, coverage, colour);
+  });
 }
 
 // Whether all of them are near.
-bool Columns::scale_y(const Pen& pen, std::span<const float> y) {
+bool MonotonePolylines::scale_y(const Pen& pen, std::span<const float> y) {
   m_y.resize(y.size());
   const auto scale = static_cast<float>(pen.pixels_per_unit);
   int far = 0;
@@ -81,11 +82,11 @@ bool Columns::scale_y(const Pen& pen, std::span<const float> y) {
     m_y[i] = y[i] * scale;
     far += is_near(m_y[i]) ? 0 : 1;
   }
-  if (m_abscissae.is_reversed()) std::ranges::reverse(m_y);
+  if (m_x_positions.is_reversed()) std::ranges::reverse(m_y);
   return far == 0;
 }
 
-bool Columns::is_noisy(std::span<const float> y) {
+bool MonotonePolylines::is_noisy(std::span<const float> y) {
   constexpr std::size_t kSample = 128;
   if (y.size() < 8 * kSample) return false;
   std::size_t turns = 0;
@@ -97,50 +98,50 @@ bool Columns::is_noisy(std::span<const float> y) {
 }
 
 // Where it was level the line turns if it then goes back to where it came from.
-bool Columns::is_real_turn(int point) const {
+bool MonotonePolylines::is_true_extremum(int point) const {
   const float* const y = m_y.data() + point;
-  const float behind = y[1] - y[0];
-  if (y[0] != y[-1] || behind == 0) return behind != 0;
+  const float after = y[1] - y[0];
+  if (y[0] != y[-1] || after == 0) return after != 0;
   const float* before = y;
   while (before > m_y.data() && before[-1] == y[0]) --before;
-  return before > m_y.data() && (y[0] - before[-1]) * behind < 0;
+  return before > m_y.data() && (y[0] - before[-1]) * after < 0;
 }
 
-void Columns::find_turns() {
+void MonotonePolylines::find_extrema() {
   const std::size_t count = m_y.size();
   constexpr std::size_t kAtOnce = 8;
-  m_is_turn.assign(count + kAtOnce, 0);
+  m_is_extremum.assign(count + kAtOnce, 0);
   // Plain pointers: of a vector's the compiler cannot know that bytes written leave them alone.
   const float* const y = m_y.data();
-  std::uint8_t* const is_turn = m_is_turn.data();
+  std::uint8_t* const is_extremum = m_is_extremum.data();
   for (std::size_t i = 1; i + 1 < count; ++i) {
-    const float before = y[i] - y[i - 1], behind = y[i + 1] - y[i];
-    is_turn[i] = static_cast<std::uint8_t>((before * behind <= 0) & (before != behind));
+    const float before = y[i] - y[i - 1], after = y[i + 1] - y[i];
+    is_extremum[i] = static_cast<std::uint8_t>((before * after <= 0) & (before != after));
   }
-  m_turns.resize(count + kAtOnce);
-  int* turn = m_turns.data();
+  m_extrema.resize(count + kAtOnce);
+  int* extremum = m_extrema.data();
   for (std::size_t i = 0; i < count; i += kAtOnce) {
     std::uint64_t any;
-    std::memcpy(&any, is_turn + i, sizeof any);
+    std::memcpy(&any, is_extremum + i, sizeof any);
     if (any == 0) continue;
     // Written whether or not it is one, because there is no telling beforehand.
     for (std::size_t k = i; k < i + kAtOnce; ++k) {
-      *turn = static_cast<int>(k);
-      turn += is_turn[k];
+      *extremum = static_cast<int>(k);
+      extremum += is_extremum[k];
     }
   }
-  m_turns.resize(static_cast<std::size_t>(turn - m_turns.data()));
-  std::erase_if(m_turns, [this](int point) { return !is_real_turn(point); });
+  m_extrema.resize(static_cast<std::size_t>(extremum - m_extrema.data()));
+  std::erase_if(m_extrema, [this](int point) { return !is_true_extremum(point); });
 }
 
 // Within a cell it is not known where a line turns or jumps. Where it does not jump and seldom
 // turns nobody sees that the cells are few.
-bool Columns::needs_fine_cells(const Pen& pen, const Polyline& line) const {
+bool MonotonePolylines::needs_fine_subcolumns(const Pen& pen, const Polyline& line) const {
   constexpr double kSeldom = 4;  // pixels
-  const auto right = static_cast<float>(m_cells.width() / pen.pixels_per_unit);
+  const auto right = static_cast<float>(m_subcolumns.width() / pen.pixels_per_unit);
   const auto [low, high] = std::minmax(line.x.front(), line.x.back());
   const double visible = (std::min(high, right) - std::max(low, 0.0F)) * pen.pixels_per_unit;
-  if (static_cast<double>(m_turns.size()) * kSeldom >= visible) return true;
+  if (static_cast<double>(m_extrema.size()) * kSeldom >= visible) return true;
   constexpr float kSteep = 16;  // times as high as wide
   const auto pixel = static_cast<float>(1 / pen.pixels_per_unit);
   int jumps = 0;
@@ -151,32 +152,32 @@ bool Columns::needs_fine_cells(const Pen& pen, const Polyline& line) const {
   return jumps > 0;
 }
 
-void Columns::use(const Pen& pen, bool fine_cells) {
+void MonotonePolylines::configure(const Pen& pen, bool fine_subcolumns) {
   m_pen = pen;
-  m_cells.set_per_pixel_log2(fine_cells ? 4 : 3);
-  m_trace.use(m_cells, pen.half_width);
+  m_subcolumns.set_per_pixel_log2(fine_subcolumns ? 4 : 3);
+  m_envelope.configure(m_subcolumns, pen.half_width);
 }
 
 // Whether all segments are there, and all x near.
-bool Columns::is_whole(const Polyline& line) const {
+bool MonotonePolylines::is_whole(const Polyline& line) const {
   const auto scale = static_cast<float>(m_pen.pixels_per_unit);
   return is_near(line.x.front() * scale) && is_near(line.x.back() * scale) &&
          std::memchr(line.drawn.data() + 1, 0, line.drawn.size() - 1) == nullptr;
 }
 
 // A run goes on as long as its segments are there and near.
-void Columns::add_runs(const Polyline& line) {
+void MonotonePolylines::add_runs(const Polyline& line) {
   const std::size_t count = line.x.size();
-  const bool is_reversed = m_abscissae.is_reversed();
+  const bool is_reversed = m_x_positions.is_reversed();
   const auto scale = static_cast<float>(m_pen.pixels_per_unit);
-  const auto place = [=](int i) {
+  const auto index = [=](int i) {
     const auto forward = static_cast<std::size_t>(i);
     return is_reversed ? count - 1 - forward : forward;
   };
-  const auto is_drawn = [&](int i) { return line.drawn[place(is_reversed ? i - 1 : i)] != 0; };
-  const auto point = [&](int i) { return Point{line.x[place(i)], line.y[place(i)]}; };
+  const auto is_drawn = [&](int i) { return line.drawn[index(is_reversed ? i - 1 : i)] != 0; };
+  const auto point = [&](int i) { return Point{line.x[index(i)], line.y[index(i)]}; };
   const auto near = [&](int i) {
-    return is_near(m_y[static_cast<std::size_t>(i)]) && is_near(line.x[place(i)] * scale);
+    return is_near(m_y[static_cast<std::size_t>(i)]) && is_near(line.x[index(i)] * scale);
   };
   const int end = static_cast<int>(count);
   int first = 0;
@@ -194,88 +195,91 @@ void Columns::add_runs(const Polyline& line) {
 }
 
 // Points first..end-1, all of which are near, and the segments between them.
-void Columns::add_run(int first, int end) {
+void MonotonePolylines::add_run(int first, int end) {
   if (end - first < 2) return;
-  const Abscissae& x = m_abscissae;
-  const int last = m_trace.last_node();
-  const int first_node = std::max(x.nearest(first), 0);
-  const int last_node = std::min(x.nearest(end - 1), last);
+  const XPositions& x = m_x_positions;
+  const int last = m_envelope.last_node();
+  const int first_node = std::max(x.nearest_node(first), 0);
+  const int last_node = std::min(x.nearest_node(end - 1), last);
   if (first_node > last_node) return;
-  m_trace.begin(first_node, last_node);
-  while (x.nearest(first) < 0 && x.nearest(first + 1) < 0) ++first;
-  while (x.nearest(end - 1) > last && x.nearest(end - 2) > last) --end;
+  m_envelope.reset(first_node, last_node);
+  while (x.nearest_node(first) < 0 && x.nearest_node(first + 1) < 0) ++first;
+  while (x.nearest_node(end - 1) > last && x.nearest_node(end - 2) > last) --end;
 
   if (m_is_noisy) {
-    pass_all(first, end);
-    m_abscissae.find_asides();
+    sample_points(first, end);
+    m_x_positions.find_rim_crossings();
     const DenseRun run{x, m_y.data(), first, end};
-    m_trace.dilate(first_node, last_node, m_cells, m_above, &run);
+    m_envelope.dilate(first_node, last_node, m_subcolumns, m_occluder, &run);
   } else {
-    pass_line(first, end);
-    m_trace.dilate(first_node, last_node, m_cells, m_above, nullptr);
+    sample_line(first, end);
+    m_envelope.dilate(first_node, last_node, m_subcolumns, m_occluder, nullptr);
   }
 }
 
 // The nodes that the line passes, and where it turns, which is known to the nearest node only.
 // Points where it goes on would widen it.
-void Columns::pass_line(int first, int end) {
-  const Abscissae& x = m_abscissae;
-  const auto pass_point = [&](int i) {
-    m_trace.pass(x.nearest(i), m_y[static_cast<std::size_t>(i)]);
+void MonotonePolylines::sample_line(int first, int end) {
+  const XPositions& x = m_x_positions;
+  const auto add_point = [&](int i) {
+    m_envelope.add_sample(x.nearest_node(i), m_y[static_cast<std::size_t>(i)]);
   };
-  pass_point(first);
-  const auto turns_end = std::ranges::lower_bound(m_turns, end - 1);
-  for (auto turn = std::ranges::upper_bound(m_turns, first); turn < turns_end; ++turn) {
-    pass_point(*turn);
+  add_point(first);
+  const auto extrema_end = std::ranges::lower_bound(m_extrema, end - 1);
+  for (auto extremum = std::ranges::upper_bound(m_extrema, first); extremum < extrema_end;
+       ++extremum) {
+    add_point(*extremum);
   }
-  pass_point(end - 1);
-  const int last = m_trace.last_node();
-  const int from = static_cast<int>(std::ceil(std::max(x.at(first), 0.0F)));
-  const int to = static_cast<int>(std::ceil(std::min(x.at(end - 1), static_cast<float>(last + 1))));
+  add_point(end - 1);
+  const int last = m_envelope.last_node();
+  const int from = static_cast<int>(std::ceil(std::max(x.position(first), 0.0F)));
+  const int to =
+      static_cast<int>(std::ceil(std::min(x.position(end - 1), static_cast<float>(last + 1))));
   for (int node = from; node < to; ++node) {
     const Crossing crossing = x.crossing(node);
     const auto segment = static_cast<std::size_t>(crossing.segment);
     const float before = m_y[segment - 1];
-    m_trace.pass(node, before + crossing.fraction * (m_y[segment] - before));
+    m_envelope.add_sample(node, before + crossing.fraction * (m_y[segment] - before));
   }
 }
 
 // Among points this dense the line passes nothing at a node that the nearest points do not.
-void Columns::pass_all(int first, int end) {
-  const int* const nearest = m_abscissae.nearest_of_all();
-  for (int i = first; i < end; ++i) m_trace.pass(nearest[i], m_y[static_cast<std::size_t>(i)]);
+void MonotonePolylines::sample_points(int first, int end) {
+  const int* const nearest = m_x_positions.nearest_nodes();
+  for (int i = first; i < end; ++i)
+    m_envelope.add_sample(nearest[i], m_y[static_cast<std::size_t>(i)]);
 }
 
 // The visible part of a segment with an end that is far away, the lower x first.
-void Columns::add_far_segment(Point from, Point to) {
+void MonotonePolylines::add_far_segment(Point from, Point to) {
   if (has_nan(from) || has_nan(to)) return;
   const double scale = m_pen.pixels_per_unit;
   const double margin = (m_pen.half_width + 2) / scale;
   const Box box{{-margin, -margin},
-                {m_cells.width() / scale + margin, m_cells.height() / scale + margin}};
+                {m_subcolumns.width() / scale + margin, m_subcolumns.height() / scale + margin}};
   const std::optional<ClippedSegment> part = clip_segment(finite(from), finite(to), box);
   if (!part) return;
   const auto node_at = [&](double x) {
-    return x * scale * m_cells.per_pixel() + m_trace.node_of_zero();
+    return x * scale * m_subcolumns.per_pixel() + m_envelope.origin_node();
   };
   const double begin = node_at(part->from.x), end = node_at(part->to.x);
-  const int last = m_trace.last_node();
+  const int last = m_envelope.last_node();
   const auto nearest = [last](double node) {
     return static_cast<int>(std::floor(std::clamp(node + 0.5, -1.0, last + 1.0)));
   };
-  const auto pass = [&](int node, double y) {
+  const auto add_sample = [&](int node, double y) {
     if (node < 0 || node > last) return;
-    m_trace.pass(node, static_cast<float>(std::clamp(y * scale, -1e30, 1e30)));
+    m_envelope.add_sample(node, static_cast<float>(std::clamp(y * scale, -1e30, 1e30)));
   };
   const int first_node = std::max(nearest(begin), 0), last_node = std::min(nearest(end), last);
-  m_trace.begin(first_node, last_node);
-  pass(nearest(begin), part->from.y);
-  pass(nearest(end), part->to.y);
+  m_envelope.reset(first_node, last_node);
+  add_sample(nearest(begin), part->from.y);
+  add_sample(nearest(end), part->to.y);
   for (int node = nearest(begin) + 1; node < nearest(end); ++node) {
     const double fraction = (node - begin) / (end - begin);
-    pass(node, part->from.y + fraction * (part->to.y - part->from.y));
+    add_sample(node, part->from.y + fraction * (part->to.y - part->from.y));
   }
-  m_trace.dilate(first_node, last_node, m_cells, m_above, nullptr);
+  m_envelope.dilate(first_node, last_node, m_subcolumns, m_occluder, nullptr);
 }
 
 }  // namespace kurv::raster

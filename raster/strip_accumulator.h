@@ -19,18 +19,18 @@ struct Interval {
 
 // Pixel columns side by side, so that what happens to a row happens to all of them at once. Each is
 // the sum of its cells: 2^n vertical lines, all of which together cover it.
-class Tile {
+class StripAccumulator {
  public:
-  static constexpr int kColumns = 16;
+  static constexpr int kWidth = 16;
 
-  explicit Tile(int height);
+  explicit StripAccumulator(int height);
 
   int height() const { return m_height; }
 
   // One interval for each cell of the tile, in their order, kColumns << log2 of either.
   void add(const float* top, const float* bottom, int per_pixel_log2);
   // One more for one of the cells.
-  void add(int cell, Interval interval, int per_pixel_log2);
+  void add(int subcolumn, Interval interval, int per_pixel_log2);
   // Forgets what was added.
   void clear();
   // Calls visit(row, RowCoverage) for each row that anything may cover, and empties the tile.
@@ -39,14 +39,14 @@ class Tile {
   void take_rows(int per_pixel_log2, const Visit& visit) {
     I16x8 left{}, right{};
     for (int y = m_begin; y <= m_end + 1; ++y) {
-      Row& row = m_changes[static_cast<std::size_t>(y)];
-      const auto changes = bit_cast_to<std::array<I16x8, 2>>(row);
-      left += changes[0];
-      right += changes[1];
+      Row& row = m_deltas[static_cast<std::size_t>(y)];
+      const auto deltas = bit_cast_to<std::array<I16x8, 2>>(row);
+      left += deltas[0];
+      right += deltas[1];
       row = {};
       if (y >= m_height) continue;
-      const RowCoverage coverage{coverages_of(left, per_pixel_log2),
-                                 coverages_of(right, per_pixel_log2)};
+      const RowCoverage coverage{to_coverage(left, per_pixel_log2),
+                                 to_coverage(right, per_pixel_log2)};
       visit(y, coverage);
     }
     m_begin = m_height;
@@ -55,20 +55,20 @@ class Tile {
 
  private:
   // Parts of a row, so that sums come out exact.
-  static constexpr int kPartsLog2 = 8;
-  static constexpr int kParts = 1 << kPartsLog2;
+  static constexpr int kUnitsLog2 = 8;
+  static constexpr int kUnits = 1 << kUnitsLog2;
   // What begins in a row, by column; all the height of a row is kParts.
-  using Row = std::array<std::int16_t, kColumns>;
+  using Row = std::array<std::int16_t, kWidth>;
 
   // 0 to 255, of sums up to kParts << per_pixel_log2.
-  static U16x8 coverages_of(I16x8 sums, int per_pixel_log2) {
+  static U16x8 to_coverage(I16x8 sums, int per_pixel_log2) {
     const auto half = static_cast<std::int16_t>(1 << (per_pixel_log2 - 1));
-    return bit_cast_to<U16x8>((sums - (sums >> kPartsLog2) + half) >> per_pixel_log2);
+    return bit_cast_to<U16x8>((sums - (sums >> kUnitsLog2) + half) >> per_pixel_log2);
   }
-  void change(int from, int to, int column);
+  void add_edges(int from, int to, int column);
 
   int m_height;
-  std::vector<Row> m_changes;
+  std::vector<Row> m_deltas;
   // Rows from m_begin to m_end hold changes.
   int m_begin;
   int m_end = 0;

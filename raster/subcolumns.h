@@ -13,15 +13,15 @@
 namespace kurv::raster {
 
 // Each line stands for the cell of the picture round it, which is as wide as the lines are apart.
-class Cells {
+class Subcolumns {
  public:
-  Cells(int width, int height);
+  Subcolumns(int width, int height);
 
   int width() const { return m_width; }
-  int height() const { return m_tile.height(); }
+  int height() const { return m_accumulator.height(); }
   int per_pixel() const { return 1 << m_per_pixel_log2; }
   int count() const { return width() << m_per_pixel_log2; }
-  int in_tile() const { return Tile::kColumns << m_per_pixel_log2; }
+  int per_strip() const { return StripAccumulator::kWidth << m_per_pixel_log2; }
   bool is_empty() const { return m_first >= m_end; }
 
   // Only while it is empty, and once before anything is added.
@@ -34,12 +34,12 @@ class Cells {
   template <class Put>
   void flush(const Put& put) {
     if (is_empty()) return;
-    const int first_tile = m_first / in_tile(), end_tile = (m_end - 1) / in_tile() + 1;
-    prepare(first_tile, end_tile);
-    for (int tile = first_tile; tile < end_tile; ++tile) {
-      fill(tile);
-      m_tile.take_rows(m_per_pixel_log2,
-                       [&](int y, const RowCoverage& coverage) { put(tile, y, coverage); });
+    const int first_strip = m_first / per_strip(), end_strip = (m_end - 1) / per_strip() + 1;
+    prepare(first_strip, end_strip);
+    for (int strip = first_strip; strip < end_strip; ++strip) {
+      fill(strip);
+      m_accumulator.take_rows(m_per_pixel_log2,
+                              [&](int y, const RowCoverage& coverage) { put(strip, y, coverage); });
     }
     clear();
   }
@@ -47,30 +47,30 @@ class Cells {
 
  private:
   // One that the first of its cell, m_top to m_bottom, does not touch; another one it may.
-  struct Further {
-    int cell;
+  struct ExtraInterval {
+    int subcolumn;
     Interval interval;
   };
 
-  std::size_t room() const;
-  void reach(int first, int end);
-  void set(int first, std::span<const float> top, std::span<const float> bottom);
-  void insert(int cell, Interval interval);
-  void prepare(int first_tile, int end_tile);
-  void fill(int tile);
-  void join_further();
-  void join_cell(std::span<const Further> further, std::vector<Further>& kept);
+  std::size_t capacity() const;
+  void extend(int first, int end);
+  void assign(int first, std::span<const float> top, std::span<const float> bottom);
+  void insert(int subcolumn, Interval interval);
+  void prepare(int first_strip, int end_strip);
+  void fill(int strip);
+  void merge_extra();
+  void merge_subcolumn(std::span<const ExtraInterval> extra, std::vector<ExtraInterval>& kept);
 
   int m_width;
-  Tile m_tile;
+  StripAccumulator m_accumulator;
   int m_per_pixel_log2 = 0;
   // The first interval of each cell; none where top is not above bottom. What lies outside of
   // m_first..m_end-1 holds nothing, whatever stands there.
   std::vector<float> m_top;
   std::vector<float> m_bottom;
-  std::vector<Further> m_further;
-  std::size_t m_next_further = 0;  // of those that are in no tile yet, while flushing
-  std::size_t m_most_further = 0;  // until they are joined
+  std::vector<ExtraInterval> m_extra;
+  std::size_t m_next_extra = 0;   // of those that are in no tile yet, while flushing
+  std::size_t m_extra_limit = 0;  // until they are joined
   int m_first = 0;
   int m_end = 0;
 };

@@ -37,7 +37,7 @@ void Picture::resize(QSize logical_size, double device_pixel_ratio) {
   QImage image = white_image(resolution);
   raster::Coverage mask(resolution.width, resolution.height);
   raster::NarrowSegments narrow_segments(resolution.width, resolution.height);
-  raster::Columns columns(resolution.width, resolution.height);
+  raster::MonotonePolylines columns(resolution.width, resolution.height);
   m_pixels->resolution = resolution;
   m_pixels->image = std::move(image);
   m_pixels->mask = std::move(mask);

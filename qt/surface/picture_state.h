@@ -15,9 +15,9 @@
 #include "qt/surface/text_pictures.h"
 #include "raster/boxes.h"
 #include "raster/canvas.h"
-#include "raster/monotone_polylines.h"
 #include "raster/coverage.h"
 #include "raster/layer.h"
+#include "raster/monotone_polylines.h"
 #include "raster/narrow_segments.h"
 #include "raster/stamps.h"
 #include "raster/strokes.h"
@@ -51,7 +51,7 @@ struct Picture::Pixels {
   raster::Coverage mask;
   std::optional<std::uint32_t> pending_colour;
   raster::NarrowSegments narrow_segments;
-  raster::Columns columns;
+  raster::MonotonePolylines columns;
   std::optional<raster::Layer> lines;  // once there were many
   raster::Stamps stamps;
   struct Grounds {

@@ -52,11 +52,11 @@ void Picture::Polylines(std::span<const Single> x, int count, Integer pen,
                         const std::function<PolylineOver(int)>& line) {
   constexpr int kMany = 48;
   constexpr std::size_t kDense = 2;  // points a pixel
-  raster::Columns& columns = m_pixels->columns;
+  raster::MonotonePolylines& columns = m_pixels->columns;
   const raster::Pen wide = m_pixels->pen();
   const bool hides_much = count >= kMany &&
                           x.size() >= kDense * static_cast<std::size_t>(m_pixels->image.width()) &&
-                          raster::Columns::is_noisy(line(count - 1).y);
+                          raster::MonotonePolylines::is_noisy(line(count - 1).y);
   if (!hides_much || !columns.takes(wide, x)) {
     return PlotSurface::Polylines(x, count, pen, line);
   }
@@ -65,7 +65,7 @@ void Picture::Polylines(std::span<const Single> x, int count, Integer pen,
   layer.clear();
   for (int i = count - 1; i >= 0; --i) {
     const PolylineOver over = line(i);
-    columns.add_taken(wide, {x, over.y, over.drawn}, &layer);
+    columns.add_accepted(wide, {x, over.y, over.drawn}, &layer);
     columns.flush(layer, pixel_of(over.colour));
   }
   layer.flush(m_pixels->canvas());

@@ -68,7 +68,7 @@ class CurvePixels {
 
   Canvas canvas() { return m_picture.canvas(); }
   void draw(const Pen& pen, const Curve& curve) {
-    Columns columns(m_width, m_height);
+    MonotonePolylines columns(m_width, m_height);
     EXPECT_TRUE(columns.add(pen, curve.line()));
     columns.flush(canvas(), 0xFF000000);
   }

@@ -33,7 +33,7 @@ struct Coloured {
 
 void draw_forwards(GuardedCanvas& picture, int width, int height, const Pen& pen,
                    const std::vector<Coloured>& curves) {
-  Columns columns(width, height);
+  MonotonePolylines columns(width, height);
   for (const auto& [curve, colour] : curves) {
     ASSERT_TRUE(columns.add(pen, curve.line()));
     columns.flush(picture.canvas(), colour);
@@ -42,10 +42,10 @@ void draw_forwards(GuardedCanvas& picture, int width, int height, const Pen& pen
 
 void draw_backwards(GuardedCanvas& picture, Layer& layer, int width, int height, const Pen& pen,
                     const std::vector<Coloured>& curves) {
-  Columns columns(width, height);
+  MonotonePolylines columns(width, height);
   for (auto i = curves.rbegin(); i != curves.rend(); ++i) {
     ASSERT_TRUE(columns.takes(pen, i->curve.line().x));
-    columns.add_taken(pen, i->curve.line(), &layer);
+    columns.add_accepted(pen, i->curve.line(), &layer);
     columns.flush(layer, i->colour);
   }
   layer.flush(picture.canvas());

@@ -32,11 +32,11 @@ void draw_strokes(PlotSurface& surface, FigureCentre centre) {
 }
 
 // Centres as a surface takes them.
-struct Columns {
+struct MonotonePolylines {
   std::vector<Double> x;
   std::vector<Double> y;
 
-  explicit Columns(const std::vector<FigureCentre>& centres) {
+  explicit MonotonePolylines(const std::vector<FigureCentre>& centres) {
     for (const FigureCentre& centre : centres) {
       x.push_back(centre.x);
       y.push_back(centre.y);
@@ -46,7 +46,7 @@ struct Columns {
 
 void repeat(Picture& picture, const std::vector<FigureCentre>& centres, Double reach,
             const PlotSurface::Figure& figure) {
-  const Columns columns(centres);
+  const MonotonePolylines columns(centres);
   picture.Repeat({columns.x, columns.y}, reach, figure);
 }
 
@@ -98,7 +98,7 @@ TEST(PictureRepeat, DrawsFewFiguresAsTheyAre) {
   Picture repeated({60, 60}), drawn({60, 60});
   const std::vector<FigureCentre> centres = random_centres(20, 0, 900);
   repeat(repeated, centres, kReach, draw_figure);
-  const Columns columns(centres);
+  const MonotonePolylines columns(centres);
   drawn.PlotSurface::Repeat({columns.x, columns.y}, kReach, draw_figure);
   EXPECT_EQ(repeated.image(), drawn.image());
 }
@@ -109,7 +109,7 @@ TEST(PictureRepeat, DrawsLargeFiguresAsTheyAre) {
     Picture repeated({60, 60}), drawn({60, 60});
     const std::vector<FigureCentre> centres = random_centres(100, 0, 900);
     repeat(repeated, centres, reach, draw_figure);
-    const Columns columns(centres);
+    const MonotonePolylines columns(centres);
     drawn.PlotSurface::Repeat({columns.x, columns.y}, reach, draw_figure);
     EXPECT_EQ(repeated.image(), drawn.image()) << reach;
   }

@@ -1,4 +1,4 @@
-#include "raster/trace.h"
+#include "raster/envelope.h"
 
 #include <algorithm>
 #include <array>
@@ -8,71 +8,73 @@
 namespace kurv::raster {
 namespace {
 
-constexpr float kNothingLow = std::numeric_limits<float>::infinity();
-constexpr float kNothingHigh = -kNothingLow;
+constexpr float kEmptyLow = std::numeric_limits<float>::infinity();
+constexpr float kEmptyHigh = -kEmptyLow;
 }  // namespace
 
-void Trace::use(const Cells& cells, double half_width) {
-  const double half_cells = half_width * cells.per_pixel();
-  m_reach = static_cast<int>(half_cells + 0.5);
-  m_last_node = cells.count() + 2 * m_reach;
-  m_rim = static_cast<float>(half_cells + 0.5 - m_reach);
+void Envelope::configure(const Subcolumns& subcolumns, double half_width) {
+  const double half_subcolumns = half_width * subcolumns.per_pixel();
+  m_reach = static_cast<int>(half_subcolumns + 0.5);
+  m_last_node = subcolumns.count() + 2 * m_reach;
+  m_rim = static_cast<float>(half_subcolumns + 0.5 - m_reach);
   m_discs.clear();
   for (int k = 0; k < m_reach; ++k) {
     // Between the two nodes of its edges the line passes the middle of the cell itself.
-    const double distance = k == 0 ? 0 : (k + 0.5) / cells.per_pixel();
+    const double distance = k == 0 ? 0 : (k + 0.5) / subcolumns.per_pixel();
     m_discs.push_back(static_cast<float>(
         std::sqrt(std::max(0.0, half_width * half_width - distance * distance))));
   }
   m_half_width = static_cast<float>(half_width);
   m_low.resize(static_cast<std::size_t>(m_last_node) + 3);
   m_high.resize(static_cast<std::size_t>(m_last_node) + 3);
-  m_top.resize(static_cast<std::size_t>(cells.in_tile()));
-  m_bottom.resize(static_cast<std::size_t>(cells.in_tile()));
+  m_top.resize(static_cast<std::size_t>(subcolumns.per_strip()));
+  m_bottom.resize(static_cast<std::size_t>(subcolumns.per_strip()));
 }
 
 // Discs ask for nodes on either side of those that are passed, too.
-void Trace::begin(int first, int last) {
+void Envelope::reset(int first, int last) {
   const int begin = std::max(first - 2 * m_reach, 0);
   const int end = std::min(last + 2 * m_reach, m_last_node) + 3;
-  std::fill(m_low.begin() + begin, m_low.begin() + end, kNothingLow);
-  std::fill(m_high.begin() + begin, m_high.begin() + end, kNothingHigh);
+  std::fill(m_low.begin() + begin, m_low.begin() + end, kEmptyLow);
+  std::fill(m_high.begin() + begin, m_high.begin() + end, kEmptyHigh);
 }
 
 // Tile by tile, which stays in the processor's nearest memory while all discs pass over it.
-void Trace::dilate(int first, int last, Cells& cells, const Layer* above, const DenseRun* run) {
+void Envelope::dilate(int first, int last, Subcolumns& subcolumns, const Layer* occluder,
+                      const DenseRun* run) {
   const int begin = std::max(first - 2 * m_reach, 0);
-  const int end = std::min(last, cells.count());
-  const int in_tile = cells.in_tile();
+  const int end = std::min(last, subcolumns.count());
+  const int per_strip = subcolumns.per_strip();
   for (int piece = begin; piece < end;) {
-    const int behind = std::min(end, (piece / in_tile + 1) * in_tile);
-    if (!above || !is_hidden(piece, behind, cells, *above)) {
-      const int count = behind - piece;
-      std::fill_n(m_top.begin(), count, kNothingLow);
-      std::fill_n(m_bottom.begin(), count, kNothingHigh);
-      cover_discs(piece, count);
+    const int piece_end = std::min(end, (piece / per_strip + 1) * per_strip);
+    if (!occluder || !is_occluded(piece, piece_end, subcolumns, *occluder)) {
+      const int count = piece_end - piece;
+      std::fill_n(m_top.begin(), count, kEmptyLow);
+      std::fill_n(m_bottom.begin(), count, kEmptyHigh);
+      dilate_by_discs(piece, count);
       if (run) {
-        cover_rims_of(*run, piece, count);
+        dilate_by_rims_of(*run, piece, count);
       } else if (m_rim > 0) {
-        cover_rims(piece, count);
+        dilate_by_rims(piece, count);
       }
       const auto size = static_cast<std::size_t>(count);
-      cells.cover(piece, {m_top.data(), size}, {m_bottom.data(), size});
+      subcolumns.cover(piece, {m_top.data(), size}, {m_bottom.data(), size});
     }
-    piece = behind;
+    piece = piece_end;
   }
 }
 
 // Cells begin..end-1 of one tile.
-bool Trace::is_hidden(int begin, int end, const Cells& cells, const Layer& above) const {
+bool Envelope::is_occluded(int begin, int end, const Subcolumns& subcolumns,
+                           const Layer& occluder) const {
   const int last = end + 2 * m_reach;
   const float* const low = m_low.data() + 1;
   const float* const high = m_high.data() + 1;
   // Several at a time that need not wait for each other.
   constexpr int kAtOnce = 8;
   std::array<float, kAtOnce> tops, bottoms;
-  tops.fill(kNothingLow);
-  bottoms.fill(kNothingHigh);
+  tops.fill(kEmptyLow);
+  bottoms.fill(kEmptyHigh);
   int node = begin;
   for (; node + kAtOnce <= last + 1; node += kAtOnce) {
     for (std::size_t k = 0; k < kAtOnce; ++k) {
@@ -85,15 +87,15 @@ bool Trace::is_hidden(int begin, int end, const Cells& cells, const Layer& above
     bottoms[0] = fast_max(high[node], bottoms[0]);
   }
   const float top = *std::ranges::min_element(tops), bottom = *std::ranges::max_element(bottoms);
-  const auto row = [&cells](float y) {
-    return static_cast<int>(std::clamp(y, 0.0F, static_cast<float>(cells.height())));
+  const auto row = [&subcolumns](float y) {
+    return static_cast<int>(std::clamp(y, 0.0F, static_cast<float>(subcolumns.height())));
   };
-  return above.hides(begin / cells.in_tile(), row(top - m_half_width),
-                     row(std::ceil(bottom + m_half_width)));
+  return occluder.occludes(begin / subcolumns.per_strip(), row(top - m_half_width),
+                           row(std::ceil(bottom + m_half_width)));
 }
 
 // The left edge of a cell is m_reach nodes behind the one that has its number.
-void Trace::cover_discs(int begin, int count) {
+void Envelope::dilate_by_discs(int begin, int count) {
   float* const top = m_top.data();
   float* const bottom = m_bottom.data();
   for (int k = 0; k < m_reach; ++k) {
@@ -110,7 +112,7 @@ void Trace::cover_discs(int begin, int count) {
 }
 
 // The very rims of the discs, which have no height, meet the line between two nodes.
-void Trace::cover_rims(int begin, int count) {
+void Envelope::dilate_by_rims(int begin, int count) {
   const float* const low_left = m_low.data() + 1 + begin;
   const float* const low_right = m_low.data() + 1 + begin + 2 * m_reach;
   const float* const high_left = m_high.data() + 1 + begin;
@@ -129,10 +131,10 @@ void Trace::cover_rims(int begin, int count) {
 }
 
 // Of the line itself. Between the highest points at two nodes it may be anywhere.
-void Trace::cover_rims_of(const DenseRun& run, int begin, int count) {
+void Envelope::dilate_by_rims_of(const DenseRun& run, int begin, int count) {
   for (int i = 0; i < count; ++i) {
-    const float left = run.at(run.x.crossing_behind(begin + i));
-    const float right = run.at(run.x.crossing_before_next(begin + i + 2 * m_reach));
+    const float left = run.y_at(run.x.crossing_after(begin + i));
+    const float right = run.y_at(run.x.crossing_before_next(begin + i + 2 * m_reach));
     float& top = m_top[static_cast<std::size_t>(i)];
     float& bottom = m_bottom[static_cast<std::size_t>(i)];
     top = fast_min(left, fast_min(right, top));

@@ -8,48 +8,48 @@
 #include <limits>
 #include <vector>
 
-#include "raster/abscissae.h"
-#include "raster/subcolumns.h"
 #include "raster/fast_min_max.h"
 #include "raster/layer.h"
+#include "raster/subcolumns.h"
+#include "raster/x_positions.h"
 
 namespace kurv::raster {
 
 // Points first..end-1 of a line and the segments between them.
 struct DenseRun {
-  const Abscissae& x;
+  const XPositions& x;
   const float* y;  // in pixels
   int first;
   int end;
 
   // Where it is at a crossing; not a number where it is not.
-  float at(Crossing crossing) const {
-    if (crossing.segment <= first || crossing.segment >= end) return kNowhere;
+  float y_at(Crossing crossing) const {
+    if (crossing.segment <= first || crossing.segment >= end) return kNone;
     const float before = y[crossing.segment - 1];
     return before + crossing.fraction * (y[crossing.segment] - before);
   }
 
  private:
-  static constexpr float kNowhere = std::numeric_limits<float>::quiet_NaN();
+  static constexpr float kNone = std::numeric_limits<float>::quiet_NaN();
 };
 
-class Trace {
+class Envelope {
  public:
   // For cells like these, and a pen of this half width in pixels.
-  void use(const Cells& cells, double half_width);
+  void configure(const Subcolumns& subcolumns, double half_width);
 
   // The node on the left edge of cell 0. Before it and behind the right edge of the last cell there
   // are as many nodes as the pen reaches.
-  int node_of_zero() const { return m_reach; }
+  int origin_node() const { return m_reach; }
   int last_node() const { return m_last_node; }
   // How far behind a node the rim of a disc is, of the way to the next node.
-  float rim_aside() const { return 1 - m_rim; }
+  float rim_offset() const { return 1 - m_rim; }
 
   // Nodes first..last, and no other, are passed until the dilation of the same nodes.
-  void begin(int first, int last);
+  void reset(int first, int last);
   // The line passes a node at y, in pixels; what is not a number is no place. The nodes right
   // before the first and right behind the last may be passed as well, for nothing.
-  void pass(int node, float y) {
+  void add_sample(int node, float y) {
     float& low = m_low[static_cast<std::size_t>(node + 1)];
     float& high = m_high[static_cast<std::size_t>(node + 1)];
     low = fast_min(y, low);
@@ -57,13 +57,14 @@ class Trace {
   }
   // Covers what the pen covers on its way along these nodes, except for what `above` hides, if
   // there is any. Where the line is known between the nodes, too, it comes with its run.
-  void dilate(int first, int last, Cells& cells, const Layer* above, const DenseRun* run);
+  void dilate(int first, int last, Subcolumns& subcolumns, const Layer* occluder,
+              const DenseRun* run);
 
  private:
-  bool is_hidden(int begin, int end, const Cells& cells, const Layer& above) const;
-  void cover_discs(int begin, int count);
-  void cover_rims(int begin, int count);
-  void cover_rims_of(const DenseRun& run, int begin, int count);
+  bool is_occluded(int begin, int end, const Subcolumns& subcolumns, const Layer& occluder) const;
+  void dilate_by_discs(int begin, int count);
+  void dilate_by_rims(int begin, int count);
+  void dilate_by_rims_of(const DenseRun& run, int begin, int count);
 
   int m_reach = 0;  // how many cells on either side of a node its disc covers
   int m_last_node = 0;

@@ -8,7 +8,7 @@
 #include <new>
 #include <random>
 
-#include "raster/row_blend.h"
+#include "raster/row_blender.h"
 #include "tests/raster/guarded_canvas.h"
 
 namespace kurv::raster {
@@ -27,8 +27,8 @@ class PlainCells {
         m_covered(static_cast<std::size_t>(cells),
                   std::vector<bool>(static_cast<std::size_t>(height * kParts))) {}
 
-  void cover(int cell, float top, float bottom) {
-    auto& column = m_covered[static_cast<std::size_t>(cell)];
+  void cover(int subcolumn, float top, float bottom) {
+    auto& column = m_covered[static_cast<std::size_t>(subcolumn)];
     const auto part = [this](float y) {
       return static_cast<std::size_t>(
           std::clamp(std::floor(y * kParts), 0.0F, static_cast<float>(m_height * kParts)));
@@ -38,9 +38,10 @@ class PlainCells {
 
   double coverage(int x, int y, int per_pixel) const {
     int count = 0;
-    for (int cell = x * per_pixel; cell < (x + 1) * per_pixel; ++cell) {
+    for (int subcolumn = x * per_pixel; cell < (x + 1) * per_pixel; ++subcolumn) {
       for (int part = y * kParts; part < (y + 1) * kParts; ++part) {
-        count += m_covered[static_cast<std::size_t>(cell)][static_cast<std::size_t>(part)] ? 1 : 0;
+        count +=
+            m_covered[static_cast<std::size_t>(subcolumn)][static_cast<std::size_t>(part)] ? 1 : 0;
       }
     }
     return 255.0 * count / (per_pixel * kParts);
@@ -51,10 +52,11 @@ class PlainCells {
   std::vector<std::vector<bool>> m_covered;
 };
 
-void flush(Cells& cells, GuardedCanvas& picture) {
+void flush(Subcolumns& cells, GuardedCanvas& picture) {
   const Canvas canvas = picture.canvas();
-  const RowBlend blend(canvas, kBlackPixel);
-  cells.flush([&](int tile, int y, const RowCoverage& coverage) { blend.put(tile, y, coverage); });
+  const RowBlender blender(canvas, kBlackPixel);
+  cells.flush(
+      [&](int strip, int y, const RowCoverage& coverage) { blender.blend(strip, y, coverage); });
 }
 
 struct Piece {
@@ -65,12 +67,12 @@ struct Piece {
 
 class Pieces {
  public:
-  Pieces(int cells, float height) : m_cells(cells), m_height(height) {}
+  Pieces(int cells, float height) : m_subcolumns(cells), m_height(height) {}
 
   // Of intervals that are mostly short, so that many do not touch; some are none.
   Piece next() {
-    const int first = between(0, m_cells - 1);
-    const int count = between(1, std::min(m_cells - first, 40));
+    const int first = between(0, m_subcolumns - 1);
+    const int count = between(1, std::min(m_subcolumns - first, 40));
     Piece piece{first, {}, {}};
     for (int i = 0; i < count; ++i) {
       const float top = real(-3, m_height + 1);
@@ -91,7 +93,7 @@ class Pieces {
     return std::uniform_real_distribution<float>(low, high)(m_generator);
   }
 
-  int m_cells;
+  int m_subcolumns;
   float m_height;
   std::mt19937 m_generator{5};
 };
@@ -107,11 +109,11 @@ void expect_same(const GuardedCanvas& drawn, const PlainCells& plain, int width,
   }
 }
 
-TEST(Cells, AreTheUnionOfWhateverCoversThem) {
+TEST(Subcolumns, AreTheUnionOfWhateverCoversThem) {
   for (const int per_pixel_log2 : {3, 4}) {
     for (const int pieces : {1, 2, 8, 300, 5000}) {
       constexpr int kWidth = 37, kHeight = 23;
-      Cells cells(kWidth, kHeight);
+      Subcolumns cells(kWidth, kHeight);
       cells.set_per_pixel_log2(per_pixel_log2);
       PlainCells plain(cells.count(), kHeight);
       Pieces random(cells.count(), pieces > 1000 ? 7.0F : static_cast<float>(kHeight));
@@ -129,8 +131,8 @@ TEST(Cells, AreTheUnionOfWhateverCoversThem) {
   }
 }
 
-TEST(Cells, AreEmptyAgainWhenTheyWereInterruptedAndCleared) {
-  Cells cells(16, 40);
+TEST(Subcolumns, AreEmptyAgainWhenTheyWereInterruptedAndCleared) {
+  Subcolumns cells(16, 40);
   cells.set_per_pixel_log2(3);
   const auto cover_rows = [&](float top, float bottom) {
     const std::vector<float> tops(128, top), bottoms(128, bottom);
@@ -149,12 +151,12 @@ TEST(Cells, AreEmptyAgainWhenTheyWereInterruptedAndCleared) {
 }
 
 // Each joins what the two before it have left apart, in whatever order they come.
-TEST(Cells, JoinWhatComesToTouch) {
+TEST(Subcolumns, JoinWhatComesToTouch) {
   std::vector<std::pair<float, float>> intervals = {{8, 9}, {1, 2},       {3, 4},    {5, 6},
                                                     {2, 3}, {6.5F, 7.5F}, {4, 4.25F}};
   std::ranges::sort(intervals);
   do {
-    Cells cells(1, 12);
+    Subcolumns cells(1, 12);
     cells.set_per_pixel_log2(3);
     for (const auto& [top, bottom] : intervals) {
       const std::vector<float> tops(8, top), bottoms(8, bottom);

@@ -52,9 +52,9 @@ double sine(double x, int) {
   return 40 + 30 * std::sin(x * 0.12);
 }
 
-class ColumnsBesideTheTruth : public testing::TestWithParam<Case> {};
+class MonotonePolylinesBesideExactOnes : public testing::TestWithParam<Case> {};
 
-TEST_P(ColumnsBesideTheTruth, AreCloseAtEveryWidth) {
+TEST_P(MonotonePolylinesBesideExactOnes, AreCloseAtEveryWidth) {
   const Case& line = GetParam();
   for (const double width : {1.0, 1.25, 1.5, 2.0, 4.0, 5.0, 7.5}) {
     const Pen pen{1, width / 2};
@@ -65,7 +65,7 @@ TEST_P(ColumnsBesideTheTruth, AreCloseAtEveryWidth) {
   }
 }
 
-TEST_P(ColumnsBesideTheTruth, AreTheSameFromRightToLeft) {
+TEST_P(MonotonePolylinesBesideExactOnes, AreTheSameFromRightToLeft) {
   const Curve& curve = GetParam().curve;
   CurvePixels forth(kWidth, kHeight), back(kWidth, kHeight);
   forth.draw({1, 0.5}, curve);
@@ -74,7 +74,7 @@ TEST_P(ColumnsBesideTheTruth, AreTheSameFromRightToLeft) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Lines, ColumnsBesideTheTruth,
+    Lines, MonotonePolylinesBesideExactOnes,
     testing::Values(
         Case{"DenseSmooth", curve_of(2500, -5, 125, sine)},
         Case{"SparseSmooth", curve_of(30, -5.3, 125.1, sine)},
@@ -98,7 +98,7 @@ INSTANTIATE_TEST_SUITE_P(
         Case{"Dashes", dashes(), 4}),
     [](const auto& instance) { return instance.param.name; });
 
-TEST(Columns, VisiblePartIsExactHoweverFarTheEndsAre) {
+TEST(MonotonePolylines, VisiblePartIsExactHoweverFarTheEndsAre) {
   int compared = 0;
   for (const double far : {1e3, 1e5, 1.5e5, 1e6, 1e12, 1e30, 3e37}) {
     for (int step = -12; step <= 12; ++step) {
@@ -116,7 +116,7 @@ TEST(Columns, VisiblePartIsExactHoweverFarTheEndsAre) {
   EXPECT_GT(compared, 200);
 }
 
-TEST(Columns, InfiniteHeightIsTheLargestFiniteNumber) {
+TEST(MonotonePolylines, InfiniteHeightIsTheLargestFiniteNumber) {
   Curve curve;
   curve.add(10.5, 20);
   curve.add(20.5, std::numeric_limits<float>::infinity());
@@ -128,7 +128,7 @@ TEST(Columns, InfiniteHeightIsTheLargestFiniteNumber) {
   EXPECT_LE(error.largest, kLargest);
 }
 
-TEST(Columns, LineFarToEitherSideShowsNothing) {
+TEST(MonotonePolylines, LineFarToEitherSideShowsNothing) {
   for (const double aside : {-1e30, -1e6, -200.0, -2.0, 42.0, 300.0, 1e6, 1e30}) {
     Curve curve;
     for (int i = 0; i < 20; ++i) curve.add(aside + (aside > 0 ? i : i - 20), i % 7 * 5);
@@ -138,11 +138,11 @@ TEST(Columns, LineFarToEitherSideShowsNothing) {
   }
 }
 
-TEST(Columns, LineInPiecesIsTheWholeLine) {
+TEST(MonotonePolylines, LineInPiecesIsTheWholeLine) {
   const Curve whole = curve_of(200, -5, 125, sine);
   CurvePixels one(kWidth, kHeight), many(kWidth, kHeight);
   one.draw({1, 0.5}, whole);
-  Columns columns(kWidth, kHeight);
+  MonotonePolylines columns(kWidth, kHeight);
   for (std::size_t first = 0; first + 1 < whole.x.size(); first += 7) {
     Curve piece;
     for (std::size_t i = first; i < std::min(first + 8, whole.x.size()); ++i) {
@@ -156,7 +156,7 @@ TEST(Columns, LineInPiecesIsTheWholeLine) {
   EXPECT_LE(difference.largest, 20);
 }
 
-TEST(Columns, JointsAreNoDarkerThanTheLine) {
+TEST(MonotonePolylines, JointsAreNoDarkerThanTheLine) {
   for (const double slope : {0.0, 0.3, 1.0, 4.0}) {
     const auto height = [slope](double x, int) { return 40 + (x - 60) * slope; };
     CurvePixels two(kWidth, kHeight), many(kWidth, kHeight);
@@ -167,7 +167,7 @@ TEST(Columns, JointsAreNoDarkerThanTheLine) {
 }
 
 // A line that is drawn as a single segment collects in the mask, one of a curve in columns.
-TEST(Columns, SegmentLooksTheSameAlone) {
+TEST(MonotonePolylines, SegmentLooksTheSameAlone) {
   for (const double half_width : {0.5, 1.0, 2.0}) {
     for (int step = -8; step <= 8; ++step) {
       const double slope = std::tan(step * 0.18);

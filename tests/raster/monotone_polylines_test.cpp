@@ -18,13 +18,13 @@ CurvePixels pixels_of(int width, int height, const Pen& pen, const Curve& curve)
 }
 
 bool takes(const std::vector<float>& x) {
-  Columns columns(10, 10);
+  MonotonePolylines columns(10, 10);
   const std::vector<float> y(x.size(), 5.0F);
   const std::vector<std::uint8_t> drawn(x.size(), 1);
   return columns.add({1, 0.5}, {x, y, drawn});
 }
 
-TEST(Columns, TakeLinesWhoseXGoesOneWay) {
+TEST(MonotonePolylines, TakeLinesWhoseXGoesOneWay) {
   EXPECT_TRUE(takes({}));
   EXPECT_TRUE(takes({4}));
   EXPECT_TRUE(takes({1, 2, 2, 9}));
@@ -40,8 +40,8 @@ TEST(Columns, TakeLinesWhoseXGoesOneWay) {
   EXPECT_FALSE(takes({kNaN}));
 }
 
-TEST(Columns, LeaveWhatTheyDoNotTakeUndrawn) {
-  Columns columns(20, 20);
+TEST(MonotonePolylines, LeaveWhatTheyDoNotTakeUndrawn) {
+  MonotonePolylines columns(20, 20);
   const Curve back_and_forth = [] {
     Curve curve;
     for (const double x : {2, 12, 7, 18}) curve.add(x, 10);
@@ -58,7 +58,7 @@ TEST(Columns, LeaveWhatTheyDoNotTakeUndrawn) {
   EXPECT_EQ(pixels.total(), 20 * 255);
 }
 
-TEST(Columns, LevelLineOnPixelCentresIsFullAndOnePixelWide) {
+TEST(MonotonePolylines, LevelLineOnPixelCentresIsFullAndOnePixelWide) {
   for (const int count : {2, 21, 5000}) {
     const Curve curve = curve_of(count, -9, 29, [](double, int) { return 4.5; });
     const CurvePixels pixels = pixels_of(20, 9, {1, 0.5}, curve);
@@ -67,14 +67,14 @@ TEST(Columns, LevelLineOnPixelCentresIsFullAndOnePixelWide) {
   }
 }
 
-TEST(Columns, BetweenTwoRowsCoverHalfOfEach) {
+TEST(MonotonePolylines, BetweenTwoRowsCoverHalfOfEach) {
   const CurvePixels pixels =
       pixels_of(20, 9, {1, 0.5}, curve_of(300, -9, 29, [](double, int) { return 4; }));
   EXPECT_NEAR(pixels.at(10, 3), 128, 1);
   EXPECT_NEAR(pixels.at(10, 4), 128, 1);
 }
 
-TEST(Columns, EveryPenIsAsWideAsItSays) {
+TEST(MonotonePolylines, EveryPenIsAsWideAsItSays) {
   for (const double half_width : {0.5, 0.55, 0.625, 0.75, 1.0, 2.0, 2.5, 3.75, 20.0}) {
     const Curve level = curve_of(2, -50, 150, [](double, int) { return 40.3; });
     EXPECT_NEAR(pixels_of(1, 80, {1, half_width}, level).total(), 2 * half_width * 255, 3)
@@ -87,7 +87,7 @@ TEST(Columns, EveryPenIsAsWideAsItSays) {
   }
 }
 
-TEST(Columns, UnitsAreThoseOfThePen) {
+TEST(MonotonePolylines, UnitsAreThoseOfThePen) {
   const Curve pixels = curve_of(40, -5, 45, [](double x, int) { return 15 + 10 * std::sin(x); });
   Curve twips = pixels;
   for (float& x : twips.x) x *= 16;
@@ -96,7 +96,7 @@ TEST(Columns, UnitsAreThoseOfThePen) {
             1);
 }
 
-TEST(Columns, IsolatedPointsAndSinglePointsDrawNothing) {
+TEST(MonotonePolylines, IsolatedPointsAndSinglePointsDrawNothing) {
   Curve curve;
   curve.add(5, 5);
   EXPECT_EQ(pixels_of(10, 10, {1, 1}, curve).total(), 0);
@@ -106,7 +106,7 @@ TEST(Columns, IsolatedPointsAndSinglePointsDrawNothing) {
   EXPECT_EQ(pixels_of(10, 10, {1, 1}, Curve()).total(), 0);
 }
 
-TEST(Columns, TwoEqualPointsAreADotOfThePen) {
+TEST(MonotonePolylines, TwoEqualPointsAreADotOfThePen) {
   Curve curve;
   curve.add(5, 5);
   curve.add(5, 5);
@@ -117,7 +117,7 @@ TEST(Columns, TwoEqualPointsAreADotOfThePen) {
   }
 }
 
-TEST(Columns, NaNEndsALineAndBeginsAnother) {
+TEST(MonotonePolylines, NaNEndsALineAndBeginsAnother) {
   Curve curve;
   curve.add(2.5, 4.5);
   curve.add(6.5, 4.5);
@@ -130,7 +130,7 @@ TEST(Columns, NaNEndsALineAndBeginsAnother) {
   EXPECT_EQ(pixels.at(14, 4), 255);
 }
 
-TEST(Columns, AreTheSameHoweverWideThePictureIs) {
+TEST(MonotonePolylines, AreTheSameHoweverWideThePictureIs) {
   const Curve curve = noise(300, -3, 70, 2, 35);
   const CurvePixels wide = pixels_of(67, 37, {1, 0.8}, curve);
   for (int width = 1; width < 67; ++width) {
@@ -146,7 +146,7 @@ int ink_of(const Curve& curve) {
 }
 
 // A point on the border of a vertical line belongs to the run that begins there.
-TEST(Columns, ARunBeginsWithItsOwnSegments) {
+TEST(MonotonePolylines, ARunBeginsWithItsOwnSegments) {
   Curve gap;
   gap.add(0, 30.5);
   gap.add(10, 30.5);
@@ -163,7 +163,7 @@ TEST(Columns, ARunBeginsWithItsOwnSegments) {
 }
 
 // The foot of a spike is no wider because the line is level before it.
-TEST(Columns, LevelPartsAreNoTurnsWhereTheLineGoesOn) {
+TEST(MonotonePolylines, LevelPartsAreNoTurnsWhereTheLineGoesOn) {
   Curve level, none;
   for (int i = 0; i <= 20; ++i) level.add(i * 0.5, 8.9);
   level.add(10.7, 75);
@@ -174,8 +174,8 @@ TEST(Columns, LevelPartsAreNoTurnsWhereTheLineGoesOn) {
   EXPECT_LE(with.from(pixels_of(30, 80, {1, 0.5}, none)).largest, 2);
 }
 
-TEST(Columns, AFlushForgetsWhatItBlended) {
-  Columns columns(30, 20);
+TEST(MonotonePolylines, AFlushForgetsWhatItBlended) {
+  MonotonePolylines columns(30, 20);
   ASSERT_TRUE(columns.add({1, 0.5}, noise(90, 0, 30, 0, 20).line()));
   CurvePixels once(30, 20), twice(30, 20);
   columns.flush(once.canvas(), kBlackPixel);
@@ -184,8 +184,8 @@ TEST(Columns, AFlushForgetsWhatItBlended) {
   EXPECT_EQ(twice.total(), 0);
 }
 
-TEST(Columns, ClearedOnesNeverShow) {
-  Columns columns(30, 20);
+TEST(MonotonePolylines, ClearedOnesNeverShow) {
+  MonotonePolylines columns(30, 20);
   ASSERT_TRUE(columns.add({1, 0.5}, noise(90, 0, 30, 0, 20).line()));
   columns.clear();
   CurvePixels pixels(30, 20);
@@ -194,13 +194,13 @@ TEST(Columns, ClearedOnesNeverShow) {
 }
 
 // Whatever was drawn before, with whichever pen, leaves no trace.
-TEST(Columns, DrawTheSameAfterAnyOtherLine) {
+TEST(MonotonePolylines, DrawTheSameAfterAnyOtherLine) {
   const std::vector<Curve> curves = {
       noise(900, -3, 44, 0, 37),    noise(20, -3, 44, 0, 37), noise(900, -3, 20, 0, 37),
       noise(900, 20.3, 70, 0, 37),  noise(7, 5, 6, 0, 37),    noise(900, -3, 44, 0, 37).reversed(),
       noise(300, 11, 12, -90, -50),
   };
-  Columns columns(40, 37);
+  MonotonePolylines columns(40, 37);
   for (const double half_width : {0.5, 2.0, 0.75, 3.0}) {
     for (std::size_t i = 0; i < 2 * curves.size(); ++i) {
       const Curve& curve = curves[i * 3 % curves.size()];
@@ -213,11 +213,11 @@ TEST(Columns, DrawTheSameAfterAnyOtherLine) {
   }
 }
 
-TEST(Columns, BlendTheColourByCoverage) {
+TEST(MonotonePolylines, BlendTheColourByCoverage) {
   const Curve curve = noise(60, 0, 20, 0, 20);
   const CurvePixels coverage = pixels_of(20, 20, {1, 0.5}, curve);
   GuardedCanvas picture(20, 20);
-  Columns columns(20, 20);
+  MonotonePolylines columns(20, 20);
   ASSERT_TRUE(columns.add({1, 0.5}, curve.line()));
   columns.flush(picture.canvas(), kMaroonPixel);
   for (int y = 0; y < 20; ++y) {
@@ -228,7 +228,7 @@ TEST(Columns, BlendTheColourByCoverage) {
   }
 }
 
-TEST(Columns, NeverWriteBesideTheCanvas) {
+TEST(MonotonePolylines, NeverWriteBesideTheCanvas) {
   for (const auto& [width, height] : {std::pair{1, 1}, {1, 30}, {30, 1}, {13, 11}}) {
     for (const double half_width : {0.5, 2.0, 40.0}) {
       CurvePixels pixels(width, height);
@@ -239,11 +239,11 @@ TEST(Columns, NeverWriteBesideTheCanvas) {
   }
 }
 
-TEST(Columns, SurviveAbsurdNumbers) {
+TEST(MonotonePolylines, SurviveAbsurdNumbers) {
   const float values[] = {-kInfinity, -3e38F, -1e9F, -1,        -1e-42F, 0,
                           3,          1e9F,   3e38F, kInfinity, kNaN};
   for (const double scale : {1e-9, 1 / 15.0, 16.0}) {
-    Columns columns(13, 11);
+    MonotonePolylines columns(13, 11);
     CurvePixels pixels(13, 11);
     Curve curve;
     for (const float x : {-3e38F, -3e38F, -1e9F, -1.0F, 0.0F, 3.0F, 3.0F, 1e9F, 3e38F}) {

@@ -1,4 +1,4 @@
-#include "raster/row_blend.h"
+#include "raster/row_blender.h"
 
 #include <algorithm>
 #include <array>
@@ -15,12 +15,13 @@ U16x8 blend_two(U16x8 below, U16x8 above, U16x8 coverages) {
 
 }  // namespace
 
-void RowBlend::blend_sixteen(std::uint32_t* pixels, const RowCoverage& coverage) const {
+void RowBlender::blend_sixteen(std::uint32_t* pixels, const RowCoverage& coverage) const {
   constexpr std::uint32_t kFull = 0xFFFFFFFF;
   const auto quads = coverage.quads();
   if ((quads[0] & quads[1] & quads[2] & quads[3]) == kFull) {
     const U8x16 four = pack_bytes(m_colour, m_colour);
-    for (int i = 0; i < Tile::kColumns; i += 4) std::memcpy(pixels + i, &four, sizeof four);
+    for (int i = 0; i < StripAccumulator::kWidth; i += 4)
+      std::memcpy(pixels + i, &four, sizeof four);
     return;
   }
   for_each_quad(coverage, [&](int quad, U32x4 coverages) {
@@ -34,9 +35,9 @@ void RowBlend::blend_sixteen(std::uint32_t* pixels, const RowCoverage& coverage)
   });
 }
 
-void RowBlend::blend_fewer(std::uint32_t* pixels, const RowCoverage& coverage) const {
-  const int columns = m_canvas.width % Tile::kColumns;
-  std::array<std::uint32_t, Tile::kColumns> copy{};
+void RowBlender::blend_partial(std::uint32_t* pixels, const RowCoverage& coverage) const {
+  const int columns = m_canvas.width % StripAccumulator::kWidth;
+  std::array<std::uint32_t, StripAccumulator::kWidth> copy{};
   std::copy_n(pixels, columns, copy.begin());
   blend_sixteen(copy.data(), coverage);
   std::copy_n(copy.begin(), columns, pixels);

@@ -8,30 +8,30 @@
 namespace kurv::raster {
 
 // Blends onto a canvas what tiles of columns cover.
-class RowBlend {
+class RowBlender {
  public:
-  RowBlend(const Canvas& canvas, std::uint32_t colour)
+  RowBlender(const Canvas& canvas, std::uint32_t colour)
       : m_canvas(canvas),
-        m_whole_tiles(canvas.width / Tile::kColumns),
+        m_whole_strips(canvas.width / StripAccumulator::kWidth),
         m_colour(unpack_low(bit_cast_to<U8x16>(U32x4{} + colour))) {}
 
   // The row of the tile, of which at least one pixel is on the canvas.
-  void put(int tile, int y, const RowCoverage& coverage) const {
+  void blend(int strip, int y, const RowCoverage& coverage) const {
     if (coverage.is_zero()) return;
-    std::uint32_t* const pixels = m_canvas.row(y) + tile * Tile::kColumns;
-    if (tile < m_whole_tiles) {
+    std::uint32_t* const pixels = m_canvas.row(y) + strip * StripAccumulator::kWidth;
+    if (strip < m_whole_strips) {
       blend_sixteen(pixels, coverage);
     } else {
-      blend_fewer(pixels, coverage);
+      blend_partial(pixels, coverage);
     }
   }
 
  private:
   void blend_sixteen(std::uint32_t* pixels, const RowCoverage& coverage) const;
-  void blend_fewer(std::uint32_t* pixels, const RowCoverage& coverage) const;
+  void blend_partial(std::uint32_t* pixels, const RowCoverage& coverage) const;
 
   Canvas m_canvas;
-  int m_whole_tiles;
+  int m_whole_strips;
   U16x8 m_colour;  // of two pixels, by channel
 };
 
