@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "raster/fast_min_max.h"
-#include "raster/layer.h"
+#include "raster/front_to_back_layer.h"
 #include "raster/subcolumns.h"
 #include "raster/x_positions.h"
 

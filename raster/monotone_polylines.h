@@ -10,7 +10,7 @@
 
 #include "raster/canvas.h"
 #include "raster/envelope.h"
-#include "raster/layer.h"
+#include "raster/front_to_back_layer.h"
 #include "raster/strokes.h"
 #include "raster/subcolumns.h"
 #include "raster/x_positions.h"

@@ -16,7 +16,7 @@
 #include "raster/boxes.h"
 #include "raster/canvas.h"
 #include "raster/coverage.h"
-#include "raster/layer.h"
+#include "raster/front_to_back_layer.h"
 #include "raster/monotone_polylines.h"
 #include "raster/narrow_segments.h"
 #include "raster/stamps.h"

@@ -1,4 +1,4 @@
-#include "raster/layer.h"
+#include "raster/front_to_back_layer.h"
 
 #include <algorithm>
 
