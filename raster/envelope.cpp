@@ -40,7 +40,7 @@ void Envelope::reset(int first, int last) {
 }
 
 // Tile by tile, which stays in the processor's nearest memory while all discs pass over it.
-void Envelope::dilate(int first, int last, Subcolumns& subcolumns, const Layer* occluder,
+void Envelope::dilate(int first, int last, Subcolumns& subcolumns, const FrontToBackLayer* occluder,
                       const DenseRun* run) {
   const int begin = std::max(first - 2 * m_reach, 0);
   const int end = std::min(last, subcolumns.count());
@@ -66,7 +66,7 @@ void Envelope::dilate(int first, int last, Subcolumns& subcolumns, const Layer* 
 
 // Cells begin..end-1 of one tile.
 bool Envelope::is_occluded(int begin, int end, const Subcolumns& subcolumns,
-                           const Layer& occluder) const {
+                           const FrontToBackLayer& occluder) const {
   const int last = end + 2 * m_reach;
   const float* const low = m_low.data() + 1;
   const float* const high = m_high.data() + 1;

@@ -57,11 +57,12 @@ class Envelope {
   }
   // Covers what the pen covers on its way along these nodes, except for what `above` hides, if
   // there is any. Where the line is known between the nodes, too, it comes with its run.
-  void dilate(int first, int last, Subcolumns& subcolumns, const Layer* occluder,
+  void dilate(int first, int last, Subcolumns& subcolumns, const FrontToBackLayer* occluder,
               const DenseRun* run);
 
  private:
-  bool is_occluded(int begin, int end, const Subcolumns& subcolumns, const Layer& occluder) const;
+  bool is_occluded(int begin, int end, const Subcolumns& subcolumns,
+                   const FrontToBackLayer& occluder) const;
   void dilate_by_discs(int begin, int count);
   void dilate_by_rims(int begin, int count);
   void dilate_by_rims_of(const DenseRun& run, int begin, int count);

@@ -13,15 +13,15 @@
 
 namespace kurv::raster {
 
-class Layer {
+class FrontToBackLayer {
  public:
-  Layer(int width, int height);
+  FrontToBackLayer(int width, int height);
 
   // Whether nothing more of the tile could be seen in rows first..end-1. Rows that are none are
   // never seen.
-  bool hides(int tile, int first, int end) const;
+  bool occludes(int strip, int first, int end) const;
   // Puts the colour, 0xFFRRGGBB, below what the row of the tile holds.
-  void put(int tile, int y, const RowCoverage& coverage, std::uint32_t colour);
+  void blend_under(int strip, int y, const RowCoverage& coverage, std::uint32_t colour);
   // Puts all that is there onto the canvas, of the size this was made for, and forgets it.
   void flush(const Canvas& canvas);
   void clear();
@@ -32,20 +32,20 @@ class Layer {
   using TwoPixels = U16x8;
   static constexpr std::size_t kInRow = 8;
   using Row = std::array<TwoPixels, kInRow>;
-  struct Strip {
-    std::vector<Row> rows;             // of which first..end-1 hold anything
-    std::vector<std::uint64_t> hides;  // a bit for each row
+  struct Content {
+    std::vector<Row> rows;                   // of which first..end-1 hold anything
+    std::vector<std::uint64_t> opaque_rows;  // a bit for each row
     int first = 0;
     int end = 0;
   };
 
-  Row& row(Strip& strip, int y);
+  Row& row(Content& content, int y);
   static bool is_opaque(const Row& row);
-  static void blend(const Row& row, std::uint32_t* pixels);
+  static void composite(const Row& row, std::uint32_t* pixels);
 
   int m_width;
   int m_height;
-  std::vector<Strip> m_strips;
+  std::vector<Content> m_strips;
 };
 
 }  // namespace kurv::raster

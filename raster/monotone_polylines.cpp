@@ -39,7 +39,8 @@ bool MonotonePolylines::add(const Pen& pen, const Polyline& line) {
   return true;
 }
 
-void MonotonePolylines::add_accepted(const Pen& pen, const Polyline& line, const Layer* occluder) {
+void MonotonePolylines::add_accepted(const Pen& pen, const Polyline& line,
+                                     const FrontToBackLayer* occluder) {
   if (line.x.empty()) return;
   m_occluder = occluder;
   const bool is_all_near = scale_y(pen, line.y);
@@ -67,7 +68,7 @@ void MonotonePolylines::flush(const Canvas& canvas, std::uint32_t colour) {
       [&](int strip, int y, const RowCoverage& coverage) { blender.blend(strip, y, coverage); });
 }
 
-void MonotonePolylines::flush(Layer& layer, std::uint32_t colour) {
+void MonotonePolylines::flush(FrontToBackLayer& layer, std::uint32_t colour) {
   m_subcolumns.flush([&](int strip, int y, const RowCoverage& coverage) {
     layer.blend_under(strip, y, coverage, colour);
   });

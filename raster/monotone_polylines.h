@@ -44,11 +44,11 @@ class MonotonePolylines {
   bool add(const Pen& pen, const Polyline& line);
   // The same for a line with the x and the pen that were taken last. What `above` hides may be left
   // out.
-  void add_accepted(const Pen& pen, const Polyline& line, const Layer* occluder);
+  void add_accepted(const Pen& pen, const Polyline& line, const FrontToBackLayer* occluder);
   // Blends what has been added onto the canvas, of the size this was made for, and forgets it.
   void flush(const Canvas& canvas, std::uint32_t colour);
   // Puts it below what the layer holds, and forgets it.
-  void flush(Layer& layer, std::uint32_t colour);
+  void flush(FrontToBackLayer& layer, std::uint32_t colour);
   void clear() { m_subcolumns.clear(); }
 
  private:
@@ -65,8 +65,8 @@ class MonotonePolylines {
   void add_far_segment(Point from, Point to);
 
   Pen m_pen{0, 0};
-  const Layer* m_occluder = nullptr;  // while a line is added
-  bool m_is_noisy = false;            // the line that is added
+  const FrontToBackLayer* m_occluder = nullptr;  // while a line is added
+  bool m_is_noisy = false;                       // the line that is added
   Subcolumns m_subcolumns;
   Envelope m_envelope;
   XPositions m_x_positions;

@@ -37,13 +37,13 @@ void Picture::resize(QSize logical_size, double device_pixel_ratio) {
   QImage image = white_image(resolution);
   raster::Coverage mask(resolution.width, resolution.height);
   raster::NarrowSegments narrow_segments(resolution.width, resolution.height);
-  raster::MonotonePolylines columns(resolution.width, resolution.height);
+  raster::MonotonePolylines polylines(resolution.width, resolution.height);
   m_pixels->resolution = resolution;
   m_pixels->image = std::move(image);
   m_pixels->mask = std::move(mask);
   m_pixels->narrow_segments = std::move(narrow_segments);
-  m_pixels->columns = std::move(columns);
-  m_pixels->lines.reset();
+  m_pixels->polylines = std::move(polylines);
+  m_pixels->front_to_back.reset();
   m_pixels->texts = {};
   m_pixels->pending_colour.reset();
   m_pixels->stamps.clear();
@@ -73,7 +73,7 @@ Double Picture::ScaleHeight() const {
 void Picture::Cls() {
   m_pixels->mask.clear();
   m_pixels->narrow_segments.clear();
-  m_pixels->columns.clear();
+  m_pixels->polylines.clear();
   m_pixels->pending_colour.reset();
   m_pixels->stamps.clear();
   m_pixels->fill(kWhite);

@@ -43,7 +43,7 @@ struct Picture::Pixels {
         image(white_image(size)),
         mask(size.width, size.height),
         narrow_segments(size.width, size.height),
-        columns(size.width, size.height) {}
+        polylines(size.width, size.height) {}
 
   Resolution resolution;
   QImage image;
@@ -51,8 +51,8 @@ struct Picture::Pixels {
   raster::Coverage mask;
   std::optional<std::uint32_t> pending_colour;
   raster::NarrowSegments narrow_segments;
-  raster::MonotonePolylines columns;
-  std::optional<raster::Layer> lines;  // once there were many
+  raster::MonotonePolylines polylines;
+  std::optional<raster::FrontToBackLayer> front_to_back;  // once there were many
   raster::Stamps stamps;
   struct Grounds {
     std::unique_ptr<Picture> white;
@@ -94,22 +94,22 @@ struct Picture::Pixels {
   }
 
   // Where the next strokes of this colour are collected.
-  raster::Coverage& strokes(int colour) {
+  raster::Coverage& mask_for(int colour) {
     const std::uint32_t pixel = pixel_of(colour);
     if (pending_colour != pixel || !stamps.is_empty()) flush();
     pending_colour = pixel;
     return mask;
   }
 
-  raster::Layer& layer() {
-    if (!lines) lines.emplace(resolution.width, resolution.height);
-    return *lines;
+  raster::FrontToBackLayer& layer() {
+    if (!front_to_back) front_to_back.emplace(resolution.width, resolution.height);
+    return *front_to_back;
   }
 
   // It takes twice the memory of the picture, which a window can spare for its next redraw.
   void release_large_layer() {
     constexpr std::int64_t kLarge = 4'000'000;  // pixels
-    if (std::int64_t{resolution.width} * resolution.height > kLarge) lines.reset();
+    if (std::int64_t{resolution.width} * resolution.height > kLarge) front_to_back.reset();
   }
 
   raster::Pen pen() const { return {1 / resolution.twips_per_pixel, pen_width() / 2}; }

@@ -21,7 +21,7 @@ void Picture::Line(SurfacePoint from, SurfacePoint to, int colour, LineKind kind
   if (has_nan(from) || has_nan(to)) return;
   const bool level_or_upright = from.x == to.x || from.y == to.y;
   if (kind == LineKind::kSegment || (kind == LineKind::kRule && !level_or_upright)) {
-    raster::Coverage& mask = m_pixels->strokes(colour);
+    raster::Coverage& mask = m_pixels->mask_for(colour);
     raster::add_segment(mask, m_pixels->narrow_segments, m_pixels->pen(), to_point(from),
                         to_point(to));
     return;
@@ -39,11 +39,11 @@ void Picture::Line(SurfacePoint from, SurfacePoint to, int colour, LineKind kind
 }
 
 void Picture::Polyline(const PolylinePoints& points, int colour) {
-  if (!m_pixels->columns.add(m_pixels->pen(), {points.x, points.y, points.drawn})) {
+  if (!m_pixels->polylines.add(m_pixels->pen(), {points.x, points.y, points.drawn})) {
     return PlotSurface::Polyline(points, colour);
   }
   m_pixels->flush();
-  m_pixels->columns.flush(m_pixels->canvas(), pixel_of(colour));
+  m_pixels->polylines.flush(m_pixels->canvas(), pixel_of(colour));
 }
 
 // Many noisy lines hide most of each other: from the front to the back, what is hidden is not
@@ -52,21 +52,21 @@ void Picture::Polylines(std::span<const Single> x, int count, Integer pen,
                         const std::function<PolylineOver(int)>& line) {
   constexpr int kMany = 48;
   constexpr std::size_t kDense = 2;  // points a pixel
-  raster::MonotonePolylines& columns = m_pixels->columns;
+  raster::MonotonePolylines& polylines = m_pixels->polylines;
   const raster::Pen wide = m_pixels->pen();
   const bool hides_much = count >= kMany &&
                           x.size() >= kDense * static_cast<std::size_t>(m_pixels->image.width()) &&
                           raster::MonotonePolylines::is_noisy(line(count - 1).y);
-  if (!hides_much || !columns.takes(wide, x)) {
+  if (!hides_much || !polylines.accepts(wide, x)) {
     return PlotSurface::Polylines(x, count, pen, line);
   }
   m_pixels->flush();
-  raster::Layer& layer = m_pixels->layer();
+  raster::FrontToBackLayer& layer = m_pixels->layer();
   layer.clear();
   for (int i = count - 1; i >= 0; --i) {
     const PolylineOver over = line(i);
-    columns.add_accepted(wide, {x, over.y, over.drawn}, &layer);
-    columns.flush(layer, pixel_of(over.colour));
+    polylines.add_accepted(wide, {x, over.y, over.drawn}, &layer);
+    polylines.flush(layer, pixel_of(over.colour));
   }
   layer.flush(m_pixels->canvas());
   m_pixels->release_large_layer();
@@ -74,11 +74,12 @@ void Picture::Polylines(std::span<const Single> x, int count, Integer pen,
 }
 
 void Picture::Circle(SurfacePoint centre, Single radius, int colour) {
-  raster::add_circle(m_pixels->strokes(colour), m_pixels->pen(), to_point(centre), radius);
+  raster::add_circle(m_pixels->mask_for(colour), m_pixels->pen(), to_point(centre), radius);
 }
 
 void Picture::Arc(SurfacePoint centre, Single radius, int colour, Single start, Single end) {
-  raster::add_arc(m_pixels->strokes(colour), m_pixels->pen(), to_point(centre), radius, start, end);
+  raster::add_arc(m_pixels->mask_for(colour), m_pixels->pen(), to_point(centre), radius, start,
+                  end);
 }
 
 namespace {
@@ -138,7 +139,7 @@ void Picture::Repeat(const FigureCentres& centres, Double reach, const Figure& f
 }
 
 void Picture::PSet(SurfacePoint at, int colour) {
-  raster::add_segment(m_pixels->strokes(colour), m_pixels->pen(), to_point(at), to_point(at));
+  raster::add_segment(m_pixels->mask_for(colour), m_pixels->pen(), to_point(at), to_point(at));
 }
 
 }  // namespace kurv

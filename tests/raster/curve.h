@@ -68,9 +68,9 @@ class CurvePixels {
 
   Canvas canvas() { return m_picture.canvas(); }
   void draw(const Pen& pen, const Curve& curve) {
-    MonotonePolylines columns(m_width, m_height);
-    EXPECT_TRUE(columns.add(pen, curve.line()));
-    columns.flush(canvas(), 0xFF000000);
+    MonotonePolylines polylines(m_width, m_height);
+    EXPECT_TRUE(polylines.add(pen, curve.line()));
+    polylines.flush(canvas(), 0xFF000000);
   }
   int at(int x, int y) const { return 255 - static_cast<int>(m_picture.at(x, y) & 255); }
   int total() const {

@@ -142,15 +142,15 @@ TEST(MonotonePolylines, LineInPiecesIsTheWholeLine) {
   const Curve whole = curve_of(200, -5, 125, sine);
   CurvePixels one(kWidth, kHeight), many(kWidth, kHeight);
   one.draw({1, 0.5}, whole);
-  MonotonePolylines columns(kWidth, kHeight);
+  MonotonePolylines polylines(kWidth, kHeight);
   for (std::size_t first = 0; first + 1 < whole.x.size(); first += 7) {
     Curve piece;
     for (std::size_t i = first; i < std::min(first + 8, whole.x.size()); ++i) {
       piece.add(whole.x[i], whole.y[i]);
     }
-    ASSERT_TRUE(columns.add({1, 0.5}, piece.line()));
+    ASSERT_TRUE(polylines.add({1, 0.5}, piece.line()));
   }
-  columns.flush(many.canvas(), 0xFF000000);
+  polylines.flush(many.canvas(), 0xFF000000);
   const Difference difference = many.from(one);
   EXPECT_LE(difference.mean, 2);
   EXPECT_LE(difference.largest, 20);

@@ -17,44 +17,44 @@ CurvePixels pixels_of(int width, int height, const Pen& pen, const Curve& curve)
   return {width, height, pen, curve};
 }
 
-bool takes(const std::vector<float>& x) {
-  MonotonePolylines columns(10, 10);
+bool accepts(const std::vector<float>& x) {
+  MonotonePolylines polylines(10, 10);
   const std::vector<float> y(x.size(), 5.0F);
   const std::vector<std::uint8_t> drawn(x.size(), 1);
-  return columns.add({1, 0.5}, {x, y, drawn});
+  return polylines.add({1, 0.5}, {x, y, drawn});
 }
 
 TEST(MonotonePolylines, TakeLinesWhoseXGoesOneWay) {
-  EXPECT_TRUE(takes({}));
-  EXPECT_TRUE(takes({4}));
-  EXPECT_TRUE(takes({1, 2, 2, 9}));
-  EXPECT_TRUE(takes({9, 2, 2, 1}));
-  EXPECT_TRUE(takes({3, 3, 3}));
-  EXPECT_TRUE(takes({-3e38F, 0, 3e38F}));
-  EXPECT_FALSE(takes({1, 2, 1.9F}));
-  EXPECT_FALSE(takes({2, 1, 1.1F}));
-  EXPECT_FALSE(takes({1, 2, kInfinity}));
-  EXPECT_FALSE(takes({-kInfinity, 2, 3}));
-  EXPECT_FALSE(takes({kInfinity, 2, 1}));
-  EXPECT_FALSE(takes({1, kNaN, 3}));
-  EXPECT_FALSE(takes({kNaN}));
+  EXPECT_TRUE(accepts({}));
+  EXPECT_TRUE(accepts({4}));
+  EXPECT_TRUE(accepts({1, 2, 2, 9}));
+  EXPECT_TRUE(accepts({9, 2, 2, 1}));
+  EXPECT_TRUE(accepts({3, 3, 3}));
+  EXPECT_TRUE(accepts({-3e38F, 0, 3e38F}));
+  EXPECT_FALSE(accepts({1, 2, 1.9F}));
+  EXPECT_FALSE(accepts({2, 1, 1.1F}));
+  EXPECT_FALSE(accepts({1, 2, kInfinity}));
+  EXPECT_FALSE(accepts({-kInfinity, 2, 3}));
+  EXPECT_FALSE(accepts({kInfinity, 2, 1}));
+  EXPECT_FALSE(accepts({1, kNaN, 3}));
+  EXPECT_FALSE(accepts({kNaN}));
 }
 
 TEST(MonotonePolylines, LeaveWhatTheyDoNotTakeUndrawn) {
-  MonotonePolylines columns(20, 20);
+  MonotonePolylines polylines(20, 20);
   const Curve back_and_forth = [] {
     Curve curve;
     for (const double x : {2, 12, 7, 18}) curve.add(x, 10);
     return curve;
   }();
-  ASSERT_FALSE(columns.add({1, 0.5}, back_and_forth.line()));
+  ASSERT_FALSE(polylines.add({1, 0.5}, back_and_forth.line()));
   const Curve level = curve_of(2, -5, 25, [](double, int) { return 10.5; });
-  ASSERT_FALSE(columns.add({1, 1000}, level.line())) << "the pen is too wide";
+  ASSERT_FALSE(polylines.add({1, 1000}, level.line())) << "the pen is too wide";
   CurvePixels pixels(20, 20);
-  columns.flush(pixels.canvas(), kBlackPixel);
+  polylines.flush(pixels.canvas(), kBlackPixel);
   EXPECT_EQ(pixels.total(), 0);
-  ASSERT_TRUE(columns.add({1, 0.5}, level.line())) << "and go on as if nothing had been";
-  columns.flush(pixels.canvas(), kBlackPixel);
+  ASSERT_TRUE(polylines.add({1, 0.5}, level.line())) << "and go on as if nothing had been";
+  polylines.flush(pixels.canvas(), kBlackPixel);
   EXPECT_EQ(pixels.total(), 20 * 255);
 }
 
@@ -175,21 +175,21 @@ TEST(MonotonePolylines, LevelPartsAreNoTurnsWhereTheLineGoesOn) {
 }
 
 TEST(MonotonePolylines, AFlushForgetsWhatItBlended) {
-  MonotonePolylines columns(30, 20);
-  ASSERT_TRUE(columns.add({1, 0.5}, noise(90, 0, 30, 0, 20).line()));
+  MonotonePolylines polylines(30, 20);
+  ASSERT_TRUE(polylines.add({1, 0.5}, noise(90, 0, 30, 0, 20).line()));
   CurvePixels once(30, 20), twice(30, 20);
-  columns.flush(once.canvas(), kBlackPixel);
+  polylines.flush(once.canvas(), kBlackPixel);
   EXPECT_GT(once.total(), 0);
-  columns.flush(twice.canvas(), kBlackPixel);
+  polylines.flush(twice.canvas(), kBlackPixel);
   EXPECT_EQ(twice.total(), 0);
 }
 
 TEST(MonotonePolylines, ClearedOnesNeverShow) {
-  MonotonePolylines columns(30, 20);
-  ASSERT_TRUE(columns.add({1, 0.5}, noise(90, 0, 30, 0, 20).line()));
-  columns.clear();
+  MonotonePolylines polylines(30, 20);
+  ASSERT_TRUE(polylines.add({1, 0.5}, noise(90, 0, 30, 0, 20).line()));
+  polylines.clear();
   CurvePixels pixels(30, 20);
-  columns.flush(pixels.canvas(), kBlackPixel);
+  polylines.flush(pixels.canvas(), kBlackPixel);
   EXPECT_EQ(pixels.total(), 0);
 }
 
@@ -200,13 +200,13 @@ TEST(MonotonePolylines, DrawTheSameAfterAnyOtherLine) {
       noise(900, 20.3, 70, 0, 37),  noise(7, 5, 6, 0, 37),    noise(900, -3, 44, 0, 37).reversed(),
       noise(300, 11, 12, -90, -50),
   };
-  MonotonePolylines columns(40, 37);
+  MonotonePolylines polylines(40, 37);
   for (const double half_width : {0.5, 2.0, 0.75, 3.0}) {
     for (std::size_t i = 0; i < 2 * curves.size(); ++i) {
       const Curve& curve = curves[i * 3 % curves.size()];
       CurvePixels used(40, 37);
-      ASSERT_TRUE(columns.add({1, half_width}, curve.line()));
-      columns.flush(used.canvas(), kBlackPixel);
+      ASSERT_TRUE(polylines.add({1, half_width}, curve.line()));
+      polylines.flush(used.canvas(), kBlackPixel);
       const CurvePixels fresh = pixels_of(40, 37, {1, half_width}, curve);
       ASSERT_EQ(used.from(fresh).largest, 0) << half_width << ' ' << i;
     }
@@ -217,9 +217,9 @@ TEST(MonotonePolylines, BlendTheColourByCoverage) {
   const Curve curve = noise(60, 0, 20, 0, 20);
   const CurvePixels coverage = pixels_of(20, 20, {1, 0.5}, curve);
   GuardedCanvas picture(20, 20);
-  MonotonePolylines columns(20, 20);
-  ASSERT_TRUE(columns.add({1, 0.5}, curve.line()));
-  columns.flush(picture.canvas(), kMaroonPixel);
+  MonotonePolylines polylines(20, 20);
+  ASSERT_TRUE(polylines.add({1, 0.5}, curve.line()));
+  polylines.flush(picture.canvas(), kMaroonPixel);
   for (int y = 0; y < 20; ++y) {
     for (int x = 0; x < 20; ++x) {
       const auto covered = static_cast<std::uint32_t>(coverage.at(x, y));
@@ -243,15 +243,15 @@ TEST(MonotonePolylines, SurviveAbsurdNumbers) {
   const float values[] = {-kInfinity, -3e38F, -1e9F, -1,        -1e-42F, 0,
                           3,          1e9F,   3e38F, kInfinity, kNaN};
   for (const double scale : {1e-9, 1 / 15.0, 16.0}) {
-    MonotonePolylines columns(13, 11);
+    MonotonePolylines polylines(13, 11);
     CurvePixels pixels(13, 11);
     Curve curve;
     for (const float x : {-3e38F, -3e38F, -1e9F, -1.0F, 0.0F, 3.0F, 3.0F, 1e9F, 3e38F}) {
       for (const float y : values) curve.add(x, y);
     }
-    ASSERT_TRUE(columns.add({scale, 0.5}, curve.line()));
-    ASSERT_TRUE(columns.add({scale, 0.5}, curve.reversed().line()));
-    columns.flush(pixels.canvas(), kBlackPixel);
+    ASSERT_TRUE(polylines.add({scale, 0.5}, curve.line()));
+    ASSERT_TRUE(polylines.add({scale, 0.5}, curve.reversed().line()));
+    polylines.flush(pixels.canvas(), kBlackPixel);
     EXPECT_GT(pixels.total(), 0);
   }
 }

@@ -33,20 +33,20 @@ struct Coloured {
 
 void draw_forwards(GuardedCanvas& picture, int width, int height, const Pen& pen,
                    const std::vector<Coloured>& curves) {
-  MonotonePolylines columns(width, height);
+  MonotonePolylines polylines(width, height);
   for (const auto& [curve, colour] : curves) {
-    ASSERT_TRUE(columns.add(pen, curve.line()));
-    columns.flush(picture.canvas(), colour);
+    ASSERT_TRUE(polylines.add(pen, curve.line()));
+    polylines.flush(picture.canvas(), colour);
   }
 }
 
-void draw_backwards(GuardedCanvas& picture, Layer& layer, int width, int height, const Pen& pen,
-                    const std::vector<Coloured>& curves) {
-  MonotonePolylines columns(width, height);
+void draw_backwards(GuardedCanvas& picture, FrontToBackLayer& layer, int width, int height,
+                    const Pen& pen, const std::vector<Coloured>& curves) {
+  MonotonePolylines polylines(width, height);
   for (auto i = curves.rbegin(); i != curves.rend(); ++i) {
-    ASSERT_TRUE(columns.takes(pen, i->curve.line().x));
-    columns.add_accepted(pen, i->curve.line(), &layer);
-    columns.flush(layer, i->colour);
+    ASSERT_TRUE(polylines.accepts(pen, i->curve.line().x));
+    polylines.add_accepted(pen, i->curve.line(), &layer);
+    polylines.flush(layer, i->colour);
   }
   layer.flush(picture.canvas());
 }
@@ -62,13 +62,13 @@ std::vector<Coloured> noisy_curves(int count, int points, double width, double h
 }
 
 // Forwards each blend rounds to a whole step of a colour, and so each may be half a step off.
-TEST(Layer, FromTheFrontToTheBackIsTheSamePicture) {
+TEST(FrontToBackLayer, FromTheFrontToTheBackIsTheSamePicture) {
   for (const auto& [width, height] : {std::pair{100, 90}, {16, 64}, {7, 130}, {33, 1}}) {
     for (const double half_width : {0.5, 1.3, 4.0}) {
       for (const int points : {60, 5000}) {
         const auto curves = noisy_curves(24, points, width, height);
         GuardedCanvas forwards(width, height), backwards(width, height);
-        Layer layer(width, height);
+        FrontToBackLayer layer(width, height);
         draw_forwards(forwards, width, height, {1, half_width}, curves);
         draw_backwards(backwards, layer, width, height, {1, half_width}, curves);
         EXPECT_FALSE(forwards.is_white());
@@ -79,9 +79,9 @@ TEST(Layer, FromTheFrontToTheBackIsTheSamePicture) {
   }
 }
 
-TEST(Layer, IsEmptyAgainAfterAFlush) {
+TEST(FrontToBackLayer, IsEmptyAgainAfterAFlush) {
   const auto curves = noisy_curves(3, 900, 40, 50);
-  Layer layer(40, 50);
+  FrontToBackLayer layer(40, 50);
   GuardedCanvas first(40, 50), nothing(40, 50), again(40, 50);
   draw_backwards(first, layer, 40, 50, {1, 0.5}, curves);
   layer.flush(nothing.canvas());
@@ -94,60 +94,60 @@ RowCoverage covered(int left, int right) {
   return {U16x8{} + static_cast<std::uint16_t>(left), U16x8{} + static_cast<std::uint16_t>(right)};
 }
 
-TEST(Layer, HidesWhereEveryPixelOfEveryRowIsOpaque) {
-  Layer layer(32, 200);
-  for (int y = 40; y < 150; ++y) layer.put(1, y, covered(255, 255), kColours[0]);
-  EXPECT_TRUE(layer.hides(1, 40, 150));
-  EXPECT_TRUE(layer.hides(1, 63, 64));
-  EXPECT_FALSE(layer.hides(1, 39, 150));
-  EXPECT_FALSE(layer.hides(1, 40, 151));
-  EXPECT_FALSE(layer.hides(0, 60, 70)) << "the tile beside it";
-  EXPECT_FALSE(layer.hides(1, 0, 200));
-  EXPECT_FALSE(layer.hides(1, -10, 60));
+TEST(FrontToBackLayer, HidesWhereEveryPixelOfEveryRowIsOpaque) {
+  FrontToBackLayer layer(32, 200);
+  for (int y = 40; y < 150; ++y) layer.blend_under(1, y, covered(255, 255), kColours[0]);
+  EXPECT_TRUE(layer.occludes(1, 40, 150));
+  EXPECT_TRUE(layer.occludes(1, 63, 64));
+  EXPECT_FALSE(layer.occludes(1, 39, 150));
+  EXPECT_FALSE(layer.occludes(1, 40, 151));
+  EXPECT_FALSE(layer.occludes(0, 60, 70)) << "the tile beside it";
+  EXPECT_FALSE(layer.occludes(1, 0, 200));
+  EXPECT_FALSE(layer.occludes(1, -10, 60));
 
-  layer.put(1, 150, covered(255, 254), kColours[1]);
-  EXPECT_FALSE(layer.hides(1, 150, 151));
-  layer.put(1, 150, covered(0, 255), kColours[2]);
-  EXPECT_TRUE(layer.hides(1, 40, 151)) << "by two together";
+  layer.blend_under(1, 150, covered(255, 254), kColours[1]);
+  EXPECT_FALSE(layer.occludes(1, 150, 151));
+  layer.blend_under(1, 150, covered(0, 255), kColours[2]);
+  EXPECT_TRUE(layer.occludes(1, 40, 151)) << "by two together";
 }
 
-TEST(Layer, ClearedOnesNeitherHideNorShow) {
-  Layer layer(32, 20);
-  layer.put(0, 7, covered(255, 255), kColours[0]);
+TEST(FrontToBackLayer, ClearedOnesNeitherHideNorShow) {
+  FrontToBackLayer layer(32, 20);
+  layer.blend_under(0, 7, covered(255, 255), kColours[0]);
   layer.clear();
-  EXPECT_FALSE(layer.hides(0, 7, 8));
+  EXPECT_FALSE(layer.occludes(0, 7, 8));
   GuardedCanvas picture(32, 20);
   layer.flush(picture.canvas());
   EXPECT_TRUE(picture.is_white());
 }
 
-TEST(Layer, RowsThatAreNoneAreNeverSeen) {
-  const Layer layer(32, 200);
-  EXPECT_TRUE(layer.hides(0, 5, 5));
-  EXPECT_TRUE(layer.hides(0, 9, 2));
-  EXPECT_TRUE(layer.hides(0, -7, 0));
-  EXPECT_TRUE(layer.hides(1, 200, 300));
-  EXPECT_FALSE(layer.hides(0, 199, 300));
+TEST(FrontToBackLayer, RowsThatAreNoneAreNeverSeen) {
+  const FrontToBackLayer layer(32, 200);
+  EXPECT_TRUE(layer.occludes(0, 5, 5));
+  EXPECT_TRUE(layer.occludes(0, 9, 2));
+  EXPECT_TRUE(layer.occludes(0, -7, 0));
+  EXPECT_TRUE(layer.occludes(1, 200, 300));
+  EXPECT_FALSE(layer.occludes(0, 199, 300));
 }
 
-TEST(Layer, WhatIsOpaqueHidesAndTheRestShowsThrough) {
+TEST(FrontToBackLayer, WhatIsOpaqueHidesAndTheRestShowsThrough) {
   GuardedCanvas picture(16, 2);
-  Layer layer(16, 2);
-  layer.put(0, 0, covered(255, 51), 0xFFFF0000);
-  layer.put(0, 0, covered(255, 255), 0xFF0000FF);
-  layer.put(0, 0, covered(255, 255), 0xFF00FF00);
+  FrontToBackLayer layer(16, 2);
+  layer.blend_under(0, 0, covered(255, 51), 0xFFFF0000);
+  layer.blend_under(0, 0, covered(255, 255), 0xFF0000FF);
+  layer.blend_under(0, 0, covered(255, 255), 0xFF00FF00);
   layer.flush(picture.canvas());
   EXPECT_EQ(picture.at(0, 0), 0xFFFF0000);
   EXPECT_EQ(picture.at(15, 0), 0xFF3300CC);
   EXPECT_EQ(picture.at(3, 1), kWhitePixel);
 }
 
-TEST(Layer, LeavesOutNothingOfASparseLineBelowDenseOnes) {
+TEST(FrontToBackLayer, LeavesOutNothingOfASparseLineBelowDenseOnes) {
   auto curves = noisy_curves(9, 4000, 80, 60);
   curves.insert(curves.begin(), {noise(9, 0, 80, 0, 60), 0xFF654321});
   curves.insert(curves.begin() + 4, {noise(15, 80, 0, 0, 60), 0xFF123456});
   GuardedCanvas forwards(80, 60), backwards(80, 60);
-  Layer layer(80, 60);
+  FrontToBackLayer layer(80, 60);
   draw_forwards(forwards, 80, 60, {1, 0.5}, curves);
   draw_backwards(backwards, layer, 80, 60, {1, 0.5}, curves);
   EXPECT_LE(largest_difference(forwards, backwards, 80, 60), 3);
