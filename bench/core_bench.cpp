@@ -15,8 +15,8 @@
 #include "raster/coverage.h"
 #include "raster/monotone_polylines.h"
 #include "raster/narrow_segments.h"
-#include "raster/stamp.h"
-#include "raster/stamps.h"
+#include "raster/sprite.h"
+#include "raster/sprite_batch.h"
 #include "raster/strokes.h"
 
 namespace kurv {

@@ -19,7 +19,7 @@
 #include "raster/front_to_back_layer.h"
 #include "raster/monotone_polylines.h"
 #include "raster/narrow_segments.h"
-#include "raster/stamps.h"
+#include "raster/sprite_batch.h"
 #include "raster/strokes.h"
 
 namespace kurv {

@@ -1,11 +1,11 @@
-#include "raster/stamp.h"
+#include "raster/sprite.h"
 
 #include <functional>
 #include <vector>
 
 #include "raster/blend.h"
 #include "raster/boxes.h"
-#include "raster/stamps.h"
+#include "raster/sprite_batch.h"
 #include "tests/raster/guarded_canvas.h"
 
 namespace kurv::raster {

@@ -1,5 +1,5 @@
 // Many figures at once are the same as one after the other, to the last bit.
-#include "raster/stamps.h"
+#include "raster/sprite_batch.h"
 
 #include <algorithm>
 #include <cmath>

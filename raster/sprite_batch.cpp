@@ -1,4 +1,4 @@
-#include "raster/stamps.h"
+#include "raster/sprite_batch.h"
 
 #include <algorithm>
 #include <bit>

@@ -12,7 +12,7 @@
 
 #include "raster/canvas.h"
 #include "raster/hidden_pixels.h"
-#include "raster/stamp.h"
+#include "raster/sprite.h"
 
 namespace kurv::raster {
 

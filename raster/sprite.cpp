@@ -1,4 +1,4 @@
-#include "raster/stamp.h"
+#include "raster/sprite.h"
 
 #include <algorithm>
 
