@@ -114,7 +114,7 @@ BENCHMARK(segments_of_length)
     ->ArgsProduct({{5, 10, 30, 100, 300}, {1, 2, 4}});
 
 // A framed square of 9 pixels with soft edges.
-raster::Stamp framed_square() {
+raster::Sprite framed_square() {
   constexpr int kSide = 9;
   const Pixels white(kSide, kSide), black(kSide, kSide);
   for (int y = 0; y < kSide; ++y) {
@@ -132,11 +132,11 @@ raster::Stamp framed_square() {
 void stamps(benchmark::State& state) {
   const Line line = line_of("noise", 32767);
   const std::vector<double> x(line.x.begin(), line.x.end()), y(line.y.begin(), line.y.end());
-  const raster::Stamp stamp = framed_square();
+  const raster::Sprite sprite = framed_square();
   const Pixels pixels(bench::kWidth, bench::kHeight);
-  raster::Stamps kernel;
+  raster::SpriteBatch kernel;
   for ([[maybe_unused]] auto _ : state) {
-    kernel.add(x, y, 1, [&stamp](int, int) { return stamp; });
+    kernel.add(x, y, 1, [&sprite](int, int) { return sprite; });
     kernel.flush(pixels.canvas());
   }
 }

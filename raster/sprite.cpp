@@ -3,16 +3,16 @@
 #include <algorithm>
 
 #include "raster/boxes.h"
-#include "raster/hidden_pixels.h"
+#include "raster/occlusion_mask.h"
 
 namespace kurv::raster {
 namespace {
 
-constexpr int kSide = HiddenPixels::kSide;
+constexpr int kSide = OcclusionMask::kSide;
 constexpr std::uint32_t kOneChannel = 255;
 
 // The figure's two pictures side by side.
-struct Grounds {
+struct BackdropPair {
   const Canvas& white;
   const Canvas& black;
 
@@ -23,11 +23,11 @@ struct Grounds {
 };
 
 // Where there is more than the ground.
-PixelRect extent_of(const Grounds& grounds) {
-  PixelRect extent{grounds.white.width, grounds.white.height, 0, 0};
-  for (int y = 0; y < grounds.white.height; ++y) {
-    for (int x = 0; x < grounds.white.width; ++x) {
-      if (grounds.kept(x, y) == kOneChannel) continue;
+PixelRect extent_of(const BackdropPair& backdrops) {
+  PixelRect extent{backdrops.white.width, backdrops.white.height, 0, 0};
+  for (int y = 0; y < backdrops.white.height; ++y) {
+    for (int x = 0; x < backdrops.white.width; ++x) {
+      if (backdrops.kept(x, y) == kOneChannel) continue;
       extent.left = std::min(extent.left, x);
       extent.right = std::max(extent.right, x + 1);
       extent.top = std::min(extent.top, y);
@@ -37,27 +37,28 @@ PixelRect extent_of(const Grounds& grounds) {
   return extent;
 }
 
-void take_pixel(const Grounds& grounds, int x, int y, std::size_t place, Stamp::Block& block) {
-  const std::uint32_t kept = grounds.kept(x, y);
+void take_pixel(const BackdropPair& backdrops, int x, int y, std::size_t place,
+                Sprite::Block& block) {
+  const std::uint32_t kept = backdrops.kept(x, y);
   if (kept == kOneChannel) return;
-  (kept == 0 ? block.solid : block.veiled) |= std::uint64_t{1} << place;
-  const std::uint32_t added = (grounds.black.row(y)[x] & 0x00FFFFFF) | (kOneChannel - kept) << 24;
-  block.looks[place] = added | std::uint64_t{kept | kept << 16} << 32;
+  (kept == 0 ? block.solid : block.translucent) |= std::uint64_t{1} << place;
+  const std::uint32_t added = (backdrops.black.row(y)[x] & 0x00FFFFFF) | (kOneChannel - kept) << 24;
+  block.texels[place] = added | std::uint64_t{kept | kept << 16} << 32;
 }
 
-void cut(Stamp::Block& block) {
+void split(Sprite::Block& block) {
   for (int across = 0; across < kSide; ++across) {
     const auto place = static_cast<std::size_t>(across);
-    block.touched_cut[place] = HiddenPixels::cut(block.solid | block.veiled, across);
-    block.solid_cut[place] = HiddenPixels::cut(block.solid, across);
+    block.touched_split[place] = OcclusionMask::split(block.solid | block.translucent, across);
+    block.solid_split[place] = OcclusionMask::split(block.solid, across);
   }
 }
 
 }  // namespace
 
-Stamp::Stamp(const Canvas& on_white, const Canvas& on_black, int middle_x, int middle_y) {
-  const Grounds grounds{on_white, on_black};
-  const PixelRect extent = extent_of(grounds);
+Sprite::Sprite(const Canvas& on_white, const Canvas& on_black, int middle_x, int middle_y) {
+  const BackdropPair backdrops{on_white, on_black};
+  const PixelRect extent = extent_of(backdrops);
   for (int top = extent.top; top < extent.bottom; top += kSide) {
     for (int left = extent.left; left < extent.right; left += kSide) {
       Block block;
@@ -65,11 +66,12 @@ Stamp::Stamp(const Canvas& on_white, const Canvas& on_black, int middle_x, int m
       block.y = top - middle_y;
       for (int y = top; y < std::min(top + kSide, extent.bottom); ++y) {
         for (int x = left; x < std::min(left + kSide, extent.right); ++x) {
-          take_pixel(grounds, x, y, static_cast<std::size_t>((y - top) * kSide + x - left), block);
+          take_pixel(backdrops, x, y, static_cast<std::size_t>((y - top) * kSide + x - left),
+                     block);
         }
       }
-      if ((block.solid | block.veiled) == 0) continue;
-      cut(block);
+      if ((block.solid | block.translucent) == 0) continue;
+      split(block);
       m_blocks.push_back(block);
     }
   }

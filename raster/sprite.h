@@ -7,33 +7,33 @@
 #include <vector>
 
 #include "raster/canvas.h"
-#include "raster/hidden_pixels.h"
+#include "raster/occlusion_mask.h"
 
 namespace kurv::raster {
 
-class Stamp {
+class Sprite {
  public:
   // What a figure looks like in a square of 8 x 8 pixels. The pixel in column x of row y is bit
   // 8 y + x of a set, and that element of an array.
   struct Block {
     int x = 0;  // of the first column, from the pixel where the stamp is put
     int y = 0;
-    std::uint64_t solid = 0;   // pixels that hide what lies below
-    std::uint64_t veiled = 0;  // pixels through which it shows
+    std::uint64_t solid = 0;        // pixels that hide what lies below
+    std::uint64_t translucent = 0;  // pixels through which it shows
     // All of them, and the solid ones, by how many columns the square stands off a tile.
-    std::array<HiddenPixels::Halves, HiddenPixels::kSide> touched_cut{};
-    std::array<HiddenPixels::Halves, HiddenPixels::kSide> solid_cut{};
+    std::array<OcclusionMask::TilePair, OcclusionMask::kSide> touched_split{};
+    std::array<OcclusionMask::TilePair, OcclusionMask::kSide> solid_split{};
     // In the lower half what a pixel adds to the part of each channel that stays, and in the upper
     // one how much stays: of 255, twice.
-    std::array<std::uint64_t, 64> looks{};
+    std::array<std::uint64_t, 64> texels{};
   };
 
   // Of nothing.
-  Stamp() = default;
+  Sprite() = default;
   // What a figure looks like on a white and on a black canvas of the same size; where the two
   // differ the ground shows through. The middle is the pixel that later lies where the stamp is
   // put.
-  Stamp(const Canvas& on_white, const Canvas& on_black, int middle_x, int middle_y);
+  Sprite(const Canvas& on_white, const Canvas& on_black, int middle_x, int middle_y);
 
   // They have no pixel in common. A stamp of up to eight pixels a side is one.
   std::span<const Block> blocks() const { return m_blocks; }

@@ -10,7 +10,7 @@
 namespace kurv {
 
 namespace raster {
-class Stamp;
+class Sprite;
 }
 
 // Needs a QGuiApplication for text; no window and no display server. Copying nothing, it belongs to
@@ -57,8 +57,8 @@ class Picture final : public PlotSurface {
  private:
   struct Pixels;
   explicit Picture(std::unique_ptr<Pixels> pixels);
-  raster::Stamp stamp_of(const Figure& figure, FigureCentre centre, Picture& white,
-                         Picture& black) const;
+  raster::Sprite make_sprite(const Figure& figure, FigureCentre centre, Picture& white,
+                             Picture& black) const;
   std::unique_ptr<Pixels> m_pixels;
 };
 

@@ -46,7 +46,7 @@ void Picture::resize(QSize logical_size, double device_pixel_ratio) {
   m_pixels->front_to_back.reset();
   m_pixels->texts = {};
   m_pixels->pending_colour.reset();
-  m_pixels->stamps.clear();
+  m_pixels->sprites.clear();
 }
 
 QImage Picture::image() const {
@@ -75,7 +75,7 @@ void Picture::Cls() {
   m_pixels->narrow_segments.clear();
   m_pixels->polylines.clear();
   m_pixels->pending_colour.reset();
-  m_pixels->stamps.clear();
+  m_pixels->sprites.clear();
   m_pixels->fill(kWhite);
 }
 

@@ -53,12 +53,12 @@ struct Picture::Pixels {
   raster::NarrowSegments narrow_segments;
   raster::MonotonePolylines polylines;
   std::optional<raster::FrontToBackLayer> front_to_back;  // once there were many
-  raster::Stamps stamps;
-  struct Grounds {
+  raster::SpriteBatch sprites;
+  struct BackdropPictures {
     std::unique_ptr<Picture> white;
     std::unique_ptr<Picture> black;
   };
-  Grounds grounds;  // small ones, for figures that are to become stamps
+  BackdropPictures backdrops;  // small ones, for figures that are to become stamps
 
   Integer draw_width = 1;
   int fore_color = kBlack;
@@ -83,9 +83,9 @@ struct Picture::Pixels {
   double pen_width() const { return std::max(1.0, draw_width * resolution.device_pixel_ratio); }
 
   void flush() {
-    if (!stamps.is_empty()) {
+    if (!sprites.is_empty()) {
       clear_upper_registers();  // the toolkit may have measured texts since they were collected
-      stamps.flush(canvas());
+      sprites.flush(canvas());
     }
     if (!pending_colour) return;
     narrow_segments.merge_into(mask);
@@ -96,7 +96,7 @@ struct Picture::Pixels {
   // Where the next strokes of this colour are collected.
   raster::Coverage& mask_for(int colour) {
     const std::uint32_t pixel = pixel_of(colour);
-    if (pending_colour != pixel || !stamps.is_empty()) flush();
+    if (pending_colour != pixel || !sprites.is_empty()) flush();
     pending_colour = pixel;
     return mask;
   }

@@ -86,8 +86,8 @@ namespace {
 
 // Fewer are drawn as they are, and so are figures of more pixels.
 constexpr std::size_t kFewFigures =
-    std::size_t{4} * raster::Stamps::kPhases * raster::Stamps::kPhases;
-constexpr double kLargestStamp = 64;
+    std::size_t{4} * raster::SpriteBatch::kPhases * raster::SpriteBatch::kPhases;
+constexpr double kLargestSprite = 64;
 
 bool are_few(const FigureCentres& centres) {
   std::size_t count = 0;
@@ -101,8 +101,8 @@ bool are_few(const FigureCentres& centres) {
 
 // What the figure looks like with its centre there in a small picture: drawn on two grounds, it
 // shows where it hides what lies below.
-raster::Stamp Picture::stamp_of(const Figure& figure, FigureCentre centre, Picture& white,
-                                Picture& black) const {
+raster::Sprite Picture::make_sprite(const Figure& figure, FigureCentre centre, Picture& white,
+                                    Picture& black) const {
   const auto drawn_on = [&](int ground, Picture& picture) {
     picture.Cls();  // also of what a figure that failed has left
     if (ground != kWhite) picture.m_pixels->fill(ground);
@@ -117,24 +117,25 @@ raster::Stamp Picture::stamp_of(const Figure& figure, FigureCentre centre, Pictu
 
 void Picture::Repeat(const FigureCentres& centres, Double reach, const Figure& figure) {
   const double wanted = 2 * std::ceil(m_pixels->pixels(reach) + m_pixels->pen_width() + 2) + 1;
-  if (!(wanted <= kLargestStamp) || are_few(centres)) {
+  if (!(wanted <= kLargestSprite) || are_few(centres)) {
     return PlotSurface::Repeat(centres, reach, figure);
   }
-  if (m_pixels->pending_colour || m_pixels->stamps.is_full()) m_pixels->flush();
+  if (m_pixels->pending_colour || m_pixels->sprites.is_full()) m_pixels->flush();
   const int side = static_cast<int>(wanted);
   const Resolution& own = m_pixels->resolution;
   const Resolution small{side, side, own.device_pixel_ratio, own.twips_per_pixel};
   // Kept, because the next figure of a graph is as large.
-  Pixels::Grounds& grounds = m_pixels->grounds;
-  if (!grounds.white || grounds.white->m_pixels->resolution != small) {
-    grounds.white.reset(new Picture(std::make_unique<Pixels>(small)));
-    grounds.black.reset(new Picture(std::make_unique<Pixels>(small)));
+  Pixels::BackdropPictures& backdrops = m_pixels->backdrops;
+  if (!backdrops.white || backdrops.white->m_pixels->resolution != small) {
+    backdrops.white.reset(new Picture(std::make_unique<Pixels>(small)));
+    backdrops.black.reset(new Picture(std::make_unique<Pixels>(small)));
   }
   const auto place = [side, unit = own.twips_per_pixel](int phase) {
-    return (side / 2 + static_cast<double>(phase) / raster::Stamps::kPhases) * unit;
+    return (side / 2 + static_cast<double>(phase) / raster::SpriteBatch::kPhases) * unit;
   };
-  m_pixels->stamps.add(centres.x, centres.y, own.twips_per_pixel, [&](int phase_x, int phase_y) {
-    return stamp_of(figure, {place(phase_x), place(phase_y)}, *grounds.white, *grounds.black);
+  m_pixels->sprites.add(centres.x, centres.y, own.twips_per_pixel, [&](int phase_x, int phase_y) {
+    return make_sprite(figure, {place(phase_x), place(phase_y)}, *backdrops.white,
+                       *backdrops.black);
   });
 }
 

@@ -24,8 +24,8 @@ void draw_figure(const Canvas& canvas, int x, int y) {
   }
 }
 
-Stamp stamp_of(const std::function<void(const Canvas&, int, int)>& draw, int side, int middle_x,
-               int middle_y) {
+Sprite make_sprite(const std::function<void(const Canvas&, int, int)>& draw, int side, int middle_x,
+                   int middle_y) {
   GuardedCanvas white(side, side), black(side, side);
   fill_rect(black.canvas(), {0, 0, side, side}, kBlackPixel);
   draw(white.canvas(), middle_x, middle_y);
@@ -33,11 +33,11 @@ Stamp stamp_of(const std::function<void(const Canvas&, int, int)>& draw, int sid
   return {white.canvas(), black.canvas(), middle_x, middle_y};
 }
 
-void put(const Stamp& stamp, const Canvas& canvas, int x, int y) {
+void put(const Sprite& sprite, const Canvas& canvas, int x, int y) {
   const std::vector<double> at_x{static_cast<double>(x)}, at_y{static_cast<double>(y)};
-  Stamps stamps;
-  stamps.add(at_x, at_y, 1, [&stamp](int, int) { return stamp; });
-  stamps.flush(canvas);
+  SpriteBatch sprites;
+  sprites.add(at_x, at_y, 1, [&sprite](int, int) { return sprite; });
+  sprites.flush(canvas);
 }
 
 void fill_with_pattern(GuardedCanvas& picture, int width, int height) {
@@ -65,62 +65,62 @@ int largest_difference(const GuardedCanvas& a, const GuardedCanvas& b, int width
 }
 
 // Everywhere, and cut at each edge and corner.
-TEST(Stamp, LooksLikeTheFigureDrawnThere) {
-  const Stamp stamp = stamp_of(draw_figure, 15, 7, 7);
+TEST(Sprite, LooksLikeTheFigureDrawnThere) {
+  const Sprite sprite = make_sprite(draw_figure, 15, 7, 7);
   constexpr int kWidth = 23, kHeight = 19;
   for (int y = -9; y < kHeight + 9; ++y) {
     for (int x = -9; x < kWidth + 9; ++x) {
       GuardedCanvas stamped(kWidth, kHeight), drawn(kWidth, kHeight);
       fill_with_pattern(stamped, kWidth, kHeight);
       fill_with_pattern(drawn, kWidth, kHeight);
-      put(stamp, stamped.canvas(), x, y);
+      put(sprite, stamped.canvas(), x, y);
       draw_figure(drawn.canvas(), x, y);
       ASSERT_LE(largest_difference(stamped, drawn, kWidth, kHeight), 1) << x << ' ' << y;
     }
   }
 }
 
-TEST(Stamp, HidesWhatTheFigureHidesExactly) {
+TEST(Sprite, HidesWhatTheFigureHidesExactly) {
   const auto boxes = [](const Canvas& canvas, int x, int y) {
     fill_rect(canvas, {x - 4, y - 3, x + 5, y + 3}, kWhitePixel);
     frame_rect(canvas, {x - 3, y - 2, x + 3, y + 2}, 1, kNavyPixel);
   };
-  const Stamp stamp = stamp_of(boxes, 15, 7, 7);
+  const Sprite sprite = make_sprite(boxes, 15, 7, 7);
   GuardedCanvas stamped(23, 19), drawn(23, 19);
   fill_with_pattern(stamped, 23, 19);
   fill_with_pattern(drawn, 23, 19);
   for (const auto& [x, y] : {std::pair{7, 7}, {9, 8}, {0, 0}, {22, 18}, {-2, 9}}) {
-    put(stamp, stamped.canvas(), x, y);
+    put(sprite, stamped.canvas(), x, y);
     boxes(drawn.canvas(), x, y);
   }
   EXPECT_EQ(largest_difference(stamped, drawn, 23, 19), 0);
 }
 
-TEST(Stamp, OfNothingChangesNothing) {
-  const Stamp stamp = stamp_of([](const Canvas&, int, int) {}, 9, 4, 4);
+TEST(Sprite, OfNothingChangesNothing) {
+  const Sprite sprite = make_sprite([](const Canvas&, int, int) {}, 9, 4, 4);
   GuardedCanvas picture(20, 20);
-  for (int x = -5; x < 25; x += 5) put(stamp, picture.canvas(), x, x);
+  for (int x = -5; x < 25; x += 5) put(sprite, picture.canvas(), x, x);
   EXPECT_TRUE(picture.is_white());
 }
 
-TEST(Stamp, FarFromTheCanvasLeavesItUntouched) {
-  const Stamp stamp = stamp_of(draw_figure, 15, 7, 7);
+TEST(Sprite, FarFromTheCanvasLeavesItUntouched) {
+  const Sprite sprite = make_sprite(draw_figure, 15, 7, 7);
   GuardedCanvas picture(20, 20);
   for (const int far : {-(1 << 28), -1000, 1000, 1 << 28}) {
-    put(stamp, picture.canvas(), far, 10);
-    put(stamp, picture.canvas(), 10, far);
-    put(stamp, picture.canvas(), far, far);
+    put(sprite, picture.canvas(), far, 10);
+    put(sprite, picture.canvas(), 10, far);
+    put(sprite, picture.canvas(), far, far);
   }
   EXPECT_TRUE(picture.is_white());
 }
 
-TEST(Stamp, LargerThanTheCanvasIsCutAllRound) {
+TEST(Sprite, LargerThanTheCanvasIsCutAllRound) {
   const auto box = [](const Canvas& canvas, int x, int y) {
     fill_rect(canvas, {x - 10, y - 10, x + 11, y + 11}, kMaroonPixel);
   };
-  const Stamp stamp = stamp_of(box, 25, 12, 12);
+  const Sprite sprite = make_sprite(box, 25, 12, 12);
   GuardedCanvas picture(5, 4);
-  put(stamp, picture.canvas(), 2, 2);
+  put(sprite, picture.canvas(), 2, 2);
   for (int y = 0; y < 4; ++y) {
     for (int x = 0; x < 5; ++x) EXPECT_EQ(picture.at(x, y), kMaroonPixel);
   }

@@ -48,11 +48,11 @@ std::uint32_t over(std::uint32_t ground, const Look& look) {
 struct Figure {
   int width = 0;
   int height = 0;
-  std::vector<Look> looks;
+  std::vector<Look> texels;
 
   int middle_x() const { return width / 2; }
   int middle_y() const { return height / 2; }
-  const Look& at(int x, int y) const { return looks[static_cast<std::size_t>(y * width + x)]; }
+  const Look& at(int x, int y) const { return texels[static_cast<std::size_t>(y * width + x)]; }
   void draw(const Canvas& canvas, int x, int y) const {
     for (int row = 0; row < height; ++row) {
       for (int column = 0; column < width; ++column) {
@@ -63,7 +63,7 @@ struct Figure {
       }
     }
   }
-  Stamp stamp() const {
+  Sprite sprite() const {
     GuardedCanvas white(width, height), black(width, height);
     fill_rect(black.canvas(), {0, 0, width, height}, kBlackPixel);
     draw(white.canvas(), middle_x(), middle_y());
@@ -82,7 +82,7 @@ Figure random_figure(Dice& dice, int width, int height, int solid, int touched) 
     for (const int shift : {16, 8, 0}) {
       look.colour |= static_cast<std::uint32_t>(dice.up_to(255 - kept)) << shift;
     }
-    figure.looks.push_back(look);
+    figure.texels.push_back(look);
   }
   return figure;
 }
@@ -103,15 +103,15 @@ struct Places {
   std::vector<double> y;
 };
 
-struct Place {
+struct PhasedPixel {
   std::int64_t pixel;
   int phase;
 
-  friend bool operator==(const Place&, const Place&) = default;
+  friend bool operator==(const PhasedPixel&, const PhasedPixel&) = default;
 };
 
 // The nearest quarter.
-Place place_of(double pixels) {
+PhasedPixel phased_pixel(double pixels) {
   const auto quarters =
       static_cast<std::int64_t>(std::floor(std::clamp(pixels, -1e8, 1e8) * 4 + 0.5));
   return {quarters >> 2, static_cast<int>(quarters & 3)};
@@ -119,10 +119,10 @@ Place place_of(double pixels) {
 
 void draw_one_by_one(const Canvas& canvas, const Phases& phases, const Places& places,
                      double unit) {
-  Place last_x{0, -1}, last_y{0, -1};
+  PhasedPixel last_x{0, -1}, last_y{0, -1};
   for (std::size_t i = 0; i < places.x.size(); ++i) {
     if (std::isnan(places.x[i]) || std::isnan(places.y[i])) continue;
-    const Place x = place_of(places.x[i] / unit), y = place_of(places.y[i] / unit);
+    const PhasedPixel x = phased_pixel(places.x[i] / unit), y = phased_pixel(places.y[i] / unit);
     if (x == last_x && y == last_y) continue;
     last_x = x;
     last_y = y;
@@ -131,9 +131,9 @@ void draw_one_by_one(const Canvas& canvas, const Phases& phases, const Places& p
   }
 }
 
-void add(Stamps& stamps, const Phases& phases, const Places& places, double unit) {
-  stamps.add(places.x, places.y, unit, [&phases](int phase_x, int phase_y) {
-    return phases[static_cast<std::size_t>(phase_y * 4 + phase_x)].stamp();
+void add(SpriteBatch& sprites, const Phases& phases, const Places& places, double unit) {
+  sprites.add(places.x, places.y, unit, [&phases](int phase_x, int phase_y) {
+    return phases[static_cast<std::size_t>(phase_y * 4 + phase_x)].sprite();
   });
 }
 
@@ -158,21 +158,21 @@ void fill_with_noise(const Canvas& canvas, unsigned seed) {
   }
 }
 
-struct Layer {
+struct Series {
   Phases phases;
   Places places;
 };
 
-void expect_one_by_one(const std::vector<Layer>& layers, int width, int height) {
+void expect_one_by_one(const std::vector<Series>& all_series, int width, int height) {
   GuardedCanvas together(width, height), one_by_one(width, height);
   fill_with_noise(together.canvas(), 3);
   fill_with_noise(one_by_one.canvas(), 3);
-  Stamps stamps;
-  for (const Layer& layer : layers) {
-    add(stamps, layer.phases, layer.places, kUnit);
-    draw_one_by_one(one_by_one.canvas(), layer.phases, layer.places, kUnit);
+  SpriteBatch sprites;
+  for (const Series& series : all_series) {
+    add(sprites, series.phases, series.places, kUnit);
+    draw_one_by_one(one_by_one.canvas(), series.phases, series.places, kUnit);
   }
-  stamps.flush(together.canvas());
+  sprites.flush(together.canvas());
   for (int y = 0; y < height; ++y) {
     for (int x = 0; x < width; ++x) {
       ASSERT_EQ(together.at(x, y), one_by_one.at(x, y)) << x << ' ' << y;
@@ -180,7 +180,7 @@ void expect_one_by_one(const std::vector<Layer>& layers, int width, int height) 
   }
 }
 
-TEST(Stamps, AreOneAfterTheOther) {
+TEST(SpriteBatch, AreOneAfterTheOther) {
   Dice dice(1);
   for (const auto& [width, height] :
        {std::pair{1, 1}, {3, 7}, {7, 7}, {8, 8}, {9, 8}, {8, 9}, {16, 3}, {21, 33}, {64, 64}}) {
@@ -194,7 +194,7 @@ TEST(Stamps, AreOneAfterTheOther) {
   }
 }
 
-TEST(Stamps, AreOneAfterTheOtherWhereXAscends) {
+TEST(SpriteBatch, AreOneAfterTheOtherWhereXAscends) {
   Dice dice(2);
   const Phases phases = random_phases(dice, 8, 7, 60, 85);
   for (const bool ascends : {true, false}) {
@@ -205,21 +205,21 @@ TEST(Stamps, AreOneAfterTheOtherWhereXAscends) {
   }
 }
 
-TEST(Stamps, OfSeveralFiguresLieAboveEachOther) {
+TEST(SpriteBatch, OfSeveralFiguresLieAboveEachOther) {
   Dice dice(3);
   const Places shared = random_places(dice, 300, 50, 37);
-  std::vector<Layer> layers;
+  std::vector<Series> all_series;
   for (int i = 0; i < 6; ++i) {
     Places places = random_places(dice, 300, 50, 37);
     if (i % 3 != 2) places.x = shared.x;
-    layers.push_back({random_phases(dice, 7 + i, 6, 40, 80), places});
+    all_series.push_back({random_phases(dice, 7 + i, 6, 40, 80), places});
   }
-  expect_one_by_one(layers, 50, 37);
+  expect_one_by_one(all_series, 50, 37);
 }
 
 // Where a figure stands as the one before it does, nothing is added. One that is nowhere is not
 // before another.
-TEST(Stamps, AtTheSamePlaceAreOne) {
+TEST(SpriteBatch, AtTheSamePlaceAreOne) {
   Dice dice(4);
   Places places;
   for (int i = 0; i < 3000; ++i) {
@@ -230,7 +230,7 @@ TEST(Stamps, AtTheSamePlaceAreOne) {
 }
 
 // However many there are, and wherever one is missing.
-TEST(Stamps, AtTheSamePlaceAreOneAcrossAMissingOne) {
+TEST(SpriteBatch, AtTheSamePlaceAreOneAcrossAMissingOne) {
   Dice dice(6);
   const Phases phases = random_phases(dice, 7, 7, 0, 90);
   for (const int missing : {1, 1022, 1023, 1024, 1025, 2046}) {
@@ -246,7 +246,7 @@ TEST(Stamps, AtTheSamePlaceAreOneAcrossAMissingOne) {
   }
 }
 
-TEST(Stamps, OnceEachWhereNothingHidesThem) {
+TEST(SpriteBatch, OnceEachWhereNothingHidesThem) {
   Dice dice(5);
   Places places;
   for (int i = 0; i < 16; ++i) {
@@ -256,7 +256,7 @@ TEST(Stamps, OnceEachWhereNothingHidesThem) {
   expect_one_by_one({{random_phases(dice, 9, 9, 50, 90), places}}, 90, 90);
 }
 
-TEST(Stamps, ThatAreNoPlaceShowNothing) {
+TEST(SpriteBatch, ThatAreNoPlaceShowNothing) {
   Dice dice(6);
   const Phases phases = random_phases(dice, 7, 7, 50, 90);
   Places places;
@@ -267,75 +267,75 @@ TEST(Stamps, ThatAreNoPlaceShowNothing) {
     }
   }
   GuardedCanvas picture(30, 30);
-  Stamps stamps;
-  add(stamps, phases, places, kUnit);
-  stamps.flush(picture.canvas());
+  SpriteBatch sprites;
+  add(sprites, phases, places, kUnit);
+  sprites.flush(picture.canvas());
   EXPECT_TRUE(picture.is_white());
 }
 
-TEST(Stamps, VeilEachGroundAsItIsDefined) {
+TEST(SpriteBatch, BlendOverEachBackdropAsDefined) {
   GuardedCanvas greys(256, 1);
   Places everywhere;
   for (int x = 0; x < 256; ++x) {
     everywhere.x.push_back(x);
     everywhere.y.push_back(0);
   }
-  Stamps stamps;
+  SpriteBatch sprites;
   for (std::uint32_t kept = 1; kept < 255; ++kept) {
     for (std::uint32_t x = 0; x < 256; ++x) greys.canvas().row(0)[x] = kBlackPixel | x * 0x010101;
     const Look look{(255 - kept) << 16 | (255 - kept) / 2 << 8, kept};
-    add(stamps, Phases(16, Figure{1, 1, {look}}), everywhere, 1);
-    stamps.flush(greys.canvas());
+    add(sprites, Phases(16, Figure{1, 1, {look}}), everywhere, 1);
+    sprites.flush(greys.canvas());
     for (std::uint32_t x = 0; x < 256; ++x) {
       ASSERT_EQ(greys.at(static_cast<int>(x), 0), over(x * 0x010101, look)) << kept;
     }
   }
 }
 
-TEST(Stamps, AskForEachStampThatIsNeededOnce) {
+TEST(SpriteBatch, AskForEachStampThatIsNeededOnce) {
   Dice dice(7);
   const Places places{{10, 10.25, 20, 20.25, kNaN}, {10.5, 10.5, 10.5, 10.5, 10}};
   std::vector<std::pair<int, int>> asked;
-  Stamps stamps;
-  stamps.add(places.x, places.y, 1, [&](int phase_x, int phase_y) {
+  SpriteBatch sprites;
+  sprites.add(places.x, places.y, 1, [&](int phase_x, int phase_y) {
     asked.emplace_back(phase_x, phase_y);
-    return Stamp();
+    return Sprite();
   });
   EXPECT_EQ(asked, (std::vector<std::pair<int, int>>{{0, 2}, {1, 2}}));
 }
 
-TEST(Stamps, AreForgottenWhenPaintedOrCleared) {
+TEST(SpriteBatch, AreForgottenWhenPaintedOrCleared) {
   Dice dice(8);
   const Phases phases = random_phases(dice, 7, 7, 50, 100);
   const Places places = random_places(dice, 50, 30, 30);
   GuardedCanvas picture(30, 30);
-  Stamps stamps;
-  EXPECT_TRUE(stamps.is_empty());
-  add(stamps, phases, places, kUnit);
-  EXPECT_FALSE(stamps.is_empty());
-  stamps.clear();
-  EXPECT_TRUE(stamps.is_empty());
-  stamps.flush(picture.canvas());
+  SpriteBatch sprites;
+  EXPECT_TRUE(sprites.is_empty());
+  add(sprites, phases, places, kUnit);
+  EXPECT_FALSE(sprites.is_empty());
+  sprites.clear();
+  EXPECT_TRUE(sprites.is_empty());
+  sprites.flush(picture.canvas());
   EXPECT_TRUE(picture.is_white());
-  add(stamps, phases, places, kUnit);
-  stamps.flush(picture.canvas());
-  EXPECT_TRUE(stamps.is_empty());
+  add(sprites, phases, places, kUnit);
+  sprites.flush(picture.canvas());
+  EXPECT_TRUE(sprites.is_empty());
   EXPECT_FALSE(picture.is_white());
   fill_rect(picture.canvas(), {0, 0, 30, 30}, kWhitePixel);
-  stamps.flush(picture.canvas());
+  sprites.flush(picture.canvas());
   EXPECT_TRUE(picture.is_white());
 }
 
-TEST(Stamps, AreFullSometime) {
+TEST(SpriteBatch, AreFullSometime) {
   const Places places{std::vector<double>(100'000, 1), std::vector<double>(100'000, 1)};
-  Stamps stamps;
+  SpriteBatch sprites;
   int added = 0;
-  for (; !stamps.is_full() && added < 100; ++added) {
-    stamps.add(places.x, places.y, 1, [](int, int) { return Stamp(); });
+  for (; !sprites.is_full() && added < 100; ++added) {
+    sprites.add(places.x, places.y, 1, [](int, int) { return Sprite(); });
   }
   EXPECT_LT(added, 100);
-  stamps.clear();
-  EXPECT_FALSE(stamps.is_full());
+  sprites.clear();
+  EXPECT_FALSE(sprites.is_full());
 }
 
 }  // namespace

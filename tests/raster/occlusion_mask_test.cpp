@@ -1,4 +1,4 @@
-#include "raster/hidden_pixels.h"
+#include "raster/occlusion_mask.h"
 
 #include <gtest/gtest.h>
 
@@ -32,23 +32,23 @@ class PlainPixels {
   std::vector<bool> m_hidden;
 };
 
-std::uint64_t visible(const HiddenPixels& hidden, int x, int y, std::uint64_t pixels,
+std::uint64_t visible(const OcclusionMask& hidden, int x, int y, std::uint64_t pixels,
                       std::uint64_t hidden_now) {
-  const HiddenPixels::Place place = hidden.place_of(x, y);
-  const auto cut = [&](std::uint64_t set) { return HiddenPixels::cut(set, place.across); };
-  return HiddenPixels::joined(hidden.visible(place, cut(pixels), cut(hidden_now)), place.across);
+  const OcclusionMask::BlockPosition at = hidden.locate(x, y);
+  const auto split = [&](std::uint64_t set) { return OcclusionMask::split(set, at.across); };
+  return OcclusionMask::join(hidden.take_visible(at, split(pixels), split(hidden_now)), at.across);
 }
 
-TEST(HiddenPixels, AreThoseThatWereHiddenAndAllOutside) {
+TEST(OcclusionMask, AreThoseThatWereHiddenAndAllOutside) {
   std::mt19937_64 random(1);
   std::vector<std::uint64_t> tiles;
   for (const auto& [width, height] : {std::pair{1, 1}, {8, 8}, {16, 24}, {29, 19}, {7, 33}}) {
-    const HiddenPixels hidden(width, height, tiles);
+    const OcclusionMask hidden(width, height, tiles);
     PlainPixels plain(width, height);
     for (int i = 0; i < 500; ++i) {
       const int x = static_cast<int>(random() % static_cast<unsigned>(width + 7)) - 7;
       const int y = static_cast<int>(random() % static_cast<unsigned>(height + 7)) - 7;
-      ASSERT_TRUE(hidden.meets(x, y));
+      ASSERT_TRUE(hidden.intersects(x, y));
       const std::uint64_t pixels = random(), now = random() & random() & random() & random();
       ASSERT_EQ(visible(hidden, x, y, pixels, now), plain.visible(x, y, pixels, now))
           << x << ' ' << y << ' ' << width << ' ' << height;
@@ -56,22 +56,22 @@ TEST(HiddenPixels, AreThoseThatWereHiddenAndAllOutside) {
   }
 }
 
-TEST(HiddenPixels, MeetSquaresThatReachIn) {
+TEST(OcclusionMask, MeetSquaresThatReachIn) {
   std::vector<std::uint64_t> tiles;
-  const HiddenPixels hidden(20, 10, tiles);
-  EXPECT_TRUE(hidden.meets(-7, -7));
-  EXPECT_TRUE(hidden.meets(19, 9));
+  const OcclusionMask hidden(20, 10, tiles);
+  EXPECT_TRUE(hidden.intersects(-7, -7));
+  EXPECT_TRUE(hidden.intersects(19, 9));
   for (const int far : {-8, 20, -(1 << 28), 1 << 28}) {
-    EXPECT_FALSE(hidden.meets(far, 5)) << far;
-    EXPECT_FALSE(hidden.meets(5, far)) << far;
+    EXPECT_FALSE(hidden.intersects(far, 5)) << far;
+    EXPECT_FALSE(hidden.intersects(5, far)) << far;
   }
 }
 
-TEST(HiddenPixels, BeginAnew) {
+TEST(OcclusionMask, BeginAnew) {
   std::vector<std::uint64_t> tiles;
   constexpr std::uint64_t kAll = ~std::uint64_t{0};
-  EXPECT_EQ(visible(HiddenPixels(20, 10, tiles), 4, 1, kAll, kAll), kAll);
-  EXPECT_EQ(visible(HiddenPixels(20, 10, tiles), 4, 1, kAll, kAll), kAll);
+  EXPECT_EQ(visible(OcclusionMask(20, 10, tiles), 4, 1, kAll, kAll), kAll);
+  EXPECT_EQ(visible(OcclusionMask(20, 10, tiles), 4, 1, kAll, kAll), kAll);
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-#include "raster/hidden_pixels.h"
+#include "raster/occlusion_mask.h"
 
 #include <algorithm>
 #include <span>
@@ -7,12 +7,12 @@ namespace kurv::raster {
 namespace {
 
 std::size_t tiles_for(int pixels) {
-  return static_cast<std::size_t>((pixels + HiddenPixels::kSide - 1) / HiddenPixels::kSide) + 2;
+  return static_cast<std::size_t>((pixels + OcclusionMask::kSide - 1) / OcclusionMask::kSide) + 2;
 }
 
 }  // namespace
 
-HiddenPixels::HiddenPixels(int width, int height, std::vector<std::uint64_t>& tiles)
+OcclusionMask::OcclusionMask(int width, int height, std::vector<std::uint64_t>& tiles)
     : m_tiles_across(tiles_for(width)),
       m_end_x(static_cast<unsigned>(width + kSide - 1)),
       m_end_y(static_cast<unsigned>(height + kSide - 1)) {
@@ -22,7 +22,7 @@ HiddenPixels::HiddenPixels(int width, int height, std::vector<std::uint64_t>& ti
   m_tiles = tiles.data();
   // What the last tiles have beyond the picture.
   const int columns = width % kSide, rows = height % kSide;
-  const std::uint64_t beyond_x = columns == 0 ? 0 : kEachRow * (0xFFU << columns & 0xFFU);
+  const std::uint64_t beyond_x = columns == 0 ? 0 : kFirstColumn * (0xFFU << columns & 0xFFU);
   const std::uint64_t beyond_y = rows == 0 ? 0 : kAll << rows * kSide;
   for (std::size_t y = 0; y < tiles_down; ++y) {
     const std::span<std::uint64_t> row(m_tiles + y * m_tiles_across, m_tiles_across);

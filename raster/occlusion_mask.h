@@ -11,35 +11,35 @@ namespace kurv::raster {
 // They are kept in tiles of 8 x 8 pixels, and squares of that size are asked about, which lie
 // across two by two tiles. The pixel in column x of row y of a square or a tile is bit 8 y + x of a
 // word. All that lies outside the picture is hidden.
-class HiddenPixels {
+class OcclusionMask {
  public:
   static constexpr int kSide = 8;
 
   // Nothing in a picture of this size is hidden. The tiles are kept where the caller wants them.
-  HiddenPixels(int width, int height, std::vector<std::uint64_t>& tiles);
+  OcclusionMask(int width, int height, std::vector<std::uint64_t>& tiles);
 
   // A set of pixels of a square, cut where the left tiles end: the rows of the left tiles, and
   // those of the right ones.
-  using Halves [[gnu::vector_size(16)]] = std::uint64_t;
-  static Halves cut(std::uint64_t pixels, int across) {
-    const std::uint64_t left = kEachRow * (0xFFU >> across);
-    return Halves{(pixels & left) << across, (pixels & ~left) >> 1 >> (kSide - 1 - across)};
+  using TilePair [[gnu::vector_size(16)]] = std::uint64_t;
+  static TilePair split(std::uint64_t pixels, int across) {
+    const std::uint64_t left = kFirstColumn * (0xFFU >> across);
+    return TilePair{(pixels & left) << across, (pixels & ~left) >> 1 >> (kSide - 1 - across)};
   }
-  static std::uint64_t joined(Halves halves, int across) {
+  static std::uint64_t join(TilePair halves, int across) {
     return halves[0] >> across | halves[1] << (kSide - across);
   }
 
   // Where a square lies among the tiles. It has to meet the picture.
-  struct Place {
+  struct BlockPosition {
     std::size_t tile;
     int across;  // columns into the tile
     int down;    // rows, times eight
   };
-  bool meets(int x, int y) const {
+  bool intersects(int x, int y) const {
     return static_cast<unsigned>(x + kSide - 1) < m_end_x &&
            static_cast<unsigned>(y + kSide - 1) < m_end_y;
   }
-  Place place_of(int x, int y) const {
+  BlockPosition locate(int x, int y) const {
     const auto from_left = static_cast<unsigned>(x + kSide);
     const auto from_top = static_cast<unsigned>(y + kSide);
     return {std::size_t{from_top / kSide} * m_tiles_across + from_left / kSide,
@@ -47,24 +47,24 @@ class HiddenPixels {
   }
 
   // Which of the pixels are not hidden yet; from then on all those of the other set are.
-  Halves visible(Place place, Halves pixels, Halves hidden_now) const {
-    std::uint64_t* const upper = m_tiles + place.tile;
+  TilePair take_visible(BlockPosition at, TilePair pixels, TilePair occluders) const {
+    std::uint64_t* const upper = m_tiles + at.tile;
     std::uint64_t* const lower = upper + m_tiles_across;
-    const Halves above = load(upper), below = load(lower);
-    store(upper, above | hidden_now << place.down);
-    store(lower, below | hidden_now >> 1 >> (63 - place.down));
-    return pixels & ~(above >> place.down | below << 1 << (63 - place.down));
+    const TilePair above = load(upper), below = load(lower);
+    store(upper, above | occluders << at.down);
+    store(lower, below | occluders >> 1 >> (63 - at.down));
+    return pixels & ~(above >> at.down | below << 1 << (63 - at.down));
   }
 
  private:
-  static constexpr std::uint64_t kEachRow = 0x0101010101010101;
+  static constexpr std::uint64_t kFirstColumn = 0x0101010101010101;
 
-  static Halves load(const std::uint64_t* tiles) {
-    Halves both;
+  static TilePair load(const std::uint64_t* tiles) {
+    TilePair both;
     std::memcpy(&both, tiles, sizeof both);
     return both;
   }
-  static void store(std::uint64_t* tiles, Halves both) { std::memcpy(tiles, &both, sizeof both); }
+  static void store(std::uint64_t* tiles, TilePair both) { std::memcpy(tiles, &both, sizeof both); }
 
   // Row by row, with one round the picture for squares that lie across its edges.
   std::uint64_t* m_tiles;
