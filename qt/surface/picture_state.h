@@ -11,8 +11,8 @@
 #include "model/palette.h"
 #include "model/vzeroupper.h"
 #include "qt/surface/resolution.h"
+#include "qt/surface/text_cache.h"
 #include "qt/surface/text_layout.h"
-#include "qt/surface/text_pictures.h"
 #include "raster/boxes.h"
 #include "raster/canvas.h"
 #include "raster/coverage.h"
@@ -63,9 +63,9 @@ struct Picture::Pixels {
   Integer draw_width = 1;
   int fore_color = kBlack;
   Font font;
-  int fonts = generation_of_fonts();  // when texts were measured or painted
+  int fonts = font_generation();  // when texts were measured or painted
   TextLayouts layouts;
-  TextPictures texts;
+  TextCache texts;
 
   raster::Canvas canvas() {
     // Taking the bits detaches the image from those handed out.
@@ -151,7 +151,7 @@ struct Picture::Pixels {
   }
 
   const TextLayout& text_layout() {
-    const int fonts_now = generation_of_fonts();
+    const int fonts_now = font_generation();
     if (fonts_now != fonts) {
       layouts = {};
       texts = {};

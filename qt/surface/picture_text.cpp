@@ -25,15 +25,16 @@ void Picture::Print(Single CurrentX, Single CurrentY, std::string_view text) {
   const auto box = [&] {
     // Letters may lean out of their line by no more than another one.
     const double overhang = m_pixels->pixels(layout.line_height()) + 1;
-    QRectF room;
+    QRectF bounds;
     layout.place({CurrentX, CurrentY}, text, page, [&](const PlacedPiece& piece) {
       const double left = m_pixels->pixels(piece.left), width = m_pixels->pixels(piece.width);
       const double baseline = m_pixels->pixels(piece.baseline);
-      room |= QRectF(left - overhang, baseline - 2 * overhang, width + 2 * overhang, 4 * overhang);
+      bounds |=
+          QRectF(left - overhang, baseline - 2 * overhang, width + 2 * overhang, 4 * overhang);
     });
-    return (room & QRectF(view.rect())).toAlignedRect();
+    return (bounds & QRectF(view.rect())).toAlignedRect();
   };
-  m_pixels->texts.put(
+  m_pixels->texts.draw(
       view, {m_pixels->font, colour, {CurrentX, CurrentY}, text}, box, [&](QPainter& painter) {
         painter.setFont(layout.font());
         painter.setPen(QColor::fromRgb(colour));

@@ -60,18 +60,18 @@ class PathData {
   const QByteArray& text() const { return m_text; }
 
  private:
-  struct Place {
+  struct GridPoint {
     Hundredths x = 0;
     Hundredths y = 0;
-    friend bool operator==(const Place&, const Place&) = default;
+    friend bool operator==(const GridPoint&, const GridPoint&) = default;
   };
 
-  static Place place_of(const QPainterPath::Element& element) {
+  static GridPoint to_grid(const QPainterPath::Element& element) {
     return {hundredths(element.x), hundredths(element.y)};
   }
 
   void move(const QPainterPath::Element& element) {
-    m_start = m_here = place_of(element);
+    m_start = m_here = to_grid(element);
     m_steps = 0;
     m_text += 'M';
     append(m_text, m_here.x);
@@ -81,7 +81,7 @@ class PathData {
   }
 
   void step_line(const QPainterPath::Element& element) {
-    const Place to = place_of(element);
+    const GridPoint to = to_grid(element);
     // Of a curve with more points than the page can show, those that are one are written once.
     if (to == m_here && m_steps > 0) return;
     begin('l', to);
@@ -91,17 +91,17 @@ class PathData {
 
   void step_curve(const QPainterPath::Element& first, const QPainterPath::Element& second,
                   const QPainterPath::Element& last) {
-    begin('c', place_of(first));
-    append_step(place_of(first));
-    separate(place_of(second));
-    append_step(place_of(second));
-    separate(place_of(last));
-    append_step(place_of(last));
-    m_here = place_of(last);
+    begin('c', to_grid(first));
+    append_step(to_grid(first));
+    separate(to_grid(second));
+    append_step(to_grid(second));
+    separate(to_grid(last));
+    append_step(to_grid(last));
+    m_here = to_grid(last);
   }
 
   // A command is not repeated.
-  void begin(char command, Place to) {
+  void begin(char command, GridPoint to) {
     ++m_steps;
     if (m_command == command) return separate(to);
     m_text += command;
@@ -109,11 +109,11 @@ class PathData {
   }
 
   // A minus sign separates as well as a blank does.
-  void separate(Place to) {
+  void separate(GridPoint to) {
     if (to.x >= m_here.x) m_text += ' ';
   }
 
-  void append_step(Place to) {
+  void append_step(GridPoint to) {
     append(m_text, to.x - m_here.x);
     if (to.y >= m_here.y) m_text += ' ';
     append(m_text, to.y - m_here.y);
@@ -125,8 +125,8 @@ class PathData {
   }
 
   QByteArray m_text;
-  Place m_start;
-  Place m_here;
+  GridPoint m_start;
+  GridPoint m_here;
   int m_steps = 0;  // since the start
   char m_command = 0;
 };

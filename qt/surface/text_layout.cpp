@@ -118,7 +118,7 @@ void TextLayout::place_line(double left, double top, std::string_view line, QSiz
   }
 }
 
-int generation_of_fonts() {
+int font_generation() {
   static int generation = 0;
   static QPointer<QGuiApplication> watched;
   auto* const application = qobject_cast<QGuiApplication*>(QCoreApplication::instance());

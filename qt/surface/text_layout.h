@@ -69,7 +69,7 @@ class TextLayout {
 };
 
 // Another number once the program has got other fonts.
-int generation_of_fonts();
+int font_generation();
 
 // Those of the fonts that were used last, because a redraw goes through the same few each time.
 class TextLayouts {

@@ -8,10 +8,10 @@
 #include <utility>
 
 #include "model/palette.h"
+#include "qt/surface/clipped_paths.h"
 #include "qt/surface/resolution.h"
 #include "qt/surface/text_layout.h"
 #include "qt/surface/vector_page.h"
-#include "qt/surface/visible_strokes.h"
 
 namespace kurv {
 
@@ -100,7 +100,7 @@ struct VectorPicture::Sheet {
   }
 
   void fill(SurfacePoint a, SurfacePoint b, int colour) {
-    const std::optional<QRectF> box = visible_box(paper(), a, b);
+    const std::optional<QRectF> box = clipped_box(paper(), a, b);
     if (!box || !(box->width() > 0 && box->height() > 0)) return;
     flush();
     page->fill(*box, colour, style_of(*box));
@@ -108,7 +108,7 @@ struct VectorPicture::Sheet {
 
   void frame(SurfacePoint a, SurfacePoint b, int colour) {
     if (a.x == b.x || a.y == b.y) return rule(a, b, colour);
-    const std::optional<QRectF> box = visible_box(stroke_area(), a, b);
+    const std::optional<QRectF> box = clipped_box(stroke_area(), a, b);
     if (!box) return;
     QPainterPath path;
     path.addRect(*box);
@@ -118,10 +118,10 @@ struct VectorPicture::Sheet {
 
   // A frame without height or width.
   void rule(SurfacePoint a, SurfacePoint b, int colour) {
-    const std::optional<QRectF> box = visible_box(stroke_area(), a, b);
+    const std::optional<QRectF> box = clipped_box(stroke_area(), a, b);
     if (!box) return;
     QPainterPath path;
-    add_visible_segment(path, stroke_area(), surface_point(box->topLeft()),
+    add_clipped_segment(path, stroke_area(), surface_point(box->topLeft()),
                         surface_point(box->bottomRight()));
     flush();
     page->stroke(path, colour, pen_width(), Style::kCrisp);
@@ -168,18 +168,18 @@ void VectorPicture::Line(SurfacePoint from, SurfacePoint to, int colour, LineKin
     m_sheet->rule(from, to, colour);
   } else {
     QPainterPath& strokes = m_sheet->strokes_in(colour);
-    add_visible_segment(strokes, m_sheet->stroke_area(), from, to);
+    add_clipped_segment(strokes, m_sheet->stroke_area(), from, to);
   }
 }
 
 void VectorPicture::Circle(SurfacePoint centre, Single radius, int colour) {
   QPainterPath& strokes = m_sheet->strokes_in(colour);
-  add_visible_circle(strokes, m_sheet->stroke_area(), centre, radius);
+  add_clipped_circle(strokes, m_sheet->stroke_area(), centre, radius);
 }
 
 void VectorPicture::Arc(SurfacePoint centre, Single radius, int colour, Single start, Single end) {
   QPainterPath& strokes = m_sheet->strokes_in(colour);
-  add_visible_arc(strokes, m_sheet->stroke_area(), centre, radius, start, end);
+  add_clipped_arc(strokes, m_sheet->stroke_area(), centre, radius, start, end);
 }
 
 void VectorPicture::PSet(SurfacePoint at, int colour) {

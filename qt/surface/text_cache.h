@@ -18,10 +18,10 @@ class QPainter;
 namespace kurv {
 
 // Of a canvas of one size and resolution.
-class TextPictures {
+class TextCache {
  public:
   // What makes a text look as it does.
-  struct Look {
+  struct PlacedText {
     const Font& font;
     QRgb colour;
     SurfacePoint at;  // not NaN
@@ -32,17 +32,18 @@ class TextPictures {
 
   // Puts the text onto the canvas, an image of 32 bits a pixel. `box` holds all that `paint` may
   // touch, in pixels. Painting happens where the text is not known yet.
-  void put(QImage& canvas, const Look& look, const std::function<QRect()>& box, const Paint& paint);
+  void draw(QImage& canvas, const PlacedText& placed, const std::function<QRect()>& box,
+            const Paint& paint);
 
  private:
   // Without the outermost pixels that show nothing, and where it is on the canvas.
-  struct Picture {
-    QPoint place;
+  struct CachedImage {
+    QPoint corner;
     QImage image;  // premultiplied
   };
   using Key = std::tuple<String, Single, bool, bool, QRgb, Single, Single, std::string>;
 
-  std::map<Key, Picture> m_pictures;
+  std::map<Key, CachedImage> m_images;
   qsizetype m_pixels = 0;  // of all of them, and letters
 };
 

@@ -1,4 +1,4 @@
-#include "qt/surface/text_pictures.h"
+#include "qt/surface/text_cache.h"
 
 #include <QPainter>
 #include <algorithm>
@@ -16,7 +16,7 @@ qsizetype area_of(QRect box) {
   return qsizetype{box.width()} * box.height();
 }
 
-QImage painted(QRect box, const TextPictures::Paint& paint) {
+QImage painted(QRect box, const TextCache::Paint& paint) {
   QImage image(box.size(), QImage::Format_ARGB32_Premultiplied);
   if (image.isNull()) throw std::bad_alloc();
   image.fill(Qt::transparent);
@@ -26,7 +26,7 @@ QImage painted(QRect box, const TextPictures::Paint& paint) {
   return image;
 }
 
-QRect visible_part_of(const QImage& image) {
+QRect ink_bounds(const QImage& image) {
   QRect visible;
   for (int y = 0; y < image.height(); ++y) {
     const auto* const pixels = reinterpret_cast<const QRgb*>(image.constScanLine(y));
@@ -37,43 +37,43 @@ QRect visible_part_of(const QImage& image) {
   return visible;
 }
 
-void put_over(QImage& canvas, QPoint place, const QImage& image) {
+void composite_over(QImage& canvas, QPoint corner, const QImage& image) {
   for (int y = 0; y < image.height(); ++y) {
     const auto* const from = reinterpret_cast<const QRgb*>(image.constScanLine(y));
-    auto* const to = reinterpret_cast<QRgb*>(canvas.scanLine(place.y() + y)) + place.x();
+    auto* const to = reinterpret_cast<QRgb*>(canvas.scanLine(corner.y() + y)) + corner.x();
     for (int x = 0; x < image.width(); ++x) to[x] = raster::over(to[x], from[x]);
   }
 }
 
 }  // namespace
 
-void TextPictures::put(QImage& canvas, const Look& look, const std::function<QRect()>& box,
-                       const Paint& paint) {
-  const Font& font = look.font;
+void TextCache::draw(QImage& canvas, const PlacedText& placed, const std::function<QRect()>& box,
+                     const Paint& paint) {
+  const Font& font = placed.font;
   Key key{font.FontName, font.FontSize, font.FontBold, font.FontItalic,
-          look.colour,   look.at.x,     look.at.y,     std::string(look.text)};
-  auto known = m_pictures.find(key);
-  if (known == m_pictures.end()) {
-    const QRect room = box() & canvas.rect();
-    if (room.isEmpty()) return;
-    if (area_of(room) > kLargest) {
+          placed.colour, placed.at.x,   placed.at.y,   std::string(placed.text)};
+  auto known = m_images.find(key);
+  if (known == m_images.end()) {
+    const QRect bounds = box() & canvas.rect();
+    if (bounds.isEmpty()) return;
+    if (area_of(bounds) > kLargest) {
       QPainter painter(&canvas);
       return paint(painter);
     }
-    const QImage image = painted(room, paint);
-    const QRect visible = visible_part_of(image);
-    Picture picture{room.topLeft() + visible.topLeft(),
-                    visible.isEmpty() ? QImage() : image.copy(visible)};
+    const QImage image = painted(bounds, paint);
+    const QRect visible = ink_bounds(image);
+    CachedImage cached{bounds.topLeft() + visible.topLeft(),
+                       visible.isEmpty() ? QImage() : image.copy(visible)};
     // The texts themselves take room, too.
-    const qsizetype size = area_of(visible) + static_cast<qsizetype>(look.text.size()) + 1;
+    const qsizetype size = area_of(visible) + static_cast<qsizetype>(placed.text.size()) + 1;
     m_pixels += size;
     if (m_pixels > kMost) {
-      m_pictures.clear();
+      m_images.clear();
       m_pixels = size;
     }
-    known = m_pictures.emplace(std::move(key), std::move(picture)).first;
+    known = m_images.emplace(std::move(key), std::move(cached)).first;
   }
-  put_over(canvas, known->second.place, known->second.image);
+  composite_over(canvas, known->second.corner, known->second.image);
 }
 
 }  // namespace kurv

@@ -15,16 +15,16 @@ namespace kurv {
 
 // `page` is the page and what a pen may reach in from around it. A segment that begins where the
 // path ends goes on with it.
-void add_visible_segment(QPainterPath& path, const QRectF& page, SurfacePoint from,
+void add_clipped_segment(QPainterPath& path, const QRectF& page, SurfacePoint from,
                          SurfacePoint to);
 
 // As PlotSurface::Circle() and Arc(): a negative radius draws nothing, one of zero a dot.
-void add_visible_circle(QPainterPath& path, const QRectF& page, SurfacePoint centre, Single radius);
-void add_visible_arc(QPainterPath& path, const QRectF& page, SurfacePoint centre, Single radius,
+void add_clipped_circle(QPainterPath& path, const QRectF& page, SurfacePoint centre, Single radius);
+void add_clipped_arc(QPainterPath& path, const QRectF& page, SurfacePoint centre, Single radius,
                      Single start, Single end);
 
 // The rectangle with these corners, its far edges brought near, where it touches the page. It may
 // have no width or no height.
-std::optional<QRectF> visible_box(const QRectF& page, SurfacePoint a, SurfacePoint b);
+std::optional<QRectF> clipped_box(const QRectF& page, SurfacePoint a, SurfacePoint b);
 
 }  // namespace kurv

@@ -1,4 +1,4 @@
-#include "qt/surface/text_pictures.h"
+#include "qt/surface/text_cache.h"
 
 #include <gtest/gtest.h>
 
@@ -68,7 +68,7 @@ QImage painted(const Picture& like, const Sample& sample, QRgb ground) {
   return image;
 }
 
-TEST(TextPictures, LookAsThePainterPaintsThem) {
+TEST(TextCache, LookAsThePainterPaintsThem) {
   for (const double ratio : {1.0, 1.5, 2.0}) {
     for (const Sample& sample : kSamples) {
       for (const int ground : {15, 6, 0}) {
@@ -83,11 +83,11 @@ TEST(TextPictures, LookAsThePainterPaintsThem) {
   }
 }
 
-TEST(TextPictures, ArePaintedAnewOnceTheProgramHasOtherFonts) {
-  const int before = generation_of_fonts();
-  EXPECT_EQ(generation_of_fonts(), before);
+TEST(TextCache, ArePaintedAnewOnceTheProgramHasOtherFonts) {
+  const int before = font_generation();
+  EXPECT_EQ(font_generation(), before);
   emit qGuiApp->fontDatabaseChanged();
-  EXPECT_NE(generation_of_fonts(), before);
+  EXPECT_NE(font_generation(), before);
   Picture picture({200, 90});
   print(picture, kSamples[0]);
   const QImage image = picture.image();
@@ -97,7 +97,7 @@ TEST(TextPictures, ArePaintedAnewOnceTheProgramHasOtherFonts) {
   EXPECT_EQ(picture.image(), image);
 }
 
-TEST(TextPictures, AreTheSameEachTime) {
+TEST(TextCache, AreTheSameEachTime) {
   Picture used({200, 90}, 1.25);
   for (int round = 0; round < 3; ++round) {
     for (const Sample& sample : kSamples) {
@@ -110,7 +110,7 @@ TEST(TextPictures, AreTheSameEachTime) {
   }
 }
 
-TEST(TextPictures, AreToldApartByAllThatMakesThemLookDifferent) {
+TEST(TextCache, AreToldApartByAllThatMakesThemLookDifferent) {
   const Sample plain = kSamples.front();
   std::vector<Sample> others(7, plain);
   others[0].x += 1;
@@ -130,7 +130,7 @@ TEST(TextPictures, AreToldApartByAllThatMakesThemLookDifferent) {
   }
 }
 
-TEST(TextPictures, FollowTheSizeOfThePicture) {
+TEST(TextCache, FollowTheSizeOfThePicture) {
   Picture used({200, 90}), fresh({300, 120}, 2);
   print(used, kSamples[3]);
   used.resize({300, 120}, 2);
@@ -140,7 +140,7 @@ TEST(TextPictures, FollowTheSizeOfThePicture) {
 }
 
 // More than are kept.
-TEST(TextPictures, SurviveAnyNumberOfTexts) {
+TEST(TextCache, SurviveAnyNumberOfTexts) {
   Picture used({600, 500});
   for (int round = 0; round < 2; ++round) {
     used.Cls();

@@ -1,4 +1,4 @@
-#include "qt/surface/visible_strokes.h"
+#include "qt/surface/clipped_paths.h"
 
 #include <QPointF>
 #include <algorithm>
@@ -15,7 +15,7 @@ constexpr double kDotLength = 0.01;
 constexpr double kFullTurn = 2 * std::numbers::pi;
 
 // An arc that has been brought to numbers of a sane size: radians, anticlockwise.
-struct Turn {
+struct ArcSweep {
   double start;
   double sweep;
   bool is_circle() const { return sweep >= kFullTurn; }
@@ -35,9 +35,9 @@ void add_line(QPainterPath& path, QPointF from, QPointF to) {
 }
 
 // A circle so large that on the page it is nearly straight, by the angle at its centre.
-class WideCircle {
+class LargeCircle {
  public:
-  WideCircle(const QRectF& page, raster::Point centre, Single radius) : m_radius(radius) {
+  LargeCircle(const QRectF& page, raster::Point centre, Single radius) : m_radius(radius) {
     const QPointF middle = page.center();
     const QPointF towards = QPointF(centre.x, centre.y) - middle;
     const double distance = std::hypot(towards.x(), towards.y());
@@ -54,13 +54,13 @@ class WideCircle {
   }
 
   // Adds what of the turn may be seen.
-  void add(QPainterPath& path, const Turn& turn) const {
+  void add(QPainterPath& path, const ArcSweep& arc) const {
     if (!m_is_near) return;
-    if (turn.is_circle()) return add_piece(path, -m_reach, m_reach);
-    const double start = std::remainder(turn.start - m_angle, kFullTurn);
+    if (arc.is_circle()) return add_piece(path, -m_reach, m_reach);
+    const double start = std::remainder(arc.start - m_angle, kFullTurn);
     for (const double turns : {-kFullTurn, 0.0, kFullTurn}) {
       add_piece(path, std::max(start + turns, -m_reach),
-                std::min(start + turns + turn.sweep, m_reach));
+                std::min(start + turns + arc.sweep, m_reach));
     }
   }
 
@@ -87,28 +87,28 @@ class WideCircle {
   bool m_is_near;
 };
 
-void add_turn(QPainterPath& path, const QRectF& page, raster::Point centre, Single radius,
-              const Turn& turn) {
+void add_arc_path(QPainterPath& path, const QRectF& page, raster::Point centre, Single radius,
+                  const ArcSweep& arc) {
   // Up to here curves describe a circle well, and beyond it the page sees little of it.
   const double widest = 16 * radius_of(page);
   const QPointF middle(centre.x, centre.y);
   const QRectF around(middle.x() - radius, middle.y() - radius, 2.0 * radius, 2.0 * radius);
   if (radius > widest) {
-    WideCircle(page, centre, radius).add(path, turn);
+    LargeCircle(page, centre, radius).add(path, arc);
   } else if (!around.intersects(page)) {
     return;
-  } else if (turn.is_circle()) {
+  } else if (arc.is_circle()) {
     path.addEllipse(around);
   } else {
     const double degrees = 180 / std::numbers::pi;
-    path.arcMoveTo(around, turn.start * degrees);
-    path.arcTo(around, turn.start * degrees, turn.sweep * degrees);
+    path.arcMoveTo(around, arc.start * degrees);
+    path.arcTo(around, arc.start * degrees, arc.sweep * degrees);
   }
 }
 
 }  // namespace
 
-void add_visible_segment(QPainterPath& path, const QRectF& page, SurfacePoint from,
+void add_clipped_segment(QPainterPath& path, const QRectF& page, SurfacePoint from,
                          SurfacePoint to) {
   const raster::Point first = to_point(from);
   const raster::Point last = to_point(to);
@@ -118,33 +118,33 @@ void add_visible_segment(QPainterPath& path, const QRectF& page, SurfacePoint fr
   if (part) add_line(path, {part->from.x, part->from.y}, {part->to.x, part->to.y});
 }
 
-void add_visible_circle(QPainterPath& path, const QRectF& page, SurfacePoint centre,
+void add_clipped_circle(QPainterPath& path, const QRectF& page, SurfacePoint centre,
                         Single radius) {
   const raster::Point middle = to_point(centre);
   if (raster::has_nan(middle) || !(radius >= 0)) return;
-  if (radius == 0) return add_visible_segment(path, page, centre, centre);
-  add_turn(path, page, middle, to_point({radius, 0}).x, {0, kFullTurn});
+  if (radius == 0) return add_clipped_segment(path, page, centre, centre);
+  add_arc_path(path, page, middle, to_point({radius, 0}).x, {0, kFullTurn});
 }
 
-void add_visible_arc(QPainterPath& path, const QRectF& page, SurfacePoint centre, Single radius,
+void add_clipped_arc(QPainterPath& path, const QRectF& page, SurfacePoint centre, Single radius,
                      Single start, Single end) {
   const raster::Point angles = to_point({start, end});
   if (raster::has_nan(angles)) return;
-  const Turn turn{std::fmod(double(angles.x), kFullTurn), raster::sweep_of(angles.x, angles.y)};
-  if (!(radius > 0) || turn.is_circle()) return add_visible_circle(path, page, centre, radius);
+  const ArcSweep arc{std::fmod(double(angles.x), kFullTurn), raster::sweep_of(angles.x, angles.y)};
+  if (!(radius > 0) || arc.is_circle()) return add_clipped_circle(path, page, centre, radius);
   const raster::Point middle = to_point(centre);
   if (raster::has_nan(middle)) return;
   const Single finite_radius = to_point({radius, 0}).x;
   // An arc of hardly any length is a dot.
-  if (turn.sweep * finite_radius < kDotLength) {
-    const SurfacePoint dot{static_cast<Single>(middle.x + finite_radius * std::cos(turn.start)),
-                           static_cast<Single>(middle.y - finite_radius * std::sin(turn.start))};
-    return add_visible_segment(path, page, dot, dot);
+  if (arc.sweep * finite_radius < kDotLength) {
+    const SurfacePoint dot{static_cast<Single>(middle.x + finite_radius * std::cos(arc.start)),
+                           static_cast<Single>(middle.y - finite_radius * std::sin(arc.start))};
+    return add_clipped_segment(path, page, dot, dot);
   }
-  add_turn(path, page, middle, finite_radius, turn);
+  add_arc_path(path, page, middle, finite_radius, arc);
 }
 
-std::optional<QRectF> visible_box(const QRectF& page, SurfacePoint a, SurfacePoint b) {
+std::optional<QRectF> clipped_box(const QRectF& page, SurfacePoint a, SurfacePoint b) {
   const raster::Point first = to_point(a);
   const raster::Point last = to_point(b);
   if (raster::has_nan(first) || raster::has_nan(last)) return std::nullopt;
