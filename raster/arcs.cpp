@@ -8,8 +8,8 @@
 namespace kurv::raster {
 namespace {
 
-// Which directions from the centre belong to an arc. Each bound is a line through the centre whose
-// value is positive on the side of larger angles.
+// Whether a pixel is in the sector of an arc. Each bound is a line through the centre, whose value
+// is positive on the side of larger angles.
 class Sector {
  public:
   // Every direction.
@@ -48,14 +48,15 @@ class Sector {
   Kind m_kind = Kind::kWhole;
 };
 
-// Where a row crosses a circle; none if left > right.
+// The chord of a circle along a row; empty if left > right.
 struct Chord {
   double left = 1;
   double right = 0;
 };
 
-// Works with the power of a point, d^2 - r^2 for a point at distance d from the centre: unlike the
-// distance it can be had for a circle of any size without losing what matters.
+// Adds a circle's outline or a part of it. It computes with the power of a point, d^2 - r^2 for a
+// point at distance d from the centre: unlike the distance, that does not lose its precision where
+// the circle is very large.
 class RingFiller {
  public:
   RingFiller(Coverage& mask, const Pen& pen, Point centre, float radius, const Sector& sector)
@@ -88,8 +89,8 @@ class RingFiller {
     }
   }
 
-  // Of the row with the circle that is `wider` in radius. The root far from zero is computed first
-  // and the other from it, so that neither comes from a difference of nearly equal numbers.
+  // The chord of the circle with `widening` added to its radius. The root of larger magnitude is
+  // computed first and the other one from their product, which avoids cancellation.
   Chord chord(double row_power, double widening) const {
     const double product = row_power - widening * (2 * m_radius + widening);
     const double under_root = m_x * m_x - product;
@@ -124,14 +125,15 @@ class RingFiller {
   double m_x;
   double m_y;
   double m_radius;
-  double m_power;  // of the mask's corner
+  double m_power;  // of the top-left corner of the mask
   double m_top;
   double m_bottom;
 };
 
 constexpr double kFullTurn = 2 * std::numbers::pi;
 
-// By the distance of pixels as the arc itself, so that it goes on in the dot.
+// A circle of radius zero: its coverage is computed as that of the arc, so the two join without an
+// edge.
 void add_dot(Coverage& mask, const Pen& pen, double x, double y) {
   constexpr double kLargest = FLT_MAX;
   const Point at{static_cast<float>(std::clamp(x, -kLargest, kLargest)),
@@ -156,15 +158,15 @@ void add_arc(Coverage& mask, const Pen& pen, Point centre, float radius, float s
   centre = finite(centre);
   radius = finite(radius);
 
-  // Turned back near zero, where a small sweep is not lost beside a large start.
+  // Reduced to less than a full turn: added to a large angle, a small sweep would be rounded away.
   const double from = std::fmod(finite(start), kFullTurn);
-  // The bounds of a sector of no width are one line, which would go on beyond the centre.
+  // A sector of width zero would also contain the opposite direction.
   if (sweep > 1e-12) {
     const double scale = pen.pixels_per_unit;
     const Sector sector(centre.x * scale, centre.y * scale, from, sweep);
     RingFiller(mask, pen, centre, radius, sector).fill();
   }
-  // Beyond its two bounds an arc ends in half dots; their other halves are inside the ring.
+  // The round caps. One half of each dot is inside the ring.
   for (const double angle : {from, from + sweep}) {
     add_dot(mask, pen, centre.x + radius * std::cos(angle), centre.y - radius * std::sin(angle));
   }

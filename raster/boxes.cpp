@@ -15,8 +15,7 @@ void fill_rect(const Canvas& canvas, const PixelRect& rect, std::uint32_t colour
 }
 
 void frame_rect(const Canvas& canvas, const PixelRect& outer, int pen, std::uint32_t colour) {
-  // The sides are cut at the far side of the rectangle, so that a frame thinner than two pens is
-  // simply filled.
+  // Each side is clamped to the opposite edge, so a frame thinner than two pens is filled.
   const PixelRect inner{
       std::min(outer.left + pen, outer.right), std::min(outer.top + pen, outer.bottom),
       std::max(outer.right - pen, outer.left), std::max(outer.bottom - pen, outer.top)};

@@ -7,8 +7,8 @@
 
 namespace kurv::raster {
 
-// Half open: `right` and `bottom` are the first column and row outside. May lie anywhere, and one
-// that ends before it begins is empty.
+// Half open: `right` and `bottom` are the first column and row outside. It may be anywhere, also
+// off the canvas, and is empty where `right` <= `left` or `bottom` <= `top`.
 struct PixelRect {
   int left = 0;
   int top = 0;
@@ -18,7 +18,7 @@ struct PixelRect {
 
 void fill_rect(const Canvas& canvas, const PixelRect& rect, std::uint32_t colour);
 
-// The outermost `pen` pixels of the rectangle, all round.
+// An outline of `pen` pixels inside the edges of `outer`.
 void frame_rect(const Canvas& canvas, const PixelRect& outer, int pen, std::uint32_t colour);
 
 }  // namespace kurv::raster

@@ -1,4 +1,4 @@
-// A rectangle of 32-bit pixels that somebody else owns.
+// A view of 32-bit pixels. It does not own them.
 #pragma once
 
 #include <cstddef>
@@ -6,7 +6,7 @@
 
 namespace kurv::raster {
 
-// 0xFFRRGGBB, rows from the top. `stride` counts pixels.
+// Pixels are 0xFFRRGGBB, row 0 is the top one, and `stride` counts pixels.
 struct Canvas {
   std::uint32_t* pixels = nullptr;
   int width = 0;

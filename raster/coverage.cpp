@@ -22,8 +22,8 @@ void blend_row(std::uint32_t* pixels, const std::uint8_t* values, int count, std
   for (; i < count; ++i) pixels[i] = blend(pixels[i], colour, values[i]);
 }
 
-// In rows whose length has many factors of two the pixels below each other would compete for the
-// same few places of the processor's cache.
+// An odd multiple of eight: with a stride that is a large power of two, vertically adjacent pixels
+// would map to the same few cache sets.
 std::ptrdiff_t stride_of(int width) {
   return (std::ptrdiff_t{width} + Coverage::kMargin) | 8;
 }

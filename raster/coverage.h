@@ -1,8 +1,7 @@
-// How much of each pixel the strokes drawn since the last flush cover.
+// A coverage mask: how much of each pixel is covered by the strokes drawn since the last flush.
 //
-// Strokes are collected here by maximum and reach the canvas once, in one colour: the joints of a
-// polyline come out no darker than the line itself, and a segment looks the same alone and in a
-// run.
+// A pixel keeps the maximum of the coverages, and the mask is blended once, in one colour. So the
+// joints of a polyline are no darker than its segments.
 #pragma once
 
 #include <algorithm>
@@ -16,11 +15,12 @@ namespace kurv::raster {
 
 class Coverage {
  public:
-  // So many columns before and after a row may be written to as well: they never show, and whoever
-  // raises pixels by the lane need not ask where a row ends. Two rows share those between them.
+  // This many columns before and after a row may be written to as well. They never show, so a
+  // caller that raises eight pixels at once need not check where a row ends. Adjacent rows share
+  // them.
   static constexpr int kMargin = 8;
-  // What is touched is noted by bands of so many rows, the first of which begins with row 0: a long
-  // stroke takes no more time to note than to draw.
+  // The touched columns are recorded for bands of this many rows, the first of which begins with
+  // row 0, not for each row: that would cost a long stroke as much as its pixels do.
   static constexpr int kBand = 32;
 
   Coverage(int width, int height);
@@ -29,18 +29,18 @@ class Coverage {
   int height() const { return m_height; }
   std::ptrdiff_t stride() const { return m_stride; }  // from row to row
 
-  // The row's coverages, 0..255. Whoever raises any of them calls touch() for them, too. There are
-  // rows up to the end of the last band; those below the mask are not to be raised.
+  // The row's coverages, 0..255. A caller that raises any of them also calls touch() for them.
+  // There are rows up to the end of the last band; those below the mask must not be raised.
   std::uint8_t* row(int y) { return m_values.data() + kMargin + y * m_stride; }
-  // Columns first..end-1, inside the mask and at least one, of row y and the others of its band may
-  // no longer be zero.
+  // Records that columns first..end-1, at least one and all inside the mask, may be non-zero in row
+  // y and in the other rows of its band.
   void touch(int y, int first, int end) {
     Span& span = m_spans[static_cast<std::size_t>(y) / kBand];
     span.first = std::min(span.first, first);
     span.end = std::max(span.end, end);
   }
 
-  // Calls visit(first row, first column, end of the columns) for each band that was touched.
+  // Calls visit(first row, first column, end column) for each band that was touched.
   template <class Visit>
   void for_each_touched(const Visit& visit) const {
     for (std::size_t band = 0; band < m_spans.size(); ++band) {
@@ -49,13 +49,13 @@ class Coverage {
     }
   }
 
-  // Blends the colour onto the canvas, which has the mask's size, and clears the mask. Touched
-  // bands alone are looked at.
+  // Blends the colour onto the canvas, which has the mask's size, and clears the mask. Reads and
+  // writes touched bands only.
   void flush(const Canvas& canvas, std::uint32_t colour);
   void clear();
 
  private:
-  // The touched columns of a band; none when `end` is not above `first`.
+  // The touched columns of a band; none where `end` <= `first`.
   struct Span {
     int first;
     int end;

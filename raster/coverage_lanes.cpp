@@ -2,8 +2,8 @@
 
 namespace kurv::raster {
 
-// By way of wider numbers, each in a loop of its own, and apart from its callers: compilers take
-// eight together only where they see all of them change to the next size at once.
+// Each narrowing has a loop of its own, and the function is not inlined: compilers vectorise the
+// conversion only in this form.
 CoverageLanes to_bytes(const std::array<float, kLanes>& covered) {
   std::array<std::int32_t, kLanes> whole;
   std::array<std::uint16_t, kLanes> shorter;

@@ -1,4 +1,4 @@
-// Eight neighbouring pixels of a mask at once.
+// Eight neighbouring pixels of a mask at once, one in each SIMD lane.
 #pragma once
 
 #include <algorithm>
@@ -11,11 +11,11 @@ namespace kurv::raster {
 inline constexpr int kLanes = 8;
 using CoverageLanes = std::array<std::uint8_t, kLanes>;
 
-// Of coverages from 0 to 1.
+// Converts coverages of 0..1 to 0..255.
 CoverageLanes to_bytes(const std::array<float, kLanes>& covered);
 
-// Copied in and out, because a compiler makes one instruction of a maximum only where it knows that
-// the two do not overlap.
+// Raises each of eight values to at least that of `to`. They are copied in and out, because
+// compilers use one SIMD maximum only where they know that the two do not overlap.
 inline void raise(std::uint8_t* values, const CoverageLanes& to) {
   CoverageLanes raised;
   std::memcpy(raised.data(), values, kLanes);

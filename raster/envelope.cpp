@@ -10,6 +10,7 @@ namespace {
 
 constexpr float kEmptyLow = std::numeric_limits<float>::infinity();
 constexpr float kEmptyHigh = -kEmptyLow;
+
 }  // namespace
 
 void Envelope::configure(const Subcolumns& subcolumns, double half_width) {
@@ -19,7 +20,7 @@ void Envelope::configure(const Subcolumns& subcolumns, double half_width) {
   m_rim = static_cast<float>(half_subcolumns + 0.5 - m_reach);
   m_discs.clear();
   for (int k = 0; k < m_reach; ++k) {
-    // Between the two nodes of its edges the line passes the middle of the cell itself.
+    // In the subcolumn between two nodes the line passes the middle itself.
     const double distance = k == 0 ? 0 : (k + 0.5) / subcolumns.per_pixel();
     m_discs.push_back(static_cast<float>(
         std::sqrt(std::max(0.0, half_width * half_width - distance * distance))));
@@ -31,7 +32,7 @@ void Envelope::configure(const Subcolumns& subcolumns, double half_width) {
   m_bottom.resize(static_cast<std::size_t>(subcolumns.per_strip()));
 }
 
-// Discs ask for nodes on either side of those that are passed, too.
+// The discs also read nodes on either side of those that are sampled.
 void Envelope::reset(int first, int last) {
   const int begin = std::max(first - 2 * m_reach, 0);
   const int end = std::min(last + 2 * m_reach, m_last_node) + 3;
@@ -39,7 +40,7 @@ void Envelope::reset(int first, int last) {
   std::fill(m_high.begin() + begin, m_high.begin() + end, kEmptyHigh);
 }
 
-// Tile by tile, which stays in the processor's nearest memory while all discs pass over it.
+// Strip by strip, so that the intervals stay in the L1 cache during all passes over them.
 void Envelope::dilate(int first, int last, Subcolumns& subcolumns, const FrontToBackLayer* occluder,
                       const DenseRun* run) {
   const int begin = std::max(first - 2 * m_reach, 0);
@@ -64,13 +65,13 @@ void Envelope::dilate(int first, int last, Subcolumns& subcolumns, const FrontTo
   }
 }
 
-// Cells begin..end-1 of one tile.
+// Of subcolumns begin..end-1 of one strip, by the bounds of the line there.
 bool Envelope::is_occluded(int begin, int end, const Subcolumns& subcolumns,
                            const FrontToBackLayer& occluder) const {
   const int last = end + 2 * m_reach;
   const float* const low = m_low.data() + 1;
   const float* const high = m_high.data() + 1;
-  // Several at a time that need not wait for each other.
+  // Independent accumulators, so that no minimum waits for the one before it.
   constexpr int kAtOnce = 8;
   std::array<float, kAtOnce> tops, bottoms;
   tops.fill(kEmptyLow);
@@ -94,7 +95,7 @@ bool Envelope::is_occluded(int begin, int end, const Subcolumns& subcolumns,
                            row(std::ceil(bottom + m_half_width)));
 }
 
-// The left edge of a cell is m_reach nodes behind the one that has its number.
+// The left edge of subcolumn i is node i + m_reach.
 void Envelope::dilate_by_discs(int begin, int count) {
   float* const top = m_top.data();
   float* const bottom = m_bottom.data();
@@ -111,7 +112,8 @@ void Envelope::dilate_by_discs(int begin, int count) {
   }
 }
 
-// The very rims of the discs, which have no height, meet the line between two nodes.
+// Dilates by the rims of the discs, which have no height: there the line is interpolated between
+// two nodes.
 void Envelope::dilate_by_rims(int begin, int count) {
   const float* const low_left = m_low.data() + 1 + begin;
   const float* const low_right = m_low.data() + 1 + begin + 2 * m_reach;
@@ -130,7 +132,8 @@ void Envelope::dilate_by_rims(int begin, int count) {
   }
 }
 
-// Of the line itself. Between the highest points at two nodes it may be anywhere.
+// The same with the line itself: where points are dense, the maxima at two nodes do not tell where
+// the line is between them.
 void Envelope::dilate_by_rims_of(const DenseRun& run, int begin, int count) {
   for (int i = 0; i < count; ++i) {
     const float left = run.y_at(run.x.crossing_after(begin + i));

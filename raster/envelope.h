@@ -1,8 +1,8 @@
-// A line on its way to what its pen covers.
+// The min-max envelope of a line, and its dilation by a round pen.
 //
-// How low and how high the line runs is kept at nodes, which stand on the edges of the cells. A
-// line with round joints covers one interval of each vertical line across it: from the lowest to
-// the highest of the discs that its pen passes through.
+// The envelope is the minimum and maximum of y at each node; nodes are the edges between
+// subcolumns. The stroke of a line with round joints covers one interval of y in each subcolumn:
+// the envelope dilated by the disc of the pen (their Minkowski sum).
 #pragma once
 
 #include <limits>
@@ -22,7 +22,7 @@ struct DenseRun {
   int first;
   int end;
 
-  // Where it is at a crossing; not a number where it is not.
+  // The y at a crossing, or NaN where the crossing is not on this run.
   float y_at(Crossing crossing) const {
     if (crossing.segment <= first || crossing.segment >= end) return kNone;
     const float before = y[crossing.segment - 1];
@@ -35,28 +35,28 @@ struct DenseRun {
 
 class Envelope {
  public:
-  // For cells like these, and a pen of this half width in pixels.
+  // For subcolumns of this width, and a pen of this half width in pixels.
   void configure(const Subcolumns& subcolumns, double half_width);
 
-  // The node on the left edge of cell 0. Before it and behind the right edge of the last cell there
-  // are as many nodes as the pen reaches.
+  // The node at the left edge of subcolumn 0. There are as many more nodes on either side of the
+  // picture as the pen reaches.
   int origin_node() const { return m_reach; }
   int last_node() const { return m_last_node; }
-  // How far behind a node the rim of a disc is, of the way to the next node.
+  // The distance from a node to the rim of the disc after it, as a part of the node distance.
   float rim_offset() const { return 1 - m_rim; }
 
-  // Nodes first..last, and no other, are passed until the dilation of the same nodes.
+  // Starts a new envelope. Only nodes first..last are sampled until dilate() with the same nodes.
   void reset(int first, int last);
-  // The line passes a node at y, in pixels; what is not a number is no place. The nodes right
-  // before the first and right behind the last may be passed as well, for nothing.
+  // The line is at `y`, in pixels, at the node. A NaN is ignored. `node` may also be first - 1 or
+  // last + 1, which has no effect.
   void add_sample(int node, float y) {
     float& low = m_low[static_cast<std::size_t>(node + 1)];
     float& high = m_high[static_cast<std::size_t>(node + 1)];
     low = fast_min(y, low);
     high = fast_max(y, high);
   }
-  // Covers what the pen covers on its way along these nodes, except for what `above` hides, if
-  // there is any. Where the line is known between the nodes, too, it comes with its run.
+  // Covers what the pen covers along these nodes. Strips that `occluder`, if any, hides are left
+  // out. `run`, if any, gives the line between the nodes, for the rims of the discs.
   void dilate(int first, int last, Subcolumns& subcolumns, const FrontToBackLayer* occluder,
               const DenseRun* run);
 
@@ -67,14 +67,14 @@ class Envelope {
   void dilate_by_rims(int begin, int count);
   void dilate_by_rims_of(const DenseRun& run, int begin, int count);
 
-  int m_reach = 0;  // how many cells on either side of a node its disc covers
+  int m_reach = 0;  // how many subcolumns on either side of a node its disc covers
   int m_last_node = 0;
   float m_half_width = 0;
-  float m_rim = 0;             // how far a disc reaches beyond the outermost node on its side
-  std::vector<float> m_discs;  // half the height of a disc, by the distance of the cell
-  std::vector<float> m_low;    // of the line at each node, and at one more on either side
+  float m_rim = 0;             // how far a disc extends past the outermost node that it contains
+  std::vector<float> m_discs;  // half the height of a disc, by the distance of the subcolumn
+  std::vector<float> m_low;    // by node, with one more on either side
   std::vector<float> m_high;
-  std::vector<float> m_top;  // of what a piece of the cells covers
+  std::vector<float> m_top;  // of the intervals in the strip that is being dilated
   std::vector<float> m_bottom;
 };
 

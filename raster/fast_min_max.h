@@ -1,5 +1,5 @@
-// The smaller and the larger of two numbers, by the one instruction that a processor has for it:
-// where one of them is not a number the second is taken.
+// Minimum and maximum of two numbers, each one instruction of the processor. Where either is NaN
+// the result is `b`: a running minimum is passed second, and a NaN leaves it as it is.
 #pragma once
 
 namespace kurv::raster {

@@ -8,18 +8,18 @@ namespace kurv::raster {
 namespace {
 
 constexpr U16x8 kTransparent{0, 0, 0, 0xFFFF, 0, 0, 0, 0xFFFF};
-// Less of what lies below than this is less than half a step of its colour.
+// A lower transmittance than this lets less than half a colour step of the backdrop through.
 constexpr std::uint16_t kOpaqueBelow = 64;
 constexpr int kBits = 64;
 
-// How much of what lies below still shows, for each channel.
+// The transmittance of both pixels, for each of their channels.
 U16x8 transmittance_of(U16x8 two) {
   return __builtin_shufflevector(two, two, 3, 3, 3, 3, 7, 7, 7, 7);
 }
 
 U16x8 under(U16x8 two, U16x8 colour, U16x8 coverages) {
   constexpr U16x8 kTransmittance{0, 0, 0, 0xFFFF, 0, 0, 0, 0xFFFF};
-  // 255 becomes 65535.
+  // Coverages are scaled from 255 to 65535.
   const U16x8 part = multiply_high(transmittance_of(two), coverages * 257);
   return two + multiply_high(colour, part) - (part & kTransmittance);
 }
@@ -114,7 +114,7 @@ void FrontToBackLayer::clear() {
   }
 }
 
-// Over sixteen pixels.
+// Over a row of sixteen pixels of the canvas.
 void FrontToBackLayer::composite(const Row& row, std::uint32_t* pixels) {
   constexpr U16x8 kColours{0xFFFF, 0xFFFF, 0xFFFF, 0, 0xFFFF, 0xFFFF, 0xFFFF, 0};
   constexpr U16x8 kHalf{128, 128, 128, 0, 128, 128, 128, 0};

@@ -1,6 +1,7 @@
-// What has been drawn from the front to the back: each new colour comes below all that is there.
+// A layer that is drawn front to back: each new colour is composited under what is there already
+// (Porter-Duff "destination over").
 //
-// What can no longer be seen need not be drawn. Where curves are dense that is most of them.
+// What opaque pixels hide need not be drawn at all. Where curves are dense that is most of them.
 #pragma once
 
 #include <array>
@@ -17,23 +18,23 @@ class FrontToBackLayer {
  public:
   FrontToBackLayer(int width, int height);
 
-  // Whether nothing more of the tile could be seen in rows first..end-1. Rows that are none are
-  // never seen.
+  // Whether all pixels of the strip in rows first..end-1 are opaque, so that nothing drawn there
+  // would show. Rows outside the picture, and an empty range, count as occluded.
   bool occludes(int strip, int first, int end) const;
-  // Puts the colour, 0xFFRRGGBB, below what the row of the tile holds.
+  // Composites the colour, 0xFFRRGGBB, under the row of the strip.
   void blend_under(int strip, int y, const RowCoverage& coverage, std::uint32_t colour);
-  // Puts all that is there onto the canvas, of the size this was made for, and forgets it.
+  // Composites the layer over the canvas, which has its size, and clears it.
   void flush(const Canvas& canvas);
   void clear();
 
  private:
-  // Two pixels: three channels each, of 256 a step, and how much of what lies below still shows,
-  // of 65535.
+  // Two pixels, premultiplied: blue, green and red in 1/256 of a step, and the transmittance of the
+  // pixel (1 - alpha), of 65535.
   using TwoPixels = U16x8;
   static constexpr std::size_t kInRow = 8;
   using Row = std::array<TwoPixels, kInRow>;
   struct Content {
-    std::vector<Row> rows;                   // of which first..end-1 hold anything
+    std::vector<Row> rows;                   // only first..end-1 have a meaning
     std::vector<std::uint64_t> opaque_rows;  // a bit for each row
     int first = 0;
     int end = 0;

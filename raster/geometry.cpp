@@ -12,8 +12,8 @@ namespace {
 
 // A straight line in the caller's units: a x + b y + c = 0.
 //
-// A product of two singles is exact in a double. So c, the one term in which large numbers cancel,
-// is rounded once, and a point on the line comes out right when the ends are 1e38 away.
+// The product of two floats is exact in a double. So c, the only term in which large numbers
+// cancel, is rounded once, and points on the line are accurate also where the ends are 1e38 away.
 struct LineEquation {
   double a, b, c;
 
@@ -26,8 +26,8 @@ LineEquation line_through(Point p, Point q) {
   return {py - qy, qx - px, px * qy - qx * py};
 }
 
-// The point of the segment that is nearest to `end` and, along the direction in which the line runs
-// most, not outside low..high.
+// Clips an end along the major axis of the line: the point of the segment nearest to `end` whose
+// coordinate on that axis is in low..high.
 Vector clipped_end(const LineEquation& line, Point end, Vector low, Vector high) {
   if (std::abs(line.b) >= std::abs(line.a)) {
     if (end.x < low.x) return {low.x, line.y_at(low.x)};
@@ -53,7 +53,7 @@ struct TwoParts {
   double sum, error;
 };
 
-// sum + error is exactly a + b.
+// The error-free transformation of a sum (Knuth's TwoSum): sum + error is exactly a + b.
 TwoParts exact_sum(double a, double b) {
   const double sum = a + b;
   const double b_part = sum - a;
@@ -77,13 +77,13 @@ std::optional<ClippedSegment> clip_segment(Point from, Point to, const Box& box)
   const ClippedSegment part{clipped_end(line, from, box.low, box.high),
                             clipped_end(line, to, box.low, box.high),
                             length > 0 ? Vector{line.b / length, -line.a / length} : Vector{1, 0}};
-  // A line may pass a corner at a distance, although its whole length spans the box.
+  // A line may pass a corner at a distance although its bounds meet the box.
   if (misses(part.from, part.to, box)) return std::nullopt;
   return part;
 }
 
-// The squares of singles are exact in a double, and the roundings of the sums are kept: of a circle
-// of 1e30 units the visible piece is exact.
+// The squares of floats are exact in a double, and the rounding errors of the sums are added back:
+// the visible part of a circle of 1e30 units is accurate to a pixel.
 double power_of_origin(Point centre, float radius) {
   const double x = centre.x, y = centre.y, r = radius;
   const TwoParts first = exact_sum(x * x, -(r * r));

@@ -1,4 +1,5 @@
-// What of a stroke can be seen, exact however far away its ends are. Coordinates are finite.
+// Clipping of strokes. The result is accurate however far away the ends are. Coordinates are
+// finite.
 #pragma once
 
 #include <optional>
@@ -22,23 +23,23 @@ struct Box {
 Point finite(Point point);
 bool has_nan(Point point);
 
-// The part of a segment near a box: its ends, and the direction of the whole segment, of length
-// one; (1, 0) for one of no length.
+// The part of a segment near a box: its ends, and the unit direction of the whole segment, (1, 0)
+// for a segment of length zero.
 struct ClippedSegment {
   Vector from;
   Vector to;
   Vector direction;
 };
 
-// Holds everything of the segment that is inside the box, and no more outside than the box is wide
-// or high. Nothing where the segment does not come near.
+// Clips a segment to a box. The result contains the whole part inside the box, and outside the box
+// it extends no further than the box is wide or high. Nothing where the segment misses the box.
 std::optional<ClippedSegment> clip_segment(Point from, Point to, const Box& box);
 
-// The power of the origin with respect to the circle, d^2 - r^2 with the centre at distance d.
+// The power of the origin with respect to the circle: d^2 - r^2, with d the distance of the centre.
 double power_of_origin(Point centre, float radius);
 
-// How far an arc goes anticlockwise from its start, in radians: past the full turn when the end is
-// below the start. A full turn or more is the circle.
+// The angle that an arc sweeps anticlockwise from its start, in radians: past angle 0 where the end
+// is below the start. A full turn or more is the circle.
 double sweep_of(float start, float end);
 
 }  // namespace kurv::raster

@@ -1,4 +1,4 @@
-// How much of a pixel an endless strip covers.
+// How much of a pixel an infinitely long line of a given width covers.
 #pragma once
 
 #include <algorithm>
@@ -8,10 +8,11 @@
 
 namespace kurv::raster {
 
-// By the distance of their middles: the area, exactly.
+// The profile across the line: the exact area as a function of the distance from the middle of the
+// line to the centre of the pixel.
 //
-// Seen along the strip a pixel is a trapezium, with a plateau of the half width `inner` and a foot
-// of the half width `outer`. What lies beyond an edge of the strip is its integral.
+// The projection of a pixel onto the normal of the line is a trapezium: a plateau from -m_inner to
+// m_inner with a ramp of m_ramp on either side. The area up to an edge of the line is its integral.
 class LineProfile {
  public:
   LineProfile(double half_width, Vector direction)
@@ -21,14 +22,14 @@ class LineProfile {
         m_height(static_cast<float>(1 / std::max(std::abs(direction.x), std::abs(direction.y)))),
         m_bend(m_ramp > kLevel ? 1 / (2 * m_ramp) : 0) {}
 
-  // How far from the middle of the strip anything is covered at all.
+  // The distance from which on nothing is covered.
   float reach() const { return m_half + m_inner + m_ramp; }
   float coverage(float distance) const {
     return half_integral(m_half - distance) + half_integral(m_half + distance);
   }
 
  private:
-  // The integral of the trapezium from 0 to `to`; odd, and 1/2 beyond the foot.
+  // The integral of the trapezium from 0 to `to`: an odd function, 1/2 from the end of the ramp on.
   float half_integral(float to) const {
     const float length = std::abs(to);
     const float level = std::min(length, m_inner);
@@ -36,7 +37,8 @@ class LineProfile {
     return std::copysign((level + slope - slope * slope * m_bend) * m_height, to);
   }
 
-  // The bend of a shorter ramp is no number any more, and nobody sees it.
+  // For a shorter ramp 1 / (2 * m_ramp) would overflow. Such a line is level or upright to within
+  // far less than a pixel, and the ramp is left out.
   static constexpr float kLevel = 1e-30F;
 
   float m_half;

@@ -11,14 +11,14 @@
 namespace kurv::raster {
 namespace {
 
-// Beyond it single precision no longer tells the pixels of a slope apart.
+// Beyond this, single precision is too coarse to interpolate along a segment.
 constexpr float kFar = 1 << 17;  // pixels
 
 bool is_near(float pixels) {
   return std::abs(pixels) < kFar;
 }
 
-// Each disc passes over each cell, so a wide pen would take time in proportion to its square.
+// The disc of the pen is applied to each subcolumn, so the time grows with the width of the pen.
 bool is_narrow(const Pen& pen) {
   return pen.half_width <= 64;
 }
@@ -74,7 +74,7 @@ void MonotonePolylines::flush(FrontToBackLayer& layer, std::uint32_t colour) {
   });
 }
 
-// Whether all of them are near.
+// Fills m_y; false where any y is far away or NaN.
 bool MonotonePolylines::scale_y(const Pen& pen, std::span<const float> y) {
   m_y.resize(y.size());
   const auto scale = static_cast<float>(pen.pixels_per_unit);
@@ -98,7 +98,7 @@ bool MonotonePolylines::is_noisy(std::span<const float> y) {
   return turns * 2 > kSample;
 }
 
-// Where it was level the line turns if it then goes back to where it came from.
+// A plateau is an extremum, at its end, if the line leaves it on the side from which it came.
 bool MonotonePolylines::is_true_extremum(int point) const {
   const float* const y = m_y.data() + point;
   const float after = y[1] - y[0];
@@ -112,7 +112,8 @@ void MonotonePolylines::find_extrema() {
   const std::size_t count = m_y.size();
   constexpr std::size_t kAtOnce = 8;
   m_is_extremum.assign(count + kAtOnce, 0);
-  // Plain pointers: of a vector's the compiler cannot know that bytes written leave them alone.
+  // Local pointers: bytes may alias anything, so after each write the compiler would reload the
+  // data pointers of the vectors.
   const float* const y = m_y.data();
   std::uint8_t* const is_extremum = m_is_extremum.data();
   for (std::size_t i = 1; i + 1 < count; ++i) {
@@ -125,7 +126,7 @@ void MonotonePolylines::find_extrema() {
     std::uint64_t any;
     std::memcpy(&any, is_extremum + i, sizeof any);
     if (any == 0) continue;
-    // Written whether or not it is one, because there is no telling beforehand.
+    // Each index is written and the end moved on only for extrema: a branch would be mispredicted.
     for (std::size_t k = i; k < i + kAtOnce; ++k) {
       *extremum = static_cast<int>(k);
       extremum += is_extremum[k];
@@ -135,8 +136,8 @@ void MonotonePolylines::find_extrema() {
   std::erase_if(m_extrema, [this](int point) { return !is_true_extremum(point); });
 }
 
-// Within a cell it is not known where a line turns or jumps. Where it does not jump and seldom
-// turns nobody sees that the cells are few.
+// The x of an extremum or a jump is known to a subcolumn only. Where a line has no jumps and few
+// extrema, eight subcolumns a pixel show no difference from sixteen.
 bool MonotonePolylines::needs_fine_subcolumns(const Pen& pen, const Polyline& line) const {
   constexpr double kSeldom = 4;  // pixels
   const auto right = static_cast<float>(m_subcolumns.width() / pen.pixels_per_unit);
@@ -159,14 +160,14 @@ void MonotonePolylines::configure(const Pen& pen, bool fine_subcolumns) {
   m_envelope.configure(m_subcolumns, pen.half_width);
 }
 
-// Whether all segments are there, and all x near.
+// Whether all segments are drawn and all x are near.
 bool MonotonePolylines::is_whole(const Polyline& line) const {
   const auto scale = static_cast<float>(m_pen.pixels_per_unit);
   return is_near(line.x.front() * scale) && is_near(line.x.back() * scale) &&
          std::memchr(line.drawn.data() + 1, 0, line.drawn.size() - 1) == nullptr;
 }
 
-// A run goes on as long as its segments are there and near.
+// Splits the line into runs, in which all segments are drawn and all points near.
 void MonotonePolylines::add_runs(const Polyline& line) {
   const std::size_t count = line.x.size();
   const bool is_reversed = m_x_positions.is_reversed();
@@ -195,7 +196,7 @@ void MonotonePolylines::add_runs(const Polyline& line) {
   add_run(first, end);
 }
 
-// Points first..end-1, all of which are near, and the segments between them.
+// Adds points first..end-1, all of which are near, and the segments between them.
 void MonotonePolylines::add_run(int first, int end) {
   if (end - first < 2) return;
   const XPositions& x = m_x_positions;
@@ -218,8 +219,8 @@ void MonotonePolylines::add_run(int first, int end) {
   }
 }
 
-// The nodes that the line passes, and where it turns, which is known to the nearest node only.
-// Points where it goes on would widen it.
+// Samples the line at each node, and adds its ends and local extrema at their nearest nodes. Other
+// points are not added: off their node they would widen the line.
 void MonotonePolylines::sample_line(int first, int end) {
   const XPositions& x = m_x_positions;
   const auto add_point = [&](int i) {
@@ -244,14 +245,15 @@ void MonotonePolylines::sample_line(int first, int end) {
   }
 }
 
-// Among points this dense the line passes nothing at a node that the nearest points do not.
+// Takes all points at their nearest nodes. Where they are this dense, the line between them adds
+// nothing.
 void MonotonePolylines::sample_points(int first, int end) {
   const int* const nearest = m_x_positions.nearest_nodes();
   for (int i = first; i < end; ++i)
     m_envelope.add_sample(nearest[i], m_y[static_cast<std::size_t>(i)]);
 }
 
-// The visible part of a segment with an end that is far away, the lower x first.
+// Adds the visible part of a segment with an end that is far away. `from` has the lower x.
 void MonotonePolylines::add_far_segment(Point from, Point to) {
   if (has_nan(from) || has_nan(to)) return;
   const double scale = m_pen.pixels_per_unit;

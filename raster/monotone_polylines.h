@@ -1,7 +1,7 @@
-// Polylines whose x never goes back, or never forth, however dense they are.
+// The rasteriser of x-monotone polylines: those whose x never decreases, or never increases.
 //
-// A point costs the same whether it stands alone in its pixel or among a hundred, and a joint is no
-// darker than the line.
+// It reduces a line to its min-max envelope, so a point costs the same whether it is alone in its
+// pixel or one of a hundred. A joint is no darker than the line.
 #pragma once
 
 #include <cstdint>
@@ -17,37 +17,37 @@
 
 namespace kurv::raster {
 
-// A polyline: its segment i goes from point i - 1 to point i, and is there where drawn[i] is not
-// zero. All three have the same length; drawn[0] counts for nothing.
+// A polyline: segment i goes from point i - 1 to point i, and is drawn where drawn[i] is not zero.
+// All three have the same length; drawn[0] is ignored.
 struct Polyline {
   std::span<const float> x;
   std::span<const float> y;
   std::span<const std::uint8_t> drawn;
 };
 
-// What polylines cover of a picture. One colour and one pen at a time.
+// Collects the coverage of polylines. One colour and one pen at a time.
 class MonotonePolylines {
  public:
   MonotonePolylines(int width, int height) : m_subcolumns(width, height) {}
 
-  // Whether most points of a line are where it turns up or down, by a sample. Lines like that cover
-  // areas.
+  // Whether most points of a line are local extrema, by a sample. Such lines cover areas.
   static bool is_noisy(std::span<const float> y);
-  // Whether lines of these x can be added with the pen: not where x is not finite or goes back and
-  // forth, or where the pen is so wide that it would take too long.
+  // Whether lines of these x can be added with the pen: not where x is not finite or not monotonic,
+  // or where the pen is so wide that it would take too long.
   bool accepts(const Pen& pen, std::span<const float> x);
-  // False, and nothing is added, where the x or the pen cannot be taken.
+  // False, and nothing is added, where the x or the pen are not accepted.
   //
-  // A segment that begins or ends at a NaN is not drawn, and an infinite y stands for the largest
-  // finite number. What is visible of a segment is exact however far its ends are away. The pen
-  // stays the same until the next flush.
+  // A segment that begins or ends at a NaN is not drawn, and an infinite y counts as the largest
+  // finite number. The visible part of a segment is accurate however far away its ends are. The pen
+  // must stay the same until the next flush.
   bool add(const Pen& pen, const Polyline& line);
-  // The same for a line with the x and the pen that were taken last. What `above` hides may be left
-  // out.
+  // The same for a line with the x and the pen that were accepted last. What `occluder`, if any,
+  // hides may be left out.
   void add_accepted(const Pen& pen, const Polyline& line, const FrontToBackLayer* occluder);
-  // Blends what has been added onto the canvas, of the size this was made for, and forgets it.
+  // Blends what has been added onto the canvas, which has the size of the constructor, and clears
+  // it.
   void flush(const Canvas& canvas, std::uint32_t colour);
-  // Puts it below what the layer holds, and forgets it.
+  // Composites it under what the layer holds, and clears it.
   void flush(FrontToBackLayer& layer, std::uint32_t colour);
   void clear() { m_subcolumns.clear(); }
 
@@ -65,14 +65,14 @@ class MonotonePolylines {
   void add_far_segment(Point from, Point to);
 
   Pen m_pen{0, 0};
-  const FrontToBackLayer* m_occluder = nullptr;  // while a line is added
-  bool m_is_noisy = false;                       // the line that is added
+  const FrontToBackLayer* m_occluder = nullptr;  // during add_accepted()
+  bool m_is_noisy = false;                       // the line that is being added
   Subcolumns m_subcolumns;
   Envelope m_envelope;
   XPositions m_x_positions;
-  std::vector<float> m_y;                   // of the points in the order of their x, in pixels
-  std::vector<std::uint8_t> m_is_extremum;  // whether the line turns up or down at a point
-  std::vector<int> m_extrema;               // points where it does
+  std::vector<float> m_y;                   // in pixels, in ascending order of x
+  std::vector<std::uint8_t> m_is_extremum;  // by point
+  std::vector<int> m_extrema;               // indices of the points that are local extrema
 };
 
 }  // namespace kurv::raster

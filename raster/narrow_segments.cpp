@@ -14,7 +14,7 @@
 namespace kurv::raster {
 namespace {
 
-// How many of the eight pixels a strip can touch, from the first on.
+// How many of the eight pixels a line of the pen can touch, counted from the first.
 struct ThinPen {
   static constexpr double kWidest = 0.6;  // half of it
   static constexpr int kPixels = 4;
@@ -23,13 +23,14 @@ struct AnyPen {
   static constexpr int kPixels = kLanes;
 };
 
-// From the first of the eight pixels to the middle of the strip, in the first phase.
+// The distance from the left edge of the first of the eight pixels to the middle of the line, at
+// phase 0.
 double middle_offset(double half_width) {
   return ((half_width <= ThinPen::kWidest ? ThinPen::kPixels : AnyPen::kPixels) - 1) / 2.0;
 }
 
-// Where the middle of a pixel is, seen from a segment: how far off the line and along it. Steps
-// from there are small enough for single precision.
+// The centre of a pixel in the frame of a segment: across the line and along it. From there on
+// steps are small enough for single precision.
 struct LineCoords {
   float across;
   double along;
@@ -41,7 +42,7 @@ LineCoords line_coords(Vector from, Vector direction, int left, int row) {
           right * direction.x + down * direction.y};
 }
 
-// Of eight pixels of a row, what an endless strip covers.
+// The coverages of eight pixels of a row by an infinitely long line.
 template <class PenKind>
 class InfiniteLine {
  public:
@@ -54,7 +55,7 @@ class InfiniteLine {
   CoverageLanes lanes(int left, int row) const {
     const LineCoords at = line_coords(m_through, m_direction, left, row);
     std::array<float, kLanes> covered{};
-#pragma GCC unroll 1  // four by four, then, and not one by one
+#pragma GCC unroll 1  // else g++ unrolls it into scalar code instead of vectorising it
     for (int k = 0; k < PenKind::kPixels; ++k) {
       const float across = at.across + static_cast<float>(k) * m_step;
       covered[static_cast<std::size_t>(k)] = m_profile.coverage(std::abs(across));
@@ -69,9 +70,9 @@ class InfiniteLine {
   LineProfile m_profile;
 };
 
-// Of eight pixels of a row, what is left where the strip ends. Beyond its ends it goes on as far as
-// the pen is round. Not before them, where the round ends begin to show already: at the joint with
-// a segment that goes straight on they must not.
+// Limits the coverages of eight pixels of a row to a stroke with round caps. A pixel whose centre
+// is not past an end keeps its coverage: the cap would cover less there, which would show as a
+// notch where the next segment goes straight on.
 template <class PenKind>
 class CapClipper {
  public:
@@ -89,7 +90,7 @@ class CapClipper {
     const auto first_before = static_cast<float>(-at.along);
     const auto first_beyond = static_cast<float>(at.along - m_length);
     std::array<float, kLanes> kept{};
-#pragma GCC unroll 1  // four by four, then, and not one by one
+#pragma GCC unroll 1  // else g++ unrolls it into scalar code instead of vectorising it
     for (int k = 0; k < PenKind::kPixels; ++k) {
       const auto step = static_cast<float>(k);
       const float before = first_before - step * m_x, beyond = first_beyond + step * m_x;
@@ -107,11 +108,11 @@ class CapClipper {
   double m_length;
   float m_x;
   float m_y;
-  float m_body;  // what is no further beyond the ends is all strip
+  float m_body;  // pixels no further past the ends than this keep their coverage
   RoundCaps m_round;
 };
 
-// The steps of a course, from one row to another.
+// Walks a DDA from row to row.
 class RowStepper {
  public:
   RowStepper(Coverage& mask, const RowDda& dda)
@@ -121,8 +122,8 @@ class RowStepper {
         m_at(dda.at),
         m_step(dda.step) {}
 
-  // Raises the pixels of the rows before `end` to lanes_at(fixed-point place, first pixel, row),
-  // which is copied: of what is its own the compiler knows that no pixel can change it.
+  // Raises the pixels of the rows before `end` to lanes_at(fixed-point position, first pixel, row).
+  // `lanes_at` is passed by value, so that the compiler knows that no write to a pixel changes it.
   template <class LanesAt>
   void raise_until(int end, LanesAt lanes_at) {
     for (; m_row < end; ++m_row, m_at += m_step, m_values += m_stride) {
@@ -145,7 +146,7 @@ Vector transposed(Vector vector) {
 
 }  // namespace
 
-// By how far the middle of the strip has come within its pixel.
+// The profile for a slope, by the phase of the line within its pixel.
 const NarrowSegments::ProfileTable& NarrowSegments::profile_table(double slope, double half_width) {
   if (half_width != m_half_width) {
     m_half_width = half_width;
@@ -196,7 +197,7 @@ void NarrowSegments::add_steep(Coverage& mask, const Segment& segment) {
                                   {from.x - middle_offset(half_width), from.y}, slope, mask);
   if (dda.first >= dda.end) return;
   touch(mask, dda);
-  // In so many rows beside an end there are pixels on both sides of it.
+  // Within this many rows of an end, a row has pixels before the end and past it.
   const double mixed = reach * std::abs(direction.x);
   const auto row_from = [&](double y) {
     return std::clamp(first_pixel_from(y, mask.height()), dda.first, dda.end);
@@ -225,14 +226,14 @@ void NarrowSegments::merge_into(Coverage& mask) {
   m_transposed.for_each_touched([this, &mask](int left, int top, int bottom) {
     const int right = std::min(left + Coverage::kBand, m_transposed.height());
     for (int x = left; x < right; x += kLanes) {
-      // From whole lanes on, so that no block lies in two bands of the mask.
+      // From a multiple of eight on, so that no block is in two bands of the mask.
       for (int y = top & -kLanes; y < bottom; y += kLanes) merge_block(mask, x, y);
     }
   });
   m_transposed.clear();
 }
 
-// Eight columns of eight pixels each.
+// Transposes a block of eight by eight pixels into the mask.
 void NarrowSegments::merge_block(Coverage& mask, int x, int y) {
   bool is_empty = true;
   for (int i = 0; i < kLanes; ++i) is_empty = all_zero(m_transposed.row(x + i) + y) && is_empty;

@@ -1,7 +1,7 @@
-// Segments of a narrow pen, eight pixels at a time: from one row to the next where they are steep,
-// else from one column to the next in a mask of columns. The middles of long ones come from a
-// table: where a segment goes on for hundreds of pixels, all that differs from one row to the next
-// is how far the line has come within its pixel.
+// Segments of narrow pens, eight pixels at a time. Steep segments are stepped from row to row in
+// the mask, the others from column to column in a transposed mask. The body of a long segment is
+// taken from a table of line profiles by slope and subpixel phase: the phase is all that differs
+// from one row to the next.
 #pragma once
 
 #include <array>
@@ -20,23 +20,23 @@ class NarrowSegments {
  public:
   NarrowSegments(int width, int height) : m_transposed(height, width) {}
 
-  // Whether the table is wide enough for the pen, at any angle.
+  // Whether eight pixels are enough for the pen at any angle.
   static bool supports(double half_width) { return half_width <= 2; }
 
-  // Adds the strip between two points in pixels and its round ends, to the mask or to what this
-  // keeps. The direction has the length one. All segments until the next merge have the same half
+  // Adds the stroke between two points, in pixels, to the mask or to the transposed one that is
+  // kept here. The direction has length one. All segments until the next merge have the same half
   // width, in pixels.
   void add(Coverage& mask, double half_width, Vector from, Vector to, Vector direction);
-  // Moves what this keeps to the mask, by maximum.
+  // Moves what is kept here into the mask, by maximum.
   void merge_into(Coverage& mask);
   void clear() { m_transposed.clear(); }
 
  private:
   static constexpr int kSlopes = 128;
-  static constexpr double kTableLength = 24;  // pixels from which on the table is worth while
+  static constexpr double kTableLength = 24;  // pixels; for shorter ones the table does not pay
   using ProfileTable = std::array<CoverageLanes, RowDda::kPhases>;
 
-  // One that goes down the rows of its mask, from each to the next.
+  // A segment that runs downwards and is steep, in the mask or the transposed one.
   struct Segment {
     Vector from;
     Vector to;
@@ -48,8 +48,8 @@ class NarrowSegments {
   const ProfileTable& profile_table(double slope, double half_width);
   void merge_block(Coverage& mask, int x, int y);
 
-  // A mask of columns: its rows are the columns of the picture, so that the pixels that a step
-  // looks at lie side by side.
+  // Its rows are the columns of the picture, so that the eight pixels of a step are adjacent in
+  // memory for flat segments, too.
   Coverage m_transposed;
   double m_half_width = 0;
   std::vector<ProfileTable> m_tables = std::vector<ProfileTable>(kSlopes + 1);

@@ -20,7 +20,7 @@ OcclusionMask::OcclusionMask(int width, int height, std::vector<std::uint64_t>& 
   const std::size_t tiles_down = tiles_for(height);
   tiles.assign(m_tiles_across * tiles_down, 0);
   m_tiles = tiles.data();
-  // What the last tiles have beyond the picture.
+  // The parts of the last tiles that are outside the picture.
   const int columns = width % kSide, rows = height % kSide;
   const std::uint64_t beyond_x = columns == 0 ? 0 : kFirstColumn * (0xFFU << columns & 0xFFU);
   const std::uint64_t beyond_y = rows == 0 ? 0 : kAll << rows * kSide;

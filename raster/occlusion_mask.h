@@ -1,4 +1,4 @@
-// Which pixels of a picture nothing more can change, a bit each.
+// An occlusion mask: a bit for each pixel of a picture that an opaque pixel hides already.
 #pragma once
 
 #include <cstddef>
@@ -8,18 +8,18 @@
 
 namespace kurv::raster {
 
-// They are kept in tiles of 8 x 8 pixels, and squares of that size are asked about, which lie
-// across two by two tiles. The pixel in column x of row y of a square or a tile is bit 8 y + x of a
-// word. All that lies outside the picture is hidden.
+// The bits are kept in tiles of 8 x 8 pixels. Queries are about blocks of the same size at any
+// position, which overlap two by two tiles. The pixel in column x of row y of a block or a tile is
+// bit 8 y + x. All pixels outside the picture count as hidden.
 class OcclusionMask {
  public:
   static constexpr int kSide = 8;
 
-  // Nothing in a picture of this size is hidden. The tiles are kept where the caller wants them.
+  // Nothing in a picture of this size is hidden yet. The tiles are stored in the caller's vector,
+  // which keeps its memory from one mask to the next.
   OcclusionMask(int width, int height, std::vector<std::uint64_t>& tiles);
 
-  // A set of pixels of a square, cut where the left tiles end: the rows of the left tiles, and
-  // those of the right ones.
+  // The pixels of a block, split at the border between the left and the right tiles.
   using TilePair [[gnu::vector_size(16)]] = std::uint64_t;
   static TilePair split(std::uint64_t pixels, int across) {
     const std::uint64_t left = kFirstColumn * (0xFFU >> across);
@@ -29,11 +29,11 @@ class OcclusionMask {
     return halves[0] >> across | halves[1] << (kSide - across);
   }
 
-  // Where a square lies among the tiles. It has to meet the picture.
+  // The position of a block among the tiles. The block has to intersect the picture.
   struct BlockPosition {
     std::size_t tile;
-    int across;  // columns into the tile
-    int down;    // rows, times eight
+    int across;  // columns from the left edge of the tile
+    int down;    // rows from the top of the tile, times eight
   };
   bool intersects(int x, int y) const {
     return static_cast<unsigned>(x + kSide - 1) < m_end_x &&
@@ -46,7 +46,7 @@ class OcclusionMask {
             static_cast<int>(from_left % kSide), static_cast<int>(from_top % kSide * kSide)};
   }
 
-  // Which of the pixels are not hidden yet; from then on all those of the other set are.
+  // Returns those of `pixels` that are not hidden yet, and then hides `occluders`.
   TilePair take_visible(BlockPosition at, TilePair pixels, TilePair occluders) const {
     std::uint64_t* const upper = m_tiles + at.tile;
     std::uint64_t* const lower = upper + m_tiles_across;
@@ -66,7 +66,7 @@ class OcclusionMask {
   }
   static void store(std::uint64_t* tiles, TilePair both) { std::memcpy(tiles, &both, sizeof both); }
 
-  // Row by row, with one round the picture for squares that lie across its edges.
+  // Row by row, with a border of one tile around the picture for blocks that extend past its edges.
   std::uint64_t* m_tiles;
   std::size_t m_tiles_across;
   unsigned m_end_x;

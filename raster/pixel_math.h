@@ -1,4 +1,5 @@
-// Eight numbers of 16 bits at a time, in registers that every processor has.
+// Arithmetic on packed pixels: SIMD vectors of 128 bits, which every x86-64 and ARM64 processor
+// has, through the vector extensions of the compiler.
 #pragma once
 
 #include <array>
@@ -20,11 +21,12 @@ To bit_cast_to(const From& from) {
   return to;
 }
 
-// Of words up to 255.
+// Narrows values up to 255, `first` before `second`.
 inline U8x16 pack_bytes(U16x8 first, U16x8 second) {
   return __builtin_shufflevector(bit_cast_to<U8x16>(first), bit_cast_to<U8x16>(second), 0, 2, 4, 6,
                                  8, 10, 12, 14, 16, 18, 20, 22, 24, 26, 28, 30);
 }
+// Widens the first eight bytes, and the last eight.
 inline U16x8 unpack_low(U8x16 bytes) {
   return bit_cast_to<U16x8>(__builtin_shufflevector(bytes, U8x16{}, 0, 16, 1, 17, 2, 18, 3, 19, 4,
                                                     20, 5, 21, 6, 22, 7, 23));
@@ -34,7 +36,7 @@ inline U16x8 unpack_high(U8x16 bytes) {
                                                     12, 28, 13, 29, 14, 30, 15, 31));
 }
 
-// The upper halves of products.
+// The upper 16 bits of each product.
 inline U16x8 multiply_high(U16x8 a, U16x8 b) {
   U16x8 products;
   for (int i = 0; i < 8; ++i) {
@@ -43,7 +45,7 @@ inline U16x8 multiply_high(U16x8 a, U16x8 b) {
   return products;
 }
 
-// Coverages of 16 neighbours, 0..255.
+// The coverages, 0..255, of 16 neighbouring pixels of a row.
 struct RowCoverage {
   U16x8 left;
   U16x8 right;
@@ -52,21 +54,21 @@ struct RowCoverage {
     const auto halves = bit_cast_to<std::array<std::uint64_t, 2>>(left | right);
     return (halves[0] | halves[1]) == 0;
   }
-  // Of four neighbours at a time, 0 where there is none.
+  // Four pixels in each element, a byte each: 0 where none of the four is covered.
   std::array<std::uint32_t, 4> quads() const {
     return bit_cast_to<std::array<std::uint32_t, 4>>(pack_bytes(left, right));
   }
 };
 
-// The words 2 * half and 2 * half + 1 of four, each of them four times: by channel.
+// Broadcasts the coverages of two of a quad's four pixels, those of half 0 or 1, to their channels.
 template <int kHalf>
 U16x8 per_channel(U32x4 doubled) {
   return bit_cast_to<U16x8>(__builtin_shufflevector(doubled, doubled, 2 * kHalf, 2 * kHalf,
                                                     2 * kHalf + 1, 2 * kHalf + 1));
 }
 
-// Calls visit(quarter, coverages) for each four neighbours of which any is covered; each coverage
-// comes twice.
+// Calls visit(quad, coverages) for each quad of four neighbouring pixels of which any is covered.
+// Each element holds the coverage of a pixel twice, in its upper and lower half.
 template <class Visit>
 void for_each_quad(const RowCoverage& row, const Visit& visit) {
   const std::array<std::uint32_t, 4> quads = row.quads();

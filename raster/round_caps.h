@@ -1,4 +1,4 @@
-// The round ends of strips.
+// The round caps of strokes.
 #pragma once
 
 #include <algorithm>
@@ -8,7 +8,8 @@
 
 namespace kurv::raster {
 
-// How much of a pixel lies within a stroke with round ends, by where the middle of the pixel is.
+// How much of a pixel is within a stroke with round caps, by the position of its centre: the mean
+// of the coverages of its four quarters, each by its signed distance from the capsule.
 class RoundCaps {
  public:
   RoundCaps(double half_width, Vector direction)
@@ -16,7 +17,7 @@ class RoundCaps {
         m_x(static_cast<float>(direction.x / 4)),
         m_y(static_cast<float>(direction.y / 4)) {}
 
-  // So far before the start of the stroke, beyond its end, and across it.
+  // The distances of the centre before the start of the stroke, beyond its end, and across it.
   float coverage(float before, float beyond, float across) const {
     const float sum = quarter(before - m_x - m_y, beyond + m_x + m_y, across + m_x - m_y) +
                       quarter(before - m_x + m_y, beyond + m_x - m_y, across - m_x - m_y) +
@@ -26,7 +27,7 @@ class RoundCaps {
   }
 
  private:
-  // A quarter of the pixel, by the distance of its middle.
+  // The coverage of a quarter of the pixel, by the position of its centre.
   float quarter(float before, float beyond, float across) const {
     const float past = std::max(std::max(before, beyond), 0.0F);
     const float distance = std::sqrt(past * past + across * across);

@@ -7,7 +7,7 @@
 namespace kurv::raster {
 namespace {
 
-// The same as blend() for two neighbours; everything is by channel.
+// The same as raster::blend() for two neighbouring pixels, a channel in each element.
 U16x8 blend_two(U16x8 below, U16x8 above, U16x8 coverages) {
   const U16x8 sum = above * coverages + below * (255 - coverages) + 128;
   return (sum + (sum >> 8)) >> 8;

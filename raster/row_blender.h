@@ -1,4 +1,4 @@
-// A row of sixteen pixels under one colour.
+// Blends rows of sixteen pixels with one colour, by their coverages.
 #pragma once
 
 #include "raster/canvas.h"
@@ -7,7 +7,7 @@
 
 namespace kurv::raster {
 
-// Blends onto a canvas what tiles of columns cover.
+// Blends the rows of strips onto a canvas.
 class RowBlender {
  public:
   RowBlender(const Canvas& canvas, std::uint32_t colour)
@@ -15,7 +15,7 @@ class RowBlender {
         m_whole_strips(canvas.width / StripAccumulator::kWidth),
         m_colour(unpack_low(bit_cast_to<U8x16>(U32x4{} + colour))) {}
 
-  // The row of the tile, of which at least one pixel is on the canvas.
+  // At least one pixel of the strip is on the canvas.
   void blend(int strip, int y, const RowCoverage& coverage) const {
     if (coverage.is_zero()) return;
     std::uint32_t* const pixels = m_canvas.row(y) + strip * StripAccumulator::kWidth;
@@ -32,7 +32,7 @@ class RowBlender {
 
   Canvas m_canvas;
   int m_whole_strips;
-  U16x8 m_colour;  // of two pixels, by channel
+  U16x8 m_colour;  // twice, for two pixels, a channel in each element
 };
 
 }  // namespace kurv::raster

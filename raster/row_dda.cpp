@@ -10,7 +10,7 @@ namespace kurv::raster {
 namespace {
 
 constexpr double kUnit = 4294967296.0;
-// A strip that begins further aside than that is nowhere near a picture.
+// A line that starts further to the side than this never reaches a picture.
 constexpr double kFar = 1 << 20;
 
 std::int64_t fixed(double value) {
@@ -46,7 +46,7 @@ RowDda make_row_dda(double top, double bottom, Vector through, double slope, con
   const int end = first_pixel_from(bottom, mask.height());
   const double pixel = through.x + (first + 0.5 - through.y) * slope;
   if (!(std::abs(pixel) < kFar)) return {};
-  // Half a phase more makes cutting off the nearest.
+  // Half a phase is added, so that truncation rounds to the nearest phase.
   return clipped({first, end, fixed(pixel + 0.5 / RowDda::kPhases), fixed(slope)}, mask);
 }
 

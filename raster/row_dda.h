@@ -1,4 +1,4 @@
-// Where a strip passes the rows of a mask.
+// A digital differential analyser (DDA): steps along a line from row to row of a mask.
 #pragma once
 
 #include <cstdint>
@@ -8,12 +8,12 @@
 
 namespace kurv::raster {
 
-// Eight pixels of each of the rows first..end-1: from `at` on in the
-// first of them, moving on by `step`. Fixed point, because a step has to find its pixel without
-// asking the library to round.
+// Eight pixels in each of the rows first..end-1. They begin at `at` in the first row and move by
+// `step` from each row to the next. Both are fixed-point numbers, so that a step needs a shift to
+// find its pixel and no rounding function.
 struct RowDda {
   static constexpr int kFractionBits = 32;
-  // Where within a pixel a strip is told apart.
+  // How many subpixel positions of a line are distinguished.
   static constexpr int kPhaseBits = 6;
   static constexpr int kPhases = 1 << kPhaseBits;
 
@@ -29,12 +29,11 @@ struct RowDda {
   std::int64_t at_row(int row) const { return at + (row - first) * step; }
 };
 
-// Of the rows with their middles in top..bottom, without those in which the eight pixels are
-// outside the mask and its margins. The strip passes `through` and moves by `slope` from row to
-// row.
+// Covers the rows whose centres are in top..bottom, except those where the eight pixels are outside
+// the mask and its margins. The line passes `through` and moves by `slope` from row to row.
 RowDda make_row_dda(double top, double bottom, Vector through, double slope, const Coverage& mask);
 
-// Touches the pixels of the course.
+// Calls mask.touch() for all pixels of the DDA.
 void touch(Coverage& mask, const RowDda& dda);
 
 }  // namespace kurv::raster

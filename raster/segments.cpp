@@ -13,7 +13,7 @@
 namespace kurv::raster {
 namespace {
 
-// A segment in pixels: where it is near or inside the mask, and its direction of length one.
+// A clipped segment, in pixels, and its unit direction.
 struct Segment {
   Vector from;
   Vector to;
@@ -25,8 +25,8 @@ double length_of(const Segment& segment) {
          (segment.to.y - segment.from.y) * segment.direction.y;
 }
 
-// Adds the visible part of the segment. Everything within reach of it is at the same distance from
-// the whole one: the part ends no nearer to the mask than the pen reaches.
+// Adds a capsule: a segment with round caps. The segment may be clipped, because it was clipped
+// further from the mask than the pen reaches, so the cap at such an end never shows.
 class CapsuleFiller {
  public:
   CapsuleFiller(Coverage& mask, const Segment& segment, double half_width)
@@ -41,7 +41,7 @@ class CapsuleFiller {
         m_body(m_length > 0 ? 0.0F : -1.0F),
         m_left(std::min(segment.from.x, segment.to.x) - m_reach),
         m_right(std::max(segment.from.x, segment.to.x) + m_reach) {
-    // A level line is in reach from end to end of the few rows that it touches at all.
+    // A horizontal segment is in reach along its whole length in the few rows that it touches.
     if (std::abs(segment.direction.y) > 1e-9) {
       m_slope = segment.direction.x / segment.direction.y;
       m_row_reach = m_profile.reach() / std::abs(segment.direction.y) + 1e-3;
@@ -73,8 +73,8 @@ class CapsuleFiller {
     const auto [first, end] = span(y);
     if (first >= end) return;
 
-    // Across and along the line from its start, at the first pixel; steps from there are small
-    // enough for single precision.
+    // The first pixel relative to the start of the segment. From there on steps are small enough
+    // for single precision.
     const double down = y + 0.5 - m_segment.from.y;
     const double right = first + 0.5 - m_segment.from.x;
     const auto across =
@@ -86,12 +86,12 @@ class CapsuleFiller {
 
     std::uint8_t* const values = m_mask.row(y) + first;
     for (int i = 0; i < end - first; i += kLanes) raise(values + i, lanes(start, i));
-    // Whole lanes are raised, by as little as rounding leaves of what is out of reach.
+    // All eight lanes are raised; outside the reach by no more than a rounding error.
     m_mask.touch(y, first, std::min(end + kLanes - 1, m_mask.width()));
   }
 
-  // Where the middle of a pixel is, seen from the segment: how far off the line, before its start
-  // and beyond its end.
+  // The centre of a pixel in the frame of the segment: its distance from the line, before the start
+  // and beyond the end.
   struct CapsuleCoords {
     float across;
     float before;
@@ -103,7 +103,7 @@ class CapsuleFiller {
             at.beyond + step * m_step.beyond};
   }
 
-  // The coverages of the pixels that begin `right` of a place.
+  // The coverages of eight pixels, the first of which is `right` pixels to the right of `at`.
   CoverageLanes lanes(CapsuleCoords at, int right) const {
     const CapsuleCoords first = moved(at, right), last = moved(at, right + kLanes - 1);
     const float past = std::max({first.before, first.beyond, last.before, last.beyond});
@@ -121,8 +121,9 @@ class CapsuleFiller {
     return to_bytes(covered);
   }
 
-  // Beyond its ends the strip goes on as far as the pen is round. Not before them, where the round
-  // ends begin to show already: at the joint with a segment that goes straight on they must not.
+  // A pixel whose centre is past an end gets the coverage of the cap; one before it that of an
+  // infinite line. The cap would cover less there, which would show as a notch where the next
+  // segment goes straight on.
   float end_coverage(CapsuleCoords at) const {
     const float body = m_profile.coverage(std::abs(at.across));
     const float past = std::max(at.before, at.beyond);
@@ -137,11 +138,11 @@ class CapsuleFiller {
   double m_reach;
   CapsuleCoords m_step;  // to the next pixel of a row
   double m_length;
-  float m_body;  // what is no further past the ends is all strip
+  float m_body;  // pixels no further past the ends than this are covered as by an infinite line
   double m_left;
   double m_right;
   double m_slope = 0;      // columns per row
-  double m_row_reach = 0;  // how far from the line's crossing a row's pixels are in reach
+  double m_row_reach = 0;  // the half width of the stroke along a row
 };
 
 std::optional<Segment> clipped_segment(const Coverage& mask, const Pen& pen, Point from, Point to) {

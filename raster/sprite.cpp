@@ -11,18 +11,18 @@ namespace {
 constexpr int kSide = OcclusionMask::kSide;
 constexpr std::uint32_t kOneChannel = 255;
 
-// The figure's two pictures side by side.
+// The figure on its two backdrops.
 struct BackdropPair {
   const Canvas& white;
   const Canvas& black;
 
-  // How much of the ground stays, of 255.
+  // The transmittance of a pixel, of 255: white and black differ by it.
   std::uint32_t kept(int x, int y) const {
     return (white.row(y)[x] & kOneChannel) - (black.row(y)[x] & kOneChannel);
   }
 };
 
-// Where there is more than the ground.
+// The bounds of the pixels that are not fully transparent.
 PixelRect extent_of(const BackdropPair& backdrops) {
   PixelRect extent{backdrops.white.width, backdrops.white.height, 0, 0};
   for (int y = 0; y < backdrops.white.height; ++y) {
@@ -37,20 +37,20 @@ PixelRect extent_of(const BackdropPair& backdrops) {
   return extent;
 }
 
-void take_pixel(const BackdropPair& backdrops, int x, int y, std::size_t place,
+void take_pixel(const BackdropPair& backdrops, int x, int y, std::size_t index,
                 Sprite::Block& block) {
   const std::uint32_t kept = backdrops.kept(x, y);
   if (kept == kOneChannel) return;
-  (kept == 0 ? block.solid : block.translucent) |= std::uint64_t{1} << place;
+  (kept == 0 ? block.solid : block.translucent) |= std::uint64_t{1} << index;
   const std::uint32_t added = (backdrops.black.row(y)[x] & 0x00FFFFFF) | (kOneChannel - kept) << 24;
-  block.texels[place] = added | std::uint64_t{kept | kept << 16} << 32;
+  block.texels[index] = added | std::uint64_t{kept | kept << 16} << 32;
 }
 
 void split(Sprite::Block& block) {
   for (int across = 0; across < kSide; ++across) {
-    const auto place = static_cast<std::size_t>(across);
-    block.touched_split[place] = OcclusionMask::split(block.solid | block.translucent, across);
-    block.solid_split[place] = OcclusionMask::split(block.solid, across);
+    const auto index = static_cast<std::size_t>(across);
+    block.touched_split[index] = OcclusionMask::split(block.solid | block.translucent, across);
+    block.solid_split[index] = OcclusionMask::split(block.solid, across);
   }
 }
 

@@ -11,7 +11,7 @@ namespace kurv::raster {
 namespace {
 
 constexpr int kPhaseBits = 2;
-// A coordinate of a figure that is not there.
+// The coordinate of a figure that is left out.
 constexpr int kMissing = -(1 << 30);
 static_assert(SpriteBatch::kPhases == 1 << kPhaseBits);
 
@@ -19,32 +19,33 @@ static_assert(SpriteBatch::kPhases == 1 << kPhaseBits);
 using U32x4 [[gnu::vector_size(16)]] = std::uint32_t;
 using U16x8 [[gnu::vector_size(16)]] = std::uint16_t;
 
-// The kept part of a channel and what is added to it never exceed 255 together.
+// Porter-Duff "over" for four pixels, with premultiplied colours. A channel and its transmittance
+// together never exceed 255, so the sum cannot overflow.
 U32x4 blend_over(U32x4 below, U32x4 kept, U32x4 added) {
   constexpr std::uint32_t kLow = 0x00FF00FF;
   const auto parts = [kept](U32x4 channels) {
-    // Divided by 255, to the nearest.
+    // Divides by 255, rounded to the nearest.
     const U16x8 sum = reinterpret_cast<U16x8>(channels) * reinterpret_cast<U16x8>(kept) + 128;
     return reinterpret_cast<U32x4>(sum + (sum >> 8));
   };
   return ((parts(below & kLow) >> 8 & kLow) | (parts(below >> 8 & kLow) & ~kLow)) + added;
 }
 
-// The places of up to four bits of a set that has some, the last of them more than once where there
-// are fewer: nobody could foretell the end of a loop over single ones. They leave the set.
+// Removes up to four bits from a non-empty set and returns their indices, the last one repeatedly
+// where there are fewer. A loop over single bits would mispredict its end.
 std::array<std::size_t, 4> take_four_bits(std::uint64_t& bits) {
-  std::array<std::size_t, 4> places;
+  std::array<std::size_t, 4> indices;
   std::uint64_t rest = bits;
   for (std::size_t k = 0; k < 4; ++k) {
-    places[k] = static_cast<std::size_t>(std::countr_zero(rest));
+    indices[k] = static_cast<std::size_t>(std::countr_zero(rest));
     bits = rest & (rest - 1);
     rest = bits | ((rest ^ bits) & (0 - static_cast<std::uint64_t>(bits == 0)));
   }
-  return places;
+  return indices;
 }
 
-// The sum is counted from far to the left, so that cutting off rounds down. The loop has neither
-// branches nor calls, so that the compiler can take several values at a time.
+// The sum is made positive, so that truncation rounds down. The loop has neither branches nor
+// calls, so that compilers vectorise it.
 void find_phases(std::span<const double> values, double units_per_pixel, std::vector<int>& phases) {
   constexpr double kFar = -kMissing;
   phases.resize(values.size());
@@ -58,7 +59,7 @@ void find_phases(std::span<const double> values, double units_per_pixel, std::ve
 
 }  // namespace
 
-// One more than asked for, because one that does not count is written all the same.
+// One item more than asked for: the writer fills an item before it knows whether it counts.
 SpriteBatch::VisibleBlock* SpriteBatch::VisibleBlocks::reserve(std::size_t more) {
   if (items.size() < count + more + 1) items.resize(std::max(count + more + 1, 2 * items.size()));
   return items.data() + count;
@@ -117,12 +118,12 @@ void SpriteBatch::add(std::span<const double> x, std::span<const double> y, doub
 
 bool SpriteBatch::is_full() const {
   constexpr std::size_t kMany = 500'000, kManyBlocks = 20'000;
-  std::size_t places = 0, blocks = 0;
+  std::size_t positions = 0, blocks = 0;
   for (std::size_t i = 0; i < m_series_used; ++i) {
-    places += m_series[i].y.size();
+    positions += m_series[i].y.size();
     blocks += m_series[i].max_blocks * m_series[i].sprites.size();
   }
-  return places > kMany || blocks > kManyBlocks;
+  return positions > kMany || blocks > kManyBlocks;
 }
 
 void SpriteBatch::clear() {
@@ -131,7 +132,7 @@ void SpriteBatch::clear() {
   m_series_used = 0;
 }
 
-// From the last figure to the first, because what hides something comes later.
+// Front to back: from the last figure to the first.
 void SpriteBatch::flush(const Canvas& canvas) {
   if (is_empty()) return;
   for (std::size_t i = 0; i < m_offsets.size(); ++i) {
@@ -139,12 +140,12 @@ void SpriteBatch::flush(const Canvas& canvas) {
                    static_cast<std::ptrdiff_t>(i % OcclusionMask::kSide);
   }
   const OcclusionMask hidden(canvas.width, canvas.height, m_tiles);
-  // What is left where memory ran out in the middle refers to figures that are gone.
+  // After a failed allocation in an earlier flush, the lists refer to sprites that no longer exist.
   m_solid.count = m_translucent.count = 0;
   for (std::size_t used = m_series_used; used > 0; --used) {
     const Series& series = m_series[used - 1];
     m_last_x = m_last_y = kMissing;
-    // Few at a time, so that what was found is still at hand when it is painted.
+    // In small batches, so that the blocks found are still in the cache when they are painted.
     constexpr std::size_t kFew = 1024;
     for (std::size_t end = series.y.size(); end > 0;) {
       const std::size_t first = end - std::min(end, kFew);
@@ -157,8 +158,8 @@ void SpriteBatch::flush(const Canvas& canvas) {
   clear();
 }
 
-// What can be seen of the places first..end - 1 is written down always and counted at times: nobody
-// could foretell the branch.
+// Collects what is visible at positions first..end - 1. Each item is written, and counted only if
+// it is not empty: a branch would be mispredicted.
 void SpriteBatch::find_visible(const Series& series, std::size_t first, std::size_t end,
                                const OcclusionMask& occlusion, std::ptrdiff_t stride) {
   VisibleBlock* solid = m_solid.reserve((end - first) * series.max_blocks);
@@ -199,7 +200,8 @@ void SpriteBatch::find_visible(const Series& series, std::size_t first, std::siz
   m_translucent.end_at(translucent);
 }
 
-// From the last to the first; of those that stand where the one behind them does only that one.
+// From the last to the first. Of consecutive figures at the same position only the last one is
+// visited.
 template <class Visit>
 void SpriteBatch::for_each_position(const Series& series, std::size_t first, std::size_t end,
                                     const Visit& visit) {
@@ -218,16 +220,16 @@ void SpriteBatch::for_each_position(const Series& series, std::size_t first, std
   m_last_y = last_y;
 }
 
-// No two of them are the same pixel, so their order is free: four of each block in turn until none
-// is left.
+// No pixel occurs twice, so any order is right: four pixels of each block in turn, until none is
+// left.
 void SpriteBatch::paint_solid(const Canvas& canvas) {
   while (m_solid.count > 0) {
     std::size_t left = 0;
     for (std::size_t i = 0; i < m_solid.count; ++i) {
       VisibleBlock visible = m_solid.items[i];
-      for (const std::size_t place : take_four_bits(visible.pixels)) {
-        canvas.pixels[visible.first_pixel + m_offsets[place]] =
-            static_cast<std::uint32_t>(visible.block->texels[place]);
+      for (const std::size_t index : take_four_bits(visible.pixels)) {
+        canvas.pixels[visible.first_pixel + m_offsets[index]] =
+            static_cast<std::uint32_t>(visible.block->texels[index]);
       }
       m_solid.items[left] = visible;
       left += visible.pixels != 0 ? 1 : 0;
@@ -236,16 +238,17 @@ void SpriteBatch::paint_solid(const Canvas& canvas) {
   }
 }
 
-// What lies above the topmost solid pixel are veils alone, and those found last lie lowest.
+// Only translucent pixels above the topmost solid one are in the list. Those found last are lowest,
+// so they are painted first.
 void SpriteBatch::paint_translucent(const Canvas& canvas) {
   for (; m_translucent.count > 0; --m_translucent.count) {
     VisibleBlock visible = m_translucent.items[m_translucent.count - 1];
     while (visible.pixels != 0) {
-      const std::array<std::size_t, 4> places = take_four_bits(visible.pixels);
+      const std::array<std::size_t, 4> indices = take_four_bits(visible.pixels);
       const auto pixel = [&](std::size_t k) -> std::uint32_t& {
-        return canvas.pixels[visible.first_pixel + m_offsets[places[k]]];
+        return canvas.pixels[visible.first_pixel + m_offsets[indices[k]]];
       };
-      const auto texel = [&](std::size_t k) { return visible.block->texels[places[k]]; };
+      const auto texel = [&](std::size_t k) { return visible.block->texels[indices[k]]; };
       const auto added = [&](std::size_t k) { return static_cast<std::uint32_t>(texel(k)); };
       const auto kept = [&](std::size_t k) { return static_cast<std::uint32_t>(texel(k) >> 32); };
       const U32x4 above = blend_over(U32x4{pixel(0), pixel(1), pixel(2), pixel(3)},

@@ -1,5 +1,5 @@
-// Figures at many places: the same as one stamp after the other, but what later ones hide of
-// earlier ones is never painted, which among many points is most of it.
+// Draws sprites at many positions. The result is the same as drawing one after the other, but what
+// later sprites hide of earlier ones is never painted: among many points that is most of it.
 #pragma once
 
 #include <array>
@@ -18,48 +18,49 @@ namespace kurv::raster {
 
 class SpriteBatch {
  public:
-  // Where figures are told apart within a pixel, in either direction.
+  // How many subpixel positions of a sprite are distinguished, in either direction.
   static constexpr int kPhases = 4;
-  // How a figure looks with its centre at that part of a pixel.
+  // Draws the figure with its centre at that subpixel position.
   using MakeSprite = std::function<Sprite(int phase_x, int phase_y)>;
 
-  // Collects a figure at places in this many units a pixel from the corner of a canvas: each time
-  // at the nearest phase, and only once where it stands as it did before. It is nowhere where a
-  // coordinate is NaN. Asks for each stamp that is needed, once.
+  // Adds a figure at positions that are measured from the corner of a canvas, in units of which a
+  // pixel has `units_per_pixel`. Each is drawn at the nearest phase, and once only where it is at
+  // the same phase as the one before it. A position with a NaN is left out. Calls `make_sprite`
+  // once for each phase that is needed.
   void add(std::span<const double> x, std::span<const double> y, double units_per_pixel,
            const MakeSprite& make_sprite);
   bool is_empty() const { return m_series_used == 0; }
-  // Whether it is time to paint, because more would take much memory.
+  // Whether it should be flushed before more is added, to bound the memory.
   bool is_full() const;
   void clear();
 
-  // Paints all figures in turn and forgets them.
+  // Paints all figures in the order in which they were added, and clears the batch.
   void flush(const Canvas& canvas);
 
  private:
-  // A figure and its places, in phases. The figures of a graph often share their x.
+  // A figure and its positions, in phases. The figures of a graph often share their x.
   struct Series {
     std::shared_ptr<const std::vector<int>> x;
     std::vector<int> y;
-    std::array<Sprite, std::size_t{kPhases} * kPhases> sprites;  // row by row
-    std::size_t max_blocks = 0;                                  // of a stamp
+    std::array<Sprite, std::size_t{kPhases} * kPhases> sprites;  // by phase, row by row
+    std::size_t max_blocks = 0;                                  // of any of the sprites
     bool has_translucent = false;
 
     bool is_missing(std::size_t i) const;
     void make_sprites(const MakeSprite& make_sprite);
   };
-  // What can be seen of a block that was put down.
+  // The visible pixels of a block at one position.
   struct VisibleBlock {
     std::uint64_t pixels;
     const Sprite::Block* block;
-    std::ptrdiff_t first_pixel;  // of the block's first pixel, which may lie outside
+    std::ptrdiff_t first_pixel;  // index of the block's first pixel, which may be outside
   };
-  // From the last to the first.
+  // Front to back: the last figure first.
   struct VisibleBlocks {
     std::vector<VisibleBlock> items;
     std::size_t count = 0;
 
-    // Where the next ones go, and that they are there.
+    // Makes room for `more` items after the last one, and returns a pointer to them.
     VisibleBlock* reserve(std::size_t more);
     void end_at(const VisibleBlock* end);
   };
@@ -76,20 +77,20 @@ class SpriteBatch {
   void paint_solid(const Canvas& canvas);
   void paint_translucent(const Canvas& canvas);
 
-  std::vector<Series> m_series;  // those not in use keep their memory
+  std::vector<Series> m_series;  // unused ones keep their memory
   std::size_t m_series_used = 0;
-  // The last x as they were given.
+  // The x of the last add(), and their phases in m_x.
   std::vector<double> m_given_x;
   double m_units_per_pixel = 0;
   std::shared_ptr<const std::vector<int>> m_x;
 
   std::vector<std::uint64_t> m_tiles;
-  // Where the figure stands that was looked at last, of the places behind it.
+  // The position, in phases, of the figure that was visited last.
   int m_last_x = 0;
   int m_last_y = 0;
   VisibleBlocks m_solid;
   VisibleBlocks m_translucent;
-  std::array<std::ptrdiff_t, 64> m_offsets{};  // of the pixels of a block, from its first
+  std::array<std::ptrdiff_t, 64> m_offsets{};  // of a block's pixels from its first one
 };
 
 }  // namespace kurv::raster

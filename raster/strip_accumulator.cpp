@@ -13,7 +13,7 @@ void StripAccumulator::clear() {
   m_end = 0;
 }
 
-// An interval in parts of rows.
+// The edges of an interval, in units: each is split between the row that contains it and the next.
 void StripAccumulator::add_edges(int from, int to, int column) {
   Row* const rows = m_deltas.data();
   const auto add = [=](int row, int delta) {
@@ -34,7 +34,7 @@ void StripAccumulator::add(const float* top, const float* bottom, int per_pixel_
   for (int i = 0; i < count; ++i) {
     const auto index = static_cast<std::size_t>(i);
     from[index] = static_cast<int>(fast_min(fast_max(top[i], 0), height) * kUnits);
-    // An interval that is none ends where it begins.
+    // An empty interval ends where it begins.
     to[index] =
         std::max(from[index], static_cast<int>(fast_min(fast_max(bottom[i], 0), height) * kUnits));
     first = std::min(first, from[index]);
@@ -43,7 +43,8 @@ void StripAccumulator::add(const float* top, const float* bottom, int per_pixel_
   if (first >= last) return;
   m_begin = std::min(m_begin, first >> kUnitsLog2);
   m_end = std::max(m_end, last >> kUnitsLog2);
-  // Neighbours in the same column would wait for each other.
+  // Subcolumns of the same pixel are not added in succession: each addition would wait for the one
+  // before it.
   for (int in_pixel = 0; in_pixel < 1 << per_pixel_log2; ++in_pixel) {
     for (int column = 0; column < kWidth; ++column) {
       const auto i = static_cast<std::size_t>((column << per_pixel_log2) + in_pixel);

@@ -1,4 +1,5 @@
-// A strip of a few pixel columns on its way from intervals of y to coverages.
+// Converts intervals of y to coverages, in one strip of the picture: sixteen pixel columns and all
+// rows.
 #pragma once
 
 #include <algorithm>
@@ -11,14 +12,15 @@
 
 namespace kurv::raster {
 
-// In pixels from the top of the picture; nothing where `top` is not above `bottom`.
+// In pixels from the top of the picture; empty where top >= bottom.
 struct Interval {
   float top;
   float bottom;
 };
 
-// Pixel columns side by side, so that what happens to a row happens to all of them at once. Each is
-// the sum of its cells: 2^n vertical lines, all of which together cover it.
+// An accumulation buffer: an interval adds its two edges to an array of differences, and a running
+// sum down the rows gives the coverages, for sixteen pixel columns at once. A pixel column is the
+// sum of its subcolumns, of which there are 2^per_pixel_log2.
 class StripAccumulator {
  public:
   static constexpr int kWidth = 16;
@@ -27,13 +29,13 @@ class StripAccumulator {
 
   int height() const { return m_height; }
 
-  // One interval for each cell of the tile, in their order, kColumns << log2 of either.
+  // One interval for each subcolumn of the strip, kWidth << per_pixel_log2 in all.
   void add(const float* top, const float* bottom, int per_pixel_log2);
-  // One more for one of the cells.
+  // One more interval in one of the subcolumns, which must not overlap the others there.
   void add(int subcolumn, Interval interval, int per_pixel_log2);
-  // Forgets what was added.
+  // Drops what was added.
   void clear();
-  // Calls visit(row, RowCoverage) for each row that anything may cover, and empties the tile.
+  // Calls visit(row, RowCoverage) for each row that may be covered, and clears the buffer.
   // `per_pixel_log2` is that of everything that was added.
   template <class Visit>
   void take_rows(int per_pixel_log2, const Visit& visit) {
@@ -54,13 +56,13 @@ class StripAccumulator {
   }
 
  private:
-  // Parts of a row, so that sums come out exact.
+  // Fixed point: the height of a row is kUnits, so that sums are exact.
   static constexpr int kUnitsLog2 = 8;
   static constexpr int kUnits = 1 << kUnitsLog2;
-  // What begins in a row, by column; all the height of a row is kParts.
+  // By column, by how much the covered height changes from the row before.
   using Row = std::array<std::int16_t, kWidth>;
 
-  // 0 to 255, of sums up to kParts << per_pixel_log2.
+  // 0..255, from sums of 0..kUnits << per_pixel_log2.
   static U16x8 to_coverage(I16x8 sums, int per_pixel_log2) {
     const auto half = static_cast<std::int16_t>(1 << (per_pixel_log2 - 1));
     return bit_cast_to<U16x8>((sums - (sums >> kUnitsLog2) + half) >> per_pixel_log2);
@@ -69,7 +71,7 @@ class StripAccumulator {
 
   int m_height;
   std::vector<Row> m_deltas;
-  // Rows from m_begin to m_end hold changes.
+  // Rows m_begin..m_end + 1 hold differences.
   int m_begin;
   int m_end = 0;
 };

@@ -1,4 +1,4 @@
-// What segments and arcs share.
+// What the rasterisers of segments and arcs share.
 #pragma once
 
 #include <algorithm>
@@ -14,18 +14,19 @@ inline float finite(float value) {
   return std::clamp(value, -FLT_MAX, FLT_MAX);
 }
 
-// The first pixel, of 0..size, whose centre is not before the coordinate. Given a span's end it is
-// the first pixel that is not inside. (A centre exactly there has no coverage and may go either
-// way.)
+// The first pixel, of 0..size, whose centre is at or after the coordinate. Given the end of a span,
+// it is the end of the pixels inside.
 inline int first_pixel_from(double coordinate, int size) {
   return static_cast<int>(std::clamp(coordinate + 0.5, 0.0, static_cast<double>(size)));
 }
 
+// A coverage of 0..1 as 0..255.
 inline std::uint8_t to_byte(float coverage) {
   return static_cast<std::uint8_t>(coverage * 255 + 0.5F);
 }
 
-// The 0..255 coverage of a pixel; `reach` is half the pen width and half a pixel.
+// The coverage of a pixel, 0..255, by the distance of its centre from the middle of the stroke: a
+// ramp of one pixel at the edge. `reach` is half the pen width plus half a pixel.
 template <typename Real>
 std::uint8_t coverage_at(Real distance, Real reach) {
   const Real covered = std::clamp(reach - distance, Real(0), Real(1));

@@ -1,10 +1,10 @@
-// Antialiased strokes with round ends, added to a coverage mask.
+// Antialiased strokes with round caps, added to a coverage mask.
 //
-// A pixel is covered by as much of its area as lies within the stroke, at the round ends of
-// segments and along circles nearly. Coordinates are single-precision numbers in units of
-// the caller's, y downwards. What is visible of a stroke is exact however far away its ends are: an
-// infinity stands for the largest finite number, and a NaN anywhere draws nothing. A stroke takes
-// time in proportion to the pixels of the mask that it can touch.
+// The coverage of a pixel is the part of its area within the stroke: exact along segments, and an
+// approximation at round caps and along circles. Coordinates are single-precision numbers in units
+// of the caller, y downwards. The visible part of a stroke is accurate however far away its ends
+// are. An infinity counts as the largest finite number, and a NaN anywhere draws nothing. The time
+// is proportional to the number of mask pixels that the stroke can touch.
 #pragma once
 
 #include "raster/coverage.h"
@@ -21,14 +21,14 @@ struct Pen {
   double half_width = 0.5;     // in pixels, at least 1/2
 };
 
-// A segment of no length is a dot.
+// A segment of length zero is a dot.
 void add_segment(Coverage& mask, const Pen& pen, Point from, Point to);
 
-// The same, faster, above all where it is long: it may be kept in `others` until that is merged.
+// The same, but faster. Part of the segments is kept in `others` until its merge_into() is called.
 class NarrowSegments;
 void add_segment(Coverage& mask, NarrowSegments& others, const Pen& pen, Point from, Point to);
 
-// A circle's outline. A radius of zero makes a dot, a negative one nothing.
+// The outline of a circle. A radius of zero draws a dot, a negative one nothing.
 void add_circle(Coverage& mask, const Pen& pen, Point centre, float radius);
 
 // The part of a circle's outline from one angle to another, in radians anticlockwise from the

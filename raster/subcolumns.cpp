@@ -15,7 +15,7 @@ constexpr float kNoBottom = -kNoTop;
 
 Subcolumns::Subcolumns(int width, int height) : m_width(width), m_accumulator(height) {}
 
-// Of whole tiles.
+// Of whole strips.
 std::size_t Subcolumns::capacity() const {
   const int strips = (width() + StripAccumulator::kWidth - 1) / StripAccumulator::kWidth;
   return static_cast<std::size_t>(strips * StripAccumulator::kWidth) << m_per_pixel_log2;
@@ -44,7 +44,8 @@ void Subcolumns::cover(int first, std::span<const float> top, std::span<const fl
   }
 }
 
-// Cells first..end-1 and what lies between them and the others count as well, as empty as they are.
+// Extends m_first..m_end-1 by subcolumns first..end-1 and the gap between the two, all of them
+// empty.
 void Subcolumns::extend(int first, int end) {
   const auto empty = [this](int from, int to) {
     if (from >= to) return;
@@ -63,9 +64,9 @@ void Subcolumns::assign(int first, std::span<const float> top, std::span<const f
 }
 
 void Subcolumns::insert(int subcolumn, Interval interval) {
-  const auto place = static_cast<std::size_t>(subcolumn);
-  float& top = m_top[place];
-  float& bottom = m_bottom[place];
+  const auto index = static_cast<std::size_t>(subcolumn);
+  float& top = m_top[index];
+  float& bottom = m_bottom[index];
   if (!(top < bottom)) {
     top = interval.top;
     bottom = interval.bottom;
@@ -80,8 +81,8 @@ void Subcolumns::insert(int subcolumn, Interval interval) {
   }
 }
 
-// The intervals of a cell no longer touch each other, and all but its first are in the order of
-// their cells.
+// Merges the intervals of each subcolumn that touch each other. Those that remain are sorted by
+// subcolumn.
 void Subcolumns::merge_extra() {
   if (m_extra.empty()) return;
   std::ranges::sort(m_extra, [](const ExtraInterval& a, const ExtraInterval& b) {
@@ -99,12 +100,12 @@ void Subcolumns::merge_extra() {
   m_extra.swap(kept);
 }
 
-// These are all further ones of one cell, by their tops. Those that have become one interval with
-// the first of the cell go into it, and the others are kept, joined with each other.
+// `extra` are all extra intervals of one subcolumn, sorted by their tops. Those that touch its
+// first interval are merged into it; the others are kept, merged with each other.
 void Subcolumns::merge_subcolumn(std::span<const ExtraInterval> extra,
                                  std::vector<ExtraInterval>& kept) {
-  const auto place = static_cast<std::size_t>(extra.front().subcolumn);
-  Interval own{m_top[place], m_bottom[place]};
+  const auto index = static_cast<std::size_t>(extra.front().subcolumn);
+  Interval own{m_top[index], m_bottom[index]};
   const auto touch = [](const Interval& a, const Interval& b) {
     return a.top <= b.bottom && b.top <= a.bottom;
   };
@@ -122,8 +123,8 @@ void Subcolumns::merge_subcolumn(std::span<const ExtraInterval> extra,
       kept.push_back({extra.front().subcolumn, joined});
     }
   }
-  m_top[place] = own.top;
-  m_bottom[place] = own.bottom;
+  m_top[index] = own.top;
+  m_bottom[index] = own.bottom;
 }
 
 void Subcolumns::prepare(int first_strip, int end_strip) {

@@ -1,6 +1,8 @@
-// What is covered of a few vertical lines per pixel, as intervals of y.
+// Coverage by sampling: 8 or 16 vertical sample lines in each pixel column, and on each of them the
+// covered intervals of y.
 //
-// It becomes pixels once, in one colour, so that it does not matter how often anything was covered.
+// Intervals are united, and their union is converted to coverages once. So it does not matter how
+// often anything was covered.
 #pragma once
 
 #include <cstddef>
@@ -12,7 +14,7 @@
 
 namespace kurv::raster {
 
-// Each line stands for the cell of the picture round it, which is as wide as the lines are apart.
+// Each sample line represents its subcolumn: the part of the picture nearest to it.
 class Subcolumns {
  public:
   Subcolumns(int width, int height);
@@ -24,13 +26,13 @@ class Subcolumns {
   int per_strip() const { return StripAccumulator::kWidth << m_per_pixel_log2; }
   bool is_empty() const { return m_first >= m_end; }
 
-  // Only while it is empty, and once before anything is added.
+  // To be called before the first cover(), and only while nothing is covered.
   void set_per_pixel_log2(int value);
-  // Covers cell `first` + i from top[i] to bottom[i], in pixels; nothing where the one is not above
-  // the other.
+  // Covers subcolumn `first` + i from top[i] to bottom[i], in pixels; nothing where top[i] >=
+  // bottom[i].
   void cover(int first, std::span<const float> top, std::span<const float> bottom);
-  // Calls put(tile, row, RowCoverage) for what is covered, tiles and rows from the first to the
-  // last, and forgets it.
+  // Calls put(strip, row, RowCoverage) for all that is covered, in ascending order of strips and of
+  // rows, and clears it.
   template <class Put>
   void flush(const Put& put) {
     if (is_empty()) return;
@@ -46,7 +48,8 @@ class Subcolumns {
   void clear();
 
  private:
-  // One that the first of its cell, m_top to m_bottom, does not touch; another one it may.
+  // An interval that does not touch the first one of its subcolumn, m_top to m_bottom. It may touch
+  // others.
   struct ExtraInterval {
     int subcolumn;
     Interval interval;
@@ -64,13 +67,13 @@ class Subcolumns {
   int m_width;
   StripAccumulator m_accumulator;
   int m_per_pixel_log2 = 0;
-  // The first interval of each cell; none where top is not above bottom. What lies outside of
-  // m_first..m_end-1 holds nothing, whatever stands there.
+  // The first interval of each subcolumn; none where top >= bottom. Elements outside
+  // m_first..m_end-1 have no meaning.
   std::vector<float> m_top;
   std::vector<float> m_bottom;
   std::vector<ExtraInterval> m_extra;
-  std::size_t m_next_extra = 0;   // of those that are in no tile yet, while flushing
-  std::size_t m_extra_limit = 0;  // until they are joined
+  std::size_t m_next_extra = 0;   // the first that is not accumulated yet, during a flush
+  std::size_t m_extra_limit = 0;  // how many there may be before they are merged
   int m_first = 0;
   int m_end = 0;
 };

@@ -28,7 +28,7 @@ bool is_monotonic(std::span<const float> x) {
 }  // namespace
 
 bool XPositions::set_x(std::span<const float> x) {
-  // Bit by bit, which is faster than asking which numbers are equal.
+  // Compared as bytes, which is faster than comparing floats.
   if (x.empty() && m_x.empty()) return true;
   if (x.size() == m_x.size() && std::memcmp(x.data(), m_x.data(), x.size_bytes()) == 0) return true;
   if (!is_monotonic(x)) return false;
@@ -46,7 +46,7 @@ void XPositions::set_grid(const NodeGrid& grid) {
   m_current = 1 - m_current;
   if (is_wanted(current())) return;
   GridPositions& positions = m_cached[m_current];
-  positions.is_known = false;  // should memory run out meanwhile
+  positions.is_known = false;  // stays so if an allocation below fails
   positions.grid = grid;
   compute_positions(positions);
   positions.is_known = true;
@@ -67,7 +67,7 @@ void XPositions::compute_positions(GridPositions& positions) const {
     const float at = positions.at[i];
     widest = fast_max(at - before, widest);
     before = at;
-    // Counted from one node further, because cutting off rounds towards zero.
+    // Shifted by one node and back, because truncation rounds negative numbers up.
     positions.nearest[i] = static_cast<int>(fast_min(fast_max(at + 1.5F, 0), last + 2)) - 1;
   }
   positions.is_dense = widest <= 0.5F;
@@ -83,18 +83,18 @@ void XPositions::find_rim_crossings() {
   positions.has_rim_crossings = true;
 }
 
-// So far behind each node.
+// At `rim_offset` after each node.
 std::vector<Crossing> XPositions::crossings(const GridPositions& positions, float rim_offset) {
   const int count = positions.grid.last + 1;
   std::vector<Crossing> result(static_cast<std::size_t>(count));
   const std::vector<float>& at = positions.at;
   int node = 0;
-  // A point that stands before all nodes has none behind it that it could end.
+  // Segments that end before the first node cross none.
   const auto is_before = [&](float x) { return x < static_cast<float>(node) + rim_offset; };
   auto point = static_cast<std::size_t>(std::ranges::partition_point(at, is_before) - at.begin());
   for (point = std::max<std::size_t>(point, 1); point < at.size() && node < count; ++point) {
     const float before = at[point - 1] - rim_offset, here = at[point] - rim_offset;
-    // One that stands on the point between two segments belongs to the second.
+    // A node exactly at a point belongs to the segment after it.
     if (node > 0 && static_cast<float>(node - 1) >= before) --node;
     while (node < count && static_cast<float>(node) < before) ++node;
     for (; node < count && static_cast<float>(node) <= here; ++node) {

@@ -1,5 +1,5 @@
-// Where the points of a polyline stand among evenly spaced nodes. It is remembered, because the
-// curves of a graph share their x.
+// The x positions of a polyline's points on a grid of evenly spaced nodes. They are cached, because
+// the curves of a graph share their x.
 #pragma once
 
 #include <array>
@@ -11,42 +11,42 @@ namespace kurv::raster {
 
 struct NodeGrid {
   double nodes_per_unit = 1;  // of x
-  int origin = 0;             // that stands at x = 0
-  int last = 0;               // they count from 0
-  float rim_offset = 0.5F;  // where else between two nodes the line is asked for: so far behind the
-                            // first and so far before the second, of the way between them
+  int origin = 0;             // the node at x = 0
+  int last = 0;               // nodes are 0..last
+  // The line is also evaluated at this offset after each node and at the same offset before the
+  // next one, as a part of the distance between them.
+  float rim_offset = 0.5F;
 
   friend bool operator==(const NodeGrid&, const NodeGrid&) = default;
 };
 
-// Where the line passes a place: on which segment, by the point that ends it, and how much of it
-// lies before the place.
+// Where the line crosses a vertical line: the segment, by the index of its end point, and the
+// fraction of it before the crossing.
 struct Crossing {
-  int segment = 0;  // none
+  int segment = 0;  // 0: no segment
   float fraction = 0;
 };
 
 class XPositions {
  public:
-  // False, and what was there stays, where x goes back and forth or is not finite throughout.
+  // False where x is not monotonic or not finite throughout; the previous x then stay.
   bool set_x(std::span<const float> x);
-  // Has to come before any of the questions below. Two sets of nodes are remembered.
+  // To be called before any of the getters below. The positions on two grids are cached.
   void set_grid(const NodeGrid& grid);
 
-  // Whether x runs downwards. Points are counted in ascending order all the same.
+  // Whether x descends. Points are indexed in ascending order of x all the same.
   bool is_reversed() const { return m_is_reversed; }
-  // Whether the points are so close together that each node between two of them is the nearest of
-  // both, or stands on one.
+  // Whether neighbouring points are at most half a node apart.
   bool is_dense() const { return current().is_dense; }
   float position(int point) const { return current().at[static_cast<std::size_t>(point)]; }
-  // The node nearest to the point, or one before the first, or one behind the last.
+  // The node nearest to the point; -1 before the first node, last + 1 after the last one.
   int nearest_node(int point) const { return current().nearest[static_cast<std::size_t>(point)]; }
-  // The same of all points, one after the other.
+  // The same for all points, as an array.
   const int* nearest_nodes() const { return current().nearest.data(); }
-  // On the last segment that passes the node.
+  // On the last segment that crosses the node.
   Crossing crossing(int node) const { return at_node(current().crossings, node); }
-  // The same so far aside from the node, or before the next one. They are looked for once somebody
-  // wants them: find_asides() has to come before.
+  // The same at the rim offset after the node, and before the next node. They are computed on
+  // demand: find_rim_crossings() has to be called before.
   void find_rim_crossings();
   Crossing crossing_after(int node) const { return at_node(current().after_node, node); }
   Crossing crossing_before_next(int node) const {
@@ -73,7 +73,7 @@ class XPositions {
   void compute_positions(GridPositions& positions) const;
   static std::vector<Crossing> crossings(const GridPositions& positions, float rim_offset);
 
-  std::vector<float> m_x;  // as given
+  std::vector<float> m_x;  // in the order given
   bool m_is_reversed = false;
   std::array<GridPositions, 2> m_cached;
   std::size_t m_current = 0;
