@@ -65,7 +65,7 @@ TEST(Circle, WithoutAUsableRadiusOrCentreDrawsNothing) {
   EXPECT_EQ(total_of(mask), 0);
 }
 
-// Circles that touch an axis at the origin: what is visible of them is a straight line.
+// Circles that touch an axis at the origin: the visible part looks like a straight line.
 TEST(Circle, OfAnySizeShowsItsStraightLookingPieceExactly) {
   for (const float radius : {1e8F, 1e12F, 1e30F, 3e38F, kInfinity}) {
     Coverage upright(16, 12);
@@ -83,7 +83,8 @@ TEST(Circle, OfAnySizeShowsItsStraightLookingPieceExactly) {
   }
 }
 
-// 3, 4, 5 times a power of two is exact in single precision, so the circle goes through the origin.
+// 3, 4 and 5 times a power of two are exact in single precision, so the circle goes through the
+// origin.
 TEST(Circle, OfAnySizeIsExactInAnyDirection) {
   for (const int power : {20, 60, 100}) {
     const auto unit = std::ldexp(1.0F, power);

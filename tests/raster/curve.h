@@ -1,4 +1,4 @@
-// Curves that are drawn as columns, beside what they truly cover.
+// x-monotone polylines as drawn, and their exact coverage.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -33,13 +33,13 @@ struct Curve {
     Curve other = *this;
     std::ranges::reverse(other.x);
     std::ranges::reverse(other.y);
-    // Segment i ends at point i, and begins there when seen from the other end.
+    // Segment i ends at point i; in the reversed curve it begins there.
     for (std::size_t i = 1; i < drawn.size(); ++i) other.drawn[drawn.size() - i] = drawn[i];
     return other;
   }
 };
 
-// Points at even distances in x; `height_at` gives their y by that and by their number.
+// Points evenly spaced in x; `height_at` gives their y, by x and index.
 inline Curve curve_of(int count, double from, double to,
                       const std::function<double(double, int)>& height_at) {
   Curve curve;
@@ -56,7 +56,7 @@ inline Curve noise(int count, double from, double to, double low, double high) {
   return curve_of(count, from, to, [&](double, int) { return height(generator); });
 }
 
-// Coverages of a picture of black on white.
+// Draws black on white, and gives the coverage of each pixel.
 class CurvePixels {
  public:
   CurvePixels(int width, int height) : m_width(width), m_height(height), m_picture(width, height) {}

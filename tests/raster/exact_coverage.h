@@ -1,7 +1,7 @@
-// What strokes with round ends cover of each pixel, slowly and exactly.
+// A slow reference rasteriser of strokes with round caps.
 //
-// The union of the strokes is cut by 64 vertical lines in each pixel, on each of which it is a few
-// intervals that are known exactly. What is drawn is compared with it in parts of 255.
+// The union of the strokes is sampled on 64 vertical lines in each pixel, on each of which it is a
+// few intervals that are known exactly. Differences are in 1/255.
 #pragma once
 
 #include <algorithm>
@@ -26,7 +26,7 @@ struct Stroke {
 
 namespace exact {
 
-// Large enough for the difference of two products of singles.
+// Holds the difference of two products of floats exactly.
 using Wide = __float128;
 
 struct WidePoint {
@@ -34,8 +34,7 @@ struct WidePoint {
   Wide y;
 };
 
-// The point on the line through p and q at which its steeper coordinate, which is x if `by_x`, is
-// `at`.
+// The point on the line through p and q whose major coordinate, x if `by_x`, is `at`.
 inline WidePoint on_line(WidePoint p, WidePoint q, bool by_x, double at) {
   const Wide a = p.y - q.y, b = q.x - p.x, c = p.x * q.y - q.x * p.y;
   if (by_x) return {at, -(a * at + c) / b};
@@ -71,7 +70,8 @@ inline void include_edge(Interval& interval, double ax, double ay, double bx, do
   interval.include(ay + (at - ax) / (bx - ax) * (by - ay));
 }
 
-// What the stroke covers of the vertical line at x = `at`: it is convex, so one interval.
+// The intersection of the stroke with the vertical line at x = `at`: the stroke is convex, so it is
+// one interval.
 inline Interval interval_of(const Stroke& stroke, double half_width, double at) {
   Interval interval;
   const auto [ax, ay, bx, by] = stroke;
@@ -90,8 +90,8 @@ inline Interval interval_of(const Stroke& stroke, double half_width, double at) 
 
 }  // namespace exact
 
-// The part of a segment that is near a picture, in pixels, to the last bit that a double has. The
-// ends may be 1e38 away.
+// The part of a segment near a picture, in pixels, exact to the precision of a double. The ends may
+// be 1e38 away.
 inline Stroke near_stroke(const Pen& pen, Point from, Point to, int width, int height) {
   const exact::Wide scale = pen.pixels_per_unit;
   const exact::WidePoint p{from.x * scale, from.y * scale}, q{to.x * scale, to.y * scale};
@@ -119,7 +119,7 @@ class ExactCoverage {
         m_height(height),
         m_half_width(half_width),
         m_covered(static_cast<std::size_t>(width) * static_cast<std::size_t>(height)) {
-    // Steep edges would fall between the vertical lines.
+    // Steep strokes are transposed: their edges would fall between the sample lines.
     m_is_transposed = std::all_of(strokes.begin(), strokes.end(), [](const Stroke& stroke) {
       return std::abs(stroke.to_y - stroke.from_y) > std::abs(stroke.to_x - stroke.from_x);
     });
@@ -188,7 +188,7 @@ class ExactCoverage {
   std::vector<double> m_covered;
 };
 
-// How far what was drawn is from what it should be, of 255: on the pixels that either touches.
+// The error of what was drawn, in 1/255, over the pixels that are touched in either picture.
 struct Difference {
   double mean = 0;
   double largest = 0;

@@ -26,13 +26,13 @@ int largest_difference(const GuardedCanvas& a, const GuardedCanvas& b, int width
   return largest;
 }
 
-struct Coloured {
+struct ColouredCurve {
   Curve curve;
   std::uint32_t colour;
 };
 
-void draw_forwards(GuardedCanvas& picture, int width, int height, const Pen& pen,
-                   const std::vector<Coloured>& curves) {
+void draw_back_to_front(GuardedCanvas& picture, int width, int height, const Pen& pen,
+                        const std::vector<ColouredCurve>& curves) {
   MonotonePolylines polylines(width, height);
   for (const auto& [curve, colour] : curves) {
     ASSERT_TRUE(polylines.add(pen, curve.line()));
@@ -40,8 +40,8 @@ void draw_forwards(GuardedCanvas& picture, int width, int height, const Pen& pen
   }
 }
 
-void draw_backwards(GuardedCanvas& picture, FrontToBackLayer& layer, int width, int height,
-                    const Pen& pen, const std::vector<Coloured>& curves) {
+void draw_front_to_back(GuardedCanvas& picture, FrontToBackLayer& layer, int width, int height,
+                        const Pen& pen, const std::vector<ColouredCurve>& curves) {
   MonotonePolylines polylines(width, height);
   for (auto i = curves.rbegin(); i != curves.rend(); ++i) {
     ASSERT_TRUE(polylines.accepts(pen, i->curve.line().x));
@@ -51,8 +51,8 @@ void draw_backwards(GuardedCanvas& picture, FrontToBackLayer& layer, int width, 
   layer.flush(picture.canvas());
 }
 
-std::vector<Coloured> noisy_curves(int count, int points, double width, double height) {
-  std::vector<Coloured> curves;
+std::vector<ColouredCurve> noisy_curves(int count, int points, double width, double height) {
+  std::vector<ColouredCurve> curves;
   for (int i = 0; i < count; ++i) {
     const double middle = height * (0.2 + 0.6 * ((i * 7) % 10) / 9.0);
     curves.push_back({noise(points + i, -3, width + 4, middle - height / 6, middle + height / 6),
@@ -61,18 +61,18 @@ std::vector<Coloured> noisy_curves(int count, int points, double width, double h
   return curves;
 }
 
-// Forwards each blend rounds to a whole step of a colour, and so each may be half a step off.
-TEST(FrontToBackLayer, FromTheFrontToTheBackIsTheSamePicture) {
+// Drawn back to front, each blend rounds to a whole colour step, so each may be half a step off.
+TEST(FrontToBackLayer, GivesThePictureThatIsDrawnBackToFront) {
   for (const auto& [width, height] : {std::pair{100, 90}, {16, 64}, {7, 130}, {33, 1}}) {
     for (const double half_width : {0.5, 1.3, 4.0}) {
       for (const int points : {60, 5000}) {
         const auto curves = noisy_curves(24, points, width, height);
-        GuardedCanvas forwards(width, height), backwards(width, height);
+        GuardedCanvas back_to_front(width, height), front_to_back(width, height);
         FrontToBackLayer layer(width, height);
-        draw_forwards(forwards, width, height, {1, half_width}, curves);
-        draw_backwards(backwards, layer, width, height, {1, half_width}, curves);
-        EXPECT_FALSE(forwards.is_white());
-        EXPECT_LE(largest_difference(forwards, backwards, width, height), 3)
+        draw_back_to_front(back_to_front, width, height, {1, half_width}, curves);
+        draw_front_to_back(front_to_back, layer, width, height, {1, half_width}, curves);
+        EXPECT_FALSE(back_to_front.is_white());
+        EXPECT_LE(largest_difference(back_to_front, front_to_back, width, height), 3)
             << width << ' ' << half_width << ' ' << points;
       }
     }
@@ -83,10 +83,10 @@ TEST(FrontToBackLayer, IsEmptyAgainAfterAFlush) {
   const auto curves = noisy_curves(3, 900, 40, 50);
   FrontToBackLayer layer(40, 50);
   GuardedCanvas first(40, 50), nothing(40, 50), again(40, 50);
-  draw_backwards(first, layer, 40, 50, {1, 0.5}, curves);
+  draw_front_to_back(first, layer, 40, 50, {1, 0.5}, curves);
   layer.flush(nothing.canvas());
   EXPECT_TRUE(nothing.is_white());
-  draw_backwards(again, layer, 40, 50, {1, 0.5}, curves);
+  draw_front_to_back(again, layer, 40, 50, {1, 0.5}, curves);
   EXPECT_EQ(largest_difference(first, again, 40, 50), 0);
 }
 
@@ -94,7 +94,7 @@ RowCoverage covered(int left, int right) {
   return {U16x8{} + static_cast<std::uint16_t>(left), U16x8{} + static_cast<std::uint16_t>(right)};
 }
 
-TEST(FrontToBackLayer, HidesWhereEveryPixelOfEveryRowIsOpaque) {
+TEST(FrontToBackLayer, OccludesWhereEveryPixelOfEveryRowIsOpaque) {
   FrontToBackLayer layer(32, 200);
   for (int y = 40; y < 150; ++y) layer.blend_under(1, y, covered(255, 255), kColours[0]);
   EXPECT_TRUE(layer.occludes(1, 40, 150));
@@ -111,7 +111,7 @@ TEST(FrontToBackLayer, HidesWhereEveryPixelOfEveryRowIsOpaque) {
   EXPECT_TRUE(layer.occludes(1, 40, 151)) << "by two together";
 }
 
-TEST(FrontToBackLayer, ClearedOnesNeitherHideNorShow) {
+TEST(FrontToBackLayer, NeitherOccludesNorShowsOnceCleared) {
   FrontToBackLayer layer(32, 20);
   layer.blend_under(0, 7, covered(255, 255), kColours[0]);
   layer.clear();
@@ -121,7 +121,7 @@ TEST(FrontToBackLayer, ClearedOnesNeitherHideNorShow) {
   EXPECT_TRUE(picture.is_white());
 }
 
-TEST(FrontToBackLayer, RowsThatAreNoneAreNeverSeen) {
+TEST(FrontToBackLayer, OccludesEmptyRangesOfRows) {
   const FrontToBackLayer layer(32, 200);
   EXPECT_TRUE(layer.occludes(0, 5, 5));
   EXPECT_TRUE(layer.occludes(0, 9, 2));
@@ -130,7 +130,7 @@ TEST(FrontToBackLayer, RowsThatAreNoneAreNeverSeen) {
   EXPECT_FALSE(layer.occludes(0, 199, 300));
 }
 
-TEST(FrontToBackLayer, WhatIsOpaqueHidesAndTheRestShowsThrough) {
+TEST(FrontToBackLayer, OpaquePixelsHideAndOthersShowTheBackdrop) {
   GuardedCanvas picture(16, 2);
   FrontToBackLayer layer(16, 2);
   layer.blend_under(0, 0, covered(255, 51), 0xFFFF0000);
@@ -142,15 +142,15 @@ TEST(FrontToBackLayer, WhatIsOpaqueHidesAndTheRestShowsThrough) {
   EXPECT_EQ(picture.at(3, 1), kWhitePixel);
 }
 
-TEST(FrontToBackLayer, LeavesOutNothingOfASparseLineBelowDenseOnes) {
+TEST(FrontToBackLayer, KeepsASparseLineBelowDenseOnes) {
   auto curves = noisy_curves(9, 4000, 80, 60);
   curves.insert(curves.begin(), {noise(9, 0, 80, 0, 60), 0xFF654321});
   curves.insert(curves.begin() + 4, {noise(15, 80, 0, 0, 60), 0xFF123456});
-  GuardedCanvas forwards(80, 60), backwards(80, 60);
+  GuardedCanvas back_to_front(80, 60), front_to_back(80, 60);
   FrontToBackLayer layer(80, 60);
-  draw_forwards(forwards, 80, 60, {1, 0.5}, curves);
-  draw_backwards(backwards, layer, 80, 60, {1, 0.5}, curves);
-  EXPECT_LE(largest_difference(forwards, backwards, 80, 60), 3);
+  draw_back_to_front(back_to_front, 80, 60, {1, 0.5}, curves);
+  draw_front_to_back(front_to_back, layer, 80, 60, {1, 0.5}, curves);
+  EXPECT_LE(largest_difference(back_to_front, front_to_back, 80, 60), 3);
 }
 
 }  // namespace

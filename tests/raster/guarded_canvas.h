@@ -1,4 +1,4 @@
-// A white canvas in the middle of a larger buffer whose rest must never change.
+// A white canvas in the middle of a larger buffer, whose other pixels must never change.
 #pragma once
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// How far the pixels of columns are from what a line truly covers.
+// x-monotone polylines compared with their exact coverage.
 #include <numbers>
 
 #include "raster/narrow_segments.h"
@@ -37,7 +37,7 @@ Curve with_breaks(Curve curve, int every) {
   return curve;
 }
 
-// Many short strokes above each other, each a line of its own.
+// Many short strokes above each other, each a run of its own.
 Curve dashes() {
   Curve curve;
   for (int i = 0; i < 40; ++i) {
@@ -52,9 +52,9 @@ double sine(double x, int) {
   return 40 + 30 * std::sin(x * 0.12);
 }
 
-class MonotonePolylinesBesideExactOnes : public testing::TestWithParam<Case> {};
+class MonotonePolylinesAgainstExactCoverage : public testing::TestWithParam<Case> {};
 
-TEST_P(MonotonePolylinesBesideExactOnes, AreCloseAtEveryWidth) {
+TEST_P(MonotonePolylinesAgainstExactCoverage, AreCloseAtEveryWidth) {
   const Case& line = GetParam();
   for (const double width : {1.0, 1.25, 1.5, 2.0, 4.0, 5.0, 7.5}) {
     const Pen pen{1, width / 2};
@@ -65,7 +65,7 @@ TEST_P(MonotonePolylinesBesideExactOnes, AreCloseAtEveryWidth) {
   }
 }
 
-TEST_P(MonotonePolylinesBesideExactOnes, AreTheSameFromRightToLeft) {
+TEST_P(MonotonePolylinesAgainstExactCoverage, AreTheSameFromRightToLeft) {
   const Curve& curve = GetParam().curve;
   CurvePixels forth(kWidth, kHeight), back(kWidth, kHeight);
   forth.draw({1, 0.5}, curve);
@@ -74,7 +74,7 @@ TEST_P(MonotonePolylinesBesideExactOnes, AreTheSameFromRightToLeft) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Lines, MonotonePolylinesBesideExactOnes,
+    Lines, MonotonePolylinesAgainstExactCoverage,
     testing::Values(
         Case{"DenseSmooth", curve_of(2500, -5, 125, sine)},
         Case{"SparseSmooth", curve_of(30, -5.3, 125.1, sine)},
@@ -83,8 +83,8 @@ INSTANTIATE_TEST_SUITE_P(
         Case{"Noise", noise(600, -5, 125, 0, 80)}, Case{"DenseNoise", noise(2500, -5, 125, 20, 60)},
         Case{"LowNoise", noise(600, -5, 125, 38, 42)},
         Case{"DenseSteep", curve_of(1200, 50, 60, [](double x, int) { return (x - 50) * 8; })},
-        // Where a line turns or jumps is known to 1/16 of a pixel, so upright strokes may be as
-        // much aside.
+        // The x of an extremum or a jump is known to 1/16 of a pixel, so upright strokes may be off
+        // by as much.
         Case{"Steep", curve_of(2, 50.03, 52.06, [](double, int i) { return i * 80; }), 7},
         Case{"Vertical", curve_of(2, 50.03, 50.03, [](double, int i) { return 10 + i * 60; }), 8},
         Case{"Flat", curve_of(2, -5, 125, [](double x, int) { return 40.2 + x * 0.01; }), 1, 3},
@@ -166,7 +166,7 @@ TEST(MonotonePolylines, JointsAreNoDarkerThanTheLine) {
   }
 }
 
-// A line that is drawn as a single segment collects in the mask, one of a curve in columns.
+// A single segment is collected in the coverage mask, a polyline in subcolumns.
 TEST(MonotonePolylines, SegmentLooksTheSameAlone) {
   for (const double half_width : {0.5, 1.0, 2.0}) {
     for (int step = -8; step <= 8; ++step) {

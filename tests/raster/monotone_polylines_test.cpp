@@ -24,7 +24,7 @@ bool accepts(const std::vector<float>& x) {
   return polylines.add({1, 0.5}, {x, y, drawn});
 }
 
-TEST(MonotonePolylines, TakeLinesWhoseXGoesOneWay) {
+TEST(MonotonePolylines, AcceptMonotonicX) {
   EXPECT_TRUE(accepts({}));
   EXPECT_TRUE(accepts({4}));
   EXPECT_TRUE(accepts({1, 2, 2, 9}));
@@ -40,7 +40,7 @@ TEST(MonotonePolylines, TakeLinesWhoseXGoesOneWay) {
   EXPECT_FALSE(accepts({kNaN}));
 }
 
-TEST(MonotonePolylines, LeaveWhatTheyDoNotTakeUndrawn) {
+TEST(MonotonePolylines, DrawNothingOfWhatTheyDoNotAccept) {
   MonotonePolylines polylines(20, 20);
   const Curve back_and_forth = [] {
     Curve curve;
@@ -145,7 +145,7 @@ int ink_of(const Curve& curve) {
   return pixels_of(30, 80, {1, 0.5}, curve).total();
 }
 
-// A point on the border of a vertical line belongs to the run that begins there.
+// A point at the edge of a subcolumn, where one run ends and another begins.
 TEST(MonotonePolylines, ARunBeginsWithItsOwnSegments) {
   Curve gap;
   gap.add(0, 30.5);
@@ -162,8 +162,8 @@ TEST(MonotonePolylines, ARunBeginsWithItsOwnSegments) {
   EXPECT_NEAR(ink_of(far), 10 * 255, dots);
 }
 
-// The foot of a spike is no wider because the line is level before it.
-TEST(MonotonePolylines, LevelPartsAreNoTurnsWhereTheLineGoesOn) {
+// A plateau before a spike does not widen the foot of the spike.
+TEST(MonotonePolylines, PlateausAreNoExtremaWhereTheLineGoesOn) {
   Curve level, none;
   for (int i = 0; i <= 20; ++i) level.add(i * 0.5, 8.9);
   level.add(10.7, 75);
@@ -174,7 +174,7 @@ TEST(MonotonePolylines, LevelPartsAreNoTurnsWhereTheLineGoesOn) {
   EXPECT_LE(with.from(pixels_of(30, 80, {1, 0.5}, none)).largest, 2);
 }
 
-TEST(MonotonePolylines, AFlushForgetsWhatItBlended) {
+TEST(MonotonePolylines, AreEmptyAfterAFlush) {
   MonotonePolylines polylines(30, 20);
   ASSERT_TRUE(polylines.add({1, 0.5}, noise(90, 0, 30, 0, 20).line()));
   CurvePixels once(30, 20), twice(30, 20);
@@ -184,7 +184,7 @@ TEST(MonotonePolylines, AFlushForgetsWhatItBlended) {
   EXPECT_EQ(twice.total(), 0);
 }
 
-TEST(MonotonePolylines, ClearedOnesNeverShow) {
+TEST(MonotonePolylines, NeverShowOnceCleared) {
   MonotonePolylines polylines(30, 20);
   ASSERT_TRUE(polylines.add({1, 0.5}, noise(90, 0, 30, 0, 20).line()));
   polylines.clear();
@@ -193,7 +193,7 @@ TEST(MonotonePolylines, ClearedOnesNeverShow) {
   EXPECT_EQ(pixels.total(), 0);
 }
 
-// Whatever was drawn before, with whichever pen, leaves no trace.
+// Nothing that was drawn before, with any pen, affects the next line.
 TEST(MonotonePolylines, DrawTheSameAfterAnyOtherLine) {
   const std::vector<Curve> curves = {
       noise(900, -3, 44, 0, 37),    noise(20, -3, 44, 0, 37), noise(900, -3, 20, 0, 37),

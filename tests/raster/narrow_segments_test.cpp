@@ -68,7 +68,7 @@ TEST(NarrowSegments, ShortOnesLookExactlyLikePlainOnes) {
         Masks masks(70, 70);
         const Point from{static_cast<float>(35 + step % 7 * 0.3), 35.4F};
         masks.add({1, half_width}, from, away(from, length, angle));
-        // Rounded differently, where the one goes along the columns and the other along the rows.
+        // They may round differently, where one is stepped along columns and the other along rows.
         ASSERT_LE(masks.difference().largest, 1) << half_width << ' ' << step << ' ' << length;
       }
     }
@@ -90,7 +90,7 @@ TEST(NarrowSegments, LookLikePlainOnesInPicturesOfAnySize) {
   }
 }
 
-// Both at once, and so that the line is seen in the outermost columns alone.
+// Lines along two opposite edges at once, visible in the outermost rows or columns only.
 TEST(NarrowSegments, AlongTheEdgesLookLikePlainOnes) {
   for (const double half_width : {0.5, 1.0, 2.0}) {
     for (int step = -24; step <= 24; ++step) {
@@ -105,7 +105,7 @@ TEST(NarrowSegments, AlongTheEdgesLookLikePlainOnes) {
   }
 }
 
-TEST(NarrowSegments, CutIntoPiecesLookLikeOne) {
+TEST(NarrowSegments, SplitIntoPiecesLookLikeOne) {
   for (const double half_width : {0.5, 1.0, 2.0}) {
     for (int step = 0; step < 72; ++step) {
       const double angle = step * std::numbers::pi / 36 + 0.003;
@@ -125,7 +125,7 @@ TEST(NarrowSegments, CutIntoPiecesLookLikeOne) {
   }
 }
 
-TEST(NarrowSegments, AreCutAtEveryEdge) {
+TEST(NarrowSegments, AreClippedAtEveryEdge) {
   for (const double half_width : {0.5, 2.0}) {
     for (int step = 0; step < 90; ++step) {
       Masks masks(40, 30);
@@ -162,7 +162,7 @@ TEST(NarrowSegments, AreExactHoweverFarTheEndsAre) {
   }
 }
 
-// The boxes round such segments meet the mask, the lines themselves pass it far away.
+// The bounds of these segments intersect the mask, but the lines pass it far away.
 TEST(NarrowSegments, PassTheMaskAtAnyDistance) {
   for (const float far : {1e5F, 1e12F, 3e38F}) {
     Masks masks(40, 30);
@@ -174,7 +174,7 @@ TEST(NarrowSegments, PassTheMaskAtAnyDistance) {
   }
 }
 
-TEST(NarrowSegments, MergedOnesAreKeptNoLonger) {
+TEST(NarrowSegments, AreNotKeptAfterAMerge) {
   Masks masks(60, 60);
   masks.add({1, 0.5}, {3, 4}, {55, 30});
   masks.narrow_segments().merge_into(masks.fast());
@@ -184,7 +184,7 @@ TEST(NarrowSegments, MergedOnesAreKeptNoLonger) {
   EXPECT_EQ(total_of(masks.fast()), 0);
 }
 
-TEST(NarrowSegments, ClearedOnesNeverShow) {
+TEST(NarrowSegments, NeverShowOnceCleared) {
   Masks masks(60, 60);
   masks.add({1, 0.5}, {3, 4}, {55, 30});
   masks.fast().clear();
@@ -193,7 +193,7 @@ TEST(NarrowSegments, ClearedOnesNeverShow) {
   EXPECT_EQ(total_of(masks.fast()), 0);
 }
 
-TEST(NarrowSegments, ReachTheCanvasWhole) {
+TEST(NarrowSegments, ReachTheCanvasCompletely) {
   GuardedCanvas picture(60, 45);
   Masks masks(60, 45);
   for (int i = 0; i < 60; ++i) {

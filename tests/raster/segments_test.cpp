@@ -31,10 +31,10 @@ Difference error_of(Coverage& mask, const Pen& pen, const std::vector<Point>& po
       [&](int x, int y) { return exact.at(x, y); });
 }
 
-// All of a segment is exact to the last bit, but for its ends. A pixel whose middle the segment
-// passes is covered as if it went on, lest the joints of a line be seen: where its end should be
-// round that is 255 * (1/2 - pi/8) too much at worst.
-constexpr double kEndError = 28;
+// A segment is exact except at its caps. A pixel whose centre is not past an end is covered as if
+// the segment went on, so that joints do not show as notches: at a cap that is 255 * (1/2 - pi/8)
+// too much at worst.
+constexpr double kCapError = 28;
 constexpr double kBodyError = 1;
 
 TEST(Segment, OnPixelCentresIsFullAndOnePixelWide) {
@@ -66,13 +66,13 @@ TEST(Segment, CoversItsAreaAtEveryAngleAndWidth) {
       const Pen pen{1, half_width};
       Coverage mask = mask_with(40, 40, pen, {from, to});
       const Difference error = error_of(mask, pen, {from, to});
-      ASSERT_LE(error.largest, kEndError) << half_width << ' ' << step;
+      ASSERT_LE(error.largest, kCapError) << half_width << ' ' << step;
       ASSERT_LE(error.mean, 2) << half_width << ' ' << step;
     }
   }
 }
 
-TEST(Segment, WithoutItsEndsCoversItsAreaToTheLastBit) {
+TEST(Segment, WithoutItsCapsIsExact) {
   for (const double half_width : {0.5, 0.625, 1.0, 2.0, 3.2}) {
     for (int step = 0; step < 72; ++step) {
       const double angle = step * std::numbers::pi / 36 + 0.001 * (step % 3);
@@ -86,7 +86,7 @@ TEST(Segment, WithoutItsEndsCoversItsAreaToTheLastBit) {
   }
 }
 
-TEST(Segment, OfNoLengthIsADotOfThePen) {
+TEST(Segment, OfLengthZeroIsADotOfThePen) {
   for (const double half_width : {0.5, 1.0, 2.5}) {
     const Pen pen{1, half_width};
     for (const Point at : {Point{5.5F, 5.5F}, Point{5, 6}, Point{5.8F, 6.1F}}) {
@@ -111,7 +111,7 @@ TEST(Segment, VisiblePartIsExactHoweverFarTheEndsAre) {
         const bool has_end = step % 2 == 0;
         const Point from = has_end ? Point{middle, middle} : Point{-far, -far * slope};
         const Point ends[] = {{far, far * slope}, {far * slope, far}, {far, far * slope + 17}};
-        const double tolerance = has_end ? kEndError : kBodyError;
+        const double tolerance = has_end ? kCapError : kBodyError;
         for (const Point& end : ends) {
           Coverage mask = mask_with(32, 24, pen, {from, end});
           ASSERT_LE(error_of(mask, pen, {from, end}).largest, tolerance)
@@ -159,7 +159,7 @@ TEST(Segment, IsTheSameAloneAndInARun) {
   EXPECT_EQ(values_of(whole), joined);
 }
 
-TEST(Segment, CutIntoCollinearPiecesLooksLikeOne) {
+TEST(Segment, SplitIntoCollinearPiecesLooksLikeOne) {
   Coverage whole = mask_with(40, 40, {1, 0.5}, {{2.5F, 3}, {34.5F, 27}});
   Coverage pieces = mask_with(40, 40, {1, 0.5}, {{2.5F, 3}, {10.5F, 9}, {18.5F, 15}, {34.5F, 27}});
   const std::vector<int> one = values_of(whole), many = values_of(pieces);
@@ -210,8 +210,8 @@ TEST(Segment, SineCurveIsCloseToTrueAreaCoverage) {
   EXPECT_LE(error.largest, 24);
 }
 
-// So nearly level that its slope is hardly a number.
-TEST(Segments, AlmostLevelOnesFromFarAwayAreThere) {
+// So nearly level that the slope is a subnormal number.
+TEST(Segments, AlmostHorizontalOnesFromFarAwayShow) {
   for (const double half_width : {0.5, 2.5}) {
     for (const int width : {1, 16, 300}) {
       Coverage mask(width, 40);

@@ -1,4 +1,4 @@
-// Many figures at once are the same as one after the other, to the last bit.
+// Many sprites drawn at once give exactly the same picture as one after the other.
 #include "raster/sprite_batch.h"
 
 #include <algorithm>
@@ -30,17 +30,17 @@ class Dice {
   std::mt19937 m_generator;
 };
 
-// A pixel of a figure: its own part of the colour, and how much of the ground stays, of 255.
-struct Look {
+// A pixel of a figure: its premultiplied colour, and its transmittance, of 255.
+struct Texel {
   std::uint32_t colour = 0;
   std::uint32_t kept = 255;
 };
 
-std::uint32_t over(std::uint32_t ground, const Look& look) {
+std::uint32_t over(std::uint32_t backdrop, const Texel& texel) {
   std::uint32_t pixel = kBlackPixel;
   for (const int shift : {16, 8, 0}) {
-    const std::uint32_t stays = ((ground >> shift & 255) * look.kept + 127) / 255;
-    pixel |= ((look.colour >> shift & 255) + stays) << shift;
+    const std::uint32_t stays = ((backdrop >> shift & 255) * texel.kept + 127) / 255;
+    pixel |= ((texel.colour >> shift & 255) + stays) << shift;
   }
   return pixel;
 }
@@ -48,11 +48,11 @@ std::uint32_t over(std::uint32_t ground, const Look& look) {
 struct Figure {
   int width = 0;
   int height = 0;
-  std::vector<Look> texels;
+  std::vector<Texel> texels;
 
   int middle_x() const { return width / 2; }
   int middle_y() const { return height / 2; }
-  const Look& at(int x, int y) const { return texels[static_cast<std::size_t>(y * width + x)]; }
+  const Texel& at(int x, int y) const { return texels[static_cast<std::size_t>(y * width + x)]; }
   void draw(const Canvas& canvas, int x, int y) const {
     for (int row = 0; row < height; ++row) {
       for (int column = 0; column < width; ++column) {
@@ -72,17 +72,17 @@ struct Figure {
   }
 };
 
-// Of a hundred pixels that many hide the ground, and as many as are left of `touched` veil it.
+// Of a hundred pixels about `solid` are opaque, and `touched` - `solid` translucent.
 Figure random_figure(Dice& dice, int width, int height, int solid, int touched) {
   Figure figure{width, height, {}};
   for (int i = 0; i < width * height; ++i) {
     const int kind = dice.up_to(99);
     const int kept = kind < solid ? 0 : kind < touched ? 1 + dice.up_to(253) : 255;
-    Look look{0, static_cast<std::uint32_t>(kept)};
+    Texel texel{0, static_cast<std::uint32_t>(kept)};
     for (const int shift : {16, 8, 0}) {
-      look.colour |= static_cast<std::uint32_t>(dice.up_to(255 - kept)) << shift;
+      texel.colour |= static_cast<std::uint32_t>(dice.up_to(255 - kept)) << shift;
     }
-    figure.texels.push_back(look);
+    figure.texels.push_back(texel);
   }
   return figure;
 }
@@ -98,7 +98,7 @@ Phases random_phases(Dice& dice, int width, int height, int solid, int touched) 
   return phases;
 }
 
-struct Places {
+struct Positions {
   std::vector<double> x;
   std::vector<double> y;
 };
@@ -110,19 +110,20 @@ struct PhasedPixel {
   friend bool operator==(const PhasedPixel&, const PhasedPixel&) = default;
 };
 
-// The nearest quarter.
+// The nearest quarter of a pixel.
 PhasedPixel phased_pixel(double pixels) {
   const auto quarters =
       static_cast<std::int64_t>(std::floor(std::clamp(pixels, -1e8, 1e8) * 4 + 0.5));
   return {quarters >> 2, static_cast<int>(quarters & 3)};
 }
 
-void draw_one_by_one(const Canvas& canvas, const Phases& phases, const Places& places,
+void draw_one_by_one(const Canvas& canvas, const Phases& phases, const Positions& positions,
                      double unit) {
   PhasedPixel last_x{0, -1}, last_y{0, -1};
-  for (std::size_t i = 0; i < places.x.size(); ++i) {
-    if (std::isnan(places.x[i]) || std::isnan(places.y[i])) continue;
-    const PhasedPixel x = phased_pixel(places.x[i] / unit), y = phased_pixel(places.y[i] / unit);
+  for (std::size_t i = 0; i < positions.x.size(); ++i) {
+    if (std::isnan(positions.x[i]) || std::isnan(positions.y[i])) continue;
+    const PhasedPixel x = phased_pixel(positions.x[i] / unit),
+                      y = phased_pixel(positions.y[i] / unit);
     if (x == last_x && y == last_y) continue;
     last_x = x;
     last_y = y;
@@ -131,22 +132,22 @@ void draw_one_by_one(const Canvas& canvas, const Phases& phases, const Places& p
   }
 }
 
-void add(SpriteBatch& sprites, const Phases& phases, const Places& places, double unit) {
-  sprites.add(places.x, places.y, unit, [&phases](int phase_x, int phase_y) {
+void add(SpriteBatch& sprites, const Phases& phases, const Positions& positions, double unit) {
+  sprites.add(positions.x, positions.y, unit, [&phases](int phase_x, int phase_y) {
     return phases[static_cast<std::size_t>(phase_y * 4 + phase_x)].sprite();
   });
 }
 
 constexpr double kUnit = 15;
 
-// All over a canvas and beyond its edges.
-Places random_places(Dice& dice, int count, int width, int height) {
-  Places places;
+// Everywhere on a canvas and beyond its edges.
+Positions random_positions(Dice& dice, int count, int width, int height) {
+  Positions positions;
   for (int i = 0; i < count; ++i) {
-    places.x.push_back(dice.between(-12, width + 12) * kUnit);
-    places.y.push_back(dice.between(-12, height + 12) * kUnit);
+    positions.x.push_back(dice.between(-12, width + 12) * kUnit);
+    positions.y.push_back(dice.between(-12, height + 12) * kUnit);
   }
-  return places;
+  return positions;
 }
 
 void fill_with_noise(const Canvas& canvas, unsigned seed) {
@@ -160,7 +161,7 @@ void fill_with_noise(const Canvas& canvas, unsigned seed) {
 
 struct Series {
   Phases phases;
-  Places places;
+  Positions positions;
 };
 
 void expect_one_by_one(const std::vector<Series>& all_series, int width, int height) {
@@ -169,8 +170,8 @@ void expect_one_by_one(const std::vector<Series>& all_series, int width, int hei
   fill_with_noise(one_by_one.canvas(), 3);
   SpriteBatch sprites;
   for (const Series& series : all_series) {
-    add(sprites, series.phases, series.places, kUnit);
-    draw_one_by_one(one_by_one.canvas(), series.phases, series.places, kUnit);
+    add(sprites, series.phases, series.positions, kUnit);
+    draw_one_by_one(one_by_one.canvas(), series.phases, series.positions, kUnit);
   }
   sprites.flush(together.canvas());
   for (int y = 0; y < height; ++y) {
@@ -180,102 +181,102 @@ void expect_one_by_one(const std::vector<Series>& all_series, int width, int hei
   }
 }
 
-TEST(SpriteBatch, AreOneAfterTheOther) {
+TEST(SpriteBatch, EqualsDrawingOneAfterTheOther) {
   Dice dice(1);
   for (const auto& [width, height] :
        {std::pair{1, 1}, {3, 7}, {7, 7}, {8, 8}, {9, 8}, {8, 9}, {16, 3}, {21, 33}, {64, 64}}) {
     for (const auto& [solid, touched] : {std::pair{100, 100}, {70, 90}, {30, 60}, {0, 50}}) {
       const Phases phases = random_phases(dice, width, height, solid, touched);
       for (const auto& [canvas_width, canvas_height] : {std::pair{53, 41}, {64, 40}, {5, 3}}) {
-        expect_one_by_one({{phases, random_places(dice, 150, canvas_width, canvas_height)}},
+        expect_one_by_one({{phases, random_positions(dice, 150, canvas_width, canvas_height)}},
                           canvas_width, canvas_height);
       }
     }
   }
 }
 
-TEST(SpriteBatch, AreOneAfterTheOtherWhereXAscends) {
+TEST(SpriteBatch, EqualsDrawingOneAfterTheOtherWhereXIsSorted) {
   Dice dice(2);
   const Phases phases = random_phases(dice, 8, 7, 60, 85);
   for (const bool ascends : {true, false}) {
-    Places places = random_places(dice, 5000, 60, 30);
-    std::ranges::sort(places.x);
-    if (!ascends) std::ranges::reverse(places.x);
-    expect_one_by_one({{phases, places}}, 60, 30);
+    Positions positions = random_positions(dice, 5000, 60, 30);
+    std::ranges::sort(positions.x);
+    if (!ascends) std::ranges::reverse(positions.x);
+    expect_one_by_one({{phases, positions}}, 60, 30);
   }
 }
 
-TEST(SpriteBatch, OfSeveralFiguresLieAboveEachOther) {
+TEST(SpriteBatch, DrawsLaterFiguresOverEarlierOnes) {
   Dice dice(3);
-  const Places shared = random_places(dice, 300, 50, 37);
+  const Positions shared = random_positions(dice, 300, 50, 37);
   std::vector<Series> all_series;
   for (int i = 0; i < 6; ++i) {
-    Places places = random_places(dice, 300, 50, 37);
-    if (i % 3 != 2) places.x = shared.x;
-    all_series.push_back({random_phases(dice, 7 + i, 6, 40, 80), places});
+    Positions positions = random_positions(dice, 300, 50, 37);
+    if (i % 3 != 2) positions.x = shared.x;
+    all_series.push_back({random_phases(dice, 7 + i, 6, 40, 80), positions});
   }
   expect_one_by_one(all_series, 50, 37);
 }
 
-// Where a figure stands as the one before it does, nothing is added. One that is nowhere is not
-// before another.
-TEST(SpriteBatch, AtTheSamePlaceAreOne) {
+// A figure at the same position as the one before it is not drawn again. A missing one is skipped:
+// it does not come between two others.
+TEST(SpriteBatch, DrawsRepeatedPositionsOnce) {
   Dice dice(4);
-  Places places;
+  Positions positions;
   for (int i = 0; i < 3000; ++i) {
-    places.x.push_back(300 + dice.up_to(1) * 4.0);
-    places.y.push_back(dice.up_to(9) == 0 ? kNaN : 200 + dice.up_to(1) * 4.0);
+    positions.x.push_back(300 + dice.up_to(1) * 4.0);
+    positions.y.push_back(dice.up_to(9) == 0 ? kNaN : 200 + dice.up_to(1) * 4.0);
   }
-  expect_one_by_one({{random_phases(dice, 7, 7, 0, 90), places}}, 40, 30);
+  expect_one_by_one({{random_phases(dice, 7, 7, 0, 90), positions}}, 40, 30);
 }
 
-// However many there are, and wherever one is missing.
-TEST(SpriteBatch, AtTheSamePlaceAreOneAcrossAMissingOne) {
+// The same across the borders of the batches in which figures are processed.
+TEST(SpriteBatch, DrawsRepeatedPositionsOnceAcrossAMissingOne) {
   Dice dice(6);
   const Phases phases = random_phases(dice, 7, 7, 0, 90);
   for (const int missing : {1, 1022, 1023, 1024, 1025, 2046}) {
-    Places places;
+    Positions positions;
     for (int i = 0; i < 2048; ++i) {
-      places.x.push_back(100 + i * 0.25);
-      places.y.push_back(200);
+      positions.x.push_back(100 + i * 0.25);
+      positions.y.push_back(200);
     }
     const auto at = static_cast<std::size_t>(missing);
-    places.x[at - 1] = places.x[at + 1];
-    places.y[at] = kNaN;
-    expect_one_by_one({{phases, places}}, 60, 30);
+    positions.x[at - 1] = positions.x[at + 1];
+    positions.y[at] = kNaN;
+    expect_one_by_one({{phases, positions}}, 60, 30);
   }
 }
 
-TEST(SpriteBatch, OnceEachWhereNothingHidesThem) {
+TEST(SpriteBatch, DrawsEveryPhaseOnceWhereNothingIsHidden) {
   Dice dice(5);
-  Places places;
+  Positions positions;
   for (int i = 0; i < 16; ++i) {
-    places.x.push_back((10 + i % 4 * 20 + i / 4 * 0.25) * kUnit);
-    places.y.push_back((10 + i / 4 * 20 + i % 4 * 0.25) * kUnit);
+    positions.x.push_back((10 + i % 4 * 20 + i / 4 * 0.25) * kUnit);
+    positions.y.push_back((10 + i / 4 * 20 + i % 4 * 0.25) * kUnit);
   }
-  expect_one_by_one({{random_phases(dice, 9, 9, 50, 90), places}}, 90, 90);
+  expect_one_by_one({{random_phases(dice, 9, 9, 50, 90), positions}}, 90, 90);
 }
 
-TEST(SpriteBatch, ThatAreNoPlaceShowNothing) {
+TEST(SpriteBatch, LeavesOutPositionsThatAreNotFiniteOrFarAway) {
   Dice dice(6);
   const Phases phases = random_phases(dice, 7, 7, 50, 90);
-  Places places;
+  Positions positions;
   for (const double odd : {kNaN, kInfinity, -kInfinity, 1e300, -1e300, 1e10, -1e10, 4e9, -4e9}) {
     for (const auto& [x, y] : {std::pair{odd, 200.0}, {200.0, odd}, {odd, odd}}) {
-      places.x.push_back(x);
-      places.y.push_back(y);
+      positions.x.push_back(x);
+      positions.y.push_back(y);
     }
   }
   GuardedCanvas picture(30, 30);
   SpriteBatch sprites;
-  add(sprites, phases, places, kUnit);
+  add(sprites, phases, positions, kUnit);
   sprites.flush(picture.canvas());
   EXPECT_TRUE(picture.is_white());
 }
 
-TEST(SpriteBatch, BlendOverEachBackdropAsDefined) {
+TEST(SpriteBatch, BlendsOverEachBackdropAsDefined) {
   GuardedCanvas greys(256, 1);
-  Places everywhere;
+  Positions everywhere;
   for (int x = 0; x < 256; ++x) {
     everywhere.x.push_back(x);
     everywhere.y.push_back(0);
@@ -283,41 +284,41 @@ TEST(SpriteBatch, BlendOverEachBackdropAsDefined) {
   SpriteBatch sprites;
   for (std::uint32_t kept = 1; kept < 255; ++kept) {
     for (std::uint32_t x = 0; x < 256; ++x) greys.canvas().row(0)[x] = kBlackPixel | x * 0x010101;
-    const Look look{(255 - kept) << 16 | (255 - kept) / 2 << 8, kept};
-    add(sprites, Phases(16, Figure{1, 1, {look}}), everywhere, 1);
+    const Texel texel{(255 - kept) << 16 | (255 - kept) / 2 << 8, kept};
+    add(sprites, Phases(16, Figure{1, 1, {texel}}), everywhere, 1);
     sprites.flush(greys.canvas());
     for (std::uint32_t x = 0; x < 256; ++x) {
-      ASSERT_EQ(greys.at(static_cast<int>(x), 0), over(x * 0x010101, look)) << kept;
+      ASSERT_EQ(greys.at(static_cast<int>(x), 0), over(x * 0x010101, texel)) << kept;
     }
   }
 }
 
-TEST(SpriteBatch, AskForEachStampThatIsNeededOnce) {
+TEST(SpriteBatch, AsksForEachNeededSpriteOnce) {
   Dice dice(7);
-  const Places places{{10, 10.25, 20, 20.25, kNaN}, {10.5, 10.5, 10.5, 10.5, 10}};
+  const Positions positions{{10, 10.25, 20, 20.25, kNaN}, {10.5, 10.5, 10.5, 10.5, 10}};
   std::vector<std::pair<int, int>> asked;
   SpriteBatch sprites;
-  sprites.add(places.x, places.y, 1, [&](int phase_x, int phase_y) {
+  sprites.add(positions.x, positions.y, 1, [&](int phase_x, int phase_y) {
     asked.emplace_back(phase_x, phase_y);
     return Sprite();
   });
   EXPECT_EQ(asked, (std::vector<std::pair<int, int>>{{0, 2}, {1, 2}}));
 }
 
-TEST(SpriteBatch, AreForgottenWhenPaintedOrCleared) {
+TEST(SpriteBatch, IsEmptyAfterAFlushAndAfterClear) {
   Dice dice(8);
   const Phases phases = random_phases(dice, 7, 7, 50, 100);
-  const Places places = random_places(dice, 50, 30, 30);
+  const Positions positions = random_positions(dice, 50, 30, 30);
   GuardedCanvas picture(30, 30);
   SpriteBatch sprites;
   EXPECT_TRUE(sprites.is_empty());
-  add(sprites, phases, places, kUnit);
+  add(sprites, phases, positions, kUnit);
   EXPECT_FALSE(sprites.is_empty());
   sprites.clear();
   EXPECT_TRUE(sprites.is_empty());
   sprites.flush(picture.canvas());
   EXPECT_TRUE(picture.is_white());
-  add(sprites, phases, places, kUnit);
+  add(sprites, phases, positions, kUnit);
   sprites.flush(picture.canvas());
   EXPECT_TRUE(sprites.is_empty());
   EXPECT_FALSE(picture.is_white());
@@ -326,12 +327,12 @@ TEST(SpriteBatch, AreForgottenWhenPaintedOrCleared) {
   EXPECT_TRUE(picture.is_white());
 }
 
-TEST(SpriteBatch, AreFullSometime) {
-  const Places places{std::vector<double>(100'000, 1), std::vector<double>(100'000, 1)};
+TEST(SpriteBatch, BecomesFull) {
+  const Positions positions{std::vector<double>(100'000, 1), std::vector<double>(100'000, 1)};
   SpriteBatch sprites;
   int added = 0;
   for (; !sprites.is_full() && added < 100; ++added) {
-    sprites.add(places.x, places.y, 1, [](int, int) { return Sprite(); });
+    sprites.add(positions.x, positions.y, 1, [](int, int) { return Sprite(); });
   }
   EXPECT_LT(added, 100);
   sprites.clear();

@@ -13,7 +13,7 @@ namespace {
 
 constexpr std::uint32_t kBlackPixel = 0xFF000000;
 
-// Two boxes, one over the other, and pixels that show the ground by different parts.
+// Two boxes, one over the other, and pixels of different alpha.
 void draw_figure(const Canvas& canvas, int x, int y) {
   fill_rect(canvas, {x - 4, y - 3, x + 5, y + 3}, kWhitePixel);
   fill_rect(canvas, {x - 2, y - 1, x + 3, y + 2}, kMaroonPixel);
@@ -33,7 +33,7 @@ Sprite make_sprite(const std::function<void(const Canvas&, int, int)>& draw, int
   return {white.canvas(), black.canvas(), middle_x, middle_y};
 }
 
-void put(const Sprite& sprite, const Canvas& canvas, int x, int y) {
+void draw_sprite(const Sprite& sprite, const Canvas& canvas, int x, int y) {
   const std::vector<double> at_x{static_cast<double>(x)}, at_y{static_cast<double>(y)};
   SpriteBatch sprites;
   sprites.add(at_x, at_y, 1, [&sprite](int, int) { return sprite; });
@@ -64,18 +64,18 @@ int largest_difference(const GuardedCanvas& a, const GuardedCanvas& b, int width
   return largest;
 }
 
-// Everywhere, and cut at each edge and corner.
+// Everywhere, also clipped at each edge and corner.
 TEST(Sprite, LooksLikeTheFigureDrawnThere) {
   const Sprite sprite = make_sprite(draw_figure, 15, 7, 7);
   constexpr int kWidth = 23, kHeight = 19;
   for (int y = -9; y < kHeight + 9; ++y) {
     for (int x = -9; x < kWidth + 9; ++x) {
-      GuardedCanvas stamped(kWidth, kHeight), drawn(kWidth, kHeight);
-      fill_with_pattern(stamped, kWidth, kHeight);
+      GuardedCanvas with_sprite(kWidth, kHeight), drawn(kWidth, kHeight);
+      fill_with_pattern(with_sprite, kWidth, kHeight);
       fill_with_pattern(drawn, kWidth, kHeight);
-      put(sprite, stamped.canvas(), x, y);
+      draw_sprite(sprite, with_sprite.canvas(), x, y);
       draw_figure(drawn.canvas(), x, y);
-      ASSERT_LE(largest_difference(stamped, drawn, kWidth, kHeight), 1) << x << ' ' << y;
+      ASSERT_LE(largest_difference(with_sprite, drawn, kWidth, kHeight), 1) << x << ' ' << y;
     }
   }
 }
@@ -86,20 +86,20 @@ TEST(Sprite, HidesWhatTheFigureHidesExactly) {
     frame_rect(canvas, {x - 3, y - 2, x + 3, y + 2}, 1, kNavyPixel);
   };
   const Sprite sprite = make_sprite(boxes, 15, 7, 7);
-  GuardedCanvas stamped(23, 19), drawn(23, 19);
-  fill_with_pattern(stamped, 23, 19);
+  GuardedCanvas with_sprite(23, 19), drawn(23, 19);
+  fill_with_pattern(with_sprite, 23, 19);
   fill_with_pattern(drawn, 23, 19);
   for (const auto& [x, y] : {std::pair{7, 7}, {9, 8}, {0, 0}, {22, 18}, {-2, 9}}) {
-    put(sprite, stamped.canvas(), x, y);
+    draw_sprite(sprite, with_sprite.canvas(), x, y);
     boxes(drawn.canvas(), x, y);
   }
-  EXPECT_EQ(largest_difference(stamped, drawn, 23, 19), 0);
+  EXPECT_EQ(largest_difference(with_sprite, drawn, 23, 19), 0);
 }
 
 TEST(Sprite, OfNothingChangesNothing) {
   const Sprite sprite = make_sprite([](const Canvas&, int, int) {}, 9, 4, 4);
   GuardedCanvas picture(20, 20);
-  for (int x = -5; x < 25; x += 5) put(sprite, picture.canvas(), x, x);
+  for (int x = -5; x < 25; x += 5) draw_sprite(sprite, picture.canvas(), x, x);
   EXPECT_TRUE(picture.is_white());
 }
 
@@ -107,9 +107,9 @@ TEST(Sprite, FarFromTheCanvasLeavesItUntouched) {
   const Sprite sprite = make_sprite(draw_figure, 15, 7, 7);
   GuardedCanvas picture(20, 20);
   for (const int far : {-(1 << 28), -1000, 1000, 1 << 28}) {
-    put(sprite, picture.canvas(), far, 10);
-    put(sprite, picture.canvas(), 10, far);
-    put(sprite, picture.canvas(), far, far);
+    draw_sprite(sprite, picture.canvas(), far, 10);
+    draw_sprite(sprite, picture.canvas(), 10, far);
+    draw_sprite(sprite, picture.canvas(), far, far);
   }
   EXPECT_TRUE(picture.is_white());
 }
@@ -120,7 +120,7 @@ TEST(Sprite, LargerThanTheCanvasIsCutAllRound) {
   };
   const Sprite sprite = make_sprite(box, 25, 12, 12);
   GuardedCanvas picture(5, 4);
-  put(sprite, picture.canvas(), 2, 2);
+  draw_sprite(sprite, picture.canvas(), 2, 2);
   for (int y = 0; y < 4; ++y) {
     for (int x = 0; x < 5; ++x) EXPECT_EQ(picture.at(x, y), kMaroonPixel);
   }
