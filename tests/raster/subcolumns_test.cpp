@@ -38,7 +38,7 @@ class PlainSubcolumns {
 
   double coverage(int x, int y, int per_pixel) const {
     int count = 0;
-    for (int index = x * per_pixel; cell < (x + 1) * per_pixel; ++index) {
+    for (int index = x * per_pixel; index < (x + 1) * per_pixel; ++index) {
       for (int part = y * kUnits; part < (y + 1) * kUnits; ++part) {
         count += m_covered[static_cast<std::size_t>(index)][static_cast<std::size_t>(part)] ? 1 : 0;
       }
