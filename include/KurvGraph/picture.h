@@ -13,21 +13,20 @@ namespace raster {
 class Sprite;
 }
 
-// Needs a QGuiApplication for text; no window and no display server. Copying nothing, it belongs to
-// one thread.
+// Needs a QGuiApplication for text, but no window and no display server. To be used by one thread
+// only.
 class Picture final : public PlotSurface {
  public:
-  // Size in logical pixels, and the device pixels that each of them has in either direction.
+  // The size in logical pixels, and the device pixels per logical pixel in either direction.
   explicit Picture(QSize logical_size, double device_pixel_ratio = 1);
   ~Picture() override;
 
-  // Throws the contents away and starts white. Both directions are at least one device pixel. A
-  // logical pixel has 15 twips, or fewer where a side would then exceed 32767 twips. A picture of
-  // more than 4 x 7680 x 4320 device pixels is kept at a lower resolution.
+  // Drops the contents and starts white. Both sides have at least one device pixel. A logical pixel
+  // has 15 twips, or fewer where a side would then exceed 32767 twips. A picture that would have
+  // more than 4 x 7680 x 4320 device pixels gets a lower resolution.
   void resize(QSize logical_size, double device_pixel_ratio);
 
-  // What has been drawn: RGB, `devicePixelRatio` and dots per metre set. Shares its pixels until
-  // either side changes them.
+  // What has been drawn, as RGB with `devicePixelRatio` and dots per metre set. Implicitly shared.
   QImage image() const;
 
   QSize device_size() const;

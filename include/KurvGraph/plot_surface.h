@@ -1,9 +1,9 @@
-// What the painting needs of a drawing surface; the only thing of the platform that it touches.
+// The interface through which the painting draws; it uses nothing else of the platform.
 //
 // Coordinates are in twips (1/1440 inch) from the top-left corner, x to the right, y downwards.
-// How many twips a device pixel has is the surface's own business. Colours are indices 0..15 of the
-// classic console palette (see palette_rgb()). A coordinate may be NaN, infinite or absurdly far
-// away: a surface draws what is visible of it, in bounded time, and never fails.
+// The number of twips per device pixel is up to the surface. Colours are indices 0..15 of the
+// 16-colour VGA palette. A coordinate may be NaN, infinite or very far away: a surface draws the
+// visible part, in bounded time, and never fails.
 #pragma once
 
 #include <array>
@@ -32,36 +32,36 @@ struct Font {
 };
 
 enum class LineKind {
-  kSegment,    // a straight segment, antialiased where it stands
-  kRule,       // an axis-parallel segment of ticks and grids, put on whole device pixels
-  kBox,        // the outline of the rectangle with these corners, put on whole device pixels
-  kFilledBox,  // that rectangle filled with the colour, put on whole device pixels
+  kSegment,    // a straight segment, antialiased, not snapped to pixels
+  kRule,       // an axis-parallel segment of ticks and grids, snapped to whole device pixels
+  kBox,        // the outline of the rectangle with these corners, snapped to whole device pixels
+  kFilledBox,  // that rectangle filled with the colour, snapped to whole device pixels
 };
 
 // A polyline by the coordinates of its points. Its segment i goes from point i - 1 to point i and
-// is drawn where drawn[i] is not zero; drawn[0] counts for nothing. All three have the same length.
+// is drawn where drawn[i] is not zero; drawn[0] is ignored. All three have the same length.
 struct PolylinePoints {
   std::span<const Single> x;
   std::span<const Single> y;
   std::span<const std::uint8_t> drawn;
 };
 
-// One of several polylines over the same x: the rest of its points, and its colour.
+// One of several polylines that share their x: its other coordinates, and its colour.
 struct PolylineOver {
   std::span<const Single> y;
   std::span<const std::uint8_t> drawn;
   int colour = 0;
 };
 
-// Where a figure is drawn, in twips; finer than a SurfacePoint, because its parts are placed from
-// here.
+// The position of a figure, in twips. In double precision, because the coordinates of its parts are
+// computed from it.
 struct FigureCentre {
   Double x = 0;
   Double y = 0;
 };
 
-// The same for many, which have the same length. A figure is missing where one of its coordinates
-// is NaN.
+// The positions of many figures; both spans have the same length. A figure with a NaN coordinate is
+// left out.
 struct FigureCentres {
   std::span<const Double> x;
   std::span<const Double> y;
@@ -71,7 +71,7 @@ struct FigureCentres {
 
 class PlotSurface {
  public:
-  // Draws one figure round the centre, nowhere further from it than a reach that goes with it.
+  // Draws one figure around the centre, no further from it than the `reach` of the call.
   using Figure = std::function<void(PlotSurface&, FigureCentre)>;
 
   virtual ~PlotSurface() = default;
@@ -84,8 +84,8 @@ class PlotSurface {
   virtual void Cls() = 0;
 
   virtual void Line(SurfacePoint from, SurfacePoint to, int colour, LineKind kind) = 0;
-  // The segments of a polyline from the first to the last: the same as a Line() for each, which is
-  // what a surface does that knows nothing faster.
+  // Draws the segments of a polyline, in order. The result is that of a Line() for each, which is
+  // the default implementation.
   virtual void Polyline(const PolylinePoints& points, int colour) {
     for (std::size_t i = 1; i < points.drawn.size(); ++i) {
       if (points.drawn[i] == 0) continue;
@@ -93,10 +93,10 @@ class PlotSurface {
            LineKind::kSegment);
     }
   }
-  // Polylines over the same x, each upon those before it, with the pen as it is, which has `pen`
-  // pixels; between them and behind the last it has one. The same as a Polyline() for each, in
-  // their order. `line` is asked for each of 0..count-1, in any order, and what it says need last
-  // until it is asked again.
+  // Draws polylines that share their x, each over those before it, with the current pen, which has
+  // `pen` pixels. Between them and after the last one it is set to one pixel. The result is that of
+  // a Polyline() for each, in order. `line` is called for each of 0..count-1, in any order; its
+  // result has to stay valid until the next call.
   virtual void Polylines(std::span<const Single> x, int count, Integer pen,
                          const std::function<PolylineOver(int)>& line) {
     for (int i = 0; i < count; ++i) {
@@ -110,8 +110,8 @@ class PlotSurface {
   virtual void Circle(SurfacePoint centre, Single radius, int colour) = 0;
   // The part of it from angle `start` to `end`, radians, anticlockwise from the positive x axis.
   virtual void Arc(SurfacePoint centre, Single radius, int colour, Single start, Single end) = 0;
-  // The same figure at each of the centres in turn, which is what a surface draws that knows
-  // nothing faster. `reach` in twips.
+  // Draws the same figure at each of the centres, in order, no further from each than `reach`
+  // twips. The default implementation calls `figure` for each.
   virtual void Repeat(const FigureCentres& centres, Double reach, const Figure& figure) {
     static_cast<void>(reach);
     for (std::size_t i = 0; i < centres.x.size(); ++i) {
@@ -121,19 +121,19 @@ class PlotSurface {
   // One point as large as the pen.
   virtual void PSet(SurfacePoint at, int colour) = 0;
 
-  // Pen width of later Line, Circle, Arc and PSet calls, in logical pixels; at least one device
-  // pixel is drawn whatever is asked for.
+  // The pen width of later Line, Circle, Arc and PSet calls, in logical pixels. A pen is never
+  // narrower than one device pixel.
   virtual void DrawWidth(Integer pixels) = 0;
 
   // Draws text with its top-left corner at (CurrentX, CurrentY) in the current font and text
   // colour. CR LF, LF or CR begins a new line below the first.
   virtual void Print(Single CurrentX, Single CurrentY, std::string_view text) = 0;
-  // Size of the text in twips in the current font: the widest line, and the height of all lines.
-  // Every line end begins a new line, also one at the very end; an empty text has no size.
+  // The size of the text in twips in the current font: the width of the widest line, and the height
+  // of all lines. A line end at the very end begins an empty line; an empty text has size zero.
   virtual Double TextWidth(std::string_view text) const = 0;
   virtual Double TextHeight(std::string_view text) const = 0;
 
-  // What has been drawn, as the bytes of a Windows bitmap file at device resolution; nothing where
+  // What has been drawn, as the bytes of a Windows bitmap file at device resolution; empty where
   // the surface has no pixels.
   virtual String bitmap() const = 0;
 

@@ -1,4 +1,4 @@
-// A drawing surface that writes every call as one line of text.
+// A drawing surface that logs every call as one line of text.
 //
 //   cls
 //   width 2
@@ -11,10 +11,9 @@
 //   print 800 520 "0.00"
 //
 // Texts are quoted as in JSON; numbers are in the shortest form that reads back to the same single
-// precision value. Rules are written as segments: how crisp a line comes out is not what was asked
-// for. Without another surface to draw on, text measures are made up from the font size alone, so
-// that a log depends on no font: every character is half as wide as the font is high, and a line is
-// 1.2 times as high.
+// precision value. Rules are logged as segments: snapping to pixels is up to a surface with pixels.
+// Without a target surface, texts are measured by the font size alone, so that a log depends on no
+// installed font: a character is half as wide as the font is high, and a line is 1.2 times as high.
 #pragma once
 
 #include <string>
@@ -27,7 +26,8 @@ class RecordingSurface final : public PlotSurface {
  public:
   // Size in twips.
   RecordingSurface(Double width, Double height) : m_width(width), m_height(height) {}
-  // Also draws on `target`, which measures the texts. It must outlive this surface.
+  // Forwards all calls to `target` as well, which also measures the texts. It must outlive this
+  // surface.
   RecordingSurface(Double width, Double height, PlotSurface& target)
       : m_width(width), m_height(height), m_target(&target), m_font(target.font()) {}
 
@@ -40,8 +40,8 @@ class RecordingSurface final : public PlotSurface {
   const std::string& log() const { return m_log; }
   void clear_log() { m_log.clear(); }
   bool has_redraw() const { return m_has_redraw; }
-  // With it, a redraw throws away what was written before it began, and before the first one there
-  // is nothing.
+  // After this call, each redraw drops what was logged before it, and the log stays empty before
+  // the first one.
   void keep_last_redraw_only() { m_last_redraw_only = true; }
 
   Double ScaleWidth() const override { return m_width; }

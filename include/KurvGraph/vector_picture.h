@@ -1,4 +1,4 @@
-// A drawing surface whose picture is a document of lines and text, which stays sharp at any size.
+// A drawing surface that makes a vector document, which stays sharp at any size.
 #pragma once
 
 #include <QByteArray>
@@ -12,17 +12,17 @@ namespace kurv {
 
 enum class VectorFormat { kSvg, kPdf };
 
-// Draws what Picture draws, with the same extents of texts, but nothing is rounded to pixels. Needs
-// a QGuiApplication for text; no window and no display server. It belongs to one thread.
+// Draws what Picture draws, with the same extents of texts, but rounds nothing to pixels. Needs a
+// QGuiApplication for text, but no window and no display server. To be used by one thread only.
 class VectorPicture final : public PlotSurface {
  public:
-  // As large in twips as a Picture of the same arguments; otherwise the ratio means nothing here.
-  // The document carries the title for whoever catalogues it.
+  // Has the size in twips of a Picture with the same arguments; the ratio affects nothing else. The
+  // title goes into the document's metadata.
   VectorPicture(VectorFormat format, const QString& title, QSize logical_size,
                 double device_pixel_ratio = 1);
   ~VectorPicture() override;
 
-  // The whole document with what has been drawn on white. The surface is blank again then.
+  // Returns the whole document and clears the surface. The page is white.
   QByteArray take_document();
 
   Double ScaleWidth() const override;
@@ -32,12 +32,12 @@ class VectorPicture final : public PlotSurface {
   void Circle(SurfacePoint centre, Single radius, int colour) override;
   void Arc(SurfacePoint centre, Single radius, int colour, Single start, Single end) override;
   void PSet(SurfacePoint at, int colour) override;
-  // A pen below one logical pixel is one.
+  // A pen is at least one logical pixel wide.
   void DrawWidth(Integer pixels) override;
   void Print(Single CurrentX, Single CurrentY, std::string_view text) override;
   Double TextWidth(std::string_view text) const override;
   Double TextHeight(std::string_view text) const override;
-  // Nothing: it has no pixels.
+  // Empty: the surface has no pixels.
   String bitmap() const override;
   const Font& font() const override;
   void set_font(const Font& font) override;

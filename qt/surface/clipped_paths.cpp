@@ -14,7 +14,7 @@ namespace {
 constexpr double kDotLength = 0.01;
 constexpr double kFullTurn = 2 * std::numbers::pi;
 
-// An arc that has been brought to numbers of a sane size: radians, anticlockwise.
+// The angles of an arc in radians, anticlockwise; the start is reduced to less than a full turn.
 struct ArcSweep {
   double start;
   double sweep;
@@ -34,7 +34,8 @@ void add_line(QPainterPath& path, QPointF from, QPointF to) {
   path.lineTo(from == to ? to + QPointF(kDotLength, 0) : to);
 }
 
-// A circle so large that on the page it is nearly straight, by the angle at its centre.
+// A circle so large that it is nearly straight on the page. Points on it are given by the angle at
+// its centre from the one nearest to the middle of the page.
 class LargeCircle {
  public:
   LargeCircle(const QRectF& page, raster::Point centre, Single radius) : m_radius(radius) {
@@ -42,7 +43,7 @@ class LargeCircle {
     const QPointF towards = QPointF(centre.x, centre.y) - middle;
     const double distance = std::hypot(towards.x(), towards.y());
     m_inwards = towards / distance;
-    // Not from a difference of distances, in which everything on the page would be lost.
+    // From the power of a point: the difference of two distances would cancel to nothing.
     const double power = raster::power_of_origin(centre, radius) +
                          QPointF::dotProduct(middle, middle) -
                          2 * QPointF::dotProduct(middle, QPointF(centre.x, centre.y));
@@ -53,26 +54,26 @@ class LargeCircle {
     m_is_near = std::hypot(aside.x(), aside.y()) <= radius_of(page);
   }
 
-  // Adds what of the turn may be seen.
+  // Adds the part of the arc that may be visible.
   void add(QPainterPath& path, const ArcSweep& arc) const {
     if (!m_is_near) return;
-    if (arc.is_circle()) return add_piece(path, -m_reach, m_reach);
+    if (arc.is_circle()) return add_arc_piece(path, -m_reach, m_reach);
     const double start = std::remainder(arc.start - m_angle, kFullTurn);
     for (const double turns : {-kFullTurn, 0.0, kFullTurn}) {
-      add_piece(path, std::max(start + turns, -m_reach),
-                std::min(start + turns + arc.sweep, m_reach));
+      add_arc_piece(path, std::max(start + turns, -m_reach),
+                    std::min(start + turns + arc.sweep, m_reach));
     }
   }
 
  private:
-  // At an angle from the point of the circle that is nearest to the middle of the page.
+  // The point of the circle at an angle from m_foot.
   QPointF at(double angle) const {
     const QPointF along(-m_inwards.y(), m_inwards.x());
     const double half = std::sin(angle / 2);
     return m_foot + along * (m_radius * std::sin(angle)) + m_inwards * (2 * m_radius * half * half);
   }
 
-  void add_piece(QPainterPath& path, double from, double to) const {
+  void add_arc_piece(QPainterPath& path, double from, double to) const {
     constexpr int kSteps = 64;
     if (!(from <= to)) return;
     path.moveTo(at(from));
@@ -80,16 +81,17 @@ class LargeCircle {
   }
 
   double m_radius;
-  QPointF m_inwards;  // from the page to the centre, of length one
+  QPointF m_inwards;  // unit vector from the page to the centre
   QPointF m_foot;     // the circle's point nearest to the middle of the page
-  double m_angle;     // where that is
-  double m_reach;     // how far on either side of it the page can be
+  double m_angle;     // of m_foot
+  double m_reach;     // the page is within this angle on either side of m_angle
   bool m_is_near;
 };
 
 void add_arc_path(QPainterPath& path, const QRectF& page, raster::Point centre, Single radius,
                   const ArcSweep& arc) {
-  // Up to here curves describe a circle well, and beyond it the page sees little of it.
+  // Beyond this radius Bezier curves are too inaccurate, and the page shows a small part of the
+  // circle.
   const double widest = 16 * radius_of(page);
   const QPointF middle(centre.x, centre.y);
   const QRectF around(middle.x() - radius, middle.y() - radius, 2.0 * radius, 2.0 * radius);
@@ -135,7 +137,7 @@ void add_clipped_arc(QPainterPath& path, const QRectF& page, SurfacePoint centre
   const raster::Point middle = to_point(centre);
   if (raster::has_nan(middle)) return;
   const Single finite_radius = to_point({radius, 0}).x;
-  // An arc of hardly any length is a dot.
+  // A very short arc is a dot.
   if (arc.sweep * finite_radius < kDotLength) {
     const SurfacePoint dot{static_cast<Single>(middle.x + finite_radius * std::cos(arc.start)),
                            static_cast<Single>(middle.y - finite_radius * std::sin(arc.start))};

@@ -1,8 +1,8 @@
-// What can be seen of a stroke, as a path that stays near the page.
+// Clips strokes to a path that stays near the page.
 //
-// A coordinate may be NaN, infinite or far away; what lies on the page is exact, in bounded time.
-// Lengths are in twips. A stroke of no length becomes one of a hundredth of a twip, because not
-// everything that shows a path draws a dot for nothing.
+// A coordinate may be NaN, infinite or far away; the part on the page is accurate, in bounded time.
+// Lengths are in twips. A stroke of length zero gets a length of a hundredth of a twip, because
+// some viewers draw no dot for a subpath of length zero.
 #pragma once
 
 #include <KurvGraph/plot_surface.h>
@@ -13,8 +13,8 @@
 
 namespace kurv {
 
-// `page` is the page and what a pen may reach in from around it. A segment that begins where the
-// path ends goes on with it.
+// `page` includes the margin from which a pen may reach in. A segment that begins where the path
+// ends continues the subpath.
 void add_clipped_segment(QPainterPath& path, const QRectF& page, SurfacePoint from,
                          SurfacePoint to);
 
@@ -23,8 +23,8 @@ void add_clipped_circle(QPainterPath& path, const QRectF& page, SurfacePoint cen
 void add_clipped_arc(QPainterPath& path, const QRectF& page, SurfacePoint centre, Single radius,
                      Single start, Single end);
 
-// The rectangle with these corners, its far edges brought near, where it touches the page. It may
-// have no width or no height.
+// The rectangle with these corners, clipped to the page; nothing where it misses it. Its width or
+// height may be zero.
 std::optional<QRectF> clipped_box(const QRectF& page, SurfacePoint a, SurfacePoint b);
 
 }  // namespace kurv

@@ -1,4 +1,4 @@
-// The page as a PDF, by the toolkit's writer.
+// A page that is written as PDF, by QPdfWriter.
 #include <QBuffer>
 #include <QColor>
 #include <QPageLayout>
@@ -22,8 +22,8 @@ QColor colour_of(int index) {
   return QColor::fromRgb(palette_rgb(index));
 }
 
-// A unit of the painter is a twip. Everything is written into memory, because on a disk the writer
-// would not notice that there is no room.
+// A unit of the painter is a twip. Everything is written into memory, because QPdfWriter does not
+// report a full disk.
 class PdfPage final : public VectorPage {
  public:
   explicit PdfPage(const PageSetup& setup) : m_writer(&m_buffer) {
@@ -31,7 +31,8 @@ class PdfPage final : public VectorPage {
     m_writer.setTitle(setup.title);
     m_writer.setCreator(QStringLiteral("KurvGraph"));
     m_writer.setResolution(kTwipsPerInch);
-    // The writer knows whole points only; a white edge is better than a lost one.
+    // QPdfWriter takes whole points only. They are rounded up: a white edge is better than a lost
+    // one.
     const QSizeF points(std::ceil(setup.twips.width() / kTwipsPerPoint),
                         std::ceil(setup.twips.height() / kTwipsPerPoint));
     const QPageSize size(points, QPageSize::Point, {}, QPageSize::ExactMatch);
@@ -47,7 +48,7 @@ class PdfPage final : public VectorPage {
                                     is_round ? Qt::RoundJoin : Qt::MiterJoin));
   }
 
-  // Viewers put a rectangle on whole pixels as they think best.
+  // PDF has no equivalent of the style: viewers snap rectangles to pixels as they choose.
   void fill(const QRectF& rect, int colour, Style) override {
     m_painter.fillRect(rect, colour_of(colour));
   }

@@ -1,4 +1,4 @@
-// What a picture is made of: its pixels, and what has yet to reach them.
+// The state of a Picture: its pixels, and the strokes and sprites that are not drawn yet.
 #pragma once
 
 #include <KurvGraph/picture.h>
@@ -31,7 +31,7 @@ inline std::uint32_t pixel_of(int colour) {
   return 0xFF000000 | palette_rgb(colour);
 }
 
-// Near enough for anything off the canvas, and far from where sums of integers overflow.
+// Clamps coordinates far off the canvas, so that sums of them do not overflow.
 inline int to_pixel(double coordinate) {
   constexpr double kFar = 1 << 28;
   return static_cast<int>(std::clamp(coordinate, -kFar, kFar));
@@ -47,28 +47,29 @@ struct Picture::Pixels {
 
   Resolution resolution;
   QImage image;
-  // Either strokes that are not yet in the image, all of one colour and pen, or figures.
+  // Pending are either strokes, all of one colour and pen, in `mask` and `narrow_segments`, or
+  // sprites.
   raster::Coverage mask;
   std::optional<std::uint32_t> pending_colour;
   raster::NarrowSegments narrow_segments;
   raster::MonotonePolylines polylines;
-  std::optional<raster::FrontToBackLayer> front_to_back;  // once there were many
+  std::optional<raster::FrontToBackLayer> front_to_back;  // made when first needed
   raster::SpriteBatch sprites;
   struct BackdropPictures {
     std::unique_ptr<Picture> white;
     std::unique_ptr<Picture> black;
   };
-  BackdropPictures backdrops;  // small ones, for figures that are to become stamps
+  BackdropPictures backdrops;  // small, for drawing figures that become sprites
 
   Integer draw_width = 1;
   int fore_color = kBlack;
   Font font;
-  int fonts = font_generation();  // when texts were measured or painted
+  int fonts = font_generation();  // of the cached layouts and texts
   TextLayouts layouts;
   TextCache texts;
 
   raster::Canvas canvas() {
-    // Taking the bits detaches the image from those handed out.
+    // bits() detaches the image from copies that were handed out.
     return {reinterpret_cast<std::uint32_t*>(image.bits()), image.width(), image.height(),
             static_cast<std::ptrdiff_t>(image.bytesPerLine() / 4)};
   }
@@ -84,7 +85,7 @@ struct Picture::Pixels {
 
   void flush() {
     if (!sprites.is_empty()) {
-      clear_upper_registers();  // the toolkit may have measured texts since they were collected
+      clear_upper_registers();  // Qt may have measured texts since the sprites were collected
       sprites.flush(canvas());
     }
     if (!pending_colour) return;
@@ -93,7 +94,7 @@ struct Picture::Pixels {
     pending_colour.reset();
   }
 
-  // Where the next strokes of this colour are collected.
+  // The mask for the next strokes, which have this colour.
   raster::Coverage& mask_for(int colour) {
     const std::uint32_t pixel = pixel_of(colour);
     if (pending_colour != pixel || !sprites.is_empty()) flush();
@@ -106,7 +107,7 @@ struct Picture::Pixels {
     return *front_to_back;
   }
 
-  // It takes twice the memory of the picture, which a window can spare for its next redraw.
+  // The layer takes twice the memory of the picture. A small one is kept for the next redraw.
   void release_large_layer() {
     constexpr std::int64_t kLarge = 4'000'000;  // pixels
     if (std::int64_t{resolution.width} * resolution.height > kLarge) front_to_back.reset();
@@ -119,16 +120,17 @@ struct Picture::Pixels {
     int low;
     int high;
   };
-  // Whole device pixels for the edges at `a` and `b` of something drawn with a pen of `pen` pixels.
-  // Each edge is rounded for itself, so that things with an edge in common meet there.
+  // Snaps the edges at `a` and `b` of a shape drawn with a pen of `pen_pixels` to whole device
+  // pixels. Each edge is rounded by itself, so that shapes with a common edge meet there.
   Edges edges(double a, double b, int pen_pixels) const {
     const auto edge = [&](double twips) {
       return to_pixel(std::floor(pixels(twips) - pen_pixels / 2.0 + 0.5));
     };
     return {edge(std::min(a, b)), edge(std::max(a, b)) + pen_pixels};
   }
-  // A small box keeps its size wherever it stands instead: a curve's square markers are all alike.
-  // It is rather too large than too small, or the dot in a marker would vanish among its strokes.
+  // A small box has the same size at every position instead, so that the square markers of a curve
+  // are equal. Its size is rounded up from a quarter of a pixel on: a smaller dot in a marker would
+  // vanish among the strokes around it.
   Edges box_edges(double a, double b, int pen_pixels) const {
     constexpr double kSmall = 334;  // twips: the squares of markers of 200 and less
     if (!(std::abs(b - a) <= kSmall)) return edges(a, b, pen_pixels);
@@ -140,12 +142,12 @@ struct Picture::Pixels {
 
   static raster::PixelRect rect(Edges x, Edges y) { return {x.low, y.low, x.high, y.high}; }
 
-  // What a rule covers: an outline without height or width, which ends exactly where a frame with
+  // The pixels of a rule: an outline of width or height zero, which ends exactly where a frame with
   // the same coordinates does.
   raster::PixelRect rule(SurfacePoint a, SurfacePoint b) const {
     return rect(edges(a.x, b.x, whole_pen()), edges(a.y, b.y, whole_pen()));
   }
-  // What a box covers, the pen of its outline included; a filled one has no pen.
+  // The pixels of a box, including the pen of its outline; a filled one has no pen.
   raster::PixelRect box(SurfacePoint a, SurfacePoint b, int pen_pixels) const {
     return rect(box_edges(a.x, b.x, pen_pixels), box_edges(a.y, b.y, pen_pixels));
   }

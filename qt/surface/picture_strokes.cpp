@@ -46,8 +46,8 @@ void Picture::Polyline(const PolylinePoints& points, int colour) {
   m_pixels->polylines.flush(m_pixels->canvas(), pixel_of(colour));
 }
 
-// Many noisy lines hide most of each other: from the front to the back, what is hidden is not
-// drawn. Of fewer or sparser ones too little is hidden to make good for what that costs.
+// Many noisy lines hide most of each other, so they are drawn front to back, and what is hidden is
+// left out. Of fewer or sparser lines too little is hidden to pay for the layer.
 void Picture::Polylines(std::span<const Single> x, int count, Integer pen,
                         const std::function<PolylineOver(int)>& line) {
   constexpr int kMany = 48;
@@ -84,7 +84,7 @@ void Picture::Arc(SurfacePoint centre, Single radius, int colour, Single start, 
 
 namespace {
 
-// Fewer are drawn as they are, and so are figures of more pixels.
+// Fewer figures, and figures of more pixels a side, are drawn directly.
 constexpr std::size_t kFewFigures =
     std::size_t{4} * raster::SpriteBatch::kPhases * raster::SpriteBatch::kPhases;
 constexpr double kLargestSprite = 64;
@@ -99,12 +99,11 @@ bool are_few(const FigureCentres& centres) {
 
 }  // namespace
 
-// What the figure looks like with its centre there in a small picture: drawn on two grounds, it
-// shows where it hides what lies below.
+// Draws the figure on a white and on a black backdrop, from which the sprite computes its alpha.
 raster::Sprite Picture::make_sprite(const Figure& figure, FigureCentre centre, Picture& white,
                                     Picture& black) const {
   const auto drawn_on = [&](int ground, Picture& picture) {
-    picture.Cls();  // also of what a figure that failed has left
+    picture.Cls();  // also drops what a figure left that threw an exception
     if (ground != kWhite) picture.m_pixels->fill(ground);
     picture.DrawWidth(m_pixels->draw_width);
     figure(picture, centre);
@@ -124,7 +123,7 @@ void Picture::Repeat(const FigureCentres& centres, Double reach, const Figure& f
   const int side = static_cast<int>(wanted);
   const Resolution& own = m_pixels->resolution;
   const Resolution small{side, side, own.device_pixel_ratio, own.twips_per_pixel};
-  // Kept, because the next figure of a graph is as large.
+  // Kept, because the next figure of a graph usually has the same size.
   Pixels::BackdropPictures& backdrops = m_pixels->backdrops;
   if (!backdrops.white || backdrops.white->m_pixels->resolution != small) {
     backdrops.white.reset(new Picture(std::make_unique<Pixels>(small)));

@@ -13,8 +13,8 @@ void Picture::Print(Single CurrentX, Single CurrentY, std::string_view text) {
   if (std::isnan(CurrentX) || std::isnan(CurrentY)) return;
   m_pixels->flush();
   const raster::Canvas canvas = m_pixels->canvas();
-  // A plain view of the pixels: of the image itself the painter would take the device pixel ratio
-  // as one more scale.
+  // A view of the same pixels without a device pixel ratio, which the painter would apply as an
+  // additional scale.
   QImage view(reinterpret_cast<uchar*>(canvas.pixels), canvas.width, canvas.height,
               canvas.stride * 4, QImage::Format_RGB32);
   const TextLayout& layout = m_pixels->text_layout();
@@ -23,7 +23,7 @@ void Picture::Print(Single CurrentX, Single CurrentY, std::string_view text) {
   const double scale = m_pixels->pixels(layout.twips_per_font_pixel());
   const QRgb colour = pixel_of(m_pixels->fore_color);
   const auto box = [&] {
-    // Letters may lean out of their line by no more than another one.
+    // Glyphs extend past their line by no more than the height of a line.
     const double overhang = m_pixels->pixels(layout.line_height()) + 1;
     QRectF bounds;
     layout.place({CurrentX, CurrentY}, text, page, [&](const PlacedPiece& piece) {
@@ -40,7 +40,7 @@ void Picture::Print(Single CurrentX, Single CurrentY, std::string_view text) {
         painter.setPen(QColor::fromRgb(colour));
         const QTransform before = painter.transform();
         layout.place({CurrentX, CurrentY}, text, page, [&](const PlacedPiece& piece) {
-          // A whole baseline keeps the feet of the letters crisp.
+          // A baseline on a whole pixel keeps the feet of the letters crisp.
           const double baseline = std::floor(m_pixels->pixels(piece.baseline) + 0.5);
           painter.setTransform(
               QTransform(scale, 0, 0, scale, m_pixels->pixels(piece.left), baseline) * before);

@@ -9,8 +9,8 @@ namespace {
 
 // Coordinates of the surface stay within sixteen bits.
 constexpr double kMaxTwips = 32767;
-// Limits of the memory that a picture takes: four times the pixels of the largest screens. A
-// picture that would be larger is kept at a lower resolution.
+// Limits the memory of a picture: kMaxPixels is four times an 8K screen. A larger picture gets a
+// lower resolution.
 constexpr double kMaxSide = 32767;
 constexpr double kMaxPixels = 4.0 * 7680 * 4320;
 

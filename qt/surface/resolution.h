@@ -1,4 +1,4 @@
-// How large a surface is, in twips and in pixels.
+// The size of a surface in twips and in pixels.
 #pragma once
 
 #include <QSize>
@@ -19,9 +19,9 @@ struct Resolution {
   friend bool operator==(const Resolution&, const Resolution&) = default;
 };
 
-// Of a surface of this size in logical pixels. Both directions are at least one device pixel. A
-// logical pixel has 15 twips, or fewer where a side would then exceed 32767 twips. More than
-// 4 x 7680 x 4320 device pixels are not made: the ratio is then a lower one.
+// The resolution of a surface of this size in logical pixels. Both sides have at least one device
+// pixel. A logical pixel has 15 twips, or fewer where a side would then exceed 32767 twips. The
+// ratio is lowered where there would be more than 4 x 7680 x 4320 device pixels.
 Resolution resolution_of(QSize logical_size, double device_pixel_ratio);
 
 }  // namespace kurv

@@ -1,4 +1,5 @@
-// The page as an SVG. A unit of it is a twip, and coordinates are written to the hundredth of one.
+// A page that is written as SVG. A user unit is a twip, and coordinates are written in hundredths
+// of one.
 #include <QStringList>
 #include <QXmlStreamWriter>
 #include <cmath>
@@ -10,8 +11,8 @@ namespace kurv {
 
 namespace {
 
-// A whole number of hundredths of a twip. Steps of a path are differences of these, so that their
-// roundings do not add up.
+// Fixed point: whole hundredths of a twip. Relative path commands are differences of these, so that
+// rounding errors do not accumulate.
 using Hundredths = qint64;
 
 Hundredths hundredths(double twips) {
@@ -38,7 +39,7 @@ QString colour_of(int index) {
   return u'#' + QString::number(0x1000000 | palette_rgb(index), 16).mid(1);
 }
 
-// The commands of a path, in steps from point to point.
+// The data of a path element, in relative commands.
 class PathData {
  public:
   explicit PathData(const QPainterPath& path) {
@@ -82,7 +83,8 @@ class PathData {
 
   void step_line(const QPainterPath::Element& element) {
     const GridPoint to = to_grid(element);
-    // Of a curve with more points than the page can show, those that are one are written once.
+    // Of a curve with more points than the page can show, those that round to the same point are
+    // written once.
     if (to == m_here && m_steps > 0) return;
     begin('l', to);
     append_step(to);
@@ -100,7 +102,7 @@ class PathData {
     m_here = to_grid(last);
   }
 
-  // A command is not repeated.
+  // A repeated command letter is omitted.
   void begin(char command, GridPoint to) {
     ++m_steps;
     if (m_command == command) return separate(to);
@@ -108,7 +110,7 @@ class PathData {
     m_command = command;
   }
 
-  // A minus sign separates as well as a blank does.
+  // Before a minus sign no blank is needed.
   void separate(GridPoint to) {
     if (to.x >= m_here.x) m_text += ' ';
   }
@@ -119,7 +121,7 @@ class PathData {
     append(m_text, to.y - m_here.y);
   }
 
-  // An outline that comes back to its start has a joint there and no ends.
+  // A subpath that returns to its start is closed: it has a join there and no caps.
   void close() {
     if (m_steps > 2 && m_here == m_start) m_text += 'z';
   }
@@ -131,7 +133,7 @@ class PathData {
   char m_command = 0;
 };
 
-// XML has no place for control characters and for the two that are no characters.
+// Control characters and the noncharacters U+FFFE and U+FFFF are not allowed in XML.
 QString allowed(QString text) {
   for (QChar& character : text) {
     const char16_t code = character.unicode();
@@ -140,14 +142,14 @@ QString allowed(QString text) {
   return text;
 }
 
-// A family between quotes.
+// A font family as a CSS string.
 QString quoted(QString family) {
   family.replace(u'\\', QStringLiteral("\\\\")).replace(u'\'', QStringLiteral("\\'"));
   return u'\'' + allowed(family) + u'\'';
 }
 
-// The whole font in one word, with the families that stand in for one that is missing; of those the
-// last is a generic one, which has no quotes.
+// The CSS font shorthand, with the fallback families. The last of these is generic and is not
+// quoted.
 QString font_shorthand(const QFont& font, const QString& size) {
   QStringList families = font.families();
   const QString generic = families.takeLast();
@@ -197,7 +199,7 @@ class SvgPage final : public VectorPage {
     attribute("height", number(rect.height()));
   }
 
-  // The length makes a font that stands in for a missing one as wide as what it replaces.
+  // textLength makes the text as wide as measured, also in a fallback font.
   void print(const PlacedPiece& piece, const TextLayout& layout, int colour) override {
     if (piece.text.trimmed().isEmpty()) return;
     const QFont& font = layout.font();
@@ -206,7 +208,7 @@ class SvgPage final : public VectorPage {
     attribute("x", number(piece.left));
     attribute("y", number(piece.baseline));
     attribute("fill", colour_of(colour));
-    // Not every viewer knows lists of families: those that do not have the attributes.
+    // Viewers that cannot parse a list of families ignore the style and use the attributes.
     const QString size = number(font.pixelSize() * layout.twips_per_font_pixel());
     attribute("font-family", quoted(font.families().constFirst()));
     attribute("font-size", size);

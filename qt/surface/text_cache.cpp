@@ -8,7 +8,7 @@
 namespace kurv {
 namespace {
 
-// Larger texts are painted each time, and when there are too many all of them are forgotten.
+// Larger texts are not cached. Beyond kMost the whole cache is cleared.
 constexpr qsizetype kLargest = 1 << 16;  // pixels
 constexpr qsizetype kMost = 1 << 19;
 
@@ -64,7 +64,7 @@ void TextCache::draw(QImage& canvas, const PlacedText& placed, const std::functi
     const QRect visible = ink_bounds(image);
     CachedImage cached{bounds.topLeft() + visible.topLeft(),
                        visible.isEmpty() ? QImage() : image.copy(visible)};
-    // The texts themselves take room, too.
+    // The keys take memory, too.
     const qsizetype size = area_of(visible) + static_cast<qsizetype>(placed.text.size()) + 1;
     m_pixels += size;
     if (m_pixels > kMost) {

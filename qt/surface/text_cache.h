@@ -1,5 +1,5 @@
-// Texts as they were painted, for the next redraw: most of them come back as they were, and
-// painting one takes the toolkit longer than a whole line of a thousand points takes us.
+// A cache of rendered texts. Most texts are the same in the next redraw, and rendering one takes Qt
+// longer than drawing a line of a thousand points takes the raster.
 #pragma once
 
 #include <KurvGraph/plot_surface.h>
@@ -17,26 +17,26 @@ class QPainter;
 
 namespace kurv {
 
-// Of a canvas of one size and resolution.
+// For a canvas of one size and resolution.
 class TextCache {
  public:
-  // What makes a text look as it does.
+  // Everything on which the pixels of a text depend.
   struct PlacedText {
     const Font& font;
     QRgb colour;
     SurfacePoint at;  // not NaN
     std::string_view text;
   };
-  // Paints it on the canvas.
+  // Paints the text in the coordinates of the canvas.
   using Paint = std::function<void(QPainter&)>;
 
-  // Puts the text onto the canvas, an image of 32 bits a pixel. `box` holds all that `paint` may
-  // touch, in pixels. Painting happens where the text is not known yet.
+  // Draws the text on the canvas, an image of 32 bits a pixel. On a cache miss it is painted: `box`
+  // gives the bounds of all pixels that `paint` may touch.
   void draw(QImage& canvas, const PlacedText& placed, const std::function<QRect()>& box,
             const Paint& paint);
 
  private:
-  // Without the outermost pixels that show nothing, and where it is on the canvas.
+  // Cropped to the pixels that are not transparent; `corner` is its position on the canvas.
   struct CachedImage {
     QPoint corner;
     QImage image;  // premultiplied
@@ -44,7 +44,7 @@ class TextCache {
   using Key = std::tuple<String, Single, bool, bool, QRgb, Single, Single, std::string>;
 
   std::map<Key, CachedImage> m_images;
-  qsizetype m_pixels = 0;  // of all of them, and letters
+  qsizetype m_pixels = 0;  // of all images, plus the bytes of the texts
 };
 
 }  // namespace kurv

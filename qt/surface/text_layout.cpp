@@ -17,11 +17,11 @@ double size_in_twips(const Font& font) {
 }
 
 QFont layout_font(const Font& font) {
-  // Beyond some ten thousand pixels the toolkit's font metrics overflow.
+  // Beyond some ten thousand pixels Qt's font metrics overflow.
   constexpr int kLargest = 8000;
   QStringList families = {QStringLiteral("Liberation Sans"), QStringLiteral("DejaVu Sans"),
                           QStringLiteral("sans-serif")};
-  // A name of nothing would match any font at all.
+  // An empty name would match any font.
   if (!font.FontName.empty()) families.prepend(QString::fromStdString(font.FontName));
   QFont result;
   result.setFamilies(families);
@@ -99,7 +99,7 @@ void TextLayout::place(SurfacePoint at, std::string_view text, QSizeF page,
   const double left = std::clamp(at.x, -kLargest, kLargest);
   double top = std::clamp(at.y, -kLargest, kLargest);
   for (const std::string_view line : lines_of(text)) {
-    // Accents and descenders may lean out of their line by no more than another one.
+    // Accents and descenders extend past their line by no more than the height of a line.
     if (top > page.height() + line_height()) return;
     if (top > -2 * line_height()) place_line(left, top, line, page, draw);
     top += line_height();
@@ -108,7 +108,7 @@ void TextLayout::place(SurfacePoint at, std::string_view text, QSizeF page,
 
 void TextLayout::place_line(double left, double top, std::string_view line, QSizeF page,
                             const std::function<void(const PlacedPiece&)>& draw) const {
-  // Letters may lean out of the extents that they are measured with.
+  // Glyphs may extend past their measured width.
   const double overhang = line_height();
   for (const QString& piece : pieces_of(line)) {
     if (left > page.width() + overhang) return;

@@ -1,4 +1,4 @@
-// How a text lies on the surface: its lines, the pieces that they are drawn in, and their extents.
+// The layout of a text: its lines, the pieces in which they are drawn, and their extents.
 #pragma once
 
 #include <KurvGraph/plot_surface.h>
@@ -17,14 +17,16 @@
 
 namespace kurv {
 
-// CR LF, LF or CR begins a new line, also at the very end; an empty text has no lines.
+// Splits at CR LF, LF or CR. A line end at the very end begins an empty line; an empty text has no
+// lines.
 std::vector<std::string_view> lines_of(std::string_view text);
 
-// Long lines are measured and drawn in pieces: the toolkit's layout counts in 32-bit fractions, and
-// of a megabyte only a few pieces are ever visible. Characters that show nothing become blanks.
+// Splits a line into pieces that are measured and drawn one by one: Qt's text layout overflows its
+// 26.6 fixed-point numbers on long lines, and of a megabyte only a few pieces are ever visible.
+// Control characters become blanks.
 std::vector<QString> pieces_of(std::string_view line);
 
-// What is drawn of a text at once, and where it begins, in twips.
+// A piece of a text and its position, in twips.
 struct PlacedPiece {
   double left;
   double baseline;
@@ -37,9 +39,9 @@ class TextLayout {
  public:
   explicit TextLayout(const Font& font);
 
-  // One pixel of it is about one twip. All layout is done with it, and the painter scales it down
-  // to device pixels: so a text has the same extents, in twips, at every resolution, and sizes with
-  // a fraction of a device pixel come out as they are, which they do not when asked for directly.
+  // One of its pixels is about one twip. All layout is done with this font, and the painter scales
+  // it down to device pixels. So a text has the same extents in twips at every resolution, and its
+  // size need not be a whole number of device pixels.
   const QFont& font() const { return m_font; }
   double twips_per_font_pixel() const { return m_twips_per_pixel; }
 
@@ -49,12 +51,12 @@ class TextLayout {
     return m_metrics.horizontalAdvance(piece) * m_twips_per_pixel;
   }
 
-  // Of all lines: the widest one, and their height together.
+  // The width of the widest line, and the height of all lines together.
   double text_width(std::string_view text) const;
   double text_height(std::string_view text) const;
 
-  // Hands to `draw`, in their order, the pieces of a text that can be seen on a page of that size;
-  // the text has its top-left corner at `at`, which may be NaN, infinite or far away.
+  // Calls `draw` for each piece, in order, that is visible on a page of that size. The top-left
+  // corner of the text is at `at`, which may be NaN, infinite or far away.
   void place(SurfacePoint at, std::string_view text, QSizeF page,
              const std::function<void(const PlacedPiece&)>& draw) const;
 
@@ -65,20 +67,20 @@ class TextLayout {
   QFont m_font;
   QFontMetricsF m_metrics;
   double m_twips_per_pixel;
-  mutable std::map<std::string, double, std::less<>> m_widths;  // of texts that were asked for
+  mutable std::map<std::string, double, std::less<>> m_widths;  // a cache
 };
 
-// Another number once the program has got other fonts.
+// Changes when the application's fonts change. Cached layouts and texts are then outdated.
 int font_generation();
 
-// Those of the fonts that were used last, because a redraw goes through the same few each time.
+// A cache of the layouts of the fonts used last: each redraw uses the same few.
 class TextLayouts {
  public:
-  // Lasts until another font is asked for.
+  // Valid until the next call.
   const TextLayout& of(const Font& font);
 
  private:
-  std::list<std::pair<Font, TextLayout>> m_layouts;  // the last one first
+  std::list<std::pair<Font, TextLayout>> m_layouts;  // most recently used first
 };
 
 }  // namespace kurv

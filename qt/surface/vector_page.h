@@ -1,4 +1,4 @@
-// The page of a vector document: what an SVG and a PDF have in common.
+// The page of a vector document: the interface of SvgPage and PdfPage.
 #pragma once
 
 #include <QByteArray>
@@ -13,9 +13,9 @@
 namespace kurv {
 
 enum class Style {
-  kRound,   // round ends and joints
-  kSquare,  // square ends and mitred joints
-  kCrisp,   // the same, put on whole pixels by whoever shows the page
+  kRound,   // round caps and joins
+  kSquare,  // square caps and mitre joins
+  kCrisp,   // the same, snapped to whole pixels by the viewer
 };
 
 // Lengths are in twips, all coordinates finite and near the page; colours are palette indices.
@@ -25,7 +25,7 @@ class VectorPage {
   virtual void stroke(const QPainterPath& path, int colour, double pen_width, Style style) = 0;
   virtual void fill(const QRectF& rect, int colour, Style style) = 0;
   virtual void print(const PlacedPiece& piece, const TextLayout& layout, int colour) = 0;
-  // The bytes of the document. Nothing can be drawn afterwards.
+  // Returns the bytes of the document. Nothing may be drawn afterwards.
   virtual QByteArray finish() = 0;
 };
 
@@ -35,7 +35,7 @@ struct PageSetup {
   QSize logical_pixels;
 };
 
-// Both are white.
+// Both have a white background.
 std::unique_ptr<VectorPage> make_svg_page(const PageSetup& setup);
 std::unique_ptr<VectorPage> make_pdf_page(const PageSetup& setup);
 

@@ -17,12 +17,12 @@ namespace kurv {
 
 namespace {
 
-// Curves with more points are written in pieces, so that neither the memory nor a viewer has to
-// hold a path of any length. Where they meet, round ends look like a joint.
+// Curves with more points are written as several paths, so that neither this program nor a viewer
+// has to hold a path of unbounded length. Where two of them meet, the round caps look like a joint.
 constexpr int kLongestPath = 10000;
 
-// Up to this size a box is part of a marker. It stands where it stands: put on whole pixels, equal
-// markers would come out unequal.
+// Boxes up to this size, in twips, are parts of markers. They are not snapped to whole pixels,
+// which would make equal markers unequal.
 constexpr double kSmallBox = 334;
 
 std::unique_ptr<VectorPage> make_page(VectorFormat format, const PageSetup& setup) {
@@ -33,7 +33,7 @@ SurfacePoint surface_point(QPointF point) {
   return {static_cast<Single>(point.x()), static_cast<Single>(point.y())};
 }
 
-// On one line and without what cannot be seen.
+// The title on one line, without control characters.
 QString plain_title(const QString& title) {
   const std::string text = title.toStdString();
   QString result;
@@ -58,21 +58,21 @@ struct VectorPicture::Sheet {
   Resolution resolution;
   PageSetup setup;
   std::unique_ptr<VectorPage> page;
-  // Strokes that are not yet on the page, all of one colour and pen.
+  // Pending strokes, all of one colour and pen.
   QPainterPath strokes;
   int stroke_colour = kBlack;
 
   Integer draw_width = 1;
   int fore_color = kBlack;
   Font font;
-  std::optional<TextLayout> layout;  // of the font, once a text was measured or drawn
+  std::optional<TextLayout> layout;  // of `font`, made when first needed
 
   double pen_width() const {
     return std::max(1.0, double(draw_width)) * resolution.twips_per_logical_pixel();
   }
 
   QRectF paper() const { return QRectF(QPointF(0, 0), setup.twips); }
-  // The page and what the pen reaches in from.
+  // The page with the margin from which the pen reaches in.
   QRectF stroke_area() const {
     const double pen = pen_width();
     return paper().adjusted(-pen, -pen, pen, pen);
@@ -88,7 +88,7 @@ struct VectorPicture::Sheet {
     page = make_page(format, setup);
   }
 
-  // Where the next strokes of this colour are collected.
+  // The path for the next strokes, which have this colour.
   QPainterPath& strokes_in(int colour) {
     if (colour != stroke_colour || strokes.elementCount() > kLongestPath) flush();
     stroke_colour = colour;
@@ -116,7 +116,7 @@ struct VectorPicture::Sheet {
     page->stroke(path, colour, pen_width(), style_of(*box));
   }
 
-  // A frame without height or width.
+  // A frame of width or height zero.
   void rule(SurfacePoint a, SurfacePoint b, int colour) {
     const std::optional<QRectF> box = clipped_box(stroke_area(), a, b);
     if (!box) return;
