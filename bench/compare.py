@@ -1,4 +1,4 @@
-"""Runs everything in turn and prints the tables; bench/run builds what it needs and starts it."""
+"""Runs all measurements and prints the tables; bench/run builds what it needs and starts it."""
 
 import argparse
 import os
@@ -57,7 +57,7 @@ def inner_loops():
 
 def run(options, folder):
     deadline = time.monotonic() + options.seconds
-    # Each takes its own time whatever the budget, so that the tables have no holes; 90 seconds in all.
+    # These run whatever the budget is, so that their tables are complete; 90 seconds in all.
     sections = {"machine": machine()}
     print("quality", file=sys.stderr, flush=True)
     sections["quality"] = report.quality_table(quality.rows(folder))
@@ -85,7 +85,7 @@ def main():
     options = parser.parse_args()
     for name in ("QT_SCALE_FACTOR", "QT_FONT_DPI"):
         os.environ.pop(name, None)
-    # An end from outside has to take the files along, too.
+    # On SIGTERM, too, the temporary files have to be removed.
     signal.signal(signal.SIGTERM, lambda *_: sys.exit(1))
     # In memory, so that no disk is measured.
     with tempfile.TemporaryDirectory(dir="/dev/shm") as folder:

@@ -1,4 +1,4 @@
-// The inner loops one by one. Compare rows of one run with each other.
+// Microbenchmarks of the inner loops. Compare only rows of the same run.
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
@@ -70,7 +70,7 @@ void columns(benchmark::State& state, std::string_view kind) {
 BENCHMARK_CAPTURE(columns, smooth, "waves")->Unit(benchmark::kMicrosecond)->Arg(1)->Arg(2)->Arg(4);
 BENCHMARK_CAPTURE(columns, noise, "noise")->Unit(benchmark::kMicrosecond)->Arg(1)->Arg(2)->Arg(4);
 
-// A thousand segments from anywhere to anywhere; argument: the pen's width.
+// A thousand segments between random points; argument: the pen's width.
 void segments(benchmark::State& state) {
   const Line line = line_of("scattered", 1001);
   const raster::Pen pen{1, static_cast<double>(state.range(0)) / 2};
@@ -88,8 +88,8 @@ void segments(benchmark::State& state) {
 }
 BENCHMARK(segments)->Unit(benchmark::kMicrosecond)->Arg(1)->Arg(2)->Arg(4);
 
-// Ten thousand segments of one length in pixels, in all directions from anywhere; arguments: the
-// length and the pen's width.
+// Ten thousand segments of one length in pixels, in all directions from random points; arguments:
+// the length and the pen's width.
 void segments_of_length(benchmark::State& state) {
   const Line line = line_of("scattered", 10000);
   const auto length = static_cast<double>(state.range(0));
@@ -128,7 +128,7 @@ raster::Sprite framed_square() {
   return {white.canvas(), black.canvas(), kSide / 2, kSide / 2};
 }
 
-// Put at 32,767 places.
+// A sprite at 32,767 positions.
 void stamps(benchmark::State& state) {
   const Line line = line_of("noise", 32767);
   const std::vector<double> x(line.x.begin(), line.x.end()), y(line.y.begin(), line.y.end());
@@ -142,7 +142,7 @@ void stamps(benchmark::State& state) {
 }
 BENCHMARK(stamps)->Unit(benchmark::kMicrosecond);
 
-// The order in which 32,767 points have to stand.
+// The sorted order of 32,767 points.
 void order(benchmark::State& state, std::string_view kind) {
   const std::vector<double> x = bench::table(kind, 1, 32767).x;
   const Column<const Double> values(x.data(), 1, 32767);
@@ -153,7 +153,7 @@ void order(benchmark::State& state, std::string_view kind) {
 BENCHMARK_CAPTURE(order, shuffled, "shuffled")->Unit(benchmark::kMicrosecond);
 BENCHMARK_CAPTURE(order, sorted, "waves")->Unit(benchmark::kMicrosecond);
 
-// One value through the evaluator, as a host asks for it.
+// One value from the evaluator, as a host computes it.
 void evaluator(benchmark::State& state) {
   const std::unique_ptr<ExprEvaluator> tool = make_evaluator();
   int i = 0;
@@ -166,7 +166,7 @@ void evaluator(benchmark::State& state) {
 }
 BENCHMARK(evaluator);
 
-// One value through the compiled form alone.
+// One value from the compiled program only.
 void program(benchmark::State& state) {
   expr::Program compiled = expr::compile(bench::kExpression).program;
   double x = 0;

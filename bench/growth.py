@@ -38,7 +38,7 @@ def fit(times):
 
 
 def draw(times, folder, picture):
-    """Both axes are powers of ten."""
+    """Both axes are logarithmic."""
     counts = sorted({curves for curves, _, _ in times})
     table = {(curves, points): t for curves, points, t in times}
     path = folder + "/growth.csv"

@@ -1,4 +1,4 @@
-"""Lets the subjects of a workload take turns, and keeps their times."""
+"""Lets the subjects of a workload take turns, and records their times."""
 
 import statistics
 import subprocess
@@ -8,7 +8,7 @@ from dataclasses import dataclass
 LEAST_ROUNDS = 5
 MOST_ROUNDS = 25
 ROUNDS_WITHOUT_GOAL = 3  # of a subject that is there for comparison only
-SLOW = 4.0  # seconds a round, from which on one round has to do
+SLOW = 4.0  # seconds a round; of slower subjects there is one round
 
 
 @dataclass
@@ -22,7 +22,7 @@ class Times:
 
 
 class Server:
-    """A subject that waits to be asked. Times are its own processor time."""
+    """A subject that runs its work on request. Times are its processor time."""
 
     def __init__(self, subject):
         self.name = subject.name
@@ -43,7 +43,7 @@ class Server:
         return float(answer)
 
     def end(self):
-        """Returns what the subject says of its result."""
+        """Returns what the subject prints about its result."""
         try:
             rest, _ = self.process.communicate(timeout=20)
             return rest.strip()
@@ -52,7 +52,7 @@ class Server:
 
 
 class Process:
-    """A subject that is started anew each time. Times are by the clock."""
+    """A subject that is started for each run. Times are wall-clock times."""
 
     def __init__(self, subject):
         self.name = subject.name
@@ -71,8 +71,8 @@ class Process:
 
 
 def measure(workload, deadline):
-    """Rounds until the workload's seconds are over, five at least; fewer only where the deadline
-    comes first, no goal speaks of a subject, or it is so slow that one round has to do."""
+    """Rounds until the workload's seconds are over, at least five; fewer only where the deadline comes
+    first, or for a subject without a goal, or one so slow that a single round is enough."""
     subjects = [(Process if workload.whole_process else Server)(s) for s in workload.subjects]
     try:
         for subject in subjects:
@@ -86,7 +86,7 @@ def measure(workload, deadline):
             # One round at least, or there would be nothing to compare.
             if turn > 0 and (now > deadline or (turn >= LEAST_ROUNDS and now > end)):
                 break
-            # In both directions, so that nobody always follows the same neighbour.
+            # In alternating order, so that no subject always runs after the same other one.
             for subject in subjects if turn % 2 == 0 else reversed(subjects):
                 if turn < rounds[subject.name]:
                     times[subject.name].append(subject.milliseconds())
@@ -98,8 +98,8 @@ def measure(workload, deadline):
 
 
 def warm_up(subjects, times, in_goals):
-    """How many rounds each has. The first run is not counted, unless it is so slow that it has to
-    be the only one."""
+    """Returns the number of rounds of each subject. The first run is not counted, unless it is so slow
+    that it is the only one."""
     rounds = {}
     for subject in subjects:
         is_measured = subject is subjects[0] or subject.name in in_goals

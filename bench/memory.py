@@ -22,7 +22,7 @@ def processor_ticks(process):
 
 
 def memory_of(graph):
-    """Bytes now and at the most, once the window has come to rest."""
+    """Current and peak memory in bytes, once the window is idle."""
     environment = dict(os.environ, QT_QPA_PLATFORM="offscreen")
     process = subprocess.Popen([KURV, graph], env=environment, stderr=subprocess.DEVNULL)
     try:
@@ -38,7 +38,7 @@ def memory_of(graph):
 
 
 def rows(folder, write_graph):
-    """Of the table: what is added, in copies of the data."""
+    """The rows of the table: added memory, in copies of the data."""
     write_graph(folder + "/empty.gdf", "waves", 1, 2)
     empty = memory_of(folder + "/empty.gdf")
     result = []

@@ -1,4 +1,4 @@
-"""The truth of the pixels, and the pictures that show it."""
+"""The errors of the pixels, and the pictures that show them."""
 
 import os
 import subprocess
@@ -35,7 +35,7 @@ def rows(folder):
     result = []
     for shape in SHAPES:
         for width in WIDTHS:
-            paths = [f"{folder}/judged{i}" for i in range(len(SUBJECTS))]
+            paths = [f"{folder}/compared{i}" for i in range(len(SUBJECTS))]
             for (_, command), path in zip(SUBJECTS, paths):
                 draw(command, shape, width, path)
             for (name, _), (mean, most) in zip(SUBJECTS, compare(shape, width, paths)):
@@ -54,14 +54,14 @@ def pictures(folder, target):
     for width in WIDTHS:
         columns = []
         for i, (name, command) in enumerate(shown):
-            place = f"{folder}/column{i}"
-            os.makedirs(place, exist_ok=True)
+            subject_folder = f"{folder}/column{i}"
+            os.makedirs(subject_folder, exist_ok=True)
             for shape in shapes:
-                path = f"{place}/{shape}-{width}"
+                path = f"{subject_folder}/{shape}-{width}"
                 if name == "exact":
                     subprocess.run([*command, shape, width, path], check=True)
                 else:
                     draw(command, shape, width, path)
-            columns.append(f"{name.split(',')[0]}={place}")
+            columns.append(f"{name.split(',')[0]}={subject_folder}")
         subprocess.run([QUALITY, "sheet", f"{target}/lines-{width}px.png", width, ",".join(shapes),
                         *columns], check=True, stderr=subprocess.DEVNULL)

@@ -1,4 +1,4 @@
-"""The tables, and their places in the documentation."""
+"""The tables, and their sections in the documentation."""
 
 import re
 
@@ -13,14 +13,14 @@ def timing_rows(workload, times):
     ours = times[0].median
     goals = {goal.peer: goal for goal in workload.goals}
     rows = []
-    for i, one in enumerate(times):
-        goal = goals.get(one.name)
-        ratio = one.median / ours
+    for i, subject in enumerate(times):
+        goal = goals.get(subject.name)
+        ratio = subject.median / ours
         # A goal for another pen of ours bounds the other side of the ratio.
-        bounded = ratio if one.name.startswith("kurv") else 1 / ratio
-        rows.append([workload.key if i == 0 else "", workload.title if i == 0 else "", one.name,
-                     number(one.median), number(min(one.milliseconds)),
-                     number(max(one.milliseconds)), str(len(one.milliseconds)),
+        bounded = ratio if subject.name.startswith("kurv") else 1 / ratio
+        rows.append([workload.key if i == 0 else "", workload.title if i == 0 else "", subject.name,
+                     number(subject.median), number(min(subject.milliseconds)),
+                     number(max(subject.milliseconds)), str(len(subject.milliseconds)),
                      "" if i == 0 else f"{ratio:.2f}", goal.text if goal else "",
                      MET[bounded <= goal.most] if goal else ""])
     return rows
@@ -44,7 +44,7 @@ def memory_table(rows):
 
 
 def quality_table(rows):
-    """A line a subject, a column a shape and width: mean and largest error."""
+    """A row per subject, a column per shape and width: mean and largest error."""
     columns = list(dict.fromkeys((r["shape"], r["width"]) for r in rows))
     subjects = list(dict.fromkeys(r["subject"] for r in rows))
     cells = {(r["subject"], r["shape"], r["width"]):
@@ -65,7 +65,7 @@ def growth_table(times, fit):
 
 
 def replace_in_document(path, sections):
-    """Each section stands between <!-- NAME --> and <!-- end -->."""
+    """Each section is between <!-- NAME --> and <!-- end -->."""
     with open(path, encoding="utf-8") as file:
         text = file.read()
     for name, content in sections.items():

@@ -1,4 +1,4 @@
-"""What is compared with what, and which ratio is the goal."""
+"""What is compared with what, and the ratios that are goals."""
 
 from dataclasses import dataclass, field
 
@@ -15,7 +15,7 @@ class Subject:
 
 @dataclass
 class Goal:
-    """Ours has to take at most `most` of the median of the peer."""
+    """kurv may take at most `most` times the median of the peer."""
 
     peer: str
     most: float
@@ -61,7 +61,7 @@ def lines(key, title, kind, curves, points, goals, seconds):
         peer("Qwt", "qwt", "lines", *words),
         peer("QPainter, line at a time", "qpainter", "lines", *words),
         peer("AGG, outline", "agg", "outline", *words),
-        peer("looking at the data", "plain", "look", *words),
+        peer("looking at the data", "plain", "values", *words),
     ] + (cairo if kind == "waves" or int(curves) == 1 else []), goals, seconds)
 
 

@@ -1,5 +1,5 @@
-// The data that every subject works on. Whoever is measured makes them by this code, from fixed
-// seeds, so that nobody gets an easier load.
+// The data that all subjects work on. Each subject generates them by this code, from fixed seeds,
+// so that all have the same load.
 #pragma once
 
 #include <cmath>
@@ -12,10 +12,10 @@
 
 namespace bench {
 
-// This header is for libraries of every age, some of which do without C++20.
+// The peers are compiled as C++17, which has no <numbers>.
 inline constexpr double kPi = 3.14159265358979323846;
 
-// The picture that everybody draws, and in it what lies inside the axes of the control.
+// The size of the picture, and in it the rectangle inside the axes of the control.
 inline constexpr int kWidth = 1000;
 inline constexpr int kHeight = 700;
 
@@ -32,7 +32,7 @@ struct Table {
   std::vector<std::vector<double>> y;  // by curve
 };
 
-// The same on every platform, unlike the library's distributions.
+// Gives the same numbers on every platform, unlike the standard library's distributions.
 class Random {
  public:
   explicit Random(std::uint32_t seed) : m_generator(seed) {}
@@ -49,8 +49,8 @@ inline double wave(int curve, double t) {
   return (1 + curve % 10) * std::sin(2 * kPi * (3 + curve % 7) * t + curve);
 }
 
-// "waves": smooth over ascending x. "noise": a wave with noise on it. "scattered": both coordinates
-// at random. "shuffled": waves, but the points in no order, and many with the same x.
+// "waves": smooth over ascending x. "noise": a wave with noise added. "scattered": both coordinates
+// random. "shuffled": waves, but the points in random order, and many with the same x.
 inline Table table(std::string_view kind, int curves, int points) {
   const bool known =
       kind == "waves" || kind == "noise" || kind == "scattered" || kind == "shuffled";
@@ -61,7 +61,7 @@ inline Table table(std::string_view kind, int curves, int points) {
                                                 std::vector<double>(count))};
   Random random(1);
   for (std::size_t i = 0; i < count; ++i) {
-    const auto place = static_cast<double>(i) / points;
+    const auto t = static_cast<double>(i) / points;
     if (kind == "scattered") {
       result.x[i] = random.between(0, points);
     } else if (kind == "shuffled") {
@@ -74,14 +74,14 @@ inline Table table(std::string_view kind, int curves, int points) {
       if (kind == "scattered") {
         y = random.between(-10, 10);
       } else {
-        y = wave(k, place) + (kind == "noise" ? random.between(-1.25, 1.25) : 0);
+        y = wave(k, t) + (kind == "noise" ? random.between(-1.25, 1.25) : 0);
       }
     }
   }
   return result;
 }
 
-// The least and the largest of all values.
+// The minimum and maximum of all values.
 struct Range {
   double low;
   double high;
@@ -95,7 +95,7 @@ inline Range range_of(const std::vector<double>& values, Range range) {
   return range;
 }
 
-// From values to the pixels of the plot.
+// Maps values to the pixels of the plot.
 class Scale {
  public:
   explicit Scale(const Table& data)

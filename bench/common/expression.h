@@ -1,4 +1,4 @@
-// The expression that evaluators are measured with.
+// The expression by which evaluators are measured.
 #pragma once
 
 namespace bench {
@@ -10,7 +10,7 @@ inline double argument(int i) {
   return i * 1e-5;
 }
 
-// So that a compiler cannot leave out what led to the value.
+// Uses the value, so that the compiler cannot remove its computation.
 inline void keep(double value) {
   [[maybe_unused]] static volatile double kept;
   kept = value;

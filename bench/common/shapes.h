@@ -1,5 +1,5 @@
-// The polylines by which pixels are judged, and the file in which everybody hands over what they
-// made of them: the coverage of each pixel, a byte each, by rows.
+// The polylines by which errors are measured, and the file in which each subject returns its
+// result: the coverage of each pixel, one byte each, by rows.
 #pragma once
 
 #include <cmath>
@@ -34,9 +34,9 @@ template <class HeightAt>
 Shape shape(int width, int height, int points, const HeightAt& height_at) {
   Shape result{width, height, {}};
   for (int i = 0; i < points; ++i) {
-    const double place = i / (points - 1.0);
+    const double t = i / (points - 1.0);
     result.points.push_back(
-        {static_cast<float>(place * (width - 8) + 4), static_cast<float>(height_at(place, i))});
+        {static_cast<float>(t * (width - 8) + 4), static_cast<float>(height_at(t, i))});
   }
   return result;
 }
@@ -100,7 +100,7 @@ inline void write_coverage(const std::string& path, const CoverageBytes& coverag
   if (!file.flush()) throw std::runtime_error("cannot write " + path);
 }
 
-// Of black drawn on white, 32 bits a pixel, the green channel.
+// The coverages of a picture that is drawn black on white, 32 bits a pixel, from the green channel.
 inline CoverageBytes coverage_of(const unsigned char* bytes, std::size_t bytes_per_row, int width,
                                  int height) {
   CoverageBytes result;

@@ -1,4 +1,4 @@
-// What the sorts are measured with, and how their results are compared.
+// The size of the sorting workload, and a hash by which results are compared.
 #pragma once
 
 #include <cstdint>
@@ -10,7 +10,8 @@ namespace bench {
 inline constexpr int kSortedColumns = 150;
 inline constexpr int kSortedPoints = 32767;
 
-// Two columns in the same order have the same, and in another order hardly ever.
+// FNV-1a by whole values. Columns that are not in the same order practically never have the same
+// hash.
 inline std::uint64_t fingerprint(const double* values, std::size_t count) {
   std::uint64_t result = 14695981039346656037U;
   for (std::size_t i = 0; i < count; ++i) {

@@ -1,5 +1,5 @@
-// How a subject of a comparison is measured: it prepares its work once, says so, and then does it
-// each time it is asked, so that the subjects can take turns.
+// How a subject is measured: it prepares its work once, prints "ready", and then does the work at
+// each request, so that subjects can take turns.
 #pragma once
 
 #include <ctime>
@@ -12,7 +12,7 @@
 
 namespace bench {
 
-// Processor time of this process in seconds: what other programs do at the same time is not in it.
+// Processor time of this process in seconds; other programs do not count.
 inline double processor_seconds() {
   timespec now{};
   clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &now);
@@ -20,9 +20,9 @@ inline double processor_seconds() {
 }
 
 using Work = std::function<void()>;
-using Words = std::vector<std::string>;
+using Arguments = std::vector<std::string>;
 
-// Repeats short work until a clock can tell; returns milliseconds for one.
+// Repeats short work until the clock is precise enough; returns milliseconds for one.
 inline double milliseconds_of(const Work& work) {
   constexpr double kLongEnough = 0.02;
   const double start = processor_seconds();
@@ -36,7 +36,7 @@ inline double milliseconds_of(const Work& work) {
   return taken * 1000 / times;
 }
 
-// Of work that uses up what it works on: that is made anew each time, which is not counted.
+// The same for work that modifies its input: `prepare` restores it each time, which is not counted.
 inline double milliseconds_of(const Work& prepare, const Work& work) {
   constexpr int kTimes = 3;
   double taken = 0;
@@ -58,10 +58,10 @@ void serve(const Parts&... parts) {
   }
 }
 
-// The program of a subject. `run` gets the words of the command line.
-inline int subject_main(int argc, char** argv, const std::function<void(const Words&)>& run) {
+// The main function of a subject. `run` gets the arguments of the command line.
+inline int subject_main(int argc, char** argv, const std::function<void(const Arguments&)>& run) {
   try {
-    run(Words(argv + 1, argv + argc));
+    run(Arguments(argv + 1, argv + argc));
     return 0;
   } catch (const std::exception& error) {
     std::cerr << argv[0] << ": " << error.what() << '\n';
@@ -69,7 +69,7 @@ inline int subject_main(int argc, char** argv, const std::function<void(const Wo
   }
 }
 
-// What the peers that draw are asked for: METHOD KIND CURVES POINTS WIDTH [moving], or METHOD shape
+// The arguments of the peers that draw: METHOD KIND CURVES POINTS WIDTH [moving], or METHOD shape
 // NAME WIDTH FILE.
 struct Drawing {
   std::string method;
@@ -77,19 +77,19 @@ struct Drawing {
   int curves = 0;
   int points = 0;
   double width = 1;
-  bool is_moving = false;  // each time with another end of the x axis
+  bool is_moving = false;  // the end of the x axis differs each time
 };
 
-inline Drawing drawing_of(const Words& words) {
-  return {words.at(0),
-          words.at(1),
-          std::stoi(words.at(2)),
-          std::stoi(words.at(3)),
-          std::stod(words.at(4)),
-          words.size() > 5};
+inline Drawing drawing_of(const Arguments& arguments) {
+  return {arguments.at(0),
+          arguments.at(1),
+          std::stoi(arguments.at(2)),
+          std::stoi(arguments.at(3)),
+          std::stod(arguments.at(4)),
+          arguments.size() > 5};
 }
 
-// Ends of an axis, of which none comes twice.
+// Ends of an axis, each different from all before it.
 class MovingEnd {
  public:
   MovingEnd(double low, double high) : m_high(high), m_step((high - low) * 1e-6) {}

@@ -1,4 +1,4 @@
-// A control on real pixels, as a program without a window has it.
+// A control that draws on a Picture, without a window.
 #pragma once
 
 #include <KurvGraph/control.h>
@@ -11,7 +11,7 @@
 
 namespace bench {
 
-// The data as a host hands them over: x is column 1.
+// The data in the layout of a host: x is column 1.
 inline kurv::Matrix<kurv::Double> matrix_of(const Table& data) {
   const int points = static_cast<int>(data.x.size());
   const int curves = static_cast<int>(data.y.size());
@@ -43,8 +43,8 @@ struct ControlFixture {
     fit(Scale(data));
   }
 
-  // The peers fill their plots from edge to edge, and round numbers at the axes would make ours
-  // smaller than theirs.
+  // Sets the exact range: the peers fill their plots from edge to edge, and rounded limits would
+  // make the plot of the control smaller than theirs.
   void fit(const Scale& scale) {
     control.set_xmin(scale.x_range().low);
     control.set_xmax(scale.x_range().high);
@@ -54,7 +54,7 @@ struct ControlFixture {
 
   kurv::GraphDocument& document() { return control.state().document; }
 
-  // What a change of the graph costs, up to pixels that can be shown.
+  // A whole redraw, including the pixels.
   void redraw() {
     control.build_the_graph();
     static_cast<void>(picture.image());

@@ -26,42 +26,42 @@
 
 namespace {
 
+using bench::Arguments;
 using bench::ControlFixture;
-using bench::Words;
 
-void redraw(const Words& words) {
-  const bench::Drawing drawing = bench::drawing_of(words);
+void redraw(const Arguments& arguments) {
+  const bench::Drawing drawing = bench::drawing_of(arguments);
   const bool markers = drawing.method == "markers";
-  ControlFixture ours;
-  ours.control.set_CurvesWidth(static_cast<kurv::Integer>(drawing.width));
+  ControlFixture fixture;
+  fixture.control.set_CurvesWidth(static_cast<kurv::Integer>(drawing.width));
   const bench::Table data = bench::table(drawing.kind, drawing.curves, drawing.points);
-  ours.load(data, !markers, markers);
+  fixture.load(data, !markers, markers);
   const bench::Range x = bench::Scale(data).x_range();
   bench::MovingEnd end(x.low, x.high);
   bench::serve([&] {
-    if (drawing.is_moving) ours.control.set_xmax(end.next());
-    ours.redraw();
+    if (drawing.is_moving) fixture.control.set_xmax(end.next());
+    fixture.redraw();
   });
 }
 
-double least_milliseconds(const bench::Work& work) {
-  double least = bench::milliseconds_of(work);
-  for (int i = 0; i < 6; ++i) least = std::min(least, bench::milliseconds_of(work));
-  return least;
+double min_milliseconds(const bench::Work& work) {
+  double minimum = bench::milliseconds_of(work);
+  for (int i = 0; i < 6; ++i) minimum = std::min(minimum, bench::milliseconds_of(work));
+  return minimum;
 }
 
 void growth() {
   for (const int curves : {1, 10, 50, 149}) {
     for (const int points : {1000, 2000, 4000, 8000, 16000, 32767}) {
-      ControlFixture ours;
-      ours.load(bench::table("noise", curves, points));
-      std::cout << curves << ' ' << points << ' ' << least_milliseconds([&] { ours.redraw(); })
+      ControlFixture fixture;
+      fixture.load(bench::table("noise", curves, points));
+      std::cout << curves << ' ' << points << ' ' << min_milliseconds([&] { fixture.redraw(); })
                 << std::endl;
     }
   }
 }
 
-// Into the memory that is there, as the peer does: new memory costs what the system asks for it.
+// Reuses the allocated memory, as the peer does: new memory would add page faults.
 void write_over(kurv::Matrix<kurv::Double>& matrix, const bench::Table& data) {
   const auto put = [&](int index, const std::vector<double>& values) {
     const auto column = matrix.column(index);
@@ -73,20 +73,21 @@ void write_over(kurv::Matrix<kurv::Double>& matrix, const bench::Table& data) {
   }
 }
 
-void sort(const Words& words) {
+void sort(const Arguments& arguments) {
   const bench::Table data =
-      bench::table(words.at(1), bench::kSortedColumns - 1, bench::kSortedPoints);
-  const bool stays_as_it_is = std::is_sorted(data.x.begin(), data.x.end());
+      bench::table(arguments.at(1), bench::kSortedColumns - 1, bench::kSortedPoints);
+  const bool is_sorted = std::is_sorted(data.x.begin(), data.x.end());
   kurv::GraphDocument document;
   document.NumData = bench::kSortedPoints;
   document.NumY = bench::kSortedColumns - 1;
   document.xyArr = bench::matrix_of(data);
-  // As in a control, whose points before the sort and after it share what they can.
-  const bool is_shared = words.size() > 2 && words[2] == "shared";
+  // As in a control, which shares columns between the points in the host's order and the sorted
+  // ones.
+  const bool is_shared = arguments.size() > 2 && arguments[2] == "shared";
   const kurv::Matrix<kurv::Double> given = document.xyArr;
-  if (!is_shared && !stays_as_it_is) write_over(document.xyArr, data);
+  if (!is_shared && !is_sorted) write_over(document.xyArr, data);
   const auto sort = [&] { kurv::Sort_xy(document, *kurv::library_services().swap); };
-  if (stays_as_it_is) {
+  if (is_sorted) {
     bench::serve(sort);
   } else if (is_shared) {
     bench::serve([&] { document.xyArr = given; }, sort);
@@ -97,36 +98,37 @@ void sort(const Words& words) {
   std::cout << bench::fingerprint(&column(1), bench::kSortedPoints) << std::endl;
 }
 
-void load(const Words& words) {
-  ControlFixture ours;
-  bench::serve([&] { ours.control.file_load(words.at(1)); });
-  if (!ours.shell.messages.empty()) throw std::runtime_error("the graph was refused");
+void load(const Arguments& arguments) {
+  ControlFixture fixture;
+  bench::serve([&] { fixture.control.file_load(arguments.at(1)); });
+  if (!fixture.shell.messages.empty()) throw std::runtime_error("the graph was refused");
 }
 
-void save_as(ControlFixture& ours, const std::string& path) {
-  ours.shell.files.push_back({path, 1});
-  ours.control.ChartOptions("saveas");
+void save_as(ControlFixture& fixture, const std::string& path) {
+  fixture.shell.files.push_back({path, 1});
+  fixture.control.ChartOptions("saveas");
 }
 
-// Written over each time, as by a user who saves now and then.
-void save(const Words& words) {
-  ControlFixture ours;
-  ours.load(bench::table("waves", std::stoi(words.at(2)), std::stoi(words.at(3))));
-  save_as(ours, words.at(1));
+// Overwrites the file each time, like a user who saves now and then.
+void save(const Arguments& arguments) {
+  ControlFixture fixture;
+  fixture.load(bench::table("waves", std::stoi(arguments.at(2)), std::stoi(arguments.at(3))));
+  save_as(fixture, arguments.at(1));
   bench::serve([&] {
-    ours.document().GraphSaved = false;
-    ours.control.Save_graph();
+    fixture.document().GraphSaved = false;
+    fixture.control.Save_graph();
   });
 }
 
-void write(const Words& words) {
-  ControlFixture ours;
-  ours.load(bench::table(words.at(2), std::stoi(words.at(3)), std::stoi(words.at(4))));
-  save_as(ours, words.at(1));
-  if (!std::filesystem::exists(words.at(1))) throw std::runtime_error("nothing was written");
+void write(const Arguments& arguments) {
+  ControlFixture fixture;
+  fixture.load(
+      bench::table(arguments.at(2), std::stoi(arguments.at(3)), std::stoi(arguments.at(4))));
+  save_as(fixture, arguments.at(1));
+  if (!std::filesystem::exists(arguments.at(1))) throw std::runtime_error("nothing was written");
 }
 
-// As a host does: everything anew for each value.
+// As a host does: sets variable and expression for each value.
 void evaluate() {
   const std::unique_ptr<kurv::ExprEvaluator> evaluator = kurv::make_evaluator();
   double sum = 0;
@@ -159,9 +161,9 @@ void run_program() {
   bench::keep(sum);
 }
 
-// As one polyline, or segment by segment as everything is drawn that is none.
-void draw_shape(const Words& words) {
-  const bench::Shape shape = bench::shape_of(words.at(2));
+// Draws a shape as one polyline, or segment by segment as polylines without monotonic x are drawn.
+void draw_shape(const Arguments& arguments) {
+  const bench::Shape shape = bench::shape_of(arguments.at(2));
   kurv::Picture picture(QSize(shape.width, shape.height));
   const auto twips = static_cast<float>(picture.twips_per_device_pixel());
   std::vector<float> x, y;
@@ -170,36 +172,36 @@ void draw_shape(const Words& words) {
     y.push_back(point.y * twips);
   }
   const std::vector<std::uint8_t> drawn(x.size(), 1);
-  picture.DrawWidth(static_cast<kurv::Integer>(std::stoi(words.at(3))));
-  if (words.at(0) == "polyline") {
+  picture.DrawWidth(static_cast<kurv::Integer>(std::stoi(arguments.at(3))));
+  if (arguments.at(0) == "polyline") {
     picture.Polyline({x, y, drawn}, 0);
   } else {
     picture.PlotSurface::Polyline({x, y, drawn}, 0);
   }
   const QImage image = picture.image();
   bench::write_coverage(
-      words.at(4),
+      arguments.at(4),
       bench::coverage_of(image.constBits(), static_cast<std::size_t>(image.bytesPerLine()),
                          shape.width, shape.height));
 }
 
-void run(const Words& all_words) {
-  const bool says_qt = all_words.at(0) == "qt";
-  const Words words(all_words.begin() + (says_qt ? 1 : 0), all_words.end());
-  const std::string& what = words.at(0);
-  if (words.size() > 1 && words[1] == "shape") return draw_shape(words);
-  if (what == "redraw" || what == "markers") return redraw(words);
+void run(const Arguments& all_arguments) {
+  const bool has_qt = all_arguments.at(0) == "qt";
+  const Arguments arguments(all_arguments.begin() + (has_qt ? 1 : 0), all_arguments.end());
+  const std::string& what = arguments.at(0);
+  if (arguments.size() > 1 && arguments[1] == "shape") return draw_shape(arguments);
+  if (what == "redraw" || what == "markers") return redraw(arguments);
   if (what == "growth") return growth();
-  if (what == "sort") return sort(words);
-  if (what == "load") return load(words);
-  if (what == "save") return save(words);
-  if (what == "write") return write(words);
+  if (what == "sort") return sort(arguments);
+  if (what == "load") return load(arguments);
+  if (what == "save") return save(arguments);
+  if (what == "write") return write(arguments);
   if (what == "evaluate") return evaluate();
   if (what == "run_program") return run_program();
   throw std::invalid_argument("no such work");
 }
 
-// What needs no picture is measured in a program that does not start Qt, as its peers are.
+// Without a picture, Qt is not started: the peers do not start it either.
 bool needs_no_picture(const std::string& what) {
   return what == "sort" || what == "evaluate" || what == "run_program";
 }

@@ -1,5 +1,5 @@
-// Anti-Grain Geometry: its rasteriser of antialiased outlines, which is made for such lines, and
-// strokes as filled areas.
+// Anti-Grain Geometry: its rasteriser of antialiased outlines, which is meant for such lines, and
+// strokes as filled polygons.
 #include <agg2/agg_conv_stroke.h>
 #include <agg2/agg_path_storage.h>
 #include <agg2/agg_pixfmt_rgba.h>
@@ -103,25 +103,25 @@ void measure(const bench::Drawing& drawing) {
   });
 }
 
-void draw_shape(const bench::Words& words) {
-  const bench::Shape shape = bench::shape_of(words.at(2));
+void draw_shape(const bench::Arguments& arguments) {
+  const bench::Shape shape = bench::shape_of(arguments.at(2));
   Canvas canvas(shape.width, shape.height);
   agg::path_storage path;
   for (const bench::ShapePoint& point : shape.points) add(path, point.x, point.y);
-  draw(canvas, path, agg::rgba8(0, 0, 0), std::stod(words.at(3)), words.at(0));
+  draw(canvas, path, agg::rgba8(0, 0, 0), std::stod(arguments.at(3)), arguments.at(0));
   bench::write_coverage(
-      words.at(4), bench::coverage_of(canvas.bytes(), static_cast<std::size_t>(shape.width) * 4,
-                                      shape.width, shape.height));
+      arguments.at(4), bench::coverage_of(canvas.bytes(), static_cast<std::size_t>(shape.width) * 4,
+                                          shape.width, shape.height));
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-  return bench::subject_main(argc, argv, [](const bench::Words& words) {
-    if (words.at(1) == "shape") {
-      draw_shape(words);
+  return bench::subject_main(argc, argv, [](const bench::Arguments& arguments) {
+    if (arguments.at(1) == "shape") {
+      draw_shape(arguments);
     } else {
-      measure(bench::drawing_of(words));
+      measure(bench::drawing_of(arguments));
     }
   });
 }

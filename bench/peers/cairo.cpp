@@ -1,4 +1,4 @@
-// Cairo: one path a curve, stroked.
+// Cairo: one stroked path per curve.
 #include <cairo.h>
 
 #include "bench/common/data.h"
@@ -36,18 +36,18 @@ void measure(const bench::Drawing& drawing, cairo_t* cairo) {
   });
 }
 
-void draw_shape(const bench::Words& words) {
-  const bench::Shape shape = bench::shape_of(words.at(2));
+void draw_shape(const bench::Arguments& arguments) {
+  const bench::Shape shape = bench::shape_of(arguments.at(2));
   cairo_surface_t* const surface =
       cairo_image_surface_create(CAIRO_FORMAT_ARGB32, shape.width, shape.height);
   cairo_t* const cairo = cairo_create(surface);
   clear(cairo);
-  set_pen(cairo, 0, std::stod(words.at(3)));
+  set_pen(cairo, 0, std::stod(arguments.at(3)));
   for (const bench::ShapePoint& point : shape.points) cairo_line_to(cairo, point.x, point.y);
   cairo_stroke(cairo);
   cairo_surface_flush(surface);
   bench::write_coverage(
-      words.at(4),
+      arguments.at(4),
       bench::coverage_of(cairo_image_surface_get_data(surface),
                          static_cast<std::size_t>(cairo_image_surface_get_stride(surface)),
                          shape.width, shape.height));
@@ -55,12 +55,12 @@ void draw_shape(const bench::Words& words) {
   cairo_surface_destroy(surface);
 }
 
-void run(const bench::Words& words) {
-  if (words.at(1) == "shape") return draw_shape(words);
+void run(const bench::Arguments& arguments) {
+  if (arguments.at(1) == "shape") return draw_shape(arguments);
   cairo_surface_t* const surface =
       cairo_image_surface_create(CAIRO_FORMAT_ARGB32, bench::kWidth, bench::kHeight);
   cairo_t* const cairo = cairo_create(surface);
-  measure(bench::drawing_of(words), cairo);
+  measure(bench::drawing_of(arguments), cairo);
   cairo_destroy(cairo);
   cairo_surface_destroy(surface);
 }

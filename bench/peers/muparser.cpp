@@ -6,7 +6,7 @@
 
 namespace {
 
-void run(const bench::Words&) {
+void run(const bench::Arguments&) {
   double x = 0;
   mu::Parser parser;
   parser.DefineVar("x", &x);

@@ -1,5 +1,5 @@
-// What the work costs at least, or as one would write it down: reading numbers, writing numbers,
-// and the selection sort.
+// Lower bounds and straightforward implementations: reading numbers, writing numbers, and the
+// selection sort.
 #include <fcntl.h>
 #include <unistd.h>
 
@@ -38,7 +38,8 @@ void read_bytes(const std::string& path, std::string& bytes) {
   }
 }
 
-// Every number of the text, in order; what is none is passed over, and so is what follows each.
+// Every number of the text, in order. The character after each, and all that is not a number, is
+// skipped.
 void read_numbers(const std::string& bytes, std::vector<double>& numbers) {
   const char* at = bytes.data();
   const char* const end = at + bytes.size();
@@ -73,7 +74,7 @@ void append_column(std::string& text, const std::vector<double>& values) {
   text.replace(text.size() - 1, 1, "\r\n");
 }
 
-// A column a line, as the control's file has them.
+// A line for each column, as in the control's file.
 void write_numbers(const std::string& path, const bench::Table& data, std::string& text) {
   text.clear();
   append_column(text, data.x);
@@ -92,19 +93,19 @@ void sort() {
   bench::serve(prepare, [&] {
     for (std::size_t i = 0; i < data.x.size(); ++i) {
       const std::vector<double>& x = columns.front();
-      std::size_t least = i;
+      std::size_t minimum = i;
       for (std::size_t j = i + 1; j < x.size(); ++j) {
-        if (x[j] < x[least]) least = j;
+        if (x[j] < x[minimum]) minimum = j;
       }
-      if (least == i) continue;
-      for (auto& column : columns) std::swap(column[i], column[least]);
+      if (minimum == i) continue;
+      for (auto& column : columns) std::swap(column[i], column[minimum]);
     }
   });
   std::cout << bench::fingerprint(columns.at(1)) << std::endl;
 }
 
-// What any redraw has to do: look at each value and ask whether it is in the plot.
-void look(const bench::Drawing& drawing) {
+// The minimum that any redraw has to do: read each value and test whether it is in the plot.
+void read_values(const bench::Drawing& drawing) {
   const bench::Table data = bench::table(drawing.kind, drawing.curves, drawing.points);
   const bench::Scale scale(data);
   const bench::Range range = scale.y_range();
@@ -117,21 +118,22 @@ void look(const bench::Drawing& drawing) {
   std::cout << inside << std::endl;
 }
 
-void run(const bench::Words& words) {
-  const std::string& what = words.at(0);
-  if (what == "look") {
-    look(bench::drawing_of(words));
+void run(const bench::Arguments& arguments) {
+  const std::string& what = arguments.at(0);
+  if (what == "values") {
+    read_values(bench::drawing_of(arguments));
   } else if (what == "read") {
     std::string bytes;
     std::vector<double> numbers;
     bench::serve([&] {
-      read_bytes(words.at(1), bytes);
+      read_bytes(arguments.at(1), bytes);
       read_numbers(bytes, numbers);
     });
   } else if (what == "write") {
-    const bench::Table data = bench::table("waves", std::stoi(words.at(2)), std::stoi(words.at(3)));
+    const bench::Table data =
+        bench::table("waves", std::stoi(arguments.at(2)), std::stoi(arguments.at(3)));
     std::string text;
-    bench::serve([&] { write_numbers(words.at(1), data, text); });
+    bench::serve([&] { write_numbers(arguments.at(1), data, text); });
   } else if (what == "sort") {
     sort();
   } else if (what == "scan") {

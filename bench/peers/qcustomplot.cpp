@@ -27,8 +27,8 @@ void add_graphs(QCustomPlot& plot, const bench::Table& data, const bench::Drawin
   plot.yAxis->setRange(scale.y_range().low, scale.y_range().high);
 }
 
-// What the control shows besides the curves.
-void add_words(QCustomPlot& plot) {
+// The legend, labels and titles, as the control shows them.
+void add_texts(QCustomPlot& plot) {
   plot.legend->setVisible(true);
   plot.xAxis->setLabel("x");
   plot.plotLayout()->insertRow(0);
@@ -37,16 +37,16 @@ void add_words(QCustomPlot& plot) {
   plot.plotLayout()->addElement(1, 0, new QCPTextElement(&plot, "Subtitle", QFont("sans", 8)));
 }
 
-void run(const bench::Words& words) {
-  const bench::Drawing drawing = bench::drawing_of(words);
+void run(const bench::Arguments& arguments) {
+  const bench::Drawing drawing = bench::drawing_of(arguments);
   const bench::Table data = bench::table(drawing.kind, drawing.curves, drawing.points);
   QCustomPlot plot;
   plot.resize(bench::kWidth, bench::kHeight);
   add_graphs(plot, data, drawing);
-  if (drawing.method == "small") add_words(plot);
+  if (drawing.method == "small") add_texts(plot);
   plot.show();
   QApplication::processEvents();
-  // Queued, so that putting the finished picture into the window is not counted.
+  // Queued, so that copying the picture to the window is not counted.
   const bench::Range x = bench::Scale(data).x_range();
   bench::MovingEnd end(x.low, x.high);
   bench::serve([&] {

@@ -1,4 +1,4 @@
-// Qt's own painter on an image: a polyline a curve, a line at a time, or shapes as markers.
+// QPainter on an image: a polyline per curve, a line at a time, or shapes as markers.
 #include <QImage>
 #include <QPainter>
 #include <QPolygonF>
@@ -12,7 +12,7 @@ namespace {
 using bench::Scale;
 using bench::Table;
 
-// The format that Qt draws on fastest.
+// Qt's fastest format to draw on.
 QImage white(int width, int height) {
   QImage image(width, height, QImage::Format_ARGB32_Premultiplied);
   image.fill(Qt::white);
@@ -87,19 +87,19 @@ void measure(const bench::Drawing& drawing) {
   });
 }
 
-void draw_shape(const bench::Words& words) {
-  const bench::Shape shape = bench::shape_of(words.at(2));
+void draw_shape(const bench::Arguments& arguments) {
+  const bench::Shape shape = bench::shape_of(arguments.at(2));
   QImage image = white(shape.width, shape.height);
   QPainter painter(&image);
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(
-      QPen(Qt::black, std::stod(words.at(3)), Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+      QPen(Qt::black, std::stod(arguments.at(3)), Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
   QPolygonF polygon;
   for (const bench::ShapePoint& point : shape.points) polygon << QPointF(point.x, point.y);
-  draw(painter, polygon, words.at(0));
+  draw(painter, polygon, arguments.at(0));
   painter.end();
   bench::write_coverage(
-      words.at(4),
+      arguments.at(4),
       bench::coverage_of(image.constBits(), static_cast<std::size_t>(image.bytesPerLine()),
                          shape.width, shape.height));
 }
@@ -107,11 +107,11 @@ void draw_shape(const bench::Words& words) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  return bench::subject_main(argc, argv, [](const bench::Words& words) {
-    if (words.at(1) == "shape") {
-      draw_shape(words);
+  return bench::subject_main(argc, argv, [](const bench::Arguments& arguments) {
+    if (arguments.at(1) == "shape") {
+      draw_shape(arguments);
     } else {
-      measure(bench::drawing_of(words));
+      measure(bench::drawing_of(arguments));
     }
   });
 }

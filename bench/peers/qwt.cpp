@@ -15,7 +15,7 @@ namespace {
 
 using Curves = std::vector<std::unique_ptr<QwtPlotCurve>>;
 
-// Those that hide what lies below, as the control's do.
+// Opaque symbols, like the markers of the control.
 QwtSymbol* symbol_of(int curve, const QPen& pen) {
   constexpr QwtSymbol::Style kStyles[] = {QwtSymbol::Rect, QwtSymbol::Ellipse, QwtSymbol::Diamond,
                                           QwtSymbol::DTriangle, QwtSymbol::UTriangle};
@@ -41,8 +41,8 @@ Curves curves_of(const bench::Table& data, const bench::Drawing& drawing) {
   return curves;
 }
 
-void run(const bench::Words& words) {
-  const bench::Drawing drawing = bench::drawing_of(words);
+void run(const bench::Arguments& arguments) {
+  const bench::Drawing drawing = bench::drawing_of(arguments);
   const bench::Table data = bench::table(drawing.kind, drawing.curves, drawing.points);
   const bench::Scale scale(data);
   const QRectF rectangle(bench::kPlot.left, bench::kPlot.top, bench::kPlot.width,

@@ -8,9 +8,9 @@
 namespace bench {
 namespace {
 
-constexpr int kPlaces = 16;  // in a pixel, in either direction
+constexpr int kSamples = 16;  // per pixel, in either direction
 
-// An interval of one line of places; empty when `low` is above `high`.
+// An interval of a row of samples; empty where low > high.
 struct Interval {
   double low = HUGE_VAL;
   double high = -HUGE_VAL;
@@ -21,17 +21,17 @@ struct Interval {
   }
 };
 
-// Everything in units of places.
-class Places {
+// The covered samples, a bit each. All lengths are in samples.
+class SampleGrid {
  public:
-  Places(int width, int height)
-      : m_width(width * kPlaces),
-        m_height(height * kPlaces),
+  SampleGrid(int width, int height)
+      : m_width(width * kSamples),
+        m_height(height * kSamples),
         m_words((static_cast<std::size_t>(m_width) + 63) / 64),
         m_bits(m_words * static_cast<std::size_t>(m_height)) {}
 
-  // A disc about each end and the rectangle between them. All three are convex, and so is their
-  // union, so each line of places meets it in one interval.
+  // A disc at each end and the rectangle between them. Their union is convex, so each row of
+  // samples intersects it in one interval.
   void add_capsule(ShapePoint from, ShapePoint to, double radius) {
     const double top = std::min(from.y, to.y) - radius, bottom = std::max(from.y, to.y) + radius;
     const int first = std::max(0, static_cast<int>(std::floor(top)));
@@ -48,11 +48,11 @@ class Places {
 
   std::uint8_t coverage(int x, int y) const {
     int count = 0;
-    for (int row = y * kPlaces; row < (y + 1) * kPlaces; ++row) {
-      const std::uint64_t word = word_at(row, static_cast<std::size_t>(x) * kPlaces / 64);
-      count += std::popcount((word >> (x * kPlaces % 64)) & 0xFFFFU);
+    for (int row = y * kSamples; row < (y + 1) * kSamples; ++row) {
+      const std::uint64_t word = word_at(row, static_cast<std::size_t>(x) * kSamples / 64);
+      count += std::popcount((word >> (x * kSamples % 64)) & 0xFFFFU);
     }
-    return static_cast<std::uint8_t>(std::lround(count * 255.0 / (kPlaces * kPlaces)));
+    return static_cast<std::uint8_t>(std::lround(count * 255.0 / (kSamples * kSamples)));
   }
 
  private:
@@ -64,7 +64,7 @@ class Places {
     covered.include(centre.x + half);
   }
 
-  // Where the line at y crosses the four sides.
+  // The intersection of the row at y with the four sides.
   static void include_rectangle(Interval& covered, ShapePoint from, ShapePoint to, double radius,
                                 double y) {
     const double dx = double{to.x} - from.x, dy = double{to.y} - from.y;
@@ -81,16 +81,16 @@ class Places {
     }
   }
 
-  // A place is covered where its middle is.
+  // A sample is covered where its centre is.
   void fill(int row, const Interval& covered) {
     if (!(covered.low <= covered.high)) return;
     const int first = std::max(0, static_cast<int>(std::ceil(covered.low - 0.5)));
     const int end = std::min(m_width, static_cast<int>(std::floor(covered.high - 0.5)) + 1);
-    for (int place = first; place < end;) {
-      const int in_word = place % 64, count = std::min(64 - in_word, end - place);
+    for (int sample = first; sample < end;) {
+      const int in_word = sample % 64, count = std::min(64 - in_word, end - sample);
       const std::uint64_t ones = count == 64 ? ~std::uint64_t{0} : (std::uint64_t{1} << count) - 1;
-      word_at(row, static_cast<std::size_t>(place) / 64) |= ones << in_word;
-      place += count;
+      word_at(row, static_cast<std::size_t>(sample) / 64) |= ones << in_word;
+      sample += count;
     }
   }
 
@@ -103,25 +103,25 @@ class Places {
 
   int m_width;
   int m_height;
-  std::size_t m_words;  // in a line
+  std::size_t m_words;  // per row
   std::vector<std::uint64_t> m_bits;
 };
 
-ShapePoint in_places(ShapePoint point) {
-  return {point.x * kPlaces, point.y * kPlaces};
+ShapePoint in_samples(ShapePoint point) {
+  return {point.x * kSamples, point.y * kSamples};
 }
 
 }  // namespace
 
 CoverageBytes exact_coverage(const Shape& shape, double width) {
-  Places places(shape.width, shape.height);
+  SampleGrid samples(shape.width, shape.height);
   for (std::size_t i = 1; i < shape.points.size(); ++i) {
-    places.add_capsule(in_places(shape.points[i - 1]), in_places(shape.points[i]),
-                       width / 2 * kPlaces);
+    samples.add_capsule(in_samples(shape.points[i - 1]), in_samples(shape.points[i]),
+                        width / 2 * kSamples);
   }
   CoverageBytes result;
   for (int y = 0; y < shape.height; ++y) {
-    for (int x = 0; x < shape.width; ++x) result.push_back(places.coverage(x, y));
+    for (int x = 0; x < shape.width; ++x) result.push_back(samples.coverage(x, y));
   }
   return result;
 }

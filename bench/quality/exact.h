@@ -1,5 +1,5 @@
-// What a polyline with round joints and ends covers of each pixel, by counting 16 x 16 places in
-// it. Slow, and sharing nothing with what it judges.
+// The exact coverage of a polyline with round joins and caps, by 16 x 16 samples in each pixel. A
+// slow reference that shares no code with the raster.
 #pragma once
 
 #include "bench/common/shapes.h"

@@ -1,10 +1,10 @@
-// Judges pixels.
+// Measures the errors of pixels.
 //
 //   bench_quality exact SHAPE WIDTH FILE       writes the exact coverage
 //   bench_quality compare SHAPE WIDTH FILE...  prints mean and largest error of each, 0..255, over
-//                                              the pixels that either of the two has touched
+//                                              the pixels that are touched in either picture
 //   bench_quality sheet PICTURE WIDTH SHAPE,... LABEL=FOLDER...
-//                                              puts FOLDER/SHAPE-WIDTH of each side by side
+//                                              draws FOLDER/SHAPE-WIDTH of each side by side
 #include <QColor>
 #include <QGuiApplication>
 #include <QImage>
@@ -19,8 +19,8 @@
 
 namespace {
 
+using bench::Arguments;
 using bench::CoverageBytes;
-using bench::Words;
 
 CoverageBytes read_coverage(const std::string& path, const bench::Shape& shape) {
   std::ifstream file(path, std::ios::binary);
@@ -32,16 +32,16 @@ CoverageBytes read_coverage(const std::string& path, const bench::Shape& shape) 
   return bytes;
 }
 
-void compare(const Words& words) {
-  const bench::Shape shape = bench::shape_of(words.at(1));
-  const CoverageBytes exact = bench::exact_coverage(shape, std::stod(words.at(2)));
-  for (std::size_t file = 3; file < words.size(); ++file) {
-    const CoverageBytes judged = read_coverage(words[file], shape);
+void compare(const Arguments& arguments) {
+  const bench::Shape shape = bench::shape_of(arguments.at(1));
+  const CoverageBytes exact = bench::exact_coverage(shape, std::stod(arguments.at(2)));
+  for (std::size_t file = 3; file < arguments.size(); ++file) {
+    const CoverageBytes compared = read_coverage(arguments[file], shape);
     long sum = 0, touched = 0;
     int largest = 0;
     for (std::size_t i = 0; i < exact.size(); ++i) {
-      if (exact[i] == 0 && judged[i] == 0) continue;
-      const int error = std::abs(int{exact[i]} - int{judged[i]});
+      if (exact[i] == 0 && compared[i] == 0) continue;
+      const int error = std::abs(int{exact[i]} - int{compared[i]});
       sum += error;
       ++touched;
       largest = std::max(largest, error);
@@ -51,7 +51,7 @@ void compare(const Words& words) {
   }
 }
 
-// One column a subject, one row a shape; each pixel becomes a square.
+// An enlarged comparison: a column for each subject, a row for each shape.
 class Sheet {
  public:
   Sheet(int columns, int rows, const bench::Shape& shape)
@@ -66,7 +66,7 @@ class Sheet {
   void name(int row, const std::string& text, const bench::Shape& shape) {
     write({4, kTop + row * (shape.height * kScale + kGap), kLeft - 8, shape.height * kScale}, text);
   }
-  void put(int column, int row, const bench::Shape& shape, const CoverageBytes& coverage) {
+  void draw(int column, int row, const bench::Shape& shape, const CoverageBytes& coverage) {
     const QImage grey(coverage.data(), shape.width, shape.height, shape.width,
                       QImage::Format_Grayscale8);
     QImage drawn = grey.copy();
@@ -101,8 +101,8 @@ class Sheet {
   QImage m_image;
 };
 
-Words split(const std::string& text, char separator) {
-  Words parts{""};
+Arguments split(const std::string& text, char separator) {
+  Arguments parts{""};
   for (const char c : text) {
     if (c == separator) {
       parts.emplace_back();
@@ -113,35 +113,35 @@ Words split(const std::string& text, char separator) {
   return parts;
 }
 
-void draw_sheet(const Words& words) {
-  const std::string& width = words.at(2);
-  const Words shapes = split(words.at(3), ',');
+void draw_sheet(const Arguments& arguments) {
+  const std::string& width = arguments.at(2);
+  const Arguments shapes = split(arguments.at(3), ',');
   const bench::Shape first = bench::shape_of(shapes.at(0));
-  const int columns = static_cast<int>(words.size()) - 4;
+  const int columns = static_cast<int>(arguments.size()) - 4;
   Sheet sheet(columns, static_cast<int>(shapes.size()), first);
   for (int column = 0; column < columns; ++column) {
-    const Words subject = split(words[static_cast<std::size_t>(column) + 4], '=');
+    const Arguments subject = split(arguments[static_cast<std::size_t>(column) + 4], '=');
     sheet.label(column, subject.at(0), first);
     int row = 0;
     for (const std::string& name : shapes) {
       const bench::Shape shape = bench::shape_of(name);
       if (column == 0) sheet.name(row, name, shape);
-      sheet.put(column, row++, shape,
-                read_coverage(subject.at(1) + "/" + name + "-" + width, shape));
+      sheet.draw(column, row++, shape,
+                 read_coverage(subject.at(1) + "/" + name + "-" + width, shape));
     }
   }
-  sheet.save(words.at(1));
+  sheet.save(arguments.at(1));
 }
 
-void run(const Words& words) {
-  const std::string& what = words.at(0);
+void run(const Arguments& arguments) {
+  const std::string& what = arguments.at(0);
   if (what == "exact") {
-    bench::write_coverage(
-        words.at(3), bench::exact_coverage(bench::shape_of(words.at(1)), std::stod(words.at(2))));
+    bench::write_coverage(arguments.at(3), bench::exact_coverage(bench::shape_of(arguments.at(1)),
+                                                                 std::stod(arguments.at(2))));
   } else if (what == "compare") {
-    compare(words);
+    compare(arguments);
   } else if (what == "sheet") {
-    draw_sheet(words);
+    draw_sheet(arguments);
   } else {
     throw std::invalid_argument("no such work");
   }
