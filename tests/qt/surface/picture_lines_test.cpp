@@ -168,7 +168,7 @@ TEST(PictureStrokes, LaterColoursCoverEarlierOnes) {
   EXPECT_TRUE(is_palette(image, 20, 20, kNavy));
 }
 
-TEST(PictureStrokes, KeepTheirPlaceAmongBoxesAndText) {
+TEST(PictureStrokes, KeepTheirOrderAmongBoxesAndText) {
   Picture picture({40, 40});
   picture.Line({-100, 157.5F}, {1000, 157.5F}, kMaroon, LineKind::kSegment);
   picture.Line({150, 0}, {300, 600}, kNavy, LineKind::kFilledBox);

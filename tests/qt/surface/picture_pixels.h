@@ -1,4 +1,4 @@
-// Questions about the pixels of a picture.
+// Predicates and measures of the pixels of a picture.
 #pragma once
 
 #include <QImage>
@@ -15,7 +15,7 @@ inline bool is_palette(const QImage& image, int x, int y, int colour) {
   return image.pixel(x, y) == (0xFF000000 | palette_rgb(colour));
 }
 
-// The smallest rectangle that holds every pixel that is not white; null when all are.
+// The bounds of the pixels that are not white; null where all are.
 inline QRect ink_of(const QImage& image) {
   QRect ink;
   for (int y = 0; y < image.height(); ++y) {

@@ -65,7 +65,7 @@ void expect_as_one_by_one(const Curves& curves, QSize size, double ratio, Intege
       << curves.count() << ' ' << curves.x.size() << ' ' << ratio << ' ' << pen;
 }
 
-TEST(PicturePolylines, LookAsOneByOne) {
+TEST(PicturePolylines, LookLikeOneByOne) {
   for (const int count : {1, 47, 48, 60}) {
     for (const int points : {50, 4000}) {
       expect_as_one_by_one(noisy(count, points), {60, 60}, 1, 1);
@@ -73,18 +73,18 @@ TEST(PicturePolylines, LookAsOneByOne) {
   }
 }
 
-TEST(PicturePolylines, LookAsOneByOneWithAnyPenAndSize) {
+TEST(PicturePolylines, LookLikeOneByOneWithAnyPenAndSize) {
   const Curves curves = noisy(50, 3000);
   for (const Integer pen : {Integer{1}, Integer{3}}) {
     expect_as_one_by_one(curves, {17, 60}, 1, pen);
     expect_as_one_by_one(curves, {1, 1}, 1, pen);
     expect_as_one_by_one(curves, {60, 41}, 1.5, pen);
   }
-  // Too wide to be collected by columns.
+  // Too wide for the rasteriser of monotone polylines.
   expect_as_one_by_one(noisy(50, 30), {17, 60}, 1, 200);
 }
 
-TEST(PicturePolylines, LookAsOneByOneBackwardsWithGapsAndUnsorted) {
+TEST(PicturePolylines, LookLikeOneByOneBackwardsWithGapsAndUnsorted) {
   Curves curves = noisy(50, 3000);
   for (std::size_t i = 0; i < curves.drawn.size(); i += 5) curves.drawn[i] = 0;
   expect_as_one_by_one(curves, {60, 60}, 1, 1);
@@ -107,7 +107,7 @@ TEST(PicturePolylines, FollowTheSizeOfThePicture) {
   EXPECT_EQ(used.image(), fresh.image());
 }
 
-// A fault in the middle leaves nothing for the next picture, and the pen as it was.
+// After a fault the next picture is not affected, and the pen is unchanged.
 TEST(PicturePolylines, AFaultInTheMiddleLeavesNothingBehind) {
   const Curves curves = noisy(50, 3000);
   Picture used({60, 60}), fresh({60, 60});

@@ -31,7 +31,7 @@ void draw_strokes(PlotSurface& surface, FigureCentre centre) {
   surface.Circle(at(centre, 0, 0), 45, kMaroon);
 }
 
-// Centres as a surface takes them.
+// Centres in the layout of PlotSurface.
 struct MonotonePolylines {
   std::vector<Double> x;
   std::vector<Double> y;
@@ -64,8 +64,8 @@ FigureCentre at_a_quarter_pixel(FigureCentre centre, Double twips_per_pixel) {
           std::floor(centre.y / quarter + 0.5) * quarter};
 }
 
-// Each alone on a ground that shows what lets it through, everywhere and over each edge.
-TEST(PictureRepeat, PutsFiguresAtTheNearestQuarterOfAPixel) {
+// Each figure alone on a backdrop that shows its transparency, everywhere and across each edge.
+TEST(PictureRepeat, DrawsFiguresAtTheNearestQuarterOfAPixel) {
   for (const double ratio : {1.0, 1.25, 2.0}) {
     for (const FigureCentre& centre : random_centres(60, -90, 690)) {
       Picture stamped({40, 40}, ratio), drawn({40, 40}, ratio);
@@ -85,7 +85,7 @@ TEST(PictureRepeat, KeepsTheOrderOfFigures) {
   Picture picture({60, 60});
   std::vector<FigureCentre> centres = random_centres(200, 100, 800);
   repeat(picture, centres, kReach, draw_figure);
-  // Whatever lies below, the last one looks as if it were alone.
+  // Whatever is below, the last one looks as if it were alone.
   Picture alone({60, 60});
   const FigureCentre last = centres.back();
   draw_strokes(alone, at_a_quarter_pixel(last, 15));
@@ -149,7 +149,7 @@ TEST(PictureRepeat, StandsAboveWhatWasDrawnBefore) {
   EXPECT_FALSE(is_palette(picture.image(), 5, 20, kWhite));
 }
 
-TEST(PictureRepeat, CentresThatAreNoPlaceShowNothing) {
+TEST(PictureRepeat, LeavesOutCentresThatAreNotFinite) {
   constexpr Double kInfinity = std::numeric_limits<Double>::infinity();
   constexpr Double kNaN = std::numeric_limits<Double>::quiet_NaN();
   Picture picture({40, 40});
@@ -165,7 +165,7 @@ TEST(PictureRepeat, CentresThatAreNoPlaceShowNothing) {
   EXPECT_TRUE(ink_of(picture.image()).isNull());
 }
 
-// Figures are painted late, but never later than what comes after them.
+// Figures are painted later than they are drawn, but before anything that is drawn after them.
 TEST(PictureRepeat, LiesBelowWhatIsDrawnAfterwards) {
   Picture picture({40, 40});
   const std::vector<FigureCentre> centres(100, FigureCentre{300, 300});

@@ -66,7 +66,7 @@ TEST(PictureSize, MemoryIsBoundedByALowerResolution) {
   EXPECT_DOUBLE_EQ(picture.image().devicePixelRatio(), 5760);
 }
 
-TEST(PictureSize, ImageTellsRatioAndResolution) {
+TEST(PictureSize, ImageHasRatioAndResolution) {
   const QImage plain = Picture({40, 30}).image();
   EXPECT_EQ(plain.format(), QImage::Format_RGB32);
   EXPECT_EQ(plain.dotsPerMeterX(), 3780);

@@ -49,7 +49,7 @@ void print(Picture& picture, const Sample& sample) {
   picture.Print(sample.x, sample.y, sample.text);
 }
 
-// By the painter itself.
+// Painted directly by QPainter.
 QImage painted(const Picture& like, const Sample& sample, QRgb ground) {
   QImage image(like.device_size(), QImage::Format_RGB32);
   image.fill(ground);
@@ -68,7 +68,7 @@ QImage painted(const Picture& like, const Sample& sample, QRgb ground) {
   return image;
 }
 
-TEST(TextCache, LookAsThePainterPaintsThem) {
+TEST(TextCache, LooksLikeTextPaintedDirectly) {
   for (const double ratio : {1.0, 1.5, 2.0}) {
     for (const Sample& sample : kSamples) {
       for (const int ground : {15, 6, 0}) {
@@ -83,7 +83,7 @@ TEST(TextCache, LookAsThePainterPaintsThem) {
   }
 }
 
-TEST(TextCache, ArePaintedAnewOnceTheProgramHasOtherFonts) {
+TEST(TextCache, PaintsAgainAfterAChangeOfFonts) {
   const int before = font_generation();
   EXPECT_EQ(font_generation(), before);
   emit qGuiApp->fontDatabaseChanged();
@@ -97,7 +97,7 @@ TEST(TextCache, ArePaintedAnewOnceTheProgramHasOtherFonts) {
   EXPECT_EQ(picture.image(), image);
 }
 
-TEST(TextCache, AreTheSameEachTime) {
+TEST(TextCache, GivesTheSamePixelsEachTime) {
   Picture used({200, 90}, 1.25);
   for (int round = 0; round < 3; ++round) {
     for (const Sample& sample : kSamples) {
@@ -110,7 +110,7 @@ TEST(TextCache, AreTheSameEachTime) {
   }
 }
 
-TEST(TextCache, AreToldApartByAllThatMakesThemLookDifferent) {
+TEST(TextCache, DistinguishesAllThatAffectsThePixels) {
   const Sample plain = kSamples.front();
   std::vector<Sample> others(7, plain);
   others[0].x += 1;
@@ -130,7 +130,7 @@ TEST(TextCache, AreToldApartByAllThatMakesThemLookDifferent) {
   }
 }
 
-TEST(TextCache, FollowTheSizeOfThePicture) {
+TEST(TextCache, FollowsTheSizeOfThePicture) {
   Picture used({200, 90}), fresh({300, 120}, 2);
   print(used, kSamples[3]);
   used.resize({300, 120}, 2);
@@ -139,8 +139,8 @@ TEST(TextCache, FollowTheSizeOfThePicture) {
   EXPECT_EQ(used.image(), fresh.image());
 }
 
-// More than are kept.
-TEST(TextCache, SurviveAnyNumberOfTexts) {
+// More than are cached.
+TEST(TextCache, SurvivesAnyNumberOfTexts) {
   Picture used({600, 500});
   for (int round = 0; round < 2; ++round) {
     used.Cls();

@@ -1,4 +1,4 @@
-// Looking into SVG and PDF documents.
+// Reads and renders SVG and PDF documents.
 #pragma once
 
 #include <KurvGraph/picture.h>
@@ -24,7 +24,7 @@ struct SvgElement {
   QString text;
 };
 
-// All elements in their order; fails the test where it is not well-formed XML.
+// All elements in document order. Fails the test where the XML is not well-formed.
 inline std::vector<SvgElement> elements_of(const QByteArray& svg) {
   std::vector<SvgElement> elements;
   QXmlStreamReader xml(svg);
@@ -63,7 +63,7 @@ inline QImage rendered_svg(const QByteArray& svg, double scale = 1) {
   return image;
 }
 
-// What a PDF tool makes of the document; the file is named in its arguments as "in.pdf".
+// The output of a PDF tool for the document, whose file is "in.pdf" in its arguments.
 inline QByteArray output_of(const QString& tool, const QStringList& arguments,
                             const QByteArray& pdf, const QTemporaryDir& folder) {
   QFile file(folder.filePath("in.pdf"));
@@ -83,7 +83,7 @@ inline QString pdf_text(const QByteArray& pdf) {
   return QString::fromUtf8(output_of("pdftotext", {"-layout", "in.pdf", "-"}, pdf, folder));
 }
 
-// At so many pixels for each of 15 twips.
+// `scale` pixels for 15 twips.
 inline QImage rendered_pdf(const QByteArray& pdf, double scale = 1) {
   const QTemporaryDir folder;
   output_of("pdftoppm", {"-r", QString::number(96 * scale), "-png", "-singlefile", "in.pdf", "out"},
@@ -91,8 +91,8 @@ inline QImage rendered_pdf(const QByteArray& pdf, double scale = 1) {
   return QImage(folder.filePath("out.png")).convertToFormat(QImage::Format_RGB32);
 }
 
-// The mean difference of their channels, 0..255, after both have been blurred a little: whether a
-// line stands on a whole pixel or between two is no difference.
+// The mean difference of their channels, 0..255, after both have been blurred a little, so that it
+// does not matter whether a line is on a whole pixel or between two.
 inline double difference(const QImage& a, const QImage& b) {
   EXPECT_EQ(a.size(), b.size());
   if (a.size() != b.size()) return 255;

@@ -1,4 +1,4 @@
-// A whole graph as a document of lines and text.
+// A whole graph as a vector document.
 #include <gmock/gmock.h>
 
 #include <cmath>

@@ -1,4 +1,4 @@
-// What stands in a document of lines and text.
+// The contents of vector documents.
 #include <gmock/gmock.h>
 
 #include <QRegularExpression>
@@ -81,7 +81,7 @@ TEST(VectorPicture, ConnectedSegmentsOfAColourAreOnePath) {
   EXPECT_EQ(path_data(found[1]), "M200 100l100 0");
 }
 
-TEST(VectorPicture, StepsOfAPathDoNotAddUpTheirRoundings) {
+TEST(VectorPicture, RelativeCommandsDoNotAccumulateRoundingErrors) {
   VectorPicture picture = svg_picture();
   const int kSteps = 3000;
   const Single step = 1.0F / 3;
@@ -97,7 +97,7 @@ TEST(VectorPicture, StepsOfAPathDoNotAddUpTheirRoundings) {
   EXPECT_NEAR(x, 1000, 0.02);
 }
 
-TEST(VectorPicture, PointsThatAreOneAreWrittenOnce) {
+TEST(VectorPicture, PointsThatRoundToTheSameAreWrittenOnce) {
   VectorPicture picture = svg_picture();
   for (int i = 0; i < 30000; ++i) {
     picture.Line({100, 100}, {100.001F, 100}, 1, LineKind::kSegment);
@@ -119,7 +119,7 @@ TEST(VectorPicture, AWiderPenBeginsAnotherPath) {
   EXPECT_EQ(found[2].attributes["stroke-width"], "15") << "at least one logical pixel";
 }
 
-TEST(VectorPicture, RulesAndFramesAreCrispAndMarkersStandWhereTheyStand) {
+TEST(VectorPicture, RulesAndFramesAreCrispAndMarkersAreNotSnapped) {
   VectorPicture picture = svg_picture();
   picture.Line({100, 100}, {900, 100}, kDarkGrey, LineKind::kRule);
   picture.Line({900, 900}, {100, 100}, kBlack, LineKind::kBox);
@@ -168,7 +168,7 @@ TEST(VectorPicture, TextStaysText) {
   EXPECT_NEAR(text.attributes["textLength"].toDouble(), picture.TextWidth("a < b & \"c\"  "), 0.01);
 }
 
-TEST(VectorPicture, WhatIsNoXmlTextIsShownOtherwise) {
+TEST(VectorPicture, ReplacesCharactersThatXmlForbids) {
   VectorPicture picture(VectorFormat::kSvg,
                         QString::fromUtf8("a\x01\nb<\xEF\xBF\xBF\xF0\x9F\x98\x80"),
                         QSize(400, 300));
@@ -241,9 +241,9 @@ TEST(VectorPicture, APdfPageIsOfWholePointsAndCutsNothingOff) {
   EXPECT_THAT(info.toStdString(), HasSubstr("301 x 263 pts"));
 }
 
-// -- Coordinates without measure ------------------------------------------------------------------
+// -- Extreme coordinates --------------------------------------------------------------------------
 
-// Draws everything at and around places that are not on the page, or nowhere.
+// Draws everything at and around positions that are off the page, far away or NaN.
 void draw_hostile(PlotSurface& surface) {
   const Single wild[] = {kNan, kInfinity, -kInfinity, kLargest, -kLargest, 1e30F, -3e9F, 0, 2000};
   surface.DrawWidth(2);
@@ -263,7 +263,7 @@ void draw_hostile(PlotSurface& surface) {
   }
 }
 
-TEST(VectorPicture, WhatIsNowhereIsDrawnNowhereAndNumbersStayNearThePage) {
+TEST(VectorPicture, DrawsNothingForNaNAndKeepsNumbersNearThePage) {
   VectorPicture picture = svg_picture();
   draw_hostile(picture);
   const QByteArray svg = picture.take_document();
@@ -277,7 +277,7 @@ TEST(VectorPicture, WhatIsNowhereIsDrawnNowhereAndNumbersStayNearThePage) {
   }
 }
 
-TEST(VectorPicture, OfWhatIsFarAwayThePageShowsWhatAPictureShows) {
+TEST(VectorPicture, ShowsWhatAPictureShowsOfFarAwayCoordinates) {
   Picture pixels(QSize(400, 300), 2);
   VectorPicture svg = svg_picture();
   VectorPicture pdf(VectorFormat::kPdf, "T", QSize(400, 300));
