@@ -261,8 +261,10 @@ TEST(SpriteBatch, LeavesOutPositionsThatAreNotFiniteOrFarAway) {
   Dice dice(6);
   const Phases phases = random_phases(dice, 7, 7, 50, 90);
   Positions positions;
-  for (const double odd : {kNaN, kInfinity, -kInfinity, 1e300, -1e300, 1e10, -1e10, 4e9, -4e9}) {
-    for (const auto& [x, y] : {std::pair{odd, 200.0}, {200.0, odd}, {odd, odd}}) {
+  for (const double unusable :
+       {kNaN, kInfinity, -kInfinity, 1e300, -1e300, 1e10, -1e10, 4e9, -4e9}) {
+    for (const auto& [x, y] :
+         {std::pair{unusable, 200.0}, {200.0, unusable}, {unusable, unusable}}) {
       positions.x.push_back(x);
       positions.y.push_back(y);
     }

@@ -32,11 +32,11 @@ void draw_strokes(PlotSurface& surface, FigureCentre centre) {
 }
 
 // Centres in the layout of PlotSurface.
-struct MonotonePolylines {
+struct Centres {
   std::vector<Double> x;
   std::vector<Double> y;
 
-  explicit MonotonePolylines(const std::vector<FigureCentre>& centres) {
+  explicit Centres(const std::vector<FigureCentre>& centres) {
     for (const FigureCentre& centre : centres) {
       x.push_back(centre.x);
       y.push_back(centre.y);
@@ -46,7 +46,7 @@ struct MonotonePolylines {
 
 void repeat(Picture& picture, const std::vector<FigureCentre>& centres, Double reach,
             const PlotSurface::Figure& figure) {
-  const MonotonePolylines columns(centres);
+  const Centres columns(centres);
   picture.Repeat({columns.x, columns.y}, reach, figure);
 }
 
@@ -68,13 +68,13 @@ FigureCentre at_a_quarter_pixel(FigureCentre centre, Double twips_per_pixel) {
 TEST(PictureRepeat, DrawsFiguresAtTheNearestQuarterOfAPixel) {
   for (const double ratio : {1.0, 1.25, 2.0}) {
     for (const FigureCentre& centre : random_centres(60, -90, 690)) {
-      Picture stamped({40, 40}, ratio), drawn({40, 40}, ratio);
-      for (Picture* picture : {&stamped, &drawn}) {
+      Picture with_sprites({40, 40}, ratio), drawn({40, 40}, ratio);
+      for (Picture* picture : {&with_sprites, &drawn}) {
         picture->Line({0, 0}, {600, 300}, 3, LineKind::kFilledBox);
       }
-      repeat(stamped, std::vector<FigureCentre>(100, centre), kReach, draw_strokes);
+      repeat(with_sprites, std::vector<FigureCentre>(100, centre), kReach, draw_strokes);
       draw_strokes(drawn, at_a_quarter_pixel(centre, drawn.twips_per_device_pixel()));
-      ASSERT_LE(largest_difference(stamped.image(), drawn.image()), 1)
+      ASSERT_LE(largest_difference(with_sprites.image(), drawn.image()), 1)
           << centre.x << ' ' << centre.y << ' ' << ratio;
     }
   }
@@ -98,7 +98,7 @@ TEST(PictureRepeat, DrawsFewFiguresAsTheyAre) {
   Picture repeated({60, 60}), drawn({60, 60});
   const std::vector<FigureCentre> centres = random_centres(20, 0, 900);
   repeat(repeated, centres, kReach, draw_figure);
-  const MonotonePolylines columns(centres);
+  const Centres columns(centres);
   drawn.PlotSurface::Repeat({columns.x, columns.y}, kReach, draw_figure);
   EXPECT_EQ(repeated.image(), drawn.image());
 }
@@ -109,7 +109,7 @@ TEST(PictureRepeat, DrawsLargeFiguresAsTheyAre) {
     Picture repeated({60, 60}), drawn({60, 60});
     const std::vector<FigureCentre> centres = random_centres(100, 0, 900);
     repeat(repeated, centres, reach, draw_figure);
-    const MonotonePolylines columns(centres);
+    const Centres columns(centres);
     drawn.PlotSurface::Repeat({columns.x, columns.y}, reach, draw_figure);
     EXPECT_EQ(repeated.image(), drawn.image()) << reach;
   }
@@ -154,11 +154,11 @@ TEST(PictureRepeat, LeavesOutCentresThatAreNotFinite) {
   constexpr Double kNaN = std::numeric_limits<Double>::quiet_NaN();
   Picture picture({40, 40});
   std::vector<FigureCentre> centres;
-  for (const Double odd : {kNaN, kInfinity, -kInfinity, 1e300, -1e300, 1e10}) {
+  for (const Double unusable : {kNaN, kInfinity, -kInfinity, 1e300, -1e300, 1e10}) {
     for (int i = 0; i < 30; ++i) {
-      centres.push_back({odd, 300});
-      centres.push_back({300, odd});
-      centres.push_back({odd, odd});
+      centres.push_back({unusable, 300});
+      centres.push_back({300, unusable});
+      centres.push_back({unusable, unusable});
     }
   }
   repeat(picture, centres, kReach, draw_figure);

@@ -115,17 +115,17 @@ TEST(PictureText, LinesAreDrawnOneBelowTheOther) {
 }
 
 TEST(PictureText, ControlCharactersShowAsBlanks) {
-  Picture odd({200, 30}), blank({200, 30});
+  Picture with_controls({200, 30}), blank({200, 30});
   const std::string text(
       "a\tb\0c\x7f"
       "d\x1b"
       "e\xc2\x85"
       "f",
       12);
-  odd.Print(50, 50, text);
+  with_controls.Print(50, 50, text);
   blank.Print(50, 50, "a b c d e f");
-  EXPECT_EQ(odd.TextWidth(text), blank.TextWidth("a b c d e f"));
-  EXPECT_EQ(odd.image(), blank.image());
+  EXPECT_EQ(with_controls.TextWidth(text), blank.TextWidth("a b c d e f"));
+  EXPECT_EQ(with_controls.image(), blank.image());
 }
 
 TEST(PictureText, UnusableFontSizesCountAsEightAndHugeOnesAsTheLargest) {

@@ -50,9 +50,9 @@ void print(Picture& picture, const Sample& sample) {
 }
 
 // Painted directly by QPainter.
-QImage painted(const Picture& like, const Sample& sample, QRgb ground) {
+QImage painted(const Picture& like, const Sample& sample, QRgb backdrop) {
   QImage image(like.device_size(), QImage::Format_RGB32);
-  image.fill(ground);
+  image.fill(backdrop);
   const TextLayout layout(sample.font);
   const double pixels = 1 / like.twips_per_device_pixel();
   QPainter painter(&image);
@@ -71,13 +71,13 @@ QImage painted(const Picture& like, const Sample& sample, QRgb ground) {
 TEST(TextCache, LooksLikeTextPaintedDirectly) {
   for (const double ratio : {1.0, 1.5, 2.0}) {
     for (const Sample& sample : kSamples) {
-      for (const int ground : {15, 6, 0}) {
+      for (const int backdrop : {15, 6, 0}) {
         Picture picture({200, 90}, ratio);
-        picture.Line({-100, -100}, {9000, 9000}, ground, LineKind::kFilledBox);
+        picture.Line({-100, -100}, {9000, 9000}, backdrop, LineKind::kFilledBox);
         print(picture, sample);
         EXPECT_LE(
-            largest_difference(picture.image(), painted(picture, sample, palette_rgb(ground))), 1)
-            << sample.text << ' ' << ratio << ' ' << ground;
+            largest_difference(picture.image(), painted(picture, sample, palette_rgb(backdrop))), 1)
+            << sample.text << ' ' << ratio << ' ' << backdrop;
       }
     }
   }
