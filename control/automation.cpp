@@ -9,7 +9,7 @@
 
 #include "control/control_state.h"
 #include "control/events.h"
-#include "model/text.h"
+#include <KurvGraph/text.h>
 
 namespace kurv {
 

@@ -11,7 +11,7 @@
 #include "control/provided_classes.h"
 #include "expr/evaluator.h"
 #include "model/built_in_services.h"
-#include "model/text.h"
+#include <KurvGraph/text.h>
 
 namespace kurv {
 

@@ -8,7 +8,7 @@
 #include "control/redraw.h"
 #include "model/axis_range.h"
 #include "model/data_set.h"
-#include "model/text.h"
+#include <KurvGraph/text.h>
 
 namespace kurv {
 

@@ -4,7 +4,7 @@
 
 #include "control/control_state.h"
 #include "control/derived_curves.h"
-#include "model/text.h"
+#include <KurvGraph/text.h>
 
 namespace kurv {
 

@@ -5,7 +5,7 @@
 
 #include "control/control_state.h"
 #include "control/redraw.h"
-#include "model/text.h"
+#include <KurvGraph/text.h>
 
 namespace kurv {
 

@@ -6,7 +6,7 @@
 #include "control/redraw.h"
 #include "io/graph_file_reader.h"
 #include "io/graph_file_writer.h"
-#include "model/text.h"
+#include <KurvGraph/text.h>
 
 namespace kurv {
 

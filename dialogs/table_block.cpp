@@ -1,7 +1,7 @@
 #include "dialogs/table_block.h"
 
 #include "io/text_file.h"
-#include "model/text.h"
+#include <KurvGraph/text.h>
 
 namespace kurv {
 

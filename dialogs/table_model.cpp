@@ -12,7 +12,7 @@
 #include <limits>
 #include <utility>
 
-#include "model/text.h"
+#include <KurvGraph/text.h>
 
 namespace kurv {
 

@@ -10,7 +10,7 @@
 
 #include "model/decimal.h"
 #include "model/plain_number.h"
-#include "model/text.h"
+#include <KurvGraph/text.h>
 
 namespace kurv {
 

@@ -7,7 +7,7 @@
 #include <KurvGraph/fault.h>
 #include <KurvGraph/number_text.h>
 
-#include "model/text.h"
+#include <KurvGraph/text.h>
 
 namespace kurv {
 
