@@ -12,7 +12,7 @@
 #include <string>
 #include <variant>
 
-#include "app/base/text.h"
+#include "app/base/message_text.h"
 #include "app/base/user_error.h"
 #include "app/command_line/command_line.h"
 #include "app/command_line/eval_command.h"

@@ -6,10 +6,10 @@
 #include <utility>
 
 #include <KurvGraph/control.h>
+#include <KurvGraph/text.h>
 
 #include "control/control_state.h"
 #include "control/events.h"
-#include <KurvGraph/text.h>
 
 namespace kurv {
 
@@ -221,7 +221,8 @@ std::span<const Event> events() {
 
 const Member* find_member(const MemberKey& key) {
   const auto matches = [&](const Member& member) {
-    if (const auto* name = std::get_if<std::string_view>(&key)) return is_word(*name, member.name);
+    if (const auto* name = std::get_if<std::string_view>(&key))
+      return equals_ignoring_case(*name, member.name);
     return member.dispatch_id == std::get<std::uint32_t>(key);
   };
   const auto found = std::find_if(kMembers.begin(), kMembers.end(), matches);

@@ -7,11 +7,11 @@
 #include <vector>
 
 #include <KurvGraph/services.h>
+#include <KurvGraph/text.h>
 
 #include "control/provided_classes.h"
 #include "expr/evaluator.h"
 #include "model/built_in_services.h"
-#include <KurvGraph/text.h>
 
 namespace kurv {
 
@@ -46,8 +46,9 @@ std::vector<Registered>& provided() {
 
 template <class Classes>
 auto find_class(Classes& classes, std::string_view class_id) {
-  return std::find_if(classes.begin(), classes.end(),
-                      [&](const auto& entry) { return is_word(entry.class_id, class_id); });
+  return std::find_if(classes.begin(), classes.end(), [&](const auto& entry) {
+    return equals_ignoring_case(entry.class_id, class_id);
+  });
 }
 
 // A copy, because a factory may register another class while it runs.

@@ -4,11 +4,12 @@
 #include <cmath>
 #include <utility>
 
+#include <KurvGraph/text.h>
+
 #include "control/control_state.h"
 #include "control/redraw.h"
 #include "model/axis_range.h"
 #include "model/data_set.h"
-#include <KurvGraph/text.h>
 
 namespace kurv {
 
@@ -133,7 +134,7 @@ void set_all_curves_visible(ControlState& state, bool visible) {
 void rename_curve(ControlState& state, int curve) {
   const String name = curve_name(state.document, curve);
   const String answer = state.shell.input_prompt("Enter new title.", "KURV Guide", name);
-  if (without_outer_blanks(answer).empty()) return;
+  if (trim_blanks(answer).empty()) return;
   // The host may have loaded another graph while the prompt was open.
   if (curve_name(state.document, curve) != name) return;
   state.document.yVarName(curve + 1) = answer;

@@ -2,9 +2,10 @@
 
 #include <string_view>
 
+#include <KurvGraph/text.h>
+
 #include "control/control_state.h"
 #include "control/derived_curves.h"
-#include <KurvGraph/text.h>
 
 namespace kurv {
 
@@ -21,7 +22,7 @@ constexpr const char* kExpressionText =
 // Whether one of the names 1 to `last` is this one, apart from blanks around either.
 bool is_known(const GraphDocument& document, std::string_view name, int last) {
   for (int k = 1; k <= last; ++k) {
-    if (without_outer_blanks(document.yVarName(k)) == without_outer_blanks(name)) return true;
+    if (trim_blanks(document.yVarName(k)) == trim_blanks(name)) return true;
   }
   return false;
 }
@@ -65,7 +66,7 @@ String ask(ControlState& state, const char* text, Refusal refusal_of) {
 }
 
 void append(ControlState& state, const String& name, const String& expression) {
-  append_derived_curve(state, String(without_outer_blanks(name)), expression);
+  append_derived_curve(state, String(trim_blanks(name)), expression);
 }
 
 }  // namespace

@@ -3,9 +3,10 @@
 #include <algorithm>
 #include <memory>
 
+#include <KurvGraph/text.h>
+
 #include "control/control_state.h"
 #include "control/redraw.h"
-#include <KurvGraph/text.h>
 
 namespace kurv {
 
@@ -32,7 +33,7 @@ bool is_full(const GraphDocument& document) {
 }
 
 bool is_x(const String& name) {
-  return is_word(name, "x");
+  return equals_ignoring_case(name, "x");
 }
 
 // Why the text cannot be a function curve, or nothing.

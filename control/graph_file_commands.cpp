@@ -1,12 +1,13 @@
 #include "control/graph_file_commands.h"
 
+#include <KurvGraph/text.h>
+
 #include "control/control_state.h"
 #include "control/data_intake.h"
 #include "control/export.h"
 #include "control/redraw.h"
 #include "io/graph_file_reader.h"
 #include "io/graph_file_writer.h"
-#include <KurvGraph/text.h>
 
 namespace kurv {
 
@@ -94,10 +95,10 @@ void save_graph_file(ControlState& state, const String& path) {
 void open_graph(ControlState& state) {
   const FileChoice choice = state.shell.open_file(
       {"Open Graph File", "Graph files (*.gdf)|*.gdf|All files (*.*)|*.*", "gdf"});
-  if (without_outer_blanks(choice.path).empty()) return;
+  if (trim_blanks(choice.path).empty()) return;
   const bool has_tag = begins_as_graph_file(choice.path);
   const String extension = state.services.text_field->GetField(choice.path, 2, ".");
-  if (has_tag || is_word(extension, "gdf")) file_load(state, choice.path);
+  if (has_tag || equals_ignoring_case(extension, "gdf")) file_load(state, choice.path);
   build_the_graph(state);
 }
 

@@ -1,7 +1,8 @@
 #include "dialogs/table_block.h"
 
-#include "io/text_file.h"
 #include <KurvGraph/text.h>
+
+#include "io/text_file.h"
 
 namespace kurv {
 
@@ -50,7 +51,7 @@ bool put_text(std::string_view text, int row, int column, int rows, int columns,
   bool left_out = false;
   int at = column;
   while (true) {
-    const std::string_view cell = without_outer_blanks(take_cell(text));
+    const std::string_view cell = trim_blanks(take_cell(text));
     if (row <= rows && at <= columns) {
       put(row, at, cell);
     } else if (!cell.empty()) {

@@ -1,6 +1,7 @@
 #include "dialogs/table_model.h"
 
 #include <KurvGraph/number_text.h>
+#include <KurvGraph/text.h>
 
 #include <QApplication>
 #include <QColor>
@@ -11,8 +12,6 @@
 #include <cmath>
 #include <limits>
 #include <utility>
-
-#include <KurvGraph/text.h>
 
 namespace kurv {
 
@@ -31,7 +30,7 @@ QString to_qstring(std::string_view text) {
 // An empty cell is a missing value. An infinite one would leave the axis without limits, and with
 // them the whole picture would go for one slip of the hand, so it is no number here.
 std::optional<Double> number_of(std::string_view text, char decimal_separator) {
-  text = without_outer_blanks(text);
+  text = trim_blanks(text);
   if (text.empty()) return std::numeric_limits<Double>::quiet_NaN();
   const std::optional<Double> number = text_to_number(text, decimal_separator);
   return number && std::isinf(*number) ? std::nullopt : number;
@@ -51,7 +50,7 @@ void append_value(String& text, const ControlState& state, int row, int column) 
 
 std::string_view name_of(const GraphDocument& document, int column) {
   if (column < document.yVarName.lower() || column > document.yVarName.upper()) return {};
-  return without_outer_blanks(document.yVarName(column));
+  return trim_blanks(document.yVarName(column));
 }
 
 }  // namespace

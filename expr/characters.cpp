@@ -4,6 +4,8 @@
 #include <array>
 #include <span>
 
+#include <KurvGraph/text.h>
+
 namespace kurv::expr {
 
 namespace {
@@ -49,48 +51,25 @@ bool lies_in(std::span<const Range> ranges, char32_t code) {
   });
 }
 
-unsigned char byte_at(std::string_view text, std::size_t at) {
-  return static_cast<unsigned char>(text[at]);
-}
-
-bool is_continuation(unsigned char byte) {
-  return (byte & 0xC0) == 0x80;
-}
-
-// By the leading byte alone; 0 where none begins so.
-std::size_t size_after(unsigned char leading) {
-  if (leading < 0x80) return 1;
-  if (leading >= 0xC2 && leading < 0xE0) return 2;
-  if (leading >= 0xE0 && leading < 0xF0) return 3;
-  if (leading >= 0xF0 && leading < 0xF5) return 4;
-  return 0;
-}
-
 }  // namespace
 
 Character character_at(std::string_view text, std::size_t at) {
+  // What is left of a leading byte by the length of its character.
   constexpr std::array<unsigned, 5> kLeadingBits = {0, 0x7F, 0x1F, 0x0F, 0x07};
-  constexpr std::array<char32_t, 5> kSmallest = {0, 0, 0x80, 0x800, 0x10000};
 
-  const unsigned char leading = byte_at(text, at);
-  const std::size_t size = size_after(leading);
-  if (size == 0 || size > text.size() - at) return {};
-
-  char32_t code = leading & kLeadingBits[size];
-  for (std::size_t i = 1; i < size; ++i) {
-    const unsigned char byte = byte_at(text, at + i);
-    if (!is_continuation(byte)) return {};
-    code = (code << 6) | (byte & 0x3FU);
+  const std::string_view bytes = text.substr(at);
+  const std::size_t size = utf8_length(bytes);
+  if (size == 0) return {};
+  char32_t code = static_cast<unsigned char>(bytes[0]) & kLeadingBits[size];
+  for (const char byte : bytes.substr(1, size - 1)) {
+    code = (code << 6) | (static_cast<unsigned char>(byte) & 0x3FU);
   }
-  const bool surrogate = code >= 0xD800 && code <= 0xDFFF;
-  if (code < kSmallest[size] || code > 0x10FFFF || surrogate) return {};
   return {code, size};
 }
 
 std::size_t count_characters(std::string_view text) {
-  return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), [](char byte) {
-    return !is_continuation(static_cast<unsigned char>(byte));
-  }));
+  return static_cast<std::size_t>(std::count_if(
+      text.begin(), text.end(), [](char byte) { return !is_utf8_continuation(byte); }));
 }
 
 bool is_letter(char32_t code) {
@@ -102,13 +81,6 @@ bool is_letter(char32_t code) {
 
 bool is_invisible(char32_t code) {
   return lies_in(kInvisible, code);
-}
-
-std::string_view without_blanks_around(std::string_view name) {
-  constexpr std::string_view kBlanks = " \t";
-  const std::size_t first = name.find_first_not_of(kBlanks);
-  if (first == std::string_view::npos) return {};
-  return name.substr(first, name.find_last_not_of(kBlanks) - first + 1);
 }
 
 }  // namespace kurv::expr

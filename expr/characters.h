@@ -29,7 +29,4 @@ bool is_letter(char32_t code);
 // Controls and blanks, which a message cannot show as they are.
 bool is_invisible(char32_t code);
 
-// Spaces and tabulators at both ends are no part of a name.
-std::string_view without_blanks_around(std::string_view name);
-
 }  // namespace kurv::expr

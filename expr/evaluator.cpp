@@ -8,6 +8,8 @@
 #include <unordered_map>
 #include <utility>
 
+#include <KurvGraph/text.h>
+
 #include "expr/characters.h"
 #include "expr/parser.h"
 #include "expr/program.h"
@@ -94,14 +96,14 @@ class BuiltInEvaluator final : public ExprEvaluator {
   }
 
   bool IsValidVariableName(std::string_view name) const override {
-    return expr::is_variable_name(expr::without_blanks_around(name));
+    return expr::is_variable_name(trim_blanks(name));
   }
 
   // An infinity would be hidden by a division by it, and counts as missing like NaN.
   void SetVariable(std::string_view name, Double value) override {
     if (!std::isfinite(value)) value = kMissing;
     if (m_variables.set_expected(name, value)) return;
-    if (m_variables.set(expr::without_blanks_around(name), value)) m_bound = false;
+    if (m_variables.set(trim_blanks(name), value)) m_bound = false;
   }
 
   bool GetEvalError() const override { return m_failed; }

@@ -5,6 +5,8 @@
 #include <iterator>
 #include <numbers>
 
+#include <KurvGraph/text.h>
+
 namespace kurv::expr {
 
 namespace {
@@ -49,16 +51,6 @@ constexpr Function kFunctions[] = {
     {"hypot", nullptr, [](Double x, Double y) { return std::hypot(x, y); }},
 };
 
-// Only A to Z have two cases here, because the names are ASCII and a locale must not have a say.
-char small(char letter) {
-  return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
-}
-
-bool is_same_word(std::string_view name, std::string_view word) {
-  return std::equal(name.begin(), name.end(), word.begin(), word.end(),
-                    [](char left, char right) { return small(left) == right; });
-}
-
 }  // namespace
 
 Double power(Double x, Double y) {
@@ -71,15 +63,15 @@ const Function* functions() {
 }
 
 std::optional<std::size_t> find_function(std::string_view name) {
-  const auto* found =
-      std::find_if(std::begin(kFunctions), std::end(kFunctions),
-                   [name](const Function& function) { return is_same_word(name, function.name); });
+  const auto* found = std::find_if(
+      std::begin(kFunctions), std::end(kFunctions),
+      [name](const Function& function) { return equals_ignoring_case(name, function.name); });
   if (found == std::end(kFunctions)) return std::nullopt;
   return static_cast<std::size_t>(found - std::begin(kFunctions));
 }
 
 std::optional<Double> find_constant(std::string_view name) {
-  if (is_same_word(name, "pi")) return std::numbers::pi;
+  if (equals_ignoring_case(name, "pi")) return std::numbers::pi;
   return std::nullopt;
 }
 

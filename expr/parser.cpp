@@ -6,6 +6,7 @@
 #include <utility>
 
 #include <KurvGraph/number_text.h>
+#include <KurvGraph/text.h>
 
 #include "expr/characters.h"
 #include "expr/functions.h"
@@ -139,8 +140,7 @@ void Parser::primary() {
     name(take());
   } else if (m_current.kind == TokenKind::kQuotedName) {
     const Token token = take();
-    const std::string_view inside =
-        without_blanks_around(token.text.substr(1, token.text.size() - 2));
+    const std::string_view inside = trim_blanks(token.text.substr(1, token.text.size() - 2));
     if (inside.empty()) return fail(nameless_brackets_message(place_of(token)), place_of(token));
     variable(inside);
   } else {

@@ -9,8 +9,8 @@
 
 #include <KurvGraph/fault.h>
 #include <KurvGraph/number_text.h>
+#include <KurvGraph/text.h>
 
-#include "io/text_encoding.h"
 #include "io/text_file.h"
 #include "model/plain_number.h"
 #include "model/vzeroupper.h"

@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include <KurvGraph/number_text.h>
+#include <KurvGraph/text.h>
 
 #include "io/text_file.h"
 #include "model/vzeroupper.h"
@@ -18,10 +19,6 @@ namespace {
 
 constexpr std::string_view kLineEnd = "\r\n";
 constexpr char kSeparator = ',';
-
-const char* truth_text(Boolean value) {
-  return value ? "True" : "False";
-}
 
 // The kinds of line that a graph file has.
 class Lines {
@@ -34,7 +31,7 @@ class Lines {
     m_sink(kLineEnd);
   }
   void count(Integer value) { text(std::to_string(value)); }
-  void boolean(Boolean value) { text(truth_text(value)); }
+  void boolean(Boolean value) { text(boolean_to_text(value)); }
   template <class Number>
   void printed(Number value) {
     text(printed_number(value, m_decimal_separator));
@@ -129,7 +126,7 @@ void write_curves(Lines& lines, const GraphDocument& document) {
   }
   lines.list(document.NumY + 1, [&](String& line, int i) { line += document.yVarName(i); });
   lines.list(document.NumY,
-             [&](String& line, int k) { line += truth_text(document.y_visible(k)); });
+             [&](String& line, int k) { line += boolean_to_text(document.y_visible(k)); });
   lines.list(document.NumYFunc,
              [&](String& line, int k) { line += document.y_func(k).expression; });
 }

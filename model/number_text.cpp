@@ -8,9 +8,10 @@
 #include <string>
 #include <system_error>
 
+#include <KurvGraph/text.h>
+
 #include "model/decimal.h"
 #include "model/plain_number.h"
-#include <KurvGraph/text.h>
 
 namespace kurv {
 
@@ -194,10 +195,10 @@ std::optional<Double> text_to_number(std::string_view text, char decimal_separat
   // Nearly every number that comes in is read here, without making any copy of its text.
   Double value = 0;
   if (decimal_separator == '.' && is_plain_number(text, value)) return value;
-  text = without_outer_blanks(text);
-  if (is_word(text, "nan")) return std::numeric_limits<Double>::quiet_NaN();
-  if (is_word(text, "inf")) return kInfinity;
-  if (is_word(text, "-inf")) return -kInfinity;
+  text = trim_blanks(text);
+  if (equals_ignoring_case(text, "nan")) return std::numeric_limits<Double>::quiet_NaN();
+  if (equals_ignoring_case(text, "inf")) return kInfinity;
+  if (equals_ignoring_case(text, "-inf")) return -kInfinity;
   if (decimal_separator == '.') return number_with_point(text);
   if (text.find('.') != text.npos) return std::nullopt;
   String pointed(text);
@@ -206,10 +207,8 @@ std::optional<Double> text_to_number(std::string_view text, char decimal_separat
 }
 
 std::optional<Boolean> text_to_boolean(std::string_view text, char decimal_separator) {
-  const std::string_view word = without_outer_blanks(text);
-  if (is_word(word, "true")) return Boolean(true);
-  if (is_word(word, "false")) return Boolean(false);
-  const std::optional<Double> number = text_to_number(word, decimal_separator);
+  if (const std::optional<Boolean> word = word_to_boolean(text)) return word;
+  const std::optional<Double> number = text_to_number(text, decimal_separator);
   if (!number) return std::nullopt;
   return Boolean(*number != 0);
 }

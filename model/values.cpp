@@ -6,7 +6,6 @@
 
 #include <KurvGraph/fault.h>
 #include <KurvGraph/number_text.h>
-
 #include <KurvGraph/text.h>
 
 namespace kurv {
@@ -32,7 +31,7 @@ struct ReadNumber {
 
 struct WriteText {
   String operator()(std::monostate) const { return {}; }
-  String operator()(Boolean value) const { return value ? "True" : "False"; }
+  String operator()(Boolean value) const { return boolean_to_text(value); }
   String operator()(Integer value) const { return number_to_text(static_cast<Double>(value)); }
   String operator()(Single value) const { return number_to_text(value); }
   String operator()(Double value) const { return number_to_text(value); }
@@ -42,14 +41,6 @@ struct WriteText {
     throw Fault(FaultKind::kTypeMismatch);
   }
 };
-
-// The word that a text is, or nothing when it has to be read as a number.
-std::optional<Boolean> truth_word(std::string_view text) {
-  const std::string_view word = without_outer_blanks(text);
-  if (is_word(word, "true")) return Boolean(true);
-  if (is_word(word, "false")) return Boolean(false);
-  return std::nullopt;
-}
 
 }  // namespace
 
@@ -97,7 +88,7 @@ String to_string(const Variant& value) {
 Boolean to_boolean(const Variant& value) {
   if (const auto* truth = std::get_if<Boolean>(&value)) return *truth;
   if (const auto* text = std::get_if<String>(&value)) {
-    if (const std::optional<Boolean> word = truth_word(*text)) return *word;
+    if (const std::optional<Boolean> word = word_to_boolean(*text)) return *word;
   }
   return to_double(value) != 0;
 }

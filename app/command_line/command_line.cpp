@@ -5,7 +5,7 @@
 #include <memory>
 #include <sstream>
 
-#include "app/base/text.h"
+#include "app/base/message_text.h"
 #include "app/base/user_error.h"
 #include "app/command_line/command_help.h"
 #include "app/command_line/option_values.h"

@@ -3,13 +3,14 @@
 #include <KurvGraph/class_registry.h>
 #include <KurvGraph/expr_evaluator.h>
 #include <KurvGraph/number_text.h>
+#include <KurvGraph/text.h>
 
 #include <algorithm>
 #include <cmath>
 #include <iostream>
 #include <memory>
 
-#include "app/base/text.h"
+#include "app/base/message_text.h"
 #include "app/base/user_error.h"
 
 namespace kurv::app {
@@ -19,7 +20,7 @@ namespace {
 // A variable's name may be quoted as it is in an expression.
 std::string_view unquoted(std::string_view name) {
   const bool quoted = name.size() >= 2 && name.front() == '[' && name.back() == ']';
-  return quoted ? trimmed(name.substr(1, name.size() - 2)) : name;
+  return quoted ? trim_whitespace(name.substr(1, name.size() - 2)) : name;
 }
 
 // Gives the evaluator the values and returns the names that have one.
@@ -27,7 +28,7 @@ std::vector<std::string> assign(ExprEvaluator& evaluator, const Assignments& val
   std::vector<std::string> names;
   for (const std::string& text : values) {
     const std::size_t sign = text.rfind('=');
-    const std::string_view name = unquoted(trimmed(std::string_view(text).substr(0, sign)));
+    const std::string_view name = unquoted(trim_whitespace(std::string_view(text).substr(0, sign)));
     if (sign == std::string::npos || name.empty()) {
       throw UserError("A value is given as name=value, not as " + in_quotes(text) + ".");
     }
@@ -75,7 +76,8 @@ void evaluate_lines(std::istream& input, std::ostream& output) {
     Assignments values;
     for (std::size_t start = tab; start < line.size();) {
       const std::size_t end = std::min(line.find(';', start + 1), line.size());
-      const std::string value(trimmed(std::string_view(line).substr(start + 1, end - start - 1)));
+      const std::string value(
+          trim_whitespace(std::string_view(line).substr(start + 1, end - start - 1)));
       if (!value.empty()) values.push_back(value);
       start = end;
     }

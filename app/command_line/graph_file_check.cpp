@@ -3,11 +3,12 @@
 #include <KurvGraph/fault.h>
 #include <KurvGraph/limits.h>
 #include <KurvGraph/number_text.h>
+#include <KurvGraph/text.h>
 
 #include <algorithm>
 #include <utility>
 
-#include "app/base/text.h"
+#include "app/base/message_text.h"
 #include "app/csv/column_choice.h"
 #include "app/graph/graph_file.h"
 
@@ -63,13 +64,13 @@ class Check {
     m_oddities.push_back({line, sentence, true});
   }
 
-  std::string quoted(std::string_view text) const { return in_quotes(as_utf8(text)); }
+  std::string quoted(std::string_view text) const { return in_quotes(to_utf8(text)); }
 
   void check_bytes() {
     for (std::size_t number = 1; number <= m_file.lines(); ++number) {
       const std::string_view line = m_file.line(number);
       if (line.size() > kLongestLine) fatal(number, "it is longer than 64 MiB");
-      if (!is_utf8(line)) odd(number, "it is not UTF-8 and is taken as Western text");
+      if (!is_valid_utf8(line)) odd(number, "it is not UTF-8 and is taken as Western text");
       const auto is_control = [](char c) { return static_cast<unsigned char>(c) < 0x20; };
       if (std::any_of(line.begin(), line.end(), is_control))
         odd(number, "it has control characters");

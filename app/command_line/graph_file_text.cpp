@@ -5,7 +5,7 @@
 
 #include <algorithm>
 
-#include "app/base/text_file.h"
+#include "app/base/read_file.h"
 
 namespace kurv::app {
 

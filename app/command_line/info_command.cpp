@@ -1,12 +1,13 @@
 #include "app/command_line/info_command.h"
 
 #include <KurvGraph/number_text.h>
+#include <KurvGraph/text.h>
 
 #include <algorithm>
 #include <ostream>
 #include <string>
 
-#include "app/base/text.h"
+#include "app/base/message_text.h"
 #include "app/base/user_error.h"
 #include "app/command_line/graph_file_check.h"
 #include "app/command_line/graph_file_text.h"
@@ -19,7 +20,7 @@ constexpr std::size_t kLabelWidth = 20;
 
 void print(std::ostream& out, std::string label, std::string_view value) {
   label.resize(std::max(kLabelWidth, label.size() + 1), ' ');
-  const std::string line = label + on_one_line(as_utf8(value));
+  const std::string line = label + on_one_line(to_utf8(value));
   out << std::string_view(line).substr(0, line.find_last_not_of(' ') + 1) << '\n';
 }
 
@@ -27,7 +28,7 @@ void print(std::ostream& out, std::string label, std::string_view value) {
 class List {
  public:
   explicit List(std::string_view line) : m_pieces(line) {}
-  std::string next() { return as_utf8(m_pieces.next().value_or("")); }
+  std::string next() { return to_utf8(m_pieces.next().value_or("")); }
 
  private:
   Pieces m_pieces;
@@ -67,7 +68,7 @@ void print_contents(const GraphFileText& file, char decimal_separator, std::ostr
     const FixedLine& layout = kLayout[number - 1];
     const std::string_view line = file.line(number);
     if (layout.kind == LineKind::kCopy) continue;
-    print(out, layout.name, layout.kind == LineKind::kText ? line : trimmed(line));
+    print(out, layout.name, layout.kind == LineKind::kText ? line : trim_whitespace(line));
   }
   const int curves = file.counts().curves.value_or(-1);
   if (curves < 0) return;

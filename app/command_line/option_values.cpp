@@ -2,12 +2,13 @@
 
 #include <KurvGraph/fault.h>
 #include <KurvGraph/number_text.h>
+#include <KurvGraph/text.h>
 
 #include <algorithm>
 #include <charconv>
 #include <optional>
 
-#include "app/base/text.h"
+#include "app/base/message_text.h"
 #include "app/base/user_error.h"
 #include "app/csv/csv_table.h"
 
@@ -86,9 +87,9 @@ std::vector<std::string> similar_properties(std::string_view name) {
   constexpr std::size_t kLongestName = 40;
   std::vector<std::string> result;
   if (name.empty() || name.size() > kLongestName) return result;
-  const std::string wanted = lower_case(name);
+  const std::string wanted = to_lower(name);
   for (const Member& property : properties()) {
-    const std::string known = lower_case(property.name);
+    const std::string known = to_lower(property.name);
     const bool contained = wanted.size() > 2 && known.find(wanted) != std::string::npos;
     if (contained || distance(wanted, known) <= 2) result.emplace_back(property.name);
   }
@@ -137,7 +138,7 @@ std::vector<std::string> parse_names(std::string_view text) {
     // A list of names is written as a line of a file is.
     const CsvTable table = parse_csv(text, ',', "--y");
     for (std::size_t i = 0; table.rows() == 1 && i < table.width(0); ++i) {
-      names.emplace_back(trimmed(table.cell(0, i)));
+      names.emplace_back(trim_whitespace(table.cell(0, i)));
     }
   } catch (const UserError&) {
     // A quotation mark is open: as it is, the list has no names.
@@ -153,7 +154,7 @@ Setting parse_setting(std::string_view text) {
     throw misuse("--set takes a property and its value such as NumTicks=5, not " + in_quotes(text) +
                  ".");
   }
-  const Member& property = property_named(trimmed(text.substr(0, sign)));
+  const Member& property = property_named(trim_whitespace(text.substr(0, sign)));
   const std::string value(text.substr(sign + 1));
   try {
     convert(property.type, Variant(value));
@@ -166,8 +167,9 @@ Setting parse_setting(std::string_view text) {
 
 Derivation parse_derivation(std::string_view text) {
   const std::size_t sign = text.find('=');
-  const std::string_view name = trimmed(text.substr(0, sign));
-  const std::string_view expression = sign == text.npos ? "" : trimmed(text.substr(sign + 1));
+  const std::string_view name = trim_whitespace(text.substr(0, sign));
+  const std::string_view expression =
+      sign == text.npos ? "" : trim_whitespace(text.substr(sign + 1));
   if (name.empty() || expression.empty()) {
     throw misuse("--derive takes a name and an expression, as in 'ratio=up/(1+down)', not " +
                  in_quotes(text) + ".");

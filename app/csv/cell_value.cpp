@@ -1,13 +1,13 @@
 #include "app/csv/cell_value.h"
 
 #include <KurvGraph/number_text.h>
+#include <KurvGraph/text.h>
 
 #include <cmath>
 #include <cstddef>
 #include <limits>
 #include <optional>
 
-#include "app/base/text.h"
 #include "app/csv/iso_date.h"
 
 namespace kurv::app {
@@ -18,9 +18,7 @@ constexpr double kNoValue = std::numeric_limits<double>::quiet_NaN();
 
 bool is_missing(std::string_view text) {
   if (text.empty()) return true;
-  if (text.size() > 3) return false;
-  const std::string lower = lower_case(text);
-  return lower == "na" || lower == "nan";
+  return equals_ignoring_case(text, "na") || equals_ignoring_case(text, "nan");
 }
 
 std::optional<Double> number_with_comma(std::string_view text) {
@@ -40,7 +38,7 @@ std::optional<Double> number(std::string_view text, bool decimal_comma) {
 }  // namespace
 
 CellValue read_cell(std::string_view text, bool decimal_comma) {
-  text = trimmed(text);
+  text = trim_whitespace(text);
   if (is_missing(text)) return {CellKind::kMissing, kNoValue};
   if (const std::optional<Double> value = number(text, decimal_comma)) {
     if (std::isfinite(*value)) return {CellKind::kNumber, *value};

@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-#include "app/base/text.h"
+#include "app/base/message_text.h"
 #include "app/base/user_error.h"
 
 namespace kurv::app {

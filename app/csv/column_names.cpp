@@ -1,11 +1,13 @@
 #include "app/csv/column_names.h"
 
+#include <KurvGraph/text.h>
+
 #include <algorithm>
 #include <string_view>
 #include <unordered_map>
 #include <unordered_set>
 
-#include "app/base/text.h"
+#include "app/base/message_text.h"
 #include "app/csv/cell_value.h"
 
 namespace kurv::app {
@@ -31,7 +33,7 @@ std::vector<std::string> names_of_header(const CsvTable& table) {
   std::vector<std::string> result;
   Names names;
   for (std::size_t column = 0; column < table.width(0); ++column) {
-    std::string name = on_one_line(as_utf8(trimmed(table.cell(0, column))));
+    std::string name = on_one_line(to_utf8(trim_whitespace(table.cell(0, column))));
     if (name.empty()) name = "column " + std::to_string(column + 1);
     result.push_back(names.different(name));
   }

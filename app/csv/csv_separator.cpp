@@ -1,11 +1,11 @@
 #include "app/csv/csv_separator.h"
 
+#include <KurvGraph/text.h>
+
 #include <algorithm>
 #include <array>
 #include <cstddef>
 #include <map>
-
-#include "app/base/text.h"
 
 namespace kurv::app {
 
@@ -95,7 +95,7 @@ std::optional<char> declared_separator(std::string_view bytes) {
     line = line.substr(1, line.size() - 2);
   }
   if (line.size() != kDeclaration.size() + 1 || kPossible.find(line.back()) == line.npos ||
-      lower_case(line.substr(0, kDeclaration.size())) != kDeclaration) {
+      !equals_ignoring_case(line.substr(0, kDeclaration.size()), kDeclaration)) {
     return std::nullopt;
   }
   return line.back();

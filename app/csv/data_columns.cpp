@@ -1,13 +1,14 @@
 #include "app/csv/data_columns.h"
 
 #include <KurvGraph/limits.h>
+#include <KurvGraph/text.h>
 
 #include <algorithm>
 #include <cmath>
 #include <limits>
 #include <string_view>
 
-#include "app/base/text.h"
+#include "app/base/message_text.h"
 #include "app/base/user_error.h"
 #include "app/csv/cell_value.h"
 #include "app/csv/column_names.h"
@@ -45,7 +46,7 @@ void warn_of_long_rows(const CsvTable& table, const DataRows& rows, std::size_t 
     const std::size_t row = rows.row(i);
     bool longer = false;
     for (std::size_t column = columns; column < table.width(row) && !longer; ++column) {
-      longer = !trimmed(table.cell(row, column)).empty();
+      longer = !trim_whitespace(table.cell(row, column)).empty();
     }
     if (longer && count++ == 0) first = row;
   }
@@ -63,7 +64,7 @@ void warn_of_odd_fields(const CsvTable& table, std::size_t column, const std::st
     data.warnings.push_back(
         "column " + in_quotes(name) + " has " + what + " in " + std::to_string(tally.count) +
         " of " + std::to_string(survey.filled()) + " fields, first " +
-        in_quotes(trimmed(table.cell(tally.first_row, column))) + " in line " +
+        in_quotes(trim_whitespace(table.cell(tally.first_row, column))) + " in line " +
         std::to_string(table.line(tally.first_row)) + "; they count as missing.");
   };
   warn(survey.infinite(), "an infinite or too large number");

@@ -1,11 +1,11 @@
 #include "app/graph/graph_file.h"
 
+#include <KurvGraph/text.h>
+
 #include <array>
 #include <cstdio>
 #include <filesystem>
 #include <memory>
-
-#include "app/base/text.h"
 
 namespace kurv::app {
 
@@ -49,7 +49,7 @@ void loading(const std::string& path, const Work& work) {
 }  // namespace
 
 bool is_named_as_graph_file(const std::string& path) {
-  return lower_case(fs::path(path).extension().string()) == ".gdf";
+  return equals_ignoring_case(fs::path(path).extension().string(), ".gdf");
 }
 
 bool is_graph_file(const std::string& path) {

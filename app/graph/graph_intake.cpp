@@ -8,8 +8,8 @@
 #include <algorithm>
 #include <cmath>
 
-#include "app/base/text.h"
-#include "app/base/text_file.h"
+#include "app/base/message_text.h"
+#include "app/base/read_file.h"
 #include "app/base/user_error.h"
 #include "app/csv/csv_table.h"
 #include "app/graph/windowless.h"

@@ -1,6 +1,7 @@
 #include "app/graph/picture_file.h"
 
 #include <KurvGraph/fault.h>
+#include <KurvGraph/text.h>
 #include <KurvGraph/vector_picture.h>
 
 #include <QBuffer>
@@ -12,7 +13,7 @@
 #include <filesystem>
 #include <new>
 
-#include "app/base/text.h"
+#include "app/base/message_text.h"
 #include "app/base/user_error.h"
 
 namespace kurv::app {
@@ -76,7 +77,7 @@ std::string picture_extensions() {
 }
 
 std::optional<PictureFormat> picture_format(const std::string& path) {
-  const std::string extension = lower_case(std::filesystem::path(path).extension().string());
+  const std::string extension = to_lower(std::filesystem::path(path).extension().string());
   for (const FormatRow& row : kFormats) {
     if (extension == row.extension) return row.format;
   }

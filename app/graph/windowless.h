@@ -9,7 +9,7 @@
 #include <string_view>
 #include <utility>
 
-#include "app/base/text.h"
+#include "app/base/message_text.h"
 
 namespace kurv::app {
 

@@ -2,7 +2,7 @@
 
 #include <iostream>
 
-#include "app/base/text.h"
+#include "app/base/message_text.h"
 
 namespace kurv::app {
 

@@ -1,6 +1,7 @@
 #include "app/window/import_dialog.h"
 
 #include <KurvGraph/limits.h>
+#include <KurvGraph/text.h>
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -21,7 +22,7 @@
 #include <limits>
 #include <new>
 
-#include "app/base/text.h"
+#include "app/base/message_text.h"
 #include "app/base/user_error.h"
 #include "app/window/table_preview.h"
 #include "app/window/window_texts.h"
@@ -116,7 +117,7 @@ ImportDialog::ImportDialog(const std::string& path, CsvTable table, QWidget* par
       m_notes_area(named("scrNotes", new QScrollArea)) {
   setObjectName("ImportDialog");
   const std::string name = std::filesystem::path(path).filename().string();
-  setWindowTitle("Import " + shown(on_one_line(as_utf8(name))));
+  setWindowTitle("Import " + shown(on_one_line(to_utf8(name))));
   auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Cancel);
   m_import = named("cmdImport", buttons->addButton("&Import", QDialogButtonBox::AcceptRole));
   // Return in a field imports; the other buttons have no claim to it.
@@ -232,7 +233,7 @@ void ImportDialog::fill_fields() {
   check_all(Qt::Checked);
   m_every->setRange(1, std::numeric_limits<int>::max());
   m_every->setValue(usual_every(m_look.rows));
-  m_title->setText(shown(on_one_line(as_utf8(std::filesystem::path(m_path).stem().string()))));
+  m_title->setText(shown(on_one_line(to_utf8(std::filesystem::path(m_path).stem().string()))));
 }
 
 void ImportDialog::follow_changes() {

@@ -5,7 +5,7 @@
 #include <QMenuBar>
 #include <filesystem>
 
-#include "app/base/text.h"
+#include "app/base/message_text.h"
 #include "app/window/window_texts.h"
 
 namespace kurv::app {

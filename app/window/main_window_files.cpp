@@ -13,8 +13,8 @@
 #include <filesystem>
 #include <new>
 
-#include "app/base/text.h"
-#include "app/base/text_file.h"
+#include "app/base/message_text.h"
+#include "app/base/read_file.h"
 #include "app/base/user_error.h"
 #include "app/graph/picture_file.h"
 #include "app/window/import_dialog.h"

@@ -1,8 +1,10 @@
 #include "app/window/table_preview.h"
 
+#include <KurvGraph/text.h>
+
 #include <algorithm>
 
-#include "app/base/text.h"
+#include "app/base/message_text.h"
 
 namespace kurv::app {
 
@@ -12,7 +14,7 @@ namespace {
 constexpr std::size_t kMostBytes = 200;
 
 QString shown(std::string_view text) {
-  return QString::fromStdString(on_one_line(as_utf8(text.substr(0, kMostBytes))));
+  return QString::fromStdString(on_one_line(to_utf8(text.substr(0, kMostBytes))));
 }
 
 bool is_number(const TableLook& look, int column) {

@@ -3,7 +3,7 @@
 #include <QFile>
 #include <filesystem>
 
-#include "app/base/text.h"
+#include "app/base/message_text.h"
 
 namespace kurv::app {
 

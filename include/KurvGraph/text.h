@@ -1,26 +1,45 @@
-// Two small questions about text that conversions ask before they read it.
+// Text as bytes: blanks, letter case, truth words, UTF-8. No rule depends on a locale, so a file
+// means the same everywhere; only the letters A to Z have two cases.
 #pragma once
 
-#include <algorithm>
+#include <cstddef>
+#include <optional>
 #include <string_view>
+
+#include <KurvGraph/values.h>
 
 namespace kurv {
 
-inline std::string_view without_outer_blanks(std::string_view text) {
-  constexpr std::string_view kBlanks = " \t";
-  const std::size_t first = text.find_first_not_of(kBlanks);
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
-}
+// Without the spaces and tabs at both ends.
+std::string_view trim_blanks(std::string_view text);
+// Without the spaces, tabs, carriage returns and line feeds at both ends.
+std::string_view trim_whitespace(std::string_view text);
 
-// Only the letters A to Z have two cases here, because the words of this system are ASCII and a
-// locale must not have a say.
-inline bool is_word(std::string_view text, std::string_view word) {
-  const auto small = [](char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-  };
-  return std::equal(text.begin(), text.end(), word.begin(), word.end(),
-                    [&](char left, char right) { return small(left) == small(right); });
+constexpr char to_lower(char c) {
+  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
+String to_lower(std::string_view text);
+bool equals_ignoring_case(std::string_view left, std::string_view right);
+
+// "True" or "False".
+const char* boolean_to_text(Boolean value);
+// The value of the word "True" or "False" in any letter case, blanks around it allowed; nothing for
+// any other text. text_to_boolean() of number_text.h reads numbers as well.
+std::optional<Boolean> word_to_boolean(std::string_view text);
+
+// Whether a byte continues a UTF-8 character that began before it.
+constexpr bool is_utf8_continuation(char byte) {
+  return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
+}
+// The length in bytes of the UTF-8 character that a text begins with; 0 where it is empty or begins
+// with none. Overlong forms, surrogates and code points above U+10FFFF are no characters.
+std::size_t utf8_length(std::string_view text);
+bool is_valid_utf8(std::string_view bytes);
+
+// Bytes of code page 1252 as UTF-8. A byte that has no character there becomes the control
+// character of the same number.
+String cp1252_to_utf8(std::string_view bytes);
+// The bytes themselves where they are valid UTF-8, otherwise read as code page 1252.
+String to_utf8(std::string_view bytes);
 
 }  // namespace kurv

@@ -166,6 +166,12 @@ TEST_F(GraphFile, InfoPrintsWhatIsInside) {
   EXPECT_THAT(check(path("small.gdf")).out, HasSubstr("nothing is odd"));
 }
 
+TEST_F(GraphFile, InfoReadsTextThatIsNotUtf8AsALoadDoes) {
+  const QString file = changed(7, "5 \x80 \x93net\x94");
+  EXPECT_THAT(run({"info", file}).out, HasSubstr("SubTitle            5 \u20AC \u201Cnet\u201D\n"));
+  EXPECT_EQ(rendered(file), rendered(changed(7, "5 \u20AC \u201Cnet\u201D")));
+}
+
 TEST_F(GraphFile, ALocaleWithACommaDecidesAboutTheNumbers) {
   const QString file = graph({"--locale", "de_DE", "--set", "xmin=0.5"});
   EXPECT_EQ(lines_of(file)[25 - 1].trimmed(), ",5");

@@ -1,11 +1,48 @@
-#include "io/text_encoding.h"
+
+#include <KurvGraph/text.h>
 
 #include <gtest/gtest.h>
 
 namespace kurv {
 namespace {
 
-TEST(TextEncoding, ValidUtf8StaysAsItIs) {
+TEST(Text, TrimmingTakesBlanksOrLineEndsToo) {
+  EXPECT_EQ(trim_blanks(" \ta b\t "), "a b");
+  EXPECT_EQ(trim_blanks("\r\na\n"), "\r\na\n");
+  EXPECT_EQ(trim_whitespace(" \r\n\ta b\t\r\n "), "a b");
+  for (const char* nothing : {"", " ", "\t \t"}) {
+    EXPECT_EQ(trim_blanks(nothing), "");
+    EXPECT_EQ(trim_whitespace(nothing), "");
+  }
+}
+
+TEST(Text, OnlyAsciiLettersHaveTwoCases) {
+  EXPECT_EQ(to_lower("AZ az_[@ \xC3\x84"), "az az_[@ \xC3\x84");
+  EXPECT_TRUE(equals_ignoring_case("GDF", "gdF"));
+  EXPECT_TRUE(equals_ignoring_case("", ""));
+  EXPECT_FALSE(equals_ignoring_case("gdf", "gd"));
+  EXPECT_FALSE(equals_ignoring_case("\xC3\x84", "\xC3\xA4"));
+  EXPECT_FALSE(equals_ignoring_case("@", "`"));
+}
+
+TEST(Text, WordsOfTruth) {
+  EXPECT_STREQ(boolean_to_text(true), "True");
+  EXPECT_STREQ(boolean_to_text(false), "False");
+  EXPECT_EQ(word_to_boolean("\tTRUE "), Boolean(true));
+  EXPECT_EQ(word_to_boolean("false"), Boolean(false));
+  for (const char* other : {"", "tru", "1", "0", "true\r"}) EXPECT_FALSE(word_to_boolean(other));
+}
+
+TEST(Text, LengthOfTheFirstUtf8Character) {
+  EXPECT_EQ(utf8_length(""), 0U);
+  EXPECT_EQ(utf8_length("ab"), 1U);
+  EXPECT_EQ(utf8_length("\xC3\xA4z"), 2U);
+  EXPECT_EQ(utf8_length("\xE2\x82\xAC"), 3U);
+  EXPECT_EQ(utf8_length("\xF0\x9F\x93\x88"), 4U);
+  EXPECT_EQ(utf8_length("\xA4"), 0U) << "continues another character";
+}
+
+TEST(Text, ValidUtf8StaysAsItIs) {
   for (const char* text :
        {"", "plain",
         "Gr\xC3\xB6\xC3\x9F"
@@ -17,7 +54,7 @@ TEST(TextEncoding, ValidUtf8StaysAsItIs) {
   EXPECT_EQ(to_utf8(with_zero), with_zero);
 }
 
-TEST(TextEncoding, OtherBytesAreSingleByteWesternText) {
+TEST(Text, OtherBytesAreSingleByteWesternText) {
   EXPECT_EQ(to_utf8("Gr\xF6\xDF"
                     "e \x80\x96\xFF"),
             "Gr\xC3\xB6\xC3\x9F"
@@ -26,7 +63,7 @@ TEST(TextEncoding, OtherBytesAreSingleByteWesternText) {
   EXPECT_EQ(to_utf8("\x81"), "\xC2\x81") << "no character of the code page";
 }
 
-TEST(TextEncoding, WhatOnlyLooksLikeUtf8IsWesternToo) {
+TEST(Text, WhatOnlyLooksLikeUtf8IsWesternToo) {
   const std::pair<const char*, const char*> kTable[] = {
       {"\xC3", "\xC3\x83"},                                      // cut off
       {"\xC0\xAF", "\xC3\x80\xC2\xAF"},                          // too long a form
@@ -39,7 +76,7 @@ TEST(TextEncoding, WhatOnlyLooksLikeUtf8IsWesternToo) {
   for (const auto& [bytes, text] : kTable) EXPECT_EQ(to_utf8(bytes), text);
 }
 
-TEST(TextEncoding, EveryByteComesOutAsValidUtf8) {
+TEST(Text, EveryByteComesOutAsValidUtf8) {
   for (int byte = 0; byte < 256; ++byte) {
     const std::string text = to_utf8(std::string(1, static_cast<char>(byte)));
     EXPECT_EQ(to_utf8(text), text) << byte;

@@ -1,4 +1,4 @@
-#include "app/base/text_file.h"
+#include "app/base/read_file.h"
 
 #include <gmock/gmock.h>
 
@@ -7,7 +7,7 @@
 #include <fstream>
 #include <string>
 
-#include "app/base/text.h"
+#include "app/base/message_text.h"
 #include "app/base/user_error.h"
 
 namespace kurv::app {

@@ -1,4 +1,4 @@
-#include "app/base/text_file.h"
+#include "app/base/read_file.h"
 
 #include <cerrno>
 #include <cstdio>
@@ -8,7 +8,6 @@
 #include <system_error>
 #include <vector>
 
-#include "app/base/text.h"
 #include "app/base/user_error.h"
 
 namespace kurv::app {
