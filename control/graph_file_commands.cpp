@@ -1,5 +1,6 @@
 #include "control/graph_file_commands.h"
 
+#include <KurvGraph/graph_file_fields.h>
 #include <KurvGraph/text.h>
 
 #include "control/control_state.h"

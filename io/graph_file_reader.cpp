@@ -5,12 +5,14 @@
 #include <optional>
 #include <string_view>
 #include <utility>
+#include <variant>
 #include <vector>
 
 #include <KurvGraph/fault.h>
 #include <KurvGraph/number_text.h>
 #include <KurvGraph/text.h>
 
+#include "io/graph_file_table.h"
 #include "io/text_file.h"
 #include "model/plain_number.h"
 #include "model/vzeroupper.h"
@@ -27,13 +29,13 @@ Double number_of(std::string_view text, char decimal_separator) {
   return *number;
 }
 
-Boolean truth_of(std::string_view text, char decimal_separator) {
-  const std::optional<Boolean> truth = text_to_boolean(text, decimal_separator);
-  if (!truth) throw Fault(FaultKind::kTypeMismatch);
-  return *truth;
+Boolean boolean_of(std::string_view text, char decimal_separator) {
+  const std::optional<Boolean> value = text_to_boolean(text, decimal_separator);
+  if (!value) throw Fault(FaultKind::kTypeMismatch);
+  return *value;
 }
 
-// The kinds of line that a graph file has, each read from the next one.
+// The forms in which a line is read, each from the next line.
 class Lines {
  public:
   Lines(InputFile& file, char decimal_separator)
@@ -45,7 +47,7 @@ class Lines {
   Integer count() { return to_integer(leading_number(m_file.line())); }
   Double number() { return number_of(m_file.line(), m_decimal_separator); }
   Integer whole() { return to_integer(number()); }
-  Boolean boolean() { return truth_of(m_file.line(), m_decimal_separator); }
+  Boolean boolean() { return boolean_of(m_file.line(), m_decimal_separator); }
 
   char decimal_separator() const { return m_decimal_separator; }
 
@@ -54,9 +56,9 @@ class Lines {
   char m_decimal_separator;
 };
 
-// The fields of a list line, in order. As many as a graph can show are asked of the field service;
-// what a file claims beyond them is split here, because the service begins each time at the front
-// and a long line of many fields would keep it busy for minutes.
+// The fields of a list line, in order. The field service splits off as many as a graph can show;
+// those that a file claims beyond them are split here, because the service scans the line from its
+// beginning for each field, which would take minutes for a long line of many.
 class Fields {
  public:
   Fields(const TextFieldTool& tool, String line, int shown)
@@ -82,71 +84,30 @@ class Fields {
   String m_line;
   int m_shown;
   int m_index = 0;
-  std::size_t m_begin = 0;  // of the next field behind those that are shown
+  std::size_t m_begin = 0;  // of the next field after those that are shown
 };
 
-// The first line only names the format, and the second repeats the title.
-void read_counts(Lines& lines, GraphFile& graph) {
-  lines.skip();
-  lines.skip();
-  graph.num_data = lines.count();
-  graph.num_y = lines.count();
-  graph.num_functions = lines.count();
-}
+// Reads the line of a row of the table, one overload for each kind.
+struct FieldReader {
+  void operator()(const TagLine&) const { lines.skip(); }
+  void operator()(const TextCopy&) const { lines.skip(); }
+  void operator()(const TextLine& line) const { document.*line.member = lines.text(); }
+  void operator()(const CountLine& line) const { graph.*line.to = lines.count(); }
+  void operator()(const WholeLine& line) const { document.*line.member = lines.whole(); }
+  void operator()(const LengthLine& line) const { document.*line.member = lines.whole(); }
+  void operator()(const FontSizeLine& line) const { document.*line.member = lines.whole(); }
+  void operator()(const HandleLine& line) const { graph.*line.place.*line.to = lines.whole(); }
+  void operator()(const SizeLine& line) const { graph.*line.to = lines.whole(); }
+  void operator()(const LimitLine& line) const { graph.*line.to = lines.number(); }
+  void operator()(const BooleanLine& line) const { document.*line.member = lines.boolean(); }
+  void operator()(const HeldBackBooleanLine& line) const { graph.*line.to = lines.boolean(); }
 
-void read_titles_and_margins(Lines& lines, GraphDocument& document) {
-  document.Title = lines.text();
-  document.SubTitle = lines.text();
-  document.NumTicks = lines.whole();
-  document.BorderWidth = lines.whole();
-  document.CurvesWidth = lines.whole();
-  document.Top_margine = lines.whole();
-  document.Left_margine = lines.whole();
-  document.Right_margine = lines.whole();
-  document.Bottom_margine = lines.whole();
-}
+  Lines& lines;
+  GraphDocument& document;
+  GraphFile& graph;
+};
 
-void read_places_and_limits(Lines& lines, GraphFile& graph) {
-  for (HandlePlace* handle : {&graph.imgTitle, &graph.imgSubTitle, &graph.picLegend}) {
-    handle->top = lines.whole();
-    handle->left = lines.whole();
-  }
-  graph.height = lines.whole();
-  graph.width = lines.whole();
-  graph.ymin = lines.number();
-  graph.ymax = lines.number();
-  graph.xmin = lines.number();
-  graph.xmax = lines.number();
-}
-
-void read_formats_and_fonts(Lines& lines, GraphDocument& document) {
-  document.AxisLabelFormatX = lines.text();
-  document.AxisLabelFormatY = lines.text();
-  document.FontBold = lines.boolean();
-  document.FontItalic = lines.boolean();
-  document.FontName = lines.text();
-  document.FontSize = lines.whole();
-  document.TitleFontBold = lines.boolean();
-  document.TitleFontItalic = lines.boolean();
-  document.TitleFontName = lines.text();
-  document.TitleFontSize = lines.whole();
-  document.SubTitleFontBold = lines.boolean();
-  document.SubTitleFontItalic = lines.boolean();
-  document.SubTitleFontName = lines.text();
-  document.SubTitleFontSize = lines.whole();
-  document.XLimitsExact = lines.boolean();
-  document.YLimitsExact = lines.boolean();
-  document.SortXY = lines.boolean();
-}
-
-void read_switches(Lines& lines, GraphFile& graph) {
-  graph.Y_grid = lines.boolean();
-  graph.X_grid = lines.boolean();
-  graph.Connected = lines.boolean();
-  graph.DrawMarkers = lines.boolean();
-}
-
-// The number in the piece at the front of a line, which loses it, with the separator behind it.
+// Removes the first value of a line, with the separator after it, and returns its number.
 Double take_number(std::string_view& line, bool& is_at_end, char decimal_separator) {
   Double value = 0;
   std::size_t end = decimal_separator == '.' ? read_plain_number(line, value) : 0;
@@ -159,7 +120,7 @@ Double take_number(std::string_view& line, bool& is_at_end, char decimal_separat
   return value;
 }
 
-// The first `count` pieces of a line as a column of points from 0 on. An empty line has no pieces.
+// The first `count` values of a line as a column of points from 0 on. An empty line has no values.
 std::vector<Double> read_column(std::string_view line, int count, char decimal_separator) {
   std::vector<Double> values;
   values.reserve(std::min(static_cast<std::size_t>(count), line.size()) + 1);
@@ -172,8 +133,8 @@ std::vector<Double> read_column(std::string_view line, int count, char decimal_s
   return values;
 }
 
-// The matrix is made when all its values have been seen: only then is the claim about its size
-// known to be true.
+// The matrix is allocated after all its values have been read: only then is it known that the file
+// is as large as it claims.
 Matrix<Double> read_columns(Lines& lines, int columns, int count) {
   std::vector<std::vector<Double>> values;
   for (int c = 1; c <= columns; ++c) {
@@ -186,7 +147,7 @@ Matrix<Double> read_columns(Lines& lines, int columns, int count) {
   return matrix;
 }
 
-void read_curves(Lines& lines, GraphFile& graph, const TextFieldTool& tool) {
+void read_lists(Lines& lines, GraphFile& graph, const TextFieldTool& tool) {
   const int columns = to_integer(Double(graph.num_y) + 1);
   if (graph.num_data < 0 || graph.num_y < 0) throw Fault(FaultKind::kSubscriptOutOfRange);
   graph.xyarr = read_columns(lines, columns, graph.num_data);
@@ -198,10 +159,10 @@ void read_curves(Lines& lines, GraphFile& graph, const TextFieldTool& tool) {
   graph.visible = List<Boolean>(1, graph.num_y);
   Fields flags(tool, lines.text(), kMaxCurves);
   for (int k = 1; k <= graph.num_y; ++k) {
-    graph.visible(k) = truth_of(flags.next(), lines.decimal_separator());
+    graph.visible(k) = boolean_of(flags.next(), lines.decimal_separator());
   }
 
-  // No slot takes what a file claims beyond the capacity.
+  // Expressions beyond the capacity of the function table are ignored.
   const int used = std::clamp<int>(graph.num_functions, 0, kMaxFunctions);
   graph.functions = List<String>(1, used);
   Fields functions(tool, lines.text(), used);
@@ -215,12 +176,9 @@ GraphFile read_graph_file(InputFile& file, GraphDocument& document, const TextFi
   clear_upper_registers();
   Lines lines(file, decimal_separator);
   GraphFile graph;
-  read_counts(lines, graph);
-  read_titles_and_margins(lines, document);
-  read_places_and_limits(lines, graph);
-  read_formats_and_fonts(lines, document);
-  read_switches(lines, graph);
-  read_curves(lines, graph, tool);
+  const FieldReader read_field{lines, document, graph};
+  for (const GraphFileRow& row : kGraphFileTable) std::visit(read_field, row.line);
+  read_lists(lines, graph, tool);
   return graph;
 }
 

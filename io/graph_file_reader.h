@@ -1,4 +1,4 @@
-// A graph from a file.
+// Reading a graph file.
 #pragma once
 
 #include <KurvGraph/arrays.h>
@@ -40,16 +40,16 @@ struct GraphFile {
   Boolean DrawMarkers;
 
   Matrix<Double> xyarr;    // (column, point), column 1 is x
-  List<String> names;      // alike
+  List<String> names;      // of x, then of the curves, from 1 on
   List<Boolean> visible;   // of curves 1..
-  List<String> functions;  // 1..
+  List<String> functions;  // from 1 on
 };
 
 // Titles, widths, margins, ticks, label formats, fonts, the two exact-limit switches and SortXY go
-// straight into the document, where they stay when a later line fails; the rest is returned. Needs
-// memory in proportion to the bytes that it reads, whatever they claim.
+// straight into the document, where they stay when a later line fails; the rest is returned. Uses
+// memory in proportion to the bytes that it reads, whatever counts they claim.
 //
-// Throws kInputPastEnd for too few lines, kTypeMismatch for what is no number or no truth,
+// Throws kInputPastEnd for too few lines, kTypeMismatch for what is no number or no Boolean,
 // kOverflow for a number that does not fit into 16 bits where it has to, kSubscriptOutOfRange for a
 // data line with fewer values than points and for negative counts.
 GraphFile read_graph_file(InputFile& file, GraphDocument& document, const TextFieldTool& tool,

@@ -3,13 +3,17 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <variant>
 
+#include <KurvGraph/graph_file_fields.h>
 #include <KurvGraph/number_text.h>
 #include <KurvGraph/text.h>
 
+#include "io/graph_file_table.h"
 #include "io/text_file.h"
 #include "model/vzeroupper.h"
 
@@ -20,7 +24,7 @@ namespace {
 constexpr std::string_view kLineEnd = "\r\n";
 constexpr char kSeparator = ',';
 
-// The kinds of line that a graph file has.
+// The forms in which a line is written.
 class Lines {
  public:
   Lines(const TextSink& sink, char decimal_separator)
@@ -30,15 +34,14 @@ class Lines {
     m_sink(value);
     m_sink(kLineEnd);
   }
-  void count(Integer value) { text(std::to_string(value)); }
+  void digits(Integer value) { text(std::to_string(value)); }
   void boolean(Boolean value) { text(boolean_to_text(value)); }
   template <class Number>
   void printed(Number value) {
     text(printed_number(value, m_decimal_separator));
   }
-  void whole(Integer value) { printed(Double(value)); }
 
-  // Entries 1 to `count`, each put at the line's end by `append(line, index)`.
+  // Entries 1 to `count`, each appended to the line by `append(line, index)`.
   template <class Append>
   void list(int count, Append append) {
     m_list.clear();
@@ -57,67 +60,32 @@ class Lines {
   String m_list;
 };
 
-void write_head(Lines& lines, const GraphDocument& document) {
-  lines.text(kGraphFileTag + version_stamp(KURV_VERSION_MAJOR, KURV_VERSION_MINOR));
-  lines.text(document.Title);
-  lines.count(document.NumData);
-  lines.count(document.NumY);
-  lines.count(document.NumYFunc);
-  lines.text(document.Title);
-  lines.text(document.SubTitle);
-  lines.count(document.NumTicks);
-  lines.count(document.BorderWidth);
-  lines.count(document.CurvesWidth);
-}
-
-void write_places(Lines& lines, const GraphDocument& document, const Layout& layout,
-                  const std::optional<ControlSize>& size) {
-  lines.whole(document.Top_margine);
-  lines.whole(document.Left_margine);
-  lines.whole(document.Right_margine);
-  lines.whole(document.Bottom_margine);
-  for (const Rect* handle : {&layout.imgTitle, &layout.imgSubTitle, &layout.picLegend}) {
-    lines.printed(handle->top);
-    lines.printed(handle->left);
+// Writes the line of a row of the table, one overload for each kind.
+struct FieldWriter {
+  void operator()(const TagLine&) const {
+    lines.text(String(kGraphFileTag) + version_stamp(KURV_VERSION_MAJOR, KURV_VERSION_MINOR));
   }
-  if (size) {
-    lines.printed(size->height);
-    lines.printed(size->width);
+  void operator()(const TextCopy& line) const { lines.text(document.*line.member); }
+  void operator()(const TextLine& line) const { lines.text(document.*line.member); }
+  void operator()(const CountLine& line) const { lines.digits(document.*line.from); }
+  void operator()(const WholeLine& line) const { lines.digits(document.*line.member); }
+  void operator()(const LengthLine& line) const { lines.printed(Double(document.*line.member)); }
+  void operator()(const FontSizeLine& line) const { lines.printed(document.*line.member); }
+  void operator()(const HandleLine& line) const { lines.printed(layout.*line.handle.*line.from); }
+  void operator()(const SizeLine& line) const {
+    if (size) lines.printed((*size).*line.from);
   }
-  lines.printed(document.ymin);
-  lines.printed(document.ymax);
-  lines.printed(document.xmin);
-  lines.printed(document.xmax);
-}
+  void operator()(const LimitLine& line) const { lines.printed(document.*line.from); }
+  void operator()(const BooleanLine& line) const { lines.boolean(document.*line.member); }
+  void operator()(const HeldBackBooleanLine& line) const { lines.boolean(document.*line.from); }
 
-void write_fonts(Lines& lines, const GraphDocument& document) {
-  lines.text(document.AxisLabelFormatX);
-  lines.text(document.AxisLabelFormatY);
-  lines.boolean(document.FontBold);
-  lines.boolean(document.FontItalic);
-  lines.text(document.FontName);
-  lines.printed(document.FontSize);
-  lines.boolean(document.TitleFontBold);
-  lines.boolean(document.TitleFontItalic);
-  lines.text(document.TitleFontName);
-  lines.printed(document.TitleFontSize);
-  lines.boolean(document.SubTitleFontBold);
-  lines.boolean(document.SubTitleFontItalic);
-  lines.text(document.SubTitleFontName);
-  lines.printed(document.SubTitleFontSize);
-}
+  Lines& lines;
+  const GraphDocument& document;
+  const Layout& layout;
+  const std::optional<ControlSize>& size;
+};
 
-void write_switches(Lines& lines, const GraphDocument& document) {
-  lines.boolean(document.XLimitsExact);
-  lines.boolean(document.YLimitsExact);
-  lines.boolean(document.SortXY);
-  lines.boolean(document.Y_grid);
-  lines.boolean(document.X_grid);
-  lines.boolean(document.Connected);
-  lines.boolean(document.DrawMarkers);
-}
-
-void write_curves(Lines& lines, const GraphDocument& document) {
+void write_lists(Lines& lines, const GraphDocument& document) {
   for (int c = 1; c <= document.NumY + 1; ++c) {
     const auto values = document.xyArr.column(c);
     lines.list(document.NumData, [&](String& line, int i) {
@@ -132,21 +100,20 @@ void write_curves(Lines& lines, const GraphDocument& document) {
 }
 
 // Whether the file has fewer lines than it claims, because writing it failed.
-bool is_torn(const String& path) {
-  constexpr int kCurvesLine = 4;
-  constexpr int kLinesBesidesCurves = 51;
+bool is_truncated(const String& path) {
+  const std::size_t num_y_line = graph_file_line("NumY");
 
   InputFile file(path);
   std::optional<std::string_view> line = file.next_line();
   if (!line) return true;
-  if (!line->empty() && std::string_view(kGraphFileTag).starts_with(*line)) return true;
+  if (!line->empty() && kGraphFileTag.starts_with(*line)) return true;
   if (!line->starts_with(kGraphFileTag)) return false;
-  Double claimed = kLinesBesidesCurves;
-  int count = 0;
+  Double claimed = static_cast<Double>(graph_file_lists(0).functions);
+  std::size_t count = 0;
   for (; line; line = file.next_line()) {
-    if (++count == kCurvesLine) claimed += leading_number(*line);
+    if (++count == num_y_line) claimed += leading_number(*line);
   }
-  return count < claimed || !file.line_was_ended();
+  return static_cast<Double>(count) < claimed || !file.line_was_ended();
 }
 
 }  // namespace
@@ -167,16 +134,14 @@ void write_graph_text(const TextSink& sink, const GraphDocument& document, const
                       const std::optional<ControlSize>& size, char decimal_separator) {
   clear_upper_registers();
   Lines lines(sink, decimal_separator);
-  write_head(lines, document);
-  write_places(lines, document, layout, size);
-  write_fonts(lines, document);
-  write_switches(lines, document);
-  write_curves(lines, document);
+  const FieldWriter write_field{lines, document, layout, size};
+  for (const GraphFileRow& row : kGraphFileTable) std::visit(write_field, row.line);
+  write_lists(lines, document);
 }
 
 void write_graph_file(const String& path, const GraphDocument& document, const Layout& layout,
                       ControlSize size, char decimal_separator) {
-  OutputFile file(path, is_torn);
+  OutputFile file(path, is_truncated);
   write_graph_text([&](std::string_view piece) { file.write(piece); }, document, layout, size,
                    decimal_separator);
   file.close();

@@ -1,4 +1,4 @@
-// A graph as a file.
+// Writing a graph file.
 #pragma once
 
 #include <functional>
@@ -12,11 +12,8 @@
 
 namespace kurv {
 
-// What every graph file begins with; the version that wrote it follows, and nothing reads that.
-inline constexpr const char* kGraphFileTag = "QXPLOT/V500//";
-
-// The digits of both numbers, one after the other, as one number times three in hexadecimal: "1E"
-// for version 1.0.
+// The digits of both numbers in a row, read as one number, times three, in hexadecimal: "1E" for
+// version 1.0.
 String version_stamp(int major, int minor);
 
 // The control's outer size, twips.
@@ -25,20 +22,21 @@ struct ControlSize {
   Single width = 0;
 };
 
-// Takes a text piece by piece.
+// Is called with a text piece by piece.
 using TextSink = std::function<void(std::string_view)>;
 
-// Hands over the text of a graph file. Without a size the two lines that hold it are left out, so
-// that texts can be compared which differ in nothing that anybody has done to the graph. Throws
+// Hands over the text of a graph file. Without a size the two lines that hold it are left out: two
+// such texts differ only where the graph was changed, not where its window was resized. Throws
 // kSubscriptOutOfRange for more than 30 function curves.
 void write_graph_text(const TextSink& sink, const GraphDocument& document, const Layout& layout,
                       const std::optional<ControlSize>& size, char decimal_separator);
 
 // Writes the whole graph, its data in the order in which they were last drawn. MarkerSize,
 // Autoscale and the visibility of function curves are not in the file. Nothing is escaped, so a
-// name or an expression with a comma reads back as two, and a text with a line break as two lines;
-// deliberate. Throws kSubscriptOutOfRange for more than 30 function curves and what an OutputFile
-// throws; the file is then incomplete, and the one it was to replace stays beside it as PATH~.
+// name or an expression with a comma reads back as two, and a text with a line break as two lines:
+// programs that read the format know no quotes. Throws kSubscriptOutOfRange for more than 30
+// function curves and what an OutputFile throws; the file is then incomplete, and the one it was to
+// replace stays beside it as PATH~.
 void write_graph_file(const String& path, const GraphDocument& document, const Layout& layout,
                       ControlSize size, char decimal_separator);
 

@@ -43,7 +43,7 @@ Fault transfer_fault() {
   return fault_of(errno, FaultKind::kDeviceIoError);
 }
 
-// A file that cannot be opened because it is not there may have no folder either.
+// Where a file does not exist, its folder may not exist either, which is another fault.
 Fault open_fault(const String& path) {
   const int error = errno;
   const fs::path folder = fs::path(path).parent_path();
@@ -54,11 +54,12 @@ Fault open_fault(const String& path) {
   return fault_of(error, FaultKind::kPathFileAccessError);
 }
 
-// No stream buffer: the blocks here are large, and an error has to show where it happens.
+// No stream buffer: the blocks here are large, and an error has to be reported by the call that
+// causes it.
 File open(const String& path, const char* mode) {
-  // The platform would take such a text as the name that ends there.
+  // The platform would cut the name off there and open another file.
   if (path.find('\0') != path.npos) throw Fault(FaultKind::kPathFileAccessError);
-  // Opening a pipe waits for its other end, and that may never come.
+  // Opening a pipe blocks until its other end is opened, which may never happen.
   std::error_code ignored;
   if (fs::is_fifo(path, ignored)) throw Fault(FaultKind::kPathFileAccessError);
   File file(std::fopen(path.c_str(), mode));
@@ -71,16 +72,16 @@ std::string_view without_return(std::string_view line) {
   return line;
 }
 
-String behind_links(const String& path) {
+String resolve_links(const String& path) {
   std::error_code error;
   const fs::path target = fs::canonical(path, error);
   return error ? path : target.string();
 }
 
-// Moves a file that may be written out of the way of its successor. Asking first whether it may be
-// written keeps a file that is protected where it is: moving it takes no permission of its own.
-// Returns the place where it is kept, or nothing when there is no such file.
-String keep_old_file(const String& path, bool (*is_torn)(const String& path)) {
+// Renames an existing file to NAME~ before it is replaced, and returns that name; an empty one when
+// there is no such file. A write-protected file is refused here, because renaming takes no
+// permission to write the file.
+String keep_old_file(const String& path, bool (*is_truncated)(const String& path)) {
   if (!open(path, "r+b")) {
     if (errno == ENOENT) return {};
     throw open_fault(path);
@@ -88,7 +89,7 @@ String keep_old_file(const String& path, bool (*is_torn)(const String& path)) {
   std::error_code error;
   if (!fs::is_regular_file(path, error)) return {};
   String kept = path + "~";
-  if (fs::exists(kept, error) && is_torn(path)) return kept;
+  if (fs::exists(kept, error) && is_truncated(path)) return kept;
   fs::rename(path, kept, error);
   if (error) throw fault_of(error.value(), FaultKind::kPathFileAccessError);
   return kept;
@@ -132,9 +133,9 @@ std::string_view InputFile::line() {
   return *next;
 }
 
-OutputFile::OutputFile(const String& path, bool (*is_torn)(const String& path)) {
-  const String target = behind_links(path);
-  m_kept = keep_old_file(target, is_torn);
+OutputFile::OutputFile(const String& path, bool (*is_truncated)(const String& path)) {
+  const String target = resolve_links(path);
+  m_kept = keep_old_file(target, is_truncated);
   m_file = open(target, "wb");
   std::error_code ignored;
   if (!m_file) {
@@ -143,11 +144,12 @@ OutputFile::OutputFile(const String& path, bool (*is_torn)(const String& path)) 
     throw fault;
   }
   if (m_kept.empty()) return;
-  // Who could not read the older file must not read the new one.
+  // A user who could not read the older file must not be able to read the new one.
   fs::permissions(target, fs::status(m_kept, ignored).permissions(), ignored);
 }
 
-// A fault is on its way when there is still something to write, and it says more than another one.
+// Bytes are left only where a fault is being thrown already. An error here would hide it, so it is
+// ignored.
 OutputFile::~OutputFile() {
   if (m_file) std::fwrite(m_buffer.data(), 1, m_buffer.size(), m_file.get());
 }
@@ -166,7 +168,7 @@ void OutputFile::flush() {
 
 void OutputFile::close() {
   flush();
-  // Some file systems find out only here that there was no room.
+  // Some file systems report a full disk only here.
   if (std::fclose(m_file.release()) != 0) throw transfer_fault();
   std::error_code ignored;
   if (!m_kept.empty()) fs::remove(m_kept, ignored);

@@ -1,5 +1,5 @@
-// Files of lines. What the platform refuses becomes a run-time error: file or path not found,
-// permission denied, path/file access error, disk full, device I/O error.
+// Reading and writing files of lines. Errors of the platform are thrown as faults: file or path not
+// found, permission denied, path/file access error, disk full, device I/O error.
 #pragma once
 
 #include <cstdio>
@@ -16,15 +16,15 @@ struct CloseFile {
 };
 using File = std::unique_ptr<std::FILE, CloseFile>;
 
-// A file that is read line by line, so that an endless one fails where its lines stop making sense
-// and never has to fit into memory.
+// A file that is read line by line, so that it never has to fit into memory, and reading an endless
+// one fails at the first line that makes no sense.
 class InputFile {
  public:
   explicit InputFile(const String& path);
 
   // The bytes of the next line without its end, CR LF or LF, which the last line may lack; nothing
-  // at the end of the file. Valid until the next call. Throws kOutOfMemory for a line that no
-  // graph could need.
+  // at the end of the file. Valid until the next call. Throws kOutOfMemory for a line longer than
+  // 64 MiB, which no graph needs.
   std::optional<std::string_view> next_line();
   // The same where a line has to be there: throws kInputPastEnd at the end.
   std::string_view line();
@@ -37,25 +37,24 @@ class InputFile {
   File m_file;
   String m_block;
   std::string_view m_unread;  // of the block
-  String m_line;              // one that did not lie in one block
+  String m_line;              // one that crosses the end of a block
   bool m_line_was_ended = false;
 };
 
-// A file that takes the place of an older one, which stays beside it as NAME~ until close(). Where
-// close() is never reached, what was written until then stays, and so does the older file. A link
-// keeps pointing to where it points; a device is written as it is, and a
-// pipe is refused.
+// A file that replaces an older one, which is kept beside it as NAME~ until close(). Where close()
+// is never reached, the incomplete file and the older one both stay. A link is followed, not
+// replaced; a device is written directly, and a pipe is refused.
 class OutputFile {
  public:
-  // What `is_torn` says to be left by a write that failed does not take the place of the good NAME~
-  // that was kept then.
-  OutputFile(const String& path, bool (*is_torn)(const String& path));
+  // Where `is_truncated` finds that `path` was left incomplete by an earlier write, the complete
+  // NAME~ that was kept then is not overwritten by it.
+  OutputFile(const String& path, bool (*is_truncated)(const String& path));
   ~OutputFile();
   OutputFile(const OutputFile&) = delete;
   OutputFile& operator=(const OutputFile&) = delete;
 
   void write(std::string_view bytes);
-  // Call once, behind the last write().
+  // Call once, after the last write().
   void close();
 
  private:

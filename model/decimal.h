@@ -1,4 +1,4 @@
-// A number as its decimal digits: the half-way house between a text and a Double.
+// A number as its decimal digits: the form between a text and a Double.
 #pragma once
 
 #include <cstdint>
@@ -18,8 +18,9 @@ struct Decimal {
   std::int64_t point = 0;
 };
 
-// Digits with an optional sign, point and exponent, and nothing around them. Exponents beyond any
-// that a Double or a text's length could call for are cut to 10^15, so that no sum overflows.
+// Parses digits with an optional sign, point and exponent, and nothing around them. Exponents are
+// clamped to 10^15, far beyond the range of a Double and the length of any text, so that adding to
+// one never overflows.
 std::optional<Decimal> parse_decimal(std::string_view text);
 
 }  // namespace kurv

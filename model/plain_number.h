@@ -1,4 +1,4 @@
-// Numbers as nearly all are written, read quickly: a file may hold millions of them.
+// A fast path for numbers as nearly all of them are written: a file may hold millions.
 #pragma once
 
 #include <charconv>
@@ -11,13 +11,13 @@
 namespace kurv {
 
 // Reads the number that a text begins with where it is plain: digits, maybe with a minus sign, a
-// point or an exponent, and finite. Returns its length. Returns 0 for any other, which
-// text_to_number() may still know, and then leaves `value` alone.
+// point or an exponent, and finite. Returns its length. Returns 0 for any other text, which
+// text_to_number() may still accept, and then leaves `value` unchanged.
 //
-// The number goes back through a reference: an optional would be put together in memory piece by
-// piece and taken from there as a whole, and waiting for that costs half as much as reading.
+// The number is returned through a reference, because an optional is returned in memory: it is
+// stored in parts and loaded as a whole, and the stall of that load costs half as much as parsing.
 inline std::size_t read_plain_number(std::string_view text, Double& value) {
-  // A sign or a point may come first, but the library knows words as well.
+  // std::from_chars() also accepts "nan" and "inf", so the first character is checked.
   const char* const first = text.data();
   const char* const end = first + text.size();
   const char* const begin = first + (text.starts_with('-') ? 1 : 0);

@@ -1,5 +1,7 @@
 #include "app/base/read_file.h"
 
+#include <KurvGraph/text.h>
+
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
@@ -46,7 +48,7 @@ File open(const std::string& path, const std::string& kind) {
   return file;
 }
 
-// Blocks, so that neither an endless device nor a film is read to its end before it is refused.
+// Reads in blocks, so that an endless device or a video is refused before it is read to its end.
 std::string read_all(std::FILE& file, const std::string& path, bool text) {
   std::string bytes;
   std::error_code unknown_size;
@@ -74,7 +76,7 @@ std::string read_text_file(const std::string& path) {
   std::string bytes = read_all(*file, path, true);
   constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
   if (bytes.starts_with(kByteOrderMark)) bytes.erase(0, kByteOrderMark.size());
-  if (bytes.find_first_not_of(" \t\r\n") == std::string::npos) {
+  if (trim_whitespace(bytes).empty()) {
     throw UserError(path + " is empty; it needs a row of names and rows of numbers.");
   }
   return bytes;

@@ -1,5 +1,6 @@
 #include "app/graph/graph_file.h"
 
+#include <KurvGraph/graph_file_fields.h>
 #include <KurvGraph/text.h>
 
 #include <array>

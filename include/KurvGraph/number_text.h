@@ -1,5 +1,5 @@
-// Every rule by which a number becomes text or text a number. None of them depends on a locale; the
-// decimal separator is the caller's, a point unless said otherwise.
+// Conversions between numbers and text. None of them depends on a locale; the caller passes the
+// decimal separator, which is a point by default.
 #pragma once
 
 #include <optional>
@@ -14,26 +14,26 @@ namespace kurv {
 String number_to_text(Double value);
 String number_to_text(Single value);
 
-// The same at the end of a text that is being put together, for many numbers at once.
+// Appends the same text, without the temporary string: for files of many numbers.
 void append_number(String& text, Double value, char decimal_separator = '.');
 
 // As a print statement writes it: a blank where a negative number has its sign, no zero before the
-// separator of a fraction, and a blank behind: " .5 ", " 500 ", "-3 ".
+// separator of a fraction, and a blank at the end: " .5 ", " 500 ", "-3 ".
 String printed_number(Double value, char decimal_separator = '.');
 String printed_number(Single value, char decimal_separator = '.');
 
 // The whole text as a number, blanks around it allowed: "3", ".5", "5.", "-1e-3", "1E3", "+2", and
-// "NaN", "Inf", "-Inf" in any letter case. No hexadecimal, no thousands separators. Anything else
-// is no number. A magnitude too large for a Double is an infinity, one too small is zero.
+// "NaN", "Inf", "-Inf" in any letter case. No hexadecimal, no thousands separators; nothing for any
+// other text. A magnitude too large for a Double is an infinity, one too small is zero.
 std::optional<Double> text_to_number(std::string_view text, char decimal_separator = '.');
 
-// The whole text as a truth: "True" or "False" in any letter case, or a number, of which only zero
-// is False.
+// The whole text as a Boolean: "True" or "False" in any letter case, or a number; only zero is
+// False.
 std::optional<Boolean> text_to_boolean(std::string_view text, char decimal_separator = '.');
 
 // The number that a text begins with, whatever follows it; 0 where it begins with none. Blanks are
-// dropped even inside the number, so "1 2 3" is 123. The separator is always a point, and there are
-// no names for NaN and infinity.
+// skipped even inside the number, so "1 2 3" is 123. The separator is always a point, and "NaN" and
+// "Inf" are not read.
 Double leading_number(std::string_view text);
 
 }  // namespace kurv

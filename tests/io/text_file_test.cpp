@@ -9,10 +9,10 @@ namespace {
 
 using test::fault_of;
 
-bool never_torn(const String&) {
+bool never_truncated(const String&) {
   return false;
 }
-bool always_torn(const String&) {
+bool always_truncated(const String&) {
   return true;
 }
 
@@ -100,7 +100,7 @@ TEST(FileFaults, CarryTheClassicNumbersAndTexts) {
 
 TEST_F(OutputFileTest, TheOlderFileIsKeptUntilTheNewOneIsComplete) {
   write("out", "old");
-  OutputFile file(path("out"), never_torn);
+  OutputFile file(path("out"), never_truncated);
   file.write("new");
   EXPECT_EQ(read("out~"), "old");
   file.close();
@@ -111,19 +111,19 @@ TEST_F(OutputFileTest, TheOlderFileIsKeptUntilTheNewOneIsComplete) {
 TEST_F(OutputFileTest, WithoutCloseThePartAndTheOlderFileStay) {
   write("out", "old");
   {
-    OutputFile file(path("out"), never_torn);
+    OutputFile file(path("out"), never_truncated);
     file.write("par");
   }
   EXPECT_EQ(read("out"), "par");
   EXPECT_EQ(read("out~"), "old");
 }
 
-TEST_F(OutputFileTest, ATornFileDoesNotPushOutTheGoodOne) {
+TEST_F(OutputFileTest, ATruncatedFileDoesNotReplaceTheCompleteOne) {
   write("out", "torn");
   write("out~", "good");
-  { OutputFile file(path("out"), always_torn); }
+  { OutputFile file(path("out"), always_truncated); }
   EXPECT_EQ(read("out~"), "good");
-  OutputFile file(path("out"), always_torn);
+  OutputFile file(path("out"), always_truncated);
   file.close();
   EXPECT_FALSE(exists("out~"));
 }
@@ -131,7 +131,7 @@ TEST_F(OutputFileTest, ATornFileDoesNotPushOutTheGoodOne) {
 TEST_F(OutputFileTest, LinksKeepPointingWhereTheyPoint) {
   write("real", "old");
   std::filesystem::create_symlink("real", path("link"));
-  OutputFile file(path("link"), never_torn);
+  OutputFile file(path("link"), never_truncated);
   file.write("new");
   file.close();
   EXPECT_TRUE(std::filesystem::is_symlink(path("link")));
@@ -142,7 +142,7 @@ TEST_F(OutputFileTest, WhoCouldNotReadTheOlderFileCannotReadTheNewOne) {
   write("out", "old");
   const auto mine = std::filesystem::perms::owner_read | std::filesystem::perms::owner_write;
   std::filesystem::permissions(path("out"), mine);
-  OutputFile file(path("out"), never_torn);
+  OutputFile file(path("out"), never_truncated);
   file.close();
   EXPECT_EQ(std::filesystem::status(path("out")).permissions(), mine);
 }
@@ -150,7 +150,7 @@ TEST_F(OutputFileTest, WhoCouldNotReadTheOlderFileCannotReadTheNewOne) {
 TEST_F(OutputFileTest, AFolderInThePlaceOfTheKeptFileLeavesEverythingAsItIs) {
   write("out", "old");
   std::filesystem::create_directory(path("out~"));
-  EXPECT_EQ(fault_of([&] { OutputFile(path("out"), never_torn); }), 75);
+  EXPECT_EQ(fault_of([&] { OutputFile(path("out"), never_truncated); }), 75);
   EXPECT_EQ(read("out"), "old");
 }
 
@@ -158,7 +158,7 @@ TEST_F(InputFileTest, PipeIsRefusedBecauseOpeningItMayWaitForever) {
   const std::string pipe = path("pipe");
   ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
   EXPECT_EQ(fault_of([&] { InputFile file(pipe); }), 75);
-  EXPECT_EQ(fault_of([&] { OutputFile file(pipe, never_torn); }), 75);
+  EXPECT_EQ(fault_of([&] { OutputFile file(pipe, never_truncated); }), 75);
 }
 
 }  // namespace
