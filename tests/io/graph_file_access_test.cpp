@@ -131,7 +131,7 @@ TEST_F(GraphFileAccess, SavingAgainOnAFullDiskNeverCostsTheOlderGraph) {
     EXPECT_EQ(save_to(path("a.gdf")), 61);
     EXPECT_EQ(read("a.gdf~"), older) << size;
   }
-  // Cut in its last line, it has all its lines and is torn all the same.
+  // Cut in its last line, it has all its lines and is truncated all the same.
   write("a.gdf", older.substr(0, older.size() - 1));
   {
     const FullDisk disk(10);
