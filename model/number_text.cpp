@@ -58,7 +58,7 @@ void append_scientific(String& text, std::string_view digits, std::string_view e
 }
 
 // The magnitude of a finite number that is not zero. The plain form is laid out here because
-// std::to_chars would fill the places behind the shortest digits of a large Single with those of
+// std::to_chars would fill the places after the shortest digits of a large Single with those of
 // its exact value.
 template <class Float>
 void append_magnitude(String& text, Float value, const Form& form) {
@@ -70,7 +70,7 @@ void append_magnitude(String& text, Float value, const Form& form) {
   int exponent = 0;
   std::from_chars(mark[1] == '+' ? mark + 2 : mark + 1, last, exponent);
 
-  // The first digit takes the place of the point, so that all digits stand together.
+  // The first digit overwrites the point, so that all digits are adjacent.
   const bool has_point = first[1] == '.';
   if (has_point) first[1] = first[0];
   const char* const digits = has_point ? first + 1 : first;
@@ -107,8 +107,8 @@ String printed(Float value, char decimal_separator) {
   return text;
 }
 
-// The digits go behind "0." so that the exponent stays small: std::from_chars cuts long exponents
-// off, and a text of a million digits may well carry one that belongs to it.
+// The digits follow "0.", so that the exponent is small: that of a text of a million digits may be
+// too long for std::from_chars.
 Double magnitude_of(const Decimal& number) {
   constexpr std::int64_t kLargestPoint = std::numeric_limits<Double>::max_exponent10 + 1;
   constexpr std::int64_t kSmallestPoint = -330;
@@ -214,7 +214,7 @@ std::optional<Boolean> text_to_boolean(std::string_view text, char decimal_separ
 }
 
 Double leading_number(std::string_view text) {
-  // What cannot be part of a number ends it, so a long text behind it is never copied.
+  // Stops at the first character that cannot be part of a number, so a long text is not copied.
   String candidate;
   for (const char c : text) {
     if (c == ' ' || c == '\t') continue;

@@ -1,4 +1,5 @@
-// What is odd about a graph file.
+// Diagnostics for a graph file: what keeps it from loading, and what is read otherwise than it
+// looks.
 #pragma once
 
 #include <cstddef>
@@ -9,13 +10,14 @@
 
 namespace kurv::app {
 
-struct Oddity {
-  std::size_t line;      // counted from 1
-  std::string sentence;  // without the line, and without a full stop
-  bool fatal;            // the file does not load
+struct Diagnostic {
+  std::size_t line;     // counted from 1
+  std::string message;  // without the line number, and without a full stop
+  bool is_error;        // the file does not load; otherwise it is a warning
 };
 
-// In the order of the lines. What stands on a list line many times is told once.
-std::vector<Oddity> check_graph_file(const GraphFileText& file, char decimal_separator);
+// In the order of the lines. Of the entries of a list that are wrong in the same way, only the
+// first is reported.
+std::vector<Diagnostic> check_graph_file(const GraphFileText& file, char decimal_separator);
 
 }  // namespace kurv::app

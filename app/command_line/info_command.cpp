@@ -1,10 +1,12 @@
 #include "app/command_line/info_command.h"
 
+#include <KurvGraph/graph_file_fields.h>
 #include <KurvGraph/number_text.h>
 #include <KurvGraph/text.h>
 
 #include <algorithm>
 #include <ostream>
+#include <span>
 #include <string>
 
 #include "app/base/message_text.h"
@@ -24,28 +26,24 @@ void print(std::ostream& out, std::string label, std::string_view value) {
   out << std::string_view(line).substr(0, line.find_last_not_of(' ') + 1) << '\n';
 }
 
-// The piece of a list line, empty behind the last one.
-class List {
- public:
-  explicit List(std::string_view line) : m_pieces(line) {}
-  std::string next() { return to_utf8(m_pieces.next().value_or("")); }
-
- private:
-  Pieces m_pieces;
-};
+// The next entry of a list line as UTF-8; empty after the last one.
+std::string next_text(ListEntries& entries) {
+  return to_utf8(entries.next().value_or(""));
+}
 
 void print_columns(const GraphFileText& file, int curves, char decimal_separator,
                    std::ostream& out) {
-  List names(file.line(GraphFileText::names_line(curves)));
-  List flags(file.line(GraphFileText::flags_line(curves)));
+  const GraphFileLists lists = graph_file_lists(curves);
+  ListEntries names(file.line(lists.names));
+  ListEntries flags(file.line(lists.flags));
   for (int column = 0; column <= curves; ++column) {
-    const std::size_t number = kFirstDataLine + static_cast<std::size_t>(column);
+    const std::size_t number = lists.data + static_cast<std::size_t>(column);
     if (number > file.lines()) return;
     const std::string_view line = file.line(number);
-    std::string text = in_quotes(names.next()) + ", " +
-                       std::to_string(line.empty() ? 0 : count_pieces(line)) + " values";
+    std::string text = in_quotes(next_text(names)) + ", " +
+                       std::to_string(line.empty() ? 0 : count_entries(line)) + " values";
     if (column > 0) {
-      const auto visible = text_to_boolean(flags.next(), decimal_separator);
+      const auto visible = text_to_boolean(next_text(flags), decimal_separator);
       text +=
           visible ? (bool(*visible) ? ", visible" : ", hidden") : ", neither visible nor hidden";
     }
@@ -54,21 +52,23 @@ void print_columns(const GraphFileText& file, int curves, char decimal_separator
 }
 
 void print_functions(const GraphFileText& file, int curves, int functions, std::ostream& out) {
-  const std::string_view line = file.line(GraphFileText::functions_line(curves));
+  const std::string_view line = file.line(graph_file_lists(curves).functions);
   const int given =
-      line.empty() ? 0 : static_cast<int>(std::min<std::size_t>(count_pieces(line), 32767));
-  List expressions(line);
+      line.empty() ? 0 : static_cast<int>(std::min<std::size_t>(count_entries(line), 32767));
+  ListEntries expressions(line);
   for (int k = 1; k <= std::min(functions, given); ++k) {
-    print(out, "Function " + std::to_string(k), expressions.next());
+    print(out, "Function " + std::to_string(k), next_text(expressions));
   }
 }
 
 void print_contents(const GraphFileText& file, char decimal_separator, std::ostream& out) {
-  for (std::size_t number = 1; number <= std::min(kFixedLines, file.lines()); ++number) {
-    const FixedLine& layout = kLayout[number - 1];
+  const std::span<const GraphFileField> fields = graph_file_fields();
+  for (std::size_t number = 1; number <= std::min(fields.size(), file.lines()); ++number) {
+    const GraphFileField& field = fields[number - 1];
     const std::string_view line = file.line(number);
-    if (layout.kind == LineKind::kCopy) continue;
-    print(out, layout.name, layout.kind == LineKind::kText ? line : trim_whitespace(line));
+    if (field.kind == GraphFieldKind::kCopy) continue;
+    print(out, std::string(field.name),
+          field.kind == GraphFieldKind::kText ? line : trim_whitespace(line));
   }
   const int curves = file.counts().curves.value_or(-1);
   if (curves < 0) return;
@@ -76,12 +76,12 @@ void print_contents(const GraphFileText& file, char decimal_separator, std::ostr
   print_functions(file, curves, file.counts().functions.value_or(0), out);
 }
 
-void print_oddities(const std::string& path, const std::vector<Oddity>& oddities,
-                    std::ostream& out) {
-  if (oddities.empty()) out << path << ": nothing is odd about it\n";
-  for (const Oddity& oddity : oddities) {
-    out << path << ": line " << oddity.line << ": " << oddity.sentence
-        << (oddity.fatal ? " (does not load)" : "") << '\n';
+void print_diagnostics(const std::string& path, const std::vector<Diagnostic>& diagnostics,
+                       std::ostream& out) {
+  if (diagnostics.empty()) out << path << ": nothing is odd about it\n";
+  for (const Diagnostic& diagnostic : diagnostics) {
+    out << path << ": line " << diagnostic.line << ": " << diagnostic.message
+        << (diagnostic.is_error ? " (does not load)" : "") << '\n';
   }
 }
 
@@ -90,11 +90,11 @@ void print_oddities(const std::string& path, const std::vector<Oddity>& oddities
 int print_info(const InfoRequest& request, std::ostream& out) {
   const char separator = request.locale ? request.locale->decimalPoint().front().toLatin1() : '.';
   const GraphFileText file(request.graph_file);
-  const std::vector<Oddity> oddities = check_graph_file(file, separator);
-  const bool loads = std::none_of(oddities.begin(), oddities.end(),
-                                  [](const Oddity& oddity) { return oddity.fatal; });
+  const std::vector<Diagnostic> diagnostics = check_graph_file(file, separator);
+  const bool loads = std::none_of(diagnostics.begin(), diagnostics.end(),
+                                  [](const Diagnostic& diagnostic) { return diagnostic.is_error; });
   if (request.check) {
-    print_oddities(request.graph_file, oddities, out);
+    print_diagnostics(request.graph_file, diagnostics, out);
     return loads ? 0 : kFailure;
   }
   print_contents(file, separator, out);

@@ -1,4 +1,4 @@
-// kurv info: what is inside a graph file, without drawing it.
+// kurv info: prints the contents of a graph file, or its diagnostics, without drawing it.
 #pragma once
 
 #include <iosfwd>
