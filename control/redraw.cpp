@@ -1,7 +1,5 @@
 #include "control/redraw.h"
 
-#include <algorithm>
-
 #include "control/control_state.h"
 #include "model/vzeroupper.h"
 #include "render/axes.h"
@@ -28,20 +26,6 @@ void paint(const GraphDocument& document, const NumericService& numeric, Layout&
   DrawLegendAndTitles(document, layout, surface);
 }
 
-// Ticks and grid are drawn with the pen that the redraw before has left: a curve leaves a pen of 1,
-// and where none is drawn, that of the frame stays.
-Integer pen_left_by_a_redraw(const GraphDocument& document) {
-  bool draws_a_curve = false;
-  for (int k = 1; k <= document.NumY; ++k) {
-    if (document.y_visible(k)) draws_a_curve = true;
-  }
-  for (int k = 1; k <= std::min<int>(document.NumYFunc, kMaxFunctions); ++k) {
-    const FunctionCurve& curve = document.y_func(k);
-    if (curve.visible && !curve.expression.empty()) draws_a_curve = true;
-  }
-  return draws_a_curve ? Integer{1} : document.BorderWidth;
-}
-
 }  // namespace
 
 void build_the_graph(ControlState& state) {
@@ -66,7 +50,7 @@ void draw_on(const ControlState& state, PlotSurface& surface) {
   LateEvaluator function_evaluator;
   SizeTitleHandles(document, layout, surface);
   take_data_copy(document);
-  surface.DrawWidth(pen_left_by_a_redraw(document));
+  surface.DrawWidth(layout.pen_width);
   paint(document, *state.services.numeric, layout, function_evaluator, surface);
 }
 

@@ -5,6 +5,7 @@
 #include "model/palette.h"
 #include "render/mapping.h"
 #include "render/number_format.h"
+#include "render/pen.h"
 
 namespace kurv {
 
@@ -109,7 +110,7 @@ void draw_x_labels(const AxisPass& pass) {
 
 void draw_border(const AxisPass& pass) {
   const PlotRect& plot = pass.plot();
-  pass.surface.DrawWidth(pass.document.BorderWidth);
+  set_pen_width(pass.layout, pass.surface, pass.document.BorderWidth);
   pass.surface.Line({Single(plot.PlotLeft), Single(plot.PlotTop)},
                     {to_single(Double(plot.PlotLeft) + plot.PlotWidth), to_single(pass.bottom())},
                     kBlack, LineKind::kBox);

@@ -5,6 +5,7 @@
 
 #include "render/mapping.h"
 #include "render/markers.h"
+#include "render/pen.h"
 
 namespace kurv {
 
@@ -62,12 +63,13 @@ std::vector<int> visible_curves(const GraphDocument& document) {
 }
 
 void draw_lines(const GraphDocument& document, const Mapping& mapping,
-                const std::vector<int>& curves, PlotSurface& surface) {
-  // The pen stays as it is where the range of an axis cannot be mapped.
-  surface.DrawWidth(document.CurvesWidth);
+                const std::vector<int>& curves, Layout& layout, PlotSurface& surface) {
+  // Where the range of an axis cannot be mapped, the pen keeps this width.
+  set_pen_width(layout, surface, document.CurvesWidth);
   Lines lines(document, mapping);
   surface.Polylines(lines.x(), static_cast<int>(curves.size()), document.CurvesWidth,
                     [&](int i) { return lines.line(curves[static_cast<std::size_t>(i)]); });
+  layout.pen_width = 1;  // Polylines() has set it
 }
 
 // The curves' markers. They share their x as well.
@@ -112,15 +114,15 @@ int curve_colour(int curve) {
   return curve % 14;
 }
 
-void DrawScatterCurves(const GraphDocument& document, const Layout& layout, PlotSurface& surface) {
+void DrawScatterCurves(const GraphDocument& document, Layout& layout, PlotSurface& surface) {
   const Mapping mapping(document, layout.plot);
   const std::vector<int> curves = visible_curves(document);
   if (document.Connected) {
-    if (!curves.empty()) draw_lines(document, mapping, curves, surface);
+    if (!curves.empty()) draw_lines(document, mapping, curves, layout, surface);
   } else {
     for (std::size_t i = 0; i < curves.size(); ++i) {
-      surface.DrawWidth(document.CurvesWidth);
-      surface.DrawWidth(1);
+      set_pen_width(layout, surface, document.CurvesWidth);
+      set_pen_width(layout, surface, 1);
     }
   }
   Markers markers(document, mapping);

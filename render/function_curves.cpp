@@ -5,6 +5,7 @@
 
 #include "model/palette.h"
 #include "render/mapping.h"
+#include "render/pen.h"
 
 namespace kurv {
 
@@ -18,7 +19,7 @@ Double sample_x(const GraphDocument& document, int k) {
 
 }  // namespace
 
-void DrawFunctionCurves(const GraphDocument& document, const Layout& layout,
+void DrawFunctionCurves(const GraphDocument& document, Layout& layout,
                         const EvaluatorSource& evaluator, PlotSurface& surface) {
   const int count = std::min<int>(document.NumYFunc, kMaxFunctions);
   for (int k = 1; k <= count; ++k) {
@@ -30,9 +31,9 @@ void DrawFunctionCurves(const GraphDocument& document, const Layout& layout,
 
 // Every curve is black, and one that leaves the plot is not clipped at its edge but broken between
 // the last sample inside and the next one: both deliberate.
-void DrawFunctionCurve(const GraphDocument& document, const Layout& layout,
-                       const String& expression, ExprEvaluator& evaluator, PlotSurface& surface) {
-  surface.DrawWidth(document.CurvesWidth);
+void DrawFunctionCurve(const GraphDocument& document, Layout& layout, const String& expression,
+                       ExprEvaluator& evaluator, PlotSurface& surface) {
+  set_pen_width(layout, surface, document.CurvesWidth);
   evaluator.SetExpression(expression.empty() ? document.y_func(1).expression : expression);
   std::optional<SurfacePoint> previous;
   for (int k = 0; k <= kIntervals; ++k) {
@@ -56,7 +57,7 @@ void DrawFunctionCurve(const GraphDocument& document, const Layout& layout,
     }
     previous = here;
   }
-  surface.DrawWidth(1);
+  set_pen_width(layout, surface, 1);
 }
 
 }  // namespace kurv

@@ -16,14 +16,14 @@ using EvaluatorSource = std::function<ExprEvaluator&()>;
 
 // Draws every visible function curve over the x range of the axes. Throws kDivisionByZero when a
 // sample has to be mapped into a range of zero width, and what the evaluator throws.
-void DrawFunctionCurves(const GraphDocument& document, const Layout& layout,
+void DrawFunctionCurves(const GraphDocument& document, Layout& layout,
                         const EvaluatorSource& evaluator, PlotSurface& surface);
 
 // Draws one, by 41 samples at equal distances from xmin to xmax. The curve ends for good at the
 // first sample that cannot be evaluated. Neighbouring samples are joined where both lie inside the
 // plot; the first one inside is a dot. The empty expression stands for that of slot 1. Leaves a pen
 // width of 1.
-void DrawFunctionCurve(const GraphDocument& document, const Layout& layout,
-                       const String& expression, ExprEvaluator& evaluator, PlotSurface& surface);
+void DrawFunctionCurve(const GraphDocument& document, Layout& layout, const String& expression,
+                       ExprEvaluator& evaluator, PlotSurface& surface);
 
 }  // namespace kurv

@@ -35,6 +35,19 @@ std::string painted(const test::TestHost& host) {
   return std::string(other.log());
 }
 
+// What comes before the first label sets up the surface, which differs between two surfaces.
+std::string from_first_label(const std::string& log) {
+  return log.substr(log.find("print"));
+}
+
+// The pen width, in pixels, of the first tick in the last picture of a log.
+std::string pen_of_ticks(const std::string& log) {
+  const std::size_t tick = log.find("segment", log.rfind("cls\n"));
+  const std::size_t width = log.rfind("width ", tick);
+  return width == std::string::npos ? "1"
+                                    : log.substr(width + 6, log.find('\n', width) - width - 6);
+}
+
 TEST(DrawOn, PaintsWhatTheNextRedrawShows) {
   test::TestHost host;
   host.load({3, 1, 2}, {5, 7, 6}, true, true);
@@ -43,10 +56,6 @@ TEST(DrawOn, PaintsWhatTheNextRedrawShows) {
   host.control.set_Top_margine(900);
   host.control.set_SortXY(true);
   host.control.set_Title("Another");
-  // What comes before the first label sets up the surface, which is another one here.
-  const auto from_first_label = [](const std::string& log) {
-    return log.substr(log.find("print"));
-  };
   const std::string elsewhere = painted(host);
   EXPECT_EQ(from_first_label(elsewhere), from_first_label(host.redrawn()));
 }
@@ -100,17 +109,50 @@ TEST(DrawOn, AnEmptyGraphClearsTheSurface) {
   EXPECT_EQ(other.log(), cleared.log());
 }
 
-TEST(DrawOn, TicksHaveThePenThatTheRedrawBeforeHasLeft) {
+// Compares what draw_on() paints with the redraw that follows it, whose ticks have the pen that the
+// drawing before has left.
+void expect_next_redraw(test::TestHost& host, const std::string& pen) {
+  const std::string elsewhere = painted(host);
+  host.control.build_the_graph();
+  const std::string here(host.surface.log());
+  EXPECT_EQ(pen_of_ticks(elsewhere), pen);
+  EXPECT_EQ(pen_of_ticks(here), pen);
+  EXPECT_EQ(from_first_label(elsewhere), from_first_label(here.substr(here.rfind("cls\n"))));
+}
+
+TEST(DrawOn, TicksHaveThePenOfTheRedrawBeforeTheDocumentChanged) {
   test::TestHost host;
   host.load({1, 2}, {5, 7});
-  EXPECT_NE(painted(host).find("width 1"), std::string::npos);
+  host.document().y_visible(1) = false;
+  host.control.set_BorderWidth(4);
+  expect_next_redraw(host, "1");  // the curve that was drawn has left it
+  expect_next_redraw(host, "4");  // no curve was drawn, so that of the border is left
+  host.control.set_BorderWidth(3);
+  expect_next_redraw(host, "4");
+  host.document().y_visible(1) = true;
+  expect_next_redraw(host, "3");
+  expect_next_redraw(host, "1");
+}
+
+TEST(DrawOn, TicksHaveThePenOfARedrawThatFailed) {
+  test::TestHost host;
+  host.load({1, 2}, {5, 7});
+  host.control.set_CurvesWidth(3);
+  const Double xmax = host.control.xmax();
+  host.control.set_xmax(host.control.xmin());
+  EXPECT_THROW(host.control.build_the_graph(), Fault);
+  host.control.set_xmax(xmax);
+  expect_next_redraw(host, "3");
+}
+
+TEST(DrawOn, AFunctionCurveLeavesAPenOfOne) {
+  test::TestHost host;
+  host.load({1, 2}, {5, 7});
+  host.control.add_function("x*2");
   host.document().y_visible(1) = false;
   host.control.set_BorderWidth(4);
   host.control.build_the_graph();
-  RecordingSurface other(12000, 9000);
-  host.control.draw_on(other);
-  const std::string log(other.log());
-  EXPECT_LT(log.find("width 4"), log.find("segment")) << log;
+  expect_next_redraw(host, "1");
 }
 
 TEST(DrawOn, AFaultReachesTheCallerAndChangesNothing) {
