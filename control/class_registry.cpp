@@ -9,7 +9,7 @@
 #include <KurvGraph/services.h>
 #include <KurvGraph/text.h>
 
-#include "control/provided_classes.h"
+#include "control/built_in_classes.h"
 #include "expr/evaluator.h"
 #include "model/built_in_services.h"
 

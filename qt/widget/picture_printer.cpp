@@ -11,7 +11,7 @@
 #include <memory>
 #include <utility>
 
-#include "control/provided_classes.h"
+#include "control/built_in_classes.h"
 #include "qt/widget/qt_shell.h"
 
 namespace kurv {

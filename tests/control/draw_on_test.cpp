@@ -3,7 +3,7 @@
 
 #include <sstream>
 
-#include "control/provided_classes.h"
+#include "control/built_in_classes.h"
 #include "tests/support/test_host.h"
 
 namespace kurv {
