@@ -1,4 +1,4 @@
-// The limits of the axes as hosts and users change them, and the home of everything.
+// Changes the limits of the axes for hosts and users, and restores the defaults.
 #pragma once
 
 #include <KurvGraph/values.h>
@@ -9,7 +9,7 @@ struct ControlState;
 
 namespace kurv::basKurvGraph01 {
 
-// Default marker size and margins, limits from the data, and a redraw.
+// Restores the default marker size and margins, computes the limits from the data and redraws.
 void Restore_Grf(ControlState& state);
 
 // Store the flag, compute the limits and redraw.

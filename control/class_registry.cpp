@@ -34,12 +34,14 @@ struct Registered {
   ServiceFactory factory;
 };
 
+// Registered by hosts.
 std::vector<Registered>& registered() {
   static std::vector<Registered> classes;
   return classes;
 }
 
-std::vector<Registered>& provided() {
+// Registered by modules above this one.
+std::vector<Registered>& built_in_above() {
   static std::vector<Registered> classes;
   return classes;
 }
@@ -51,9 +53,10 @@ auto find_class(Classes& classes, std::string_view class_id) {
   });
 }
 
-// A copy, because a factory may register another class while it runs.
-ServiceFactory host_or_provided(std::string_view class_id) {
-  for (const auto* classes : {&registered(), &provided()}) {
+// The host's factory takes precedence. Returns a copy, because a factory may register another class
+// while it runs.
+ServiceFactory find_factory(std::string_view class_id) {
+  for (const auto* classes : {&registered(), &built_in_above()}) {
     if (const auto found = find_class(*classes, class_id); found != classes->end()) {
       return found->factory;
     }
@@ -75,13 +78,13 @@ void register_class(std::string_view class_id, ServiceFactory factory) {
   replace_class(registered(), class_id, std::move(factory));
 }
 
-void provide_class(std::string_view class_id, ServiceFactory factory) {
-  replace_class(provided(), class_id, std::move(factory));
+void register_built_in_class(std::string_view class_id, ServiceFactory factory) {
+  replace_class(built_in_above(), class_id, std::move(factory));
 }
 
 std::unique_ptr<Service> create_service(std::string_view class_id) {
   std::unique_ptr<Service> service;
-  if (const ServiceFactory factory = host_or_provided(class_id)) {
+  if (const ServiceFactory factory = find_factory(class_id)) {
     service = factory();
   } else if (const auto built_in = find_class(kBuiltIn, class_id); built_in != kBuiltIn.end()) {
     service = built_in->make();

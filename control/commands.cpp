@@ -22,7 +22,7 @@ void refresh(ControlState& state) {
 }
 
 template <Window window, Integer page>
-void show(ControlState& state) {
+void show_window(ControlState& state) {
   state.shell.show_window(window, page);
 }
 
@@ -31,7 +31,7 @@ struct Command {
   void (*run)(ControlState& state);
 };
 
-// "help" is known as a word, but there is nothing that it could show.
+// "help" is accepted like any other word and does nothing, because there is no help to show.
 constexpr Command kCommands[] = {
     {"refresh", refresh},
     {"print", print_graph},
@@ -39,10 +39,10 @@ constexpr Command kCommands[] = {
     {"save", Save_graph},
     {"saveas", save_dialog},
     {"open", open_graph},
-    {"setup", show<Window::kProperties, kGeneralPage>},
-    {"titles", show<Window::kProperties, kTitlesPage>},
-    {"curves", show<Window::kCurves, 0>},
-    {"table", show<Window::kTable, 0>},
+    {"setup", show_window<Window::kProperties, kGeneralPage>},
+    {"titles", show_window<Window::kProperties, kTitlesPage>},
+    {"curves", show_window<Window::kCurves, 0>},
+    {"table", show_window<Window::kTable, 0>},
 };
 
 }  // namespace

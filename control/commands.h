@@ -1,4 +1,4 @@
-// The commands behind the toolbar and the host's ChartOptions.
+// The commands of the toolbar and of the host's ChartOptions.
 #pragma once
 
 #include <string_view>
@@ -8,7 +8,8 @@ namespace kurv {
 struct ControlState;
 
 // Runs one command by its word, compared exactly; other words do nothing. The container shows the
-// hourglass meanwhile, and keeps it when the command fails: deliberate, for the host to see.
+// hourglass meanwhile. When the command throws, the hourglass stays, so that the host, which
+// catches the fault, sees that the command was not completed.
 void ChartOptions(ControlState& state, std::string_view command);
 
 }  // namespace kurv

@@ -1,5 +1,5 @@
-// What one control consists of. The control's members are one line each; the work is done by free
-// functions over this record, which every room of the control may include and no host can.
+// The state of one control. The control's member functions are one line each; the work is done by
+// free functions over this record, which is private: no host can include it.
 #pragma once
 
 #include <memory>
@@ -12,7 +12,7 @@
 #include <KurvGraph/services.h>
 #include <KurvGraph/shell.h>
 
-#include "control/late_evaluator.h"
+#include "control/lazy_evaluator.h"
 #include "control/mouse_state.h"
 #include "io/text_file.h"
 #include "model/graph_document.h"
@@ -32,10 +32,10 @@ struct ControlState {
   // begins by closing it.
   std::optional<InputFile> open_file{};
   // Three evaluators, so that none sees the variables or the expression of another. A fourth, the
-  // library's, judges edited functions, and each function that is added has one of its own.
-  LateEvaluator function_evaluator{};  // draws function curves
-  LateEvaluator derived_evaluator{};   // computes derived curves
-  LateEvaluator wizard_evaluator{};    // judges names and expressions of derived curves
+  // library's, checks edited functions, and each function that is added is checked by a new one.
+  LazyEvaluator function_evaluator{};  // draws function curves
+  LazyEvaluator derived_evaluator{};   // computes derived curves
+  LazyEvaluator wizard_evaluator{};    // checks names and expressions of derived curves
   MouseState mouse{};
   bool is_terminated = false;
   std::vector<EventListener> listeners = {};

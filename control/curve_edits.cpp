@@ -16,7 +16,7 @@ namespace kurv {
 namespace {
 
 // The last column that has data and a name; 0 where there is not even an x. After an intake that
-// has failed half way the counts claim more than there is.
+// has failed midway the counts are larger than the arrays.
 int last_column(const GraphDocument& document) {
   const List<String>& names = document.yVarName;
   if (names.lower() > 1) return 0;
@@ -36,7 +36,7 @@ bool varies(const GraphDocument& document, int column) {
 }
 
 // The first column of this name that can be x; 0 where there is none. Of several columns with one
-// name only the first can be chosen; deliberate, since the user chooses by name.
+// name only the first can be chosen, because the user chooses by name.
 int column_to_choose(const GraphDocument& document, const String& name) {
   for (int c = 1; c <= last_column(document); ++c) {
     if (document.yVarName(c) == name && varies(document, c)) return c;
@@ -51,7 +51,9 @@ void exchange_with_x(GraphDocument& document, int column) {
   std::swap(document.yVarName(1), document.yVarName(column));
 }
 
-// Coarser than what an intake does, and with an exponent that has no plus; deliberate.
+// Simpler than the choice of an intake: the format changes only where a fixed one would be
+// unreadable, because the user may have set it. The exponent has no plus sign; graph files store
+// the format, so another one would change what is saved.
 void choose_format(Double lo, Double hi, String& format) {
   const Double magnitude = std::abs(lo) + std::abs(hi);
   const bool needs_exponent = magnitude < 0.001 || magnitude > 10000 || std::abs(hi - lo) <= 0.01;

@@ -1,8 +1,8 @@
 // What the user does to the curves: which column is x, which curves are shown, what they are
 // called.
 //
-// The lists may be asked for at any time, also after an intake that has failed half way: they hold
-// what has both data and a name, and asking never fails. What changes the graph ends with a redraw.
+// The lists may be asked for at any time, also after an intake that has failed midway: they hold
+// what has both data and a name, and never throw. Every function that changes the graph redraws it.
 #pragma once
 
 #include <KurvGraph/values.h>
@@ -35,21 +35,22 @@ std::vector<ListedCurve> listed_functions(const GraphDocument& document);
 // The empty text where there is no such curve.
 String curve_name(const GraphDocument& document, int curve);
 
-// Exchanges x with the first of these columns that has the name, values and names, in both orders
-// of the points, and computes the limits whatever Autoscale says: those of the old x mean nothing
-// for the new one. The visibility flags stay in their places. Does nothing where there is no such
+// Exchanges x with the first column of this name, both values and names, in both orders of the
+// points, and computes the limits even where Autoscale is off, because the limits of the old x do
+// not fit the new one. The visibility flags are not exchanged. Does nothing where there is no such
 // column or it is x already.
 void choose_x(ControlState& state, const String& name);
 
-// Change the flag only where it says otherwise, non-zero counting as visible, and then compute the
-// limits where Autoscale is on. Without a change there is no redraw either. They throw
-// kSubscriptOutOfRange where there is no such flag.
+// Change the flag only where that changes the visibility, non-zero counting as visible, and then
+// compute the limits where Autoscale is on and redraw. Without a change there is no redraw. They
+// throw kSubscriptOutOfRange where there is no such flag.
 void set_curve_visible(ControlState& state, int curve, bool visible);
 void set_function_visible(ControlState& state, int slot, bool visible);
 // The same for all scatter curves at once, but the limits stay as they are.
 void set_all_curves_visible(ControlState& state, bool visible);
 
-// Asks the user for another name. An answer of blanks is none, any other is taken as it is typed.
+// Asks the user for another name. An empty or blank answer changes nothing; any other is stored as
+// it was typed.
 void rename_curve(ControlState& state, int curve);
 
 }  // namespace kurv

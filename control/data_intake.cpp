@@ -14,7 +14,8 @@ namespace kurv {
 namespace {
 
 constexpr int kUpperColumn = kMaxCurves + 1;
-// The demonstration graph's matrix is wider than a host's can be; deliberate.
+// The demonstration graph's matrix is wider than a host's can be, so a program can add more
+// derived curves to it than a host's data can have.
 constexpr int kDemonstrationUpperColumn = 250;
 
 void store_settings(GraphDocument& document, const IntakeSettings& settings,
@@ -75,14 +76,14 @@ void draw_first_time(ControlState& state) {
   build_the_graph(state);
 }
 
-// The end of a public intake: draws, or says why not.
-void present(ControlState& state) {
+// The last step of a public intake: draws the graph, or shows why it cannot be plotted.
+void validate_and_draw(ControlState& state) {
   GraphDocument& document = state.document;
   compute_limits(state);
-  const std::optional<String> refusal = Validate(document);
-  document.GraphValid = !refusal.has_value();
-  if (refusal) {
-    state.shell.message_box(*refusal, kCriticalStop, "KURV Guide");
+  const std::optional<String> problem = Validate(document);
+  document.GraphValid = !problem.has_value();
+  if (problem) {
+    state.shell.message_box(*problem, kCriticalStop, "KURV Guide");
     return;
   }
   draw_first_time(state);
@@ -95,7 +96,7 @@ void scatter_graph(ControlState& state, const IntakeSettings& settings, const Ma
                    const List<String>& functions) {
   store_settings(state.document, settings, functions);
   store_separate(state, kUpperColumn, yarr, xarr, x_name, y_names);
-  present(state);
+  validate_and_draw(state);
 }
 
 void scatter_graph2(ControlState& state, const IntakeSettings& settings,
@@ -112,17 +113,17 @@ void scatter_graph2(ControlState& state, const IntakeSettings& settings,
   copy_columns(document, xyarr, 1, document.NumY + 1, 1);
   refresh_sorted_data(document, *state.services.swap);
   for (int k = 1; k <= document.NumY; ++k) document.y_visible(k) = visible(k);
-  present(state);
+  validate_and_draw(state);
 }
 
-bool has_mended_data(const GraphDocument& document) {
+bool has_repaired_data(const GraphDocument& document) {
   return !document.GraphValid && document.DataFromHost && !validate_points(document) &&
          basKurvGraph01::count_visible_curves(document) > 0;
 }
 
-// The graph is valid before anything can fail: a failure is then told once, like that of any
+// GraphValid is set before anything can throw, so that a fault is reported once, like that of any
 // redraw.
-void show_mended_data(ControlState& state) {
+void show_repaired_data(ControlState& state) {
   state.document.GraphValid = true;
   compute_limits(state);
   draw_first_time(state);

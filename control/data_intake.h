@@ -1,4 +1,4 @@
-// How a data set comes into the document.
+// Copies a data set into the document.
 #pragma once
 
 #include <KurvGraph/arrays.h>
@@ -29,20 +29,20 @@ void scatter_graph(ControlState& state, const IntakeSettings& settings, const Ma
                    const List<String>& functions);
 
 // From one matrix xyarr(column, point) of which column 1 is x, with names alike and a visibility
-// flag per curve. More than 149 curves are cut to 149. The data count as the host's even if they
-// are refused.
+// flag per curve. More than 149 curves are cut to 149. DataFromHost is set even if they are
+// refused.
 void scatter_graph2(ControlState& state, const IntakeSettings& settings,
                     const Matrix<Double>& xyarr, const List<String>& names,
                     const List<Boolean>& visible, const List<String>& functions);
 
-// Whether data that scatter_graph2() has refused have been edited since and could be drawn now. One
-// curve has to be visible: without any, no intake finds limits.
-bool has_mended_data(const GraphDocument& document);
-// Draws such data, as if they had just been handed over.
-void show_mended_data(ControlState& state);
+// Whether data that scatter_graph2() has refused have been repaired by edits and can be drawn now.
+// At least one curve has to be visible, because the limits are computed from visible curves.
+bool has_repaired_data(const GraphDocument& document);
+// Draws such data as an intake would.
+void show_repaired_data(ControlState& state);
 
-// The data set that a fresh control holds, random each time. Loaded, never drawn: it neither
-// validates nor redraws nor counts as the host's.
+// The data set that a fresh control holds, random each time. It is neither validated nor drawn, and
+// DataFromHost stays False.
 void load_demonstration_graph(ControlState& state);
 
 }  // namespace kurv

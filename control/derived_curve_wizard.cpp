@@ -19,7 +19,7 @@ constexpr const char* kExpressionText =
     "Step 2 of 2.\r\r"
     "Enter the algebric expression as function of other scatter curve names.";
 
-// Whether one of the names 1 to `last` is this one, apart from blanks around either.
+// Whether one of the names 1 to `last` equals this one, without the blanks around either.
 bool is_known(const GraphDocument& document, std::string_view name, int last) {
   for (int k = 1; k <= last; ++k) {
     if (trim_blanks(document.yVarName(k)) == trim_blanks(name)) return true;
@@ -27,8 +27,8 @@ bool is_known(const GraphDocument& document, std::string_view name, int last) {
   return false;
 }
 
-// The evaluator sees the blanks around the name, the list of names does not.
-std::optional<String> refusal_of_name(ControlState& state, const String& name) {
+// The evaluator is given the name with the blanks around it, the list is searched without them.
+std::optional<String> check_name(ControlState& state, const String& name) {
   const GraphDocument& document = state.document;
   if (!state.wizard_evaluator.get().IsValidVariableName(name)) {
     return "'" + name + "' is not a valid variable name";
@@ -39,7 +39,7 @@ std::optional<String> refusal_of_name(ControlState& state, const String& name) {
   return std::nullopt;
 }
 
-std::optional<String> refusal_of_expression(ControlState& state, const String& expression) {
+std::optional<String> check_expression(ControlState& state, const String& expression) {
   const GraphDocument& document = state.document;
   const ParsedExpression parsed = state.wizard_evaluator.get().ParseExpression(expression);
   if (!parsed.ok) return parsed.message;
@@ -51,15 +51,16 @@ std::optional<String> refusal_of_expression(ControlState& state, const String& e
   return std::nullopt;
 }
 
-using Refusal = std::optional<String> (*)(ControlState&, const String&);
+// Returns the message for the user where the text is not accepted.
+using Check = std::optional<String> (*)(ControlState&, const String&);
 
-// Asks, each time with the answer before as the proposal, until one is accepted or empty.
-String ask(ControlState& state, const char* text, Refusal refusal_of) {
+// Each prompt proposes the previous answer. Returns the first that is accepted, or the empty text.
+String prompt_until_accepted(ControlState& state, const char* text, Check check) {
   String answer;
   while (true) {
     answer = state.shell.input_prompt(text, kPromptTitle, answer);
     if (answer.empty()) return answer;
-    const std::optional<String> refusal = refusal_of(state, answer);
+    const std::optional<String> refusal = check(state, answer);
     if (!refusal) return answer;
     state.shell.message_box(*refusal, kExclamation, "KURV Guide");
   }
@@ -72,15 +73,15 @@ void append(ControlState& state, const String& name, const String& expression) {
 }  // namespace
 
 void add_derived_curve(ControlState& state) {
-  const String name = ask(state, kNameText, refusal_of_name);
+  const String name = prompt_until_accepted(state, kNameText, check_name);
   if (name.empty()) return;
-  const String expression = ask(state, kExpressionText, refusal_of_expression);
+  const String expression = prompt_until_accepted(state, kExpressionText, check_expression);
   if (!expression.empty()) append(state, name, expression);
 }
 
 std::optional<String> derive(ControlState& state, const String& name, const String& expression) {
-  if (const std::optional<String> refusal = refusal_of_name(state, name)) return refusal;
-  if (const std::optional<String> refusal = refusal_of_expression(state, expression)) {
+  if (const std::optional<String> refusal = check_name(state, name)) return refusal;
+  if (const std::optional<String> refusal = check_expression(state, expression)) {
     return refusal;
   }
   append(state, name, expression);

@@ -1,4 +1,4 @@
-// The two questions that lead to a derived curve.
+// The two prompts that add a derived curve, and the same without prompts.
 #pragma once
 
 #include <optional>
@@ -10,11 +10,11 @@ namespace kurv {
 struct ControlState;
 
 // Asks for a name and then for an expression over the names of x and the curves, each until it is
-// accepted, and appends the curve. An empty answer ends it, and nothing has changed.
+// accepted, and appends the curve. An empty answer cancels both prompts, and nothing has changed.
 void add_derived_curve(ControlState& state);
 
 // The same with both answers known. Returns nothing when the curve has been appended, and otherwise
-// the sentence that a user is told; then nothing has changed. Throws what append_derived_curve()
+// the message for the user; then nothing has changed. Throws what append_derived_curve()
 // does.
 std::optional<String> derive(ControlState& state, const String& name, const String& expression);
 

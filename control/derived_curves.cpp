@@ -28,7 +28,7 @@ void append_derived_curve(ControlState& state, const String& name, const String&
   document.yVarName(document.NumY + 1) = name;
   document.y_visible(document.NumY) = true;
 
-  clear_upper_registers();
+  issue_vzeroupper();
   ExprEvaluator& evaluator = state.derived_evaluator.get();
   for (int i = 1; i <= document.NumData; ++i) {
     set_variables(document, curves, i, evaluator);
@@ -38,7 +38,7 @@ void append_derived_curve(ControlState& state, const String& name, const String&
   }
 
   basKurvGraph01::compute_axis_range(document, *state.services.numeric);
-  keep_both_orders(document, *state.services.swap);
+  store_both_orders(document, *state.services.swap);
   build_the_graph(state);
 }
 

@@ -12,12 +12,15 @@ struct ControlState;
 // expression have been checked. The new curve does not follow later changes of the others.
 //
 // A point that cannot be evaluated gets what the evaluator returns for it, which is the missing
-// value NaN unless the evaluator is a host's own; deliberate. With SortXY on, the points are taken
-// in the order of x, and that becomes the order in which the host gave them; deliberate too.
+// value NaN unless the evaluator is a host's own: a host's evaluator decides itself what it
+// returns. With SortXY on, the points are read in the order of x, and that order is stored as the
+// host's order too, because the new column has no values in the host's order. Hosts that read the
+// points back rely on it.
 //
 // Throws kSubscriptOutOfRange for the 150th curve of a host's data, which has no column. That curve
-// is counted, named and visible then, so every later redraw fails likewise until an intake: whoever
-// offers the command offers it below 149 curves only.
+// is then already counted, named and visible, so every later redraw throws too until an intake.
+// Hosts can read the counts after the fault; the window of the curves and the menus therefore offer
+// the command only below 149 curves.
 void append_derived_curve(ControlState& state, const String& name, const String& expression);
 
 }  // namespace kurv

@@ -26,8 +26,9 @@ void write_bitmap(ControlState& state, const String& path) {
 
 }  // namespace
 
-// The filter alone decides what is written: a graph named "picture.bmp" under "All files" is a
-// graph file; deliberate.
+// The filter alone decides what is written, not the extension: a graph that was saved as
+// "picture.bmp" under "All files" is a graph file, so that nobody loses data by the choice of a
+// name.
 void save_dialog(ControlState& state) {
   const FileChoice choice =
       state.shell.save_file({"", kFilter, "gdf", state.document.FileName, kAskBeforeReplacing});

@@ -1,4 +1,4 @@
-// How a graph leaves the control.
+// Saving, printing and copying the picture of a graph.
 #pragma once
 
 namespace kurv {

@@ -14,7 +14,7 @@ namespace {
 
 constexpr const char* kMessageTitle = "KURV Guide";
 constexpr const char* kPromptTitle = "KURV";
-// The second blank before the number is where a sign would stand; deliberate.
+// The second blank before the number stays: hosts may compare the message with this text.
 constexpr const char* kTooMany =
     "You can not use more than  30 user function curves. Selection aborted.";
 constexpr const char* kOnlyX = "Only 'x' variable is allowed in the algebric expression.";
@@ -37,7 +37,7 @@ bool is_x(const String& name) {
 }
 
 // Why the text cannot be a function curve, or nothing.
-std::optional<String> refusal_of(ExprEvaluator& evaluator, const String& text) {
+std::optional<String> check_function(ExprEvaluator& evaluator, const String& text) {
   const ParsedExpression parsed = evaluator.ParseExpression(text);
   if (!parsed.ok) return parsed.message;
   const std::vector<String>& names = parsed.variables;
@@ -46,7 +46,7 @@ std::optional<String> refusal_of(ExprEvaluator& evaluator, const String& text) {
   return std::nullopt;
 }
 
-void store(FunctionCurve& slot, const String& expression) {
+void set_function(FunctionCurve& slot, const String& expression) {
   slot.expression = expression;
   slot.label = expression;
   slot.visible = true;
@@ -87,10 +87,10 @@ std::optional<String> add_function(ControlState& state, const String& expression
   GraphDocument& document = state.document;
   if (is_full(document)) return kTooMany;
   const auto evaluator = create<ExprEvaluator>(kExprEvaluatorClass);
-  const std::optional<String> refusal = refusal_of(*evaluator, expression);
+  const std::optional<String> refusal = check_function(*evaluator, expression);
   if (refusal) return refusal;
   ++document.NumYFunc;
-  store(document.y_func(document.NumYFunc), expression);
+  set_function(document.y_func(document.NumYFunc), expression);
   build_the_graph(state);
   return std::nullopt;
 }
@@ -102,12 +102,12 @@ void edit_function(ControlState& state, const String& selected) {
   if (!slot) return;
   const String answer = state.shell.input_prompt(kEditText, kPromptTitle, slot->expression);
   if (answer.empty()) return;
-  const std::optional<String> refusal = refusal_of(*state.services.evaluator, answer);
+  const std::optional<String> refusal = check_function(*state.services.evaluator, answer);
   if (refusal) {
     state.shell.message_box(*refusal, kExclamation, kMessageTitle);
     return;
   }
-  store(*slot, answer);
+  set_function(*slot, answer);
   build_the_graph(state);
 }
 

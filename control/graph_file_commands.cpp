@@ -31,13 +31,13 @@ GraphFile read(ControlState& state, const String& path) {
   return graph;
 }
 
-void take_in(ControlState& state, const GraphFile& graph) {
+void pass_to_intake(ControlState& state, const GraphFile& graph) {
   const IntakeSettings settings{state.document.Title, graph.num_data,  graph.num_y,
                                 graph.num_functions,  graph.Connected, graph.DrawMarkers};
   scatter_graph2(state, settings, graph.xyarr, graph.names, graph.visible, graph.functions);
 }
 
-void move(Rect& handle, const HandlePlace& place) {
+void move_handle(Rect& handle, const HandlePlace& place) {
   handle.top = place.top;
   handle.left = place.left;
 }
@@ -45,9 +45,9 @@ void move(Rect& handle, const HandlePlace& place) {
 void restore_view(ControlState& state, const GraphFile& graph) {
   state.container.set_Height(graph.height);
   state.container.set_Width(graph.width);
-  move(state.layout.imgTitle, graph.imgTitle);
-  move(state.layout.imgSubTitle, graph.imgSubTitle);
-  move(state.layout.picLegend, graph.picLegend);
+  move_handle(state.layout.imgTitle, graph.imgTitle);
+  move_handle(state.layout.imgSubTitle, graph.imgSubTitle);
+  move_handle(state.layout.picLegend, graph.picLegend);
   GraphDocument& document = state.document;
   document.Y_grid = graph.Y_grid;
   document.X_grid = graph.X_grid;
@@ -64,11 +64,11 @@ bool begins_as_graph_file(const String& path) {
 
 }  // namespace
 
-// The view is restored also where the intake has refused the data: the file has been read, and only
-// its curves cannot be shown; deliberate.
+// The view is restored also where the intake has refused the data, so that a user who repairs the
+// data in the table, and then saves, does not lose the rest of the file.
 void file_load(ControlState& state, const String& path) {
   const GraphFile graph = read(state, path);
-  take_in(state, graph);
+  pass_to_intake(state, graph);
   restore_view(state, graph);
   build_the_graph(state);
   mark_saved(state, path);
@@ -91,8 +91,9 @@ void save_graph_file(ControlState& state, const String& path) {
   mark_saved(state, path);
 }
 
-// The extension is what stands behind the first dot of the whole path, so a dot in a folder's name
-// hides it; deliberate, and the first line still tells.
+// The extension is the part after the first dot of the whole path, as the service that hosts can
+// replace returns it. A dot in a folder's name hides it; the first line of the file identifies a
+// graph file even then.
 void open_graph(ControlState& state) {
   const FileChoice choice = state.shell.open_file(
       {"Open Graph File", "Graph files (*.gdf)|*.gdf|All files (*.*)|*.*", "gdf"});

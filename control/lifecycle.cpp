@@ -20,7 +20,7 @@ constexpr const char* kSaveQuestion =
 
 Integer g_instance_counter = 0;
 
-void take_fonts(GraphDocument& document, const Font& font) {
+void set_all_fonts(GraphDocument& document, const Font& font) {
   document.TitleFontName = font.FontName;
   document.TitleFontBold = true;
   document.TitleFontItalic = font.FontItalic;
@@ -41,8 +41,8 @@ void take_fonts(GraphDocument& document, const Font& font) {
 
 void initialise(ControlState& state) {
   g_instance_counter = to_integer(Double(g_instance_counter) + 1);
-  // The document is made with all other defaults.
-  take_fonts(state.document, state.surface.font());
+  // All other defaults are those of a new GraphDocument.
+  set_all_fonts(state.document, state.surface.font());
   SizeTitleHandles(state.document, state.layout, state.surface);
   place_titles(state.document, state.layout);
   place_legend(state.document, state.layout);

@@ -165,7 +165,8 @@ bool accepts_margin(const ControlState& state, Margin margin, Integer twips) {
     case Margin::kBottom:
       break;
   }
-  // The width, although this margin takes from the height; deliberate.
+  // The width is tested too, although this is a vertical margin: without the test, a surface that
+  // is higher than wide would accept margins that it refuses now.
   return twips < height - document.Top_margine && twips < width;
 }
 

@@ -7,17 +7,18 @@
 
 namespace kurv {
 
-// Asks for the setting, stores an answer that is accepted and redraws. Cancelled, it changes
-// nothing and says nothing; a refused answer is told and not asked for again. Numbers are shown and
-// read with the control's decimal separator.
+// Asks for the setting, stores an answer that is accepted and redraws. A cancelled prompt
+// changes nothing and shows no message; a refused answer shows a message and does not prompt again.
+// Numbers are shown and read with the control's decimal separator.
 void prompt(ControlState& state, PromptedSetting setting);
 
 enum class Margin { kLeft, kRight, kTop, kBottom };
 
-// Whether the plot keeps some room beside a margin of this many twips.
+// Whether a margin of this many twips leaves some space for the plot.
 bool accepts_margin(const ControlState& state, Margin margin, Integer twips);
 
-// Stores it, or tells the user that it is not accepted; returns which. Does not redraw.
+// Stores the margin and returns true, or shows a message that it is not accepted and returns false.
+// Does not redraw.
 bool set_margin(ControlState& state, Margin margin, Integer twips);
 
 }  // namespace kurv

@@ -11,15 +11,15 @@ namespace kurv {
 
 namespace {
 
-void take_data_copy(GraphDocument& document) {
+void select_data_copy(GraphDocument& document) {
   document.xyArr = document.SortXY ? document.xyArrSorted : document.xyArrUnsorted;
 }
 
 void paint(const GraphDocument& document, const NumericService& numeric, Layout& layout,
-           LateEvaluator& function_evaluator, PlotSurface& surface) {
-  clear_upper_registers();
+           LazyEvaluator& function_evaluator, PlotSurface& surface) {
+  issue_vzeroupper();
   DrawAxes(document, numeric, layout, surface);
-  clear_upper_registers();  // the axes have texts, which the surface's toolkit draws
+  issue_vzeroupper();  // the surface's toolkit has drawn the texts of the axes
   DrawScatterCurves(document, layout, surface);
   DrawFunctionCurves(
       document, layout, [&]() -> ExprEvaluator& { return function_evaluator.get(); }, surface);
@@ -37,7 +37,7 @@ void build_the_graph(ControlState& state) {
   SizeTitleHandles(document, layout, surface);
   document.GraphSaved = false;
   surface.Cls();
-  take_data_copy(document);
+  select_data_copy(document);
   paint(document, *state.services.numeric, layout, state.function_evaluator, surface);
   state.container.redrawn();
 }
@@ -47,9 +47,9 @@ void draw_on(const ControlState& state, PlotSurface& surface) {
   if (!state.document.GraphValid) return;
   GraphDocument document = state.document;
   Layout layout = state.layout;
-  LateEvaluator function_evaluator;
+  LazyEvaluator function_evaluator;
   SizeTitleHandles(document, layout, surface);
-  take_data_copy(document);
+  select_data_copy(document);
   surface.DrawWidth(layout.pen_width);
   paint(document, *state.services.numeric, layout, function_evaluator, surface);
 }

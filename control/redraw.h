@@ -1,4 +1,4 @@
-// The one redraw pipeline, which everybody calls after a change, and the same picture elsewhere.
+// The redraw pipeline, which is called after every change, and the same picture on another surface.
 #pragma once
 
 #include <KurvGraph/plot_surface.h>

@@ -13,7 +13,7 @@ namespace kurv {
 
 namespace {
 
-// Two missing values are the same to a reader of the table.
+// Two missing values are equal here: the table shows them alike.
 bool is_same(Double left, Double right) {
   return left == right || (std::isnan(left) && std::isnan(right));
 }
@@ -45,7 +45,7 @@ std::optional<String> apply_table_edits(ControlState& state, std::vector<CellEdi
   });
   if (edits.empty()) return std::nullopt;
 
-  // Exchanging keeps what was there, and exchanging once more brings it back.
+  // After the exchange an edit holds the old value, so a second exchange undoes it.
   const auto exchange = [&](CellEdit& edit) {
     std::swap(data(edit.column, edit.point), edit.value);
   };
@@ -60,7 +60,8 @@ std::optional<String> apply_table_edits(ControlState& state, std::vector<CellEdi
   if (document.Autoscale) {
     basKurvGraph01::compute_axis_range(document, *state.services.numeric);
   }
-  // A graph that is not valid is not redrawn, and its file lacks the edits all the same.
+  // The redraw does this too, but not for a graph that is not valid, whose file lacks the edits
+  // too.
   document.GraphSaved = false;
   build_the_graph(state);
   return std::nullopt;

@@ -1,4 +1,4 @@
-// The points of a graph as the rows of a table, and what the table writes back.
+// The points of a graph as the rows of a table, and the edits of its cells.
 #pragma once
 
 #include <optional>
@@ -21,8 +21,8 @@ struct TableSize {
   friend bool operator==(const TableSize&, const TableSize&) = default;
 };
 
-// What the document has values for. An intake that failed on the way may have left counts that are
-// larger.
+// The size of the data that the document has. The counts are larger after an intake that has failed
+// midway.
 TableSize table_size(const GraphDocument& document);
 // The copy of the data that SortXY selects, which xyArr may not yet be.
 const Matrix<Double>& table_data(const GraphDocument& document);
@@ -36,9 +36,9 @@ struct CellEdit {
 };
 
 // Writes the values into the host's order, sorts anew, computes the limits where Autoscale is on,
-// and redraws once; values that are there already count for nothing. Where two different finite x
-// values would not be left, everything stays as it was, and what to tell the user comes back.
-// Throws kSubscriptOutOfRange for a cell outside the data, what was written until then stays.
+// and redraws once; edits that change nothing are ignored. Where fewer than two different finite
+// x values would be left, nothing is changed and the message for the user is returned. Throws
+// kSubscriptOutOfRange for a cell outside the data; what was written until then stays.
 std::optional<String> apply_table_edits(ControlState& state, std::vector<CellEdit> edits);
 
 }  // namespace kurv

@@ -112,7 +112,7 @@ class BuiltInEvaluator final : public ExprEvaluator {
     // A host that computes values for itself comes through here alone. Now and then is enough, and
     // each time would be a tenth of a short expression.
     constexpr unsigned kNowAndThen = 64;
-    if (m_evaluations++ % kNowAndThen == 0) clear_upper_registers();
+    if (m_evaluations++ % kNowAndThen == 0) issue_vzeroupper();
     if (!m_bound) bind();
     const Double value = m_program.run(m_values.data());
     m_failed = std::isnan(value);

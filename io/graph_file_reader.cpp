@@ -173,7 +173,7 @@ void read_lists(Lines& lines, GraphFile& graph, const TextFieldTool& tool) {
 
 GraphFile read_graph_file(InputFile& file, GraphDocument& document, const TextFieldTool& tool,
                           char decimal_separator) {
-  clear_upper_registers();
+  issue_vzeroupper();
   Lines lines(file, decimal_separator);
   GraphFile graph;
   const FieldReader read_field{lines, document, graph};

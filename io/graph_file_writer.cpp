@@ -132,7 +132,7 @@ String version_stamp(int major, int minor) {
 
 void write_graph_text(const TextSink& sink, const GraphDocument& document, const Layout& layout,
                       const std::optional<ControlSize>& size, char decimal_separator) {
-  clear_upper_registers();
+  issue_vzeroupper();
   Lines lines(sink, decimal_separator);
   const FieldWriter write_field{lines, document, layout, size};
   for (const GraphFileRow& row : kGraphFileTable) std::visit(write_field, row.line);

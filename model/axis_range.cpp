@@ -8,8 +8,8 @@ namespace {
 
 constexpr Double kBeyondAllData = 1E+299;
 
-// The two limits of an axis where they stand in the document, so that a service that fails leaves
-// there what was computed until then.
+// References to the two limits of an axis in the document, so that what was computed before a
+// service failed stays there.
 struct Limits {
   Double& min;
   Double& max;

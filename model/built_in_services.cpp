@@ -32,14 +32,14 @@ class BuiltInNumericService final : public NumericService {
 class BuiltInSwapService final : public SwapService {
  public:
   void exchange(Double& first, Double& second) const override { std::swap(first, second); }
-  // The bounds are asked for once a column: the sort of the largest graph makes millions of these.
+  // The bounds are checked once a column: sorting the largest graph makes millions of exchanges.
   void exchange_all(const Column<Double>& values, std::span<const Exchange> pairs) const override {
     if (pairs.empty()) return;
     Double* const first = &values(values.lower()) - values.lower();
     for (const auto& [place, taken] : pairs) std::swap(first[place], first[taken]);
   }
-  // Where a quarter of the points move, each column is written once from front to back, from a copy
-  // that is at hand: exchanging goes to and fro in it.
+  // Where a quarter of the points or more move, each column is permuted in one sequential pass from
+  // a copy, which is faster than exchanges at random places.
   void exchange_points(Matrix<Double>& values, int columns,
                        std::span<const Exchange> pairs) const override {
     if (pairs.empty()) return;

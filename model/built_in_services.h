@@ -1,4 +1,4 @@
-// The classes that stand behind the external components where no host brings its own.
+// The implementations of the services that are used where the host registers none of its own.
 #pragma once
 
 #include <memory>

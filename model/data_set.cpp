@@ -17,7 +17,7 @@ constexpr const char* kTooFewPoints = "Graph cannot be plotted with 1 or less x 
 void choose_format(Double lo, Double hi, const NumericService& numeric, String& format) {
   const Double span = std::abs(hi - lo);
   const Double magnitude = std::abs(lo) + std::abs(hi);
-  // The logarithm comes last, because a span of zero has none.
+  // The logarithm comes last, because it is not defined for a span of zero.
   if (magnitude < 0.005 || magnitude > 10000 || span <= 0.01 ||
       numeric.decimal_logarithm(span) > 4) {
     format = "0.00E+0";
@@ -28,10 +28,10 @@ void choose_format(Double lo, Double hi, const NumericService& numeric, String& 
   }
 }
 
-// Sorts xyArr and returns how.
+// Sorts xyArr and returns the exchanges that were made.
 std::vector<Exchange> sort_points(GraphDocument& document, const SwapService& swap) {
   if (document.NumData < 2) return {};
-  clear_upper_registers();
+  issue_vzeroupper();
   std::vector<Exchange> exchanges =
       selection_sort_exchanges(std::as_const(document.xyArr).column(1), document.NumData);
   if (exchanges.empty()) return exchanges;
@@ -39,16 +39,16 @@ std::vector<Exchange> sort_points(GraphDocument& document, const SwapService& sw
   return exchanges;
 }
 
-List<int> places_after(const std::vector<Exchange>& exchanges, int count) {
+List<int> permutation_of(const std::vector<Exchange>& exchanges, int count) {
   List<int> places(1, std::max(count, 0));
   for (int i = 1; i <= count; ++i) places(i) = i;
   for (const auto& [place, taken] : exchanges) std::swap(places(place), places(taken));
   return places;
 }
 
-std::optional<String> refusal(bool x_has_a_span, int points) {
+std::optional<String> validation_message(bool x_varies, int points) {
   std::optional<String> message;
-  if (!x_has_a_span) message = kAllXTheSame;
+  if (!x_varies) message = kAllXTheSame;
   if (points < 2) message = kTooFewPoints + String("\r\n") + message.value_or("");
   return message;
 }
@@ -59,20 +59,20 @@ void Sort_xy(GraphDocument& document, const SwapService& swap) {
   sort_points(document, swap);
 }
 
-void keep_both_orders(GraphDocument& document, const SwapService& swap) {
+void store_both_orders(GraphDocument& document, const SwapService& swap) {
   document.xyArrUnsorted = document.xyArr;
-  document.sorted_places = places_after(sort_points(document, swap), document.NumData);
+  document.sorted_places = permutation_of(sort_points(document, swap), document.NumData);
   document.xyArrSorted = document.xyArr;
   ++document.data_revision;
 }
 
 void refresh_sorted_data(GraphDocument& document, const SwapService& swap) {
-  keep_both_orders(document, swap);
+  store_both_orders(document, swap);
   if (!document.SortXY) document.xyArr = document.xyArrUnsorted;
 }
 
 std::optional<String> Validate(const GraphDocument& document) {
-  return refusal(document.xmax != document.xmin, document.NumData);
+  return validation_message(document.xmax != document.xmin, document.NumData);
 }
 
 std::optional<String> validate_points(const GraphDocument& document) {
@@ -80,10 +80,10 @@ std::optional<String> validate_points(const GraphDocument& document) {
   const auto x = document.xyArrUnsorted.column(1);
   for (int i = 1; i <= document.NumData; ++i) {
     if (!std::isfinite(x(i))) continue;
-    if (first && *first != x(i)) return refusal(true, document.NumData);
+    if (first && *first != x(i)) return validation_message(true, document.NumData);
     first = x(i);
   }
-  return refusal(false, document.NumData);
+  return validation_message(false, document.NumData);
 }
 
 void choose_label_formats(GraphDocument& document, const NumericService& numeric) {

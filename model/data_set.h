@@ -1,4 +1,4 @@
-// What an intake does with data that are in the document: sort, validate, choose label formats.
+// What an intake does with the data in the document: sort, validate, choose label formats.
 #pragma once
 
 #include <optional>
@@ -15,21 +15,22 @@ namespace kurv {
 // time.
 void Sort_xy(GraphDocument& document, const SwapService& swap);
 
-// Keeps xyArr as the copy in the host's order, sorts it as Sort_xy() does, and keeps that as the
-// sorted copy, with the place that each of its points had. Leaves xyArr sorted.
-void keep_both_orders(GraphDocument& document, const SwapService& swap);
+// Stores xyArr as the copy in the host's order, sorts it as Sort_xy() does, and stores that as the
+// sorted copy, together with the sort permutation. Leaves xyArr sorted.
+void store_both_orders(GraphDocument& document, const SwapService& swap);
 
 // The same, but leaves in xyArr the copy that SortXY selects.
 void refresh_sorted_data(GraphDocument& document, const SwapService& swap);
 
-// Nothing when the data can be plotted, otherwise what to tell the user. Judges by the limits.
+// Nothing when the data can be plotted, otherwise the message for the user. Checks the limits.
 std::optional<String> Validate(const GraphDocument& document);
 
-// The same, judged by the x values in the host's order: two of them have to be finite and differ.
-// The limits hide an x that is missing or infinite.
+// The same, but checks the x values in the host's order: two of them have to be finite and differ.
+// The limits do not show whether an x is missing or infinite.
 std::optional<String> validate_points(const GraphDocument& document);
 
-// Picks formats that suit the spans of the limits, y first; a middling span keeps the format.
+// Picks number formats that suit the ranges of the axes, y first; a range of medium size keeps the
+// format that there is.
 void choose_label_formats(GraphDocument& document, const NumericService& numeric);
 
 }  // namespace kurv

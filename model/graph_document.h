@@ -1,6 +1,6 @@
 // The whole state of one control: its data, names, visibility, limits and every display setting.
 //
-// A plain record; whoever changes it keeps the invariants that are stated here. The layout of the
+// A plain record; code that changes it keeps the invariants that are stated here. The layout of the
 // picture (plot rectangle, handles, hit areas) is not part of it, see model/layout.h.
 #pragma once
 
@@ -98,11 +98,11 @@ struct GraphDocument {
   Matrix<Double> xyArr;
   Matrix<Double> xyArrSorted;
   Matrix<Double> xyArrUnsorted;
-  // Element i is the point of xyArrUnsorted that stands at point i of xyArrSorted, so that what is
-  // changed in one order finds its point in the other.
+  // The sort permutation: point i of xyArrSorted is point sorted_places(i) of xyArrUnsorted, so
+  // that an edit of a row in one order reaches its point in the other.
   List<int> sorted_places{1, 0};
-  // Another number whenever the two copies have been made anew: whoever remembers something about
-  // single points forgets it then.
+  // Incremented whenever the two copies are made anew, so that what is cached about single points
+  // can be dropped.
   unsigned data_revision = 0;
   List<String> yVarName;    // element 1 is the name of x, element k + 1 that of curve k
   List<Boolean> y_visible;  // element k is curve k's

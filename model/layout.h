@@ -1,4 +1,4 @@
-// Where the parts of the picture stand. A redraw writes nothing but this record and the surface.
+// Where the parts of the picture are. A redraw writes nothing but this record and the surface.
 #pragma once
 
 #include <array>

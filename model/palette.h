@@ -1,4 +1,5 @@
-// The sixteen colours of the classic console palette.
+// The sixteen colours of the palette: black, six dark colours, two greys, six bright ones and
+// white.
 #pragma once
 
 #include <array>

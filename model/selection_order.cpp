@@ -14,7 +14,7 @@ namespace kurv {
 
 namespace {
 
-// Where there is a NaN among them nothing is said of the others.
+// False where there is a NaN, whatever the order of the other values.
 bool is_ascending(const Column<const Double>& values, int count) {
   if (count < 1) return true;
   const std::span<const Double> all(&values(1), &values(count) + 1);
@@ -45,8 +45,8 @@ std::uint64_t key_of(Double value) {
   return (bits & kSign) != 0 ? ~bits : bits | kSign;
 }
 
-// Sorts by key and keeps the order of equal ones: byte by byte from the lowest on, because the
-// branches of comparisons would be guessed wrong half of the time.
+// A stable radix sort by key, byte by byte from the least significant one. It has no comparisons,
+// whose branches would be mispredicted half of the time.
 void sort_stably(std::vector<Keyed>& entries) {
   constexpr std::size_t kBytes = sizeof(std::uint64_t), kValues = 256;
   const auto byte_of = [](const Keyed& entry, std::size_t byte) {
@@ -68,10 +68,10 @@ void sort_stably(std::vector<Keyed>& entries) {
 
 // The places of each value, as one min-heap per distinct value, heaps in ascending order of value.
 //
-// At any time a heap holds the places where its value stands now. Taking the first smallest value
-// is popping the top of the first heap. The value that has to make room stands at the foremost
-// place of all, so it is the top of its own heap, and giving it the place that became free is a pop
-// and a push there.
+// At any time a heap holds the present places of its value. Taking the first smallest value pops
+// the top of the first heap. The value that is exchanged with it is at the lowest place of all, so
+// it is the top of its own heap, and moving it to the place that became free is a pop and a push
+// there.
 class PlacesByValue {
  public:
   PlacesByValue(const Column<const Double>& values, const std::vector<int>& places)
@@ -85,7 +85,7 @@ class PlacesByValue {
     for (const auto& [key, place] : entries) {
       const auto at = m_places.insert(m_places.end(), place);
       if (m_heaps.empty() || key != entries[m_places.size() - 2].key) m_heaps.push_back({at, at});
-      ++m_heaps.back().end;  // ascending places are a min-heap as they stand
+      ++m_heaps.back().end;  // ascending places already are a min-heap
       m_heap_of[static_cast<std::size_t>(place)] = m_heaps.size() - 1;
     }
   }
@@ -98,7 +98,7 @@ class PlacesByValue {
     return *--heap.end;
   }
 
-  // The value at `from`, the foremost place of all that are left, moves to `to`.
+  // The value at `from`, the lowest place of all that are left, moves to `to`.
   void move(int from, int to) {
     const std::size_t index = m_heap_of[static_cast<std::size_t>(from)];
     const Heap& heap = m_heaps[index];

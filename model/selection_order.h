@@ -1,4 +1,7 @@
-// The exchanges of a selection sort, without its cost.
+// The exchanges of a selection sort, found in O(n log n).
+//
+// A stable sort would be simpler, but hosts read the sorted points back, and points of equal x have
+// to come in the order in which a selection sort leaves them.
 #pragma once
 
 #include <vector>

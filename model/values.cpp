@@ -48,13 +48,13 @@ Integer to_integer(Double value) {
   constexpr Double kLeast = std::numeric_limits<Integer>::min();
   constexpr Double kMost = std::numeric_limits<Integer>::max();
   const Double rounded = std::nearbyint(value);
-  // Asked this way round so that NaN, for which no comparison holds, does not slip through.
+  // Written so that NaN, for which every comparison is false, is an overflow too.
   if (!(rounded >= kLeast && rounded <= kMost)) throw Fault(FaultKind::kOverflow);
   return static_cast<Integer>(rounded);
 }
 
-// The language leaves a narrowing cast beyond the largest Single undefined, so those values never
-// get to it: up to half a step beyond they round back to the largest, further out to infinity.
+// A cast of a value beyond the largest Single is undefined behaviour, so such values are not cast:
+// up to half a step (ULP) beyond, they round to the largest; further out, to infinity.
 Single to_single(Double value) {
   constexpr Double kLargest = std::numeric_limits<Single>::max();
   constexpr Double kHalfAStepBeyond = 0x1.ffffffp127;

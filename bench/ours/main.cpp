@@ -152,7 +152,7 @@ void run_program() {
   }
   double sum = 0;
   bench::serve([&] {
-    kurv::clear_upper_registers();  // as the evaluator does
+    kurv::issue_vzeroupper();  // as the evaluator does
     for (int i = 0; i < bench::kEvaluations; ++i) {
       x = bench::argument(i);
       sum += program.run(operands.data());

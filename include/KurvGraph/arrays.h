@@ -1,8 +1,8 @@
 // Arrays that carry their own bounds and check every index.
 //
-// Columns, points, curves and slots count from 1 in this system, so an array knows where it starts,
-// and nobody writes [k - 1]. An index outside the bounds throws kSubscriptOutOfRange. A bound that
-// would give fewer than zero elements throws the same; zero elements are allowed.
+// Columns, points, curves and slots count from 1 in this system, so an array has a lower bound, and
+// no caller subtracts 1 from an index. An index outside the bounds throws kSubscriptOutOfRange. A
+// bound that would give fewer than zero elements throws the same; zero elements are allowed.
 #pragma once
 
 #include <algorithm>
@@ -74,9 +74,9 @@ class Column {
   int m_upper;
 };
 
-// A two-dimensional array, element (column, point). A column is contiguous in memory, and one that
-// nobody has asked for takes none: a matrix of 151 columns costs what its used columns cost. Copies
-// share each column until one of them asks for it as one that may be written.
+// A two-dimensional array, element (column, point). A column is contiguous in memory, and is
+// allocated at its first access: a matrix of 151 columns takes the memory of its used columns.
+// Copies share each column until one of them accesses it as a mutable one (copy on write).
 template <class T>
 class Matrix {
  public:
@@ -95,21 +95,21 @@ class Matrix {
   T& operator()(int column, int point) { return this->column(column)(point); }
   const T& operator()(int column, int point) const { return this->column(column)(point); }
 
-  // A loop over points takes the column once.
+  // A loop over points takes the column once, because each call checks for sharing.
   Column<T> column(int index) {
-    std::shared_ptr<Values>& values = touched(index);
+    std::shared_ptr<Values>& values = allocated(index);
     if (values.use_count() > 1) values = std::make_shared<Values>(*values);
     return {values->data(), m_lower_point, upper_point()};
   }
   Column<const T> column(int index) const {
-    return {touched(index)->data(), m_lower_point, upper_point()};
+    return {allocated(index)->data(), m_lower_point, upper_point()};
   }
 
-  // Makes points 1 and later of a column the same as those of another matrix, at once where the
-  // points of both have the same bounds: they then share it as copies do.
+  // Copies points 1 and later of a column of another matrix. Where the points of both have the same
+  // bounds, nothing is copied: the two share the column as copies do.
   void take_column(int index, const Matrix& source, int from) {
     if (source.m_lower_point == m_lower_point && source.m_length == m_length) {
-      touched(index) = source.touched(from);
+      allocated(index) = source.allocated(from);
       return;
     }
     const Column<const T> values = source.column(from);
@@ -117,7 +117,7 @@ class Matrix {
     for (int i = std::max(1, lower_point()); i <= upper_point(); ++i) own(i) = values(i);
   }
 
-  // Makes these values, one for each point, the column, without copying them.
+  // Moves these values, one for each point, into the column.
   void set_column(int index, std::vector<T> values) {
     if (values.size() != m_length) throw Fault(FaultKind::kSubscriptOutOfRange);
     m_columns[detail::offset(index, m_lower_column, upper_column())] =
@@ -131,8 +131,8 @@ class Matrix {
       return false;
     }
     for (int index = left.lower_column(); index <= left.upper_column(); ++index) {
-      const std::shared_ptr<Values>& mine = left.touched(index);
-      const std::shared_ptr<Values>& others = right.touched(index);
+      const std::shared_ptr<Values>& mine = left.allocated(index);
+      const std::shared_ptr<Values>& others = right.allocated(index);
       if (mine != others && *mine != *others) return false;
     }
     return true;
@@ -141,14 +141,14 @@ class Matrix {
  private:
   using Values = std::vector<T>;
 
-  std::shared_ptr<Values>& touched(int index) const {
+  std::shared_ptr<Values>& allocated(int index) const {
     std::shared_ptr<Values>& values =
         m_columns[detail::offset(index, m_lower_column, upper_column())];
     if (!values) values = std::make_shared<Values>(m_length);
     return values;
   }
 
-  mutable std::vector<std::shared_ptr<Values>> m_columns;  // null until it is asked for
+  mutable std::vector<std::shared_ptr<Values>> m_columns;  // null until the first access
   int m_lower_column = 0;
   int m_lower_point = 0;
   std::size_t m_length = 0;

@@ -1,7 +1,7 @@
-// Which class stands behind each of the external components.
+// Which class implements each of the external services.
 //
-// A component is created by its class identifier, and a host may register a class of its own under
-// one: what the control then creates is the host's. Four of the five are created once per process,
+// A service is created by its class identifier, under which a host may register a class of its own,
+// which the control then uses. Four of the five are created once per process,
 // when the library's first control is made, so a host registers before that. Each control makes its
 // printer at its first print; a built-in one comes with the first widget.
 #pragma once
@@ -24,22 +24,22 @@ inline constexpr std::string_view kPicturePrinterClass = "{5E0B6C1D-93A7-4F52-8C
 
 using ServiceFactory = std::function<std::unique_ptr<Service>()>;
 
-// Registers the class that is created for the identifier from now on; an empty factory brings the
-// built-in one back. Not for two threads at a time.
+// Registers the class that is created for the identifier from now on; an empty factory restores the
+// built-in one. Not thread-safe.
 void register_class(std::string_view class_id, ServiceFactory factory);
 
-// Identifiers are compared in any letter case. Throws kCannotCreateObject for one without a class
+// Identifiers are compared case-insensitively. Throws kCannotCreateObject for one without a class
 // or whose factory makes nothing, and what the factory throws.
 std::unique_ptr<Service> create_service(std::string_view class_id);
 
-// The same as the interface that it has to be. Throws kTypeMismatch when it is another one.
+// The same, cast to the interface. Throws kTypeMismatch when the class does not implement it.
 template <class Interface>
 std::unique_ptr<Interface> create(std::string_view class_id) {
   std::unique_ptr<Service> service = create_service(class_id);
   auto* const wanted = dynamic_cast<Interface*>(service.get());
   if (wanted == nullptr) throw Fault(FaultKind::kTypeMismatch);
   static_cast<void>(service.release());
-  // It was released above and lives on.
+  // The service was released above, so it is not deleted here.
   // cppcheck-suppress returnDanglingLifetime
   return std::unique_ptr<Interface>(wanted);
 }

@@ -1,4 +1,4 @@
-// What the control asks of the host that it stands in.
+// What the control needs of the host that contains it.
 #pragma once
 
 #include <KurvGraph/values.h>
@@ -19,10 +19,10 @@ class Container {
   virtual Single Width() const = 0;
   virtual void set_Height(Single twips) = 0;
   virtual void set_Width(Single twips) = 0;
-  // The end of each redraw that drew the whole graph.
+  // Called at the end of each redraw that has drawn the whole graph.
   virtual void redrawn() {}
   // The graph has just been loaded from its file or written to it, and nothing has changed it
-  // since. The control is still at work: the host may look at the graph and must leave it as it is.
+  // since. The control is not done yet: the host may read the graph and must not change it.
   virtual void filed() {}
   // The control's one event: a mouse button was released over the plot. Button is 1 left, 2 right,
   // 4 middle; Shift adds up 1 shift, 2 control, 4 alt; the point is in twips of the surface.

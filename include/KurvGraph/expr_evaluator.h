@@ -1,4 +1,4 @@
-// What the control asks of an evaluator of algebraic expressions.
+// What the control needs of an evaluator of algebraic expressions.
 //
 // It is an interface because the control never computes an expression itself: a host may bring an
 // evaluator of its own, and tests count the calls. An evaluator keeps its variables, its current
@@ -19,18 +19,18 @@ struct ParsedExpression {
   // The distinct names, in the order in which they first appear, letter case kept and the quoting
   // brackets left out. Empty unless ok.
   std::vector<String> variables;
-  // Empty when ok, otherwise one whole sentence that can be shown to the user as it stands.
+  // Empty when ok, otherwise one whole sentence that can be shown to the user unchanged.
   String message;
-  // The character, counted from 1, that the message speaks of; 0 where it speaks of none.
+  // The character, counted from 1, that the message is about; 0 where it is about none.
   Integer place = 0;
 };
 
 class ExprEvaluator : public Service {
  public:
-  // Only looks: the current expression and the variables stay as they are.
+  // Changes neither the current expression nor the variables.
   virtual ParsedExpression ParseExpression(std::string_view text) = 0;
 
-  // Whether the text, with or without blanks around it, can stand in an expression as a variable.
+  // Whether the text, with or without blanks around it, can be used in an expression as a variable.
   virtual bool IsValidVariableName(std::string_view name) const = 0;
 
   // Defines the variable or replaces its value. Any name is taken and any value, also one that

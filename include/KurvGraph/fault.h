@@ -1,8 +1,8 @@
 // The run-time errors of the control.
 //
-// A fault is a programmer's or a platform's mistake, not something to tell a user: an index outside
-// an array, a number that does not fit, a service that failed. It is thrown only by checked helpers
-// and caught only at the outer edges; in between, whatever was written stays written.
+// A fault is an error of a program or a platform, not of the user: an index outside an array, a
+// number that does not fit, a service that failed. It is thrown only by checked helpers and caught
+// only at the outer edges; what was written before it was thrown is not undone.
 #pragma once
 
 #include <stdexcept>
@@ -10,7 +10,7 @@
 
 namespace kurv {
 
-// The values are the classic run-time error numbers, which hosts in other languages know.
+// The values are part of the interface: hosts receive a fault as its number.
 enum class FaultKind : int {
   kInvalidProcedureCall = 5,
   kOverflow = 6,
@@ -31,7 +31,7 @@ enum class FaultKind : int {
   kTooManyArguments = 450,
 };
 
-// The classic text of a kind, such as "Subscript out of range".
+// The English text of a kind, such as "Subscript out of range", which hosts and users are shown.
 const char* fault_text(FaultKind kind);
 
 class Fault : public std::runtime_error {

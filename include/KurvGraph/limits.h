@@ -1,5 +1,5 @@
-// How much a graph holds, and what its settings take. Whoever asks for more is refused or cut, as
-// the member in question says.
+// How much a graph holds, and which values its settings accept. What exceeds a limit is refused or
+// cut off, as the member in question says.
 #pragma once
 
 #include <KurvGraph/values.h>
@@ -13,11 +13,11 @@ inline constexpr int kMaxFunctions = 30;
 // Points of a curve: their count is an Integer.
 inline constexpr int kMaxPoints = 32767;
 
-// What the property MarkerSize takes, twips; anything else is ignored.
+// What the property MarkerSize accepts, twips; any other value is ignored.
 inline constexpr Integer kMinMarkerSize = 2;
 inline constexpr Integer kMaxMarkerSize = 500;
-// What the prompt for the marker size takes: above zero, up to this. It says 300 to the user and
-// takes 301 as well; deliberate, because hosts and users rely on the range that is taken.
+// What the prompt for the marker size accepts: above zero, up to this. The prompt's text says 300.
+// 301 is accepted as well: a smaller maximum would refuse an answer that users can give today.
 inline constexpr Double kMaxPromptedMarkerSize = 301;
 
 }  // namespace kurv

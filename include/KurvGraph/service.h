@@ -1,4 +1,4 @@
-// What every external component is.
+// The base class of every external service.
 #pragma once
 
 namespace kurv {

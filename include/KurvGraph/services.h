@@ -1,7 +1,7 @@
-// The small external components that the control only calls.
+// The small external services that the control calls.
 //
-// Each is an interface, because a host may bring its own. A failing one throws a Fault, which
-// reaches whoever called the control.
+// Each is an interface, because a host may register an implementation of its own. One that fails
+// throws a Fault, which reaches the caller of the control.
 #pragma once
 
 #include <memory>
@@ -33,8 +33,8 @@ struct Exchange {
 class SwapService : public Service {
  public:
   virtual void exchange(Double& first, Double& second) const = 0;
-  // The same for pairs of one column's values, in their order: an exchange() for each, which is
-  // what a service does that knows nothing faster.
+  // The same for pairs of one column's values, in their order. By default an exchange() for each;
+  // a service may override it with something faster.
   virtual void exchange_all(const Column<Double>& values, std::span<const Exchange> pairs) const {
     for (const auto& [place, taken] : pairs) exchange(values(place), values(taken));
   }
@@ -48,7 +48,7 @@ class SwapService : public Service {
 
 class TextFieldTool : public Service {
  public:
-  // The field, counted from 1, of a text in which the delimiter stands between fields. Empty where
+  // The field, counted from 1, of a text whose fields are separated by the delimiter. Empty where
   // there is no such field.
   virtual String GetField(std::string_view text, int field, std::string_view delimiter) const = 0;
 };

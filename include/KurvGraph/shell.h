@@ -1,4 +1,4 @@
-// What the control asks of the desktop. Every member returns when the user has answered.
+// What the control needs of the desktop. Every member returns when the user has answered.
 //
 // Texts are UTF-8, their lines end in CR LF or CR. A filter is a list of captions and patterns,
 // "Graph files (*.gdf)|*.gdf|All files (*.*)|*.*", and is counted from 1.
@@ -58,20 +58,20 @@ class Shell {
   // them where the surface has no pixels.
   virtual void copy_picture(std::string_view bitmap) = 0;
 
-  // A shell without windows leaves the rest as it is.
+  // A shell without windows does not override the following members.
   // Makes the control that this shell belongs to the client of all three windows. One that is
   // visible for another client closes first.
   virtual void load_windows() {}
-  // Shows a window for this control, loaded again where it has been unloaded. `page` chooses the
-  // tab that the properties show first. Returns at once, but from the curves, which are modal, when
-  // the user has closed them.
+  // Shows a window for this control, loaded again where it has been unloaded. `page` is the tab
+  // that the properties show first. Returns at once, except for the curves, which are modal: then
+  // it returns when the user has closed them.
   virtual void show_window(Window window, Integer page) {
     static_cast<void>(window);
     static_cast<void>(page);
   }
   // Takes all three windows from whichever control they serve and unloads them.
   virtual void unload_windows() {}
-  // The end of the control: as unload_windows(), but for the windows alone that serve this one.
+  // Called at the end of the control: unloads only the windows that serve it.
   virtual void release_windows() {}
 };
 

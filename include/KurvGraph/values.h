@@ -1,4 +1,4 @@
-// The value types that cross the control's interface, and the two checked operations on them.
+// The value types of the control's interface, and the checked operations on them.
 #pragma once
 
 #include <concepts>

@@ -85,7 +85,7 @@ struct Picture::Pixels {
 
   void flush() {
     if (!sprites.is_empty()) {
-      clear_upper_registers();  // Qt may have measured texts since the sprites were collected
+      issue_vzeroupper();  // Qt may have measured texts since the sprites were collected
       sprites.flush(canvas());
     }
     if (!pending_colour) return;

@@ -264,8 +264,8 @@ void KurvGraph::save_to(const String& path) {
 }
 
 void KurvGraph::show_mended_data() {
-  if (!has_mended_data(m_state->graph.state().document)) return;
-  call([](Control& control) { kurv::show_mended_data(control.state()); });
+  if (!has_repaired_data(m_state->graph.state().document)) return;
+  call([](Control& control) { kurv::show_repaired_data(control.state()); });
 }
 
 void KurvGraph::Save_graph() {

@@ -79,7 +79,7 @@ void DesktopPrinter::PrintPicture(std::string_view bitmap, std::string_view font
 }
 
 void provide_desktop_printer() {
-  provide_class(kPicturePrinterClass, [] { return std::make_unique<DesktopPrinter>(); });
+  register_built_in_class(kPicturePrinterClass, [] { return std::make_unique<DesktopPrinter>(); });
 }
 
 bool print_page(QPagedPaintDevice& device, const QImage& picture, const Caption& caption) {

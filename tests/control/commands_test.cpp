@@ -14,7 +14,7 @@ namespace {
 
 using test::TestHost;
 
-TEST(Refresh, PutsEverythingHomeAndRedraws) {
+TEST(Refresh, MovesEverythingHomeAndRedraws) {
   TestHost host;
   host.load({1, 2}, {3, 4});
   host.control.set_SubTitle("Sub");
@@ -120,7 +120,7 @@ TEST(Commands, UnknownWordsAndOtherLetterCasesDoNothingButFlickerThePointer) {
   EXPECT_EQ(host.layout().picLegend.left, before.picLegend.left);
 }
 
-TEST(Commands, HourglassStandsWhileAWindowIsOpen) {
+TEST(Commands, HourglassIsShownWhileAWindowIsOpen) {
   struct WatchingShell final : test::ScriptedShell {
     explicit WatchingShell(const test::PlainContainer& watched) : container(watched) {}
     void show_window(Window, Integer) override { pointer = container.pointers.back(); }

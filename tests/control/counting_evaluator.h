@@ -1,4 +1,4 @@
-// An evaluator that counts what is asked of it, and a class under which the control creates it.
+// An evaluator that records its calls, and a class that makes the control create it.
 #pragma once
 
 #include <KurvGraph/class_registry.h>
@@ -14,7 +14,7 @@
 
 namespace kurv::test {
 
-// What became of one instance; it stays when the instance is gone.
+// The record of one instance, which outlives it.
 struct EvaluatorCalls {
   std::string log;  // one word for each call
   std::vector<std::string> variables;
@@ -75,7 +75,7 @@ class CountedEvaluators {
   const EvaluatorCalls& operator()(int instance) const {
     return *m_instances.at(static_cast<std::size_t>(instance - 1));
   }
-  // What an instance was asked since the last time.
+  // The calls of an instance since the last take().
   std::string take(int instance) {
     return std::exchange(m_instances.at(static_cast<std::size_t>(instance - 1))->log, {});
   }

@@ -185,7 +185,7 @@ TEST_F(Derived, TheExpressionIsAskedForUntilAcceptedWithTheAnswerBeforeAsTheDefa
   EXPECT_THAT(curve(3), ElementsAre(30, 10, 20));
 }
 
-TEST_F(Derived, ANameWithBlanksIsJudgedWithThemAndStoredWithoutThem) {
+TEST_F(Derived, ANameWithBlanksIsCheckedWithThemAndStoredWithoutThem) {
   test::CountedEvaluators evaluators;
   run({" up ", " d ", "up"});
   EXPECT_EQ(evaluators(1).log, "IsValid( up ) IsValid( d ) Parse ");
@@ -311,7 +311,7 @@ TEST(DerivedEvaluators, TheWizardAndTheComputationHaveOneEachAndKeepIt) {
   EXPECT_EQ(evaluators.take(1), "") << "the library's";
   EXPECT_EQ(evaluators.take(2), "IsValid(d) Parse ");
   EXPECT_EQ(evaluators.take(3), "Set Set Expression Evaluate Set Set Expression Evaluate ")
-      << "for each point, and nobody asks for errors";
+      << "for each point, and the error flag is not read";
   EXPECT_THAT(evaluators(3).variables, ElementsAre("x", "y", "x", "y"));
   host.shell.inputs = {"e", "d"};
   host.control.add_derived_curve();

@@ -9,7 +9,7 @@
 namespace kurv {
 namespace {
 
-// What the control would show and save: whatever differs after a painting was changed by it.
+// All that the control would show and save, to be compared before and after a painting.
 std::string state_of(test::TestHost& host) {
   const GraphDocument& document = host.document();
   std::ostringstream text;
@@ -74,7 +74,7 @@ TEST(DrawOn, LeavesTheControlAsItWas) {
   EXPECT_EQ(state_of(host), before);
 }
 
-TEST(DrawOn, TellsNobodyThatItHasRedrawn) {
+TEST(DrawOn, DoesNotReportARedraw) {
   struct Counting final : Container {
     bool run_mode() const override { return true; }
     void set_MousePointer(Integer) override {}
@@ -164,7 +164,7 @@ TEST(DrawOn, AFaultReachesTheCallerAndChangesNothing) {
   EXPECT_EQ(state_of(host), before);
 }
 
-// -- Classes that another part of the library brings along ----------------------------------------
+// -- Built-in classes of a module above the control ----------------------------------------------
 
 class NamedPrinter final : public PicturePrinter {
  public:
@@ -181,19 +181,19 @@ int printer_made() {
   return dynamic_cast<NamedPrinter&>(*printer).number();
 }
 
-TEST(ProvidedClass, StandsInUntilAHostRegistersItsOwnAndComesBackAfterwards) {
+TEST(BuiltInClass, IsUsedUnlessAHostHasRegisteredItsOwn) {
   const auto make = [](int number) {
     return [number] { return std::make_unique<NamedPrinter>(number); };
   };
   register_class(kPicturePrinterClass, make(1));
-  provide_class(kPicturePrinterClass, make(2));
+  register_built_in_class(kPicturePrinterClass, make(2));
   EXPECT_EQ(printer_made(), 1) << "the host's own, registered before";
   register_class(kPicturePrinterClass, nullptr);
   EXPECT_EQ(printer_made(), 2);
   register_class(kPicturePrinterClass, make(3));
   EXPECT_EQ(printer_made(), 3) << "and registered after";
   register_class(kPicturePrinterClass, nullptr);
-  provide_class(kPicturePrinterClass, nullptr);
+  register_built_in_class(kPicturePrinterClass, nullptr);
   EXPECT_THROW(printer_made(), Fault);
 }
 

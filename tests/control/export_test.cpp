@@ -211,7 +211,7 @@ TEST(Print, PrinterIsCreatedAtTheFirstPrintOfEachControl) {
   EXPECT_EQ(g_printed, (std::vector<std::string>(3, "BM|Liberation Sans||8")));
 }
 
-TEST(Print, TellsTheFontThatTheSurfaceHasNow) {
+TEST(Print, PassesTheFontThatTheSurfaceHasNow) {
   const Printers printers;
   ExportHost host;
   host.load();
@@ -223,12 +223,12 @@ TEST(Print, TellsTheFontThatTheSurfaceHasNow) {
   EXPECT_EQ(g_printed, (std::vector<std::string>{"BM|Liberation Sans||8", "BM|Some Font||9.5"}));
 }
 
-TEST(Print, RedrawsWhileItAsksAreNoneOfItsBusiness) {
+TEST(Print, ARedrawWhileItsDialogIsOpenChangesNothing) {
   const Printers printers;
   ExportHost host;
   host.load();
   g_meanwhile = [&] {
-    host.control.set_FontName("A font whose name needs more room than the one before it had");
+    host.control.set_FontName("A font whose name needs more space than the one before it had");
     host.control.build_the_graph();
   };
   host.control.ChartOptions("print");

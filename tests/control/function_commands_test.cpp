@@ -87,7 +87,7 @@ TEST_F(FunctionCommands, AnEmptyAnswerEndsSilently) {
   EXPECT_FALSE(redrawn());
 }
 
-TEST_F(FunctionCommands, ASyntaxErrorIsToldInTheEvaluatorsWords) {
+TEST_F(FunctionCommands, ASyntaxErrorIsReportedInTheEvaluatorsWords) {
   add("x+");
   expect_refused(make_evaluator()->ParseExpression("x+").message);
   add(" ");
@@ -111,7 +111,7 @@ TEST_F(FunctionCommands, AfterTwentyNineOneMoreCanBeAdded) {
   EXPECT_EQ(expression(30), "x^2");
 }
 
-TEST_F(FunctionCommands, AtThirtyTheLimitIsToldWithTwoBlanksBeforeAnyPrompt) {
+TEST_F(FunctionCommands, AtThirtyTheLimitIsReportedWithTwoBlanksBeforeAnyPrompt) {
   fill(30);
   add("x^2");
   EXPECT_THAT(host.shell.prompts, IsEmpty());

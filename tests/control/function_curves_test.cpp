@@ -42,7 +42,7 @@ struct Board {
 
   GraphDocument document;
   Layout layout;
-  LateEvaluator evaluator;
+  LazyEvaluator evaluator;
   RecordingSurface surface{12000, 9000};
 };
 
@@ -63,7 +63,7 @@ TEST(FunctionCurves, ADiagonalIsADotAndFortySegmentsInBlack) {
 TEST(FunctionCurves, BothLetterCasesPlotTheSameLine) {
   Board board;
   EXPECT_EQ(board.drawn("X*0.5"), board.drawn("x*0.5"));
-  EXPECT_EQ(board.drawn("X*X").size(), 7u) << "0, 1, 4 .. 36 lie inside";
+  EXPECT_EQ(board.drawn("X*X").size(), 7u) << "0, 1, 4 .. 36 are inside";
 }
 
 TEST(FunctionCurves, AConstantIsAHorizontalLineWithinTheYRangeAndNothingOutside) {
@@ -108,7 +108,7 @@ TEST(FunctionCurves, ACurveThatLeavesAndComesBackIsBrokenAndNotClipped) {
   EXPECT_EQ(twice[0], "point 2000 8500 0");
 }
 
-TEST(FunctionCurves, TheEmptyExpressionStandsForTheFirstSlots) {
+TEST(FunctionCurves, TheEmptyExpressionMeansTheFirstSlots) {
   Board board;
   board.document.y_func(1).expression = "x/2";
   EXPECT_EQ(board.drawn(""), board.drawn("x/2"));
@@ -190,7 +190,7 @@ TEST(FunctionCurves, LimitsAreReadAfreshForEachSample) {
   Meddling evaluator(board.document);
   DrawFunctionCurve(board.document, board.layout, "x", evaluator, board.surface);
   EXPECT_THAT(board.surface.log(), HasSubstr("segment 1000 8500 1200 8100 0\n"))
-      << "sample 1 stands at 2 of 80 across and at 2 of 40 upwards";
+      << "sample 1 is at 2 of 80 across and at 2 of 40 upwards";
 }
 
 // -- In the redraw
@@ -201,7 +201,7 @@ TestHost& add(TestHost& host, const String& expression) {
   return host;
 }
 
-TEST(FunctionRedraw, FunctionsStandBetweenScatterCurvesAndTheLegend) {
+TEST(FunctionRedraw, FunctionsAreDrawnBetweenScatterCurvesAndTheLegend) {
   TestHost host;
   host.load({0, 1, 2}, {1, 3, 2}, true, true);
   add(host, "1+x");

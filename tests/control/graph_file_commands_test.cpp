@@ -303,7 +303,7 @@ TEST_F(OpenCommand, ADotInAFolderNameMakesTheExtensionTestFail) {
   open(write("a.b/c.gdf", sample_with(1, "foreign")));
   EXPECT_EQ(host.control.FileName(), "");
   open(write_sample("a.b/d.gdf"));
-  EXPECT_EQ(host.control.FileName(), path("a.b/d.gdf")) << "the first line still tells";
+  EXPECT_EQ(host.control.FileName(), path("a.b/d.gdf")) << "the first line identifies it";
   std::filesystem::create_directory(path("e.gdf"));
   EXPECT_EQ(fault_of([&] { open(write("e.gdf/data", "foreign")); }), 0)
       << "the second field is the extension with the rest of the path";

@@ -23,7 +23,7 @@ class CountingSwap final : public SwapService {
   }
 };
 
-// The built-in class behind an identifier, noted each time it is created.
+// The built-in class of an identifier, recorded each time it is created.
 void note(std::string_view id) {
   register_class(id, nullptr);
   register_class(id, [id]() -> std::unique_ptr<Service> {

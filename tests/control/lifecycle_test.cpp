@@ -128,7 +128,7 @@ TEST(Show, InDesignModeDoesNothing) {
   EXPECT_EQ(host.surface.log(), "");
 }
 
-TEST(Resize, RedrawsOnceTheHostHasHandedOverData) {
+TEST(Resize, RedrawsOnceTheDataAreTheHosts) {
   TestHost host;
   host.surface.set_size(10000, 8000);
   host.control.resize();

@@ -161,7 +161,7 @@ TEST_F(PromptedSettings, AMarginThatIsNotAcceptedKeepsItsValue) {
   EXPECT_EQ(host.control.Bottom_margine(), 520);
 }
 
-TEST_F(PromptedSettings, AMarginLeavesRoomForTheOppositeOne) {
+TEST_F(PromptedSettings, AMarginLeavesSpaceForTheOppositeOne) {
   EXPECT_FALSE(takes(PromptedSetting::kLeftMargin, "11200"));
   EXPECT_TRUE(takes(PromptedSetting::kLeftMargin, "11199"));
   EXPECT_FALSE(takes(PromptedSetting::kRightMargin, "801"));
@@ -182,7 +182,7 @@ TEST(Margins, TheBottomOneIsComparedWithTheWidthToo) {
   TestHost host(3000, 9000);
   host.load({1, 2}, {3, 4});
   const ControlState& state = host.control.state();
-  EXPECT_FALSE(accepts_margin(state, Margin::kBottom, 3000)) << "although the height has room";
+  EXPECT_FALSE(accepts_margin(state, Margin::kBottom, 3000)) << "although it is below the height";
   EXPECT_TRUE(accepts_margin(state, Margin::kBottom, 2999));
   EXPECT_TRUE(accepts_margin(state, Margin::kTop, 3000)) << "the top is not";
 }

@@ -44,7 +44,7 @@ TEST(Redraw, PenWidthSurvivesFromOneRedrawToTheNext) {
   host.control.set_BorderWidth(4);
   const std::string log = host.redrawn();
   EXPECT_EQ(log.find("width "), log.rfind("width ")) << "only the border sets a width";
-  EXPECT_LT(log.find("segment "), log.find("width 4\n")) << "ticks take what was left";
+  EXPECT_LT(log.find("segment "), log.find("width 4\n")) << "ticks have the width that was left";
 }
 
 TEST(Redraw, MovesNoHandleHome) {

@@ -10,7 +10,7 @@
 namespace kurv {
 namespace {
 
-// Brings the built-in class back when a test ends.
+// Restores the built-in class when a test ends.
 struct Registration {
   Registration(std::string_view id, ServiceFactory factory) : class_id(id) {
     register_class(class_id, std::move(factory));
@@ -83,7 +83,7 @@ TEST(Services, FourAreCreatedInTheirOrder) {
 TEST(Services, HostsOwnClassTakesTheBuiltInOnesPlace) {
   const Registration failing(kNumericServiceClass, [] { return std::make_unique<NoLogarithm>(); });
   EXPECT_EQ(fault_of([] { test::TestHost host; }), FaultKind::kDeviceIoError)
-      << "its failure reaches whoever makes a control, which loads its demonstration graph";
+      << "its failure reaches the host that creates a control, which loads its demonstration graph";
 }
 
 TEST(Services, WhatCannotBeCreatedIsATypedError) {

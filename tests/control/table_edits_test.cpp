@@ -111,7 +111,7 @@ TEST_F(TableEdits, WhatIsThereAlreadyCausesNoRedraw) {
   EXPECT_TRUE(document.GraphSaved);
 }
 
-TEST_F(TableEdits, EqualXAreUndoneAndToldWithTheValidationsMessage) {
+TEST_F(TableEdits, EqualXAreUndoneAndReportedWithTheValidationsMessage) {
   const Double old_xmax = document.xmax;
   EXPECT_EQ(apply({{1, 1, 5}, {1, 2, 99}, {2, 1, 5}, {3, 1, 5}}), kAllTheSame);
   EXPECT_THAT(values(document.xyArrUnsorted, 1), ElementsAre(3, 1, 2));

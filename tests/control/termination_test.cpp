@@ -72,10 +72,10 @@ TEST_F(Termination, AFailingSaveReachesTheHostThatTerminates) {
   shell.files = {{path("nowhere/a.gdf"), 1}};
   EXPECT_EQ(fault_of([&] { control->terminate(); }), 76);
   control.reset();
-  EXPECT_EQ(shell.messages.size(), 1U) << "it has been told already";
+  EXPECT_EQ(shell.messages.size(), 1U) << "it has been reported already";
 }
 
-TEST_F(Termination, AFailingSaveOfADestructorIsToldToTheUser) {
+TEST_F(Termination, AFailingSaveOfADestructorIsReportedToTheUser) {
   shell.answers = {Answer::kYes};
   shell.files = {{path("nowhere/a.gdf"), 1}};
   control.reset();

@@ -195,8 +195,8 @@ TEST(Matrix, ReadingAConstantOneKeepsItShared) {
   EXPECT_EQ(data_of(copy, 1), data_of(matrix, 1));
 }
 
-// A column that nobody has asked for yet is not there, and becomes one for each.
-TEST(Matrix, ColumnsNeverAskedForStayApart) {
+// A column that was never accessed is not allocated; each copy allocates its own.
+TEST(Matrix, ColumnsNeverAccessedStaySeparate) {
   Matrix<double> matrix(1, 2, 1, 3);
   Matrix<double> copy = matrix;
   copy(1, 2) = 8;

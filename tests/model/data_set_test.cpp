@@ -11,7 +11,7 @@ namespace {
 
 using test::TestHost;
 
-// The formats chosen for y limits lo..hi when "0.0" stood before.
+// The format that is chosen for y limits lo..hi in place of "0.0".
 String format_for(Double lo, Double hi) {
   GraphDocument document;
   document.ymin = lo;

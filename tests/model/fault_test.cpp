@@ -6,7 +6,7 @@
 namespace kurv {
 namespace {
 
-TEST(Fault, CarriesTheClassicNumberAndText) {
+TEST(Fault, CarriesItsNumberAndText) {
   const std::pair<int, const char*> kTable[] = {
       {5, "Invalid procedure call or argument"},
       {6, "Overflow"},

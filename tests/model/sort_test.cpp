@@ -37,7 +37,7 @@ GraphDocument document_with(const std::vector<Double>& x) {
   return document;
 }
 
-// The sort as one would write it down, with its cost.
+// The reference: a plain selection sort in O(n^2).
 void sort_by_selection(GraphDocument& document) {
   const auto x = document.xyArr.column(1);
   for (int i = 1; i <= document.NumData - 1; ++i) {
@@ -58,7 +58,7 @@ void expect_same_order(const std::vector<Double>& x) {
   GraphDocument actual = document_with(x);
   Sort_xy(actual, *library_services().swap);
   for (int i = 1; i <= actual.NumData; ++i) {
-    // Column 2 holds where the point came from, so it also tells equal values apart.
+    // Column 2 holds where the point came from, so it also distinguishes equal values.
     ASSERT_EQ(actual.xyArr(2, i), expected.xyArr(2, i)) << "at place " << i;
     ASSERT_EQ(actual.xyArr(3, i), expected.xyArr(3, i)) << "at place " << i;
   }
@@ -127,7 +127,7 @@ TEST(SortXy, EveryExchangeOfEveryColumnGoesThroughTheService) {
   EXPECT_EQ(swap.calls, 2 * 3) << "two exchanges of three columns";
 }
 
-// The built-in service may go about many exchanges and few of them in different ways.
+// The built-in service has different code for many exchanges and for few.
 TEST(SortXy, PointsAreExchangedAsOneByOneWhereFewOrManyMove) {
   for (const int moved : {0, 1, 2, 24, 25, 26, 60, 100}) {
     Matrix<Double> expected(0, 3, 0, 100);
@@ -156,7 +156,7 @@ TEST(SortXy, NoPairsExchangeNothingOfNothing) {
   EXPECT_EQ(values.upper_point(), 0);
 }
 
-// A host that knows a faster way for a column is asked once for each.
+// A host's service that overrides exchange_all() is called once for each column.
 TEST(SortXy, AServiceThatExchangesColumnsIsAskedForEachInTurn) {
   struct ByColumns final : SwapService {
     void exchange(Double& a, Double& b) const override { std::swap(a, b); }

@@ -32,11 +32,11 @@ TEST(Boolean, TrueHasAllBitsSet) {
 }
 
 TEST(Boolean, NonZeroAndExactlyTrueAreDifferentQuestions) {
-  const Boolean odd = Boolean::from_bits(2);
-  EXPECT_TRUE(static_cast<bool>(odd));
-  EXPECT_FALSE(odd.is_exactly_true());
+  const Boolean other = Boolean::from_bits(2);
+  EXPECT_TRUE(static_cast<bool>(other));
+  EXPECT_FALSE(other.is_exactly_true());
   EXPECT_TRUE(Boolean(true).is_exactly_true());
-  EXPECT_NE(odd, Boolean(true));
+  EXPECT_NE(other, Boolean(true));
 }
 
 TEST(ToInteger, RoundsTiesToEven) {

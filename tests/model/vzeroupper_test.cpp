@@ -11,12 +11,12 @@ namespace {
 
 #if defined(__GNUC__) && defined(__x86_64__) && !defined(__AVX__)
 
-// Whether the processor can say which registers are in use, and has upper halves at all.
-bool can_be_asked() {
-  constexpr unsigned kExtendedStates = 0xD, kAsksInUse = 1U << 2U;
+// Whether the processor has AVX and can report which registers are in use (XGETBV with ECX = 1).
+bool can_report_use() {
+  constexpr unsigned kExtendedStates = 0xD, kReportsUse = 1U << 2U;
   unsigned a = 0, b = 0, c = 0, d = 0;
   return __builtin_cpu_supports("avx") && __get_cpuid_count(kExtendedStates, 1, &a, &b, &c, &d) &&
-         (a & kAsksInUse) != 0;
+         (a & kReportsUse) != 0;
 }
 
 bool upper_halves_in_use() {
@@ -30,30 +30,30 @@ void use_upper_halves() {
   asm volatile("vcmptrueps %%ymm0, %%ymm0, %%ymm0" : : : "xmm0");
 }
 
-void clear_plainly() {
+void execute_vzeroupper() {
   asm volatile("vzeroupper");
 }
 
-TEST(VectorRegisters, TheUpperHalvesAreNotInUseAfterwards) {
-  if (!can_be_asked()) GTEST_SKIP() << "this processor does not tell";
+TEST(Vzeroupper, LeavesTheUpperHalvesUnused) {
+  if (!can_report_use()) GTEST_SKIP() << "this processor does not report it";
   use_upper_halves();
-  const bool tells_of_use = upper_halves_in_use();
-  clear_plainly();
-  // A processor may always call them used.
-  if (!tells_of_use || upper_halves_in_use()) GTEST_SKIP() << "this processor does not tell";
+  const bool is_reported = upper_halves_in_use();
+  execute_vzeroupper();
+  // A processor may always report them as used.
+  if (!is_reported || upper_halves_in_use()) GTEST_SKIP() << "this processor does not report it";
 
   use_upper_halves();
-  clear_upper_registers();
+  issue_vzeroupper();
   EXPECT_FALSE(upper_halves_in_use());
 }
 
 #endif
 
-// On one without wide registers the instruction would end the program.
-TEST(VectorRegisters, MayBeClearedOnEveryProcessor) {
+// On a processor without AVX the instruction itself would be an illegal one.
+TEST(Vzeroupper, MayBeCalledOnEveryProcessor) {
   volatile double third = 1.0 / 3;
   const double before = third * 2;
-  clear_upper_registers();
+  issue_vzeroupper();
   EXPECT_EQ(before, third * 2);
 }
 

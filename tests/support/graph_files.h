@@ -19,7 +19,7 @@ namespace kurv::test {
 
 class GraphFileTest : public testing::Test {
  protected:
-  // Everybody may use it, so that a test can try what others than root may do.
+  // Writable by every user, so that a test can run as another user than root.
   GraphFileTest() {
     const testing::TestInfo& test = *testing::UnitTest::GetInstance()->current_test_info();
     folder = std::filesystem::temp_directory_path() /
@@ -31,7 +31,8 @@ class GraphFileTest : public testing::Test {
 
   std::string path(const std::string& name) const { return (folder / name).string(); }
   std::string write(const std::string& name, std::string_view bytes) const {
-    // A file that is cut and written again would be forced to the disk each time.
+    // Removed first: some file systems flush a file to the disk that is truncated and written
+    // again.
     std::filesystem::remove(path(name));
     std::ofstream(path(name), std::ios::binary) << bytes;
     return path(name);

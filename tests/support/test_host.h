@@ -1,4 +1,4 @@
-// A control on a recording surface, with a host that only remembers.
+// A control on a recording surface, with a host that records what it is asked for.
 #pragma once
 
 #include <KurvGraph/control.h>
@@ -31,7 +31,8 @@ struct PlainContainer final : Container {
   int mouse_ups = 0;
 };
 
-// Keeps what was shown and answers from lists; what has no answer is cancelled or answered No.
+// Records what was shown and answers from lists. Without an answer left, a dialog is cancelled and
+// a question is answered No.
 struct ScriptedShell : Shell {
   struct Message {
     std::string text;
@@ -46,7 +47,7 @@ struct ScriptedShell : Shell {
 
   Answer message_box(std::string_view text, int flags, std::string_view title) override {
     messages.push_back({std::string(text), flags, std::string(title)});
-    if (while_telling) while_telling();
+    if (while_message_box) while_message_box();
     return flags == kYesNoQuestion ? next(answers, Answer::kNo) : Answer::kOk;
   }
   String input_prompt(std::string_view text, std::string_view title,
@@ -96,10 +97,10 @@ struct ScriptedShell : Shell {
   std::vector<SaveDialog> save_dialogs;
   std::vector<Font> font_presets;
   std::vector<std::string> copied;
-  std::vector<std::string> windows;  // what was asked of them, such as "frmPropert 2"
+  std::vector<std::string> windows;  // the calls, such as "frmPropert 2"
   int beeps = 0;
-  std::function<void()> while_prompting;  // what happens elsewhere while a prompt is open
-  std::function<void()> while_telling;    // and while a box is
+  std::function<void()> while_prompting;    // called while a prompt is open
+  std::function<void()> while_message_box;  // called while a message box is open
 };
 
 inline List<Double> points(std::vector<Double> values) {

@@ -4,7 +4,7 @@
 
 int main(int argc, char** argv) {
   const QApplication application(argc, argv);
-  // Windows come and go, and the last one of a test does not end the tests.
+  // Closing the last window of a test must not quit the application.
   QApplication::setQuitOnLastWindowClosed(false);
   testing::InitGoogleTest(&argc, argv);
   return RUN_ALL_TESTS();

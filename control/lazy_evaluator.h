@@ -1,4 +1,4 @@
-// An evaluator that is made when it is first needed.
+// An evaluator that is created at its first use.
 #pragma once
 
 #include <KurvGraph/class_registry.h>
@@ -10,7 +10,7 @@ namespace kurv {
 
 // The class is the one that is registered at the first use. Where it cannot be created, its fault
 // reaches the caller, and the next use tries again.
-class LateEvaluator {
+class LazyEvaluator {
  public:
   ExprEvaluator& get() {
     if (!m_evaluator) m_evaluator = create<ExprEvaluator>(kExprEvaluatorClass);
