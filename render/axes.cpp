@@ -38,7 +38,7 @@ struct AxisPass {
   Single larger_of(Double value, Double bound) const {
     return to_single(numeric.larger_of(value, bound));
   }
-  // How far along its axis tick i stands, 0..1.
+  // The position of tick i along its axis, 0..1.
   Double fraction(int i) const { return divide(i, document.NumTicks); }
   // About twenty labels an axis, however many ticks: each of up to twenty intervals has its label,
   // from 21 on every second one, from 40 on every third one, and so on.
@@ -137,7 +137,7 @@ void place_label_strips(const AxisPass& pass, Integer last_y_label_left) {
     return pass.surface.TextHeight(format_number(kSampleValue, format));
   };
 
-  // The smaller of the two end labels, deliberately: the strip reaches no further than both.
+  // The narrower of the two end labels, so that the strip does not take a click beside either.
   const Double end_width = std::min(width_of(document.xmin), width_of(document.xmax));
   pass.layout.shpXlabels = {pass.larger_of(plot.PlotLeft - end_width, 0),
                             pass.larger_of(pass.bottom() + kLabelGap, 0),
@@ -156,8 +156,9 @@ void place_label_strips(const AxisPass& pass, Integer last_y_label_left) {
 
 void DrawAxes(const GraphDocument& document, const NumericService& numeric, Layout& layout,
               PlotSurface& surface) {
-  // Grid lines are as long as the plot rectangle that stands before this pass: a change of margins
-  // shows in them one redraw later, deliberately.
+  // Grid lines have the length of the plot rectangle of the redraw before, so a change of margins
+  // shows in them one redraw later. With the new rectangle, the picture that a single redraw gives
+  // to a host would be another one.
   const Double y_tick_length = document.X_grid ? layout.plot.PlotWidth : kTickLengthY;
   const Double x_tick_length = document.Y_grid ? layout.plot.PlotHeight : kTickLengthX;
   layout.plot = plot_rect(document, surface.ScaleWidth(), surface.ScaleHeight());

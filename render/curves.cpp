@@ -14,11 +14,11 @@ namespace {
 std::span<const Double> values_of(const GraphDocument& document, int column) {
   const auto values = document.xyArr.column(column);
   const int count = document.NumData;
-  // Both ends are asked for, because an array knows its bounds and a pointer does not.
+  // Both ends are accessed through the array, so that they are checked against its bounds.
   return {&values(1), &values(count) + 1};
 }
 
-// The curves' lines. They share their x, which are mapped once.
+// The polylines of the curves. They share their x positions, which are mapped once.
 class Lines {
  public:
   Lines(const GraphDocument& document, const Mapping& mapping)
@@ -33,11 +33,12 @@ class Lines {
 
   std::span<const Single> x() const { return m_x; }
 
-  // Only a segment's end point decides: one that comes in from outside is drawn in full, out to its
-  // outside start, and one that leaves is not drawn. Deliberate.
+  // Only the end point of a segment is tested: a segment that enters the plot is drawn in full,
+  // from its start outside, and one that leaves the plot is not drawn. Clipping both at the border
+  // would change the pictures of every graph that is zoomed in.
   PolylineOver line(int curve) {
     m_mapping.map_y(values_of(m_document, curve + 1), m_y, m_drawn);
-    // Plain pointers and a count, or it goes byte by byte.
+    // Plain pointers and a count, so that the compiler vectorises the loop.
     const std::size_t count = m_drawn.size();
     std::uint8_t* const drawn = m_drawn.data();
     const std::uint8_t* const x_inside = m_x_inside.data();
@@ -72,7 +73,7 @@ void draw_lines(const GraphDocument& document, const Mapping& mapping,
   layout.pen_width = 1;  // Polylines() has set it
 }
 
-// The curves' markers. They share their x as well.
+// The markers of the curves. They share their x positions as well.
 class Markers {
  public:
   Markers(const GraphDocument& document, const Mapping& mapping)
@@ -80,7 +81,7 @@ class Markers {
 
   void draw(int curve, PlotSurface& surface) {
     if (m_document.NumData <= 0) return;
-    if (!m_document.DrawMarkers.is_exactly_true()) return look_for_faults(curve);
+    if (!m_document.DrawMarkers.is_exactly_true()) return check_ranges(curve);
     if (m_x.empty()) map_x();
     m_mapping.map_y_inside(values_of(m_document, curve + 1), m_y);
     surface.Repeat({m_x, m_y}, marker_reach(m_document),
@@ -91,7 +92,7 @@ class Markers {
 
  private:
   // A range that cannot be mapped is an error whether or not markers are shown.
-  void look_for_faults(int curve) const {
+  void check_ranges(int curve) const {
     const Double x = values_of(m_document, 1).front();
     static_cast<void>(m_mapping.InPlot({x, values_of(m_document, curve + 1).front()}));
   }

@@ -11,7 +11,7 @@
 
 namespace kurv {
 
-// Gives the evaluator that computes the curves; asked only where there is one to draw.
+// Returns the evaluator that computes the curves; called only where there is a curve to draw.
 using EvaluatorSource = std::function<ExprEvaluator&()>;
 
 // Draws every visible function curve over the x range of the axes. Throws kDivisionByZero when a
@@ -19,10 +19,9 @@ using EvaluatorSource = std::function<ExprEvaluator&()>;
 void DrawFunctionCurves(const GraphDocument& document, Layout& layout,
                         const EvaluatorSource& evaluator, PlotSurface& surface);
 
-// Draws one, by 41 samples at equal distances from xmin to xmax. The curve ends for good at the
-// first sample that cannot be evaluated. Neighbouring samples are joined where both lie inside the
-// plot; the first one inside is a dot. The empty expression stands for that of slot 1. Leaves a pen
-// width of 1.
+// Draws one, by 41 samples at equal distances from xmin to xmax. The curve ends at the first
+// sample that cannot be evaluated. Neighbouring samples are joined where both are inside the plot;
+// the first one inside is a dot. An empty expression means that of slot 1. Leaves a pen width of 1.
 void DrawFunctionCurve(const GraphDocument& document, Layout& layout, const String& expression,
                        ExprEvaluator& evaluator, PlotSurface& surface);
 

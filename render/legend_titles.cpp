@@ -29,13 +29,14 @@ struct Entry {
   String text;
 };
 
-// A derived curve's name is its definition, of which the legend shows what stands before the first
-// blank.
+// The name of a derived curve may be its definition, "speed = distance / time"; the legend then
+// shows only the part before the first blank.
 String entry_text(const String& name) {
   return name.find(kDefinitionSign) == String::npos ? name : name.substr(0, name.find(' '));
 }
 
-// A flag that is neither True nor False draws its curve but does not list it; deliberate.
+// A curve whose flag is neither True nor False is drawn but not listed: a host that passes such a
+// flag gets a curve without a legend entry.
 std::vector<Entry> legend_entries(const GraphDocument& document) {
   std::vector<Entry> entries;
   for (int k = 1; k <= document.NumY; ++k) {
@@ -130,8 +131,8 @@ void place_titles(const GraphDocument& document, Layout& layout) {
 }
 
 bool has_legend(const GraphDocument& document) {
-  // Asked wherever the mouse goes, also after an intake that failed between the count of curves and
-  // their flags: no mouse fails for that.
+  // Called at every mouse move, also after an intake that failed between the count of curves and
+  // their flags, so it must not throw where there are fewer flags than curves.
   const int known = std::min<int>(document.NumY, document.y_visible.upper());
   for (int k = 1; k <= known; ++k) {
     if (document.y_visible(k).is_exactly_true()) return true;

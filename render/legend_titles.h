@@ -12,14 +12,14 @@ namespace kurv {
 // Leaves the axis font current.
 void SizeTitleHandles(const GraphDocument& document, Layout& layout, PlotSurface& surface);
 
-// The last step. Handles that stand beyond the right or bottom edge come back; the legend gets one
+// The last step. Handles beyond the right or bottom edge are moved back; the legend gets one
 // entry for each curve whose visibility flag is exactly True. Leaves the axis font current.
 void DrawLegendAndTitles(const GraphDocument& document, Layout& layout, PlotSurface& surface);
 
-// Whether any curve is listed, so that there is a legend to be seen.
+// Whether any curve is listed, and so a legend is visible.
 bool has_legend(const GraphDocument& document);
 
-// Home positions, for handles of which the sizes are known: the title above the plot's top-left
+// Home positions, for handles whose sizes are known: the title above the plot's top-left
 // corner, the subtitle to its right; the legend inside the plot. A top margin smaller than a title
 // puts it above the surface's edge, which is not corrected. Throws kOverflow where the legend's
 // position leaves 16 bits.

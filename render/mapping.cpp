@@ -10,25 +10,25 @@ namespace kurv {
 
 namespace {
 
-// How many values are mapped before anybody asks whether there was something odd among them.
-constexpr std::size_t kAtOnce = 64;
+// How many values are mapped before it is tested whether all of them were inside.
+constexpr std::size_t kBatch = 64;
 
-// A processor looks ahead by itself, but no further than the page of memory that it is in.
-constexpr std::size_t kAhead = 1024;
-void fetch(std::span<const Double> values, std::size_t begin) {
-  constexpr std::size_t kInLine = 8;
-  const std::size_t end = std::min(begin + kAtOnce, values.size());
-  for (std::size_t i = begin; i < end; i += kInLine) __builtin_prefetch(&values[i]);
+// How far ahead values are prefetched. The hardware prefetcher stops at the end of a memory page.
+constexpr std::size_t kPrefetchDistance = 1024;
+void prefetch(std::span<const Double> values, std::size_t begin) {
+  constexpr std::size_t kValuesPerCacheLine = 8;
+  const std::size_t end = std::min(begin + kBatch, values.size());
+  for (std::size_t i = begin; i < end; i += kValuesPerCacheLine) __builtin_prefetch(&values[i]);
 }
 
-// Where the values stand, and whether all of them are inside; if not, the places count for nothing.
-// There are no branches and no calls, so that the compiler can take several values at a time.
+// Maps a batch of values. Returns whether all of them are inside; if not, `at` is unspecified.
+// There are no branches and no calls, so that the compiler vectorises the loops.
 template <class Place>
-bool map_inside(const Double* values, std::size_t count, Double min, Double range, Single* at,
-                const Place& place) {
-  // Counted in numbers as wide as the values, and by several counters that need not wait for each
-  // other.
-  std::array<Double, kAtOnce> is_inside{}, placed;
+bool map_batch(const Double* values, std::size_t count, Double min, Double range, Single* at,
+               const Place& place) {
+  // Counted in Doubles, so that the lanes are as wide as those of the values, and in several
+  // counters, so that the additions do not depend on each other.
+  std::array<Double, kBatch> is_inside{}, placed;
   for (std::size_t i = 0; i < count; ++i) {
     const Double normal = (values[i] - min) / range;
     const Double from_low = 0 <= normal ? 1 : 0, to_high = normal <= 1 ? 1 : 0;
@@ -36,7 +36,7 @@ bool map_inside(const Double* values, std::size_t count, Double min, Double rang
     placed[i] = place(normal);
   }
   std::array<Double, 8> inside{};
-  for (std::size_t i = 0; i < kAtOnce; i += inside.size()) {
+  for (std::size_t i = 0; i < kBatch; i += inside.size()) {
     for (std::size_t k = 0; k < inside.size(); ++k) inside[k] += is_inside[i + k];
   }
   if (std::accumulate(inside.begin(), inside.end(), Double{0}) != static_cast<Double>(count)) {
@@ -49,12 +49,12 @@ bool map_inside(const Double* values, std::size_t count, Double min, Double rang
 template <class Place>
 void map_column(std::span<const Double> values, Double min, Double range, std::span<Single> at,
                 std::span<std::uint8_t> inside, const Place& place) {
-  // Asked once for the whole column, with the fault that the first value would have met.
+  // Checked once for the whole column; throws what the first value would have thrown.
   static_cast<void>(divide(0, range));
-  for (std::size_t begin = 0; begin < values.size(); begin += kAtOnce) {
-    const std::size_t count = std::min(kAtOnce, values.size() - begin);
-    fetch(values, begin + kAhead);
-    if (map_inside(values.data() + begin, count, min, range, at.data() + begin, place)) {
+  for (std::size_t begin = 0; begin < values.size(); begin += kBatch) {
+    const std::size_t count = std::min(kBatch, values.size() - begin);
+    prefetch(values, begin + kPrefetchDistance);
+    if (map_batch(values.data() + begin, count, min, range, at.data() + begin, place)) {
       std::fill_n(inside.begin() + static_cast<std::ptrdiff_t>(begin), count, std::uint8_t{1});
       continue;
     }
@@ -66,15 +66,15 @@ void map_column(std::span<const Double> values, Double min, Double range, std::s
   }
 }
 
-// The same for places that need no narrowing: NaN where the value is outside.
+// The same without narrowing to Single: NaN where the value is outside.
 template <class Place>
-void map_or_leave_out(std::span<const Double> values, Double min, Double range, Double* at,
-                      const Place& place) {
+void map_or_nan(std::span<const Double> values, Double min, Double range, Double* at,
+                const Place& place) {
   constexpr Double kNaN = std::numeric_limits<Double>::quiet_NaN();
   static_cast<void>(divide(0, range));
-  for (std::size_t begin = 0; begin < values.size(); begin += kAtOnce) {
-    const std::size_t end = std::min(begin + kAtOnce, values.size());
-    fetch(values, begin + kAhead);
+  for (std::size_t begin = 0; begin < values.size(); begin += kBatch) {
+    const std::size_t end = std::min(begin + kBatch, values.size());
+    prefetch(values, begin + kPrefetchDistance);
     for (std::size_t i = begin; i < end; ++i) {
       const Double normal = (values[i] - min) / range;
       const bool is_inside = (0 <= normal) & (normal <= 1);
@@ -101,14 +101,14 @@ void Mapping::map_y(std::span<const Double> values, std::span<Single> at,
 
 void Mapping::map_x_inside(std::span<const Double> values, std::span<Double> at) const {
   const Double left = m_plot.PlotLeft, width = m_plot.PlotWidth;
-  map_or_leave_out(values, m_xmin, m_x_range, at.data(),
-                   [left, width](Double normal) { return left + width * normal; });
+  map_or_nan(values, m_xmin, m_x_range, at.data(),
+             [left, width](Double normal) { return left + width * normal; });
 }
 
 void Mapping::map_y_inside(std::span<const Double> values, std::span<Double> at) const {
   const Double bottom = m_plot.PlotTop + m_plot.PlotHeight, height = m_plot.PlotHeight;
-  map_or_leave_out(values, m_ymin, m_y_range, at.data(),
-                   [bottom, height](Double normal) { return bottom - height * normal; });
+  map_or_nan(values, m_ymin, m_y_range, at.data(),
+             [bottom, height](Double normal) { return bottom - height * normal; });
 }
 
 PlotRect plot_rect(const GraphDocument& document, Double scale_width, Double scale_height) {

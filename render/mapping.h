@@ -1,4 +1,4 @@
-// From data coordinates to the surface and the question whether a point lies inside the plot.
+// Maps data coordinates to the surface, and tests whether a point is inside the plot.
 #pragma once
 
 #include <KurvGraph/plot_surface.h>
@@ -32,7 +32,7 @@ class Mapping {
   Double NormY(Double y) const { return divide(y - m_ymin, m_y_range); }
 
   Double SurfX(Double x) const { return m_plot.PlotLeft + m_plot.PlotWidth * NormX(x); }
-  // Larger data values lie higher on the surface.
+  // Larger data values are higher on the surface.
   Double SurfY(Double y) const {
     return m_plot.PlotTop + m_plot.PlotHeight - m_plot.PlotHeight * NormY(y);
   }
@@ -45,14 +45,14 @@ class Mapping {
     return in_unit(x) && in_unit(y);
   }
 
-  // The same for all values of a column at once: where they stand, and whether that is inside the
-  // range of their axis. All three have the same length.
+  // The same for all values of a column: their positions, and whether they are inside the range of
+  // their axis. All three spans have the same length.
   void map_x(std::span<const Double> values, std::span<Single> at,
              std::span<std::uint8_t> inside) const;
   void map_y(std::span<const Double> values, std::span<Single> at,
              std::span<std::uint8_t> inside) const;
 
-  // Where they stand as precisely as SurfX and SurfY say it, and NaN where that is outside.
+  // Their positions as precisely as SurfX and SurfY compute them, and NaN where they are outside.
   void map_x_inside(std::span<const Double> values, std::span<Double> at) const;
   void map_y_inside(std::span<const Double> values, std::span<Double> at) const;
 

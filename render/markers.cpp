@@ -51,7 +51,7 @@ class MarkerPen {
     rising(half);
   }
 
-  // The tip lies q x s from the centre, as the two corners of the opposite side do.
+  // The tip is q x s from the centre, as the two corners of the opposite side are.
   void triangle_up() const { triangle(-s, s, s, s, 0, -q * s); }
   void triangle_down() const { triangle(-s, -s, s, -s, 0, q * s); }
   void triangle_left() const { triangle(s, -s, s, s, -q * s, 0); }

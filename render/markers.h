@@ -9,7 +9,7 @@ namespace kurv {
 
 inline constexpr int kMarkerKinds = 40;
 
-// How far from its centre a marker reaches in either direction, twips; the pen comes on top.
+// How far a marker reaches from its centre in either direction, twips, without the pen width.
 inline Double marker_reach(const GraphDocument& document) {
   constexpr Double kTips = 1.2;  // of the radius; those of the triangles are 1.18 away
   return kTips * document.MarkerSize;

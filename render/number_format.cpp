@@ -26,8 +26,8 @@ struct Rounded {
   std::int64_t exponent = 0;
 };
 
-// Fifteen significant digits are what a Double holds of any decimal number. Rounding starts from
-// them, so that 1.005, which lies a hair below itself in binary, is a tie as its reader expects.
+// A Double holds fifteen significant digits of any decimal number. Rounding starts from them, so
+// that 1.005, whose Double is slightly smaller, is a tie as its reader expects.
 Decimal fifteen_digits(Double value) {
   std::array<char, 32> buffer;
   const auto result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value,
@@ -74,9 +74,9 @@ Rounded rounded_for(const PatternSection& section, Decimal number) {
 }
 
 // Writes a rounded number item by item.
-class Layout {
+class NumberWriter {
  public:
-  Layout(const PatternSection& section, const Rounded& number)
+  NumberWriter(const PatternSection& section, const Rounded& number)
       : m_section(section),
         m_number(number),
         m_integer_digits(std::max(number.mantissa.point, section.least_integer_digits)),
@@ -101,10 +101,10 @@ class Layout {
         write_digit_place();
         break;
       case Kind::kPoint:
-        // Without a place of their own the integer digits stand right before the point.
+        // Where the pattern has no integer places, the integer digits go right before the point.
         if (m_section.integer_places == 0 && m_section.has_digit_places()) write_integer_digits(0);
         m_text += item.literal;
-        m_behind_point = true;
+        m_after_point = true;
         break;
       case Kind::kExponent:
         write_exponent(item.literal);
@@ -114,7 +114,7 @@ class Layout {
 
   // The first integer place takes all the digits for which there is no place before it.
   void write_digit_place() {
-    if (m_behind_point) {
+    if (m_after_point) {
       --m_next_power;
       if (-m_next_power <= m_fraction_digits) m_text += digit(m_next_power);
     } else {
@@ -131,7 +131,7 @@ class Layout {
     }
   }
 
-  // The digit that counts ten to the power of `power`; zeros go on without end on either side.
+  // The digit of ten to the power of `power`; zero beyond the digits on either side.
   char digit(std::int64_t power) const {
     const Decimal& mantissa = m_number.mantissa;
     const std::int64_t index = mantissa.point - 1 - power;
@@ -155,10 +155,10 @@ class Layout {
   const PatternSection& m_section;
   const Rounded& m_number;
   std::int64_t m_integer_digits;   // how many are written before the point
-  std::int64_t m_fraction_digits;  // and how many behind it, where there are places
+  std::int64_t m_fraction_digits;  // and how many after it, where there are places
   std::int64_t m_next_power;       // one above the power of ten of the digit to write next
   std::int64_t m_places_left;      // integer places still to come
-  bool m_behind_point = false;
+  bool m_after_point = false;
   String m_text;
 };
 
@@ -177,12 +177,12 @@ String format_number(Double value, std::string_view pattern) {
   if (!section.given) return number_to_text(value);
 
   const Rounded number = rounded_for(section, fifteen_digits(value));
-  // What rounds to zero is a zero, also for the choice of the section: nothing that marks negative
-  // values may stand at a label that reads 0.
+  // What rounds to zero is formatted as zero, with the section of zero too: a label that reads 0
+  // must not have the marks of a negative value.
   if (value != 0 && number.mantissa.digits.empty()) return format_number(0, pattern);
-  // A section for negative values says itself how they are told apart.
+  // A section for negative values shows by itself that they are negative.
   const bool minus = value < 0 && &section == &sections.front();
-  return Layout(section, number).text(minus);
+  return NumberWriter(section, number).text(minus);
 }
 
 }  // namespace kurv

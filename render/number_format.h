@@ -1,4 +1,4 @@
-// Numbers as tick labels show them, after a pattern such as "0.00" or "0.00E+0".
+// Numbers as tick labels show them, by a pattern such as "0.00" or "0.00E+0".
 #pragma once
 
 #include <string_view>
@@ -8,7 +8,7 @@
 namespace kurv {
 
 // A pattern is made of digit places, `0` (always a digit) and `#` (a digit where there is one), a
-// decimal point `.`, `,` between digit places for groups of three, `,` behind the last digit place
+// decimal point `.`, `,` between digit places for groups of three, `,` after the last digit place
 // before the point or the end for a division by a thousand each, `%` for a multiplication by a
 // hundred, and an exponent `E+0`, `E-0`, `e+0`, `e-0` with any number of zeros as its minimum of
 // digits: "E+" always writes the exponent's sign, "E-" only a minus. Everything else is literal,

@@ -38,7 +38,7 @@ class SectionReader {
     if (c == '"') return read_quoted();
     if (c == '\\') return add(Kind::kLiteral, m_rest.empty() ? c : take());
     if (c == '%') m_section.percent = true;
-    // An exponent ends the number: digit places behind it would have no digits to show.
+    // An exponent ends the number: digit places after it would have no digits to show.
     if (m_section.has_exponent) return add(Kind::kLiteral, c);
     if (c == '0' || c == '#') return read_digit_place(c);
     if (c == '.' && !m_section.has_point) return read_point();
@@ -50,7 +50,7 @@ class SectionReader {
     add(Kind::kLiteral, c);
   }
 
-  // A quote that nobody closes quotes the rest of the pattern.
+  // A quote that is not closed quotes the rest of the pattern.
   void read_quoted() {
     while (!m_rest.empty()) {
       const char c = take();
@@ -79,7 +79,7 @@ class SectionReader {
     add(Kind::kPoint, '.');
   }
 
-  // Commas that no digit place followed do not group: they scale.
+  // Commas without a digit place after them do not group: they scale.
   void end_commas() {
     m_section.thousands += m_open_commas;
     m_open_commas = 0;
@@ -101,7 +101,8 @@ class SectionReader {
 
   std::string_view& m_rest;
   PatternSection m_section;
-  std::int64_t m_open_commas = 0;  // commas behind a digit place whose meaning is still open
+  // Commas after a digit place, of which the next character decides whether they group or scale.
+  std::int64_t m_open_commas = 0;
 };
 
 }  // namespace

@@ -1,4 +1,4 @@
-// The patterns of format_number(), taken apart.
+// The patterns of format_number(), parsed.
 #pragma once
 
 #include <array>
@@ -14,8 +14,8 @@ struct PatternItem {
   char literal = '\0';  // the byte to write; for an exponent its letter
 };
 
-// How a number of one sign is written. The items say what stands where, the counts how many digits
-// there are: a digit that the number has is written at any place, a zero beyond its digits only
+// How a number of one sign is written. The items give the order of the parts, the counts the number
+// of digits: a digit that the number has is written at any place, a zero beyond its digits only
 // within the least counts.
 struct PatternSection {
   bool given = false;  // false where the pattern has no text for this section

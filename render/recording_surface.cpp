@@ -53,7 +53,7 @@ void append(std::string& log, const char* verb, std::initializer_list<Single> nu
   for (const Single number : numbers) log += ' ' + number_to_text(number);
 }
 
-// Characters, not bytes: continuation bytes of UTF-8 do not count.
+// Code points, not bytes: continuation bytes of UTF-8 are not counted.
 std::ptrdiff_t character_count(std::string_view line) {
   return std::count_if(line.begin(), line.end(),
                        [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; });
@@ -150,7 +150,8 @@ void RecordingSurface::set_font(const Font& font) {
   m_font = font;
   m_log += "font " + quoted(font.FontName) + ' ' + number_to_text(font.FontSize) +
            (font.FontBold ? " 1" : " 0") + (font.FontItalic ? " 1\n" : " 0\n");
-  // Handles are sized also where nothing is drawn; only what may begin a redraw is kept of that.
+  // Handles are sized also where nothing is drawn. Of these lines only the last are kept, which may
+  // be the beginning of a redraw.
   if (m_last_redraw_only && !m_has_redraw) {
     m_log.erase(0, start_of_last_lines(m_log, kLinesBeforeClear));
   }

@@ -79,7 +79,7 @@ TEST(Axes, GridLengthLagsBehindAChangeOfMarginsByOneRedraw) {
   EXPECT_NE(host.drawn().find("segment 800 470 11600 470 8\n"), std::string::npos);
 }
 
-TEST(Axes, VerticalGridLinesLagBehindTheTopMarginLikewise) {
+TEST(Axes, VerticalGridLinesLagBehindTheTopMarginToo) {
   AxesHost host;
   host.control.set_Y_grid(true);
   host.control.set_Top_margine(280);

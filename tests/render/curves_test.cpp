@@ -35,7 +35,8 @@ TEST(Curves, LinesOfAllCurvesComeBeforeTheFirstMarker) {
   test::expect_golden("curves.txt", curves_of(host));
 }
 
-// The pen of a curve is there before its points are looked at, and ticks take what pen is left.
+// The pen width is set before the points are mapped, and the next ticks have the width that is
+// left.
 TEST(Curves, PenStaysWhereARangeCannotBeMapped) {
   TestHost host;
   host.load({0, 5}, {5, 5});
@@ -82,8 +83,8 @@ TEST(Curves, MissingValueLeavesAGap) {
   host.load({0, 1, 2, 3}, {1, nan, 3, 4}, true, true);
   with_limits(host);
   const std::string log = curves_of(host);
-  // The point after the gap is inside, so a segment from the missing one is handed over; a surface
-  // draws nothing of it.
+  // The point after the gap is inside, so a segment from the missing one is passed to the surface,
+  // which draws nothing of it.
   EXPECT_NE(log.find("segment 1840 NaN 2880 6080 1\n"), std::string::npos);
   EXPECT_NE(log.find("segment 2880 6080 3920 5280 1\n"), std::string::npos);
   EXPECT_EQ(log.find("circle 1840"), std::string::npos);

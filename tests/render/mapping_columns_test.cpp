@@ -1,4 +1,4 @@
-// Mapping a column at once is mapping its values one by one, to the last bit.
+// Mapping a column gives the same as mapping its values one by one, to the last bit.
 #include <gtest/gtest.h>
 
 #include <bit>
@@ -51,7 +51,7 @@ void expect_like_single_values(const Mapping& mapping, const std::vector<Double>
     const Double normal_x = mapping.NormX(value), normal_y = mapping.NormY(value);
     ASSERT_EQ(x.inside[i], 0 <= normal_x && normal_x <= 1 ? 1 : 0) << value;
     ASSERT_EQ(y.inside[i], 0 <= normal_y && normal_y <= 1 ? 1 : 0) << value;
-    // Both together are the question whether a point is inside.
+    // Both together decide whether a point is inside.
     ASSERT_EQ((x.inside[i] & y.inside[i]) != 0, mapping.InPlot({value, value})) << value;
   }
 }
@@ -90,8 +90,8 @@ std::vector<Double> ordinary(int count) {
   return values;
 }
 
-const std::vector<Double> kOdd = {0,    -0.0,   -10,       30,  2,      4,     1e300,
-                                  kNaN, 1e-310, kInfinity, 5.5, -1e300, 1e306, -kInfinity};
+const std::vector<Double> kSpecialValues = {
+    0, -0.0, -10, 30, 2, 4, 1e300, kNaN, 1e-310, kInfinity, 5.5, -1e300, 1e306, -kInfinity};
 
 TEST(MappingColumns, AreTheirValuesOneByOne) {
   for (const GraphDocument& document :
@@ -100,15 +100,15 @@ TEST(MappingColumns, AreTheirValuesOneByOne) {
     const Mapping mapping(document, kPlot);
     expect_like_single_values(mapping, ordinary(4099));
     expect_like_single_values(mapping, any_bits(4099));
-    expect_like_single_values(mapping, kOdd);
+    expect_like_single_values(mapping, kSpecialValues);
     expect_inside_like_single_values(mapping, ordinary(4099));
     expect_inside_like_single_values(mapping, any_bits(4099));
-    expect_inside_like_single_values(mapping, kOdd);
+    expect_inside_like_single_values(mapping, kSpecialValues);
   }
 }
 
 TEST(MappingColumns, AreTheirValuesWhereSinglesEnd) {
-  // Values are their own places.
+  // Values are mapped to themselves.
   const Mapping mapping(document_of(0, 1000, 0, 1000), {0, 0, 1000, 1000});
   std::vector<Double> values;
   for (const Double factor : {1.0, 1 + 1e-9, 1 + 2.9e-8, 1 + 3.1e-8, 1.0001, 1 - 1e-9, 0.9999}) {
@@ -118,7 +118,7 @@ TEST(MappingColumns, AreTheirValuesWhereSinglesEnd) {
   expect_like_single_values(mapping, values);
 }
 
-TEST(MappingColumns, OddValuesLeaveTheOthersAsTheyAre) {
+TEST(MappingColumns, SpecialValuesDoNotChangeTheOthers) {
   const Mapping mapping(document_of(-10, 30, 2, 4), kPlot);
   std::vector<Double> values = ordinary(100);
   Mapped before(100), after(100);

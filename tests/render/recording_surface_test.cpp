@@ -45,7 +45,7 @@ TEST(RecordingSurface, WritesWhatIsNoNumber) {
   EXPECT_EQ(surface.log(), "segment Inf -Inf NaN 0 1\n");
 }
 
-// What a surface does that knows nothing faster.
+// The default implementation, for surfaces that override nothing.
 TEST(PlotSurface, PolylineIsItsSegmentsThatAreDrawn) {
   RecordingSurface surface(100, 100);
   const std::vector<Single> x = {1, 2, 3, 4, 5}, y = {10, 20, 30, 40, 50};
