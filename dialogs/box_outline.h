@@ -1,14 +1,14 @@
-// Check boxes that are seen while they are empty.
+// Makes unchecked check boxes visible on dark desktops.
 #pragma once
 
 #include <QPalette>
 
 namespace kurv {
 
-// The toolkit's own style outlines a check box in a shade of the window's colour that is darker
-// still: on a dark desktop nobody sees an empty one. A box that takes its window for grey is seen
-// on any; nothing else of it has to do with that colour.
-inline void outline_boxes(QPalette& palette) {
+// Qt's Fusion style outlines a check box in a darker shade of the window's colour, which is
+// invisible on a dark desktop. With a grey window colour in its palette the outline is visible on
+// any desktop; the style uses that colour for nothing else in a check box.
+inline void outline_check_boxes(QPalette& palette) {
   palette.setColor(QPalette::Window, Qt::gray);
 }
 

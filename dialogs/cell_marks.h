@@ -1,4 +1,4 @@
-// The texts of cells that are not in the data: what is no number, and what was refused.
+// The texts of cells that are not in the data, because they are no numbers or were refused.
 #pragma once
 
 #include <QString>
@@ -7,7 +7,7 @@
 namespace kurv {
 
 // Points and columns count from 1. A point is one of the host's order, so that a mark follows it
-// when the rows are sorted. A column takes memory from its first mark on.
+// when the rows are sorted. The memory of a column is allocated at its first mark.
 class CellMarks {
  public:
   // Forgets all marks.
@@ -18,7 +18,8 @@ class CellMarks {
   }
   int count() const { return m_count; }
 
-  // Null where there is no mark; a cell that was emptied in vain has one with an empty text.
+  // Null where there is no mark. Where the clearing of a cell was refused, the mark's text is
+  // empty.
   const QString* find(int point, int column) const {
     const std::size_t c = static_cast<std::size_t>(column) - 1;
     if (m_count == 0 || c >= m_columns.size() || m_columns[c].empty()) return nullptr;
@@ -27,7 +28,7 @@ class CellMarks {
     return &m_columns[c][i];
   }
 
-  // Both do nothing outside the size.
+  // Both ignore cells outside the size.
   void set(int point, int column, const QString& text) {
     const std::size_t c = static_cast<std::size_t>(column) - 1;
     const std::size_t i = static_cast<std::size_t>(point) - 1;

@@ -5,7 +5,7 @@
 #include <QPixmap>
 #include <algorithm>
 
-#include "dialogs/one_line.h"
+#include "dialogs/single_line_delegate.h"
 
 namespace kurv {
 
@@ -18,7 +18,7 @@ Qt::CheckState state_of(bool ticked) {
 }  // namespace
 
 CheckList::CheckList(QWidget* parent) : QListWidget(parent) {
-  setItemDelegate(new OneLine(this));
+  setItemDelegate(new SingleLineDelegate(this));
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setTextElideMode(Qt::ElideMiddle);
   setUniformItemSizes(true);
@@ -67,7 +67,7 @@ String CheckList::selected_text() const {
   return currentRow() < 0 ? String() : m_entries[row].text;
 }
 
-// On white like the picture, so that a black line is seen on a dark desktop too.
+// On white like the picture, so that a black line is visible on a dark desktop too.
 QIcon CheckList::line_sample(const QColor& colour) const {
   const qreal ratio = devicePixelRatioF();
   QPixmap sample(iconSize() * ratio);
@@ -82,7 +82,7 @@ QIcon CheckList::line_sample(const QColor& colour) const {
       QRectF(box.width() / 8, (box.height() - thickness) / 2, box.width() * 3 / 4, thickness),
       colour);
   painter.end();
-  // The same where the row is selected: a tint would be another curve's colour.
+  // The same pixmap where the row is selected: tinted, it could have another curve's colour.
   QIcon icon;
   for (const QIcon::Mode mode : {QIcon::Normal, QIcon::Selected}) icon.addPixmap(sample, mode);
   return icon;

@@ -1,4 +1,4 @@
-// A list of curves with a box before each: clicking a name selects it, clicking its box ticks it.
+// A list of curves with check boxes: clicking a name selects it, clicking its box ticks it.
 #pragma once
 
 #include <KurvGraph/values.h>
@@ -22,9 +22,9 @@ class CheckList final : public QListWidget {
 
   explicit CheckList(QWidget* parent = nullptr);
 
-  // With the first entry selected.
+  // Replaces the entries and selects the first.
   void fill(const std::vector<Entry>& entries);
-  // Keeps the user's place, and leaves everything alone where nothing has changed.
+  // Replaces the entries and keeps the selected row. Does nothing where the entries are the same.
   void update_to(const std::vector<Entry>& entries);
   void tick_all(bool ticked);
 

@@ -1,4 +1,4 @@
-// The graph that a window serves, as the window sees it.
+// The interface through which a window works on a graph.
 #pragma once
 
 #include <KurvGraph/control.h>
@@ -12,10 +12,10 @@ class Client {
  public:
   virtual ~Client() = default;
   virtual Control& control() = 0;
-  // The host's window that the graph stands in; null where there is none.
+  // The host's window that contains the graph; null where there is none.
   virtual QWidget* window() const = 0;
-  // Does what the user has asked for: what it has drawn becomes visible, and a fault is told as one
-  // of the user's own actions. It may end with the client being gone.
+  // Runs `work` for an action of the user, then shows what it has drawn and reports a fault to the
+  // user. The client may be destroyed meanwhile.
   virtual void handle(const std::function<void(Control&)>& work) = 0;
 };
 

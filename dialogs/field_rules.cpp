@@ -48,7 +48,7 @@ std::optional<Double> axis_limit(std::string_view changed, std::string_view min,
   const std::optional<Double> limit = number(changed);
   const std::optional<Double> low = number(min);
   const std::optional<Double> high = number(max);
-  // Neither an infinite axis nor one from or to NaN has a place for any point.
+  // No point can be mapped to an axis with an infinite limit or a limit of NaN.
   if (!limit || !std::isfinite(*limit) || !low || !high || !(*low < *high)) return std::nullopt;
   return limit;
 }

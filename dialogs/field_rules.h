@@ -1,5 +1,5 @@
-// What the fields of the properties accept. Numbers are read with the graph's decimal separator, so
-// that a field reads what it shows. Nothing: the text is refused.
+// Which texts the fields of the properties accept. Numbers are read with the graph's decimal
+// separator, with which the fields show them. Without a value, the text is refused.
 #pragma once
 
 #include <KurvGraph/values.h>
@@ -9,19 +9,19 @@
 
 namespace kurv {
 
-// 5 to 100 before it is rounded, so 4.9 is refused and 99.5 is 100.
+// 5 to 100, checked before it is rounded: 4.9 is refused, and 99.5 becomes 100.
 std::optional<Integer> tick_count(std::string_view text, char decimal_separator);
-// 10 to 200 twips, likewise.
+// 10 to 200 twips, checked before it is rounded too.
 std::optional<Integer> marker_size(std::string_view text, char decimal_separator);
-// 1 to 4 pixels, likewise.
+// 1 to 4 pixels, checked before it is rounded too.
 std::optional<Integer> line_width(std::string_view text, char decimal_separator);
 
-// Twips for set_margin(), which judges and complains. What is beyond an Integer becomes the nearest
-// one, and what is no number becomes zero, which no margin accepts.
+// Twips for set_margin(), which checks them and shows the message. A number outside the range of an
+// Integer is clamped; what is no number becomes zero, which no margin accepts.
 Integer margin_twips(std::string_view text, char decimal_separator);
 
-// The text of one limit's field, and those of both fields of its axis, of which it is one. A finite
-// number, as long as the minimum is below the maximum.
+// The limit in the field `changed`, which is one of the two fields `min` and `max` of its axis. It
+// has to be finite, and the minimum has to be below the maximum.
 std::optional<Double> axis_limit(std::string_view changed, std::string_view min,
                                  std::string_view max, char decimal_separator);
 

@@ -4,7 +4,7 @@
 
 #include "control/control_state.h"
 #include "control/curve_edits.h"
-#include "dialogs/one_line.h"
+#include "dialogs/single_line_delegate.h"
 #include "model/palette.h"
 #include "render/curves.h"
 
@@ -21,7 +21,7 @@ std::vector<CheckList::Entry> scatter_entries(const GraphDocument& document) {
   return entries;
 }
 
-// Without a sample: every function is drawn in black.
+// Without a line sample, because every function is drawn in black.
 std::vector<CheckList::Entry> function_entries(const GraphDocument& document) {
   std::vector<CheckList::Entry> entries;
   for (const ListedCurve& function : listed_functions(document)) {
@@ -42,7 +42,7 @@ void frmCurves::fill() {
   fill_x_list();
   m_lstScatters->update_to(scatter_entries(document()));
   m_lstFuncs->update_to(function_entries(document()));
-  show_what_is_possible();
+  update_actions();
 }
 
 void frmCurves::fill_x_list() {
@@ -52,13 +52,13 @@ void frmCurves::fill_x_list() {
     m_cmbX->clear();
     while (m_cmbX->count() < static_cast<int>(m_x_names.size())) {
       m_cmbX->addItem({});
-      show_x_choice(m_cmbX->count() - 1);
+      set_x_item(m_cmbX->count() - 1);
     }
   }
   m_cmbX->setCurrentIndex(m_x_names.empty() ? -1 : 0);
 }
 
-void frmCurves::show_x_choice(int index) {
+void frmCurves::set_x_item(int index) {
   const String& name = m_x_names[static_cast<std::size_t>(index)];
   m_cmbX->setItemData(index, name_tip(name), Qt::ToolTipRole);
   m_cmbX->setItemText(index, on_one_line(name));
@@ -66,15 +66,15 @@ void frmCurves::show_x_choice(int index) {
 
 void frmCurves::fill_scatter_list() {
   m_lstScatters->fill(scatter_entries(document()));
-  show_what_is_possible();
+  update_actions();
 }
 
 void frmCurves::fill_function_list() {
   m_lstFuncs->fill(function_entries(document()));
-  show_what_is_possible();
+  update_actions();
 }
 
-void frmCurves::show_what_is_possible() {
+void frmCurves::update_actions() {
   const bool has_curves = document().NumY > 0;
   m_cmbX->setEnabled(m_cmbX->count() > 0);
   m_cmdYTitle->setEnabled(m_lstScatters->currentRow() >= 0);
@@ -86,15 +86,15 @@ void frmCurves::show_what_is_possible() {
 
 // -- Handlers -------------------------------------------------------------------------------------
 
-// cmbX keeps the order in which it was opened: with the new x moved up to the front, the arrow keys
-// would go back and forth between two columns.
+// cmbX keeps its order: if the new x moved to the front, the arrow keys would go back and forth
+// between two columns.
 void frmCurves::choose_x(int index) {
   const String name = m_x_names[static_cast<std::size_t>(index)];
   if (!handle([&name](Control& control) { kurv::choose_x(control.state(), name); })) return;
   fill_quietly([this] { fill_scatter_list(); });
 }
 
-// The toolkit does not select the row whose box is clicked.
+// Qt does not select the row whose check box is clicked.
 void frmCurves::tick_scatter(QListWidgetItem* item) {
   if (is_filling()) return;
   m_lstScatters->setCurrentItem(item);
@@ -130,18 +130,18 @@ void frmCurves::rename() {
   const String name = curve_name(document(), curve);
   if (name == old_name) return;
   fill_quietly([&] {
-    rename_x_choice(old_name, name);
+    rename_x_item(old_name, name);
     fill_scatter_list();
   });
 }
 
-// The first of that name, whichever column it stands for; deliberate.
-void frmCurves::rename_x_choice(const String& old_name, const String& name) {
+// Renames the first item of that name, as choose_x() takes the first column of a name.
+void frmCurves::rename_x_item(const String& old_name, const String& name) {
   const auto choice = std::find(m_x_names.begin(), m_x_names.end(), old_name);
   if (choice == m_x_names.end()) return;
   const auto index = static_cast<int>(choice - m_x_names.begin());
   *choice = name;
-  show_x_choice(index);
+  set_x_item(index);
 }
 
 void frmCurves::edit_x_title() {

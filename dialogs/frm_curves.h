@@ -1,9 +1,10 @@
 // The window in which the user manages the curves of one graph: which column is x, which curves are
 // shown, what they are called, and which functions and derived curves are added.
 //
-// A row of a list stands for the curve or function at its place, counted from 1. Deliberate, and
-// why names are expected not to be empty: a curve without one has no row, and the rows behind it
-// then stand for the curves before those that they name.
+// Row i of a list changes curve or function i, counted from 1. A curve with an empty name has no
+// row, so the rows after it change the curve before the one that they show; hosts therefore have to
+// give every curve a name. Rows are numbered, not named,
+// because names need not be unique.
 #pragma once
 
 #include <QComboBox>
@@ -38,11 +39,11 @@ class frmCurves final : public GraphWindow {
   // -- Filling ----------------------------------------------------------------------------------
   const GraphDocument& document() const;
   void fill_x_list();
-  void show_x_choice(int index);
+  void set_x_item(int index);
   void fill_scatter_list();
   void fill_function_list();
-  void rename_x_choice(const String& old_name, const String& name);
-  void show_what_is_possible();
+  void rename_x_item(const String& old_name, const String& name);
+  void update_actions();
 
   // -- Handlers ---------------------------------------------------------------------------------
   void choose_x(int index);

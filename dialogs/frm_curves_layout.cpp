@@ -1,5 +1,5 @@
-// How the window of the curves is laid out. No letter marks two of its controls, whichever tab is
-// in front.
+// The layout of the window of the curves. Each mnemonic is unique among its visible controls, on
+// either tab.
 #include <QAbstractItemView>
 #include <QComboBox>
 #include <QGridLayout>
@@ -12,7 +12,7 @@
 #include <QVBoxLayout>
 
 #include "dialogs/frm_curves.h"
-#include "dialogs/one_line.h"
+#include "dialogs/single_line_delegate.h"
 
 namespace kurv {
 
@@ -76,7 +76,7 @@ frmCurves::frmCurves(QWidget* parent) : GraphWindow(parent) {
   m_lstScatters->setFocus();
 }
 
-// No button is pressed by the Enter key of another control.
+// No button is a default button, so the Enter key in another control presses none.
 QPushButton* frmCurves::new_button(const char* name, const char* caption,
                                    void (frmCurves::*clicked)()) {
   auto* const button = named(new QPushButton(QString::fromUtf8(caption)), name);
@@ -99,7 +99,7 @@ QWidget* frmCurves::new_x_group() {
   m_cmbX->setAccessibleName(QStringLiteral("X variable"));
   m_cmbX->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   m_cmbX->setMinimumContentsLength(kXChars);
-  m_cmbX->setItemDelegate(new OneLine(m_cmbX));
+  m_cmbX->setItemDelegate(new SingleLineDelegate(m_cmbX));
   m_cmbX->view()->setTextElideMode(Qt::ElideMiddle);
   auto* const label = named(new QLabel(QStringLiteral("&X variable:")), "Label1");
   label->setBuddy(m_cmbX);
@@ -136,7 +136,7 @@ QWidget* frmCurves::new_function_page() {
   QPushButton* const colour = new_button("cmdFuncColor", "C&olour…", nullptr);
   add->setToolTip(QStringLiteral("Draw an expression of x"));
   m_cmdEditFunc->setToolTip(QStringLiteral("Change the selected expression (F2)"));
-  // They stand for what functions do not have; deliberate.
+  // Disabled, with tool tips that say why: users look for these settings here.
   label->setEnabled(false);
   label->setToolTip(QStringLiteral("Functions have no name but their expression"));
   colour->setEnabled(false);

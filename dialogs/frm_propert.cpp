@@ -37,7 +37,7 @@ QPushButton* new_button(QHBoxLayout& row, const char* name, const char* caption)
   return button;
 }
 
-// Scrolls where the screen is too small for its page, and looks as if it did not.
+// Scrolls where the screen is too small for its page, without a frame or a background of its own.
 class Scroller final : public QScrollArea {
  public:
   explicit Scroller(QWidget* page) {
@@ -46,12 +46,12 @@ class Scroller final : public QScrollArea {
     setFocusPolicy(Qt::NoFocus);
     setWidget(page);
     setFocusProxy(page);
-    // The colour of the tab shows through.
+    // Without a background of their own they have that of the tab.
     viewport()->setAutoFillBackground(false);
     page->setAutoFillBackground(false);
   }
 
-  // All of the page; the toolkit would rather scroll than ask for that much.
+  // The size of the whole page; QScrollArea would limit it and scroll instead.
   QSize sizeHint() const override { return widget()->sizeHint(); }
 };
 
@@ -83,7 +83,7 @@ frmPropert::frmPropert(QWidget* parent) : GraphWindow(parent), m_tabs(new QTabWi
   connect(apply, &QPushButton::clicked, this,
           [this] { edit([](Control& control) { control.build_the_graph(); }); });
   connect(close, &QPushButton::clicked, this, &frmPropert::reject);
-  // Large fonts may ask for more of the screen than the toolkit gives a window by itself.
+  // With large fonts the window may be larger than Qt's default limit, two thirds of the screen.
   resize(sizeHint().boundedTo(screen()->availableSize()));
 }
 
@@ -94,7 +94,7 @@ void frmPropert::add_page(const char* caption, void (*build)(PropertPage&)) {
   m_tabs->addTab(new Scroller(page), QString::fromUtf8(caption));
 }
 
-// What was being typed would otherwise be applied over the limits and margins that are restored.
+// Text that is being typed must not be applied over the limits and margins that are restored.
 void frmPropert::restore() {
   if (!edit([](Control& control) { control.Restore_Grf(); })) return;
   for (QLineEdit* box : findChildren<QLineEdit*>()) box->setModified(false);
@@ -113,7 +113,7 @@ void frmPropert::show_page(Integer page) {
 void frmPropert::done(int result) {
   const QPointer<frmPropert> alive(this);
   if (QWidget* const field = focusWidget()) field->clearFocus();
-  // A margin that is still to be applied would come too late: a closed window has no client.
+  // A margin's queued slot runs now, because a closed window has no client to apply it to.
   QCoreApplication::sendPostedEvents(m_pages.front(), QEvent::MetaCall);
   if (alive) GraphWindow::done(result);
 }

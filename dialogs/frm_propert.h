@@ -1,7 +1,7 @@
-// The window in which the user sets what the graph looks like.
+// The window in which the user sets the properties of a graph.
 //
 // Every change goes into the graph at once and is drawn; there is no cancel. The fields are found
-// by their object names; of those that come in numbers, the number stands behind an underscore:
+// by their object names; those of a group have their number after an underscore:
 // txtXAxis_1 and txtYAxis_1 are the maxima, txtXAxis_2 and txtYAxis_2 the minima; cmdFonts_0 is the
 // font of the axes, cmdFonts_1 that of the title, cmdFonts_2 that of the subtitle.
 #pragma once
@@ -22,10 +22,10 @@ class frmPropert final : public GraphWindow {
  public:
   explicit frmPropert(QWidget* parent);
 
-  // For the pages: handle(), see there.
+  // handle() for the pages.
   bool edit(const std::function<void(Control&)>& work) { return handle(work); }
 
-  // A margin that has been typed and not entered is applied first.
+  // First applies a margin that has been typed but not entered.
   void done(int result) override;
 
  protected:

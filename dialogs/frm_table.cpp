@@ -27,15 +27,15 @@ constexpr const char* kBoxTitle = "KURV Guide";
 constexpr int kAskBeforeReplacing = 2;
 enum EditItem { kCut, kCopy, kPaste, kDelete };
 
-// The first size shows so much of a large table.
+// How much of a large table the initial size shows.
 constexpr int kRowsShown = 20;
 constexpr int kColumnsShown = 8;
-// Column widths, in characters, and how many rows have a say in them.
+// Column widths, in characters, and how many rows are measured for them.
 constexpr int kNarrowColumn = 8;
 constexpr int kWideColumn = 24;
 constexpr int kRowsMeasured = 50;
 
-// A redraw by somebody else must not take from an editor what has just been typed into it.
+// A refill after a redraw by the host must not overwrite what is being typed in an editor.
 class CellDelegate final : public QStyledItemDelegate {
  public:
   using QStyledItemDelegate::QStyledItemDelegate;
@@ -44,7 +44,8 @@ class CellDelegate final : public QStyledItemDelegate {
     if (line && line->isModified()) return;
     QStyledItemDelegate::setEditorData(editor, index);
   }
-  // Whoever only looks into a cell has typed nothing, even where its text would not be taken.
+  // An editor that was opened and closed without typing changes nothing, even if its text is no
+  // number.
   void setModelData(QWidget* editor, QAbstractItemModel* model,
                     const QModelIndex& index) const override {
     const auto* const line = qobject_cast<const QLineEdit*>(editor);
@@ -53,8 +54,8 @@ class CellDelegate final : public QStyledItemDelegate {
   }
 };
 
-// Long names end in an ellipsis; the toolkit would cut them off on both sides. Selected columns
-// have theirs in bold letters, and no name may change with that.
+// Elides long names at their ends; Qt would clip them on both sides. Selected columns have bold
+// names, so the bold width is used for all, and selecting a column does not change its name.
 class NameHeader final : public QHeaderView {
  public:
   explicit NameHeader(QWidget* parent) : QHeaderView(Qt::Horizontal, parent) {
@@ -88,25 +89,25 @@ frmTable::frmTable(QWidget* parent)
   setWindowTitle(tr("Data Table"));
   setWindowFlag(Qt::WindowMaximizeButtonHint);
   setSizeGripEnabled(true);
-  set_up_grid();
+  init_grid();
   auto* const layout = new QVBoxLayout(this);
   layout->setMenuBar(new_menu_bar());
   layout->addWidget(m_grid);
   layout->addWidget(new_bottom_line());
-  connect(&m_model, &TableModel::typed, this, &frmTable::take_typed);
+  connect(&m_model, &TableModel::typed, this, &frmTable::commit_typed);
 }
 
-void frmTable::set_up_grid() {
+void frmTable::init_grid() {
   m_grid->setObjectName(QStringLiteral("grdTable"));
   m_grid->setAccessibleName(tr("Data table: a row for each point, columns for x and the curves"));
   m_grid->setItemDelegate(new CellDelegate(m_grid));
   m_grid->setModel(&m_model);
-  // The lines between the cells all but vanish on dark desktops.
+  // The grid lines are hardly visible on dark desktops.
   m_grid->setAlternatingRowColors(true);
   m_grid->setSelectionMode(QAbstractItemView::ContiguousSelection);
   m_grid->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed |
                           QAbstractItemView::AnyKeyPressed);
-  // The arrow keys walk the cells, so that the tab key can leave them.
+  // The arrow keys move between the cells, so that the Tab key can leave the table.
   m_grid->setTabKeyNavigation(false);
   m_grid->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
   m_grid->setHorizontalHeader(new NameHeader(m_grid));
@@ -142,7 +143,7 @@ QWidget* frmTable::new_bottom_line() {
   m_status->setBuddy(m_grid);
   auto* const exit = new QPushButton(tr("&Close"), line);
   exit->setObjectName(QStringLiteral("cmdExit"));
-  // Enter belongs to the cells.
+  // The Enter key is for the cells.
   exit->setAutoDefault(false);
   connect(exit, &QPushButton::clicked, this, &frmTable::cmdExit_Click);
   auto* const layout = new QHBoxLayout(line);
@@ -168,7 +169,7 @@ void frmTable::fit_columns() {
   }
 }
 
-// A first size that suits the data; one that the user has given the window stays.
+// Sets an initial size that suits the data, unless the user has resized the window.
 void frmTable::resize_table_form() {
   if (testAttribute(Qt::WA_Resized)) return;
   ensurePolished();
@@ -212,11 +213,12 @@ void frmTable::changeEvent(QEvent* event) {
 
 // -- Commands -------------------------------------------------------------------------------------
 
-// What is being typed in a cell belongs to the table before a command looks at it.
+// Setting the focus closes the editor, so that what is being typed is in the table before a command
+// reads it.
 void frmTable::mnuFileItem_Click() {
   m_grid->setFocus();
   const QPointer<frmTable> alive = this;
-  const bool is_here = handle([&](Control& control) {
+  const bool is_still_open = handle([&](Control& control) {
     const Client* const asked_for = client();
     const FileChoice choice = control.state().shell.save_file(
         {"Save table File", "Text files (*.txt)|*.txt|All files (*.*)|*.*", "txt", "",
@@ -227,13 +229,13 @@ void frmTable::mnuFileItem_Click() {
         choice.path, m_model.rowCount(), m_model.columnCount(),
         [this](String& text, int row, int column) { m_model.append_cell(text, row, column); });
   });
-  if (is_here) fill();
+  if (is_still_open) fill();
 }
 
 void frmTable::mnuEditItem_Click(int index) {
   if (index < kCut || index > kDelete) {
     const QPointer<frmTable> alive = this;
-    tell({{"Error : illegal Edit command.", kExclamation}});
+    show_messages({{"Error : illegal Edit command.", kExclamation}});
     if (!alive) return;
   }
   edit(index);
@@ -252,8 +254,8 @@ void frmTable::edit(int index) {
   if (index == kPaste) paste(block);
   if (index != kCut && index != kDelete) return;
   const std::optional<TableModel::Outcome> outcome =
-      enter([&](const PutCell& put) { put_empty(block, put); });
-  if (outcome && outcome->refusal) tell({{*outcome->refusal, kCriticalStop}});
+      commit([&](const SetCell& set) { clear_block(block, set); });
+  if (outcome && outcome->refusal) show_messages({{*outcome->refusal, kCriticalStop}});
 }
 
 void frmTable::copy(const CellBlock& block) {
@@ -265,16 +267,16 @@ void frmTable::copy(const CellBlock& block) {
   clipboard->setText(QString::fromStdString(text));
 }
 
-// The block's first cell is where a paste begins, wherever the selection was begun.
+// A paste begins at the top left cell of the selection, whichever cell is the current one.
 void frmTable::paste(const CellBlock& block) {
   const QMimeData* const offered = QApplication::clipboard()->mimeData();
-  // A picture is no text; an empty text is an empty cell that was copied.
+  // A picture has no text. An empty text is pasted: it comes from copying an empty cell.
   if (!offered || !offered->hasText()) return;
   const String text = offered->text().toStdString();
   bool left_out = false;
-  const std::optional<TableModel::Outcome> outcome = enter([&](const PutCell& put) {
-    left_out = put_text(text, block.first_row, block.first_column, m_model.rowCount(),
-                        m_model.columnCount(), put);
+  const std::optional<TableModel::Outcome> outcome = commit([&](const SetCell& set) {
+    left_out = paste_text(text, block.first_row, block.first_column, m_model.rowCount(),
+                          m_model.columnCount(), set);
   });
   if (!outcome) return;
   std::vector<Message> messages;
@@ -285,20 +287,20 @@ void frmTable::paste(const CellBlock& block) {
   if (left_out) {
     messages.push_back({"Note that some data has not been pasted in this action.", kExclamation});
   }
-  tell(messages);
+  show_messages(messages);
 }
 
-// The toolkit is still busy with the cell's editor, and a message may end with the window being
-// gone, so it has to wait.
-void frmTable::take_typed(int row, int column, const QString& text) {
+// The message is queued: Qt is still closing the cell's editor, and the window may be destroyed
+// while a message box is open.
+void frmTable::commit_typed(int row, int column, const QString& text) {
   const String typed = text.trimmed().toStdString();
   const std::optional<TableModel::Outcome> outcome =
-      enter([&](const PutCell& put) { put(row, column, typed); });
+      commit([&](const SetCell& set) { set(row, column, typed); });
   if (!outcome || !outcome->refusal) return;
   QMetaObject::invokeMethod(
       this,
       [this, refusal = *outcome->refusal] {
-        tell({{refusal, kCriticalStop}});
+        show_messages({{refusal, kCriticalStop}});
       },
       Qt::QueuedConnection);
 }
@@ -320,31 +322,32 @@ CellBlock frmTable::selected_block() const {
   return block;
 }
 
-std::optional<TableModel::Outcome> frmTable::enter(const PutCells& put_cells) {
+std::optional<TableModel::Outcome> frmTable::commit(const SetCells& set_cells) {
   std::optional<TableModel::Outcome> outcome;
-  const bool is_here = handle([&](Control& control) {
-    // Data that came unnoticed are shown first: nobody has chosen cells of theirs.
-    // What a failing redraw leaves undone is the client's to tell; the rest is told all the same.
-    if (m_model.is_current()) m_model.enter(control.state(), put_cells, outcome.emplace());
+  const bool is_still_open = handle([&](Control& control) {
+    // Where the data have been replaced since the last fill, nothing is written: the user has
+    // selected cells of the old data. The outcome is set before a redraw can throw: the client
+    // reports the fault, and the caller shows the messages.
+    if (m_model.is_current()) m_model.commit(control.state(), set_cells, outcome.emplace());
   });
-  if (!is_here) return std::nullopt;
+  if (!is_still_open) return std::nullopt;
   fill();
   return outcome;
 }
 
-void frmTable::tell(const std::vector<Message>& messages) {
+void frmTable::show_messages(const std::vector<Message>& messages) {
   if (messages.empty()) return;
   const QPointer<frmTable> alive = this;
-  const bool is_here = handle([&](Control& control) {
+  const bool is_still_open = handle([&](Control& control) {
     const Client* const asked_for = client();
     for (const Message& message : messages) {
       control.state().shell.message_box(message.text, message.flags, kBoxTitle);
-      // Nobody wants to hear more about a table that was left while the box was open.
+      // No further messages about a table that was closed while the box was open.
       if (!alive || client() != asked_for) return;
     }
   });
-  // While a box was open this window was told of no change.
-  if (is_here) fill();
+  // Changes that were made while a box was open have not been shown yet.
+  if (is_still_open) fill();
 }
 
 }  // namespace kurv

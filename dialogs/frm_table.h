@@ -12,16 +12,16 @@ class QMenuBar;
 
 namespace kurv {
 
-// The data as a grid, which edits them through the keyboard and the clipboard and saves them as
-// text.
+// The window with the data as a grid. The user edits them by keyboard and clipboard, and saves them
+// as text.
 class frmTable final : public GraphWindow {
   Q_OBJECT
 
  public:
   explicit frmTable(QWidget* parent);
 
-  // Asks for a file and writes what the grid shows. A file that cannot be written is told as a
-  // fault of the client.
+  // Asks for a file and writes what the grid shows. The client reports a file that cannot be
+  // written.
   void mnuFileItem_Click();
   // 0 cut, 1 copy, 2 paste, 3 delete.
   void mnuEditItem_Click(int index);
@@ -39,7 +39,7 @@ class frmTable final : public GraphWindow {
 
   QMenuBar* new_menu_bar();
   QWidget* new_bottom_line();
-  void set_up_grid();
+  void init_grid();
   void resize_table_form();
   void fit_columns();
   void fit_rows();
@@ -48,11 +48,12 @@ class frmTable final : public GraphWindow {
   void edit(int index);
   void copy(const CellBlock& block);
   void paste(const CellBlock& block);
-  void take_typed(int row, int column, const QString& text);
+  void commit_typed(int row, int column, const QString& text);
   CellBlock selected_block() const;
-  // Nothing where it was not done, or the window may be gone; then touch nothing any more.
-  std::optional<TableModel::Outcome> enter(const PutCells& put_cells);
-  void tell(const std::vector<Message>& messages);
+  // Nothing where it was not done or the window may be gone; then the caller must not use any
+  // member.
+  std::optional<TableModel::Outcome> commit(const SetCells& set_cells);
+  void show_messages(const std::vector<Message>& messages);
 
   TableModel m_model{*this};
   QTableView* m_grid;

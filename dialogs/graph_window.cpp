@@ -18,8 +18,8 @@ void GraphWindow::init(Integer page) {
 
 void GraphWindow::refill() {
   if (!m_client || m_filling) return;
-  // The client tells of a handler's own changes when the work is over. One that tells of changes
-  // earlier tells of another's, made while a prompt of the work was open.
+  // The client reports a handler's own changes after the work. A report during the work is about a
+  // change by others, made while a modal prompt of the work was open.
   if (m_handling) {
     m_outdated = m_outdated || m_working;
     return;
@@ -44,7 +44,7 @@ bool GraphWindow::handle(const std::function<void(Control&)>& work) {
   if (!alive) return false;
   m_handling = was_handling;
   m_working = was_working;
-  // A box that the graph has shown gives the focus back to the host's window, not to this one.
+  // A message box of the graph returns the focus to the host's window, not to this one.
   if (was_active && isVisible() && !isActiveWindow()) activateWindow();
   if (m_client != client) return false;
   if (!m_handling && std::exchange(m_outdated, false)) fill_quietly([this] { fill(); });

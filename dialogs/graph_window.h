@@ -1,4 +1,4 @@
-// What the three windows have in common: a client, and the rule that filling is not editing.
+// The base class of the three windows: it has a client, and filling the window is not an edit.
 #pragma once
 
 #include <KurvGraph/control.h>
@@ -17,26 +17,27 @@ class GraphWindow : public QDialog {
   explicit GraphWindow(QWidget* parent) : QDialog(parent) {}
 
   Client* client() const { return m_client; }
-  // Null: the graph is gone, or serves another window; nothing that the user does has an effect.
+  // Null: the graph is gone or the window is unloaded; then no action of the user has an effect.
   void set_client(Client* client) { m_client = client; }
 
-  // Shows the client's graph, and the tab of this page first where there are tabs. No handler fires
-  // meanwhile.
+  // Shows the client's graph, and the tab of this page where there are tabs. Calls no handler.
   void init(Integer page);
-  // Someone has changed the client's graph. What this window changes itself its handlers show; what
-  // others change while a handler waits for an answer of the user is shown after it.
+  // To be called after the client's graph has changed. Changes by this window are shown by its
+  // handlers; changes by others that are made while a handler is in a modal prompt are shown after
+  // it.
   void refill();
 
  protected:
-  // What init() and refill() do.
+  // Called by init() and refill().
   virtual void fill() = 0;
   virtual void show_page(Integer page);
 
-  // For handlers: does the work on the client's graph, unless the window is being filled or has no
-  // client. False where it was not done, or the client is gone; then touch nothing any more.
+  // For handlers: runs `work` on the client's graph, unless the window is being filled or has no
+  // client. False where it was not run or the client is gone; then the caller must not use any
+  // member.
   bool handle(const std::function<void(Control&)>& work);
   bool is_filling() const { return m_filling; }
-  // For handlers that refill a part of the window: no handler fires meanwhile.
+  // For handlers that refill a part of the window: runs `filling`, which calls no handler.
   void fill_quietly(const std::function<void()>& filling);
 
  private:

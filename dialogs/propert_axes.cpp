@@ -19,7 +19,7 @@ struct Limit {
   void (Control::*set)(Double);
 };
 
-// What one axis has and the other has too.
+// The fields of one axis.
 struct Axis {
   const char* frame;
   const char* caption;
@@ -87,8 +87,9 @@ QLineEdit* limit_box(PropertPage& page, const Limit& limit) {
   return box;
 }
 
-// Only the limit whose text has changed is stored, and nothing is drawn, because an axis on its way
-// from one range to another would be drawn over and over.
+// Stores only the limit whose text has changed, and does not redraw: moving an axis to another
+// range takes many keystrokes, and each would draw the graph with a range that the user does not
+// want.
 void store_changes(PropertPage& page, QLineEdit* changed, QLineEdit* min, QLineEdit* max,
                    const Limit& limit) {
   QObject::connect(changed, &QLineEdit::textChanged, &page, [=, &page, &limit] {
@@ -151,7 +152,7 @@ void build_axes_page(PropertPage& page) {
   grid->addLayout(lines, 1, 2);
   grid->setColumnStretch(0, 1);
   grid->setColumnStretch(2, 1);
-  // What belongs to one axis keeps clear of the other.
+  // A gap between the two axes.
   grid->setColumnMinimumWidth(1, page.fontMetrics().averageCharWidth() * 2);
   grid->setRowStretch(2, 1);
   page.setFocusProxy(page.findChild<QLineEdit*>(QLatin1String(kX.min.name)));

@@ -14,8 +14,8 @@ namespace {
 
 using MarginOf = Integer (Control::*)() const;
 
-// The new limits have to be there before the graph is drawn; a redraw alone never computes them.
-void turn_autoscale(Control& control, Boolean on) {
+// Computes the limits before the redraw, which does not compute them.
+void set_autoscale(Control& control, Boolean on) {
   control.set_Autoscale(on);
   ControlState& state = control.state();
   if (on) basKurvGraph01::compute_axis_range(state.document, *state.services.numeric);
@@ -23,8 +23,8 @@ void turn_autoscale(Control& control, Boolean on) {
 }
 
 // The message about a refused margin takes the focus from the box, which then asks for the margin
-// to be applied once more, when the text no longer counts as changed. The box may be gone when the
-// message is.
+// to be applied once more, when the text no longer counts as changed. The box may be destroyed
+// while the message is open.
 void apply_margin(Control& control, QLineEdit* box, Margin margin, MarginOf get) {
   const QPointer<QLineEdit> held(box);
   box->setModified(false);
@@ -44,7 +44,8 @@ QLineEdit* margin_box(PropertPage& page, const char* name, const char* descripti
     if (!box->isModified()) return;
     page.edit([=](Control& control) { apply_margin(control, box, margin, get); });
   };
-  // Queued, so that no message is open inside the box's own code, under which the window may go.
+  // Queued, so that a message is not opened from the box's own event handler: the window may be
+  // destroyed while it is open.
   QObject::connect(box, &QLineEdit::editingFinished, &page, apply, Qt::QueuedConnection);
   return box;
 }
@@ -70,7 +71,7 @@ QGroupBox* margins(PropertPage& page) {
   add("Label5", "R&ight:",
       margin_box(page, "txtMarginRight", "Right margin in twips", Margin::kRight,
                  &Control::Right_margine));
-  // The two columns of captions keep clear of each other.
+  // A gap between the two columns.
   grid->setColumnMinimumWidth(2, frame->fontMetrics().averageCharWidth() * 2);
   return frame;
 }
@@ -84,8 +85,8 @@ void build_general_page(PropertPage& page) {
   rows->addWidget(sort);
   rows->addWidget(page.check_box("chkConnected", "Co&nnect the points with lines",
                                  &Control::Connected, store_and_draw(&Control::set_Connected)));
-  QCheckBox* const autoscale = page.check_box("chkAutoScale", "Limits &follow the data",
-                                              &Control::Autoscale, turn_autoscale);
+  QCheckBox* const autoscale =
+      page.check_box("chkAutoScale", "Limits &follow the data", &Control::Autoscale, set_autoscale);
   QObject::connect(autoscale, &QCheckBox::toggled, &page, &PropertPage::refill);
   rows->addWidget(autoscale);
   rows->addWidget(margins(page));

@@ -16,15 +16,15 @@ namespace {
 
 constexpr int kLightRed = 12;
 
-// The base stays white on dark desktops, because the text is black or light red on any.
-void show_judgement(QLineEdit& box, bool accepted) {
+// The base is white on dark desktops too, because the text is always black or light red.
+void show_validity(QLineEdit& box, bool accepted) {
   QPalette colours = box.palette();
   colours.setColor(QPalette::Base, QColor::fromRgb(palette_rgb(kWhite)));
   colours.setColor(QPalette::Text, QColor::fromRgb(palette_rgb(accepted ? kBlack : kLightRed)));
   box.setPalette(colours);
 }
 
-void name_it(QWidget& widget, const char* name) {
+void set_object_name(QWidget& widget, const char* name) {
   widget.setObjectName(QLatin1String(name));
 }
 
@@ -68,7 +68,7 @@ void PropertPage::refill() {
 
 QLineEdit* PropertPage::text_box(const char* name, const char* description, Shown shown) {
   auto* const box = new QLineEdit(this);
-  name_it(*box, name);
+  set_object_name(*box, name);
   box->setAccessibleName(QString::fromUtf8(description));
   on_filling(
       [box, shown = std::move(shown)](Control& control) { show_text(*box, shown(control)); });
@@ -82,12 +82,12 @@ QLineEdit* PropertPage::number_box(const char* name, const char* description,
     return shown_number(control, (control.*get)());
   });
   on_filling([box](Control&) {
-    if (!is_being_typed(*box)) show_judgement(*box, true);
+    if (!is_being_typed(*box)) show_validity(*box, true);
   });
   connect(box, &QLineEdit::textChanged, this, [this, box, get, set, rule] {
     edit([&](Control& control) {
       const std::optional<Integer> number = rule(text_of(*box), control.decimal_separator());
-      show_judgement(*box, number.has_value());
+      show_validity(*box, number.has_value());
       if (!number) return;
       (control.*set)(*number);
       finish_text(*box, shown_number(control, (control.*get)()));
@@ -101,10 +101,10 @@ QCheckBox* PropertPage::check_box(const char* name, const char* caption,
                                   std::function<Boolean(Control&)> is_on,
                                   std::function<void(Control&, Boolean)> turn) {
   auto* const box = new QCheckBox(QString::fromUtf8(caption), this);
-  name_it(*box, name);
-  // All other colours go on following the desktop's.
+  set_object_name(*box, name);
+  // The other colours still follow those of the desktop.
   QPalette colours;
-  outline_boxes(colours);
+  outline_check_boxes(colours);
   box->setPalette(colours);
   on_filling(
       [box, is_on = std::move(is_on)](Control& control) { box->setChecked(bool(is_on(control))); });
@@ -118,13 +118,13 @@ QComboBox* PropertPage::list_box(const char* name, const char* description,
                                  const QStringList& items, Shown shown,
                                  std::function<void(Control&, const String&)> choose) {
   auto* const box = new QComboBox(this);
-  name_it(*box, name);
+  set_object_name(*box, name);
   box->setAccessibleName(QString::fromUtf8(description));
   box->addItems(items);
   on_filling([box, shown = std::move(shown)](Control& control) {
     const QString text = shown(control);
     box->setCurrentIndex(box->findText(text));
-    // Seen only while no item is chosen.
+    // Visible only while no item is chosen.
     box->setPlaceholderText(text);
   });
   connect(box, &QComboBox::currentTextChanged, this,
@@ -136,21 +136,21 @@ QComboBox* PropertPage::list_box(const char* name, const char* description,
 
 QPushButton* PropertPage::button(const char* name, const char* caption) {
   auto* const button = new QPushButton(QString::fromUtf8(caption), this);
-  name_it(*button, name);
+  set_object_name(*button, name);
   button->setAutoDefault(false);
   return button;
 }
 
 QLabel* PropertPage::label(const char* name, const char* caption, QWidget* buddy) {
   auto* const label = new QLabel(QString::fromUtf8(caption), this);
-  name_it(*label, name);
+  set_object_name(*label, name);
   label->setBuddy(buddy);
   return label;
 }
 
 QGroupBox* PropertPage::frame(const char* name, const char* caption) {
   auto* const frame = new QGroupBox(QString::fromUtf8(caption), this);
-  name_it(*frame, name);
+  set_object_name(*frame, name);
   return frame;
 }
 

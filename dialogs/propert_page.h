@@ -23,9 +23,8 @@ namespace kurv {
 
 class frmPropert;
 
-// Each field has a name, by which it is found, and a caption or a description of itself for people
-// who do not see where it stands. The functions make it a child of the page; layouts are the
-// builder's business.
+// Each field has an object name, and a caption or an accessible description for screen readers. The
+// functions make it a child of the page; the builder of the page adds it to a layout.
 class PropertPage final : public QWidget {
  public:
   using Work = std::function<void(Control&)>;
@@ -34,16 +33,16 @@ class PropertPage final : public QWidget {
 
   explicit PropertPage(frmPropert& window) : m_window(window) {}
 
-  // What the fields show now is what the graph says, but for one that is being typed in.
+  // Sets all fields from the graph, except one that is being typed in.
   void fill(Control& control);
   // See GraphWindow::handle().
   bool edit(const Work& work);
-  // All fields show the graph again, for a change that reaches other fields.
+  // Sets all fields of the window again, after a change that affects other fields.
   void refill();
-  // `show` runs whenever the window is filled.
+  // `show` is called whenever the window is filled.
   void on_filling(Work show) { m_shows.push_back(std::move(show)); }
 
-  // Has no handler yet.
+  // Without a handler; the caller connects one.
   QLineEdit* text_box(const char* name, const char* description, Shown shown);
   // On every change of the text, `set` is called with a number that the rule accepts and the graph
   // is drawn; the text is red while the rule refuses it.
@@ -64,7 +63,7 @@ class PropertPage final : public QWidget {
   std::vector<Work> m_shows;
 };
 
-// What most fields do with a new value.
+// The handler of most fields: stores the new value and redraws.
 template <class Value>
 auto store_and_draw(void (Control::*set)(Value)) {
   return [set](Control& control, Value value) {
@@ -73,14 +72,14 @@ auto store_and_draw(void (Control::*set)(Value)) {
   };
 }
 
-// As the graph's user writes it.
+// The number with the graph's decimal separator.
 QString shown_number(const Control& control, Double value);
-// Whether the user is in the middle of a text that the graph has not taken as it stands. A host
-// that draws its graph again and again would otherwise never let anybody finish one.
+// Whether the user has typed a text that is not stored in the graph yet. Such a box is not filled,
+// or a host that redraws repeatedly would overwrite the text before it is finished.
 bool is_being_typed(const QLineEdit& box);
-// The graph shows `shown` for what the box says; where that is the box's text, it is finished.
+// Marks the text as stored where it is the same as `shown`, the stored value as text.
 void finish_text(QLineEdit& box, const QString& shown);
-// Leaves the cursor alone where the text is there already, and a text alone that is being typed.
+// Keeps the cursor where the text is the same, and does nothing where it is being typed.
 void show_text(QLineEdit& box, const QString& text);
 std::string text_of(const QLineEdit& box);
 

@@ -1,6 +1,5 @@
-// What stands on each page of the properties. The letters marked in captions are free to repeat
-// between pages, but none may be one of the tabs' or of the buttons that all pages share: G, T, X,
-// L, R, A, C.
+// The builders of the pages of the properties. Mnemonics may repeat between pages, but none may be
+// one of the tabs or of the buttons below them: G, T, X, L, R, A, C.
 #pragma once
 
 #include "dialogs/propert_page.h"

@@ -30,7 +30,7 @@ QPushButton* font_button(PropertPage& page, const char* name, const char* captio
     page.window()->setCursor(Qt::WaitCursor);
     const QPointer<QWidget> window(page.window());
     page.edit([font](Control& control) { control.prompt(font); });
-    // The window may be gone; and a prompt that fails leaves no hourglass behind.
+    // The window may be gone. The cursor is restored also where the prompt has failed.
     if (window) window->unsetCursor();
   });
   return button;

@@ -11,20 +11,20 @@ namespace kurv {
 
 namespace {
 
-struct Shared {
+struct SharedWindow {
   Client* client = nullptr;
-  // Made when it is shown first; gone when it has been closed.
+  // Created when it is shown; null again when it has been closed.
   QPointer<GraphWindow> window;
   QByteArray geometry;  // where the user left it
 };
 
-std::array<Shared, 3>& all_windows() {
-  static std::array<Shared, 3> all;
+std::array<SharedWindow, 3>& all_windows() {
+  static std::array<SharedWindow, 3> all;
   return all;
 }
 
-// The window may be in the middle of a handler, so it goes when that is over.
-void unload(Shared& shared) {
+// The window may be in a handler, so it is deleted by the event loop.
+void unload(SharedWindow& shared) {
   shared.client = nullptr;
   GraphWindow* const window = shared.window;
   shared.window.clear();
@@ -35,7 +35,7 @@ void unload(Shared& shared) {
   window->deleteLater();
 }
 
-void load(Shared& shared, Client& client) {
+void load(SharedWindow& shared, Client& client) {
   if (shared.client != &client) unload(shared);
   shared.client = &client;
 }
@@ -52,8 +52,8 @@ GraphWindow* new_window(Window window, QWidget* parent) {
   return new frmPropert(parent);
 }
 
-// The shared's window, in front of the window that its client stands in now.
-GraphWindow* window_of(Shared& shared, Window kind) {
+// The window, created anew where its client has moved to another parent window.
+GraphWindow* window_of(SharedWindow& shared, Window kind) {
   QWidget* const parent = shared.client->window();
   if (shared.window && shared.window->parentWidget() == parent) return shared.window.data();
   Client* const client = shared.client;
@@ -72,11 +72,11 @@ GraphWindow* window_of(Shared& shared, Window kind) {
 }  // namespace
 
 void load_windows(Client& client) {
-  for (Shared& shared : all_windows()) load(shared, client);
+  for (SharedWindow& shared : all_windows()) load(shared, client);
 }
 
 void show_window(Window kind, Client& client, Integer page) {
-  Shared& shared = all_windows()[static_cast<std::size_t>(kind)];
+  SharedWindow& shared = all_windows()[static_cast<std::size_t>(kind)];
   load(shared, client);
   GraphWindow* const window = window_of(shared, kind);
   window->init(page);
@@ -90,17 +90,17 @@ void show_window(Window kind, Client& client, Integer page) {
 }
 
 void unload_windows() {
-  for (Shared& shared : all_windows()) unload(shared);
+  for (SharedWindow& shared : all_windows()) unload(shared);
 }
 
 void release_windows(const Client& client) {
-  for (Shared& shared : all_windows()) {
+  for (SharedWindow& shared : all_windows()) {
     if (shared.client == &client) unload(shared);
   }
 }
 
 void refill_windows(const Client& client) {
-  for (Shared& shared : all_windows()) {
+  for (SharedWindow& shared : all_windows()) {
     if (shared.client == &client && shared.window && shared.window->isVisible())
       shared.window->refill();
   }

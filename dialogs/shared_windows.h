@@ -1,4 +1,4 @@
-// The three windows, of which a process has one each, and whose graph each of them serves.
+// The three windows, of which a process has one each, and the client of each.
 #pragma once
 
 #include <KurvGraph/shell.h>
@@ -9,14 +9,14 @@ namespace kurv {
 
 // Makes the graph the client of all three. A window that is visible for another graph closes first.
 void load_windows(Client& client);
-// Shows a window for the client, above the window that the client stands in. Returns at once, but
-// from frmCurves when it has been closed.
+// Shows a window for the client, above the window that contains the client. Returns at once, except
+// for frmCurves, which is modal: then it returns when the window has been closed.
 void show_window(Window window, Client& client, Integer page);
-// Takes the windows from whichever graph they serve and closes them for good.
+// Closes and deletes all windows, whichever client they have.
 void unload_windows();
-// The same for those that serve this client.
+// The same for the windows of this client only.
 void release_windows(const Client& client);
-// Someone has changed the client's graph: its visible windows show that.
+// Refills the visible windows of the client, after its graph has changed.
 void refill_windows(const Client& client);
 
 }  // namespace kurv

@@ -1,4 +1,4 @@
-#include "dialogs/one_line.h"
+#include "dialogs/single_line_delegate.h"
 
 #include "dialogs/box_outline.h"
 
@@ -6,11 +6,11 @@ namespace kurv {
 
 namespace {
 
-// More of a name than this nobody reads, and laying it out takes a while.
-constexpr qsizetype kLongestShown = 1000;
+// Longer names are cut off, because their layout would be slow.
+constexpr qsizetype kMaxShownLength = 1000;
 
 QString without_breaks(const QString& text) {
-  QString line = text.left(kLongestShown);
+  QString line = text.left(kMaxShownLength);
   for (QChar& character : line) {
     if (character.isSpace() || character.category() == QChar::Other_Control) character = u' ';
   }
@@ -24,23 +24,25 @@ QString on_one_line(const String& text) {
 }
 
 QString name_tip(const String& text) {
-  const QString shown = QString::fromStdString(text).left(kLongestShown);
+  const QString shown = QString::fromStdString(text).left(kMaxShownLength);
   return QStringLiteral("<p style='white-space:pre-wrap'>") + shown.toHtmlEscaped() +
          QStringLiteral("</p>");
 }
 
-QString OneLine::displayText(const QVariant& value, const QLocale&) const {
+QString SingleLineDelegate::displayText(const QVariant& value, const QLocale&) const {
   return without_breaks(value.toString());
 }
 
-QSize OneLine::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {
+QSize SingleLineDelegate::sizeHint(const QStyleOptionViewItem& option,
+                                   const QModelIndex& index) const {
   const int air = option.fontMetrics.height() / 4;
   return {1, QStyledItemDelegate::sizeHint(option, index).height() + air};
 }
 
-void OneLine::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
+void SingleLineDelegate::initStyleOption(QStyleOptionViewItem* option,
+                                         const QModelIndex& index) const {
   QStyledItemDelegate::initStyleOption(option, index);
-  outline_boxes(option->palette);
+  outline_check_boxes(option->palette);
 }
 
 }  // namespace kurv

@@ -1,5 +1,5 @@
-// Names and expressions from hosts and files in the rows of a list: as they are, never as markup,
-// on one line, elided where they are too long, with the whole of them in a tool tip.
+// Shows names and expressions from hosts and files in the rows of a list: as plain text, on one
+// line, elided where they are too long, with the whole text in a tool tip.
 #pragma once
 
 #include <KurvGraph/values.h>
@@ -9,13 +9,13 @@
 
 namespace kurv {
 
-// Line breaks and the like as blanks, and an end somewhere.
+// White space and control characters become blanks, and a very long text is cut off.
 QString on_one_line(const String& text);
-// As a tool tip that shows it to the letter.
+// A tool tip that shows the text unchanged, not as markup.
 QString name_tip(const String& text);
 
-// Rows as wide as the view, whatever stands in them.
-class OneLine final : public QStyledItemDelegate {
+// The width of a row does not depend on its text: the view does not scroll sideways.
+class SingleLineDelegate final : public QStyledItemDelegate {
  public:
   using QStyledItemDelegate::QStyledItemDelegate;
 

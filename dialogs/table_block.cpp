@@ -10,14 +10,14 @@ namespace {
 
 constexpr std::string_view kLineEnd = "\r\n";
 
-// Removes what a text begins with, up to the next tab or line end, and returns it.
+// Removes the cell at the beginning of a text, up to the next tab or line end, and returns it.
 std::string_view take_cell(std::string_view& text) {
   const std::string_view cell = text.substr(0, text.find_first_of("\t\r\n"));
   text.remove_prefix(cell.size());
   return cell;
 }
 
-// Removes the tab or line end that a text begins with. Returns whether it is a tab.
+// Removes the tab or line end at the beginning of a text. Returns whether it is a tab.
 bool take_separator(std::string_view& text) {
   const bool is_tab = text.starts_with('\t');
   text.remove_prefix(text.starts_with(kLineEnd) ? kLineEnd.size() : 1);
@@ -38,22 +38,22 @@ String block_text(const CellBlock& block, const AppendCell& append) {
   return text;
 }
 
-void put_empty(const CellBlock& block, const PutCell& put) {
+void clear_block(const CellBlock& block, const SetCell& set) {
   for (int row = block.first_row; row <= block.last_row; ++row) {
     for (int column = block.first_column; column <= block.last_column; ++column) {
-      put(row, column, {});
+      set(row, column, {});
     }
   }
 }
 
-bool put_text(std::string_view text, int row, int column, int rows, int columns,
-              const PutCell& put) {
+bool paste_text(std::string_view text, int row, int column, int rows, int columns,
+                const SetCell& set) {
   bool left_out = false;
   int at = column;
   while (true) {
     const std::string_view cell = trim_blanks(take_cell(text));
     if (row <= rows && at <= columns) {
-      put(row, at, cell);
+      set(row, at, cell);
     } else if (!cell.empty()) {
       left_out = true;
     }
@@ -70,7 +70,8 @@ bool put_text(std::string_view text, int row, int column, int rows, int columns,
 }
 
 void save_table(const String& path, int rows, int columns, const AppendCell& append) {
-  // A table that was cut short can be told from no other, so the older one is always kept.
+  // A truncated table cannot be recognised as such, so an existing file is kept until all is
+  // written.
   OutputFile file(path, [](const String&) { return false; });
   String line;
   for (int row = 0; row <= rows; ++row) {

@@ -1,4 +1,4 @@
-// A block of a table's cells as text, and text as a block of cells.
+// Converts a block of a table's cells to text, and text to a block of cells.
 //
 // Rows and columns count from 1. Text is UTF-8.
 #pragma once
@@ -10,7 +10,7 @@
 
 namespace kurv {
 
-// From its first row and column to its last, both belonging to it.
+// A rectangle of cells, its first and last row and column included.
 struct CellBlock {
   int first_row = 1;
   int first_column = 1;
@@ -20,26 +20,27 @@ struct CellBlock {
   bool is_empty() const { return last_row < first_row || last_column < first_column; }
 };
 
-// Appends what a cell shows to a text.
+// Appends the text of a cell.
 using AppendCell = std::function<void(String& text, int row, int column)>;
-// Takes what a cell shall hold. The text is valid during the call alone.
-using PutCell = std::function<void(int row, int column, std::string_view text)>;
+// Sets the text of a cell. The text is valid only during the call.
+using SetCell = std::function<void(int row, int column, std::string_view text)>;
 
-// Tabs between columns, CR LF between rows; nothing behind the last of either.
+// Tabs between columns, CR LF between rows; nothing after the last of either.
 String block_text(const CellBlock& block, const AppendCell& append);
 
-void put_empty(const CellBlock& block, const PutCell& put);
+// Sets each cell of the block to the empty text.
+void clear_block(const CellBlock& block, const SetCell& set);
 
-// Puts the cells of a text, without their outer blanks, into a grid of `rows` and `columns`, the
-// first of them at (row, column). Tabs part columns; CR LF, CR and LF part rows, and a line end
-// that is the last of the text begins no row. An empty text is one empty cell. Returns whether
+// Sets the cells of a text, without their outer blanks, into a grid of `rows` and `columns`, the
+// first of them at (row, column). Tabs separate columns; CR LF, CR and LF separate rows, and a line
+// end that is the last of the text begins no row. An empty text is one empty cell. Returns whether
 // something had to be left out because it fell outside the grid; nothing is lost with an empty
 // cell.
-bool put_text(std::string_view text, int row, int column, int rows, int columns,
-              const PutCell& put);
+bool paste_text(std::string_view text, int row, int column, int rows, int columns,
+                const SetCell& set);
 
-// The file that a table is saved as: for each row, beginning with the heading, which is row 0,
-// every cell followed by a comma, the last one too, and CR LF. Replaces an existing file. Throws
+// Saves a table as a text file: the heading, which is row 0, and then each row, every cell followed
+// by a comma, the last one too, and CR LF at the end of the row. Replaces an existing file. Throws
 // kPathNotFound, kPermissionDenied, kPathFileAccessError, kDiskFull, kDeviceIoError.
 void save_table(const String& path, int rows, int columns, const AppendCell& append);
 

@@ -17,19 +17,19 @@ namespace kurv {
 
 namespace {
 
-// Dark on light, whatever the desktop, so that a mark is readable without asking what is around it.
-constexpr QRgb kMarkedGround = 0xFFFFD7D7;
+// Dark on light, on any desktop, so that a mark is readable whatever the colours of the table.
+constexpr QRgb kMarkedBackground = 0xFFFFD7D7;
 constexpr QRgb kMarkedText = 0xFF7A0000;
-// Laying out more of a text than anybody can see in a cell takes its time.
-constexpr qsizetype kLongestShown = 200;
+// Longer texts are cut off, because their layout would be slow and no cell is that wide.
+constexpr qsizetype kMaxShownLength = 200;
 
 QString to_qstring(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
-// An empty cell is a missing value. An infinite one would leave the axis without limits, and with
-// them the whole picture would go for one slip of the hand, so it is no number here.
-std::optional<Double> number_of(std::string_view text, char decimal_separator) {
+// The value of a cell's text; an empty text is a missing value. Infinities are refused: one would
+// make the limits of its axis infinite, and the whole graph could not be drawn.
+std::optional<Double> parse_cell(std::string_view text, char decimal_separator) {
   text = trim_blanks(text);
   if (text.empty()) return std::numeric_limits<Double>::quiet_NaN();
   const std::optional<Double> number = text_to_number(text, decimal_separator);
@@ -42,7 +42,7 @@ std::optional<Double> value_at(const GraphDocument& document, int row, int colum
   return data(column, row);
 }
 
-// Missing values show nothing.
+// Appends nothing for a missing value.
 void append_value(String& text, const ControlState& state, int row, int column) {
   const std::optional<Double> value = value_at(state.document, row, column);
   if (value && !std::isnan(*value)) append_number(text, *value, state.decimal_separator);
@@ -100,7 +100,7 @@ QString TableModel::reason(int row, int column, const QString& text) const {
   const ControlState& graph = *state();
   String value;
   append_value(value, graph, row, column);
-  const bool is_number = number_of(text.toStdString(), graph.decimal_separator).has_value();
+  const bool is_number = parse_cell(text.toStdString(), graph.decimal_separator).has_value();
   return (is_number ? tr("Not taken: two different x values have to be left.")
                     : tr("Not a number.")) +
          u' ' +
@@ -111,7 +111,7 @@ QString TableModel::reason(int row, int column, const QString& text) const {
 QVariant TableModel::mark_data(int row, int column, const QString& text, int role) const {
   switch (role) {
     case Qt::BackgroundRole:
-      return QColor(kMarkedGround);
+      return QColor(kMarkedBackground);
     case Qt::ForegroundRole:
       return QColor(kMarkedText);
     case Qt::DecorationRole:
@@ -130,7 +130,7 @@ QVariant TableModel::data(const QModelIndex& index, int role) const {
   const int column = index.column() + 1;
   switch (role) {
     case Qt::DisplayRole:
-      return text_at(row, column).left(kLongestShown);
+      return text_at(row, column).left(kMaxShownLength);
     case Qt::EditRole:
       return text_at(row, column);
     case Qt::TextAlignmentRole:
@@ -147,7 +147,7 @@ QVariant TableModel::headerData(int section, Qt::Orientation orientation, int ro
   if (orientation == Qt::Vertical) return is_text ? QVariant(section + 1) : QVariant();
   if (!state() || !(is_text || role == Qt::ToolTipRole)) return {};
   const QString name = text_at(0, section + 1);
-  // A tool tip that looks like markup would be taken for it.
+  // Converted, because Qt shows a tool tip that looks like markup as markup.
   return is_text ? name : Qt::convertFromPlainText(name);
 }
 
@@ -163,7 +163,7 @@ bool TableModel::is_current() const {
          graph->document.data_revision == m_revision;
 }
 
-// Rows and columns come and go at the end, so that whoever works in the table keeps the place.
+// Rows and columns are inserted and removed at the end, so that the current cell stays.
 void TableModel::set_rows(int rows) {
   if (rows > m_size.rows) {
     beginInsertRows({}, m_size.rows, rows - 1);
@@ -188,7 +188,7 @@ void TableModel::set_columns(int columns) {
   }
 }
 
-void TableModel::tell_changes() {
+void TableModel::emit_changes() {
   if (m_size.rows == 0 || m_size.columns == 0) return;
   Q_EMIT headerDataChanged(Qt::Horizontal, 0, m_size.columns - 1);
   Q_EMIT dataChanged(index(0, 0), index(m_size.rows - 1, m_size.columns - 1));
@@ -202,17 +202,18 @@ void TableModel::refresh() {
   m_revision = revision;
   set_columns(size.columns);
   set_rows(size.rows);
-  tell_changes();
+  emit_changes();
 }
 
-void TableModel::enter(ControlState& state, const PutCells& put_cells, Outcome& outcome) {
+void TableModel::commit(ControlState& state, const SetCells& set_cells, Outcome& outcome) {
   const GraphDocument& document = state.document;
-  // The edits are in the data where their redraw fails too, and the marks belong to these data.
-  const auto keep_up = qScopeGuard([this, &document] { m_revision = document.data_revision; });
+  // Updated also where the redraw throws, because the edits and the marks are made by then.
+  const auto update_revision =
+      qScopeGuard([this, &document] { m_revision = document.data_revision; });
   std::vector<CellEdit> edits;
-  put_cells([&](int row, int column, std::string_view text) {
+  set_cells([&](int row, int column, std::string_view text) {
     const int point = point_of_row(document, row);
-    if (const std::optional<Double> number = number_of(text, state.decimal_separator)) {
+    if (const std::optional<Double> number = parse_cell(text, state.decimal_separator)) {
       edits.push_back({point, column, *number});
       m_marks.clear(point, column);
     } else {
@@ -222,7 +223,7 @@ void TableModel::enter(ControlState& state, const PutCells& put_cells, Outcome& 
   });
   outcome.refusal = apply_table_edits(state, std::move(edits));
   if (outcome.refusal) {
-    put_cells([&](int row, int column, std::string_view text) {
+    set_cells([&](int row, int column, std::string_view text) {
       m_marks.set(point_of_row(document, row), column, to_qstring(text));
     });
   }

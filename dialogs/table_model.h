@@ -1,4 +1,5 @@
-// The client's points as a table: a view of the document, with marks on what the data did not take.
+// The item model of the client's points: a view of the document, with marks on the cells whose
+// texts are not in the data.
 #pragma once
 
 #include <QAbstractTableModel>
@@ -13,14 +14,14 @@
 
 namespace kurv {
 
-// Puts all cells of one command; it may be asked to do so twice.
-using PutCells = std::function<void(const PutCell&)>;
+// Sets all cells of one command; may be called twice.
+using SetCells = std::function<void(const SetCell&)>;
 
 class TableModel final : public QAbstractTableModel {
   Q_OBJECT
 
  public:
-  // Shows the graph of whichever client the window has.
+  // Shows the graph of the window's client, which may change.
   explicit TableModel(const GraphWindow& window) : m_window(window) {}
 
   int rowCount(const QModelIndex& parent = {}) const override;
@@ -28,30 +29,31 @@ class TableModel final : public QAbstractTableModel {
   Qt::ItemFlags flags(const QModelIndex& index) const override;
   QVariant data(const QModelIndex& index, int role) const override;
   QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
-  // Passes on what was typed as typed().
+  // Emits typed() instead of changing the data.
   bool setData(const QModelIndex& index, const QVariant& value, int role) override;
 
-  // The graph has changed, perhaps. Marks stay as long as the data are the same.
+  // To be called when the graph may have changed. Marks stay as long as the data are the same.
   void refresh();
   // Whether the document still has the size that is shown.
   bool is_current() const;
 
-  // What a cell shows, in UTF-8; rows and columns count from 1, and row 0 is the heading.
+  // Appends the text of a cell in UTF-8; rows and columns count from 1, and row 0 is the heading.
   void append_cell(String& text, int row, int column) const;
 
   struct Outcome {
-    std::optional<String> refusal;  // why the data are as they were
+    std::optional<String> refusal;  // the message where the data were not changed
     bool has_invalid = false;       // some texts are no numbers
   };
-  // One command: finite numbers go into the data, empty texts as missing values. Other texts stay
-  // in their cells, marked, and so does everything that is refused. Views learn of it by the next
-  // refresh(). Throws what the redraw throws; then the edits are made, and the outcome says so.
-  void enter(ControlState& state, const PutCells& put_cells, Outcome& outcome);
+  // Applies one command: finite numbers are written to the data, empty texts as missing values.
+  // Other texts stay in their cells as marks, and so do all texts where the edits are refused.
+  // Views are updated by the next refresh(). Throws what the redraw throws; then the edits have
+  // been made, and the outcome is set.
+  void commit(ControlState& state, const SetCells& set_cells, Outcome& outcome);
 
   int mark_count() const { return m_marks.count(); }
 
  Q_SIGNALS:
-  // From 1.
+  // Row and column count from 1.
   void typed(int row, int column, const QString& text);
 
  private:
@@ -62,7 +64,7 @@ class TableModel final : public QAbstractTableModel {
   QVariant mark_data(int row, int column, const QString& text, int role) const;
   void set_rows(int rows);
   void set_columns(int columns);
-  void tell_changes();
+  void emit_changes();
 
   const GraphWindow& m_window;
   TableSize m_size;

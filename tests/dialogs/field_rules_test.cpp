@@ -25,7 +25,7 @@ void expect_all(Rule rule, const std::vector<Case>& cases) {
   }
 }
 
-TEST(FieldRules, JudgesTicksBeforeItRoundsThem) {
+TEST(FieldRules, ChecksTicksBeforeItRoundsThem) {
   expect_all(tick_count, {{"5", 5},
                           {"100", 100},
                           {"40", 40},
@@ -90,7 +90,7 @@ TEST(FieldRules, BringsMarginsIntoTheRangeOfAnInteger) {
   for (const Case& c : cases) EXPECT_EQ(margin_twips(c.text, '.'), c.accepted) << c.text;
 }
 
-TEST(FieldRules, MakesAMarginThatIsNoNumberOneThatNobodyAccepts) {
+TEST(FieldRules, MakesAMarginThatIsNoNumberZeroWhichIsRefused) {
   for (const char* text : {"", " ", "abc", "NaN", "1 2", "12,5"}) {
     EXPECT_EQ(margin_twips(text, '.'), 0) << text;
   }

@@ -183,7 +183,7 @@ TEST_F(FrmCurvesTest, AsManyCurvesAndFunctionsAsThereCanBe) {
   click_box(lstFuncs(), 29);
   EXPECT_FALSE(document().y_func(30).visible);
   EXPECT_FALSE(button("cmdAddScatter").isEnabled());
-  EXPECT_TRUE(button("cmdAddFunc").isEnabled()) << "the command says that there is no room";
+  EXPECT_TRUE(button("cmdAddFunc").isEnabled()) << "the command shows that there is no free slot";
 }
 
 TEST_F(FrmCurvesTest, CurvesShowASampleInTheirColour) {

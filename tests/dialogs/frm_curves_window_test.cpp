@@ -32,7 +32,7 @@ TEST_F(CurvesWindow, SpaceTicksTheCurveWhereTheArrowsHaveLed) {
   EXPECT_EQ(m_listener.redraws_since(), 3);
 }
 
-TEST_F(CurvesWindow, LettersHideAndShowAllCurves) {
+TEST_F(CurvesWindow, MnemonicsHideAndShowAllCurves) {
   does({"alt+h"}).sees([&] { return !document().y_visible(1) && !document().y_visible(2); });
   does({"alt+s"}).sees([&] { return document().y_visible(1) && document().y_visible(2); });
   expect_closed_by_escape();

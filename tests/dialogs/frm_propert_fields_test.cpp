@@ -52,7 +52,7 @@ TEST_F(FrmPropert, ReturnInTheMarkerSizeRedraws) {
   EXPECT_TRUE(window->isVisible());
 }
 
-TEST_F(FrmPropert, JudgedFieldsStayLightOnADarkDesktop) {
+TEST_F(FrmPropert, CheckedFieldsStayLightOnADarkDesktop) {
   const QPalette before = QApplication::palette();
   QApplication::setPalette(QPalette(QColor(30, 30, 30)));
   open(kAxesPage);

@@ -107,8 +107,8 @@ TEST_F(FrmPropert, WorksOnAGraphWithoutData) {
     QWidget* window() const override { return nullptr; }
     void handle(const std::function<void(Control&)>& work) override { work(m_host.control); }
     TestHost& m_host;
-  } nobody(empty);
-  window->set_client(&nobody);
+  } empty_client(empty);
+  window->set_client(&empty_client);
   open(kGeneralPage);
   press("chkAutoScale", Qt::Key_Space);
   press("chkAutoScale", Qt::Key_Space);
@@ -129,7 +129,7 @@ TEST_F(FrmPropert, ARefillShowsWhatOthersHaveChanged) {
   graph().set_xmax(8);
   window->refill();
   EXPECT_EQ(text("txtAxisTicks"), "20");
-  EXPECT_EQ(text("txtXAxis_1"), "8") << "5 has been taken, so nobody is in the middle of it";
+  EXPECT_EQ(text("txtXAxis_1"), "8") << "5 has been stored, so the text counts as finished";
   EXPECT_EQ(find<QTabWidget>("tabCurves")->currentIndex(), 2);
 }
 

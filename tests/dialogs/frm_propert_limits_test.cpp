@@ -39,7 +39,7 @@ TEST_F(FrmPropert, LeavesALimitAloneWhileThePairIsNone) {
   EXPECT_TRUE(client.shell.messages.empty());
 }
 
-// Deliberate: the box that made the pair whole is the one that counts.
+// Only the box whose text has changed is stored: the other text was refused when it was typed.
 TEST_F(FrmPropert, StoresOnlyTheLimitWhoseBoxHasChanged) {
   open(kAxesPage);
   type("txtXAxis_2", "20");

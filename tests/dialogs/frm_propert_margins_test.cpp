@@ -52,7 +52,7 @@ TEST_F(FrmPropert, TheSameMarginChangesNothing) {
   type("txtMarginTop", "480");
   press("txtMarginTop", Qt::Key_Return);
   EXPECT_EQ(client.redraws(), 0);
-  // Nor is a margin judged that nobody has touched.
+  // A margin that was not edited is not checked either.
   graph().set_Top_margine(-5);
   window->refill();
   press("txtMarginTop", Qt::Key_Return);

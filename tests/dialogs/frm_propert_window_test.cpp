@@ -1,4 +1,4 @@
-// How the window presents itself: tabs, names, letters and the way of the Tab key.
+// Tabs, names, mnemonics and the tab order of the window.
 #include <QAbstractButton>
 #include <QKeySequence>
 #include <QScrollArea>
@@ -58,7 +58,7 @@ TEST_F(FrmPropert, EveryNamedPartIsThere) {
   EXPECT_EQ(window->objectName(), "frmPropert");
 }
 
-TEST_F(FrmPropert, NoLetterMarksTwoThingsThatAreSeenTogether) {
+TEST_F(FrmPropert, NoMnemonicIsUsedTwiceAmongVisibleControls) {
   graph().set_DrawMarkers(true);
   for (const Integer page : kPages) {
     open(page);
@@ -78,7 +78,7 @@ TEST_F(FrmPropert, NoLetterMarksTwoThingsThatAreSeenTogether) {
   }
 }
 
-TEST_F(FrmPropert, EveryFieldHasALetterAndAName) {
+TEST_F(FrmPropert, EveryFieldHasAMnemonicAndAName) {
   std::vector<const QWidget*> labelled;
   for (const QLabel* label : window->findChildren<QLabel*>()) labelled.push_back(label->buddy());
   int fields = 0;
@@ -95,13 +95,13 @@ TEST_F(FrmPropert, EveryFieldHasALetterAndAName) {
   EXPECT_EQ(fields, 16);
 }
 
-TEST_F(FrmPropert, FontButtonsSayTheirPurposeByThemselves) {
+TEST_F(FrmPropert, FontButtonsHaveAccessibleNames) {
   EXPECT_EQ(find<QPushButton>("cmdFonts_0")->accessibleName(), "Font of the axes and the legend");
   EXPECT_EQ(find<QPushButton>("cmdFonts_1")->accessibleName(), "Font of the title");
   EXPECT_EQ(find<QPushButton>("cmdFonts_2")->accessibleName(), "Font of the subtitle");
 }
 
-TEST_F(FrmPropert, LettersLeadToTheirFields) {
+TEST_F(FrmPropert, MnemonicsFocusTheirFields) {
   open(kGeneralPage);
   QTest::keyClick(window.data(), Qt::Key_P, Qt::AltModifier);
   EXPECT_EQ(window->focusWidget(), box("txtMarginTop"));

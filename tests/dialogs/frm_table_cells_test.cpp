@@ -105,7 +105,7 @@ TEST(TableRefill, KeepsMarksWithTheirDataAndDropsThemWithOthers) {
   EXPECT_TRUE(table.is_marked(1, 1));
   table.client.host.control.build_the_graph();
   table.window.refill();
-  EXPECT_EQ(table.cell(1, 1), "abc") << "a redraw by somebody else";
+  EXPECT_EQ(table.cell(1, 1), "abc") << "a redraw by the host";
   load_columns(table.client.host, {{3, 1, 2}, {30, 10, 20}, {-3, -1, -2}});
   table.window.refill();
   EXPECT_EQ(table.cell(1, 1), "3") << "other data, even if they look the same";
@@ -135,7 +135,7 @@ TEST(TableRefill, DoesNotDisturbWhoIsTyping) {
   EXPECT_EQ(editor->text(), "77");
 }
 
-TEST(TableRefill, EditsOfDataThatNobodyHasSeenAreNotMade) {
+TEST(TableRefill, EditsOfDataThatWereNotShownAreNotMade) {
   Table table;
   load_columns(table.client.host, {{1, 2, 3}, {4, 5, 6}, {7, 8, 9}});
   table.type(1, 2, "99");

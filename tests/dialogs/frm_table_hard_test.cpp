@@ -15,7 +15,7 @@ constexpr const char* kInvalid = "Invalid numerical data cells were detected.";
 constexpr const char* kLeftOut = "Note that some data has not been pasted in this action.";
 constexpr const char* kAllTheSame = "Graph cannot be plotted when all x values are the same.";
 
-TEST(TableEditItems, AnUnknownIndexIsToldAndDoesNothing) {
+TEST(TableEditItems, AnUnknownIndexIsReportedAndDoesNothing) {
   for (const int index : {-1, 4, 99}) {
     Table table;
     table.select(1, 1);
@@ -52,22 +52,22 @@ TEST(TableEdit, AFaultOfTheRedrawTakesNoMarkAndNoMessage) {
   EXPECT_EQ(table.status(), "3 &points, 3 columns; 1 cell is not in the graph");
 }
 
-TEST(TableEdit, TellsNoMoreWhenTheGraphGoesWhileItTells) {
+TEST(TableEdit, ShowsNoMoreMessagesWhenTheGraphGoesMeanwhile) {
   Table table;
-  table.shell().while_telling = [&] { table.window.set_client(nullptr); };
+  table.shell().while_message_box = [&] { table.window.set_client(nullptr); };
   table.select(1, 1);
   table.paste("1\tx\n1\n1\n1");
   EXPECT_THAT(table.messages(), ElementsAre(kAllTheSame));
 }
 
-TEST(TableEdit, TellsNoMoreWhenTheWindowGoesWhileItTells) {
+TEST(TableEdit, ShowsNoMoreMessagesWhenTheWindowGoesMeanwhile) {
   TableClient client;
   load_columns(client.host, {{3, 1, 2}, {30, 10, 20}});
   auto* const window = new frmTable(nullptr);
   window->set_client(&client);
   window->init(0);
   window->show();
-  client.host.shell.while_telling = [&] { delete window; };
+  client.host.shell.while_message_box = [&] { delete window; };
   QApplication::clipboard()->setText("1\tx\n1\n1\n1");
   window->mnuEditItem_Click(2);
   ASSERT_EQ(client.host.shell.messages.size(), 1u);

@@ -1,4 +1,4 @@
-// The table under the hands of somebody who has no mouse.
+// The table used by keyboard alone.
 #include <gmock/gmock.h>
 
 #include <QMenuBar>
@@ -60,7 +60,7 @@ TEST(TableKeys, AnEditorThatIsLeftAsItWasChangesNothing) {
   EXPECT_THAT(table.column_of_host(2), ElementsAre(0.1, 1.0 / 3));
 }
 
-TEST(TableKeys, LookingIntoACellThatWouldNotBeTakenMarksNothing) {
+TEST(TableKeys, OpeningAnEditorOnARefusedTextMarksNothing) {
   Table table({{1, 2}, {std::numeric_limits<Double>::infinity(), 4}});
   table.select(1, 2);
   QTest::keyClick(table.grid, Qt::Key_F2);
@@ -68,11 +68,11 @@ TEST(TableKeys, LookingIntoACellThatWouldNotBeTakenMarksNothing) {
   table.settle();
   EXPECT_FALSE(table.is_marked(1, 2));
   table.type(1, 2, "Inf");
-  EXPECT_TRUE(table.is_marked(1, 2)) << "but whoever types it hears that it is not taken";
+  EXPECT_TRUE(table.is_marked(1, 2)) << "but typing it shows that it is refused";
   EXPECT_THAT(table.messages(), IsEmpty());
 }
 
-TEST(TableKeys, ATypedXThatMakesAllTheSameIsUndoneAndToldLater) {
+TEST(TableKeys, ATypedXThatMakesAllTheSameIsUndoneAndReportedLater) {
   Table table({{1, 2}, {3, 4}});
   table.type(1, 1, "2");
   EXPECT_THAT(table.column_of_host(1), ElementsAre(1, 2));

@@ -3,7 +3,7 @@
 #include <QApplication>
 
 int main(int argc, char** argv) {
-  // Unless somebody wants to see them.
+  // Unless the platform is set, to see them.
   if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
   const QApplication application(argc, argv);
   // Windows come and go, and the last one of a test does not end the tests.

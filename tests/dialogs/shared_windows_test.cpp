@@ -246,7 +246,7 @@ TEST_F(SharedWindows, AnAnsweredPromptOfTheCurvesRenames) {
   graph->ChartOptions("curves");
 }
 
-// -- What stands before what ----------------------------------------------------------------------
+// -- Stacking order -------------------------------------------------------------------------------
 
 // The window that a message box of the graph belongs to.
 QWidget* parent_of_a_message(KurvGraph& graph) {

@@ -19,10 +19,10 @@ using testing::Pair;
 using Place = std::pair<int, int>;
 
 // What a text puts into a grid of 4 rows and 3 columns.
-struct Put {
-  explicit Put(std::string_view text, int row = 1, int column = 1) {
-    left_out = put_text(text, row, column, 4, 3, [&](int r, int c, std::string_view cell) {
-      EXPECT_TRUE(cells.emplace(Place(r, c), cell).second) << "no cell is put twice";
+struct Paste {
+  explicit Paste(std::string_view text, int row = 1, int column = 1) {
+    left_out = paste_text(text, row, column, 4, 3, [&](int r, int c, std::string_view cell) {
+      EXPECT_TRUE(cells.emplace(Place(r, c), cell).second) << "no cell is set twice";
     });
   }
   std::map<Place, std::string> cells;
@@ -47,88 +47,88 @@ TEST(BlockText, OfNothingIsEmpty) {
 
 TEST(PutText, EveryLineEndPartsRows) {
   for (const char* text : {"1\t2\r\n3\t4", "1\t2\n3\t4", "1\t2\r3\t4"}) {
-    const Put put(text);
-    EXPECT_THAT(put.cells, ElementsAre(Pair(Place(1, 1), "1"), Pair(Place(1, 2), "2"),
-                                       Pair(Place(2, 1), "3"), Pair(Place(2, 2), "4")));
-    EXPECT_FALSE(put.left_out);
+    const Paste paste(text);
+    EXPECT_THAT(paste.cells, ElementsAre(Pair(Place(1, 1), "1"), Pair(Place(1, 2), "2"),
+                                         Pair(Place(2, 1), "3"), Pair(Place(2, 2), "4")));
+    EXPECT_FALSE(paste.left_out);
   }
 }
 
 TEST(PutText, LineEndsMayBeMixed) {
-  const Put put("1\n2\r3\r\n4");
-  EXPECT_THAT(put.cells, ElementsAre(Pair(Place(1, 1), "1"), Pair(Place(2, 1), "2"),
-                                     Pair(Place(3, 1), "3"), Pair(Place(4, 1), "4")));
+  const Paste paste("1\n2\r3\r\n4");
+  EXPECT_THAT(paste.cells, ElementsAre(Pair(Place(1, 1), "1"), Pair(Place(2, 1), "2"),
+                                       Pair(Place(3, 1), "3"), Pair(Place(4, 1), "4")));
 }
 
 TEST(PutText, AFinalLineEndBeginsNoRow) {
   for (const char* text : {"1\r\n", "1\n", "1\r"}) {
-    EXPECT_THAT(Put(text).cells, ElementsAre(Pair(Place(1, 1), "1"))) << text;
+    EXPECT_THAT(Paste(text).cells, ElementsAre(Pair(Place(1, 1), "1"))) << text;
   }
 }
 
 TEST(PutText, AnEmptyLineIsARowWithAnEmptyCell) {
-  EXPECT_THAT(Put("1\n\n3").cells,
+  EXPECT_THAT(Paste("1\n\n3").cells,
               ElementsAre(Pair(Place(1, 1), "1"), Pair(Place(2, 1), ""), Pair(Place(3, 1), "3")));
-  EXPECT_THAT(Put("1\n\r2").cells,
+  EXPECT_THAT(Paste("1\n\r2").cells,
               ElementsAre(Pair(Place(1, 1), "1"), Pair(Place(2, 1), ""), Pair(Place(3, 1), "2")))
-      << "a return behind a line feed is one more line end";
+      << "a CR after an LF is one more line end";
 }
 
 TEST(PutText, AnEmptyTextIsOneEmptyCell) {
-  EXPECT_THAT(Put("", 2, 3).cells, ElementsAre(Pair(Place(2, 3), "")));
+  EXPECT_THAT(Paste("", 2, 3).cells, ElementsAre(Pair(Place(2, 3), "")));
 }
 
 TEST(PutText, RowsMayBeRaggedAndBeginInTheFirstCellsColumn) {
-  const Put put("1\n2\t3\n\t4", 2, 2);
-  EXPECT_THAT(put.cells,
+  const Paste paste("1\n2\t3\n\t4", 2, 2);
+  EXPECT_THAT(paste.cells,
               ElementsAre(Pair(Place(2, 2), "1"), Pair(Place(3, 2), "2"), Pair(Place(3, 3), "3"),
                           Pair(Place(4, 2), ""), Pair(Place(4, 3), "4")));
 }
 
 TEST(PutText, ATabAtTheEndIsOneMoreEmptyCell) {
-  EXPECT_THAT(Put("1\t").cells, ElementsAre(Pair(Place(1, 1), "1"), Pair(Place(1, 2), "")));
+  EXPECT_THAT(Paste("1\t").cells, ElementsAre(Pair(Place(1, 1), "1"), Pair(Place(1, 2), "")));
 }
 
 TEST(PutText, CellsLoseTheirOuterBlanks) {
-  EXPECT_THAT(Put("  1 2  \t   ").cells,
+  EXPECT_THAT(Paste("  1 2  \t   ").cells,
               ElementsAre(Pair(Place(1, 1), "1 2"), Pair(Place(1, 2), "")));
 }
 
 TEST(PutText, WhatFallsOutsideIsLeftOut) {
-  const Put right("1\t2\n3\t4", 1, 3);
+  const Paste right("1\t2\n3\t4", 1, 3);
   EXPECT_THAT(right.cells, ElementsAre(Pair(Place(1, 3), "1"), Pair(Place(2, 3), "3")));
   EXPECT_TRUE(right.left_out);
-  const Put below("1\n2", 4, 1);
+  const Paste below("1\n2", 4, 1);
   EXPECT_THAT(below.cells, ElementsAre(Pair(Place(4, 1), "1")));
   EXPECT_TRUE(below.left_out);
-  EXPECT_TRUE(Put("1\tx", 1, 3).left_out) << "whether or not it is a number";
+  EXPECT_TRUE(Paste("1\tx", 1, 3).left_out) << "whether or not it is a number";
 }
 
 TEST(PutText, NothingIsLostWithAnEmptyCellOutside) {
-  EXPECT_FALSE(Put("1\t\n2\t", 1, 3).left_out);
-  EXPECT_FALSE(Put("1\n\n", 4, 1).left_out);
+  EXPECT_FALSE(Paste("1\t\n2\t", 1, 3).left_out);
+  EXPECT_FALSE(Paste("1\n\n", 4, 1).left_out);
 }
 
 TEST(PutText, ANulByteIsPartOfItsCell) {
-  EXPECT_THAT(Put(std::string_view("1\0002\t3", 5)).cells,
+  EXPECT_THAT(Paste(std::string_view("1\0002\t3", 5)).cells,
               ElementsAre(Pair(Place(1, 1), std::string("1\0002", 3)), Pair(Place(1, 2), "3")));
 }
 
 TEST(PutText, AHugeTextIsReadToItsEnd) {
   std::string text;
   for (int i = 0; i < 1000000; ++i) text += "1\t2\t3\t4\r\n";
-  const Put put(text);
-  EXPECT_EQ(put.cells.size(), 12u);
-  EXPECT_TRUE(put.left_out);
+  const Paste paste(text);
+  EXPECT_EQ(paste.cells.size(), 12u);
+  EXPECT_TRUE(paste.left_out);
   const std::string cell(10000000, 'x');
-  EXPECT_EQ(Put(cell).cells[Place(1, 1)].size(), cell.size());
+  EXPECT_EQ(Paste(cell).cells[Place(1, 1)].size(), cell.size());
 }
 
 TEST(PutText, ReadsBackWhatACopyMade) {
   const String copied = block_text({1, 1, 4, 3}, append_place);
-  const Put put(copied);
-  EXPECT_EQ(put.cells.size(), 12u);
-  for (const auto& [place, text] : put.cells) {
+  const Paste paste(copied);
+  EXPECT_EQ(paste.cells.size(), 12u);
+  for (const auto& [place, text] : paste.cells) {
     String expected;
     append_place(expected, place.first, place.second);
     EXPECT_EQ(text, expected);
@@ -137,12 +137,12 @@ TEST(PutText, ReadsBackWhatACopyMade) {
 
 TEST(PutEmpty, EmptiesEveryCellOfTheBlock) {
   std::vector<Place> places;
-  put_empty({2, 1, 3, 2}, [&](int row, int column, std::string_view text) {
+  clear_block({2, 1, 3, 2}, [&](int row, int column, std::string_view text) {
     EXPECT_EQ(text, "");
     places.emplace_back(row, column);
   });
   EXPECT_THAT(places, ElementsAre(Place(2, 1), Place(2, 2), Place(3, 1), Place(3, 2)));
-  put_empty({}, [](int, int, std::string_view) { ADD_FAILURE(); });
+  clear_block({}, [](int, int, std::string_view) { ADD_FAILURE(); });
 }
 
 std::string bytes_of(const std::string& path) {

@@ -1,4 +1,4 @@
-// A table window over a control that only remembers, and the hands of its user.
+// A table window over a control on a recording surface, and the keys of its user.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -34,7 +34,7 @@ class TableClient final : public Client {
     if (handled) handled();
   }
 
-  // How often the whole graph has been drawn since the last question.
+  // How often the whole graph has been drawn since the last call.
   int redraws() {
     const std::string log = host.surface.log();
     host.surface.clear_log();
@@ -135,8 +135,8 @@ struct Table {
     QTest::keyClick(editor, Qt::Key_Return);
     settle();
   }
-  // An editor is taken in, gives up its place and says what is to be said, each when the one before
-  // is over.
+  // Closing an editor commits its text, then deletes it, then shows messages, each by a queued
+  // event of the one before.
   static void settle() {
     for (int i = 0; i < 3; ++i) QCoreApplication::processEvents();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);

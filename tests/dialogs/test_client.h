@@ -1,4 +1,4 @@
-// A window's client without a widget: a control on a recording surface that counts what is asked.
+// A window's client without a widget: a control on a recording surface that records calls.
 #pragma once
 
 #include <KurvGraph/fault.h>
