@@ -1,4 +1,4 @@
-// Reads the sources and keeps the picture in docs/architecture.md true.
+// Reads the sources and checks that they follow docs/architecture.md.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -23,9 +23,9 @@ struct Source {
   std::string text;
 };
 
-// Bottom to top. A source may include headers of its own module and of the floors below, never of a
-// module beside or above it; so there can be no circle either.
-const std::vector<std::vector<std::string>> kFloors = {
+// Bottom to top. A source may include headers of its own module and of the layers below, never of a
+// module beside or above it; so there are no cyclic includes either.
+const std::vector<std::vector<std::string>> kLayers = {
     {"model"},
     {"expr", "io", "raster", "render"},
     {"control"},
@@ -39,13 +39,13 @@ const std::vector<std::vector<std::string>> kFloors = {
     {"app"},
 };
 
-constexpr std::size_t kNoFloor = 99;
+constexpr std::size_t kNoLayer = 99;
 
-std::size_t floor_of(const std::string& module) {
-  for (std::size_t floor = 0; floor < kFloors.size(); ++floor) {
-    if (std::count(kFloors[floor].begin(), kFloors[floor].end(), module) > 0) return floor;
+std::size_t layer_of(const std::string& module) {
+  for (std::size_t layer = 0; layer < kLayers.size(); ++layer) {
+    if (std::count(kLayers[layer].begin(), kLayers[layer].end(), module) > 0) return layer;
   }
-  return kNoFloor;
+  return kNoLayer;
 }
 
 // "KurvGraph.h" is implemented by kurv_graph.cpp.
@@ -61,8 +61,8 @@ std::string key_of(const fs::path& path) {
 std::string implementer_of(const fs::path& public_header) {
   static const std::map<std::string, std::string> folders = [] {
     std::map<std::string, std::string> found;
-    for (const auto& floor : kFloors) {
-      for (const std::string& module : floor) {
+    for (const auto& layer : kLayers) {
+      for (const std::string& module : layer) {
         for (const auto& entry : fs::directory_iterator(kRoot / module)) {
           if (entry.path().extension() == ".cpp") found.emplace(key_of(entry.path()), module);
         }
@@ -79,7 +79,7 @@ std::string module_of(const fs::path& path) {
   return path.parent_path().string();
 }
 
-// Every folder but those that are read by nobody who ships.
+// Every folder except those that are not part of the product.
 std::vector<Source> sources() {
   const std::set<std::string> left_out = {"bench", "build", "docs", "fuzz", "tests"};
   std::vector<Source> found;
@@ -124,10 +124,10 @@ TEST(Architecture, EverySourceIsInAModule) {
   std::set<std::string> modules;
   for (const Source& source : sources()) {
     modules.insert(source.module);
-    EXPECT_NE(floor_of(source.module), kNoFloor) << source.path << " is in an unknown module";
+    EXPECT_NE(layer_of(source.module), kNoLayer) << source.path << " is in an unknown module";
   }
-  for (const auto& floor : kFloors) {
-    for (const std::string& module : floor) {
+  for (const auto& layer : kLayers) {
+    for (const std::string& module : layer) {
       EXPECT_TRUE(modules.contains(module)) << module << " holds no source";
     }
   }
@@ -140,7 +140,7 @@ TEST(Architecture, NothingIncludesUpwardsOrSideways) {
       if (!is_public && include[0] != '"') continue;
       const std::string module =
           is_public ? implementer_of(include.substr(1)) : module_of(include.substr(1));
-      EXPECT_TRUE(module == source.module || floor_of(module) < floor_of(source.module))
+      EXPECT_TRUE(module == source.module || layer_of(module) < layer_of(source.module))
           << source.path << " includes " << include.substr(1) << " of " << module;
     }
   }
@@ -166,13 +166,13 @@ TEST(Architecture, HostsSeeThePublicHeadersAlone) {
   }
 }
 
-// One target a folder, named like it, so that the linker keeps the floors as well.
+// One target a folder, named like it, so that the linker checks the layers as well.
 TEST(Architecture, EveryModuleIsATargetThatLinksDownwards) {
   static const std::regex kLinks(R"(LINKS ([^)]*)\))");
   static const std::regex kTarget(R"(kurv_[a-z_]+)");
   std::map<std::string, std::string> modules;
-  for (const auto& floor : kFloors) {
-    for (const std::string& module : floor) {
+  for (const auto& layer : kLayers) {
+    for (const std::string& module : layer) {
       modules["kurv_" + std::regex_replace(module, std::regex("/"), "_")] = module;
     }
   }
@@ -186,7 +186,7 @@ TEST(Architecture, EveryModuleIsATargetThatLinksDownwards) {
     const std::string list = links[1];
     for (std::sregex_iterator it(list.begin(), list.end(), kTarget), end; it != end; ++it) {
       ASSERT_TRUE(modules.contains(it->str())) << module << " links to " << it->str();
-      EXPECT_LT(floor_of(modules.at(it->str())), floor_of(module))
+      EXPECT_LT(layer_of(modules.at(it->str())), layer_of(module))
           << module << " links to " << it->str();
     }
   }
@@ -227,9 +227,9 @@ TEST(Architecture, NumbersAndTextsDependOnNoLocale) {
   }
 }
 
-// Faults pass through the library to whoever called it. They are caught where nobody is left to
-// pass them to: in a destructor, and in the widget and the program, which the toolkit's event loop
-// and the user call.
+// Faults pass through the library to its caller. They are caught only where there is no caller to
+// pass them to: in a destructor, and in the widget and the program, which are called by the
+// toolkit's event loop and by the user.
 TEST(Architecture, OnlyTheOuterEdgesCatch) {
   for (const Source& source : sources()) {
     if (is_host(source) || source.module == "qt/widget") continue;

@@ -15,7 +15,7 @@ constexpr int kBetweenMoves = 200;  // ms; a drag is no drag to a program that s
 constexpr int kTitlesTick = 30;     // ms
 constexpr const char* kTool = "xdotool";
 
-// Empty where the tool has nothing to say, as while no window has the focus.
+// Empty where the tool prints nothing, as while no window has the focus.
 QString answer_of(const QStringList& arguments) {
   QProcess process;
   process.start(kTool, arguments);

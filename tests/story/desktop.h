@@ -1,5 +1,5 @@
-// A desktop as its user has it: title bars to read, a keyboard, a mouse, and what the screen shows.
-// Of the programs on it the tests know nothing else.
+// A desktop as a user sees it: title bars, a keyboard, a mouse, and the contents of the screen. The
+// tests use nothing else of the programs on it.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -26,7 +26,7 @@ testing::AssertionResult comes_to_front(const QString& title);
 void press(const QStringList& keys);
 void type(const QString& text);
 
-// Presses the left button there and lets go of it elsewhere; on the screen, in pixels. The pointer
+// Drags with the left button from one point to another; on the screen, in pixels. The pointer
 // then leaves, and takes its tool tips with it.
 void drag(QPoint from, QPoint to);
 
@@ -37,7 +37,7 @@ struct FrontWindow {
 };
 FrontWindow front_window();
 
-// Where the window shows a picture on white paper from its left edge to its right edge.
+// The part of the window with a picture on a white background, from its left to its right edge.
 QRect paper_in(const QImage& window);
 
 }  // namespace kurv::test

@@ -1,5 +1,4 @@
-// The first hour of somebody who has never seen the program, told with nothing but keys and a
-// mouse.
+// The whole story of a new user, from the data to a finished graph, by keys and mouse alone.
 #include <gmock/gmock.h>
 
 #include <QFile>
@@ -27,7 +26,7 @@ QStringList lines_of(const QString& path) {
   return QString::fromUtf8(file.readAll()).split("\r\n");
 }
 
-// As a failure should print it.
+// For the messages of failures.
 std::string text_of(const QStringList& lines) {
   return lines.join(u'\n').toStdString();
 }
@@ -52,7 +51,7 @@ class Newcomer : public testing::Test {
 
   void start(const QStringList& files) { m_kurv.start(KURV_PROGRAM, files); }
 
-  // Asked nothing, and with nothing to complain about.
+  // Without a question and without an error message.
   void expect_its_end() {
     ASSERT_TRUE(comes_true("the program has ended",
                            [&] { return m_kurv.state() == QProcess::NotRunning; }));
@@ -211,7 +210,7 @@ TEST_F(Newcomer, FindsEverythingAgainThatWasDoneToTheGraph) {
   move(kLegendTop, kDragged.y());
   EXPECT_EQ(text_of(saved_lines()), text_of(expected));
 
-  // So do the program's other faces.
+  // So do the other commands of the program.
   const std::string info = printed_by(KURV_PROGRAM, {"info", m_graph}).toStdString();
   EXPECT_THAT(info, HasSubstr("\"outflow\", 5 values, visible\n"));
   EXPECT_THAT(info, HasSubstr("\"noise\", 5 values, hidden\n"));
