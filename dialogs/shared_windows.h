@@ -1,4 +1,4 @@
-// The three windows, of which a process has one each, and the client of each.
+// The three windows, each once in a process, and their clients.
 #pragma once
 
 #include <KurvGraph/shell.h>

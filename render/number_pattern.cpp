@@ -101,7 +101,7 @@ class SectionReader {
 
   std::string_view& m_rest;
   PatternSection m_section;
-  // Commas after a digit place, of which the next character decides whether they group or scale.
+  // Commas after a digit place; the next character decides whether they group or scale.
   std::int64_t m_open_commas = 0;
 };
 
