@@ -16,23 +16,24 @@ struct Range {
 };
 
 // Whole blocks rather than the properties of each character: a table of those would be larger than
-// all the rest of the evaluator, and a name that this one turns away can still be quoted.
-constexpr Range kNoLetters[] = {
-    {0x0080, 0x00A9},    // controls and Latin-1 signs, up to the feminine ordinal
+// all the rest of the evaluator, and a name that this one excludes can still be written in
+// brackets.
+constexpr Range kNotLetters[] = {
+    {0x0080, 0x00A9},    // control characters and Latin-1 symbols, up to the feminine ordinal
     {0x00AB, 0x00B4},    // up to the micro sign
-    {0x00B6, 0x00B9},    // up to the masculine ordinal; the raised digits are here
+    {0x00B6, 0x00B9},    // up to the masculine ordinal; the superscript digits are here
     {0x00BB, 0x00BF},    //
     {0x00D7, 0x00D7},    // multiplication sign
     {0x00F7, 0x00F7},    // division sign
-    {0x2000, 0x20FF},    // punctuation, raised and lowered digits, currencies
-    {0x2150, 0x2BFF},    // fractions, arrows, operators, technical signs, shapes
+    {0x2000, 0x20FF},    // punctuation, superscript and subscript digits, currencies
+    {0x2150, 0x2BFF},    // fractions, arrows, operators, technical symbols, shapes
     {0x2E00, 0x2E7F},    // more punctuation
     {0x3000, 0x3004},    // ideographic blank and punctuation
     {0x3008, 0x3020},    //
     {0xE000, 0xF8FF},    // private use
     {0xFE00, 0xFE1F},    // variation selectors, vertical forms
     {0xFE30, 0xFE6F},    // small and vertical forms
-    {0xFEFF, 0xFF20},    // byte order mark, full-width signs and digits
+    {0xFEFF, 0xFF20},    // byte order mark, full-width punctuation and digits
     {0xFF3B, 0xFF40},    //
     {0xFF5B, 0xFF65},    //
     {0xFFE0, 0xFFFF},    // full-width currencies, specials
@@ -45,7 +46,7 @@ constexpr Range kInvisible[] = {
     {0x2028, 0x202F}, {0x205F, 0x206F}, {0x3000, 0x3000}, {0xFEFF, 0xFEFF},
 };
 
-bool lies_in(std::span<const Range> ranges, char32_t code) {
+bool contains(std::span<const Range> ranges, char32_t code) {
   return std::any_of(ranges.begin(), ranges.end(), [code](const Range& range) {
     return code >= range.first && code <= range.last;
   });
@@ -76,11 +77,11 @@ bool is_letter(char32_t code) {
   if (code < 0x80) {
     return code == '_' || (code >= 'A' && code <= 'Z') || (code >= 'a' && code <= 'z');
   }
-  return !lies_in(kNoLetters, code);
+  return !contains(kNotLetters, code);
 }
 
 bool is_invisible(char32_t code) {
-  return lies_in(kInvisible, code);
+  return contains(kInvisible, code);
 }
 
 }  // namespace kurv::expr

@@ -1,4 +1,5 @@
-// Expressions are UTF-8; these are the few questions that reading one asks about its characters.
+// Decodes the UTF-8 of an expression, and sorts its characters into the classes that the lexer
+// needs.
 #pragma once
 
 #include <cstddef>
@@ -8,14 +9,14 @@ namespace kurv::expr {
 
 struct Character {
   char32_t code = 0;
-  std::size_t size = 0;  // in bytes; 0 where the bytes are no character
+  std::size_t size = 0;  // in bytes; 0 where the bytes are not valid UTF-8
 };
 
-// The character that begins at byte `at`, which lies inside the text. Overlong forms, surrogates
-// and codes above U+10FFFF are no characters.
+// The character that begins at byte `at`, which must be below the size of the text. Overlong forms,
+// surrogates and codes above U+10FFFF are not valid.
 Character character_at(std::string_view text, std::size_t at);
 
-// How many characters a valid text has.
+// The number of characters in valid UTF-8.
 std::size_t count_characters(std::string_view text);
 
 constexpr bool is_digit(char32_t code) {
@@ -23,10 +24,10 @@ constexpr bool is_digit(char32_t code) {
 }
 
 // What a variable's name may begin with: A to Z, a to z, the underscore, and each character above
-// U+007F that does not lie in a block of blanks, punctuation, signs, pictures or controls.
+// U+007F outside the blocks of blanks, punctuation, symbols, pictures and control characters.
 bool is_letter(char32_t code);
 
-// Controls and blanks, which a message cannot show as they are.
+// Control characters and blanks, which a message cannot show as they are.
 bool is_invisible(char32_t code);
 
 }  // namespace kurv::expr

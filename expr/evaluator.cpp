@@ -19,16 +19,16 @@ namespace kurv {
 
 namespace {
 
-// What an undefined variable reads as: it fails each evaluation that reads it.
+// The value of an undefined variable: each evaluation that reads it fails.
 constexpr Double kMissing = std::numeric_limits<Double>::quiet_NaN();
 
-// Most names are a letter, and for those a call to compare memory costs more than all the rest.
-bool is_same(std::string_view left, std::string_view right) {
+// Most names are a single letter, for which calling memcmp() costs more than all the rest.
+bool equal_names(std::string_view left, std::string_view right) {
   if (left.size() != 1) return left == right;
   return right.size() == 1 && left[0] == right[0];
 }
 
-// Lets a table of Strings be searched for a view without making a String of it.
+// Lets a table of Strings be searched for a string_view without a temporary String.
 struct NameHash {
   using is_transparent = void;
   std::size_t operator()(std::string_view name) const {
@@ -36,16 +36,16 @@ struct NameHash {
   }
 };
 
-// The variables by name. Their values stay where they are in memory.
+// The variables by name. The addresses of their values are stable.
 class Variables {
  public:
-  // Sets the variable that was set after the last one when that was last set, and returns whether
-  // it has this name. Callers go through the same names point by point, so that this guess mostly
-  // spares the search.
-  bool set_expected(std::string_view name, Double value);
+  // Predicts that this is the variable that was set next after the current one the last time, and
+  // sets it without a lookup. Returns false where the prediction is wrong. Callers set the same
+  // names in the same order for each point, so it mostly is right.
+  bool set_predicted(std::string_view name, Double value);
   // Returns whether the variable is new.
   bool set(std::string_view name, Double value);
-  // Null when there is none of that name.
+  // Null where no variable has that name.
   const Double* find(std::string_view name) const;
 
  private:
@@ -53,18 +53,18 @@ class Variables {
   using Entry = std::pair<const String, Variable>;
   struct Variable {
     Double value = 0;
-    Entry* follower = nullptr;
+    Entry* successor = nullptr;
   };
 
   std::unordered_map<String, Variable, NameHash, std::equal_to<>> m_table;
   Entry* m_last = nullptr;
 };
 
-bool Variables::set_expected(std::string_view name, Double value) {
-  Entry* const expected = m_last ? m_last->second.follower : nullptr;
-  if (!expected || !is_same(expected->first, name)) return false;
-  expected->second.value = value;
-  m_last = expected;
+bool Variables::set_predicted(std::string_view name, Double value) {
+  Entry* const predicted = m_last ? m_last->second.successor : nullptr;
+  if (!predicted || !equal_names(predicted->first, name)) return false;
+  predicted->second.value = value;
+  m_last = predicted;
   return true;
 }
 
@@ -73,7 +73,7 @@ bool Variables::set(std::string_view name, Double value) {
   const bool is_new = found == m_table.end();
   if (is_new) found = m_table.try_emplace(String(name)).first;
   found->second.value = value;
-  if (m_last) m_last->second.follower = &*found;
+  if (m_last) m_last->second.successor = &*found;
   m_last = &*found;
   return is_new;
 }
@@ -99,20 +99,20 @@ class BuiltInEvaluator final : public ExprEvaluator {
     return expr::is_variable_name(trim_blanks(name));
   }
 
-  // An infinity would be hidden by a division by it, and counts as missing like NaN.
+  // A division by an infinity would hide it, so it counts as a missing value like NaN.
   void SetVariable(std::string_view name, Double value) override {
     if (!std::isfinite(value)) value = kMissing;
-    if (m_variables.set_expected(name, value)) return;
+    if (m_variables.set_predicted(name, value)) return;
     if (m_variables.set(trim_blanks(name), value)) m_bound = false;
   }
 
   bool GetEvalError() const override { return m_failed; }
 
   Double Evaluate() override {
-    // A host that computes values for itself comes through here alone. Now and then is enough, and
-    // each time would be a tenth of a short expression.
-    constexpr unsigned kNowAndThen = 64;
-    if (m_evaluations++ % kNowAndThen == 0) issue_vzeroupper();
+    // Hosts that evaluate expressions themselves call nothing else that clears the registers. Doing
+    // it each time would take a tenth of the time of a short expression.
+    constexpr unsigned kClearingInterval = 64;
+    if (m_evaluations++ % kClearingInterval == 0) issue_vzeroupper();
     if (!m_bound) bind();
     const Double value = m_program.run(m_values.data());
     m_failed = std::isnan(value);
@@ -121,7 +121,7 @@ class BuiltInEvaluator final : public ExprEvaluator {
 
   void SetExpression(std::string_view text) override {
     if (text == m_text) return;
-    // What may run out of memory comes first: the old expression stays whole then.
+    // All that can throw comes first, so that the old expression stays valid then.
     expr::Program program = expr::compile(text).program;
     std::vector<const Double*> values(program.operands().size());
     m_text = text;
@@ -131,7 +131,8 @@ class BuiltInEvaluator final : public ExprEvaluator {
   }
 
  private:
-  // Finds the values of the operands; a variable that is defined later is found then.
+  // Looks up the addresses of the operands' values. A variable that is defined later clears
+  // m_bound.
   void bind() {
     const auto value_of = [this](const expr::Operand& operand) {
       if (operand.name.empty()) return &operand.number;
@@ -144,7 +145,7 @@ class BuiltInEvaluator final : public ExprEvaluator {
   }
 
   Variables m_variables;
-  String m_text;  // the empty text, which is no expression, has the empty program
+  String m_text;  // an empty text goes with an empty program
   expr::Program m_program;
   std::vector<const Double*> m_values;  // one for each of the program's operands
   unsigned m_evaluations = 0;

@@ -54,7 +54,7 @@ constexpr Function kFunctions[] = {
 }  // namespace
 
 Double power(Double x, Double y) {
-  // Squares are by far the most frequent powers, and rounding is as good.
+  // Squares are by far the most frequent powers, and a product is rounded as exactly.
   return y == 2 ? x * x : std::pow(x, y);
 }
 

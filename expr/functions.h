@@ -11,11 +11,11 @@ namespace kurv::expr {
 
 // Outside its domain a function gives NaN or an infinity, which fails the evaluation.
 struct Function {
-  std::string_view name;  // in small letters
-  Double (*of_one)(Double) = nullptr;
-  Double (*of_two)(Double, Double) = nullptr;
-  // One argument or more, of_two taking them together from left to right.
-  bool of_many = false;
+  std::string_view name;  // in lower case
+  Double (*unary)(Double) = nullptr;
+  Double (*binary)(Double, Double) = nullptr;
+  // Takes one argument or more, and folds them with `binary` from left to right.
+  bool variadic = false;
 };
 
 // All of them, in one array.

@@ -13,11 +13,11 @@ Token Lexer::next() {
   if (const std::size_t size = number_size(); size > 0) return take(TokenKind::kNumber, size);
   if (const std::size_t size = name_size(); size > 0) return take(TokenKind::kName, size);
   if (m_text[m_at] == '[') return take_quoted_name();
-  constexpr std::string_view kSigns = "+-*/^(),";
-  if (kSigns.find(m_text[m_at]) != std::string_view::npos) return take(TokenKind::kSign, 1);
+  constexpr std::string_view kSymbols = "+-*/^(),";
+  if (kSymbols.find(m_text[m_at]) != std::string_view::npos) return take(TokenKind::kSymbol, 1);
 
   const Character character = character_at(m_text, m_at);
-  if (character.size == 0) return take(TokenKind::kBrokenText, 1);
+  if (character.size == 0) return take(TokenKind::kInvalidUtf8, 1);
   return take(TokenKind::kUnknownCharacter, character.size);
 }
 
@@ -33,20 +33,20 @@ Token Lexer::take_quoted_name() {
     const std::size_t size = character_at(m_text, at).size;
     if (size == 0) {
       m_at = at;
-      return take(TokenKind::kBrokenText, 1);
+      return take(TokenKind::kInvalidUtf8, 1);
     }
     at += size;
   }
-  return take(TokenKind::kOpenQuote, m_text.size() - m_at);
+  return take(TokenKind::kUnclosedBracket, m_text.size() - m_at);
 }
 
-// The first place from `at` on where no digit stands.
+// The position after the digits that begin at `at`.
 std::size_t Lexer::digits_from(std::size_t at) const {
   while (at < m_text.size() && m_text[at] >= '0' && m_text[at] <= '9') ++at;
   return at;
 }
 
-// The size of the number that begins here, or 0. An "e" without digits behind it is left for the
+// The size of the number that begins here, or 0. An "e" without digits after it is left for the
 // next token, so that "2e" is refused in the same way as "2x".
 std::size_t Lexer::number_size() const {
   std::size_t end = digits_from(m_at);

@@ -1,4 +1,4 @@
-// The first step of reading an expression: characters become numbers, names and signs.
+// The lexer: splits the text of an expression into tokens.
 #pragma once
 
 #include <cstddef>
@@ -10,20 +10,20 @@ enum class TokenKind {
   kNumber,
   kName,
   kQuotedName,
-  kSign,  // one of + - * / ^ ( ) ,
+  kSymbol,  // one of + - * / ^ ( ) ,
   kEnd,
-  // What ends the reading of an expression:
+  // Errors, which end the parse:
   kUnknownCharacter,
-  kOpenQuote,  // a bracket that is not closed
-  kBrokenText  // not UTF-8
+  kUnclosedBracket,
+  kInvalidUtf8
 };
 
 struct Token {
   TokenKind kind = TokenKind::kEnd;
-  std::string_view text;  // as it stands in the expression; empty at the end
+  std::string_view text;  // as written in the expression; empty at the end
 };
 
-// Cuts a text into tokens, looking at each byte a bounded number of times.
+// Returns the tokens of a text one after the other, in linear time.
 //
 //   number = digits ["." [digits]] [exponent] | "." digits [exponent]
 //   exponent = ("e" | "E") ["+" | "-"] digits

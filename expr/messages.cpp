@@ -9,7 +9,7 @@ namespace kurv::expr {
 
 namespace {
 
-// A part of the user's text between quotes: on one line, and short enough for a message box.
+// A part of the user's text in quotes: on one line, and short enough for a message box.
 String shown(std::string_view text) {
   constexpr std::size_t kLongest = 40;
   String line = "'";
@@ -45,8 +45,8 @@ String character_number(std::size_t place) {
 }
 
 String taken_arguments(const Function& function) {
-  if (function.of_many) return "one argument or more";
-  return function.of_one ? "one argument" : "two arguments";
+  if (function.variadic) return "one argument or more";
+  return function.unary ? "one argument" : "two arguments";
 }
 
 }  // namespace
@@ -114,10 +114,10 @@ String misplaced_message(const Token& token, std::size_t place) {
 }
 
 String unusable_message(const Token& token, std::size_t place) {
-  if (token.kind == TokenKind::kBrokenText) {
+  if (token.kind == TokenKind::kInvalidUtf8) {
     return "The text is not valid UTF-8 at " + character_number(place) + ".";
   }
-  if (token.kind == TokenKind::kOpenQuote) {
+  if (token.kind == TokenKind::kUnclosedBracket) {
     return "The bracket at " + character_number(place) + " is not closed.";
   }
   if (token.text == "]") {

@@ -1,4 +1,4 @@
-// The sentences that say why a text is no expression.
+// The error messages of the parser: sentences that say why a text is no expression.
 #pragma once
 
 #include <cstddef>
@@ -23,9 +23,9 @@ String unknown_function_message(const Token& token, std::size_t place);
 String arguments_missing_message(const Token& token, std::size_t place);
 String wrong_count_message(const Token& token, std::size_t place, const Function& function,
                            std::size_t count);
-// For a token that may not follow what stands before it.
+// For a valid token in a place where it is not allowed.
 String misplaced_message(const Token& token, std::size_t place);
-// For a token that may stand nowhere.
+// For a token that is allowed nowhere.
 String unusable_message(const Token& token, std::size_t place);
 
 }  // namespace kurv::expr

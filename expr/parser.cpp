@@ -17,12 +17,13 @@ namespace kurv::expr {
 
 namespace {
 
-// The grammar stands above the member functions, one production each. Every function adds the steps
-// of what it has read to the program, operands before their operator.
+// A recursive-descent parser: a member function for each production, with the production above it.
+// Operators of lower precedence are parsed by the outer functions. Every function emits the code of
+// what it has parsed, operands before their operator.
 //
-// The first failure is kept and ends the text: from then on the current token is the end, where
-// every production returns and every further complaint is dropped. The program is thrown away then;
-// until it is, an operator may lack its right operand in it, but never its left one.
+// Only the first error is reported. After it the current token is the end of the text, at which
+// every production returns. The program is discarded at last; until then an operator in it may lack
+// its right operand, but never its left one, so the depth of the stack is never negative.
 class Parser {
  public:
   explicit Parser(std::string_view text) : m_text(text), m_lexer(text) {}
@@ -43,21 +44,21 @@ class Parser {
   void variable(std::string_view name);
   void push_number(Double number);
   void close_parenthesis();
-  void refuse_operand();
+  void report_missing_operand();
 
   void nested(Production production);
-  bool take(std::string_view sign);
-  Token take();
+  bool accept(std::string_view symbol);
+  Token advance();
 
   std::size_t place_of(const Token& token) const;
   std::size_t last_place() const;
   void fail(String message, std::size_t place);
-  void refuse(String (*message)(const Token&, std::size_t), const Token& token);
+  void fail_at(String (*message)(const Token&, std::size_t), const Token& token);
 
   std::string_view m_text;
   Lexer m_lexer;
   Token m_current;
-  std::size_t m_taken = 0;  // bytes, to the end of the last token that was taken
+  std::size_t m_consumed = 0;  // bytes, to the end of the last token that was consumed
   int m_nesting = 0;
   std::unordered_map<std::string_view, std::size_t> m_variables;  // positions as operands
   Compilation m_result;
@@ -67,7 +68,7 @@ class Parser {
 Compilation Parser::compile() {
   m_current = m_lexer.next();
   expression();
-  if (m_current.kind != TokenKind::kEnd) refuse(misplaced_message, m_current);
+  if (m_current.kind != TokenKind::kEnd) fail_at(misplaced_message, m_current);
   if (!m_result.message.empty()) m_result.program = {};
   return std::move(m_result);
 }
@@ -76,12 +77,12 @@ Compilation Parser::compile() {
 void Parser::expression() {
   term();
   while (true) {
-    if (take("+")) {
+    if (accept("+")) {
       term();
-      m_result.program.apply(Operation::kAdd);
-    } else if (take("-")) {
+      m_result.program.add_operation(Opcode::kAdd);
+    } else if (accept("-")) {
       term();
-      m_result.program.apply(Operation::kSubtract);
+      m_result.program.add_operation(Opcode::kSubtract);
     } else {
       return;
     }
@@ -92,12 +93,12 @@ void Parser::expression() {
 void Parser::term() {
   signed_power();
   while (true) {
-    if (take("*")) {
+    if (accept("*")) {
       signed_power();
-      m_result.program.apply(Operation::kMultiply);
-    } else if (take("/")) {
+      m_result.program.add_operation(Opcode::kMultiply);
+    } else if (accept("/")) {
       signed_power();
-      m_result.program.apply(Operation::kDivide);
+      m_result.program.add_operation(Opcode::kDivide);
     } else {
       return;
     }
@@ -108,43 +109,43 @@ void Parser::term() {
 void Parser::signed_power() {
   bool negative = false;
   while (true) {
-    if (take("-")) {
+    if (accept("-")) {
       negative = !negative;
-    } else if (!take("+")) {
+    } else if (!accept("+")) {
       break;
     }
   }
   power();
-  if (negative) m_result.program.apply(Operation::kNegate);
+  if (negative) m_result.program.add_operation(Opcode::kNegate);
 }
 
 // power = primary ["^" signed power]
 //
-// The exponent is a signed power of its own: so 2^3^2 is taken from the right, 2^-1 is allowed, and
-// the minus of -x^2 is outside.
+// The exponent is a signed power itself. So the operator is right-associative (2^3^2), 2^-1 is
+// allowed, and "^" takes precedence over the minus of -x^2.
 void Parser::power() {
   primary();
-  if (!take("^")) return;
+  if (!accept("^")) return;
   nested(&Parser::signed_power);
-  m_result.program.apply(Operation::kPower);
+  m_result.program.add_operation(Opcode::kPower);
 }
 
 // primary = number | name | quoted name | "(" expression ")"
 void Parser::primary() {
-  if (take("(")) {
+  if (accept("(")) {
     nested(&Parser::expression);
     close_parenthesis();
   } else if (m_current.kind == TokenKind::kNumber) {
-    number(take());
+    number(advance());
   } else if (m_current.kind == TokenKind::kName) {
-    name(take());
+    name(advance());
   } else if (m_current.kind == TokenKind::kQuotedName) {
-    const Token token = take();
+    const Token token = advance();
     const std::string_view inside = trim_blanks(token.text.substr(1, token.text.size() - 2));
     if (inside.empty()) return fail(nameless_brackets_message(place_of(token)), place_of(token));
     variable(inside);
   } else {
-    refuse_operand();
+    report_missing_operand();
   }
 }
 
@@ -153,7 +154,7 @@ void Parser::name(const Token& token) {
   if (const std::optional<std::size_t> function = find_function(token.text)) {
     return call(token, *function);
   }
-  if (m_current.text == "(") return refuse(unknown_function_message, token);
+  if (m_current.text == "(") return fail_at(unknown_function_message, token);
   if (const std::optional<Double> constant = find_constant(token.text)) {
     return push_number(*constant);
   }
@@ -162,60 +163,60 @@ void Parser::name(const Token& token) {
 
 // call = function "(" [expression {"," expression}] ")", with as many as the function takes
 //
-// The arguments of a function of many are taken together two by two, as soon as they are there: the
-// stack stays as shallow as for two.
+// A variadic function is called for its first two arguments, then for that value and each further
+// argument, so that the stack needs no more than two places for them.
 void Parser::call(const Token& token, std::size_t index) {
   const Function& function = functions()[index];
-  if (!take("(")) return refuse(arguments_missing_message, token);
+  if (!accept("(")) return fail_at(arguments_missing_message, token);
 
   std::size_t count = 0;
   if (m_current.text != ")") {
     do {
       nested(&Parser::expression);
       ++count;
-      if (function.of_many && count > 1) m_result.program.call(index, 2);
-    } while (take(","));
+      if (function.variadic && count > 1) m_result.program.add_call(index, 2);
+    } while (accept(","));
   }
   close_parenthesis();
 
-  const std::size_t wanted = function.of_one ? 1 : 2;
-  const bool accepted = function.of_many ? count > 0 : count == wanted;
+  const std::size_t wanted = function.unary ? 1 : 2;
+  const bool accepted = function.variadic ? count > 0 : count == wanted;
   if (!accepted) {
     return fail(wrong_count_message(token, place_of(token), function, count), place_of(token));
   }
-  if (!function.of_many) m_result.program.call(index, static_cast<int>(count));
+  if (!function.variadic) m_result.program.add_call(index, static_cast<int>(count));
 }
 
 void Parser::number(const Token& token) {
   const std::optional<Double> value = text_to_number(token.text);
   constexpr Double kLargest = std::numeric_limits<Double>::max();
-  if (!value || *value > kLargest) return refuse(too_large_number_message, token);
+  if (!value || *value > kLargest) return fail_at(too_large_number_message, token);
   push_number(*value);
 }
 
 void Parser::variable(std::string_view name) {
   const auto [entry, is_new] = m_variables.try_emplace(name, 0);
   if (is_new) entry->second = m_result.program.add_operand({String(name), 0});
-  m_result.program.push(entry->second);
+  m_result.program.add_push(entry->second);
 }
 
 void Parser::push_number(Double number) {
-  m_result.program.push(m_result.program.add_operand({"", number}));
+  m_result.program.add_push(m_result.program.add_operand({"", number}));
 }
 
 void Parser::close_parenthesis() {
-  if (take(")")) return;
+  if (accept(")")) return;
   if (m_current.kind == TokenKind::kEnd) {
     return fail(parenthesis_missing_message(last_place()), last_place());
   }
-  refuse(misplaced_message, m_current);
+  fail_at(misplaced_message, m_current);
 }
 
-void Parser::refuse_operand() {
+void Parser::report_missing_operand() {
   if (m_current.kind == TokenKind::kEnd) {
     return fail(operand_missing_message(last_place()), last_place());
   }
-  refuse(operand_needed_message, m_current);
+  fail_at(operand_needed_message, m_current);
 }
 
 void Parser::nested(Production production) {
@@ -227,29 +228,29 @@ void Parser::nested(Production production) {
   --m_nesting;
 }
 
-// Goes on when the current token is this sign.
-bool Parser::take(std::string_view sign) {
-  if (m_current.kind != TokenKind::kSign || m_current.text != sign) return false;
-  take();
+// Consumes the current token if it is this symbol.
+bool Parser::accept(std::string_view symbol) {
+  if (m_current.kind != TokenKind::kSymbol || m_current.text != symbol) return false;
+  advance();
   return true;
 }
 
-Token Parser::take() {
+Token Parser::advance() {
   const Token token = m_current;
-  m_taken = static_cast<std::size_t>(token.text.data() - m_text.data()) + token.text.size();
+  m_consumed = static_cast<std::size_t>(token.text.data() - m_text.data()) + token.text.size();
   m_current = m_lexer.next();
   return token;
 }
 
-// The character at which a token begins, from 1. It is counted only when there is something to say.
+// The character at which a token begins, from 1. It is counted only for an error message.
 std::size_t Parser::place_of(const Token& token) const {
   const auto begin = static_cast<std::size_t>(token.text.data() - m_text.data());
   return count_characters(m_text.substr(0, begin)) + 1;
 }
 
-// The last character of the last token taken; 0 before the first.
+// The last character of the last token consumed; 0 before the first.
 std::size_t Parser::last_place() const {
-  return count_characters(m_text.substr(0, m_taken));
+  return count_characters(m_text.substr(0, m_consumed));
 }
 
 void Parser::fail(String message, std::size_t place) {
@@ -261,8 +262,8 @@ void Parser::fail(String message, std::size_t place) {
   m_lexer = Lexer({});
 }
 
-// A token that can stand nowhere is complained of as such, whatever was expected in its place.
-void Parser::refuse(String (*message)(const Token&, std::size_t), const Token& token) {
+// A token that is allowed nowhere is reported as such, whatever was expected in its place.
+void Parser::fail_at(String (*message)(const Token&, std::size_t), const Token& token) {
   const bool usable = token.kind < TokenKind::kUnknownCharacter;
   fail((usable ? message : unusable_message)(token, place_of(token)), place_of(token));
 }

@@ -24,96 +24,96 @@ std::size_t Program::add_operand(Operand operand) {
   return m_operands.size() - 1;
 }
 
-void Program::push(std::size_t operand) {
-  add_step(Operation::kPush, operand, 1);
+void Program::add_push(std::size_t operand) {
+  append(Opcode::kPush, operand, 1);
 }
 
-void Program::apply(Operation operation) {
-  if (join_last_push(operation)) return;
-  add_step(operation, 0, operation == Operation::kNegate ? 0 : -1);
+void Program::add_operation(Opcode opcode) {
+  if (fuse_with_last_push(opcode)) return;
+  append(opcode, 0, opcode == Opcode::kNegate ? 0 : -1);
 }
 
-void Program::call(std::size_t function, int arguments) {
-  const bool of_one = arguments == 1;
-  add_step(of_one ? Operation::kCallOfOne : Operation::kCallOfTwo, function, of_one ? 0 : -1);
+void Program::add_call(std::size_t function, int arguments) {
+  const bool unary = arguments == 1;
+  append(unary ? Opcode::kCallUnary : Opcode::kCallBinary, function, unary ? 0 : -1);
 }
 
-void Program::add_step(Operation operation, std::size_t index, int growth) {
-  m_steps.push_back({operation, static_cast<std::uint32_t>(index)});
-  m_depth += growth;
+void Program::append(Opcode opcode, std::size_t index, int stack_effect) {
+  m_code.push_back({opcode, static_cast<std::uint32_t>(index)});
+  m_depth += stack_effect;
   m_stack.resize(std::max(m_stack.size(), static_cast<std::size_t>(m_depth)));
 }
 
-// Fewer steps are most of what makes a program quick. A push that comes last before an operation of
-// two operands is its right one.
-bool Program::join_last_push(Operation operation) {
-  const auto joined = [operation] {
-    switch (operation) {
-      case Operation::kAdd:
-        return Operation::kAddOperand;
-      case Operation::kSubtract:
-        return Operation::kSubtractOperand;
-      case Operation::kMultiply:
-        return Operation::kMultiplyOperand;
-      case Operation::kDivide:
-        return Operation::kDivideOperand;
+// A peephole optimisation: the number of instructions is most of the cost of a program. A push
+// directly before a binary operation is its right operand.
+bool Program::fuse_with_last_push(Opcode opcode) {
+  const auto fused = [opcode] {
+    switch (opcode) {
+      case Opcode::kAdd:
+        return Opcode::kAddOperand;
+      case Opcode::kSubtract:
+        return Opcode::kSubtractOperand;
+      case Opcode::kMultiply:
+        return Opcode::kMultiplyOperand;
+      case Opcode::kDivide:
+        return Opcode::kDivideOperand;
       default:
-        return operation;
+        return opcode;
     }
   }();
-  if (joined == operation || m_steps.back().operation != Operation::kPush) return false;
-  m_steps.back().operation = joined;
+  if (fused == opcode || m_code.back().opcode != Opcode::kPush) return false;
+  m_code.back().opcode = fused;
   --m_depth;
   return true;
 }
 
-// The uppermost value of the stack lives in `top`. What the first push moves down is no value, and
-// so that NaN is never read, save at the end of a program without steps.
+// The top of the stack is kept in `top`, which is most often a register. The first push spills the
+// initial NaN, which no instruction reads; only an empty program returns it.
 Double Program::run(const Double* const* operands) {
   const Function* const table = functions();
   Double* below = m_stack.data();
   Double top = kMissing;
-  for (const Step step : m_steps) {
-    switch (step.operation) {
-      case Operation::kPush:
+  for (const Instruction instruction : m_code) {
+    switch (instruction.opcode) {
+      case Opcode::kPush:
         *below++ = top;
-        top = *operands[step.index];
+        top = *operands[instruction.index];
         break;
-      case Operation::kNegate:
+      case Opcode::kNegate:
         top = -top;
         break;
-      case Operation::kAdd:
+      case Opcode::kAdd:
         top = *--below + top;
         break;
-      case Operation::kSubtract:
+      case Opcode::kSubtract:
         top = *--below - top;
         break;
-      case Operation::kMultiply:
+      case Opcode::kMultiply:
         top = *--below * top;
         break;
-      case Operation::kDivide:
+      case Opcode::kDivide:
         top = quotient(*--below, top);
         break;
-      case Operation::kPower:
+      case Opcode::kPower:
         top = power(*--below, top);
         break;
-      case Operation::kAddOperand:
-        top += *operands[step.index];
+      case Opcode::kAddOperand:
+        top += *operands[instruction.index];
         break;
-      case Operation::kSubtractOperand:
-        top -= *operands[step.index];
+      case Opcode::kSubtractOperand:
+        top -= *operands[instruction.index];
         break;
-      case Operation::kMultiplyOperand:
-        top *= *operands[step.index];
+      case Opcode::kMultiplyOperand:
+        top *= *operands[instruction.index];
         break;
-      case Operation::kDivideOperand:
-        top = quotient(top, *operands[step.index]);
+      case Opcode::kDivideOperand:
+        top = quotient(top, *operands[instruction.index]);
         break;
-      case Operation::kCallOfOne:
-        top = table[step.index].of_one(top);
+      case Opcode::kCallUnary:
+        top = table[instruction.index].unary(top);
         break;
-      case Operation::kCallOfTwo:
-        top = table[step.index].of_two(*--below, top);
+      case Opcode::kCallBinary:
+        top = table[instruction.index].binary(*--below, top);
         break;
     }
     if (!std::isfinite(top)) return kMissing;

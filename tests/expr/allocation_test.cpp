@@ -46,7 +46,7 @@ int allocations_in(Action action) {
   return g_allocations - before;
 }
 
-// Too long for the memory that a String has within itself.
+// Too long for the small-string optimisation.
 constexpr std::string_view kLongName = "a name that is longer than any string keeps in place";
 constexpr std::string_view kExpression =
     "max(x,[a name that is longer than any string keeps in place],1)*(sin(x)+2)^2-y/(1+x)";

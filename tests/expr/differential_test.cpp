@@ -1,4 +1,4 @@
-// Two evaluators that know nothing of each other must agree on what both understand.
+// Two independent evaluators must agree on what both accept.
 #include <gtest/gtest.h>
 #include <muParser.h>
 
@@ -12,7 +12,7 @@
 namespace kurv {
 namespace {
 
-// The values of the variables are those that random_expression.cpp counts with.
+// Both evaluators, with the variables of random_expression.cpp.
 class Both {
  public:
   Both() : m_ours(make_evaluator()) {
@@ -21,7 +21,7 @@ class Both {
       m_theirs.DefineVar(name, &value);
     }
     m_theirs.DefineConst("pi", std::numbers::pi);
-    // Its own three follow the formulas with logarithms, which lose all digits for large numbers or
+    // Its own three use the formulas with logarithms, which lose all digits for large arguments or
     // for small ones.
     m_theirs.DefineFun("asinh", static_cast<double (*)(double)>(std::asinh));
     m_theirs.DefineFun("acosh", static_cast<double (*)(double)>(std::acosh));
@@ -36,7 +36,7 @@ class Both {
     return value;
   }
 
-  // Nothing where the text was refused; several values count as a refusal.
+  // Nothing where the text was rejected; several values count as rejected.
   std::optional<double> theirs(const std::string& text) {
     try {
       m_theirs.SetExpr(text);
@@ -66,19 +66,19 @@ TEST(Differential, RandomExpressionsHaveTheSameValue) {
   for (int i = 0; i < kExpressions && !testing::Test::HasFailure(); ++i) {
     const test::Node expression = test::random_expression(random, 1 + i % 5);
     const std::string text = test::text_of(expression, random);
-    const test::Steps steps = test::steps_of(expression);
+    const test::Intermediates intermediates = test::intermediates_of(expression);
     const std::optional<double> theirs = both.theirs(text);
     const std::optional<double> ours = both.ours(text);
     ASSERT_TRUE(theirs) << text;
     ASSERT_TRUE(both.understood_by_us(text)) << text;
     EXPECT_TRUE(std::isfinite(*theirs) || !ours) << text;
-    EXPECT_EQ(ours.has_value(), steps.finite) << text;
+    EXPECT_EQ(ours.has_value(), intermediates.finite) << text;
     if (!ours || !std::isfinite(*theirs)) {
       ++failed;
       continue;
     }
     ++compared;
-    EXPECT_LE(std::abs(*ours - *theirs), 1e-12 * steps.largest)
+    EXPECT_LE(std::abs(*ours - *theirs), 1e-12 * intermediates.largest)
         << text << " " << *ours << " " << *theirs;
   }
   EXPECT_GT(compared, kExpressions / 2);
@@ -91,12 +91,12 @@ bool is_sign(std::string_view token) {
   return token == "+" || token == "-";
 }
 
-// Whether what comes after the token has to be an operand.
+// Whether an operand must follow the token.
 bool awaits_operand(std::string_view token) {
   return std::string_view("+-*/^(,").find(token.back()) != std::string_view::npos;
 }
 
-// Only one of the two reads a sign that stands before another sign of the same operand.
+// Only one of the two accepts more than one sign before an operand.
 bool repeats_signs(const Tokens& tokens) {
   for (std::size_t i = 1; i < tokens.size(); ++i) {
     const bool unary = i == 1 || awaits_operand(tokens[i - 2]);

@@ -80,7 +80,7 @@ TEST(EvaluationErrors, NoExpressionFails) {
   EXPECT_TRUE(evaluator->GetEvalError());
 }
 
-TEST(EvaluationErrors, FlagSpeaksOfTheLastEvaluation) {
+TEST(EvaluationErrors, FlagIsThatOfTheLastEvaluation) {
   const auto evaluator = make_evaluator();
   evaluator->SetExpression("sqrt(x)");
   for (const Double x : {-1.0, 4.0, -9.0}) {
@@ -88,7 +88,7 @@ TEST(EvaluationErrors, FlagSpeaksOfTheLastEvaluation) {
     evaluator->Evaluate();
     EXPECT_EQ(evaluator->GetEvalError(), x < 0);
   }
-  // Neither a new expression nor a look at another changes what the last evaluation was.
+  // Neither a new expression nor parsing another one changes the flag.
   evaluator->SetExpression("1");
   evaluator->ParseExpression("1");
   EXPECT_TRUE(evaluator->GetEvalError());

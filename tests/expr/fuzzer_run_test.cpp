@@ -1,4 +1,4 @@
-// A short run of the fuzzer's entry point over texts that come out the same each time.
+// A short run of the fuzzer's entry point over texts that are the same each time.
 #include <gtest/gtest.h>
 
 #include <cstdint>

@@ -1,4 +1,4 @@
-// Where the two evaluators of the differential test differ on purpose, one case after the other.
+// Where the two evaluators of the differential test are meant to differ, case by case.
 #include <gtest/gtest.h>
 #include <muParser.h>
 
@@ -80,8 +80,8 @@ TEST(GrammarDifferences, InverseHyperbolicFunctionsKeepTheirDigitsHere) {
   EXPECT_EQ(theirs("atanh(1e-20)").value(), 0);
 }
 
-// Where a function is unknown there, a formula takes its place. The formulas hold between the whole
-// numbers, which random arguments never meet.
+// Functions that the other evaluator lacks are written as formulas for it. The formulas are wrong
+// at whole numbers, which are never among the random arguments.
 TEST(GrammarDifferences, FunctionsThatAreUnknownThereHaveTheValuesOfTheirFormulas) {
   struct Case {
     const char* ours;

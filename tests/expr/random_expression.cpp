@@ -13,15 +13,15 @@ namespace {
 
 using Values = const double*;
 
-constexpr Meaning kOperators[] = {{"+", 2, [](Values v, int) { return v[0] + v[1]; }},
-                                  {"-", 2, [](Values v, int) { return v[0] - v[1]; }},
-                                  {"*", 2, [](Values v, int) { return v[0] * v[1]; }},
-                                  {"/", 2, [](Values v, int) { return v[0] / v[1]; }},
-                                  {"^", 2, [](Values v, int) { return std::pow(v[0], v[1]); }},
-                                  {"-", 1, [](Values v, int) { return -v[0]; }},
-                                  {"+", 1, [](Values v, int) { return v[0]; }}};
+constexpr Operation kOperators[] = {{"+", 2, [](Values v, int) { return v[0] + v[1]; }},
+                                    {"-", 2, [](Values v, int) { return v[0] - v[1]; }},
+                                    {"*", 2, [](Values v, int) { return v[0] * v[1]; }},
+                                    {"/", 2, [](Values v, int) { return v[0] / v[1]; }},
+                                    {"^", 2, [](Values v, int) { return std::pow(v[0], v[1]); }},
+                                    {"-", 1, [](Values v, int) { return -v[0]; }},
+                                    {"+", 1, [](Values v, int) { return v[0]; }}};
 
-constexpr Meaning kFunctions[] = {
+constexpr Operation kFunctions[] = {
     {"sin", 1, [](Values v, int) { return std::sin(v[0]); }},
     {"cos", 1, [](Values v, int) { return std::cos(v[0]); }},
     {"tan", 1, [](Values v, int) { return std::tan(v[0]); }},
@@ -88,13 +88,13 @@ Node random_leaf(std::mt19937& random) {
   return {variable.name, variable.value, nullptr, {}};
 }
 
-// How tightly an operation binds its operands; what is written with parentheses binds tightest.
-int tightness(const Node& node) {
+// The precedence of what a node is written as: higher binds tighter, and parentheses bind tightest.
+int precedence(const Node& node) {
   if (!node.leaf.empty()) return 5;
-  const bool is_operator = node.meaning >= kOperators && node.meaning < std::end(kOperators);
+  const bool is_operator = node.operation >= kOperators && node.operation < std::end(kOperators);
   if (!is_operator) return 5;
   if (node.operands.size() == 1) return 3;
-  switch (node.meaning->name[0]) {
+  switch (node.operation->name[0]) {
     case '^':
       return 4;
     case '*':
@@ -111,17 +111,17 @@ std::string blank(std::mt19937& random) {
 
 std::string operand_text(const Node& node, int wanted, std::mt19937& random) {
   const std::string text = text_of(node, random);
-  const bool needed = tightness(node) < wanted;
+  const bool needed = precedence(node) < wanted;
   return needed || below(random, 20) == 0 ? "(" + text + ")" : text;
 }
 
-// A sign may stand before what is multiplied and before an exponent, but not before another sign,
-// which only one of the two evaluators reads.
+// A sign is written before a factor or an exponent, but never before another sign, which only one
+// of the two evaluators accepts.
 std::string operator_text(const Node& node, std::mt19937& random) {
-  const std::string sign = blank(random) + node.meaning->name + blank(random);
-  const int own = tightness(node);
+  const std::string sign = blank(random) + node.operation->name + blank(random);
+  const int own = precedence(node);
   if (node.operands.size() == 1)
-    return node.meaning->name + operand_text(node.operands[0], 4, random);
+    return node.operation->name + operand_text(node.operands[0], 4, random);
   const bool power = own == 4;
   const int left = power ? 5 : own;
   const int right = power ? 3 : own + 1;
@@ -129,15 +129,15 @@ std::string operator_text(const Node& node, std::mt19937& random) {
   return text + sign + operand_text(node.operands[1], right, random);
 }
 
-double walk(const Node& node, Steps& steps) {
+double evaluate(const Node& node, Intermediates& intermediates) {
   double value = node.value;
   if (node.leaf.empty()) {
     std::vector<double> values;
-    for (const Node& operand : node.operands) values.push_back(walk(operand, steps));
-    value = node.meaning->formula(values.data(), static_cast<int>(values.size()));
+    for (const Node& operand : node.operands) values.push_back(evaluate(operand, intermediates));
+    value = node.operation->formula(values.data(), static_cast<int>(values.size()));
   }
-  steps.finite = steps.finite && std::isfinite(value);
-  steps.largest = std::max(steps.largest, std::abs(value));
+  intermediates.finite = intermediates.finite && std::isfinite(value);
+  intermediates.largest = std::max(intermediates.largest, std::abs(value));
   return value;
 }
 
@@ -146,18 +146,19 @@ double walk(const Node& node, Steps& steps) {
 Node random_expression(std::mt19937& random, int depth) {
   if (depth == 0 || below(random, 8) == 0) return random_leaf(random);
   Node node;
-  node.meaning = below(random, 3) == 0
-                     ? &kFunctions[below(random, static_cast<int>(std::size(kFunctions)))]
-                     : &kOperators[below(random, static_cast<int>(std::size(kOperators)))];
-  const int count = node.meaning->arguments > 0 ? node.meaning->arguments : 1 + below(random, 4);
+  node.operation = below(random, 3) == 0
+                       ? &kFunctions[below(random, static_cast<int>(std::size(kFunctions)))]
+                       : &kOperators[below(random, static_cast<int>(std::size(kOperators)))];
+  const int count =
+      node.operation->arguments > 0 ? node.operation->arguments : 1 + below(random, 4);
   for (int i = 0; i < count; ++i) node.operands.push_back(random_expression(random, depth - 1));
   return node;
 }
 
 std::string text_of(const Node& node, std::mt19937& random) {
   if (!node.leaf.empty()) return node.leaf;
-  if (tightness(node) < 5) return operator_text(node, random);
-  std::string text = node.meaning->name + std::string("(");
+  if (precedence(node) < 5) return operator_text(node, random);
+  std::string text = node.operation->name + std::string("(");
   for (std::size_t i = 0; i < node.operands.size(); ++i) {
     if (i > 0) text += "," + blank(random);
     text += operand_text(node.operands[i], 0, random);
@@ -165,10 +166,10 @@ std::string text_of(const Node& node, std::mt19937& random) {
   return text + ")";
 }
 
-Steps steps_of(const Node& node) {
-  Steps steps;
-  walk(node, steps);
-  return steps;
+Intermediates intermediates_of(const Node& node) {
+  Intermediates intermediates;
+  evaluate(node, intermediates);
+  return intermediates;
 }
 
 }  // namespace kurv::test

@@ -1,4 +1,4 @@
-// Expressions that are made from a seed, with their text and an evaluation that shows each step.
+// Random expression trees, with their text and an evaluation of their own.
 #pragma once
 
 #include <random>
@@ -7,8 +7,8 @@
 
 namespace kurv::test {
 
-// What the test knows of a function or operator apart from both evaluators.
-struct Meaning {
+// A function or operator as the test itself computes it, independently of both evaluators.
+struct Operation {
   const char* name;
   int arguments;  // 0: one to four
   double (*formula)(const double* values, int count);
@@ -17,21 +17,21 @@ struct Meaning {
 struct Node {
   std::string leaf;  // a number or a variable, or empty
   double value = 0;  // of a leaf
-  const Meaning* meaning = nullptr;
+  const Operation* operation = nullptr;
   std::vector<Node> operands;
 };
 
 Node random_expression(std::mt19937& random, int depth);
 
-// With the fewest parentheses that keep the meaning, or here and there with some more.
+// With the parentheses that are necessary, and here and there with others.
 std::string text_of(const Node& node, std::mt19937& random);
 
-// Of all intermediate values and the last one.
-struct Steps {
+// A summary of all intermediate values and the result.
+struct Intermediates {
   bool finite = true;
   double largest = 0;  // magnitude
 };
 
-Steps steps_of(const Node& node);
+Intermediates intermediates_of(const Node& node);
 
 }  // namespace kurv::test
