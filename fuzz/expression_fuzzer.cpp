@@ -1,8 +1,5 @@
-// Gives any bytes to the evaluator and stops the program where a promise of it is broken.
-//
-//   clang++ -std=c++20 -g -O1 -fsanitize=fuzzer,address,undefined -I. -Iinclude
-//     fuzz/expression_fuzzer.cpp expr/*.cpp model/decimal.cpp model/number_text.cpp model/values.cpp model/fault.cpp model/vzeroupper.cpp -o
-//     expression_fuzzer
+// Gives any bytes to the evaluator and stops the program where it breaks a promise. tools/fuzz
+// builds and runs it.
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
@@ -16,8 +13,8 @@
 namespace kurv {
 namespace {
 
-void require(bool kept) {
-  if (!kept) std::abort();
+void require(bool condition) {
+  if (!condition) std::abort();
 }
 
 // Both the answer of the flag and that of the value.
