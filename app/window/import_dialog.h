@@ -6,7 +6,7 @@
 #include <optional>
 #include <string>
 
-#include "app/csv/table_look.h"
+#include "app/csv/table_survey.h"
 #include "app/graph/graph_intake.h"
 
 class QCheckBox;

@@ -4,7 +4,7 @@
 #include <QAbstractTableModel>
 
 #include "app/csv/csv_table.h"
-#include "app/csv/table_look.h"
+#include "app/csv/table_survey.h"
 
 namespace kurv::app {
 

@@ -1,4 +1,4 @@
-#include "app/csv/table_look.h"
+#include "app/csv/table_survey.h"
 
 #include <algorithm>
 #include <array>
