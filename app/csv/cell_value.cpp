@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <limits>
 #include <optional>
+#include <string>
 
 #include "app/csv/iso_date.h"
 
@@ -29,41 +30,22 @@ std::optional<Double> number_with_comma(std::string_view text) {
   return text_to_number(with_point);
 }
 
-// A point in a text without a comma, or the other way round.
-std::optional<Double> number(std::string_view text, bool decimal_comma) {
-  if (!decimal_comma) return text_to_number(text);
-  return text.find('.') == std::string_view::npos ? number_with_comma(text) : std::nullopt;
-}
-
 }  // namespace
 
-CellValue read_cell(std::string_view text, bool decimal_comma) {
+CellValue read_cell(std::string_view text, const CsvDialect& dialect) {
   text = trim_whitespace(text);
   if (is_missing(text)) return {CellKind::kMissing, kNoValue};
-  if (const std::optional<Double> value = number(text, decimal_comma)) {
+  if (const std::optional<Double> value = cell_number(text, dialect.decimal_comma)) {
     if (std::isfinite(*value)) return {CellKind::kNumber, *value};
-    // A sign before "NaN" leaves it what it is.
     return {std::isnan(*value) ? CellKind::kMissing : CellKind::kInfinite, kNoValue};
   }
   if (const std::optional<double> days = parse_iso_date(text)) return {CellKind::kDate, *days};
   return {CellKind::kWord, kNoValue};
 }
 
-bool has_decimal_commas(const CsvTable& table) {
-  // Between commas a comma in a number can only part thousands, and nobody knows which.
-  if (table.separator() == ',') return false;
-  std::size_t commas = 0;
-  std::size_t points = 0;
-  for (std::size_t row = 0; row < table.rows(); ++row) {
-    for (std::size_t column = 0; column < table.width(row); ++column) {
-      const std::string_view text = table.cell(row, column);
-      const bool comma = text.find(',') != std::string_view::npos;
-      const bool point = text.find('.') != std::string_view::npos;
-      if (comma && number(text, true)) ++commas;
-      if (point && number(text, false)) ++points;
-    }
-  }
-  return commas > points;
+std::optional<Double> cell_number(std::string_view text, bool decimal_comma) {
+  if (!decimal_comma) return text_to_number(text);
+  return text.find('.') == std::string_view::npos ? number_with_comma(text) : std::nullopt;
 }
 
 }  // namespace kurv::app

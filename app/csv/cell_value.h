@@ -1,9 +1,13 @@
-// What a field of a table stands for.
+// What a cell of a table means.
 #pragma once
 
+#include <KurvGraph/values.h>
+
+#include <limits>
+#include <optional>
 #include <string_view>
 
-#include "app/csv/csv_table.h"
+#include "app/csv/csv_dialect.h"
 
 namespace kurv::app {
 
@@ -13,15 +17,15 @@ inline constexpr int kCellKinds = 5;
 struct CellValue {
   CellKind kind = CellKind::kMissing;
   // The number, or the days since the beginning of 1970; NaN for everything else.
-  double value = 0;
+  double value = std::numeric_limits<double>::quiet_NaN();
 };
 
-// Nothing, "NA" and "NaN" in any letter case are missing values. An infinite number is one that is
-// written so, or too large. Blanks around it do not count.
-CellValue read_cell(std::string_view text, bool decimal_comma);
+// The meaning of a cell in a table of this dialect. An empty text, "NA" and "NaN" in any letter
+// case are missing values. A number is infinite if it is written so or too large. Blanks around the
+// text are ignored.
+CellValue read_cell(std::string_view text, const CsvDialect& dialect);
 
-// Whether a table's numbers have a decimal comma: it has more numbers that need one than numbers
-// with a decimal point. Never where commas separate the fields.
-bool has_decimal_commas(const CsvTable& table);
+// The number in a cell, if it is one with this decimal sign or without any.
+std::optional<Double> cell_number(std::string_view text, bool decimal_comma);
 
 }  // namespace kurv::app

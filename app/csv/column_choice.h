@@ -6,17 +6,17 @@
 #include <string>
 #include <vector>
 
-#include "app/csv/column_survey.h"
+#include "app/csv/table_columns.h"
 
 namespace kurv::app {
 
-// What the user asks for; column names, all optional.
+// The columns and rows that the user asks for; all optional.
 struct Selection {
   std::optional<std::string> x;
-  // Takes the row number for x, whatever columns there are.
+  // x is the row number, whatever columns there are.
   bool row_numbers = false;
   std::vector<std::string> y;
-  // Each n-th row is taken, the first one always.
+  // Each n-th row is drawn, beginning with the first one.
   std::size_t every = 1;
 };
 
@@ -28,11 +28,10 @@ struct Choice {
   std::vector<std::string> warnings;
 };
 
-// Without a wish, the first column is x and all other columns of numbers are curves. Where the
-// first one has neither numbers nor dates, or no other one has numbers, the rows are numbered
-// instead. Throws UserError, which begins with `path`, when nothing can be drawn that way.
-Choice choose_columns(const std::vector<std::string>& names,
-                      const std::vector<ColumnSurvey>& surveys, const Selection& selection,
-                      const std::string& path);
+// Unless the selection says otherwise, the first column is x and all other columns of numbers are
+// curves; rows are numbered where the first column holds neither numbers nor dates, or is the only
+// one with numbers. Reads no more columns than it needs to decide. Throws UserError, which begins
+// with `path`, when nothing can be drawn that way.
+Choice choose_columns(TableColumns& columns, const Selection& selection, const std::string& path);
 
 }  // namespace kurv::app

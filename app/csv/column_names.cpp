@@ -8,7 +8,6 @@
 #include <unordered_set>
 
 #include "app/base/message_text.h"
-#include "app/csv/cell_value.h"
 
 namespace kurv::app {
 
@@ -41,13 +40,6 @@ std::vector<std::string> names_of_header(const CsvTable& table) {
 }
 
 }  // namespace
-
-bool has_header(const CsvTable& table, bool decimal_comma) {
-  for (std::size_t column = 0; column < table.width(0); ++column) {
-    if (read_cell(table.cell(0, column), decimal_comma).kind == CellKind::kWord) return true;
-  }
-  return false;
-}
 
 std::vector<std::string> column_names(const CsvTable& table, bool header) {
   if (header) return names_of_header(table);

@@ -8,9 +8,6 @@
 
 namespace kurv::app {
 
-// True unless each field of the first row is a number, a date or missing.
-bool has_header(const CsvTable& table, bool decimal_comma);
-
 // One name per column, all different: those of the header, or "x", "y1", "y2" and so on where there
 // is none ("y" for a single column). A repeated name gets a suffix, "name (2)", and an empty one is
 // "column 3". A table without a header is as wide as its widest row.

@@ -5,7 +5,6 @@
 #include <utility>
 
 #include "app/csv/column_choice.h"
-#include "app/csv/column_names.h"
 
 namespace kurv::app {
 
@@ -18,39 +17,32 @@ std::string separator_name(char separator) {
   return std::string("\"") + separator + '"';
 }
 
-// With a single curve, so that a table of too many is no reason to refuse.
-std::optional<std::size_t> usual_x(const std::vector<std::string>& names,
-                                   const std::vector<ColumnSurvey>& surveys) {
-  const auto numbers = std::find_if(surveys.begin(), surveys.end(), [](const ColumnSurvey& survey) {
-    return survey.kind() == ColumnKind::kNumbers;
-  });
-  if (numbers == surveys.end()) return std::nullopt;
+// Chooses with a single curve, so that too many columns are no reason to refuse.
+std::optional<std::size_t> default_x(TableColumns& columns, const std::vector<ColumnKind>& kinds) {
+  const auto numbers = std::find(kinds.begin(), kinds.end(), ColumnKind::kNumbers);
+  if (numbers == kinds.end()) return std::nullopt;
   Selection selection;
-  selection.y = {names[static_cast<std::size_t>(numbers - surveys.begin())]};
-  return choose_columns(names, surveys, selection, {}).x;
+  selection.y = {columns.names()[static_cast<std::size_t>(numbers - kinds.begin())]};
+  return choose_columns(columns, selection, {}).x;
 }
 
 }  // namespace
 
-TableLook look_at(const CsvTable& table) {
-  TableLook look;
-  if (table.rows() == 0) return look;
-  look.decimal_comma = has_decimal_commas(table);
-  look.header = has_header(table, look.decimal_comma);
-  const DataRows rows(table, look.header, 1);
-  look.rows = rows.total();
-  look.names = column_names(table, look.header);
-  const std::vector<ColumnSurvey> surveys =
-      survey_columns(table, rows, look.names.size(), look.decimal_comma);
-  for (const ColumnSurvey& survey : surveys) look.kinds.push_back(survey.kind());
-  look.x = usual_x(look.names, surveys);
-  return look;
+TableSurvey survey_table(TableColumns& columns) {
+  TableSurvey survey;
+  survey.dialect = columns.dialect();
+  survey.rows = columns.rows().total();
+  survey.names = columns.names();
+  columns.read_all();
+  for (std::size_t i = 0; i < columns.size(); ++i) survey.kinds.push_back(columns.kind(i));
+  survey.x = default_x(columns, survey.kinds);
+  return survey;
 }
 
-std::string description(const TableLook& look, char separator) {
-  const std::string comma = look.decimal_comma ? ", numbers have a decimal comma," : "";
-  const std::string names = look.header ? " and the first line holds the names of the columns."
-                                        : " and the columns have no names.";
+std::string description(const CsvDialect& dialect, char separator) {
+  const std::string comma = dialect.decimal_comma ? ", numbers have a decimal comma," : "";
+  const std::string names = dialect.header ? " and the first line holds the names of the columns."
+                                           : " and the columns have no names.";
   return "The fields are separated by " + separator_name(separator) + comma + names;
 }
 

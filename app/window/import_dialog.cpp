@@ -104,7 +104,8 @@ ImportDialog::ImportDialog(const std::string& path, CsvTable table, QWidget* par
     : QDialog(parent),
       m_path(path),
       m_table(std::move(table)),
-      m_look(look_at(m_table)),
+      m_columns(m_table, detect_dialect(m_table), 1),
+      m_survey(survey_table(m_columns)),
       m_x(named("cboX", new QComboBox)),
       m_curves(named("lstCurves", new QListWidget)),
       m_all(named("cmdAll", new QPushButton("&All"))),
@@ -163,7 +164,7 @@ QScrollArea* ImportDialog::make_notes() {
 QWidget* ImportDialog::make_preview() {
   auto* const box = new QWidget;
   auto* const table = named("tblPreview", new QTableView);
-  table->setModel(new TablePreview(m_table, m_look, table));
+  table->setModel(new TablePreview(m_table, m_survey, table));
   table->setEditTriggers(QAbstractItemView::NoEditTriggers);
   table->setAlternatingRowColors(true);
   table->setTabKeyNavigation(false);
@@ -171,16 +172,16 @@ QWidget* ImportDialog::make_preview() {
   table->verticalHeader()->setDefaultAlignment(Qt::AlignCenter);
   fit_columns(*table);
   table->setAccessibleName("The first rows of the file");
-  const QString rows = m_look.rows > TablePreview::kMostRows
-                           ? " (of " + QString::number(m_look.rows) + ", 100 are shown)"
+  const QString rows = m_survey.rows > TablePreview::kMostRows
+                           ? " (of " + QString::number(m_survey.rows) + ", 100 are shown)"
                            : QString();
   auto* const layout = new QVBoxLayout(box);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->addWidget(caption("&Rows of the file" + rows, table));
   layout->addWidget(table);
-  QLabel* const look = plain_label("lblLook");
-  look->setText(shown(description(m_look, m_table.separator())));
-  layout->addWidget(look);
+  QLabel* const dialect = plain_label("lblDialect");
+  dialect->setText(shown(description(m_survey.dialect, m_table.separator())));
+  layout->addWidget(dialect);
   return box;
 }
 
@@ -215,9 +216,9 @@ QVBoxLayout* ImportDialog::make_curve_fields() {
 void ImportDialog::fill_fields() {
   m_x->addItem("Row number", -1);
   m_x->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-  for (std::size_t i = 0; i < m_look.kinds.size(); ++i) {
-    const ColumnKind kind = m_look.kinds[i];
-    const QString name = shown(m_look.names[i]);
+  for (std::size_t i = 0; i < m_survey.kinds.size(); ++i) {
+    const ColumnKind kind = m_survey.kinds[i];
+    const QString name = shown(m_survey.names[i]);
     const int column = static_cast<int>(i);
     if (kind == ColumnKind::kNumbers) m_x->addItem(name, column);
     if (kind == ColumnKind::kDates) m_x->addItem(name + " (dates)", column);
@@ -228,11 +229,11 @@ void ImportDialog::fill_fields() {
                             : Qt::NoItemFlags);
     if (drawable) item->setCheckState(Qt::Unchecked);
   }
-  m_x->setCurrentIndex(m_look.x ? m_x->findData(static_cast<int>(*m_look.x)) : 0);
+  m_x->setCurrentIndex(m_survey.x ? m_x->findData(static_cast<int>(*m_survey.x)) : 0);
   hide_x_among_curves();
   check_all(Qt::Checked);
   m_every->setRange(1, std::numeric_limits<int>::max());
-  m_every->setValue(usual_every(m_look.rows));
+  m_every->setValue(usual_every(m_survey.rows));
   m_title->setText(shown(on_one_line(to_utf8(std::filesystem::path(m_path).stem().string()))));
 }
 
@@ -275,22 +276,26 @@ Selection ImportDialog::selection() const {
   selection.every = static_cast<std::size_t>(m_every->value());
   const int x = m_x->currentData().toInt();
   selection.row_numbers = x < 0;
-  if (x >= 0) selection.x = m_look.names[static_cast<std::size_t>(x)];
+  if (x >= 0) selection.x = m_survey.names[static_cast<std::size_t>(x)];
   for (int row = 0; row < m_curves->count(); ++row) {
     const QListWidgetItem& item = *m_curves->item(row);
     if (item.isHidden() || item.checkState() != Qt::Checked) continue;
-    selection.y.push_back(m_look.names[static_cast<std::size_t>(item.data(Qt::UserRole).toInt())]);
+    selection.y.push_back(
+        m_survey.names[static_cast<std::size_t>(item.data(Qt::UserRole).toInt())]);
   }
   return selection;
 }
 
-DataSet ImportDialog::read() const {
+DataSet ImportDialog::read() {
   const Selection chosen = selection();
   const auto has_numbers = [](ColumnKind kind) { return kind == ColumnKind::kNumbers; };
-  const bool has_curves = std::any_of(m_look.kinds.begin(), m_look.kinds.end(), has_numbers);
+  const bool has_curves = std::any_of(m_survey.kinds.begin(), m_survey.kinds.end(), has_numbers);
   // To the reader, no names at all are all names.
   if (has_curves && chosen.y.empty()) throw UserError("choose at least one curve.");
-  DataSet result = make_data_set(m_table, chosen, kFile);
+  if (chosen.every != m_columns.rows().every()) {
+    m_columns = TableColumns(m_table, m_survey.dialect, chosen.every);
+  }
+  DataSet result = make_data_set(m_columns, chosen, kFile);
   check_drawable(result, chosen, kFile);
   return result;
 }

@@ -23,7 +23,7 @@ class QVBoxLayout;
 namespace kurv::app {
 
 // Controls by name: tblPreview, cboX, lstCurves, cmdAll, cmdNone, spnEvery, chkSort, txtTitle,
-// lblLook, lblSummary, lblNotes in scrNotes, cmdImport, cmdCancel.
+// lblDialect, lblSummary, lblNotes in scrNotes, cmdImport, cmdCancel.
 class ImportDialog final : public QDialog {
  public:
   ImportDialog(const std::string& path, CsvTable table, QWidget* parent);
@@ -47,12 +47,14 @@ class ImportDialog final : public QDialog {
   Selection selection() const;
   // Reads the data as they are chosen, and says what comes out of it.
   void evaluate();
-  DataSet read() const;
+  DataSet read();
   void show_result(const QString& summary, const QString& notes);
 
   std::string m_path;
   CsvTable m_table;
-  TableLook m_look;
+  // Read with the N that was chosen last, so that ticking curves parses no cell twice.
+  TableColumns m_columns;
+  TableSurvey m_survey;
   std::optional<DataSet> m_data;
   QTimer m_evaluation;
 

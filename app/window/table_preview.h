@@ -13,8 +13,8 @@ class TablePreview final : public QAbstractTableModel {
  public:
   static constexpr int kMostRows = 100;
 
-  TablePreview(const CsvTable& table, const TableLook& look, QObject* parent)
-      : QAbstractTableModel(parent), m_table(table), m_look(look) {}
+  TablePreview(const CsvTable& table, const TableSurvey& survey, QObject* parent)
+      : QAbstractTableModel(parent), m_table(table), m_survey(survey) {}
 
   int rowCount(const QModelIndex& parent = {}) const override;
   int columnCount(const QModelIndex& parent = {}) const override;
@@ -23,7 +23,7 @@ class TablePreview final : public QAbstractTableModel {
 
  private:
   const CsvTable& m_table;
-  const TableLook& m_look;
+  const TableSurvey& m_survey;
 };
 
 }  // namespace kurv::app

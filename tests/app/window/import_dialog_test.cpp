@@ -67,7 +67,7 @@ TEST(ImportDialog, ShowsTheTableAsItIsRead) {
   EXPECT_EQ(rows.columnCount(), 4);
   EXPECT_EQ(rows.headerData(1, Qt::Horizontal).toString(), "up");
   EXPECT_EQ(rows.index(0, 1).data().toString(), "2,5");
-  EXPECT_EQ(import.label("lblLook"),
+  EXPECT_EQ(import.label("lblDialect"),
             "The fields are separated by semicolons, numbers have a decimal comma, and the first "
             "line holds the names of the columns.");
 }

@@ -1,4 +1,4 @@
-#include "app/csv/data_columns.h"
+#include "app/csv/data_set.h"
 
 #include <gmock/gmock.h>
 

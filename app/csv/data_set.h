@@ -9,6 +9,7 @@
 
 #include "app/csv/column_choice.h"
 #include "app/csv/csv_table.h"
+#include "app/csv/table_columns.h"
 
 namespace kurv::app {
 
@@ -21,12 +22,15 @@ struct DataSet {
   std::vector<std::string> warnings;
 };
 
-// Dates in the x column become decimal years, or days where they span less than two years. Throws
-// UserError, which begins with `path`, when the table cannot be drawn.
+// Dates in the x column become decimal years, or days where they span less than two years. The
+// columns must have been made with the selection's `every`. Throws UserError, which begins with
+// `path`, when the table cannot be drawn.
+DataSet make_data_set(TableColumns& columns, const Selection& selection, const std::string& path);
+// The same for a table that is used once.
 DataSet make_data_set(const CsvTable& table, const Selection& selection, const std::string& path);
 
-// Refuses data of which the graph would show nothing: it needs two rows, and values of x that
-// differ.
+// Throws UserError for data that would leave the graph empty: it needs two rows, and values of x
+// that differ.
 void check_drawable(const DataSet& data, const Selection& selection, const std::string& path);
 
 }  // namespace kurv::app

@@ -1,0 +1,142 @@
+#include "app/csv/table_columns.h"
+
+#include <algorithm>
+#include <limits>
+#include <numeric>
+#include <utility>
+
+#include "app/csv/column_names.h"
+
+namespace kurv::app {
+
+namespace {
+
+// x and the curves.
+constexpr int kMostKept = 1 + kMaxCurves;
+// Columns that are read in one pass: enough to walk the rows in the order of the memory, few enough
+// that the values of columns which turn out to be words take little of it.
+constexpr std::size_t kColumnsAtOnce = 32;
+constexpr double kNoValue = std::numeric_limits<double>::quiet_NaN();
+
+// Empty where the rows come in that order.
+std::vector<std::uint32_t> longest_rows_first(const CsvTable& table, const DataRows& rows) {
+  const auto is_longer = [&](std::size_t one, std::size_t other) {
+    return table.width(rows.row(one)) > table.width(rows.row(other));
+  };
+  std::size_t sorted = 1;
+  while (sorted < rows.size() && !is_longer(sorted, sorted - 1)) ++sorted;
+  if (sorted >= rows.size()) return {};
+  std::vector<std::uint32_t> result(rows.size());
+  std::iota(result.begin(), result.end(), 0);
+  std::stable_sort(result.begin(), result.end(), is_longer);
+  return result;
+}
+
+}  // namespace
+
+// What a pass finds out about a column.
+struct TableColumns::Reading {
+  std::size_t column;
+  ColumnSurvey survey;
+  // The number of values to keep; none where the column is only counted.
+  std::size_t points;
+  // Empty until a cell has a number or a date.
+  std::vector<Double> values;
+  // The places of dates among the values.
+  std::vector<std::uint32_t> dates;
+
+  void add(const CellValue& cell, std::size_t row, std::size_t index) {
+    survey.add(cell.kind, row);
+    const bool has_value = cell.kind == CellKind::kNumber || cell.kind == CellKind::kDate;
+    if (points == 0 || !has_value) return;
+    if (values.empty()) values.assign(points, kNoValue);
+    values[index] = cell.value;
+    if (cell.kind == CellKind::kDate) dates.push_back(static_cast<std::uint32_t>(index));
+  }
+
+  // Leaves values of the column's kind alone.
+  void drop_mismatches() {
+    if (dates.empty()) return;
+    std::vector<Double> only_dates(values.size(), kNoValue);
+    for (const std::uint32_t index : dates) {
+      only_dates[index] = std::exchange(values[index], kNoValue);
+    }
+    if (survey.kind() == ColumnKind::kDates) values = std::move(only_dates);
+  }
+};
+
+TableColumns::TableColumns(const CsvTable& table, const CsvDialect& dialect, std::size_t every)
+    : m_table(&table),
+      m_dialect(dialect),
+      m_rows(table, dialect.header, every),
+      m_names(column_names(table, dialect.header)),
+      m_longest_first(longest_rows_first(table, m_rows)),
+      m_surveys(m_names.size()),
+      m_kept(m_names.size()) {
+  if (has_drawable_rows()) {
+    m_values = {1, static_cast<int>(size()), 1, static_cast<int>(m_rows.size())};
+  }
+}
+
+void TableColumns::read(std::vector<std::size_t> columns) {
+  std::erase_if(columns, [this](std::size_t column) { return m_surveys[column].has_value(); });
+  std::sort(columns.begin(), columns.end());
+  columns.erase(std::unique(columns.begin(), columns.end()), columns.end());
+  for (auto first = columns.begin(); first != columns.end();) {
+    const auto rest = static_cast<std::size_t>(columns.end() - first);
+    const auto last = first + static_cast<std::ptrdiff_t>(std::min(kColumnsAtOnce, rest));
+    const bool wants_values = has_drawable_rows() && m_kept_count < kMostKept;
+    const std::size_t points = wants_values ? m_rows.size() : 0;
+    for (Reading& reading : parsed({first, last}, points)) keep(std::move(reading));
+    first = last;
+  }
+}
+
+void TableColumns::read_all() {
+  std::vector<std::size_t> columns(size());
+  std::iota(columns.begin(), columns.end(), 0);
+  read(std::move(columns));
+}
+
+const ColumnSurvey& TableColumns::survey(std::size_t column) {
+  if (!m_surveys[column]) read({column});
+  return *m_surveys[column];
+}
+
+void TableColumns::copy_values(std::size_t column, Matrix<Double>& matrix, int target) {
+  read({column});
+  if (m_kept[column]) {
+    matrix.take_column(target, m_values, static_cast<int>(column) + 1);
+  } else {
+    matrix.set_column(target, std::move(parsed({column}, m_rows.size()).front().values));
+  }
+}
+
+// The columns, in ascending order, from one walk over the rows.
+std::vector<TableColumns::Reading> TableColumns::parsed(const std::vector<std::size_t>& columns,
+                                                        std::size_t points) const {
+  std::vector<Reading> readings;
+  for (const std::size_t column : columns) readings.push_back({column, {}, points, {}, {}});
+  for (std::size_t place = 0; place < m_rows.size(); ++place) {
+    const std::size_t index = m_longest_first.empty() ? place : m_longest_first[place];
+    const std::size_t row = m_rows.row(index);
+    const std::size_t width = m_table->width(row);
+    if (width <= columns.front()) break;
+    for (Reading& reading : readings) {
+      if (width <= reading.column) break;
+      reading.add(read_cell(m_table->cell(row, reading.column), m_dialect), row, index);
+    }
+  }
+  for (Reading& reading : readings) reading.drop_mismatches();
+  return readings;
+}
+
+void TableColumns::keep(Reading reading) {
+  m_surveys[reading.column] = reading.survey;
+  if (reading.values.empty() || !reading.survey.usable() || m_kept_count == kMostKept) return;
+  m_values.set_column(static_cast<int>(reading.column) + 1, std::move(reading.values));
+  m_kept[reading.column] = true;
+  ++m_kept_count;
+}
+
+}  // namespace kurv::app

@@ -1,0 +1,102 @@
+#include "app/csv/table_columns.h"
+
+#include <gmock/gmock.h>
+
+#include <string>
+#include <vector>
+
+namespace kurv::app {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsNan;
+
+struct Columns {
+  explicit Columns(const std::string& bytes, std::size_t every = 1)
+      : table(parse_csv(bytes, "data.csv")), columns(table, detect_dialect(table), every) {}
+
+  std::vector<double> values(std::size_t column) {
+    const int points = static_cast<int>(columns.rows().size());
+    Matrix<Double> matrix(1, 1, 1, points);
+    columns.copy_values(column, matrix, 1);
+    std::vector<double> result;
+    for (int i = 1; i <= points; ++i) result.push_back(matrix(1, i));
+    return result;
+  }
+
+  CsvTable table;
+  TableColumns columns;
+};
+
+TEST(TableColumns, HaveTheValuesOfTheirKind) {
+  Columns table("n,d\n1,2012-01-01\n2,1970-01-02\n2012-01-01,7\n4,1970-01-04\n5,1970-01-05\n");
+  EXPECT_EQ(table.columns.kind(0), ColumnKind::kNumbers);
+  EXPECT_EQ(table.columns.kind(1), ColumnKind::kDates);
+  EXPECT_THAT(table.values(0), ElementsAre(1, 2, IsNan(), 4, 5));
+  EXPECT_THAT(table.values(1), ElementsAre(15340, 1, IsNan(), 3, 4));
+}
+
+TEST(TableColumns, CountTheirCellsInRowsOfAnyLength) {
+  Columns table("x,y,z\n1\n2,a,3\n4,b\n5,6,c,7\n");
+  EXPECT_THAT(table.values(0), ElementsAre(1, 2, 4, 5));
+  EXPECT_EQ(table.columns.survey(1).filled(), 3u);
+  EXPECT_EQ(table.columns.survey(1).mismatches().count, 2u);
+  EXPECT_EQ(table.columns.survey(1).mismatches().first_row, 2u);
+  EXPECT_EQ(table.columns.survey(2).filled(), 2u);
+}
+
+TEST(TableColumns, OfEachNthRowCountThatRowOnly) {
+  Columns table("x,y\n1,a\n2,b\n3,4\n", 2);
+  EXPECT_THAT(table.values(0), ElementsAre(1, 3));
+  EXPECT_EQ(table.columns.survey(1).filled(), 2u);
+}
+
+TEST(TableColumns, HaveTheSameValuesWhetherTheyAreReadTogetherOrNot) {
+  std::string bytes;
+  for (int row = 0; row < 4; ++row) {
+    for (int column = 0; column < 400; ++column) {
+      bytes += (column > 0 ? "," : "") + std::to_string(row * 1000 + column);
+    }
+    bytes += '\n';
+  }
+  Columns together(bytes);
+  Columns alone(bytes);
+  together.columns.read_all();
+  for (std::size_t column = 400; column-- > 0;) {
+    const double first = static_cast<double>(column);
+    EXPECT_THAT(alone.values(column), ElementsAre(first, first + 1000, first + 2000, first + 3000));
+    EXPECT_EQ(together.values(column), alone.values(column));
+  }
+}
+
+TEST(TableColumns, OfMoreRowsThanAGraphHoldsAreCounted) {
+  std::string bytes = "x,y\n";
+  for (int row = 0; row < 40000; ++row) bytes += "1,a\n";
+  Columns table(bytes);
+  EXPECT_EQ(table.columns.survey(0).filled(), 40000u);
+  EXPECT_EQ(table.columns.kind(1), ColumnKind::kWords);
+}
+
+TEST(TableColumns, AreSharedWithTheMatricesThatGetThem) {
+  Columns table("x,y\n1,2\n3,4\n");
+  Matrix<Double> one(1, 1, 1, 2);
+  Matrix<Double> other(1, 1, 1, 2);
+  table.columns.copy_values(1, one, 1);
+  one(1, 1) = 7;
+  table.columns.copy_values(1, other, 1);
+  EXPECT_EQ(other(1, 1), 2);
+}
+
+TEST(TableColumns, OfOneVeryLongRowCostNoTime) {
+  std::string bytes;
+  for (int i = 0; i < 30000; ++i) bytes += "1,2\n";
+  for (int i = 0; i < 100000; ++i) bytes += "3,";
+  bytes += '\n';
+  Columns table(bytes);
+  table.columns.read_all();
+  EXPECT_EQ(table.columns.survey(99999).filled(), 1u);
+  EXPECT_EQ(table.columns.survey(1).filled(), 30001u);
+}
+
+}  // namespace
+}  // namespace kurv::app
