@@ -1,8 +1,7 @@
-// The program: finds out what is asked for, does it, and says how it went.
+// The program kurv: parses the command line, runs the command and returns the exit status.
 //
-// Everything that it has to say about the work goes to standard error, one line each. It ends with
-// 0 when everything asked for is there, 1 when it is not, and 2 when the command line makes no
-// sense.
+// Messages go to standard error, one line each. The exit status is 0 when everything was done, 1
+// when it was not, and 2 when the command line is wrong.
 
 #include <KurvGraph/fault.h>
 
@@ -29,7 +28,7 @@ void say(const std::string& sentence) {
   std::cerr << "kurv: " << on_one_line(sentence) << '\n';
 }
 
-// On a desktop the program begins with an empty window, and on a terminal with what it can do.
+// Without arguments, the program opens a window on a desktop and prints its help elsewhere.
 bool has_display() {
   for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
     const char* const value = std::getenv(name);

@@ -1,4 +1,4 @@
-// What the command line's help says beside its options.
+// The parts of the help that CLI11 does not make from the options.
 #pragma once
 
 #include <CLI/CLI.hpp>
@@ -6,13 +6,13 @@
 
 namespace kurv::app {
 
-// Shows both words of a switch and not what they mean to the parser.
+// Shows both names of a flag without "{false}", which CLI11 adds to the negated one.
 class HelpFormatter : public CLI::Formatter {
  public:
   std::string make_option_name(const CLI::Option* option, bool positional) const override;
 };
 
-// What stands below the options.
+// The texts below the options.
 std::string program_footer();
 std::string render_footer();
 std::string convert_footer();

@@ -16,7 +16,7 @@ namespace kurv::app {
 
 namespace {
 
-// Texts as the options give them, until all of them are read.
+// The options that are parsed when all of them have been read.
 struct Texts {
   std::optional<std::string> size;
   std::optional<std::string> scale;
@@ -27,9 +27,9 @@ struct Texts {
   std::optional<std::string> locale;
 };
 
-// The arguments, last one first, as the parser wants them. It takes "--title=" for an option
-// without its value, so that the empty value becomes an argument of its own.
-std::vector<std::string> words(int argc, const char* const* argv) {
+// The arguments in reverse order, as CLI11 takes them. It would take "--title=" for an option
+// without a value, so the empty value becomes an argument of its own.
+std::vector<std::string> reversed_arguments(int argc, const char* const* argv) {
   std::vector<std::string> result;
   for (int i = 1; i < argc; ++i) {
     std::string word = argv[i];
@@ -81,7 +81,7 @@ class Program {
 
   Command parse(int argc, const char* const* argv) {
     try {
-      m_app.parse(words(argc, argv));
+      m_app.parse(reversed_arguments(argc, argv));
     } catch (const CLI::ParseError& stop) {
       std::ostringstream text;
       std::ostringstream ignored;
@@ -179,7 +179,7 @@ class Program {
         ->type_name("NAME");
   }
 
-  // Of two contrary switches the later one counts.
+  // The last one of --NAME and --no-NAME counts.
   static void add_switch(CLI::App& command, const std::string& name, std::optional<bool>& target,
                          const std::string& what) {
     command
@@ -203,7 +203,7 @@ class Program {
     for (const std::string& list : m_texts.y) {
       for (const std::string& name : parse_names(list)) m_choice.selection.y.push_back(name);
     }
-    // A line end would tear the graph file's lines apart.
+    // A line end would break the line of the graph file that holds the function.
     for (std::string& function : m_choice.functions) function = on_one_line(function);
     for (const std::string& text : m_texts.derivations) {
       m_choice.derivations.push_back(parse_derivation(text));
@@ -226,7 +226,7 @@ class Program {
                       kUsageFailure);
     }
     const double scale = m_texts.scale ? parse_scale(*m_texts.scale) : 1;
-    check_picture_size(m_choice.size.value_or(kUsualSize), scale);
+    check_picture_size(m_choice.size.value_or(kDefaultSize), scale);
     return {m_choice, m_file, m_output, scale};
   }
 

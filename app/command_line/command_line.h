@@ -1,4 +1,4 @@
-// What the program is asked to do.
+// The requests that a command line makes.
 #pragma once
 
 #include <QLocale>
@@ -32,7 +32,7 @@ struct WindowRequest : GraphChoice {
 // The control on standard input and output.
 struct HostRequest {};
 
-// What is inside a graph file, or what is odd about it.
+// Prints a graph file, or warnings about it.
 struct InfoRequest {
   std::string graph_file;
   bool check = false;

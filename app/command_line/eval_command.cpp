@@ -17,7 +17,7 @@ namespace kurv::app {
 
 namespace {
 
-// A variable's name may be quoted as it is in an expression.
+// A variable's name may be in brackets, as in an expression.
 std::string_view unquoted(std::string_view name) {
   const bool quoted = name.size() >= 2 && name.front() == '[' && name.back() == ']';
   return quoted ? trim_whitespace(name.substr(1, name.size() - 2)) : name;

@@ -37,7 +37,7 @@ std::optional<Number> whole_number(std::string_view text) {
   return value;
 }
 
-// What the type takes, for a sentence.
+// The values that the type takes, for a message.
 std::string expectation(ValueType type) {
   switch (type) {
     case ValueType::kInteger:
@@ -52,8 +52,8 @@ std::string expectation(ValueType type) {
   }
 }
 
-// Throws Fault where the control would. A part of a whole number is refused here, because whoever
-// types one does not expect it to be rounded.
+// Throws Fault where the control would, and for a fraction where a whole number is wanted, because
+// a user who types one does not expect it to be rounded.
 void convert(ValueType type, const Variant& value) {
   if (type == ValueType::kInteger) {
     if (to_double(value) != to_integer(value)) throw Fault(FaultKind::kTypeMismatch);
@@ -66,8 +66,8 @@ void convert(ValueType type, const Variant& value) {
   }
 }
 
-// Whether the one text becomes the other by a few changed, missing or added letters.
-std::size_t distance(std::string_view one, std::string_view other) {
+// The edit distance: how many letters to change, remove or add to get the other text.
+std::size_t edit_distance(std::string_view one, std::string_view other) {
   std::vector<std::size_t> row(other.size() + 1);
   for (std::size_t j = 0; j < row.size(); ++j) row[j] = j;
   for (std::size_t i = 1; i <= one.size(); ++i) {
@@ -91,7 +91,7 @@ std::vector<std::string> similar_properties(std::string_view name) {
   for (const Member& property : properties()) {
     const std::string known = to_lower(property.name);
     const bool contained = wanted.size() > 2 && known.find(wanted) != std::string::npos;
-    if (contained || distance(wanted, known) <= 2) result.emplace_back(property.name);
+    if (contained || edit_distance(wanted, known) <= 2) result.emplace_back(property.name);
   }
   return result;
 }
@@ -135,13 +135,13 @@ std::size_t parse_every(std::string_view text) {
 std::vector<std::string> parse_names(std::string_view text) {
   std::vector<std::string> names;
   try {
-    // A list of names is written as a line of a file is.
+    // A list of names has the syntax of a CSV line.
     const CsvTable table = parse_csv(text, ',', "--y");
     for (std::size_t i = 0; table.rows() == 1 && i < table.width(0); ++i) {
       names.emplace_back(trim_whitespace(table.cell(0, i)));
     }
   } catch (const UserError&) {
-    // A quotation mark is open: as it is, the list has no names.
+    // A quotation mark is not closed, which is reported below.
   }
   if (!names.empty()) return names;
   throw misuse("--y takes the names of columns with commas between them, not " + in_quotes(text) +
@@ -178,7 +178,7 @@ Derivation parse_derivation(std::string_view text) {
 }
 
 QLocale parse_locale(const std::string& text) {
-  // As in "de_DE.UTF-8@euro", of which only the front matters here.
+  // Without the encoding and the modifier of a name such as "de_DE.UTF-8@euro".
   QString name = QString::fromStdString(text.substr(0, text.find_first_of(".@")));
   name.replace('-', '_');
   const QLocale locale(name);

@@ -1,4 +1,4 @@
-// The values of the command line's options, from text. What does not fit throws UserError with
+// Parses the values of the command line's options. Invalid ones throw UserError with
 // kUsageFailure.
 #pragma once
 
@@ -21,20 +21,20 @@ double parse_scale(std::string_view text);
 // A whole number above zero.
 std::size_t parse_every(std::string_view text);
 
-// Names between commas; one that holds a comma stands in quotation marks.
+// Names between commas; one that holds a comma is in quotation marks.
 std::vector<std::string> parse_names(std::string_view text);
 
 // "PROPERTY=VALUE". The name is found in any letter case.
 Setting parse_setting(std::string_view text);
 
-// "NAME=EXPRESSION", of which neither is empty.
+// "NAME=EXPRESSION"; neither may be empty.
 Derivation parse_derivation(std::string_view text);
 
 // A locale's name, such as "de_DE", whose decimal separator is a point or a comma.
 QLocale parse_locale(const std::string& text);
 
-// Refuses a picture that cannot have all its pixels: more than the largest one at twice its size
-// has, or a side of more than 32767.
+// Refuses a picture of more pixels than the largest one has at twice its size, or with a side of
+// more than 32767.
 void check_picture_size(QSize size, double scale);
 
 }  // namespace kurv::app

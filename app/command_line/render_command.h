@@ -8,14 +8,14 @@
 
 namespace kurv::app {
 
-// Both need no display server. What was left out of the data is told to `warn` in whole sentences.
+// Neither needs a display server. `warn` gets a sentence for everything that was left out.
 using Warn = std::function<void(const std::string&)>;
 
 // Throws UserError when there is no picture to write, and then the target is as it was.
 void render(const RenderRequest& request, const Warn& warn);
 
-// Throws UserError when there is no graph to write, or it could not be written: the control says
-// what the target is then.
+// Throws UserError when there is no graph to write or writing fails; the message of the control
+// then says in which state the target is.
 void convert(const ConvertRequest& request, const Warn& warn);
 
 }  // namespace kurv::app

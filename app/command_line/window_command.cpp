@@ -14,8 +14,8 @@ namespace kurv::app {
 
 namespace {
 
-// Keeps the files for which `work` does not throw. The last of several refusals is thrown only if
-// no file is left; the others are said. What is wrong with the command line ends everything.
+// Returns the files for which `work` does not throw UserError. Each error is reported, but the last
+// one is thrown where no file is left, and one of the command line is always thrown.
 template <class Work>
 std::vector<GraphSource> accepted(std::vector<GraphSource> files, const Work& work,
                                   const std::function<void(const std::string&)>& say) {
@@ -36,8 +36,7 @@ std::vector<GraphSource> accepted(std::vector<GraphSource> files, const Work& wo
   return kept;
 }
 
-// Where there is no display the toolkit would end the program with a core dump; its own remarks on
-// the way there are no help to the user either.
+// Without a display, Qt would abort with a core dump, after messages that do not help the user.
 [[noreturn]] void end_without_display() {
   std::cerr << "kurv: there is no display to open a window on; \"kurv render\" draws a picture "
                "without one."
@@ -45,7 +44,7 @@ std::vector<GraphSource> accepted(std::vector<GraphSource> files, const Work& wo
   std::_Exit(kFailure);
 }
 
-void wait_for_the_worst(QtMsgType type, const QMessageLogContext&, const QString&) {
+void exit_on_fatal_message(QtMsgType type, const QMessageLogContext&, const QString&) {
   if (type == QtFatalMsg) end_without_display();
 }
 
@@ -69,16 +68,16 @@ int open_windows(const WindowRequest& request, const std::function<void(const st
   char name[] = "kurv";
   char* arguments[] = {name, nullptr};
   int count = 1;
-  qInstallMessageHandler(wait_for_the_worst);
+  qInstallMessageHandler(exit_on_fatal_message);
   QApplication application(count, arguments);
   qInstallMessageHandler(nullptr);
 
-  // A first drawing that nobody sees: what a graph refuses is said here, as it is for a picture,
-  // and opens neither a message box nor an empty window.
+  // Draws each graph off-screen first, so that errors are reported on the terminal, as for a
+  // picture, and not by message boxes over empty windows.
   files = accepted(
       std::move(files), [&](const GraphSource& file) { check_picture(request, file); }, say);
   for (const GraphSource& file : files) {
-    (new MainWindow(request.locale, say))->put(request, file);
+    (new MainWindow(request.locale, say))->show_graph(request, file);
   }
   if (request.data_files.empty()) (new MainWindow(request.locale, say))->show();
   const int status = QApplication::exec();

@@ -10,7 +10,7 @@ namespace kurv::app {
 
 // Shows a window for each file, or an empty one where there is none, and returns when the user has
 // closed the last of them. `say` gets a sentence for everything that was left out, and one for each
-// file that has no window for it. Returns the exit status: 0 when every file had a window. Throws
+// file that cannot be shown. Returns the exit status: 0 when every file had a window. Throws
 // UserError when none has.
 int open_windows(const WindowRequest& request, const std::function<void(const std::string&)>& say);
 

@@ -1,4 +1,4 @@
-// What a user wants of a graph: the choices of the command line and of the import dialog.
+// What a user chooses about a graph, on the command line or in the import dialog.
 #pragma once
 
 #include <KurvGraph/automation.h>
@@ -13,7 +13,7 @@
 
 namespace kurv::app {
 
-inline constexpr QSize kUsualSize{1000, 700};  // logical pixels
+inline constexpr QSize kDefaultSize{1000, 700};  // logical pixels
 
 // One --set: the text converts to the property's type.
 struct Setting {
@@ -27,10 +27,10 @@ struct Derivation {
   std::string expression;
 };
 
-// What becomes of the data, wherever they are drawn. Where nothing was said, a graph file decides
-// for itself, and a table is drawn as the comments say.
+// An option that was not given keeps what a graph file says; for a table it has the default that
+// its comment names.
 struct GraphChoice {
-  std::optional<QSize> size;  // logical pixels; kUsualSize
+  std::optional<QSize> size;  // logical pixels; kDefaultSize
   Selection selection;
   std::optional<std::string> title;     // the data file's name
   std::optional<std::string> subtitle;  // none
@@ -40,7 +40,7 @@ struct GraphChoice {
   std::vector<Derivation> derivations;
   std::vector<std::string> functions;  // expressions of x
   std::vector<Setting> settings;
-  // Decides about the decimal separator in graph files; a point without one.
+  // Its decimal separator is that of graph files; a point without one.
   std::optional<QLocale> locale;
 };
 

@@ -18,11 +18,11 @@ namespace kurv::app {
 
 namespace {
 
-// A graph of the size that was asked for, and everything that it stands on.
-class Sheet {
+// A graph on a picture of the requested size.
+class OffscreenGraph {
  public:
-  Sheet(const GraphChoice& choice, double scale, std::string save_path = {})
-      : m_size(choice.size.value_or(kUsualSize)),
+  OffscreenGraph(const GraphChoice& choice, double scale, std::string save_path = {})
+      : m_size(choice.size.value_or(kDefaultSize)),
         m_picture(m_size, scale),
         m_host(m_picture.ScaleWidth(), m_picture.ScaleHeight()),
         m_shell(std::move(save_path)),
@@ -31,7 +31,7 @@ class Sheet {
   }
 
   void draw(const GraphChoice& choice, const GraphSource& source) {
-    // As in a window, the graph is there first and gets its data then.
+    // As in a window, the graph is shown before it gets its data.
     m_control.first_placement();
     m_control.show();
     fill(choice, source, m_control);
@@ -40,10 +40,10 @@ class Sheet {
                       (source.data ? "; choose other columns with --x and --y."
                                    : "; \"kurv info\" prints what is inside."));
     }
-    finish_looks(choice, source, m_control, m_picture);
+    apply_settings(choice, source, m_control, m_picture);
   }
 
-  // Of vectors the same drawing that the pixels have settled at.
+  // A vector document shows the same as the pixels after their last redraw.
   QByteArray picture(PictureFormat format) const {
     return is_vector(format) ? vector_document(m_control, m_size, format)
                              : encoded(m_picture.image(), format);
@@ -66,12 +66,12 @@ class Sheet {
 
   QSize m_size;  // logical pixels
   Picture m_picture;
-  RunningHost m_host;
-  MessageKeeper m_shell;
+  WindowlessContainer m_host;
+  MessageRecorder m_shell;
   Control m_control;
 };
 
-// Runs `work`, of which a fault says that the graph cannot be drawn.
+// Runs `work`; a fault becomes a UserError that the graph cannot be drawn.
 template <class Work>
 auto drawing(const GraphChoice& choice, const GraphSource& source, const Work& work) {
   try {
@@ -112,8 +112,8 @@ void refuse(const std::optional<std::string>& refusal, const std::string& option
                   (reason.ends_with('.') ? "" : "."));
 }
 
-// A graph has room for so many curves, and counts one that it has no room for all the same.
-void check_room(const GraphChoice& choice, const GraphSource& source) {
+// Checked before the graph is changed, because it counts a derived curve that does not fit.
+void check_curve_count(const GraphChoice& choice, const GraphSource& source) {
   if (!source.data) return;
   const int curves = source.data->values.upper_column() - 1;
   if (static_cast<std::size_t>(curves) + choice.derivations.size() <= std::size_t{kMaxCurves})
@@ -122,7 +122,7 @@ void check_room(const GraphChoice& choice, const GraphSource& source) {
                   std::to_string(curves) + " without those of --derive; choose fewer with --y.");
 }
 
-// The texts of the command line convert by the graph's own rules, which are not the toolkit's.
+// The texts of the command line convert by the graph's own rules, which differ from QVariant's.
 QVariant converted(ValueType type, const Variant& value) {
   if (type == ValueType::kInteger) return int{to_integer(value)};
   if (type == ValueType::kBoolean) return bool(to_boolean(value));
@@ -142,7 +142,7 @@ GraphSource load(const std::string& path, const GraphChoice& choice) {
   DataSet data = make_data_set(table, choice.selection, path);
   check_drawable(data, choice.selection, path);
   GraphSource source{path, std::move(data)};
-  check_room(choice, source);
+  check_curve_count(choice, source);
   return source;
 }
 
@@ -193,21 +193,21 @@ void add_curves(const GraphChoice& choice, KurvGraph& graph) {
 QByteArray picture_of(const GraphChoice& choice, const GraphSource& source, PictureFormat format,
                       double scale) {
   return drawing(choice, source, [&] {
-    Sheet sheet(choice, scale);
-    sheet.draw(choice, source);
-    return sheet.picture(format);
+    OffscreenGraph graph(choice, scale);
+    graph.draw(choice, source);
+    return graph.picture(format);
   });
 }
 
 void check_picture(const GraphChoice& choice, const GraphSource& source) {
-  drawing(choice, source, [&] { Sheet(choice, 1).draw(choice, source); });
+  drawing(choice, source, [&] { OffscreenGraph(choice, 1).draw(choice, source); });
 }
 
 void save_graph(const GraphChoice& choice, const GraphSource& source, const std::string& path) {
-  Sheet sheet(choice, 1, path);
-  drawing(choice, source, [&] { sheet.draw(choice, source); });
+  OffscreenGraph graph(choice, 1, path);
+  drawing(choice, source, [&] { graph.draw(choice, source); });
   try {
-    sheet.save();
+    graph.save();
   } catch (const Fault& fault) {
     throw unwritable_graph_file(path, fault);
   }

@@ -1,5 +1,5 @@
-// How a file and the choices of the command line come into a graph, be it a control on a picture or
-// a widget in a window.
+// Loads a file and the choices of the command line into a graph: a control on a picture or a widget
+// in a window.
 #pragma once
 
 #include <KurvGraph/KurvGraph.h>
@@ -22,12 +22,12 @@ namespace kurv::app {
 // A file of the command line.
 struct GraphSource {
   std::string path;
-  // A graph file has none here: the graph loads it itself.
+  // Nothing for a graph file, which the graph loads itself.
   std::optional<DataSet> data;
 };
 
-// Throws UserError when there is nothing in the file that can be drawn, and with kUsageFailure when
-// it is a graph file and the choice is about columns and rows.
+// Throws UserError when the file has nothing that can be drawn, and with kUsageFailure when it is a
+// graph file and the choice selects columns or rows.
 GraphSource load(const std::string& path, const GraphChoice& choice);
 
 // Sets a property by its row of the table; the value converts to the property's type.
@@ -39,8 +39,8 @@ void set_locale(Control& graph, const QLocale& locale);
 void set_locale(KurvGraph& graph, const QLocale& locale);
 
 template <class AnyGraph>
-void hand_over(const GraphChoice& choice, const std::string& path, const DataSet& data,
-               AnyGraph& graph) {
+void plot_table(const GraphChoice& choice, const std::string& path, const DataSet& data,
+                AnyGraph& graph) {
   const int curves = data.values.upper_column() - 1;
   List<Boolean> visible(1, curves);
   for (int curve = 1; curve <= curves; ++curve) visible(curve) = true;
@@ -53,9 +53,9 @@ void hand_over(const GraphChoice& choice, const std::string& path, const DataSet
                        choice.markers.value_or(false));
 }
 
-// What a graph file decides for itself unless something else was said.
+// Overrides what a graph file says by what was chosen.
 template <class AnyGraph>
-void change_looks(const GraphChoice& choice, AnyGraph& graph) {
+void apply_overrides(const GraphChoice& choice, AnyGraph& graph) {
   if (choice.title) let(graph, *find_property("Title"), Variant(*choice.title));
   if (choice.subtitle) let(graph, *find_property("SubTitle"), Variant(*choice.subtitle));
   if (choice.lines) let(graph, *find_property("Connected"), Variant(Boolean(*choice.lines)));
@@ -66,14 +66,14 @@ template <class AnyGraph>
 void fill(const GraphChoice& choice, const GraphSource& source, AnyGraph& graph) {
   if (choice.locale) set_locale(graph, *choice.locale);
   if (source.data) {
-    hand_over(choice, source.path, *source.data, graph);
+    plot_table(choice, source.path, *source.data, graph);
   } else {
     load_graph_file(graph, source.path);
-    change_looks(choice, graph);
+    apply_overrides(choice, graph);
   }
 }
 
-// In a graph file the titles and the legend have places of their own.
+// A graph file keeps the places of titles and legend, which "refresh" would reset.
 template <class AnyGraph>
 void redraw(const GraphSource& source, AnyGraph& graph) {
   if (source.data) {
@@ -92,13 +92,13 @@ void warn_of_commas(const std::vector<std::string>& functions,
 void add_curves(const GraphChoice& choice, Control& graph);
 void add_curves(const GraphChoice& choice, KurvGraph& graph);
 
-// The properties, which need the data to be there first, and the picture as it stays: some of it
-// depends on the picture before, such as the length of the grid lines, so that it is drawn until it
-// stays the same. `drawn` is what the graph is drawn in.
+// Adds the curves, sets the properties, which need the data, and redraws. Some of a picture depends
+// on the redraw before, such as the length of the grid lines, so it is drawn until it stays the
+// same. `drawn` is what the graph is drawn in.
 template <class AnyGraph, class Drawn>
-void finish_looks(const GraphChoice& choice, const GraphSource& source, AnyGraph& graph,
-                  const Drawn& drawn) {
-  constexpr int kMostRounds = 8;
+void apply_settings(const GraphChoice& choice, const GraphSource& source, AnyGraph& graph,
+                    const Drawn& drawn) {
+  constexpr int kMaxRedraws = 8;
   add_curves(choice, graph);
   for (const Setting& setting : choice.settings) {
     let(graph, *setting.property, Variant(setting.value));
@@ -106,7 +106,7 @@ void finish_looks(const GraphChoice& choice, const GraphSource& source, AnyGraph
   redraw(source, graph);
   if (choice.settings.empty()) return;
   QImage before = drawn.image();
-  for (int round = 1; round < kMostRounds; ++round) {
+  for (int round = 1; round < kMaxRedraws; ++round) {
     redraw(source, graph);
     const QImage after = drawn.image();
     if (after == before) break;

@@ -23,7 +23,7 @@ namespace {
 struct FormatRow {
   PictureFormat format;
   const char* extension;
-  const char* pixels;  // the toolkit's name of it, or nullptr for lines and text
+  const char* pixels;  // Qt's name of it, or nullptr for vector formats
 };
 
 constexpr std::array kFormats = {
@@ -53,8 +53,7 @@ QByteArray exported(const KurvGraph& graph, PictureFormat format) {
   }
 }
 
-// The bytes that did not fit would otherwise go unnoticed: a file that fell short is replaced by
-// commit() as if it were whole.
+// Checks each write, because commit() replaces the file even if some of the bytes did not fit.
 bool write_all(QSaveFile& file, const QByteArray& bytes) {
   qsizetype written = 0;
   while (written < bytes.size()) {
@@ -112,7 +111,7 @@ void write_picture(const QByteArray& bytes, const std::string& path) {
   if (target.exists() && !target.isFile())
     throw unwritable(path, "it is not a regular file", "choose another name");
   QSaveFile file(name);
-  // Unbuffered, so that each write tells what has become of its bytes.
+  // Unbuffered, so that each write reports its own errors.
   if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) {
     throw unwritable(path, file.errorString(), "choose another folder");
   }

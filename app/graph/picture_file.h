@@ -1,4 +1,4 @@
-// Pictures on the disk.
+// Picture files.
 #pragma once
 
 #include <KurvGraph/KurvGraph.h>

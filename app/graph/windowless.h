@@ -1,4 +1,4 @@
-// A host without a window, and a desktop where nobody answers.
+// A container without a window, and a shell without a user.
 #pragma once
 
 #include <KurvGraph/container.h>
@@ -13,9 +13,9 @@
 
 namespace kurv::app {
 
-class RunningHost final : public Container {
+class WindowlessContainer final : public Container {
  public:
-  RunningHost(Double width, Double height)
+  WindowlessContainer(Double width, Double height)
       : m_width(to_single(width)), m_height(to_single(height)) {}
 
   bool run_mode() const override { return true; }
@@ -32,18 +32,18 @@ class RunningHost final : public Container {
   Single m_height;
 };
 
-// Nobody is there to close a message box: what it says ends the program.
-class MessageKeeper final : public Shell {
+// Records the message boxes, whose texts become the program's error message.
+class MessageRecorder final : public Shell {
  public:
   // A dialog that asks where to save is answered with this path.
-  explicit MessageKeeper(std::string save_path = {}) : m_save_path(std::move(save_path)) {}
+  explicit MessageRecorder(std::string save_path = {}) : m_save_path(std::move(save_path)) {}
 
   Answer message_box(std::string_view text, int, std::string_view) override {
     if (!m_messages.empty()) m_messages += ' ';
     m_messages += text;
     return Answer::kNo;
   }
-  // Nobody is there to answer: whatever the control asks is cancelled.
+  // Without a user, every prompt is cancelled.
   String input_prompt(std::string_view, std::string_view, std::string_view) override { return {}; }
   void beep() override {}
   FileChoice open_file(const OpenDialog&) override { return {}; }

@@ -8,7 +8,7 @@ namespace kurv::app {
 
 namespace {
 
-// The toolkit remarks on folders of the desktop that a picture does not need.
+// Qt warns of missing folders of the desktop that a picture does not need.
 void keep_quiet(QtMsgType type, const QMessageLogContext&, const QString& text) {
   if (type == QtFatalMsg) std::cerr << "kurv: " << on_one_line(text.toStdString()) << '\n';
 }
@@ -21,7 +21,7 @@ std::unique_ptr<QGuiApplication> windowless_application() {
     qunsetenv(name);
   }
   qInstallMessageHandler(keep_quiet);
-  // The toolkit keeps references to both for as long as it lives.
+  // The application keeps references to both.
   static char name[] = "kurv";
   static char* arguments[] = {name, nullptr};
   static int count = 1;

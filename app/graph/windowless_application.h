@@ -1,4 +1,4 @@
-// The toolkit without a desktop.
+// A Qt application without a desktop.
 #pragma once
 
 #include <QGuiApplication>
@@ -6,8 +6,8 @@
 
 namespace kurv::app {
 
-// The desktop of whoever runs the program must not show in a picture, nor be needed for one: no
-// display server, no screen settings, and of the toolkit's remarks only what ends the program.
+// A picture must neither depend on the user's desktop nor need one: the application uses no display
+// server and no screen settings, and prints none of Qt's messages but fatal ones.
 std::unique_ptr<QGuiApplication> windowless_application();
 
 }  // namespace kurv::app

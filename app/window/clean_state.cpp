@@ -1,4 +1,4 @@
-#include "app/window/saved_state.h"
+#include "app/window/clean_state.h"
 
 #include <KurvGraph/fault.h>
 

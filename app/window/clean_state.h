@@ -1,5 +1,5 @@
-// Whether a graph is saved, judged by what its file would say: a change that is taken back leaves
-// nothing to save, and moving or resizing the window is none.
+// Whether a graph is saved, decided by the content that its file would have: a change that is
+// undone leaves nothing to save, and moving or resizing the window is no change.
 #pragma once
 
 #include <QByteArray>
@@ -8,24 +8,24 @@
 
 namespace kurv::app {
 
-// Hands over a text piece by piece.
+// Passes a text to its argument piece by piece.
 using TextSource = std::function<void(const std::function<void(std::string_view)>&)>;
 
-// What stands for a text, so that a large one need not be kept. A text that cannot be had has none.
+// A hash of the text, so that a large one need not be kept; empty where the source throws Fault.
 QByteArray fingerprint(const TextSource& text);
 
-class SavedState {
+class CleanState {
  public:
-  // The text is the one that nothing would be lost of.
-  void mark(const QByteArray& fingerprint) { m_marked = fingerprint; }
-  // True also before the first mark, when there is nothing to lose. A text that cannot be had is
-  // never saved.
-  bool is_saved(const QByteArray& fingerprint) const {
-    return m_marked.isNull() || (!fingerprint.isEmpty() && fingerprint == m_marked);
+  // The content with this fingerprint has nothing to save.
+  void set_clean(const QByteArray& fingerprint) { m_clean = fingerprint; }
+  // Also true before the first set_clean(). False for an empty fingerprint, because a content that
+  // cannot be compared may have changes.
+  bool is_clean(const QByteArray& fingerprint) const {
+    return m_clean.isNull() || (!fingerprint.isEmpty() && fingerprint == m_clean);
   }
 
  private:
-  QByteArray m_marked;
+  QByteArray m_clean;
 };
 
 }  // namespace kurv::app

@@ -32,8 +32,8 @@ namespace kurv::app {
 namespace {
 
 constexpr const char* kFile = "the file";
-// Ticking several boxes in a row reads the data once.
-constexpr int kPatience = 100;  // ms
+// So that ticking several boxes in a row reads the data once.
+constexpr int kEvaluationDelay = 100;  // ms
 // Widths of the preview's columns, in digits, and how many of them get one of their own.
 constexpr int kNarrowColumn = 8;
 constexpr int kWideColumn = 24;
@@ -64,20 +64,20 @@ QString sentence_of(const std::string& text) {
 }
 
 // Rows beyond what a graph holds are thinned out from the start.
-int usual_every(std::size_t rows) {
+int default_every(std::size_t rows) {
   return rows <= kMaxPoints ? 1 : static_cast<int>((rows - 1) / kMaxPoints + 1);
 }
 
-// The toolkit's own style outlines a box in a shade of the window's colour that is darker still: on
-// a dark desktop nobody sees an empty one.
+// Qt's Fusion style outlines a check box in a darker shade of the window's colour, in which an
+// empty box on a dark desktop cannot be seen.
 void outline_boxes(QWidget& widget) {
   QPalette colours = widget.palette();
   colours.setColor(QPalette::Window, Qt::gray);
   widget.setPalette(colours);
 }
 
-// As wide as what stands in them, within reason: neither does a long word take the view for itself,
-// nor a file of very many columns its time.
+// Resizes the columns to their contents within limits, so that a long word does not fill the view.
+// Only the first columns, because measuring very many takes long.
 void fit_columns(QTableView& table) {
   QHeaderView& names = *table.horizontalHeader();
   names.setTextElideMode(Qt::ElideRight);
@@ -121,7 +121,7 @@ ImportDialog::ImportDialog(const std::string& path, CsvTable table, QWidget* par
   setWindowTitle("Import " + shown(on_one_line(to_utf8(name))));
   auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Cancel);
   m_import = named("cmdImport", buttons->addButton("&Import", QDialogButtonBox::AcceptRole));
-  // Return in a field imports; the other buttons have no claim to it.
+  // Return in a field presses "Import" only.
   for (QPushButton* button : {m_all, m_none}) button->setAutoDefault(false);
   named("cmdCancel", buttons->button(QDialogButtonBox::Cancel))->setText("Cance&l");
   outline_boxes(*m_curves);
@@ -137,20 +137,20 @@ ImportDialog::ImportDialog(const std::string& path, CsvTable table, QWidget* par
   layout->addWidget(m_summary);
   layout->addWidget(make_notes());
   layout->addWidget(buttons);
-  // Only a button that has come into the dialog can be its default.
+  // A button must be in the dialog to become its default.
   m_import->setDefault(true);
   const QSize comfortable(fontMetrics().averageCharWidth() * 110, fontMetrics().height() * 38);
-  // Large letters must not push the buttons off the screen.
+  // A large font must not push the buttons off the screen.
   resize(comfortable.boundedTo(screen()->availableSize() * 0.9));
 
   connect(buttons, &QDialogButtonBox::accepted, this, [this] { accept(); });
   connect(buttons, &QDialogButtonBox::rejected, this, [this] { reject(); });
-  follow_changes();
+  connect_fields();
   m_x->setFocus();
   evaluate();
 }
 
-// They take room only where there is something to say, and never more than a few lines.
+// Visible only where there are notes, and a few lines high.
 QScrollArea* ImportDialog::make_notes() {
   m_notes->setAlignment(Qt::AlignTop | Qt::AlignLeft);
   m_notes_area->setWidget(m_notes);
@@ -233,13 +233,13 @@ void ImportDialog::fill_fields() {
   hide_x_among_curves();
   check_all(Qt::Checked);
   m_every->setRange(1, std::numeric_limits<int>::max());
-  m_every->setValue(usual_every(m_survey.rows));
+  m_every->setValue(default_every(m_survey.rows));
   m_title->setText(shown(on_one_line(to_utf8(std::filesystem::path(m_path).stem().string()))));
 }
 
-void ImportDialog::follow_changes() {
+void ImportDialog::connect_fields() {
   m_evaluation.setSingleShot(true);
-  m_evaluation.setInterval(kPatience);
+  m_evaluation.setInterval(kEvaluationDelay);
   connect(&m_evaluation, &QTimer::timeout, this, [this] { evaluate(); });
   const auto later = [this] { m_evaluation.start(); };
   connect(m_x, &QComboBox::currentIndexChanged, this, [this, later] {
@@ -290,7 +290,7 @@ DataSet ImportDialog::read() {
   const Selection chosen = selection();
   const auto has_numbers = [](ColumnKind kind) { return kind == ColumnKind::kNumbers; };
   const bool has_curves = std::any_of(m_survey.kinds.begin(), m_survey.kinds.end(), has_numbers);
-  // To the reader, no names at all are all names.
+  // An empty list of names would select all columns.
   if (has_curves && chosen.y.empty()) throw UserError("choose at least one curve.");
   if (chosen.every != m_columns.rows().every()) {
     m_columns = TableColumns(m_table, m_survey.dialect, chosen.every);

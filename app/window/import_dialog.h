@@ -1,4 +1,4 @@
-// What of a table is to become a graph: shows the first rows and lets the user choose.
+// Lets the user choose which columns and rows of a table to draw, and shows the first rows.
 #pragma once
 
 #include <QDialog>
@@ -28,11 +28,11 @@ class ImportDialog final : public QDialog {
  public:
   ImportDialog(const std::string& path, CsvTable table, QWidget* parent);
 
-  // Once accepted: how the graph is to look, and its data, which can be drawn. Call once.
+  // Once accepted: the choices, and the data, which can be drawn. Call take_source() once.
   GraphChoice choice() const;
   GraphSource take_source();
 
-  // Closes the dialog only when what is chosen can be drawn.
+  // Closes the dialog only when the selection can be drawn.
   void accept() override;
 
  private:
@@ -41,11 +41,11 @@ class ImportDialog final : public QDialog {
   QVBoxLayout* make_x_fields();
   QVBoxLayout* make_curve_fields();
   void fill_fields();
-  void follow_changes();
+  void connect_fields();
   void hide_x_among_curves();
   void check_all(Qt::CheckState state);
   Selection selection() const;
-  // Reads the data as they are chosen, and says what comes out of it.
+  // Reads the selected data and shows the result, warnings or the error.
   void evaluate();
   DataSet read();
   void show_result(const QString& summary, const QString& notes);

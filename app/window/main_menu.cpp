@@ -53,8 +53,8 @@ void MainMenu::add(QMenu* menu, const char* name, const QString& text, const QKe
   m_entries.push_back({action, needs});
 }
 
-std::function<void()> MainMenu::word(const char* word) const {
-  return [send = m_commands.send, word] { send(word); };
+std::function<void()> MainMenu::command(const char* word) const {
+  return [run = m_commands.run_command, word] { run(word); };
 }
 
 void MainMenu::make_file_menu() {
@@ -70,11 +70,11 @@ void MainMenu::make_file_menu() {
   add(file, "mnuSave", "&Save", QKeySequence("Ctrl+S"), Needs::kData,
       "Save the graph, its data and its looks, to its graph file", m_commands.save);
   add(file, "mnuSaveAs", "Save &As\u2026", QKeySequence("Ctrl+Shift+S"), Needs::kData,
-      "Save the graph to another file", word("saveas"));
+      "Save the graph to another file", command("saveas"));
   add(file, "mnuExportPicture", "&Export Picture\u2026", QKeySequence("Ctrl+E"), Needs::kGraph,
       "Write the graph as a picture", m_commands.export_picture);
   add(file, "mnuPrint", "&Print\u2026", QKeySequence("Ctrl+P"), Needs::kGraph, "Print the graph",
-      word("print"));
+      command("print"));
   file->addSeparator();
   add(file, "mnuClose", "&Close Window", QKeySequence("Ctrl+W"), Needs::kNothing,
       "Close this window", m_commands.close);
@@ -85,23 +85,23 @@ void MainMenu::make_file_menu() {
 void MainMenu::make_edit_menu() {
   QMenu* const edit = menu("&Edit", "mnuEdit");
   add(edit, "mnuCopy", "&Copy Picture", QKeySequence("Ctrl+C"), Needs::kGraph,
-      "Put the picture of the graph on the clipboard", word("copy"));
+      "Put the picture of the graph on the clipboard", command("copy"));
   edit->addSeparator();
   add(edit, "mnuTable", "Data &Table\u2026", QKeySequence("Ctrl+T"), Needs::kData,
-      "See and edit the numbers", word("table"));
+      "See and edit the numbers", command("table"));
 }
 
 void MainMenu::make_graph_menu() {
   QMenu* const graph = menu("&Graph", "mnuGraph");
   add(graph, "mnuCurves", "&Curves and Functions\u2026", QKeySequence("Ctrl+U"), Needs::kData,
-      "Show, hide, rename and add curves and functions", word("curves"));
+      "Show, hide, rename and add curves and functions", command("curves"));
   add(graph, "mnuTitles", "&Titles and Fonts\u2026", QKeySequence(), Needs::kData,
-      "Change titles and fonts", word("titles"));
+      "Change titles and fonts", command("titles"));
   add(graph, "mnuDesign", "&Design\u2026", QKeySequence("Ctrl+D"), Needs::kData,
-      "Change axes, limits, grids, lines and markers", word("setup"));
+      "Change axes, limits, grids, lines and markers", command("setup"));
   graph->addSeparator();
   add(graph, "mnuRefresh", "&Refresh", QKeySequence("F5"), Needs::kGraph,
-      "Put titles and legend back in their places and draw anew", word("refresh"));
+      "Put titles and legend back in their places and draw anew", command("refresh"));
   graph->addSeparator();
   QAction* const toolbar = graph->addAction("Show Tool&bar");
   toolbar->setObjectName("mnuShowToolbar");

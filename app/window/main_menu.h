@@ -1,4 +1,4 @@
-// The menus of the main window: their words, keys and order.
+// The menus of the main window: their texts, shortcuts and order.
 #pragma once
 
 #include <QAction>
@@ -11,7 +11,7 @@ class QMainWindow;
 
 namespace kurv::app {
 
-// What the menus do. `send` gets a command word of the graph.
+// What the menus do. `run_command` gets a command word of the graph.
 struct MenuCommands {
   std::function<void()> new_window;
   std::function<void()> open;
@@ -22,13 +22,13 @@ struct MenuCommands {
   std::function<void()> export_picture;
   std::function<void()> close;
   std::function<void()> quit;
-  std::function<void(const char* word)> send;
+  std::function<void(const char* word)> run_command;
   std::function<void(bool on)> show_toolbar;
   std::function<void()> getting_started;
   std::function<void()> about;
 };
 
-// What a graph has to be for an action to make sense.
+// What an action needs to be enabled.
 enum class Needs { kNothing, kData, kGraph };
 
 // Every action has an object name that begins with "mnu", such as mnuOpen, mnuSave, mnuSaveAs,
@@ -37,7 +37,7 @@ class MainMenu {
  public:
   MainMenu(QMainWindow& window, MenuCommands commands);
 
-  // Data may be there that cannot be plotted.
+  // There may be data that cannot be plotted.
   void enable(bool has_data, bool has_graph);
 
  private:
@@ -53,7 +53,7 @@ class MainMenu {
   QMenu* menu(const QString& text, const char* name);
   void add(QMenu* menu, const char* name, const QString& text, const QKeySequence& key, Needs needs,
            const QString& tip, std::function<void()> work);
-  std::function<void()> word(const char* word) const;
+  std::function<void()> command(const char* word) const;
   void fill_recent(QMenu* menu);
 
   QMainWindow& m_window;

@@ -20,16 +20,17 @@ namespace kurv::app {
 
 namespace {
 
-// Judging goes over the whole data. It waits a little, so that a stroke of redraws is judged once,
-// and takes but a part of the time where the data are large.
-constexpr int kShortestWait = 150;  // ms
-constexpr int kShareOfTime = 8;
+// Comparing the content with the saved one goes over all data. The delay makes a series of redraws
+// cost one comparison, and grows with the time that a comparison takes, so that large data leave
+// most of the time to the user.
+constexpr int kShortestDelay = 150;  // ms
+constexpr int kDelayPerTime = 8;
 
-QByteArray text_of(const KurvGraph& graph) {
+QByteArray content_hash(const KurvGraph& graph) {
   return fingerprint([&graph](const auto& sink) { graph.graph_text(sink); });
 }
 
-// It lies over the surface of a graph, which is white on every desktop.
+// Dark grey on any desktop, because the graph below it is white on any desktop.
 QLabel* new_hint() {
   auto* const hint = new QLabel;
   hint->setObjectName("lblHint");
@@ -46,9 +47,9 @@ QLabel* new_hint() {
 
 }  // namespace
 
-MainWindow::MainWindow(std::optional<QLocale> locale, Say say)
+MainWindow::MainWindow(std::optional<QLocale> locale, Report report)
     : m_locale(std::move(locale)),
-      m_say(std::move(say)),
+      m_report(std::move(report)),
       m_layout(new QStackedLayout),
       m_hint(new_hint()) {
   setAttribute(Qt::WA_DeleteOnClose);
@@ -62,18 +63,18 @@ MainWindow::MainWindow(std::optional<QLocale> locale, Say say)
   m_layout->setStackingMode(QStackedLayout::StackAll);
   m_layout->addWidget(m_hint);
   setCentralWidget(centre);
-  m_judgement.setSingleShot(true);
-  connect(&m_judgement, &QTimer::timeout, this, [this] { judge(); });
+  m_modified_timer.setSingleShot(true);
+  connect(&m_modified_timer, &QTimer::timeout, this, [this] { update_modified(); });
 
   m_graph = new_graph();
-  listen(m_graph);
-  fit_to_plot(kUsualSize);
-  look();
+  connect_graph(m_graph);
+  resize_to_plot(kDefaultSize);
+  update_actions();
 }
 
 MainWindow::~MainWindow() = default;
 
-// Under what is shown. It has its place at once, because a graph file may change its size.
+// Below the graph that is shown. It has that size at once, because a graph file may change it.
 KurvGraph* MainWindow::new_graph() {
   auto* const graph = new WindowGraph(*this);
   graph->setObjectName("graph");
@@ -90,77 +91,78 @@ KurvGraph* MainWindow::new_graph() {
   return graph;
 }
 
-void MainWindow::listen(KurvGraph* graph) {
-  connect(graph, &KurvGraph::redrawn, this, [this] { look(); });
+void MainWindow::connect_graph(KurvGraph* graph) {
+  connect(graph, &KurvGraph::redrawn, this, [this] { update_actions(); });
   connect(graph, &KurvGraph::filed, this, [this] { graph_filed(); });
   connect(
       graph, &KurvGraph::changed, this, [this] { graph_changed(); }, Qt::QueuedConnection);
   connect(graph, &KurvGraph::runTimeError, this, [this](int, const QString& text) {
-    // One box at a time: dragging a window's edge would open one for every size on the way.
-    if (m_telling) return;
-    m_telling = true;
+    // One box at a time: resizing the window with the mouse would open one for each size.
+    if (m_showing_error) return;
+    m_showing_error = true;
     const QPointer<MainWindow> alive(this);
-    tell((m_path.empty() ? QString("The graph") : file_label(m_path)) + ": " + text + '.');
-    if (alive) m_telling = false;
+    show_error((m_path.empty() ? QString("The graph") : file_label(m_path)) + ": " + text + '.');
+    if (alive) m_showing_error = false;
   });
 }
 
-// What is on the disk is what a graph file said before the command line changed anything about it.
-void MainWindow::put(const GraphChoice& choice, const GraphSource& source) {
-  // Showing a graph puts its titles in their usual places, so it comes before they get their own.
+// A graph file that was loaded is the clean state: what the command line changes is not saved.
+void MainWindow::show_graph(const GraphChoice& choice, const GraphSource& source) {
+  // Showing a graph puts its titles in their default places, so it comes before a graph file moves
+  // them.
   show();
-  if (choice.size) fit_to_plot(*choice.size);
+  if (choice.size) resize_to_plot(*choice.size);
   const QPointer<KurvGraph> graph = new_graph();
   const QPointer<MainWindow> alive(this);
   QByteArray saved;
   const QMetaObject::Connection filed =
-      connect(graph, &KurvGraph::filed, this, [&saved, graph] { saved = text_of(*graph); });
+      connect(graph, &KurvGraph::filed, this, [&saved, graph] { saved = content_hash(*graph); });
   try {
     fill(choice, source, *graph);
     if (!alive) return;
-    finish_looks(choice, source, *graph, *graph);
+    apply_settings(choice, source, *graph, *graph);
   } catch (...) {
     delete graph;
     throw;
   }
   disconnect(filed);
-  adopt(graph, saved.isNull() ? text_of(*graph) : saved, source.path);
+  replace_graph(graph, saved.isNull() ? content_hash(*graph) : saved, source.path);
   if (choice.size) {
-    fit_to_plot(*choice.size);
+    resize_to_plot(*choice.size);
   } else if (!source.data) {
-    fit_to_graph();
+    resize_to_graph();
   }
 }
 
-void MainWindow::adopt(KurvGraph* graph, const QByteArray& saved, const std::string& path) {
-  // It asks nobody: this window has.
+void MainWindow::replace_graph(KurvGraph* graph, const QByteArray& saved, const std::string& path) {
+  // This window has asked about unsaved changes.
   m_graph->set_QueryForSave(false);
   m_graph->disconnect(this);
   m_graph->hide();
   m_graph->deleteLater();
   m_graph = graph;
-  listen(graph);
+  connect_graph(graph);
   m_path = path;
   m_warned.clear();
-  m_saved.mark(saved);
+  m_clean_state.set_clean(saved);
   RecentFiles().add(path);
-  look();
-  judge();
+  update_actions();
+  update_modified();
   graph->setFocus();
 }
 
 // -- Size -----------------------------------------------------------------------------------------
 
-// A graph that has loaded a file has the size that was kept there; the window follows it.
-void MainWindow::fit_to_graph() {
+// A graph that has loaded a file has the size from that file; the window is resized to fit it.
+void MainWindow::resize_to_graph() {
   const QSize change = m_graph->size() - centralWidget()->size();
   const bool free = !isMaximized() && !isFullScreen();
   if (free) resize((size() + change).boundedTo(screen()->availableSize()));
   m_graph->resize(centralWidget()->size());
 }
 
-// The size of a picture is that of the plot, without whatever stands around it.
-void MainWindow::fit_to_plot(QSize plot) {
+// A picture has the size of the plot, without the menu, the toolbar and the status bar.
+void MainWindow::resize_to_plot(QSize plot) {
   ensurePolished();
   layout()->activate();
   m_graph->resize(centralWidget()->size());
@@ -177,42 +179,43 @@ bool MainWindow::has_data() const {
 }
 
 bool MainWindow::is_saved() const {
-  return !has_data() || m_saved.is_saved(text_of(*m_graph));
+  return !has_data() || m_clean_state.is_clean(content_hash(*m_graph));
 }
 
-// Everything that can be told at a glance.
-void MainWindow::look() {
+// Updates the actions, the hint and the title, which cost little.
+void MainWindow::update_actions() {
   const bool has_graph = m_graph->has_graph();
   m_menu->enable(has_data(), has_graph);
-  // The graph's own has entries for everything, and there is nothing yet.
+  // The graph's context menu has entries that need data.
   m_graph->setContextMenuPolicy(has_data() ? Qt::DefaultContextMenu : Qt::PreventContextMenu);
   m_hint->setVisible(!has_graph);
   m_hint->setText(has_data() ? refused_data_hint(m_path) : empty_window_hint());
   m_hint->raise();
   setWindowTitle(window_title(m_path));
-  judge_soon();
+  schedule_update_modified();
 }
 
-void MainWindow::judge_soon() {
-  if (!m_judgement.isActive()) m_judgement.start(std::max(kShortestWait, m_judgement.interval()));
+void MainWindow::schedule_update_modified() {
+  if (!m_modified_timer.isActive())
+    m_modified_timer.start(std::max(kShortestDelay, m_modified_timer.interval()));
 }
 
-void MainWindow::judge() {
+void MainWindow::update_modified() {
   QElapsedTimer clock;
   clock.start();
   setWindowModified(!is_saved());
-  m_judgement.setInterval(static_cast<int>(clock.elapsed()) * kShareOfTime);
+  m_modified_timer.setInterval(static_cast<int>(clock.elapsed()) * kDelayPerTime);
 }
 
-// Many changes are not drawn at once, and of refused data nothing is drawn until they are mended.
+// Not every change causes a redraw. Data that could not be plotted are tried again after each one.
 void MainWindow::graph_changed() {
-  judge_soon();
-  if (has_data() && !m_graph->has_graph()) attempt([this] { m_graph->show_mended_data(); });
+  schedule_update_modified();
+  if (has_data() && !m_graph->has_graph()) run_guarded([this] { m_graph->show_mended_data(); });
 }
 
-// The graph is still at work, so only what looks is done here.
+// The graph is still saving or loading, so what may resize it or open a box is done later.
 void MainWindow::graph_filed() {
-  m_saved.mark(text_of(*m_graph));
+  m_clean_state.set_clean(content_hash(*m_graph));
   m_path = m_graph->FileName();
   RecentFiles().add(m_path);
   for (const QString& function : m_graph->functions()) {
@@ -225,18 +228,18 @@ void MainWindow::graph_filed() {
   QMetaObject::invokeMethod(
       this,
       [this] {
-        if (m_graph->size() != centralWidget()->size()) fit_to_graph();
-        look();
-        judge();
-        tell_warnings();
+        if (m_graph->size() != centralWidget()->size()) resize_to_graph();
+        update_actions();
+        update_modified();
+        show_warnings();
       },
       Qt::QueuedConnection);
 }
 
-void MainWindow::tell_warnings() {
+void MainWindow::show_warnings() {
   QStringList lines;
   for (const std::string& warning : std::exchange(m_warnings, {})) {
-    m_say("warning: " + warning);
+    m_report("warning: " + warning);
     lines << QString::fromStdString(warning);
   }
   if (lines.isEmpty()) return;

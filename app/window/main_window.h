@@ -14,7 +14,7 @@
 #include <vector>
 
 #include "app/graph/graph_intake.h"
-#include "app/window/saved_state.h"
+#include "app/window/clean_state.h"
 
 class QLabel;
 class QStackedLayout;
@@ -23,32 +23,30 @@ namespace kurv::app {
 
 class MainMenu;
 
-using Say = std::function<void(const std::string&)>;
+using Report = std::function<void(const std::string&)>;
 
-// Belongs to nobody and deletes itself when it is closed. It begins empty, with a hint. Its state
-// of saving is that of the content: what was drawn from a table and not touched since has nothing
-// to lose, and a change that is taken back is none.
+// Deletes itself when it is closed. It begins empty, with a hint. Whether it has unsaved changes
+// depends on the content alone: a graph that was drawn from a table and not changed since has none,
+// and neither has one whose changes were undone.
 class MainWindow final : public QMainWindow {
  public:
-  // `say` gets the warnings that also a terminal should show. The locale of the files is the one of
-  // the command line.
-  MainWindow(std::optional<QLocale> locale, Say say);
+  // `report` gets the warnings, which a terminal shows as well. The locale is used for graph files.
+  MainWindow(std::optional<QLocale> locale, Report report);
   ~MainWindow() override;
 
-  // The graph that is shown. Another file brings another one.
+  // The graph that is shown. Opening another file replaces it.
   KurvGraph& graph() const { return *m_graph; }
 
-  // Shows the window, and in it a source that was loaded before. Throws UserError and Fault when it
-  // cannot be drawn; the window then shows what it showed before.
-  void put(const GraphChoice& choice, const GraphSource& source);
-  // Opens a file as the user asks for it: here, unless something here would be lost, else in a
-  // window of its own. Asks which columns of a table to draw, and shows what goes wrong.
-  // Returns whether the file has come up in a window.
+  // Shows the window and a graph of a source that was loaded before. Throws UserError and Fault
+  // when it cannot be drawn; the window then keeps its graph.
+  void show_graph(const GraphChoice& choice, const GraphSource& source);
+  // Opens a file in this window, or in a new one if this one has unsaved changes. Asks which
+  // columns of a table to draw, and shows errors in a box. Returns whether a window shows the file.
   bool open(const std::string& path);
   // The same for several, each in a window of its own.
   void open_all(const std::vector<std::string>& paths);
 
-  // By the content as it is now.
+  // Compares the content as it is now.
   bool is_saved() const;
 
  protected:
@@ -59,21 +57,21 @@ class MainWindow final : public QMainWindow {
  private:
   void make_menu();
   KurvGraph* new_graph();
-  void adopt(KurvGraph* graph, const QByteArray& saved, const std::string& path);
-  void listen(KurvGraph* graph);
-  void fit_to_graph();
-  void fit_to_plot(QSize size);
+  void replace_graph(KurvGraph* graph, const QByteArray& saved, const std::string& path);
+  void connect_graph(KurvGraph* graph);
+  void resize_to_graph();
+  void resize_to_plot(QSize size);
 
   bool has_data() const;
-  void look();
-  void judge_soon();
-  void judge();
+  void update_actions();
+  void schedule_update_modified();
+  void update_modified();
   void graph_changed();
   void graph_filed();
-  void tell_warnings();
+  void show_warnings();
 
-  void attempt(const std::function<void()>& work);
-  void send(const char* word);
+  void run_guarded(const std::function<void()>& work);
+  void run_command(const char* word);
   void new_window();
   void choose_files();
   bool open_elsewhere(const std::string& path);
@@ -81,22 +79,22 @@ class MainWindow final : public QMainWindow {
   std::optional<GraphSource> ask_about_table(const std::string& path, GraphChoice& choice);
   void open_recent(const std::string& path);
   bool save();
-  bool may_lose_graph();
+  bool confirm_close();
   void export_picture();
-  void tell(const QString& text);
+  void show_error(const QString& text);
 
   std::optional<QLocale> m_locale;
-  Say m_say;
+  Report m_report;
   std::unique_ptr<MainMenu> m_menu;
   QStackedLayout* m_layout;
   QLabel* m_hint;
   QPointer<KurvGraph> m_graph;
-  SavedState m_saved;
-  QTimer m_judgement;
+  CleanState m_clean_state;
+  QTimer m_modified_timer;
   std::string m_path;  // what the graph was made from, or saved to since
   std::vector<std::string> m_warnings;
   QSet<QString> m_warned;  // functions
-  bool m_telling = false;
+  bool m_showing_error = false;
   bool m_has_toolbar = true;
 };
 

@@ -29,7 +29,7 @@ namespace kurv::app {
 
 namespace {
 
-// The toolkit's own way from a URL to a file changes names that are no UTF-8.
+// QUrl::toLocalFile() changes names that are not UTF-8.
 std::vector<std::string> files_in(const QMimeData& data) {
   std::vector<std::string> paths;
   for (const QUrl& url : data.urls()) {
@@ -65,7 +65,7 @@ void MainWindow::make_menu() {
   commands.export_picture = [this] { export_picture(); };
   commands.close = [this] { close(); };
   commands.quit = [] { quit_when_all_agree(); };
-  commands.send = [this](const char* word) { send(word); };
+  commands.run_command = [this](const char* word) { run_command(word); };
   commands.show_toolbar = [this](bool on) {
     m_has_toolbar = on;
     m_graph->setProperty("toolbar_visible", on);
@@ -79,12 +79,12 @@ void MainWindow::make_menu() {
   m_menu = std::make_unique<MainMenu>(*this, std::move(commands));
 }
 
-void MainWindow::tell(const QString& text) {
+void MainWindow::show_error(const QString& text) {
   show_message(this, QMessageBox::Critical, "kurv", text);
 }
 
-// Something that the graph may fail at, as the user has asked for it.
-void MainWindow::attempt(const std::function<void()>& work) {
+// Runs a command that the graph may fail at, and shows its warnings and errors in boxes.
+void MainWindow::run_guarded(const std::function<void()>& work) {
   const QPointer<MainWindow> alive(this);
   QString failure;
   try {
@@ -93,21 +93,21 @@ void MainWindow::attempt(const std::function<void()>& work) {
     failure = fault.what();
   }
   if (!alive) return;
-  look();
-  tell_warnings();
+  update_actions();
+  show_warnings();
   if (!alive || failure.isEmpty()) return;
   const QString name = m_path.empty() ? QString("The graph") : file_label(m_path);
-  tell(name + ": " + failure + '.');
+  show_error(name + ": " + failure + '.');
 }
 
-void MainWindow::send(const char* word) {
-  attempt([this, word] { m_graph->ChartOptions(word); });
+void MainWindow::run_command(const char* word) {
+  run_guarded([this, word] { m_graph->ChartOptions(word); });
 }
 
 // -- Opening --------------------------------------------------------------------------------------
 
 void MainWindow::new_window() {
-  (new MainWindow(m_locale, m_say))->show();
+  (new MainWindow(m_locale, m_report))->show();
 }
 
 void MainWindow::choose_files() {
@@ -133,8 +133,8 @@ void MainWindow::open_all(const std::vector<std::string>& paths) {
   const QPointer<MainWindow> alive(this);
   bool taken = false;
   for (const std::string& path : paths) {
-    const bool came_up = taken ? open_elsewhere(path) : open(path);
-    taken = taken || came_up;
+    const bool opened = taken ? open_elsewhere(path) : open(path);
+    taken = taken || opened;
     if (!alive) return;
   }
 }
@@ -143,13 +143,13 @@ bool MainWindow::open(const std::string& path) {
   return is_saved() ? open_here(path) : open_elsewhere(path);
 }
 
-// A window in which nothing has come up is none that anybody asked for.
+// A new window that shows nothing is closed again.
 bool MainWindow::open_elsewhere(const std::string& path) {
-  const QPointer<MainWindow> window(new MainWindow(m_locale, m_say));
+  const QPointer<MainWindow> window(new MainWindow(m_locale, m_report));
   window->show();
-  const bool came_up = window->open_here(path);
-  if (window && !came_up) window->close();
-  return came_up;
+  const bool opened = window->open_here(path);
+  if (window && !opened) window->close();
+  return opened;
 }
 
 bool MainWindow::open_here(const std::string& path) {
@@ -159,12 +159,12 @@ bool MainWindow::open_here(const std::string& path) {
     GraphChoice choice;
     choice.locale = m_locale;
     if (is_graph_file(path)) {
-      put(choice, {path, std::nullopt});
+      show_graph(choice, {path, std::nullopt});
       return true;
     }
     const std::optional<GraphSource> source = ask_about_table(path, choice);
     if (!source || !alive) return false;
-    put(choice, *source);
+    show_graph(choice, *source);
     return true;
   } catch (const UserError& error) {
     failure = sentence(error.what(), path);
@@ -173,7 +173,7 @@ bool MainWindow::open_here(const std::string& path) {
   } catch (const std::bad_alloc&) {
     failure = "There is not enough memory for " + file_label(path) + '.';
   }
-  if (alive) tell(failure);
+  if (alive) show_error(failure);
   return false;
 }
 
@@ -198,23 +198,23 @@ void MainWindow::open_recent(const std::string& path) {
     return;
   }
   RecentFiles().remove(path);
-  tell(QFile::decodeName(on_one_line(path).c_str()) +
-       " is not there any more, so the list of recent files forgets it.");
+  show_error(QFile::decodeName(on_one_line(path).c_str()) +
+             " is not there any more, so the list of recent files forgets it.");
 }
 
-// -- Keeping --------------------------------------------------------------------------------------
+// -- Saving ---------------------------------------------------------------------------------------
 
-// False where the graph is still not saved, because the user or the disk did not want it.
+// False where the graph has unsaved changes still, because the user cancelled or writing failed.
 bool MainWindow::save() {
   const QPointer<MainWindow> alive(this);
   if (m_graph->GraphSaved() && !is_saved()) {
-    // To the graph, what has been set and not drawn is no change, and its "save" writes nothing.
-    attempt([this] { m_graph->save_to(m_graph->FileName()); });
+    // The graph counts only changes that were drawn, so its "save" would write nothing.
+    run_guarded([this] { m_graph->save_to(m_graph->FileName()); });
   } else {
-    send("save");
+    run_command("save");
   }
   if (!alive) return false;
-  judge();
+  update_modified();
   return !isWindowModified();
 }
 
@@ -226,13 +226,13 @@ void MainWindow::export_picture() {
     app::export_picture(*m_graph, *path);
     statusBar()->showMessage("Written: " + QFile::decodeName(on_one_line(*path).c_str()));
   } catch (const UserError& error) {
-    tell(sentence(error.what(), *path));
+    show_error(sentence(error.what(), *path));
   } catch (const std::bad_alloc&) {
-    tell("There is not enough memory for this picture.");
+    show_error("There is not enough memory for this picture.");
   }
 }
 
-bool MainWindow::may_lose_graph() {
+bool MainWindow::confirm_close() {
   if (is_saved()) return true;
   const QPointer<QMessageBox> box(new QMessageBox(this));
   box->setIcon(QMessageBox::Warning);
@@ -255,9 +255,9 @@ bool MainWindow::may_lose_graph() {
 
 void MainWindow::closeEvent(QCloseEvent* event) {
   const QPointer<MainWindow> alive(this);
-  const bool may_go = may_lose_graph();
+  const bool may_go = confirm_close();
   event->setAccepted(may_go);
-  // The graph has a question of its own, and one is enough.
+  // The graph would ask again.
   if (may_go && alive) m_graph->set_QueryForSave(false);
 }
 
@@ -265,7 +265,7 @@ void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
   if (!files_in(*event->mimeData()).empty()) event->acceptProposedAction();
 }
 
-// Whoever lets go of the files waits until this returns, and opening asks questions.
+// The program that the files are dragged from waits until this returns, and opening shows dialogs.
 void MainWindow::dropEvent(QDropEvent* event) {
   const std::vector<std::string> paths = files_in(*event->mimeData());
   if (paths.empty()) return;

@@ -19,8 +19,7 @@ std::string bytes_of(const QString& path) {
   return QFile::encodeName(path).toStdString();
 }
 
-// The toolkit takes whatever follows a name's last dot for its extension, such as the year in
-// "sales.2020".
+// Done here because Qt takes what follows the last dot for an extension, as in "sales.2020".
 QString completed(const QString& path, const QString& filter) {
   if (picture_format(bytes_of(path))) return path;
   return path + filter.section("(*", 1).section(')', 0, 0);
@@ -64,10 +63,10 @@ QFileDialog* new_dialog(QWidget* window, const std::string& graph_path) {
 
 }  // namespace
 
-// The dialog does not know the whole name yet, so the question about an older file comes after it.
-// Whoever wants to keep that file may choose another name.
+// The dialog does not know the completed name, so whether to replace a file is asked after it, and
+// the dialog comes again where the user wants to keep that file.
 std::optional<std::string> ask_for_picture(QWidget* window, const std::string& graph_path) {
-  // It goes with the window, which may go while it is open.
+  // The window deletes it, perhaps while it is open.
   const QPointer<QFileDialog> dialog = new_dialog(window, graph_path);
   std::optional<std::string> result;
   while (dialog && !result && dialog->exec() == QDialog::Accepted && dialog) {

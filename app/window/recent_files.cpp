@@ -13,7 +13,7 @@ namespace {
 constexpr std::size_t kMostFiles = 10;
 constexpr const char* kKey = "recent/files";
 
-// A name is bytes, and the list is text: whatever is not plain is written in percent signs.
+// A name may hold any bytes, and the list is text, so the names are percent-encoded.
 QString as_text(const std::string& path) {
   return QString::fromLatin1(QByteArray::fromStdString(path).toPercentEncoding("/"));
 }
@@ -41,7 +41,7 @@ std::vector<std::string> RecentFiles::paths() const {
   for (const QString& text : settings.value(kKey).toStringList()) {
     const std::string path = as_path(text);
     const bool known = std::find(result.begin(), result.end(), path) != result.end();
-    // Others may have written into the file.
+    // The file may have been edited.
     if (!path.starts_with('/') || known || result.size() == kMostFiles) continue;
     result.push_back(path);
   }

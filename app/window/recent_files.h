@@ -1,4 +1,4 @@
-// The files that were opened or saved last, kept for the next start of the program.
+// The list of recent files, kept in the settings.
 #pragma once
 
 #include <QString>
@@ -7,11 +7,11 @@
 
 namespace kurv::app {
 
-// In the user's folder for settings.
+// The file that holds the list, in the user's folder for settings.
 QString recent_files_place();
 
-// All windows and programs of a user share one list, so it is read anew each time. A place that
-// cannot be written leaves the list empty and is no error.
+// All windows and running programs of a user share one list, so it is read anew each time. A file
+// that cannot be written leaves the list empty and is not an error.
 class RecentFiles {
  public:
   explicit RecentFiles(QString place = recent_files_place()) : m_place(std::move(place)) {}

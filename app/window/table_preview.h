@@ -1,4 +1,4 @@
-// The first rows of a table, to look at.
+// A model of the first rows of a table.
 #pragma once
 
 #include <QAbstractTableModel>

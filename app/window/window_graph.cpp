@@ -31,7 +31,7 @@ WindowGraph::WindowGraph(const QMainWindow& window) : m_window(window) {
   }
 }
 
-// An entry that is disabled does nothing when it is triggered.
+// QAction::trigger() does nothing where the action is disabled.
 void WindowGraph::run_command(const QString& word) {
   const auto is_it = [&](const Twin& twin) { return word == QLatin1String(twin.word); };
   const auto* const twin = std::find_if(std::begin(kTwins), std::end(kTwins), is_it);

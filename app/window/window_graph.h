@@ -7,12 +7,12 @@
 
 namespace kurv::app {
 
-// Its toolbar does what the entries of the window's menu do, and each of its buttons is enabled
-// when that entry is. Left to itself the graph would open a file in place of a graph that is not
-// saved, and save, print or copy before there is one.
+// Its toolbar triggers the actions of the window's menu, and each of its buttons is enabled when
+// that action is. The graph's own commands would open a file in place of an unsaved graph, and
+// save, print or copy before there is a graph.
 class WindowGraph final : public KurvGraph {
  public:
-  // The window has its menu already.
+  // The window must have its menu.
   explicit WindowGraph(const QMainWindow& window);
 
  protected:

@@ -1,4 +1,4 @@
-// The picture of the program in title bars and task lists.
+// The icon of the program in title bars and task lists.
 #pragma once
 
 #include <QIcon>

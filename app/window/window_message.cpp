@@ -4,7 +4,7 @@
 
 namespace kurv::app {
 
-// Not on the stack: a window that goes takes its boxes along.
+// On the heap, because a window deletes its boxes when it is deleted.
 void show_message(QWidget* window, QMessageBox::Icon icon, const QString& title,
                   const QString& text) {
   const QPointer<QMessageBox> box(new QMessageBox(icon, title, text, QMessageBox::Ok, window));

@@ -7,8 +7,8 @@
 
 namespace kurv::app {
 
-// Shows a text, never taken for markup because names in it come from files, until it is answered or
-// the window goes, which may happen while the box is open.
+// Shows a plain text, because names in it come from files, until it is answered or the window is
+// deleted, which may happen while the box is open.
 void show_message(QWidget* window, QMessageBox::Icon icon, const QString& title,
                   const QString& text);
 

@@ -15,7 +15,7 @@ QString file_label(const std::string& path) {
 QString window_title(const std::string& path) {
   constexpr const char* kProgram = "kurv";
   if (path.empty()) return kProgram;
-  // These three characters are a place holder of the toolkit; twice, they are themselves.
+  // "[*]" is Qt's placeholder for the mark of unsaved changes; doubled, it is plain text.
   const QString name = file_label(path).replace("[*]", "[*][*]");
   return name + QStringLiteral("[*] \u2013 ") + kProgram;
 }

@@ -1,4 +1,4 @@
-// What the main window says in its title and its help.
+// The texts of the main window.
 #pragma once
 
 #include <QString>
@@ -6,21 +6,20 @@
 
 namespace kurv::app {
 
-// A file's name without its folder, on one line, as a person reads it: a name is bytes, and those
-// that are no text are shown as question marks.
+// A file's name without its folder, on one line. A name may hold any bytes; those that are not text
+// are shown as replacement characters.
 QString file_label(const std::string& path);
 
-// The title of a window, with the toolkit's place for the mark of unsaved work.
+// The title of a window, with Qt's placeholder "[*]" for the mark of unsaved changes.
 QString window_title(const std::string& path);
 
-// For menus: an ampersand would be taken for a mnemonic.
+// For menus: with ampersands escaped, which would mark a mnemonic.
 QString menu_label(const QString& text);
 
-// With a capital letter at its beginning, as sentences in boxes have it.
+// With a capital first letter, for message boxes.
 QString capitalised(QString text);
 
-// What the command line says about a file, for a box: a sentence that begins with the file's path
-// is left as it is.
+// A message of the command line for a box: capitalised, unless it begins with the file's path.
 QString sentence(const std::string& text, const std::string& path);
 
 QString empty_window_hint();

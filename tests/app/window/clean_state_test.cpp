@@ -6,8 +6,8 @@
 #include <QFile>
 #include <QTemporaryDir>
 
+#include "app/window/clean_state.h"
 #include "app/window/recent_files.h"
-#include "app/window/saved_state.h"
 
 namespace kurv::app {
 namespace {
@@ -24,24 +24,24 @@ QByteArray of_nothing() {
   return fingerprint([](const auto&) { throw Fault(FaultKind::kSubscriptOutOfRange); });
 }
 
-TEST(SavedState, BeforeTheFirstMarkThereIsNothingToLose) {
-  EXPECT_TRUE(SavedState().is_saved(of({"a"})));
+TEST(CleanState, BeforeTheFirstMarkThereIsNothingToLose) {
+  EXPECT_TRUE(CleanState().is_clean(of({"a"})));
 }
 
-TEST(SavedState, JudgesByTheTextAndNotByItsPieces) {
-  SavedState state;
-  state.mark(of({"ab", "c"}));
-  EXPECT_TRUE(state.is_saved(of({"a", "bc"})));
-  EXPECT_FALSE(state.is_saved(of({"abd"})));
+TEST(CleanState, JudgesByTheTextAndNotByItsPieces) {
+  CleanState state;
+  state.set_clean(of({"ab", "c"}));
+  EXPECT_TRUE(state.is_clean(of({"a", "bc"})));
+  EXPECT_FALSE(state.is_clean(of({"abd"})));
 }
 
-TEST(SavedState, ATextThatCannotBeHadIsNeverSaved) {
-  SavedState state;
-  state.mark(of({"a"}));
-  EXPECT_FALSE(state.is_saved(of_nothing()));
-  state.mark(of_nothing());
-  EXPECT_FALSE(state.is_saved(of_nothing()));
-  EXPECT_FALSE(state.is_saved(of({"a"})));
+TEST(CleanState, ATextThatCannotBeHadIsNeverSaved) {
+  CleanState state;
+  state.set_clean(of({"a"}));
+  EXPECT_FALSE(state.is_clean(of_nothing()));
+  state.set_clean(of_nothing());
+  EXPECT_FALSE(state.is_clean(of_nothing()));
+  EXPECT_FALSE(state.is_clean(of({"a"})));
 }
 
 struct RecentFilesTest : testing::Test {

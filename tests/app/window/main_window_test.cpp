@@ -77,7 +77,7 @@ TEST_F(MainWindowTest, AChangeFromTheCommandLineIsAChangeOfTheFile) {
   GraphChoice choice;
   choice.title = "From the command line";
   MainWindow* const kurv = window();
-  kurv->put(choice, load(graph_file(), choice));
+  kurv->show_graph(choice, load(graph_file(), choice));
   EXPECT_TRUE(kurv->isWindowModified());
 }
 
@@ -110,7 +110,7 @@ TEST_F(MainWindowTest, SavingATableAsksForAGraphFileAndTakesItsName) {
 
 TEST_F(MainWindowTest, ATableInPlaceOfAGraphFileIsNeverSavedOverIt) {
   MainWindow* const kurv = window_of(graph_file());
-  kurv->put({}, load(table(), {}));
+  kurv->show_graph({}, load(table(), {}));
   EXPECT_EQ(kurv->graph().FileName(), "");
 }
 
@@ -242,7 +242,7 @@ TEST_F(MainWindowTest, AHiddenToolbarStaysHiddenForTheNextFile) {
   EXPECT_TRUE(kurv->graph().property("toolbar_visible").toBool());
   press(kurv, "mnuShowToolbar");
   EXPECT_FALSE(kurv->graph().property("toolbar_visible").toBool());
-  kurv->put({}, load(table(), {}));
+  kurv->show_graph({}, load(table(), {}));
   EXPECT_FALSE(kurv->graph().property("toolbar_visible").toBool());
 }
 

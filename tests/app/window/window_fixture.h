@@ -59,7 +59,7 @@ class Windows : public testing::Test {
 
   MainWindow* window_of(const std::string& file) {
     MainWindow* const made = window();
-    made->put({}, load(file, {}));
+    made->show_graph({}, load(file, {}));
     return made;
   }
 
