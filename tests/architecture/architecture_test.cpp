@@ -247,6 +247,21 @@ TEST(Architecture, EveryHeaderIsIncludedOnce) {
   }
 }
 
+// Below the heading of its module, so that a newcomer finds each file described once.
+TEST(Architecture, ThePageNamesEveryFile) {
+  std::ifstream file(kRoot / "docs" / "architecture.md");
+  const std::string page{std::istreambuf_iterator<char>(file), {}};
+  for (const Source& source : sources()) {
+    const fs::path path = source.path;
+    if (path.begin()->string() == "examples") continue;
+    const std::string heading = "\n### " + path.parent_path().string() + "/\n";
+    const std::size_t begin = page.find(heading);
+    ASSERT_NE(begin, std::string::npos) << "no heading for " << source.path;
+    const std::string section = page.substr(begin, page.find("\n### ", begin + 1) - begin);
+    EXPECT_NE(section.find('`' + path.stem().string() + '`'), std::string::npos) << source.path;
+  }
+}
+
 TEST(Architecture, FilesStayShort) {
   for (const Source& source : sources()) {
     const auto lines = std::count(source.text.begin(), source.text.end(), '\n');
