@@ -1,8 +1,8 @@
 #include "app/command_line/render_command.h"
 
 #include "app/graph/graph_intake.h"
+#include "app/graph/headless_application.h"
 #include "app/graph/picture_file.h"
-#include "app/graph/windowless_application.h"
 
 namespace kurv::app {
 

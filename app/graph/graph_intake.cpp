@@ -12,7 +12,7 @@
 #include "app/base/read_file.h"
 #include "app/base/user_error.h"
 #include "app/csv/csv_table.h"
-#include "app/graph/windowless.h"
+#include "app/graph/headless.h"
 
 namespace kurv::app {
 

@@ -12,7 +12,7 @@
 #include <string>
 #include <vector>
 
-#include "app/csv/data_set.h"
+#include "app/csv/table_data.h"
 #include "app/graph/graph_choice.h"
 #include "app/graph/graph_file.h"
 #include "app/graph/picture_file.h"

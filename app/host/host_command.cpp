@@ -6,7 +6,7 @@
 #include <string>
 
 #include "app/base/user_error.h"
-#include "app/graph/windowless_application.h"
+#include "app/graph/headless_application.h"
 #include "app/host/host_session.h"
 
 namespace kurv::app {

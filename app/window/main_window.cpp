@@ -10,8 +10,8 @@
 #include <algorithm>
 
 #include "app/window/main_menu.h"
+#include "app/window/main_window_graph.h"
 #include "app/window/recent_files.h"
-#include "app/window/window_graph.h"
 #include "app/window/window_icon.h"
 #include "app/window/window_message.h"
 #include "app/window/window_texts.h"

@@ -3,7 +3,7 @@
 
 #include <QGuiApplication>
 
-#include "app/graph/windowless_application.h"
+#include "app/graph/headless_application.h"
 
 namespace kurv::app {
 namespace {

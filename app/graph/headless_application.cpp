@@ -1,4 +1,4 @@
-#include "app/graph/windowless_application.h"
+#include "app/graph/headless_application.h"
 
 #include <iostream>
 

@@ -1,4 +1,4 @@
-#include "app/window/window_graph.h"
+#include "app/window/main_window_graph.h"
 
 #include <QAction>
 #include <algorithm>

@@ -1,4 +1,4 @@
-#include "app/csv/data_set.h"
+#include "app/csv/table_data.h"
 
 #include <KurvGraph/limits.h>
 #include <KurvGraph/text.h>
