@@ -1,10 +1,7 @@
 #include "app/base/read_file.h"
 
-#include <KurvGraph/text.h>
-
 #include <cerrno>
 #include <cstdio>
-#include <cstring>
 #include <filesystem>
 #include <memory>
 #include <system_error>
@@ -48,43 +45,30 @@ File open(const std::string& path, const std::string& kind) {
   return file;
 }
 
-// Reads in blocks, so that an endless device or a video is refused before it is read to its end.
-std::string read_all(std::FILE& file, const std::string& path, bool text) {
+}  // namespace
+
+std::string read_file(const std::string& path, const std::string& kind,
+                      const std::function<void(std::string_view)>& check_block) {
+  const File file = open(path, kind);
   std::string bytes;
   std::error_code unknown_size;
   const std::uintmax_t size = fs::file_size(path, unknown_size);
   if (!unknown_size && size > kLargestFile) throw too_large(path);
   if (!unknown_size) bytes.reserve(size);
   std::vector<char> block(kBlock);
-  while (const std::size_t length = std::fread(block.data(), 1, block.size(), &file)) {
-    if (text && std::memchr(block.data(), 0, length) != nullptr) {
-      throw UserError(path + " is no text; save the table as a CSV file in UTF-8 first.");
-    }
+  while (const std::size_t length = std::fread(block.data(), 1, block.size(), file.get())) {
+    check_block({block.data(), length});
     if (bytes.size() + length > kLargestFile) {
       throw too_large(path);
     }
     bytes.append(block.data(), length);
   }
-  if (std::ferror(&file) != 0) throw unreadable(path, errno);
-  return bytes;
-}
-
-}  // namespace
-
-std::string read_text_file(const std::string& path) {
-  const File file = open(path, "CSV");
-  std::string bytes = read_all(*file, path, true);
-  constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-  if (bytes.starts_with(kByteOrderMark)) bytes.erase(0, kByteOrderMark.size());
-  if (trim_whitespace(bytes).empty()) {
-    throw UserError(path + " is empty; it needs a row of names and rows of numbers.");
-  }
+  if (std::ferror(file.get()) != 0) throw unreadable(path, errno);
   return bytes;
 }
 
 std::string read_graph_file_bytes(const std::string& path) {
-  const File file = open(path, "graph");
-  return read_all(*file, path, false);
+  return read_file(path, "graph", [](std::string_view) {});
 }
 
 }  // namespace kurv::app

@@ -1,15 +1,20 @@
 // Reading whole files into memory.
 #pragma once
 
+#include <functional>
 #include <string>
+#include <string_view>
 
 namespace kurv::app {
 
-// A text file without its UTF-8 byte order mark. A pipe is read like a file. Throws UserError when
-// it cannot be read, is empty, is larger than 2 GiB, or is no text.
-std::string read_text_file(const std::string& path);
+// The unchanged bytes of a file. `kind` is what the message about a directory asks for instead,
+// such as "CSV". `check_block` is called with each block as it is read; by throwing it refuses an
+// endless device or a video before that is read to its end. Throws UserError when the file cannot
+// be read or is larger than 2 GiB.
+std::string read_file(const std::string& path, const std::string& kind,
+                      const std::function<void(std::string_view)>& check_block);
 
-// The unchanged bytes of a file. Throws UserError when it cannot be read or is larger than 2 GiB.
+// The same for a graph file, of which any bytes are taken.
 std::string read_graph_file_bytes(const std::string& path);
 
 }  // namespace kurv::app

@@ -8,6 +8,7 @@
 
 #include "app/base/user_error.h"
 #include "app/csv/csv_separator.h"
+#include "app/csv/csv_text.h"
 
 namespace kurv::app {
 
@@ -148,6 +149,10 @@ CsvTable parse_csv(std::string_view bytes, const std::string& path) {
   // The end of its line stays, so that the lines below are counted as in the file.
   bytes.remove_prefix(std::min(bytes.find_first_of("\r\n"), bytes.size()));
   return parse_csv(bytes, *declared, path);
+}
+
+CsvTable read_csv(const std::string& path) {
+  return parse_csv(read_csv_text(path), path);
 }
 
 }  // namespace kurv::app

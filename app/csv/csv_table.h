@@ -51,4 +51,7 @@ CsvTable parse_csv(std::string_view bytes, char separator, const std::string& pa
 // on. The line of a declaration is no row.
 CsvTable parse_csv(std::string_view bytes, const std::string& path);
 
+// The same for the text of a file. Throws as read_csv_text() does, too.
+CsvTable read_csv(const std::string& path);
+
 }  // namespace kurv::app

@@ -9,7 +9,6 @@
 #include <cmath>
 
 #include "app/base/message_text.h"
-#include "app/base/read_file.h"
 #include "app/base/user_error.h"
 #include "app/csv/csv_table.h"
 #include "app/graph/headless.h"
@@ -138,7 +137,7 @@ GraphSource load(const std::string& path, const GraphChoice& choice) {
     refuse_table_choices(choice, path);
     return {path, std::nullopt};
   }
-  const CsvTable table = parse_csv(read_text_file(path), path);
+  const CsvTable table = read_csv(path);
   DataSet data = make_data_set(table, choice.selection, path);
   check_drawable(data, choice.selection, path);
   GraphSource source{path, std::move(data)};

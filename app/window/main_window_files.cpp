@@ -14,8 +14,8 @@
 #include <new>
 
 #include "app/base/message_text.h"
-#include "app/base/read_file.h"
 #include "app/base/user_error.h"
+#include "app/csv/csv_table.h"
 #include "app/graph/picture_file.h"
 #include "app/window/import_dialog.h"
 #include "app/window/main_menu.h"
@@ -179,7 +179,7 @@ bool MainWindow::open_here(const std::string& path) {
 
 std::optional<GraphSource> MainWindow::ask_about_table(const std::string& path,
                                                        GraphChoice& choice) {
-  CsvTable table = parse_csv(read_text_file(path), path);
+  CsvTable table = read_csv(path);
   const QPointer<ImportDialog> dialog(new ImportDialog(path, std::move(table), this));
   std::optional<GraphSource> source;
   if (dialog->exec() == QDialog::Accepted && dialog) {
