@@ -76,7 +76,7 @@ MainWindow::~MainWindow() = default;
 
 // Below the graph that is shown. It has that size at once, because a graph file may change it.
 KurvGraph* MainWindow::new_graph() {
-  auto* const graph = new WindowGraph(*this);
+  auto* const graph = new MainWindowGraph(*this);
   graph->setObjectName("graph");
   graph->setAccessibleName("Graph");
   // The menu has the same keys.

@@ -8,12 +8,13 @@ namespace kurv::app {
 
 namespace {
 
-struct Twin {
+// A command word, and the action of the menu that is triggered in its place.
+struct CommandAction {
   const char* word;
-  const char* entry;
+  const char* action;
 };
 
-constexpr Twin kTwins[] = {
+constexpr CommandAction kCommandActions[] = {
     {"refresh", "mnuRefresh"},     {"save", "mnuSave"},    {"saveas", "mnuSaveAs"},
     {"open", "mnuOpen"},           {"print", "mnuPrint"},  {"copy", "mnuCopy"},
     {"curves", "mnuCurves"},       {"setup", "mnuDesign"}, {"table", "mnuTable"},
@@ -22,22 +23,27 @@ constexpr Twin kTwins[] = {
 
 }  // namespace
 
-WindowGraph::WindowGraph(const QMainWindow& window) : m_window(window) {
-  for (const Twin& twin : kTwins) {
-    const auto* const entry = window.findChild<QAction*>(twin.entry);
-    auto* const button = findChild<QAction*>(QStringLiteral("tbrGraph.") + twin.word);
-    button->setEnabled(entry->isEnabled());
-    connect(entry, &QAction::enabledChanged, button, &QAction::setEnabled);
+MainWindowGraph::MainWindowGraph(const QMainWindow& window) : m_window(window) {
+  for (const CommandAction& command : kCommandActions) {
+    auto* const button = findChild<QAction*>(QStringLiteral("tbrGraph.") + command.word);
+    // Not every command word has a button.
+    if (button == nullptr) continue;
+    const auto* const action = window.findChild<QAction*>(command.action);
+    button->setEnabled(action->isEnabled());
+    connect(action, &QAction::enabledChanged, button, &QAction::setEnabled);
   }
 }
 
 // QAction::trigger() does nothing where the action is disabled.
-void WindowGraph::run_command(const QString& word) {
-  const auto is_it = [&](const Twin& twin) { return word == QLatin1String(twin.word); };
-  const auto* const twin = std::find_if(std::begin(kTwins), std::end(kTwins), is_it);
-  if (twin == std::end(kTwins)) return KurvGraph::run_command(word);
-  auto* const entry = m_window.findChild<QAction*>(twin->entry);
-  QMetaObject::invokeMethod(entry, &QAction::trigger, Qt::QueuedConnection);
+void MainWindowGraph::run_command(const QString& word) {
+  const auto has_word = [&](const CommandAction& command) {
+    return word == QLatin1String(command.word);
+  };
+  const auto* const command =
+      std::find_if(std::begin(kCommandActions), std::end(kCommandActions), has_word);
+  if (command == std::end(kCommandActions)) return KurvGraph::run_command(word);
+  auto* const action = m_window.findChild<QAction*>(command->action);
+  QMetaObject::invokeMethod(action, &QAction::trigger, Qt::QueuedConnection);
 }
 
 }  // namespace kurv::app

@@ -10,10 +10,10 @@ namespace kurv::app {
 // Its toolbar triggers the actions of the window's menu, and each of its buttons is enabled when
 // that action is. The graph's own commands would open a file in place of an unsaved graph, and
 // save, print or copy before there is a graph.
-class WindowGraph final : public KurvGraph {
+class MainWindowGraph final : public KurvGraph {
  public:
   // The window must have its menu.
-  explicit WindowGraph(const QMainWindow& window);
+  explicit MainWindowGraph(const QMainWindow& window);
 
  protected:
   void run_command(const QString& word) override;
