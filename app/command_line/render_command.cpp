@@ -21,7 +21,7 @@ GraphSource load_with_warnings(const std::string& path, const GraphChoice& choic
 
 void render(const RenderRequest& request, const Warn& warn) {
   const GraphSource source = load_with_warnings(request.data_file, request, warn);
-  const auto application = windowless_application();
+  const auto application = headless_application();
   const PictureFormat format = picture_format(request.picture_file).value();
   write_picture(picture_of(request, source, format, request.scale), request.picture_file);
 }
@@ -29,7 +29,7 @@ void render(const RenderRequest& request, const Warn& warn) {
 void convert(const ConvertRequest& request, const Warn& warn) {
   const GraphSource source = load_with_warnings(request.data_file, request, warn);
   warn_of_commas(request.functions, warn);
-  const auto application = windowless_application();
+  const auto application = headless_application();
   save_graph(request, source, request.graph_file);
 }
 

@@ -78,7 +78,8 @@ class TableColumns {
   // order.
   std::vector<std::uint32_t> m_longest_first;
   std::vector<std::optional<ColumnSurvey>> m_surveys;
-  // Column 1 is the first one of the table. The data sets share the columns that are kept here.
+  // Column 1 is the first one of the table. The matrices of copy_values() share the columns that
+  // are kept here.
   Matrix<Double> m_values;
   std::vector<bool> m_kept;
   int m_kept_count = 0;

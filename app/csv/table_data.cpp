@@ -36,7 +36,7 @@ void check_row_count(const DataRows& rows, const std::string& path) {
 
 // The cells beyond the header have no name and are not drawn. Blank ones, such as a separator at
 // the end of each line makes, deserve no warning.
-void warn_of_long_rows(const TableColumns& columns, DataSet& data) {
+void warn_of_long_rows(const TableColumns& columns, TableData& data) {
   const CsvTable& table = columns.table();
   const DataRows& rows = columns.rows();
   std::size_t count = 0;
@@ -56,7 +56,7 @@ void warn_of_long_rows(const TableColumns& columns, DataSet& data) {
                           "; the fields without a name are left out.");
 }
 
-void warn_of_unusable_cells(TableColumns& columns, std::size_t column, DataSet& data) {
+void warn_of_unusable_cells(TableColumns& columns, std::size_t column, TableData& data) {
   const CsvTable& table = columns.table();
   const ColumnSurvey& survey = columns.survey(column);
   const auto warn = [&](const Tally& tally, const std::string& what) {
@@ -72,8 +72,8 @@ void warn_of_unusable_cells(TableColumns& columns, std::size_t column, DataSet& 
   warn(survey.mismatches(), dates ? "something else than a date" : "something else than a number");
 }
 
-// Makes a column of the table a column of the data set.
-void add_column(TableColumns& columns, std::size_t column, DataSet& data, int target) {
+// Makes a column of the table a column of the data.
+void add_column(TableColumns& columns, std::size_t column, TableData& data, int target) {
   warn_of_unusable_cells(columns, column, data);
   data.names(target) = columns.names()[column];
   columns.copy_values(column, data.values, target);
@@ -104,7 +104,8 @@ void number_rows(const DataRows& rows, Column<Double> target) {
 
 }  // namespace
 
-DataSet make_data_set(TableColumns& columns, const Selection& selection, const std::string& path) {
+TableData make_table_data(TableColumns& columns, const Selection& selection,
+                          const std::string& path) {
   const DataRows& rows = columns.rows();
   if (columns.table().rows() == 0) {
     throw UserError(path + " has no rows; it needs rows of numbers.");
@@ -113,7 +114,7 @@ DataSet make_data_set(TableColumns& columns, const Selection& selection, const s
   const Choice choice = choose_columns(columns, selection, path);
 
   const int width = 1 + static_cast<int>(choice.y.size());
-  DataSet data{{1, width, 1, static_cast<int>(rows.size())}, {1, width}, choice.warnings};
+  TableData data{{1, width, 1, static_cast<int>(rows.size())}, {1, width}, choice.warnings};
   warn_of_long_rows(columns, data);
   if (choice.x) {
     add_column(columns, *choice.x, data, 1);
@@ -130,12 +131,13 @@ DataSet make_data_set(TableColumns& columns, const Selection& selection, const s
   return data;
 }
 
-DataSet make_data_set(const CsvTable& table, const Selection& selection, const std::string& path) {
+TableData make_table_data(const CsvTable& table, const Selection& selection,
+                          const std::string& path) {
   TableColumns columns(table, detect_dialect(table), selection.every);
-  return make_data_set(columns, selection, path);
+  return make_table_data(columns, selection, path);
 }
 
-void check_drawable(const DataSet& data, const Selection& selection, const std::string& path) {
+void check_drawable(const TableData& data, const Selection& selection, const std::string& path) {
   if (data.values.upper_point() < 2) {
     throw UserError(path + " cannot be drawn: it has one row of data" +
                     (selection.every > 1 ? " with this --every, and a graph needs at least two; "

@@ -65,7 +65,7 @@ class OffscreenGraph {
 
   QSize m_size;  // logical pixels
   Picture m_picture;
-  WindowlessContainer m_host;
+  HeadlessContainer m_host;
   MessageRecorder m_shell;
   Control m_control;
 };
@@ -138,18 +138,18 @@ GraphSource load(const std::string& path, const GraphChoice& choice) {
     return {path, std::nullopt};
   }
   const CsvTable table = read_csv(path);
-  DataSet data = make_data_set(table, choice.selection, path);
+  TableData data = make_table_data(table, choice.selection, path);
   check_drawable(data, choice.selection, path);
   GraphSource source{path, std::move(data)};
   check_curve_count(choice, source);
   return source;
 }
 
-void let(Control& graph, const Member& property, const Variant& value) {
+void set_property_value(Control& graph, const Member& property, const Variant& value) {
   property.set(graph, value);
 }
 
-void let(KurvGraph& graph, const Member& property, const Variant& value) {
+void set_property_value(KurvGraph& graph, const Member& property, const Variant& value) {
   graph.setProperty(std::string(property.name).c_str(), converted(property.type, value));
 }
 

@@ -23,7 +23,7 @@ namespace kurv::app {
 struct GraphSource {
   std::string path;
   // Nothing for a graph file, which the graph loads itself.
-  std::optional<DataSet> data;
+  std::optional<TableData> data;
 };
 
 // Throws UserError when the file has nothing that can be drawn, and with kUsageFailure when it is a
@@ -31,22 +31,22 @@ struct GraphSource {
 GraphSource load(const std::string& path, const GraphChoice& choice);
 
 // Sets a property by its row of the table; the value converts to the property's type.
-void let(Control& graph, const Member& property, const Variant& value);
-void let(KurvGraph& graph, const Member& property, const Variant& value);
+void set_property_value(Control& graph, const Member& property, const Variant& value);
+void set_property_value(KurvGraph& graph, const Member& property, const Variant& value);
 
 // The locale decides about the decimal separator of graph files.
 void set_locale(Control& graph, const QLocale& locale);
 void set_locale(KurvGraph& graph, const QLocale& locale);
 
 template <class AnyGraph>
-void plot_table(const GraphChoice& choice, const std::string& path, const DataSet& data,
+void plot_table(const GraphChoice& choice, const std::string& path, const TableData& data,
                 AnyGraph& graph) {
   const int curves = data.values.upper_column() - 1;
   List<Boolean> visible(1, curves);
   for (int curve = 1; curve <= curves; ++curve) visible(curve) = true;
   const std::string title = choice.title.value_or(std::filesystem::path(path).stem().string());
-  let(graph, *find_property("SortXY"), Variant(Boolean(choice.sort)));
-  let(graph, *find_property("SubTitle"), Variant(choice.subtitle.value_or("")));
+  set_property_value(graph, *find_property("SortXY"), Variant(Boolean(choice.sort)));
+  set_property_value(graph, *find_property("SubTitle"), Variant(choice.subtitle.value_or("")));
   graph.scatter_graph2(title, data.values, data.names,
                        static_cast<Integer>(data.values.upper_point()),
                        static_cast<Integer>(curves), visible, 0, {}, choice.lines.value_or(true),
@@ -56,10 +56,13 @@ void plot_table(const GraphChoice& choice, const std::string& path, const DataSe
 // Overrides what a graph file says by what was chosen.
 template <class AnyGraph>
 void apply_overrides(const GraphChoice& choice, AnyGraph& graph) {
-  if (choice.title) let(graph, *find_property("Title"), Variant(*choice.title));
-  if (choice.subtitle) let(graph, *find_property("SubTitle"), Variant(*choice.subtitle));
-  if (choice.lines) let(graph, *find_property("Connected"), Variant(Boolean(*choice.lines)));
-  if (choice.markers) let(graph, *find_property("DrawMarkers"), Variant(Boolean(*choice.markers)));
+  if (choice.title) set_property_value(graph, *find_property("Title"), Variant(*choice.title));
+  if (choice.subtitle)
+    set_property_value(graph, *find_property("SubTitle"), Variant(*choice.subtitle));
+  if (choice.lines)
+    set_property_value(graph, *find_property("Connected"), Variant(Boolean(*choice.lines)));
+  if (choice.markers)
+    set_property_value(graph, *find_property("DrawMarkers"), Variant(Boolean(*choice.markers)));
 }
 
 template <class AnyGraph>
@@ -101,7 +104,7 @@ void apply_settings(const GraphChoice& choice, const GraphSource& source, AnyGra
   constexpr int kMaxRedraws = 8;
   add_curves(choice, graph);
   for (const Setting& setting : choice.settings) {
-    let(graph, *setting.property, Variant(setting.value));
+    set_property_value(graph, *setting.property, Variant(setting.value));
   }
   redraw(source, graph);
   if (choice.settings.empty()) return;

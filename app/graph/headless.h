@@ -13,9 +13,9 @@
 
 namespace kurv::app {
 
-class WindowlessContainer final : public Container {
+class HeadlessContainer final : public Container {
  public:
-  WindowlessContainer(Double width, Double height)
+  HeadlessContainer(Double width, Double height)
       : m_width(to_single(width)), m_height(to_single(height)) {}
 
   bool run_mode() const override { return true; }

@@ -15,7 +15,7 @@ void keep_quiet(QtMsgType type, const QMessageLogContext&, const QString& text) 
 
 }  // namespace
 
-std::unique_ptr<QGuiApplication> windowless_application() {
+std::unique_ptr<QGuiApplication> headless_application() {
   qputenv("QT_QPA_PLATFORM", "offscreen");
   for (const char* name : {"QT_SCALE_FACTOR", "QT_FONT_DPI", "QT_QPA_PLATFORMTHEME"}) {
     qunsetenv(name);

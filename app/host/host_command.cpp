@@ -12,7 +12,7 @@
 namespace kurv::app {
 
 int run_host() {
-  const auto application = windowless_application();
+  const auto application = headless_application();
   HostSession session;
   for (std::string line; std::getline(std::cin, line);) {
     const QByteArray answer =

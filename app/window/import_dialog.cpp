@@ -286,7 +286,7 @@ Selection ImportDialog::selection() const {
   return selection;
 }
 
-DataSet ImportDialog::read() {
+TableData ImportDialog::read() {
   const Selection chosen = selection();
   const auto has_numbers = [](ColumnKind kind) { return kind == ColumnKind::kNumbers; };
   const bool has_curves = std::any_of(m_survey.kinds.begin(), m_survey.kinds.end(), has_numbers);
@@ -295,7 +295,7 @@ DataSet ImportDialog::read() {
   if (chosen.every != m_columns.rows().every()) {
     m_columns = TableColumns(m_table, m_survey.dialect, chosen.every);
   }
-  DataSet result = make_data_set(m_columns, chosen, kFile);
+  TableData result = make_table_data(m_columns, chosen, kFile);
   check_drawable(result, chosen, kFile);
   return result;
 }

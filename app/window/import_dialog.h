@@ -47,7 +47,7 @@ class ImportDialog final : public QDialog {
   Selection selection() const;
   // Reads the selected data and shows the result, warnings or the error.
   void evaluate();
-  DataSet read();
+  TableData read();
   void show_result(const QString& summary, const QString& notes);
 
   std::string m_path;
@@ -55,7 +55,7 @@ class ImportDialog final : public QDialog {
   // Read with the N that was chosen last, so that ticking curves parses no cell twice.
   TableColumns m_columns;
   TableSurvey m_survey;
-  std::optional<DataSet> m_data;
+  std::optional<TableData> m_data;
   QTimer m_evaluation;
 
   QComboBox* m_x;

@@ -19,8 +19,9 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::IsNan;
 
-DataSet data_of(const std::string& bytes, const Selection& selection = {}) {
-  return make_data_set(parse_csv(bytes, find_separator(bytes), "data.csv"), selection, "data.csv");
+TableData data_of(const std::string& bytes, const Selection& selection = {}) {
+  return make_table_data(parse_csv(bytes, find_separator(bytes), "data.csv"), selection,
+                         "data.csv");
 }
 
 std::string refusal_of(const std::string& bytes, const Selection& selection = {}) {
@@ -33,13 +34,13 @@ std::string refusal_of(const std::string& bytes, const Selection& selection = {}
   return "nothing was refused";
 }
 
-std::vector<std::string> names_of(const DataSet& data) {
+std::vector<std::string> names_of(const TableData& data) {
   std::vector<std::string> names;
   for (int i = data.names.lower(); i <= data.names.upper(); ++i) names.push_back(data.names(i));
   return names;
 }
 
-std::vector<double> column_of(const DataSet& data, int column) {
+std::vector<double> column_of(const TableData& data, int column) {
   std::vector<double> values;
   for (int i = 1; i <= data.values.upper_point(); ++i) values.push_back(data.values(column, i));
   return values;
@@ -51,8 +52,8 @@ std::string rows(int count) {
   return bytes;
 }
 
-TEST(DataSet, FirstColumnIsXAndTheOthersAreCurves) {
-  const DataSet data = data_of("t,a,b\n1,2,3\n4,5,6\n");
+TEST(TableData, FirstColumnIsXAndTheOthersAreCurves) {
+  const TableData data = data_of("t,a,b\n1,2,3\n4,5,6\n");
   EXPECT_THAT(names_of(data), ElementsAre("t", "a", "b"));
   EXPECT_THAT(column_of(data, 1), ElementsAre(1, 4));
   EXPECT_THAT(column_of(data, 2), ElementsAre(2, 5));
@@ -60,81 +61,81 @@ TEST(DataSet, FirstColumnIsXAndTheOthersAreCurves) {
   EXPECT_THAT(data.warnings, IsEmpty());
 }
 
-TEST(DataSet, ARowOfNumbersDatesAndGapsIsNoHeader) {
+TEST(TableData, ARowOfNumbersDatesAndGapsIsNoHeader) {
   EXPECT_THAT(names_of(data_of("1,2,3\n4,5,6\n")), ElementsAre("x", "y1", "y2"));
   EXPECT_THAT(names_of(data_of("1\n4\n")), ElementsAre("row", "y"));
-  const DataSet data = data_of("2012-01-01,NA,3\n2012-01-02,5,6\n");
+  const TableData data = data_of("2012-01-01,NA,3\n2012-01-02,5,6\n");
   EXPECT_THAT(names_of(data), ElementsAre("x (days since 2012-01-01)", "y1", "y2"));
   EXPECT_EQ(data.values.upper_point(), 2);
 }
 
-TEST(DataSet, WithoutAHeaderTheWidestRowCounts) {
+TEST(TableData, WithoutAHeaderTheWidestRowCounts) {
   EXPECT_THAT(names_of(data_of("1,2\n4,5,6\n7,8,9\n")), ElementsAre("x", "y1", "y2"));
 }
 
-TEST(DataSet, NamesAreTrimmedFilledAndMadeDifferent) {
+TEST(TableData, NamesAreTrimmedFilledAndMadeDifferent) {
   EXPECT_THAT(names_of(data_of("\" t \",a,,a,\"a\",\"two\nlines\"\n1,2,3,4,5,6\n")),
               ElementsAre("t", "a", "column 3", "a (2)", "a (3)", "two lines"));
   EXPECT_THAT(names_of(data_of("a,a (2),a\n1,2,3\n")), ElementsAre("a", "a (2)", "a (3)"));
 }
 
-TEST(DataSet, NamesOfOneBytePerLetterBecomeUtf8) {
+TEST(TableData, NamesOfOneBytePerLetterBecomeUtf8) {
   EXPECT_THAT(names_of(data_of("t,W\xE4rme\n1,2\n")), ElementsAre("t", "W\u00E4rme"));
   EXPECT_THAT(names_of(data_of("t,W\u00E4rme\n1,2\n")), ElementsAre("t", "W\u00E4rme"));
 }
 
-TEST(DataSet, DecimalCommasAreReadWhereTheFileNeedsThem) {
-  const DataSet data = data_of("x;y\n1;3,14\n2,5;-1,5e3\n");
+TEST(TableData, DecimalCommasAreReadWhereTheFileNeedsThem) {
+  const TableData data = data_of("x;y\n1;3,14\n2,5;-1,5e3\n");
   EXPECT_THAT(column_of(data, 1), ElementsAre(1, 2.5));
   EXPECT_THAT(column_of(data, 2), ElementsAre(3.14, -1500));
   EXPECT_THAT(column_of(data_of("x\ty\n1\t3,5\n2\t4\n"), 2), ElementsAre(3.5, 4));
 }
 
-TEST(DataSet, DecimalPointsStayWhereMostNumbersHaveThem) {
-  const DataSet data = data_of("x;y\n1.5;2.5\n2.5;3.5\n3;4,5\n4;5\n5;6\n");
+TEST(TableData, DecimalPointsStayWhereMostNumbersHaveThem) {
+  const TableData data = data_of("x;y\n1.5;2.5\n2.5;3.5\n3;4,5\n4;5\n5;6\n");
   EXPECT_THAT(column_of(data, 2), ElementsAre(2.5, 3.5, IsNan(), 5, 6));
   EXPECT_THAT(data.warnings,
               ElementsAre(AllOf(HasSubstr("\"4,5\" in line 4"), HasSubstr("1 of 5"))));
 }
 
-TEST(DataSet, ACommaInAQuotedNumberBetweenCommasIsNoDecimalComma) {
+TEST(TableData, ACommaInAQuotedNumberBetweenCommasIsNoDecimalComma) {
   EXPECT_THAT(refusal_of("w,y\na,\"1,234\"\nb,\"2,345\"\n"), HasSubstr("no column of numbers"));
 }
 
-TEST(DataSet, EmptyFieldsNaAndNanAreMissing) {
-  const DataSet data = data_of("x,y\n1,\n2,NA\n3, nan \n4,\" NaN \"\n5,na\n6,7\n8\n");
+TEST(TableData, EmptyFieldsNaAndNanAreMissing) {
+  const TableData data = data_of("x,y\n1,\n2,NA\n3, nan \n4,\" NaN \"\n5,na\n6,7\n8\n");
   EXPECT_THAT(column_of(data, 2),
               ElementsAre(IsNan(), IsNan(), IsNan(), IsNan(), IsNan(), 7, IsNan()));
   EXPECT_THAT(data.warnings, IsEmpty());
 }
 
-TEST(DataSet, ARowWithoutXIsKept) {
+TEST(TableData, ARowWithoutXIsKept) {
   EXPECT_THAT(column_of(data_of("x,y\n1,2\n,3\n4,5\n"), 1), ElementsAre(1, IsNan(), 4));
 }
 
-TEST(DataSet, InfiniteNumbersAreMissingAndTold) {
-  const DataSet data = data_of("x,y\n1,2\n2,1e999\n3,-inf\n");
+TEST(TableData, InfiniteNumbersAreMissingAndTold) {
+  const TableData data = data_of("x,y\n1,2\n2,1e999\n3,-inf\n");
   EXPECT_THAT(column_of(data, 2), ElementsAre(2, IsNan(), IsNan()));
   EXPECT_THAT(data.warnings, ElementsAre(AllOf(HasSubstr("\"y\""), HasSubstr("2 of 3"),
                                                HasSubstr("\"1e999\" in line 3"))));
 }
 
-TEST(DataSet, AFewWordsInAColumnOfNumbersAreMissingAndTold) {
-  const DataSet data = data_of("x,y\n1,2\n2,n/a\n3,4\n4,5\n5,6\n");
+TEST(TableData, AFewWordsInAColumnOfNumbersAreMissingAndTold) {
+  const TableData data = data_of("x,y\n1,2\n2,n/a\n3,4\n4,5\n5,6\n");
   EXPECT_THAT(column_of(data, 2), ElementsAre(2, IsNan(), 4, 5, 6));
   EXPECT_THAT(data.warnings,
               ElementsAre(AllOf(HasSubstr("1 of 5"), HasSubstr("\"n/a\" in line 3"))));
 }
 
-TEST(DataSet, ColumnsOfWordsAndEmptyOnesAreLeftOutAndTold) {
-  const DataSet data = data_of("x,a,b,c,d\n1,one,2,,2012-01-01\n2,two,3,NA,2012-01-02\n");
+TEST(TableData, ColumnsOfWordsAndEmptyOnesAreLeftOutAndTold) {
+  const TableData data = data_of("x,a,b,c,d\n1,one,2,,2012-01-01\n2,two,3,NA,2012-01-02\n");
   EXPECT_THAT(names_of(data), ElementsAre("x", "b"));
   EXPECT_THAT(data.warnings,
               ElementsAre("columns \"a\" and \"d\" hold no numbers and are left out.",
                           "column \"c\" holds no values and is left out."));
 }
 
-TEST(DataSet, AFirstColumnThatIsNotDrawnIsToldWhereAnotherOneIsX) {
+TEST(TableData, AFirstColumnThatIsNotDrawnIsToldWhereAnotherOneIsX) {
   const Selection by_t{.x = "t", .y = {}};
   EXPECT_THAT(data_of("w,t,y\na,1,2\nb,2,3\n", by_t).warnings,
               ElementsAre("column \"w\" holds no numbers and is left out."));
@@ -144,52 +145,52 @@ TEST(DataSet, AFirstColumnThatIsNotDrawnIsToldWhereAnotherOneIsX) {
               ElementsAre("column \"e\" holds no values and is left out."));
 }
 
-TEST(DataSet, OneWordInFourMakesAColumnOfWords) {
+TEST(TableData, OneWordInFourMakesAColumnOfWords) {
   EXPECT_THAT(names_of(data_of("x,y,z\n1,a,1\n2,2,2\n3,3,3\n4,4,4\n")), ElementsAre("x", "z"));
 }
 
-TEST(DataSet, RowsAreNumberedWhereTheFirstColumnIsNoX) {
-  const DataSet data = data_of("name,a,b\none,2,5\ntwo,3,6\n");
+TEST(TableData, RowsAreNumberedWhereTheFirstColumnIsNoX) {
+  const TableData data = data_of("name,a,b\none,2,5\ntwo,3,6\n");
   EXPECT_THAT(names_of(data), ElementsAre("row", "a", "b"));
   EXPECT_THAT(column_of(data, 1), ElementsAre(1, 2));
   EXPECT_THAT(data.warnings, ElementsAre(AllOf(HasSubstr("\"name\""), HasSubstr("row number"))));
 }
 
-TEST(DataSet, RowsAreNumberedWhereOnlyOneColumnHasNumbers) {
-  const DataSet data = data_of("a,note\n5,one\n6,two\n");
+TEST(TableData, RowsAreNumberedWhereOnlyOneColumnHasNumbers) {
+  const TableData data = data_of("a,note\n5,one\n6,two\n");
   EXPECT_THAT(names_of(data), ElementsAre("row", "a"));
   EXPECT_THAT(column_of(data, 2), ElementsAre(5, 6));
   EXPECT_THAT(data.warnings[0], HasSubstr("row number"));
 }
 
-TEST(DataSet, LongerRowsThanTheHeaderAreTold) {
-  const DataSet data = data_of("x,y\n1,2\n3,4,5\n5,6,,\n7,8,9\n");
+TEST(TableData, LongerRowsThanTheHeaderAreTold) {
+  const TableData data = data_of("x,y\n1,2\n3,4,5\n5,6,,\n7,8,9\n");
   EXPECT_THAT(column_of(data, 2), ElementsAre(2, 4, 6, 8));
   EXPECT_THAT(data.warnings, ElementsAre(AllOf(HasSubstr("2 rows"), HasSubstr("line 3"))));
 }
 
-TEST(DataSet, DatesOverTwoYearsBecomeDecimalYears) {
-  const DataSet data = data_of("date,y\n2012-07-02,1\n2014-07-02T12:00,2\n,3\n");
+TEST(TableData, DatesOverTwoYearsBecomeDecimalYears) {
+  const TableData data = data_of("date,y\n2012-07-02,1\n2014-07-02T12:00,2\n,3\n");
   EXPECT_EQ(data.names(1), "date (decimal year)");
   EXPECT_THAT(column_of(data, 1), ElementsAre(DoubleEq(2012.5), DoubleEq(2014.5), IsNan()));
 }
 
-TEST(DataSet, DatesOfAShorterTimeBecomeDaysSinceTheFirstOne) {
-  const DataSet data = data_of("date,y\n2012-02-03,1\n2012-02-01T12:00,2\n2012-03-01,3\n");
+TEST(TableData, DatesOfAShorterTimeBecomeDaysSinceTheFirstOne) {
+  const TableData data = data_of("date,y\n2012-02-03,1\n2012-02-01T12:00,2\n2012-03-01,3\n");
   EXPECT_EQ(data.names(1), "date (days since 2012-02-01)");
   EXPECT_THAT(column_of(data, 1), ElementsAre(2, 0.5, 29));
 }
 
-TEST(DataSet, ChoosesByName) {
+TEST(TableData, ChoosesByName) {
   Selection selection;
   selection.x = "b";
   selection.y = {"c", "a", "c"};
-  const DataSet data = data_of("a,b,c,w\n1,2,3,x\n", selection);
+  const TableData data = data_of("a,b,c,w\n1,2,3,x\n", selection);
   EXPECT_THAT(names_of(data), ElementsAre("b", "c", "a"));
   EXPECT_THAT(data.warnings, IsEmpty());
 }
 
-TEST(DataSet, NamesThatDoNotFitAreRefused) {
+TEST(TableData, NamesThatDoNotFitAreRefused) {
   const std::string bytes = "a,b,w\n1,2,x\n3,4,y\n";
   EXPECT_EQ(refusal_of(bytes, {.x = "A", .y = {}}),
             "data.csv has no column \"A\"; it has \"a\", \"b\" and \"w\".");
@@ -198,15 +199,15 @@ TEST(DataSet, NamesThatDoNotFitAreRefused) {
   EXPECT_THAT(refusal_of(bytes, {.x = {}, .y = {"w"}}), HasSubstr("does not hold numbers"));
 }
 
-TEST(DataSet, EachNthRowIsTakenFromTheFirstOn) {
-  const DataSet data = data_of("x,y\n1,1\n2,2\n3,3\n4,4\n5,5\n", {.x = {}, .y = {}, .every = 2});
+TEST(TableData, EachNthRowIsTakenFromTheFirstOn) {
+  const TableData data = data_of("x,y\n1,1\n2,2\n3,3\n4,4\n5,5\n", {.x = {}, .y = {}, .every = 2});
   EXPECT_THAT(column_of(data, 1), ElementsAre(1, 3, 5));
-  const DataSet numbered = data_of("w,y\na,1\nb,2\nc,3\n", {.x = {}, .y = {}, .every = 2});
+  const TableData numbered = data_of("w,y\na,1\nb,2\nc,3\n", {.x = {}, .y = {}, .every = 2});
   EXPECT_THAT(column_of(numbered, 1), ElementsAre(1, 3));
   EXPECT_EQ(data_of(rows(3), {.x = {}, .y = {}, .every = SIZE_MAX}).values.upper_point(), 1);
 }
 
-TEST(DataSet, MoreRowsThanAGraphHoldsAreRefusedWithTheWayOut) {
+TEST(TableData, MoreRowsThanAGraphHoldsAreRefusedWithTheWayOut) {
   EXPECT_EQ(data_of(rows(32767)).values.upper_point(), 32767);
   EXPECT_EQ(refusal_of(rows(40000)),
             "data.csv has 40000 rows, more than the 32767 that a graph can hold; thin it out with "
@@ -217,7 +218,7 @@ TEST(DataSet, MoreRowsThanAGraphHoldsAreRefusedWithTheWayOut) {
   EXPECT_EQ(data_of(rows(100000), {.x = {}, .y = {}, .every = 4}).values.upper_point(), 25000);
 }
 
-TEST(DataSet, MoreCurvesThanAGraphHoldsAreRefused) {
+TEST(TableData, MoreCurvesThanAGraphHoldsAreRefused) {
   std::string names = "x";
   std::string values = "1";
   for (int i = 1; i <= 149; ++i) {
@@ -229,7 +230,7 @@ TEST(DataSet, MoreCurvesThanAGraphHoldsAreRefused) {
               AllOf(HasSubstr("150 curves"), HasSubstr("149"), HasSubstr("--y")));
 }
 
-TEST(DataSet, TablesWithoutNumbersAreRefused) {
+TEST(TableData, TablesWithoutNumbersAreRefused) {
   EXPECT_THAT(refusal_of("a,b\none,two\n"), HasSubstr("no column of numbers"));
   EXPECT_THAT(refusal_of("a,b\n,\n"), HasSubstr("no column of numbers"));
   EXPECT_THAT(refusal_of("date\n2012-01-01\n"), HasSubstr("no column of numbers"));
@@ -237,12 +238,12 @@ TEST(DataSet, TablesWithoutNumbersAreRefused) {
   EXPECT_THAT(refusal_of(""), HasSubstr("no rows"));
 }
 
-TEST(DataSet, AWideHeaderAboveManyShortRowsCostsNoTime) {
+TEST(TableData, AWideHeaderAboveManyShortRowsCostsNoTime) {
   std::string bytes = "x,y";
   for (int i = 0; i < 100000; ++i) bytes += ",a";
   bytes += '\n';
   for (int i = 0; i < 30000; ++i) bytes += "1,2\n";
-  const DataSet data = data_of(bytes);
+  const TableData data = data_of(bytes);
   EXPECT_THAT(names_of(data), ElementsAre("x", "y"));
   EXPECT_THAT(data.warnings, ElementsAre(HasSubstr("more hold no values")));
 }

@@ -234,6 +234,6 @@ TEST_F(Host, UnknownPromptsAreInvalidCalls) {
 
 int main(int argc, char** argv) {
   testing::InitGoogleTest(&argc, argv);
-  const auto application = kurv::app::windowless_application();
+  const auto application = kurv::app::headless_application();
   return RUN_ALL_TESTS();
 }
