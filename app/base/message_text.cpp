@@ -8,7 +8,7 @@ namespace kurv::app {
 
 namespace {
 
-constexpr std::size_t kLongestQuotation = 60;
+constexpr std::size_t kMaxQuotation = 60;
 
 }  // namespace
 
@@ -21,8 +21,8 @@ std::string on_one_line(std::string_view text) {
 }
 
 std::string in_quotes(std::string_view text) {
-  if (text.size() <= kLongestQuotation) return '"' + on_one_line(text) + '"';
-  std::size_t end = kLongestQuotation;
+  if (text.size() <= kMaxQuotation) return '"' + on_one_line(text) + '"';
+  std::size_t end = kMaxQuotation;
   // A character of several bytes is cut off as a whole.
   while (end > 0 && is_utf8_continuation(text[end])) --end;
   return '"' + on_one_line(text.substr(0, end)) + "...\"";

@@ -15,8 +15,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::size_t kLargestFile = std::size_t{2} << 30;
-constexpr std::size_t kBlock = std::size_t{1} << 20;
+constexpr std::size_t kMaxFileSize = std::size_t{2} << 30;
+constexpr std::size_t kBlockSize = std::size_t{1} << 20;
 
 struct Close {
   void operator()(std::FILE* file) const { std::fclose(file); }
@@ -53,12 +53,12 @@ std::string read_file(const std::string& path, const std::string& kind,
   std::string bytes;
   std::error_code unknown_size;
   const std::uintmax_t size = fs::file_size(path, unknown_size);
-  if (!unknown_size && size > kLargestFile) throw too_large(path);
+  if (!unknown_size && size > kMaxFileSize) throw too_large(path);
   if (!unknown_size) bytes.reserve(size);
-  std::vector<char> block(kBlock);
+  std::vector<char> block(kBlockSize);
   while (const std::size_t length = std::fread(block.data(), 1, block.size(), file.get())) {
     check_block({block.data(), length});
-    if (bytes.size() + length > kLargestFile) {
+    if (bytes.size() + length > kMaxFileSize) {
       throw too_large(path);
     }
     bytes.append(block.data(), length);

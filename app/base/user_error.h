@@ -1,4 +1,4 @@
-// What goes wrong by something that the user can change: one sentence, and the exit status.
+// An error that the user can correct: one sentence, and the exit status.
 #pragma once
 
 #include <stdexcept>
@@ -6,7 +6,7 @@
 
 namespace kurv::app {
 
-// The data, a file or the graph says no.
+// An error in the data, a file or the graph.
 inline constexpr int kFailure = 1;
 // The command line itself cannot be understood.
 inline constexpr int kUsageFailure = 2;

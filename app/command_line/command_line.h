@@ -18,7 +18,7 @@ struct RenderRequest : GraphChoice {
   double scale = 1;  // device pixels per logical pixel
 };
 
-// A graph file, drawn nowhere.
+// Writes a graph file, without drawing.
 struct ConvertRequest : GraphChoice {
   std::string data_file;
   std::string graph_file;

@@ -18,8 +18,8 @@ namespace {
 
 constexpr int kWidest = 7680;
 constexpr int kHighest = 4320;
-constexpr double kSmallestScale = 0.5;
-constexpr double kLargestScale = 8;
+constexpr double kMinScale = 0.5;
+constexpr double kMaxScale = 8;
 // Pixels of the picture, and of one side of it.
 constexpr double kMostPixels = 4.0 * kWidest * kHighest;
 constexpr double kLongestSide = 32767;
@@ -66,8 +66,8 @@ void convert(ValueType type, const Variant& value) {
   }
 }
 
-// The edit distance: how many letters to change, remove or add to get the other text.
-std::size_t edit_distance(std::string_view one, std::string_view other) {
+// The Levenshtein distance: how many characters to change, remove or add to get the other text.
+std::size_t levenshtein_distance(std::string_view one, std::string_view other) {
   std::vector<std::size_t> row(other.size() + 1);
   for (std::size_t j = 0; j < row.size(); ++j) row[j] = j;
   for (std::size_t i = 1; i <= one.size(); ++i) {
@@ -84,14 +84,14 @@ std::size_t edit_distance(std::string_view one, std::string_view other) {
 
 // Names that contain the text or are almost the same.
 std::vector<std::string> similar_properties(std::string_view name) {
-  constexpr std::size_t kLongestName = 40;
+  constexpr std::size_t kMaxNameLength = 40;
   std::vector<std::string> result;
-  if (name.empty() || name.size() > kLongestName) return result;
+  if (name.empty() || name.size() > kMaxNameLength) return result;
   const std::string wanted = to_lower(name);
   for (const Member& property : properties()) {
     const std::string known = to_lower(property.name);
     const bool contained = wanted.size() > 2 && known.find(wanted) != std::string::npos;
-    if (contained || edit_distance(wanted, known) <= 2) result.emplace_back(property.name);
+    if (contained || levenshtein_distance(wanted, known) <= 2) result.emplace_back(property.name);
   }
   return result;
 }
@@ -122,7 +122,7 @@ QSize parse_size(std::string_view text) {
 
 double parse_scale(std::string_view text) {
   const std::optional<Double> scale = text_to_number(text);
-  if (scale && *scale >= kSmallestScale && *scale <= kLargestScale) return *scale;
+  if (scale && *scale >= kMinScale && *scale <= kMaxScale) return *scale;
   throw misuse("--scale takes a number from 0.5 to 8, not " + in_quotes(text) + ".");
 }
 

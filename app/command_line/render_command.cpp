@@ -23,7 +23,7 @@ void render(const RenderRequest& request, const Warn& warn) {
   const GraphSource source = load_with_warnings(request.data_file, request, warn);
   const auto application = headless_application();
   const PictureFormat format = picture_format(request.picture_file).value();
-  write_picture(picture_of(request, source, format, request.scale), request.picture_file);
+  write_picture(render_picture(request, source, format, request.scale), request.picture_file);
 }
 
 void convert(const ConvertRequest& request, const Warn& warn) {

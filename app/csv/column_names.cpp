@@ -13,10 +13,10 @@ namespace kurv::app {
 
 namespace {
 
-// Makes names different. A name that comes a thousand times does not search a thousand times.
+// Makes names unique. Keeps the last suffix of each name, so that many duplicates take linear time.
 class Names {
  public:
-  std::string different(const std::string& name) {
+  std::string make_unique(const std::string& name) {
     std::string result = name;
     int& count = m_counts.try_emplace(name, 1).first->second;
     while (!m_taken.insert(result).second) result = name + " (" + std::to_string(++count) + ")";
@@ -34,7 +34,7 @@ std::vector<std::string> names_of_header(const CsvTable& table) {
   for (std::size_t column = 0; column < table.width(0); ++column) {
     std::string name = on_one_line(to_utf8(trim_whitespace(table.cell(0, column))));
     if (name.empty()) name = "column " + std::to_string(column + 1);
-    result.push_back(names.different(name));
+    result.push_back(names.make_unique(name));
   }
   return result;
 }

@@ -16,8 +16,8 @@ Tally sum(const Tally& one, const Tally& other) {
 
 void ColumnSurvey::add(CellKind kind, std::size_t row) {
   Tally& tally = m_tallies[static_cast<std::size_t>(kind)];
-  const auto place = static_cast<std::uint32_t>(row);
-  if (tally.count++ == 0 || place < tally.first_row) tally.first_row = place;
+  const auto index = static_cast<std::uint32_t>(row);
+  if (tally.count++ == 0 || index < tally.first_row) tally.first_row = index;
 }
 
 std::uint32_t ColumnSurvey::filled() const {

@@ -12,7 +12,7 @@ struct CsvDialect {
   bool header = false;
 };
 
-// The only place that guesses: every other function is told the dialect.
+// All detection is done here; every other function takes the dialect as a parameter.
 //
 // A table has decimal commas if more of its numbers need one than have a decimal point, and never
 // where commas separate its fields. It has a header unless each field of its first row is a number,

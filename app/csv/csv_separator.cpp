@@ -12,12 +12,12 @@ namespace kurv::app {
 namespace {
 
 constexpr std::string_view kSeparators = "\t;,";
-constexpr std::size_t kLookAt = 64 * 1024;
-constexpr int kLinesToLookAt = 200;
+constexpr std::size_t kSampleSize = 64 * 1024;
+constexpr int kSampleLines = 200;
 
 using Counts = std::array<int, kSeparators.size()>;
 
-// How many lines have a separator how often.
+// For each separator: how often it occurs in a line, and the number of such lines.
 using Frequencies = std::array<std::map<int, int>, kSeparators.size()>;
 
 // Walks over the beginning of a file, outside and inside quotes.
@@ -60,14 +60,14 @@ Frequencies count_lines(std::string_view bytes) {
   Frequencies frequencies;
   LineCounter line;
   int lines = 0;
-  for (const char c : bytes.substr(0, kLookAt)) {
+  for (const char c : bytes.substr(0, kSampleSize)) {
     if (!line.take(c)) continue;
     add(frequencies, line.counts());
     line = LineCounter();
-    if (++lines == kLinesToLookAt) return frequencies;
+    if (++lines == kSampleLines) return frequencies;
   }
-  // A line that the end of the look cuts off says nothing, unless it is the only one.
-  if (line.filled() && (lines == 0 || bytes.size() <= kLookAt)) add(frequencies, line.counts());
+  // A line that is truncated at the end of the sample is ignored, unless it is the only one.
+  if (line.filled() && (lines == 0 || bytes.size() <= kSampleSize)) add(frequencies, line.counts());
   return frequencies;
 }
 

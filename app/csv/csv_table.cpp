@@ -55,7 +55,7 @@ class TableFiller {
 };
 
 // The parser is written in C, and no exception may pass through it: an exhausted memory is
-// remembered and reported behind it.
+// recorded, and thrown after the parser has returned.
 struct Sink {
   TableFiller filler;
   bool out_of_memory = false;

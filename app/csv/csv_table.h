@@ -9,7 +9,7 @@
 
 namespace kurv::app {
 
-// Rows may be of different length. Lines without any field are no rows. All text stands in one
+// Rows may be of different length. Empty lines are not rows. All text is stored in one
 // buffer, so that the table needs a few times the memory of the file whatever the file holds.
 class CsvTable {
  public:
@@ -24,7 +24,7 @@ class CsvTable {
   // The line of the file on which the row begins, counted from 1.
   std::size_t line(std::size_t row) const { return m_lines[row]; }
 
-  // For whoever fills the table, row by row.
+  // For the parser, which fills the table row by row.
   void reserve_text(std::size_t bytes) { m_text.reserve(bytes); }
   void begin_row(std::size_t line);
   void add_cell(std::string_view text);

@@ -11,7 +11,7 @@ namespace chrono = std::chrono;
 
 constexpr double kMinutesPerDay = 24 * 60;
 
-// Reads a text from its beginning; the first thing that does not fit spoils it for good.
+// Reads a text from its beginning; after the first mismatch good() stays false.
 class Reader {
  public:
   explicit Reader(std::string_view text) : m_rest(text) {}
@@ -41,11 +41,11 @@ class Reader {
 
   // 0.25 from "25": at least one digit.
   double fraction() {
-    double place = 0.1;
-    double value = place * digits(1);
+    double digit_value = 0.1;
+    double value = digit_value * digits(1);
     while (m_good && !m_rest.empty() && m_rest.front() >= '0' && m_rest.front() <= '9') {
-      place /= 10;
-      value += place * digits(1);
+      digit_value /= 10;
+      value += digit_value * digits(1);
     }
     return value;
   }
@@ -58,21 +58,21 @@ class Reader {
   bool m_good = true;
 };
 
-// The minutes that a zone is ahead of the common time, as in "+02", "+0200" and "+02:00"; nothing
-// where it would be a day or more.
-std::optional<int> read_zone(Reader& reader) {
+// The offset from UTC in minutes, as in "+02", "+0200" and "+02:00"; nothing where it would be a
+// day or more.
+std::optional<int> read_utc_offset(Reader& reader) {
   if (reader.accept("Z")) return 0;
-  const bool behind = reader.accept("-");
-  if (!behind && !reader.accept("+")) return 0;
+  const bool negative = reader.accept("-");
+  if (!negative && !reader.accept("+")) return 0;
   const int hour = reader.digits(2);
   const bool has_minutes = reader.accept(":") || !reader.at_end();
   const int minute = has_minutes ? reader.digits(2) : 0;
   if (hour > 23 || minute > 59) return std::nullopt;
-  return (behind ? -1 : 1) * (hour * 60 + minute);
+  return (negative ? -1 : 1) * (hour * 60 + minute);
 }
 
-// The part of a day that a time of day stands for, beyond the day where its zone moves it there;
-// nothing for 24:00 and later.
+// A time of day as a fraction of a day, negative or above 1 where the UTC offset moves it to
+// another day; nothing for 24:00 and later.
 std::optional<double> read_time(Reader& reader) {
   const int hour = reader.digits(2);
   reader.expect(":");
@@ -82,9 +82,9 @@ std::optional<double> read_time(Reader& reader) {
     second = reader.digits(2);
     if (reader.accept(".,")) second += reader.fraction();
   }
-  const std::optional<int> ahead = read_zone(reader);
-  if (hour > 23 || minute > 59 || second >= 60 || !ahead) return std::nullopt;
-  return (hour * 60 + minute - *ahead + second / 60) / kMinutesPerDay;
+  const std::optional<int> offset = read_utc_offset(reader);
+  if (hour > 23 || minute > 59 || second >= 60 || !offset) return std::nullopt;
+  return (hour * 60 + minute - *offset + second / 60) / kMinutesPerDay;
 }
 
 chrono::sys_days day_of(double days) {

@@ -12,7 +12,7 @@ namespace kurv::app {
 namespace {
 
 // x and the curves.
-constexpr int kMostKept = 1 + kMaxCurves;
+constexpr int kMaxKept = 1 + kMaxCurves;
 // Columns that are read in one pass: enough to walk the rows in the order of the memory, few enough
 // that the values of columns which turn out to be words take little of it.
 constexpr std::size_t kColumnsAtOnce = 32;
@@ -42,7 +42,7 @@ struct TableColumns::Reading {
   std::size_t points;
   // Empty until a cell has a number or a date.
   std::vector<Double> values;
-  // The places of dates among the values.
+  // The indexes of the dates among the values.
   std::vector<std::uint32_t> dates;
 
   void add(const CellValue& cell, std::size_t row, std::size_t index) {
@@ -54,7 +54,7 @@ struct TableColumns::Reading {
     if (cell.kind == CellKind::kDate) dates.push_back(static_cast<std::uint32_t>(index));
   }
 
-  // Leaves values of the column's kind alone.
+  // Keeps only the values of the column's kind.
   void drop_mismatches() {
     if (dates.empty()) return;
     std::vector<Double> only_dates(values.size(), kNoValue);
@@ -85,7 +85,7 @@ void TableColumns::read(std::vector<std::size_t> columns) {
   for (auto first = columns.begin(); first != columns.end();) {
     const auto rest = static_cast<std::size_t>(columns.end() - first);
     const auto last = first + static_cast<std::ptrdiff_t>(std::min(kColumnsAtOnce, rest));
-    const bool wants_values = has_drawable_rows() && m_kept_count < kMostKept;
+    const bool wants_values = has_drawable_rows() && m_kept_count < kMaxKept;
     const std::size_t points = wants_values ? m_rows.size() : 0;
     for (Reading& reading : parsed({first, last}, points)) keep(std::move(reading));
     first = last;
@@ -117,8 +117,8 @@ std::vector<TableColumns::Reading> TableColumns::parsed(const std::vector<std::s
                                                         std::size_t points) const {
   std::vector<Reading> readings;
   for (const std::size_t column : columns) readings.push_back({column, {}, points, {}, {}});
-  for (std::size_t place = 0; place < m_rows.size(); ++place) {
-    const std::size_t index = m_longest_first.empty() ? place : m_longest_first[place];
+  for (std::size_t i = 0; i < m_rows.size(); ++i) {
+    const std::size_t index = m_longest_first.empty() ? i : m_longest_first[i];
     const std::size_t row = m_rows.row(index);
     const std::size_t width = m_table->width(row);
     if (width <= columns.front()) break;
@@ -133,7 +133,7 @@ std::vector<TableColumns::Reading> TableColumns::parsed(const std::vector<std::s
 
 void TableColumns::keep(Reading reading) {
   m_surveys[reading.column] = reading.survey;
-  if (reading.values.empty() || !reading.survey.usable() || m_kept_count == kMostKept) return;
+  if (reading.values.empty() || !reading.survey.usable() || m_kept_count == kMaxKept) return;
   m_values.set_column(static_cast<int>(reading.column) + 1, std::move(reading.values));
   m_kept[reading.column] = true;
   ++m_kept_count;

@@ -37,8 +37,8 @@ class DataRows {
 };
 
 // Parses each cell once: the pass that counts what a column holds also yields its values. Columns
-// that nobody asks for are not parsed. Keeps the values of as many columns as a graph can hold, and
-// none of words; of what is asked for beyond that, the values are parsed again. The table must
+// that are never asked for are not parsed. Keeps the values of as many columns as a graph can hold,
+// and none of words; of what is asked for beyond that, the values are parsed again. The table must
 // outlive it.
 class TableColumns {
  public:

@@ -35,7 +35,7 @@ void check_row_count(const DataRows& rows, const std::string& path) {
 }
 
 // The cells beyond the header have no name and are not drawn. Blank ones, such as a separator at
-// the end of each line makes, deserve no warning.
+// the end of each line makes, are not reported.
 void warn_of_long_rows(const TableColumns& columns, TableData& data) {
   const CsvTable& table = columns.table();
   const DataRows& rows = columns.rows();

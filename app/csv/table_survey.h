@@ -1,4 +1,4 @@
-// What a table holds, for a person who is to choose from it.
+// A summary of a table for the import dialog.
 #pragma once
 
 #include <optional>

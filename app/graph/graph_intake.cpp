@@ -189,8 +189,8 @@ void add_curves(const GraphChoice& choice, KurvGraph& graph) {
   }
 }
 
-QByteArray picture_of(const GraphChoice& choice, const GraphSource& source, PictureFormat format,
-                      double scale) {
+QByteArray render_picture(const GraphChoice& choice, const GraphSource& source,
+                          PictureFormat format, double scale) {
   return drawing(choice, source, [&] {
     OffscreenGraph graph(choice, scale);
     graph.draw(choice, source);

@@ -34,7 +34,7 @@ GraphSource load(const std::string& path, const GraphChoice& choice);
 void set_property_value(Control& graph, const Member& property, const Variant& value);
 void set_property_value(KurvGraph& graph, const Member& property, const Variant& value);
 
-// The locale decides about the decimal separator of graph files.
+// The locale determines the decimal separator of graph files.
 void set_locale(Control& graph, const QLocale& locale);
 void set_locale(KurvGraph& graph, const QLocale& locale);
 
@@ -118,11 +118,11 @@ void apply_settings(const GraphChoice& choice, const GraphSource& source, AnyGra
 }
 
 // The bytes of a picture of the graph, drawn without a window at `scale` device pixels per logical
-// one, which means nothing for vectors. Needs a QGuiApplication. Throws UserError where the graph
+// one (ignored for vector formats). Needs a QGuiApplication. Throws UserError where the graph
 // would show a message box or fail.
-QByteArray picture_of(const GraphChoice& choice, const GraphSource& source, PictureFormat format,
-                      double scale);
-// Throws as picture_of() does, and makes no picture.
+QByteArray render_picture(const GraphChoice& choice, const GraphSource& source,
+                          PictureFormat format, double scale);
+// Throws as render_picture() does, and makes no picture.
 void check_picture(const GraphChoice& choice, const GraphSource& source);
 
 // The same graph into a graph file. An existing one is kept as NAME~ until the new one is complete.

@@ -37,7 +37,7 @@ constexpr int kEvaluationDelay = 100;  // ms
 // Widths of the preview's columns, in digits, and how many of them get one of their own.
 constexpr int kNarrowColumn = 8;
 constexpr int kWideColumn = 24;
-constexpr int kMostFitted = 150;
+constexpr int kMaxFitted = 150;
 
 QString shown(const std::string& text) {
   return QString::fromStdString(text);
@@ -83,7 +83,7 @@ void fit_columns(QTableView& table) {
   names.setTextElideMode(Qt::ElideRight);
   names.setHighlightSections(false);
   const int digit = table.fontMetrics().horizontalAdvance(u'0');
-  for (int column = 0; column < std::min(names.count(), kMostFitted); ++column) {
+  for (int column = 0; column < std::min(names.count(), kMaxFitted); ++column) {
     table.resizeColumnToContents(column);
     const int wanted = table.columnWidth(column) + digit;
     table.setColumnWidth(column, std::clamp(wanted, kNarrowColumn * digit, kWideColumn * digit));
@@ -172,7 +172,7 @@ QWidget* ImportDialog::make_preview() {
   table->verticalHeader()->setDefaultAlignment(Qt::AlignCenter);
   fit_columns(*table);
   table->setAccessibleName("The first rows of the file");
-  const QString rows = m_survey.rows > TablePreview::kMostRows
+  const QString rows = m_survey.rows > TablePreview::kMaxRows
                            ? " (of " + QString::number(m_survey.rows) + ", 100 are shown)"
                            : QString();
   auto* const layout = new QVBoxLayout(box);

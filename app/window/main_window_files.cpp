@@ -1,4 +1,4 @@
-// What a main window does when the user asks for it.
+// Opening, saving and exporting files in the main window.
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDragEnterEvent>

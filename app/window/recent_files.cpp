@@ -10,7 +10,7 @@ namespace kurv::app {
 
 namespace {
 
-constexpr std::size_t kMostFiles = 10;
+constexpr std::size_t kMaxFiles = 10;
 constexpr const char* kKey = "recent/files";
 
 // A name may hold any bytes, and the list is text, so the names are percent-encoded.
@@ -42,7 +42,7 @@ std::vector<std::string> RecentFiles::paths() const {
     const std::string path = as_path(text);
     const bool known = std::find(result.begin(), result.end(), path) != result.end();
     // The file may have been edited.
-    if (!path.starts_with('/') || known || result.size() == kMostFiles) continue;
+    if (!path.starts_with('/') || known || result.size() == kMaxFiles) continue;
     result.push_back(path);
   }
   return result;
@@ -53,7 +53,7 @@ void RecentFiles::add(const std::string& path) {
   std::vector<std::string> all = paths();
   std::erase(all, added);
   all.insert(all.begin(), added);
-  if (all.size() > kMostFiles) all.resize(kMostFiles);
+  if (all.size() > kMaxFiles) all.resize(kMaxFiles);
   store(all);
 }
 

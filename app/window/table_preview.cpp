@@ -11,10 +11,10 @@ namespace kurv::app {
 namespace {
 
 // One field may be as large as the file.
-constexpr std::size_t kMostBytes = 200;
+constexpr std::size_t kMaxBytes = 200;
 
 QString shown(std::string_view text) {
-  return QString::fromStdString(on_one_line(to_utf8(text.substr(0, kMostBytes))));
+  return QString::fromStdString(on_one_line(to_utf8(text.substr(0, kMaxBytes))));
 }
 
 bool is_number(const TableSurvey& survey, int column) {
@@ -26,7 +26,7 @@ bool is_number(const TableSurvey& survey, int column) {
 
 int TablePreview::rowCount(const QModelIndex& parent) const {
   if (parent.isValid()) return 0;
-  return static_cast<int>(std::min<std::size_t>(m_survey.rows, kMostRows));
+  return static_cast<int>(std::min<std::size_t>(m_survey.rows, kMaxRows));
 }
 
 int TablePreview::columnCount(const QModelIndex& parent) const {

@@ -11,7 +11,7 @@ namespace kurv::app {
 // Both must outlive the model.
 class TablePreview final : public QAbstractTableModel {
  public:
-  static constexpr int kMostRows = 100;
+  static constexpr int kMaxRows = 100;
 
   TablePreview(const CsvTable& table, const TableSurvey& survey, QObject* parent)
       : QAbstractTableModel(parent), m_table(table), m_survey(survey) {}
