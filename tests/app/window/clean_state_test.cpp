@@ -71,9 +71,9 @@ TEST_F(RecentFilesTest, PathsAreAbsolute) {
 }
 
 TEST_F(RecentFilesTest, KeepsEveryByteOfAName) {
-  const std::string odd = "/a b,c\n\"\\%20&\xff\xc3\xa4";
-  files.add(odd);
-  EXPECT_THAT(files.paths(), ElementsAre(odd));
+  const std::string special = "/a b,c\n\"\\%20&\xff\xc3\xa4";
+  files.add(special);
+  EXPECT_THAT(files.paths(), ElementsAre(special));
 }
 
 TEST_F(RecentFilesTest, ForgetsWhatIsRemoved) {

@@ -189,7 +189,7 @@ TEST(ImportDialog, OfTooManyCurvesTheFirstAreTicked) {
 }
 
 TEST(ImportDialog, OddTablesAreShownAndExplained) {
-  const std::pair<const char*, const char*> odd[] = {
+  const std::pair<const char*, const char*> cases[] = {
       {"", "The file has no rows; it needs rows of numbers."},
       {"\n\n\n", "The file has no rows; it needs rows of numbers."},
       {"x,y\n", "The file has a header and nothing below it; it needs rows of numbers."},
@@ -197,7 +197,7 @@ TEST(ImportDialog, OddTablesAreShownAndExplained) {
       {"x,y\n1,2\n", "one row of data, and a graph needs at least two"},
       {"x,y\nNA,2\nNA,3\n", "2 points, 1 curve"},
   };
-  for (const auto& [text, sentence] : odd) {
+  for (const auto& [text, sentence] : cases) {
     Import import(text);
     EXPECT_THAT(import.summary(), HasSubstr(sentence)) << text;
   }
