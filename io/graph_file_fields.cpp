@@ -35,10 +35,31 @@ std::size_t graph_file_line(std::string_view name) {
   return static_cast<std::size_t>(found - kFields.begin()) + 1;
 }
 
-GraphFileLists graph_file_lists(int curves) {
-  const std::size_t data = kFields.size() + 1;
-  const std::size_t names = data + 1 + static_cast<std::size_t>(curves);
-  return {data, names, names + 1, names + 2};
+std::vector<GraphFileList> graph_file_lists(int curves) {
+  const std::size_t columns = 1 + static_cast<std::size_t>(curves);
+  std::vector<GraphFileList> lists;
+  std::size_t next_line = kFields.size() + 1;
+  for (const GraphFileListRow& row : kGraphFileListTable) {
+    const auto describe = [&](const auto& list) {
+      return GraphFileList{row.name, list.kKind, list.kEntries, next_line,
+                           list.kHasLinePerColumn ? columns : 1};
+    };
+    lists.push_back(std::visit(describe, row.list));
+    next_line += lists.back().lines;
+  }
+  return lists;
+}
+
+std::size_t graph_file_list_line(std::string_view name, int curves) {
+  for (const GraphFileList& list : graph_file_lists(curves)) {
+    if (list.name == name) return list.first_line;
+  }
+  throw std::out_of_range(std::string(name));
+}
+
+std::size_t graph_file_length(int curves) {
+  const GraphFileList last = graph_file_lists(curves).back();
+  return last.first_line + last.lines - 1;
 }
 
 }  // namespace kurv

@@ -21,8 +21,6 @@ namespace kurv {
 
 namespace {
 
-constexpr char kSeparator = ',';
-
 Double number_of(std::string_view text, char decimal_separator) {
   const std::optional<Double> number = text_to_number(text, decimal_separator);
   if (!number) throw Fault(FaultKind::kTypeMismatch);
@@ -66,9 +64,9 @@ class Fields {
 
   String next() {
     if (++m_index <= m_shown)
-      return m_tool.GetField(m_line, m_index, std::string_view(&kSeparator, 1));
+      return m_tool.GetField(m_line, m_index, std::string_view(&kGraphFileSeparator, 1));
     if (m_index == m_shown + 1) skip_shown();
-    const std::size_t end = std::min(m_line.find(kSeparator, m_begin), m_line.size());
+    const std::size_t end = std::min(m_line.find(kGraphFileSeparator, m_begin), m_line.size());
     const std::size_t begin = std::exchange(m_begin, std::min(end + 1, m_line.size()));
     return m_line.substr(begin, end - begin);
   }
@@ -76,7 +74,7 @@ class Fields {
  private:
   void skip_shown() {
     for (int i = 1; i <= m_shown && m_begin < m_line.size(); ++i) {
-      m_begin = std::min(m_line.find(kSeparator, m_begin), m_line.size() - 1) + 1;
+      m_begin = std::min(m_line.find(kGraphFileSeparator, m_begin), m_line.size() - 1) + 1;
     }
   }
 
@@ -111,8 +109,8 @@ struct FieldReader {
 Double take_number(std::string_view& line, bool& is_at_end, char decimal_separator) {
   Double value = 0;
   std::size_t end = decimal_separator == '.' ? read_plain_number(line, value) : 0;
-  if (end == 0 || (end != line.size() && line[end] != kSeparator)) {
-    end = std::min(line.find(kSeparator), line.size());
+  if (end == 0 || (end != line.size() && line[end] != kGraphFileSeparator)) {
+    end = std::min(line.find(kGraphFileSeparator), line.size());
     value = number_of(line.substr(0, end), decimal_separator);
   }
   is_at_end = end == line.size();
@@ -147,26 +145,45 @@ Matrix<Double> read_columns(Lines& lines, int columns, int count) {
   return matrix;
 }
 
+// Reads the lines of a list, one overload for each kind. The counts have been read.
+struct ListReader {
+  void operator()(const DataList& list) const {
+    graph.*list.to = read_columns(lines, columns, graph.num_data);
+  }
+  void operator()(const NameList& list) const {
+    List<String>& names = graph.*list.to;
+    names = List<String>(0, columns);
+    Fields fields(tool, lines.text(), kMaxCurves + 1);
+    for (int i = 1; i <= columns; ++i) names(i) = fields.next();
+  }
+  void operator()(const FlagList& list) const {
+    List<Boolean>& flags = graph.*list.to;
+    flags = List<Boolean>(1, graph.num_y);
+    Fields fields(tool, lines.text(), kMaxCurves);
+    for (int k = 1; k <= graph.num_y; ++k) {
+      flags(k) = boolean_of(fields.next(), lines.decimal_separator());
+    }
+  }
+  // Expressions beyond the capacity of the function table are ignored.
+  void operator()(const ExpressionList& list) const {
+    const int used = std::clamp<int>(graph.num_functions, 0, kMaxFunctions);
+    List<String>& expressions = graph.*list.to;
+    expressions = List<String>(1, used);
+    Fields fields(tool, lines.text(), used);
+    for (int k = 1; k <= used; ++k) expressions(k) = fields.next();
+  }
+
+  Lines& lines;
+  GraphFile& graph;
+  const TextFieldTool& tool;
+  const int columns;
+};
+
 void read_lists(Lines& lines, GraphFile& graph, const TextFieldTool& tool) {
   const int columns = to_integer(Double(graph.num_y) + 1);
   if (graph.num_data < 0 || graph.num_y < 0) throw Fault(FaultKind::kSubscriptOutOfRange);
-  graph.xyarr = read_columns(lines, columns, graph.num_data);
-
-  graph.names = List<String>(0, columns);
-  Fields names(tool, lines.text(), kMaxCurves + 1);
-  for (int i = 1; i <= columns; ++i) graph.names(i) = names.next();
-
-  graph.visible = List<Boolean>(1, graph.num_y);
-  Fields flags(tool, lines.text(), kMaxCurves);
-  for (int k = 1; k <= graph.num_y; ++k) {
-    graph.visible(k) = boolean_of(flags.next(), lines.decimal_separator());
-  }
-
-  // Expressions beyond the capacity of the function table are ignored.
-  const int used = std::clamp<int>(graph.num_functions, 0, kMaxFunctions);
-  graph.functions = List<String>(1, used);
-  Fields functions(tool, lines.text(), used);
-  for (int k = 1; k <= used; ++k) graph.functions(k) = functions.next();
+  const ListReader read_list{lines, graph, tool, columns};
+  for (const GraphFileListRow& row : kGraphFileListTable) std::visit(read_list, row.list);
 }
 
 }  // namespace

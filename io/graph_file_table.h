@@ -1,5 +1,5 @@
-// The table of the lines that every graph file has. A property that is saved is one row here: the
-// writer, the reader and graph_file_fields.h all walk it.
+// The tables of the lines that every graph file has, and of the lists that follow them. A property
+// that is saved is one row here: the writer, the reader and graph_file_fields.h all walk them.
 #pragma once
 
 #include <array>
@@ -150,5 +150,49 @@ inline constexpr auto kGraphFileTable = [] {
       {"DrawMarkers", HeldBackBooleanLine{&D::DrawMarkers, &F::DrawMarkers}},
   });
 }();
+
+// What a list holds: where the writer takes it from, and where the reader puts it.
+
+struct DataList {
+  static constexpr auto kKind = GraphFieldKind::kNumber;
+  static constexpr auto kEntries = GraphFileEntries::kPoints;
+  static constexpr bool kHasLinePerColumn = true;
+  Matrix<Double> GraphDocument::*from;
+  Matrix<Double> GraphFile::*to;
+};
+struct NameList {
+  static constexpr auto kKind = GraphFieldKind::kText;
+  static constexpr auto kEntries = GraphFileEntries::kColumns;
+  static constexpr bool kHasLinePerColumn = false;
+  List<String> GraphDocument::*from;
+  List<String> GraphFile::*to;
+};
+struct FlagList {
+  static constexpr auto kKind = GraphFieldKind::kBoolean;
+  static constexpr auto kEntries = GraphFileEntries::kCurves;
+  static constexpr bool kHasLinePerColumn = false;
+  List<Boolean> GraphDocument::*from;
+  List<Boolean> GraphFile::*to;
+};
+struct ExpressionList {
+  static constexpr auto kKind = GraphFieldKind::kText;
+  static constexpr auto kEntries = GraphFileEntries::kFunctions;
+  static constexpr bool kHasLinePerColumn = false;
+  List<FunctionCurve> GraphDocument::*from;
+  List<String> GraphFile::*to;
+};
+
+struct GraphFileListRow {
+  std::string_view name;
+  std::variant<DataList, NameList, FlagList, ExpressionList> list;
+};
+
+// In the order of their lines. The names are what "kurv info --check" calls their entries.
+inline constexpr auto kGraphFileListTable = std::to_array<GraphFileListRow>({
+    {"values", DataList{&GraphDocument::xyArr, &GraphFile::xyarr}},
+    {"names", NameList{&GraphDocument::yVarName, &GraphFile::names}},
+    {"flags", FlagList{&GraphDocument::y_visible, &GraphFile::visible}},
+    {"expressions", ExpressionList{&GraphDocument::y_func, &GraphFile::functions}},
+});
 
 }  // namespace kurv

@@ -22,7 +22,6 @@ namespace kurv {
 namespace {
 
 constexpr std::string_view kLineEnd = "\r\n";
-constexpr char kSeparator = ',';
 
 // The forms in which a line is written.
 class Lines {
@@ -46,7 +45,7 @@ class Lines {
   void list(int count, Append append) {
     m_list.clear();
     for (int i = 1; i <= count; ++i) {
-      if (i > 1) m_list += kSeparator;
+      if (i > 1) m_list += kGraphFileSeparator;
       append(m_list, i);
     }
     text(m_list);
@@ -85,19 +84,32 @@ struct FieldWriter {
   const std::optional<ControlSize>& size;
 };
 
-void write_lists(Lines& lines, const GraphDocument& document) {
-  for (int c = 1; c <= document.NumY + 1; ++c) {
-    const auto values = document.xyArr.column(c);
-    lines.list(document.NumData, [&](String& line, int i) {
-      append_number(line, values(i), lines.decimal_separator());
-    });
+// Writes the lines of a list, one overload for each kind.
+struct ListWriter {
+  void operator()(const DataList& list) const {
+    for (int c = 1; c <= document.NumY + 1; ++c) {
+      const auto values = (document.*list.from).column(c);
+      lines.list(document.NumData, [&](String& line, int i) {
+        append_number(line, values(i), lines.decimal_separator());
+      });
+    }
   }
-  lines.list(document.NumY + 1, [&](String& line, int i) { line += document.yVarName(i); });
-  lines.list(document.NumY,
-             [&](String& line, int k) { line += boolean_to_text(document.y_visible(k)); });
-  lines.list(document.NumYFunc,
-             [&](String& line, int k) { line += document.y_func(k).expression; });
-}
+  void operator()(const NameList& list) const {
+    const List<String>& names = document.*list.from;
+    lines.list(document.NumY + 1, [&](String& line, int i) { line += names(i); });
+  }
+  void operator()(const FlagList& list) const {
+    const List<Boolean>& flags = document.*list.from;
+    lines.list(document.NumY, [&](String& line, int k) { line += boolean_to_text(flags(k)); });
+  }
+  void operator()(const ExpressionList& list) const {
+    const List<FunctionCurve>& curves = document.*list.from;
+    lines.list(document.NumYFunc, [&](String& line, int k) { line += curves(k).expression; });
+  }
+
+  Lines& lines;
+  const GraphDocument& document;
+};
 
 // Whether the file has fewer lines than it claims, because writing it failed.
 bool is_truncated(const String& path) {
@@ -108,7 +120,7 @@ bool is_truncated(const String& path) {
   if (!line) return true;
   if (!line->empty() && kGraphFileTag.starts_with(*line)) return true;
   if (!line->starts_with(kGraphFileTag)) return false;
-  Double claimed = static_cast<Double>(graph_file_lists(0).functions);
+  Double claimed = static_cast<Double>(graph_file_length(0));
   std::size_t count = 0;
   for (; line; line = file.next_line()) {
     if (++count == num_y_line) claimed += leading_number(*line);
@@ -136,7 +148,8 @@ void write_graph_text(const TextSink& sink, const GraphDocument& document, const
   Lines lines(sink, decimal_separator);
   const FieldWriter write_field{lines, document, layout, size};
   for (const GraphFileRow& row : kGraphFileTable) std::visit(write_field, row.line);
-  write_lists(lines, document);
+  const ListWriter write_list{lines, document};
+  for (const GraphFileListRow& row : kGraphFileListTable) std::visit(write_list, row.list);
 }
 
 void write_graph_file(const String& path, const GraphDocument& document, const Layout& layout,

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include <KurvGraph/fault.h>
+#include <KurvGraph/graph_file_fields.h>
 
 namespace kurv {
 
@@ -14,7 +15,6 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::size_t kBlock = std::size_t{1} << 16;
-constexpr std::size_t kLongestLine = std::size_t{1} << 26;
 
 Fault fault_of(int error, FaultKind otherwise) {
   switch (error) {
@@ -119,7 +119,7 @@ std::optional<std::string_view> InputFile::next_line() {
     m_line_was_ended = end != m_unread.npos;
     m_unread.remove_prefix(m_line_was_ended ? end + 1 : part.size());
     if (m_line_was_ended && m_line.empty()) return without_return(part);
-    if (m_line.size() + part.size() > kLongestLine) throw Fault(FaultKind::kOutOfMemory);
+    if (m_line.size() + part.size() > kMaxGraphFileLine) throw Fault(FaultKind::kOutOfMemory);
     m_line += part;
     if (m_line_was_ended) return without_return(m_line);
   }

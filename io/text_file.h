@@ -24,7 +24,7 @@ class InputFile {
 
   // The bytes of the next line without its end, CR LF or LF, which the last line may lack; nothing
   // at the end of the file. Valid until the next call. Throws kOutOfMemory for a line longer than
-  // 64 MiB, which no graph needs.
+  // kMaxGraphFileLine.
   std::optional<std::string_view> next_line();
   // The same where a line has to be there: throws kInputPastEnd at the end.
   std::string_view line();

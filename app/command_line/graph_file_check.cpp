@@ -7,6 +7,7 @@
 #include <KurvGraph/text.h>
 
 #include <algorithm>
+#include <limits>
 #include <span>
 #include <utility>
 
@@ -16,8 +17,8 @@ namespace kurv::app {
 
 namespace {
 
-constexpr std::size_t kLongestLine = std::size_t{1} << 26;
-constexpr int kMostColumns = 32767;
+// Their number is an Integer.
+constexpr int kMaxColumns = std::numeric_limits<Integer>::max();
 
 bool fits_16_bits(double number) {
   try {
@@ -49,8 +50,8 @@ class Check {
     if (m_file.lines() < m_num_y_line || !counts_are_possible()) {
       check_length(fields.size());
     } else {
-      check_lists(*m_file.counts().data, *m_file.counts().curves, m_file.counts().functions);
-      check_length(graph_file_lists(*m_file.counts().curves).functions);
+      check_lists(*m_file.counts().curves);
+      check_length(graph_file_length(*m_file.counts().curves));
     }
     std::stable_sort(
         m_diagnostics.begin(), m_diagnostics.end(),
@@ -71,7 +72,9 @@ class Check {
   void check_bytes() {
     for (std::size_t number = 1; number <= m_file.lines(); ++number) {
       const std::string_view line = m_file.line(number);
-      if (line.size() > kLongestLine) error(number, "it is longer than 64 MiB");
+      if (line.size() > kMaxGraphFileLine) {
+        error(number, "it is longer than " + std::to_string(kMaxGraphFileLine >> 20) + " MiB");
+      }
       if (!is_valid_utf8(line)) warn(number, "it is not UTF-8 and is taken as Western text");
       const auto is_control = [](char c) { return static_cast<unsigned char>(c) < 0x20; };
       if (std::any_of(line.begin(), line.end(), is_control))
@@ -124,7 +127,7 @@ class Check {
     }
     if (count < 0 && number != m_num_functions_line) error(number, name + " is negative");
     if (count < 0 && number == m_num_functions_line) warn(number, name + " is negative");
-    if (number == m_num_y_line && count == kMostColumns) {
+    if (number == m_num_y_line && count == kMaxColumns) {
       error(number, name + " is " + std::to_string(count) + ", which leaves no column for x");
     } else if (number == m_num_y_line && count > kMaxCurves) {
       warn(number, name + " is " + std::to_string(count) + ", and a graph takes the first " +
@@ -158,22 +161,45 @@ class Check {
   bool counts_are_possible() const {
     const GraphCounts& counts = m_file.counts();
     return counts.data && counts.curves && *counts.data >= 0 && *counts.curves >= 0 &&
-           *counts.curves < kMostColumns;
+           *counts.curves < kMaxColumns;
   }
 
-  void check_lists(int data, int curves, std::optional<int> functions) {
-    const GraphFileLists lists = graph_file_lists(curves);
-    for (std::size_t line = lists.data; line < lists.names; ++line) {
-      if (line > m_file.lines()) break;
-      check_values(line, static_cast<std::size_t>(data));
+  void check_lists(int curves) {
+    for (const GraphFileList& list : graph_file_lists(curves)) {
+      const std::optional<std::size_t> expected = expected_entries(list.entries);
+      if (!expected) continue;
+      for (std::size_t line = list.first_line; line < list.first_line + list.lines; ++line) {
+        if (line > m_file.lines()) return;
+        check_list_line(line, *expected, list);
+      }
     }
-    const std::size_t columns = static_cast<std::size_t>(curves) + 1;
-    check_entries(lists.names, columns, "names");
-    check_flags(lists.flags, static_cast<std::size_t>(curves));
-    if (functions) {
-      const std::size_t expected = static_cast<std::size_t>(std::max(*functions, 0));
-      check_entries(lists.functions, expected, "expressions");
+  }
+
+  // Nothing where the count does not fit into 16 bits, which has been reported.
+  std::optional<std::size_t> expected_entries(GraphFileEntries entries) const {
+    const GraphCounts& counts = m_file.counts();
+    const auto size = [](int count) { return static_cast<std::size_t>(std::max(count, 0)); };
+    switch (entries) {
+      case GraphFileEntries::kPoints:
+        return size(*counts.data);
+      case GraphFileEntries::kColumns:
+        return size(*counts.curves) + 1;
+      case GraphFileEntries::kCurves:
+        return size(*counts.curves);
+      case GraphFileEntries::kFunctions:
+        break;
     }
+    if (!counts.functions) return std::nullopt;
+    return size(*counts.functions);
+  }
+
+  void check_list_line(std::size_t line, std::size_t expected, const GraphFileList& list) {
+    if (list.kind == GraphFieldKind::kNumber) {
+      check_values(line, expected);
+      return;
+    }
+    check_entries(line, expected, std::string(list.name));
+    if (list.kind == GraphFieldKind::kBoolean) check_flags(line, expected);
   }
 
   void check_values(std::size_t line, std::size_t expected) {
@@ -195,8 +221,6 @@ class Check {
   }
 
   void check_flags(std::size_t line, std::size_t expected) {
-    if (line > m_file.lines()) return;
-    check_entries(line, expected, "flags");
     ListEntries entries(m_file.line(line));
     for (std::size_t i = 1; i <= expected; ++i) {
       const std::string_view entry = entries.next().value_or("");
@@ -209,7 +233,6 @@ class Check {
 
   // Nothing in a list is quoted, so a comma in an entry makes two of it.
   void check_entries(std::size_t line, std::size_t expected, const std::string& what) {
-    if (line > m_file.lines()) return;
     const std::size_t found = entries_of(m_file.line(line), expected);
     if (found == expected) return;
     warn(line, amount(found, what) + " instead of " + std::to_string(expected) +

@@ -5,6 +5,7 @@
 #include <KurvGraph/number_text.h>
 
 #include <algorithm>
+#include <limits>
 
 #include "app/base/read_file.h"
 
@@ -13,7 +14,7 @@ namespace kurv::app {
 namespace {
 
 // A count claims at most this many curves.
-constexpr int kMostCurves = 32767;
+constexpr int kMaxCountedCurves = std::numeric_limits<Integer>::max();
 
 std::optional<int> count_in(std::string_view line) {
   try {
@@ -26,7 +27,7 @@ std::optional<int> count_in(std::string_view line) {
 }  // namespace
 
 GraphFileText::GraphFileText(const std::string& path) : m_bytes(read_graph_file_bytes(path)) {
-  const std::size_t most_lines = graph_file_lists(kMostCurves).functions;
+  const std::size_t most_lines = graph_file_length(kMaxCountedCurves);
   for (std::string_view rest = m_bytes; !rest.empty(); ++m_total) {
     const std::size_t end = std::min(rest.find('\n'), rest.size());
     std::string_view line = rest.substr(0, end);
@@ -44,7 +45,7 @@ std::string_view GraphFileText::line(std::size_t number) const {
 
 std::optional<std::string_view> ListEntries::next() {
   if (m_at_end) return std::nullopt;
-  const std::size_t end = m_rest.find(',');
+  const std::size_t end = m_rest.find(kGraphFileSeparator);
   const std::string_view entry = m_rest.substr(0, end);
   m_at_end = end == m_rest.npos;
   if (!m_at_end) m_rest.remove_prefix(end + 1);
@@ -52,7 +53,7 @@ std::optional<std::string_view> ListEntries::next() {
 }
 
 std::size_t count_entries(std::string_view line) {
-  return 1 + static_cast<std::size_t>(std::count(line.begin(), line.end(), ','));
+  return 1 + static_cast<std::size_t>(std::count(line.begin(), line.end(), kGraphFileSeparator));
 }
 
 }  // namespace kurv::app

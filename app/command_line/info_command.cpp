@@ -33,11 +33,11 @@ std::string next_text(ListEntries& entries) {
 
 void print_columns(const GraphFileText& file, int curves, char decimal_separator,
                    std::ostream& out) {
-  const GraphFileLists lists = graph_file_lists(curves);
-  ListEntries names(file.line(lists.names));
-  ListEntries flags(file.line(lists.flags));
+  const std::size_t first_line = graph_file_list_line("values", curves);
+  ListEntries names(file.line(graph_file_list_line("names", curves)));
+  ListEntries flags(file.line(graph_file_list_line("flags", curves)));
   for (int column = 0; column <= curves; ++column) {
-    const std::size_t number = lists.data + static_cast<std::size_t>(column);
+    const std::size_t number = first_line + static_cast<std::size_t>(column);
     if (number > file.lines()) return;
     const std::string_view line = file.line(number);
     std::string text = in_quotes(next_text(names)) + ", " +
@@ -52,11 +52,10 @@ void print_columns(const GraphFileText& file, int curves, char decimal_separator
 }
 
 void print_functions(const GraphFileText& file, int curves, int functions, std::ostream& out) {
-  const std::string_view line = file.line(graph_file_lists(curves).functions);
-  const int given =
-      line.empty() ? 0 : static_cast<int>(std::min<std::size_t>(count_entries(line), 32767));
+  const std::string_view line = file.line(graph_file_list_line("expressions", curves));
+  const std::size_t given = line.empty() ? 0 : count_entries(line);
   ListEntries expressions(line);
-  for (int k = 1; k <= std::min(functions, given); ++k) {
+  for (int k = 1; k <= functions && static_cast<std::size_t>(k) <= given; ++k) {
     print(out, "Function " + std::to_string(k), next_text(expressions));
   }
 }

@@ -1,16 +1,21 @@
 // The lines of a graph file: their names, their order, and how each is read. The reader and the
-// writer follow the same table.
+// writer follow the same tables.
 #pragma once
 
 #include <cstddef>
 #include <span>
 #include <string_view>
+#include <vector>
 
 namespace kurv {
 
 // What every graph file begins with. A version stamp of the program that wrote it follows, which is
 // not read.
 inline constexpr std::string_view kGraphFileTag = "QXPLOT/V500//";
+// Between the entries of a list. Nothing is quoted, so no entry can contain it.
+inline constexpr char kGraphFileSeparator = ',';
+// A longer line is refused; no graph needs it.
+inline constexpr std::size_t kMaxGraphFileLine = std::size_t{1} << 26;
 
 enum class GraphFieldKind {
   kTag,
@@ -32,13 +37,29 @@ std::span<const GraphFileField> graph_file_fields();
 // The line of the field with that name. Throws std::out_of_range where there is none.
 std::size_t graph_file_line(std::string_view name);
 
-// The lines after the fields, for a file with so many curves.
-struct GraphFileLists {
-  std::size_t data;       // of x; the lines of the curves follow it
-  std::size_t names;      // of x and the curves
-  std::size_t flags;      // whether each curve is visible
-  std::size_t functions;  // the expressions of the function curves; the last line
+// What a line of a list has an entry for.
+enum class GraphFileEntries {
+  kPoints,     // each point
+  kColumns,    // x and each curve
+  kCurves,     // each curve
+  kFunctions,  // each function curve
 };
-GraphFileLists graph_file_lists(int curves);
+
+struct GraphFileList {
+  std::string_view name;     // what its entries are called, in the plural
+  GraphFieldKind kind;       // of each entry: kNumber, kText or kBoolean
+  GraphFileEntries entries;  // of each line
+  std::size_t first_line;
+  std::size_t lines;
+};
+
+// The lists that follow the fields of a file with so many curves, in the order of their lines: the
+// values, a line for x and for each curve, then names, visibility flags and expressions, a line
+// each.
+std::vector<GraphFileList> graph_file_lists(int curves);
+// The first line of the list with that name. Throws std::out_of_range where there is none.
+std::size_t graph_file_list_line(std::string_view name, int curves);
+// How many lines such a file has.
+std::size_t graph_file_length(int curves);
 
 }  // namespace kurv

@@ -28,12 +28,28 @@ TEST(GraphFileFields, NoTwoHaveTheSameName) {
 }
 
 TEST(GraphFileFields, TheListsFollow) {
-  const GraphFileLists lists = graph_file_lists(1);
-  EXPECT_EQ(lists.data, graph_file_fields().size() + 1);
-  EXPECT_EQ(lists.names, lists.data + 2);
-  EXPECT_EQ(lists.flags, lists.names + 1);
-  EXPECT_EQ(lists.functions, lists.flags + 1);
-  EXPECT_EQ(lists.functions, test::sample_lines().size());
+  const std::size_t data = graph_file_list_line("values", 1);
+  const std::size_t names = graph_file_list_line("names", 1);
+  const std::size_t flags = graph_file_list_line("flags", 1);
+  const std::size_t functions = graph_file_list_line("expressions", 1);
+  EXPECT_EQ(data, graph_file_fields().size() + 1);
+  EXPECT_EQ(names, data + 2);
+  EXPECT_EQ(flags, names + 1);
+  EXPECT_EQ(functions, flags + 1);
+  EXPECT_EQ(functions, test::sample_lines().size());
+  EXPECT_EQ(functions, graph_file_length(1));
+  EXPECT_THROW(graph_file_list_line("colours", 1), std::out_of_range);
+}
+
+TEST(GraphFileFields, TheListsAreInTheOrderOfTheirLines) {
+  for (const int curves : {0, 1, 149}) {
+    std::size_t next_line = graph_file_fields().size() + 1;
+    for (const GraphFileList& list : graph_file_lists(curves)) {
+      EXPECT_EQ(list.first_line, next_line) << list.name;
+      next_line += list.lines;
+    }
+    EXPECT_EQ(graph_file_length(curves), next_line - 1);
+  }
 }
 
 }  // namespace
