@@ -37,24 +37,10 @@ void pass_to_intake(ControlState& state, const GraphFile& graph) {
   scatter_graph2(state, settings, graph.xyarr, graph.names, graph.visible, graph.functions);
 }
 
-void move_handle(Rect& handle, const HandlePlace& place) {
-  handle.top = place.top;
-  handle.left = place.left;
-}
-
 void restore_view(ControlState& state, const GraphFile& graph) {
   state.container.set_Height(graph.height);
   state.container.set_Width(graph.width);
-  move_handle(state.layout.imgTitle, graph.imgTitle);
-  move_handle(state.layout.imgSubTitle, graph.imgSubTitle);
-  move_handle(state.layout.picLegend, graph.picLegend);
-  GraphDocument& document = state.document;
-  document.Y_grid = graph.Y_grid;
-  document.X_grid = graph.X_grid;
-  document.ymin = graph.ymin;
-  document.ymax = graph.ymax;
-  document.xmin = graph.xmin;
-  document.xmax = graph.xmax;
+  apply_deferred(graph, state.document, state.layout);
 }
 
 bool begins_as_graph_file(const String& path) {

@@ -96,13 +96,34 @@ struct FieldReader {
   void operator()(const FontSizeLine& line) const { document.*line.member = lines.whole(); }
   void operator()(const HandleLine& line) const { graph.*line.place.*line.to = lines.whole(); }
   void operator()(const SizeLine& line) const { graph.*line.to = lines.whole(); }
-  void operator()(const LimitLine& line) const { graph.*line.to = lines.number(); }
+  void operator()(const NumberLine& line) const { document.*line.member = lines.number(); }
   void operator()(const BooleanLine& line) const { document.*line.member = lines.boolean(); }
-  void operator()(const HeldBackBooleanLine& line) const { graph.*line.to = lines.boolean(); }
+  void operator()(const IntakeBooleanLine& line) const { graph.*line.to = lines.boolean(); }
+  template <class Line>
+  void operator()(const Deferred<Line>& deferred) const {
+    FieldReader{lines, graph.deferred, graph}(deferred.line);
+  }
 
   Lines& lines;
   GraphDocument& document;
   GraphFile& graph;
+};
+
+// Applies what a row of the table has left for later.
+struct DeferredApplier {
+  void operator()(const HandleLine& line) const {
+    layout.*line.handle.*line.from = graph.*line.place.*line.to;
+  }
+  template <class Line>
+  void operator()(const Deferred<Line>& deferred) const {
+    document.*deferred.line.member = graph.deferred.*deferred.line.member;
+  }
+  template <class Line>
+  void operator()(const Line&) const {}
+
+  const GraphFile& graph;
+  GraphDocument& document;
+  Layout& layout;
 };
 
 // Removes the first value of a line, with the separator after it, and returns its number.
@@ -197,6 +218,11 @@ GraphFile read_graph_file(InputFile& file, GraphDocument& document, const TextFi
   for (const GraphFileRow& row : kGraphFileTable) std::visit(read_field, row.line);
   read_lists(lines, graph, tool);
   return graph;
+}
+
+void apply_deferred(const GraphFile& graph, GraphDocument& document, Layout& layout) {
+  const DeferredApplier apply{graph, document, layout};
+  for (const GraphFileRow& row : kGraphFileTable) std::visit(apply, row.line);
 }
 
 }  // namespace kurv

@@ -6,6 +6,7 @@
 #include <KurvGraph/values.h>
 
 #include "model/graph_document.h"
+#include "model/layout.h"
 
 namespace kurv {
 
@@ -17,11 +18,14 @@ struct HandlePlace {
   Integer left = 0;
 };
 
-// What a load holds back until the whole file has been read.
+// Values that are applied only after the whole file has been read.
 struct GraphFile {
+  // Arguments of the data intake, as are the lists below.
   Integer num_data = 0;
   Integer num_y = 0;
   Integer num_functions = 0;
+  Boolean Connected;
+  Boolean DrawMarkers;
 
   HandlePlace imgTitle;
   HandlePlace imgSubTitle;
@@ -29,15 +33,8 @@ struct GraphFile {
   Integer height = 0;  // of the control, twips
   Integer width = 0;
 
-  Double ymin = 0;
-  Double ymax = 0;
-  Double xmin = 0;
-  Double xmax = 0;
-
-  Boolean Y_grid;
-  Boolean X_grid;
-  Boolean Connected;
-  Boolean DrawMarkers;
+  // Has the values of the table's deferred lines; what else it has is not from the file.
+  GraphDocument deferred;
 
   Matrix<Double> xyarr;    // (column, point), column 1 is x
   List<String> names;      // of x, then of the curves, from 1 on
@@ -54,5 +51,8 @@ struct GraphFile {
 // data line with fewer values than points and for negative counts.
 GraphFile read_graph_file(InputFile& file, GraphDocument& document, const TextFieldTool& tool,
                           char decimal_separator);
+
+// Moves the handles of title, subtitle and legend, and copies the deferred values.
+void apply_deferred(const GraphFile& graph, GraphDocument& document, Layout& layout);
 
 }  // namespace kurv

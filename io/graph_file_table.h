@@ -18,7 +18,8 @@ namespace kurv {
 
 // What a line holds: where the writer takes the value from, and where the reader puts it. Reading
 // takes more forms than writing produces, as the comments say. Where there is only a member of the
-// document, the reader assigns it at once, and it stays when a later line fails.
+// document, the reader assigns it at once, and it stays when a later line fails; deferred() puts
+// this off until the whole file has been read and the data intake, which chooses limits, is over.
 
 // The tag and the version stamp; not read.
 struct TagLine {
@@ -67,26 +68,34 @@ struct SizeLine {
   Integer GraphFile::*to;
 };
 // Written as printed_number() does, read as any number.
-struct LimitLine {
+struct NumberLine {
   static constexpr auto kKind = GraphFieldKind::kNumber;
-  Double GraphDocument::*from;
-  Double GraphFile::*to;
+  Double GraphDocument::*member;
 };
 // "True" or "False"; a number is read as well.
 struct BooleanLine {
   static constexpr auto kKind = GraphFieldKind::kBoolean;
   Boolean GraphDocument::*member;
 };
-struct HeldBackBooleanLine {
+// An argument of the data intake, which sets the property.
+struct IntakeBooleanLine {
   static constexpr auto kKind = GraphFieldKind::kBoolean;
   Boolean GraphDocument::*from;
   Boolean GraphFile::*to;
+};
+// A line of any kind that has a `member`; apply_deferred() assigns it.
+template <class Line>
+struct Deferred {
+  static constexpr auto kKind = Line::kKind;
+  Line line;
 };
 
 struct GraphFileRow {
   std::string_view name;
   std::variant<TagLine, TextCopy, TextLine, CountLine, WholeLine, LengthLine, FontSizeLine,
-               HandleLine, SizeLine, LimitLine, BooleanLine, HeldBackBooleanLine>
+               HandleLine, SizeLine, NumberLine, BooleanLine, IntakeBooleanLine, Deferred<TextLine>,
+               Deferred<WholeLine>, Deferred<LengthLine>, Deferred<FontSizeLine>,
+               Deferred<NumberLine>, Deferred<BooleanLine>>
       line;
 };
 
@@ -100,6 +109,7 @@ inline constexpr auto kGraphFileTable = [] {
   constexpr auto left_of = [](Rect Layout::*handle, HandlePlace F::*place) {
     return HandleLine{handle, &Rect::left, place, &HandlePlace::left};
   };
+  constexpr auto deferred = [](auto line) { return Deferred<decltype(line)>{line}; };
   return std::to_array<GraphFileRow>({
       {"Format", TagLine{}},
       {"Title, first copy", TextCopy{&D::Title}},
@@ -123,10 +133,10 @@ inline constexpr auto kGraphFileTable = [] {
       {"Legend, left", left_of(&Layout::picLegend, &F::picLegend)},
       {"Height", SizeLine{&ControlSize::height, &F::height}},
       {"Width", SizeLine{&ControlSize::width, &F::width}},
-      {"ymin", LimitLine{&D::ymin, &F::ymin}},
-      {"ymax", LimitLine{&D::ymax, &F::ymax}},
-      {"xmin", LimitLine{&D::xmin, &F::xmin}},
-      {"xmax", LimitLine{&D::xmax, &F::xmax}},
+      {"ymin", deferred(NumberLine{&D::ymin})},
+      {"ymax", deferred(NumberLine{&D::ymax})},
+      {"xmin", deferred(NumberLine{&D::xmin})},
+      {"xmax", deferred(NumberLine{&D::xmax})},
       {"AxisLabelFormatX", TextLine{&D::AxisLabelFormatX}},
       {"AxisLabelFormatY", TextLine{&D::AxisLabelFormatY}},
       {"FontBold", BooleanLine{&D::FontBold}},
@@ -144,10 +154,10 @@ inline constexpr auto kGraphFileTable = [] {
       {"XLimitsExact", BooleanLine{&D::XLimitsExact}},
       {"YLimitsExact", BooleanLine{&D::YLimitsExact}},
       {"SortXY", BooleanLine{&D::SortXY}},
-      {"Y_grid", HeldBackBooleanLine{&D::Y_grid, &F::Y_grid}},
-      {"X_grid", HeldBackBooleanLine{&D::X_grid, &F::X_grid}},
-      {"Connected", HeldBackBooleanLine{&D::Connected, &F::Connected}},
-      {"DrawMarkers", HeldBackBooleanLine{&D::DrawMarkers, &F::DrawMarkers}},
+      {"Y_grid", deferred(BooleanLine{&D::Y_grid})},
+      {"X_grid", deferred(BooleanLine{&D::X_grid})},
+      {"Connected", IntakeBooleanLine{&D::Connected, &F::Connected}},
+      {"DrawMarkers", IntakeBooleanLine{&D::DrawMarkers, &F::DrawMarkers}},
   });
 }();
 

@@ -74,9 +74,13 @@ struct FieldWriter {
   void operator()(const SizeLine& line) const {
     if (size) lines.printed((*size).*line.from);
   }
-  void operator()(const LimitLine& line) const { lines.printed(document.*line.from); }
+  void operator()(const NumberLine& line) const { lines.printed(document.*line.member); }
   void operator()(const BooleanLine& line) const { lines.boolean(document.*line.member); }
-  void operator()(const HeldBackBooleanLine& line) const { lines.boolean(document.*line.from); }
+  void operator()(const IntakeBooleanLine& line) const { lines.boolean(document.*line.from); }
+  template <class Line>
+  void operator()(const Deferred<Line>& deferred) const {
+    (*this)(deferred.line);
+  }
 
   Lines& lines;
   const GraphDocument& document;

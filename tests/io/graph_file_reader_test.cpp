@@ -59,12 +59,12 @@ TEST_F(GraphFileReaderTest, ReadsEveryLineIntoItsPlace) {
   EXPECT_EQ(graph.picLegend.left, 5200);
   EXPECT_EQ(graph.height, 4800);
   EXPECT_EQ(graph.width, 7200);
-  EXPECT_EQ(graph.ymin, 0.5);
-  EXPECT_EQ(graph.ymax, 10);
-  EXPECT_EQ(graph.xmin, -1);
-  EXPECT_EQ(graph.xmax, 3.25);
-  EXPECT_EQ(graph.Y_grid, Boolean(true));
-  EXPECT_EQ(graph.X_grid, Boolean(false));
+  EXPECT_EQ(graph.deferred.ymin, 0.5);
+  EXPECT_EQ(graph.deferred.ymax, 10);
+  EXPECT_EQ(graph.deferred.xmin, -1);
+  EXPECT_EQ(graph.deferred.xmax, 3.25);
+  EXPECT_EQ(graph.deferred.Y_grid, Boolean(true));
+  EXPECT_EQ(graph.deferred.X_grid, Boolean(false));
   EXPECT_EQ(graph.Connected, Boolean(true));
   EXPECT_EQ(graph.DrawMarkers, Boolean(true));
   EXPECT_EQ(graph.xyarr(1, 3), 3);
@@ -107,15 +107,15 @@ TEST_F(GraphFileReaderTest, PlacesAndSizesAreRoundedToTheNearestEven) {
 
 TEST_F(GraphFileReaderTest, LimitsKeepTheirFullPrecision) {
   const GraphFile graph = read_bytes(sample_with(23, " .30000000000000004 "));
-  EXPECT_EQ(graph.ymin, 0.1 + 0.2);
-  EXPECT_TRUE(std::isnan(read_bytes(sample_with(26, " NaN ")).xmax));
-  EXPECT_TRUE(std::isinf(read_bytes(sample_with(26, "-Inf ")).xmax));
+  EXPECT_EQ(graph.deferred.ymin, 0.1 + 0.2);
+  EXPECT_TRUE(std::isnan(read_bytes(sample_with(26, " NaN ")).deferred.xmax));
+  EXPECT_TRUE(std::isinf(read_bytes(sample_with(26, "-Inf ")).deferred.xmax));
 }
 
 TEST_F(GraphFileReaderTest, BooleansAreWordsOrNumbers) {
-  EXPECT_EQ(read_bytes(sample_with(44, "FALSE")).Y_grid, Boolean(false));
-  EXPECT_EQ(read_bytes(sample_with(44, "0")).Y_grid, Boolean(false));
-  EXPECT_EQ(read_bytes(sample_with(44, " 7 ")).Y_grid, Boolean(true));
+  EXPECT_EQ(read_bytes(sample_with(44, "FALSE")).deferred.Y_grid, Boolean(false));
+  EXPECT_EQ(read_bytes(sample_with(44, "0")).deferred.Y_grid, Boolean(false));
+  EXPECT_EQ(read_bytes(sample_with(44, " 7 ")).deferred.Y_grid, Boolean(true));
   EXPECT_EQ(fault_with(44, "yes"), 13);
   EXPECT_EQ(fault_with(51, "1,0"), 0);
   EXPECT_EQ(fault_with(51, ""), 13) << "a flag that is not there is no truth";
