@@ -6,6 +6,7 @@
 #include <utility>
 
 #include <KurvGraph/control.h>
+#include <KurvGraph/limits.h>
 #include <KurvGraph/text.h>
 
 #include "control/control_state.h"
@@ -125,6 +126,9 @@ constexpr std::array<Name, 10> kScatterGraph2{
     "y_visible_", "pNumYFunc_", "y_func_",     "pConnected_", "draw_scatter_points_"};
 constexpr std::array<Name, 1> kFileLoad{"filename"};
 constexpr std::array<Name, 1> kChartOptions{"command"};
+
+// The summaries name these limits.
+static_assert(kMaxCurves == 149 && kMinMarkerSize == 2 && kMaxMarkerSize == 500);
 
 #define KURV_ROW(name, dispatch_id, Type, rule, summary) \
   property<&Control::name, &Control::set_##name>(#name, dispatch_id, summary),

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <memory>
 
+#include <KurvGraph/limits.h>
 #include <KurvGraph/text.h>
 
 #include "control/control_state.h"
@@ -14,7 +15,8 @@ namespace {
 
 constexpr const char* kMessageTitle = "KURV Guide";
 constexpr const char* kPromptTitle = "KURV";
-// The second blank before the number stays: hosts may compare the message with this text.
+static_assert(kMaxFunctions == 30);
+// Two blanks before the number: hosts may compare the message with this text.
 constexpr const char* kTooMany =
     "You can not use more than  30 user function curves. Selection aborted.";
 constexpr const char* kOnlyX = "Only 'x' variable is allowed in the algebric expression.";

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include <KurvGraph/limits.h>
+
 #include "control/control_state.h"
 #include "control/data_intake.h"
 #include "control/graph_file_commands.h"
@@ -12,7 +14,6 @@ namespace kurv {
 
 namespace {
 
-constexpr Double kSmallestPlot = 500;        // twips
 constexpr Single kTitleFontEnlargement = 3;  // points
 
 constexpr const char* kSaveQuestion =
@@ -81,8 +82,8 @@ void resize(ControlState& state) {
   plot.PlotLeft = document.Left_margine;
   const Double width = state.surface.ScaleWidth() - document.Right_margine - plot.PlotLeft;
   const Double height = state.surface.ScaleHeight() - document.Bottom_margine - plot.PlotTop;
-  plot.PlotWidth = to_integer(numeric.larger_of(width, kSmallestPlot));
-  plot.PlotHeight = to_integer(numeric.larger_of(height, kSmallestPlot));
+  plot.PlotWidth = to_integer(numeric.larger_of(width, kMinPlotSide));
+  plot.PlotHeight = to_integer(numeric.larger_of(height, kMinPlotSide));
   if (!state.container.run_mode() || document.DataFromHost) build_the_graph(state);
 }
 

@@ -14,6 +14,8 @@ namespace kurv {
 
 namespace {
 
+// The prompt names a rounded maximum.
+static_assert(kMaxPromptedMarkerSize == 301);
 constexpr const char* kMarkerText =
     "Enter the data point marker size (value should be between 1-300).";
 
@@ -165,8 +167,8 @@ bool accepts_margin(const ControlState& state, Margin margin, Integer twips) {
     case Margin::kBottom:
       break;
   }
-  // The width is tested too, although this is a vertical margin: without the test, a surface that
-  // is higher than wide would accept margins that it refuses now.
+  // The width is tested too, although this is a vertical margin: without the test, a portrait
+  // surface would accept margins that it must refuse.
   return twips < height - document.Top_margine && twips < width;
 }
 

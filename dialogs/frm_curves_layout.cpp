@@ -1,5 +1,7 @@
-// The layout of the window of the curves. Each mnemonic is unique among its visible controls, on
+// The layout of the curves window. Each mnemonic is unique among its visible controls, on
 // either tab.
+#include <KurvGraph/limits.h>
+
 #include <QAbstractItemView>
 #include <QComboBox>
 #include <QGridLayout>
@@ -121,6 +123,7 @@ QWidget* frmCurves::new_scatter_page() {
   m_cmdHideAllCurves = new_button("cmdHideAllCurves", "&Hide All", &frmCurves::hide_all);
   m_cmdShowAllCurves = new_button("cmdShowAllCurves", "&Show All", &frmCurves::show_all);
   m_cmdYTitle->setToolTip(QStringLiteral("Give the selected curve another name (F2)"));
+  static_assert(kMaxCurves == 149);
   m_cmdAddScatter->setToolTip(
       QStringLiteral("Compute a new curve from the others, of which there can be 149"));
   click_on_f2(m_lstScatters, m_cmdYTitle);

@@ -1,3 +1,5 @@
+#include <KurvGraph/limits.h>
+
 #include <QFormLayout>
 #include <QGridLayout>
 #include <QVBoxLayout>
@@ -139,6 +141,7 @@ void build_axes_page(PropertPage& page) {
   grid->addWidget(axis_frame(page, kY), 0, 2);
 
   auto* const ticks = new QFormLayout;
+  static_assert(kMinEnteredTicks == 5 && kMaxEnteredTicks == 100);
   QLineEdit* const count = page.number_box("txtAxisTicks", "Number of tick intervals, 5 to 100",
                                            &Control::NumTicks, &Control::set_NumTicks, tick_count);
   ticks->addRow(page.label("Label14", "Tic&k intervals, 5 to 100:", count), count);

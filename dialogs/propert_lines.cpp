@@ -1,3 +1,5 @@
+#include <KurvGraph/limits.h>
+
 #include <QFormLayout>
 
 #include "control/control_state.h"
@@ -10,6 +12,7 @@ namespace {
 
 QComboBox* width_box(PropertPage& page, const char* name, const char* description,
                      Integer (Control::*get)() const, void (Control::*set)(Integer)) {
+  static_assert(kMinEnteredLineWidth == 1 && kMaxEnteredLineWidth == 4);
   return page.list_box(
       name, description,
       {QStringLiteral("1"), QStringLiteral("2"), QStringLiteral("3"), QStringLiteral("4")},
@@ -23,6 +26,9 @@ QComboBox* width_box(PropertPage& page, const char* name, const char* descriptio
         }
       });
 }
+
+// Both texts of the marker size's field name its range.
+static_assert(kMinEnteredMarkerSize == 10 && kMaxEnteredMarkerSize == 200);
 
 QLineEdit* marker_box(PropertPage& page) {
   QLineEdit* const box =

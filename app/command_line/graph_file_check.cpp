@@ -7,7 +7,6 @@
 #include <KurvGraph/text.h>
 
 #include <algorithm>
-#include <limits>
 #include <span>
 #include <utility>
 
@@ -17,8 +16,6 @@ namespace kurv::app {
 
 namespace {
 
-// Their number is an Integer.
-constexpr int kMaxColumns = std::numeric_limits<Integer>::max();
 
 bool fits_16_bits(double number) {
   try {
@@ -127,7 +124,7 @@ class Check {
     }
     if (count < 0 && number != m_num_functions_line) error(number, name + " is negative");
     if (count < 0 && number == m_num_functions_line) warn(number, name + " is negative");
-    if (number == m_num_y_line && count == kMaxColumns) {
+    if (number == m_num_y_line && count == kMaxCount) {
       error(number, name + " is " + std::to_string(count) + ", which leaves no column for x");
     } else if (number == m_num_y_line && count > kMaxCurves) {
       warn(number, name + " is " + std::to_string(count) + ", and a graph takes the first " +
@@ -161,7 +158,7 @@ class Check {
   bool counts_are_possible() const {
     const GraphCounts& counts = m_file.counts();
     return counts.data && counts.curves && *counts.data >= 0 && *counts.curves >= 0 &&
-           *counts.curves < kMaxColumns;
+           *counts.curves < kMaxCount;
   }
 
   void check_lists(int curves) {

@@ -2,19 +2,16 @@
 
 #include <KurvGraph/fault.h>
 #include <KurvGraph/graph_file_fields.h>
+#include <KurvGraph/limits.h>
 #include <KurvGraph/number_text.h>
 
 #include <algorithm>
-#include <limits>
 
 #include "app/base/read_file.h"
 
 namespace kurv::app {
 
 namespace {
-
-// A count claims at most this many curves.
-constexpr int kMaxCountedCurves = std::numeric_limits<Integer>::max();
 
 std::optional<int> count_in(std::string_view line) {
   try {
@@ -27,7 +24,7 @@ std::optional<int> count_in(std::string_view line) {
 }  // namespace
 
 GraphFileText::GraphFileText(const std::string& path) : m_bytes(read_graph_file_bytes(path)) {
-  const std::size_t most_lines = graph_file_length(kMaxCountedCurves);
+  const std::size_t most_lines = graph_file_length(kMaxCount);
   for (std::string_view rest = m_bytes; !rest.empty(); ++m_total) {
     const std::size_t end = std::min(rest.find('\n'), rest.size());
     std::string_view line = rest.substr(0, end);

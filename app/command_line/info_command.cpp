@@ -1,6 +1,7 @@
 #include "app/command_line/info_command.h"
 
 #include <KurvGraph/graph_file_fields.h>
+#include <KurvGraph/limits.h>
 #include <KurvGraph/number_text.h>
 #include <KurvGraph/text.h>
 

@@ -1,6 +1,7 @@
 #include "app/command_line/option_values.h"
 
 #include <KurvGraph/fault.h>
+#include <KurvGraph/limits.h>
 #include <KurvGraph/number_text.h>
 #include <KurvGraph/text.h>
 
@@ -20,9 +21,8 @@ constexpr int kWidest = 7680;
 constexpr int kHighest = 4320;
 constexpr double kMinScale = 0.5;
 constexpr double kMaxScale = 8;
-// Pixels of the picture, and of one side of it.
-constexpr double kMostPixels = 4.0 * kWidest * kHighest;
-constexpr double kLongestSide = 32767;
+// The message about kMaxPicturePixels names twice these sides.
+static_assert(kMaxPicturePixels == 4.0 * kWidest * kHighest);
 
 UserError misuse(const std::string& sentence) {
   return UserError(sentence, kUsageFailure);
@@ -201,12 +201,11 @@ QLocale parse_locale(const std::string& text) {
 void check_picture_size(QSize size, double scale) {
   const double width = size.width() * scale;
   const double height = size.height() * scale;
-  if (std::max(width, height) > kLongestSide) {
-    throw misuse(
-        "--size and --scale together ask for more than 32767 pixels on one side; choose "
-        "a smaller one.");
+  if (std::max(width, height) > kMaxSide) {
+    throw misuse("--size and --scale together ask for more than " + std::to_string(kMaxSide) +
+                 " pixels on one side; choose a smaller one.");
   }
-  if (width * height <= kMostPixels) return;
+  if (width * height <= kMaxPicturePixels) return;
   throw misuse("--size and --scale together ask for more than " + std::to_string(2 * kWidest) +
                "x" + std::to_string(2 * kHighest) + " pixels; choose a smaller one.");
 }

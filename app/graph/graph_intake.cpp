@@ -76,12 +76,13 @@ auto drawing(const GraphChoice& choice, const GraphSource& source, const Work& w
   try {
     return work();
   } catch (const Fault& fault) {
-    const char* advice = "\"kurv info --check\" lists what is wrong with it";
+    std::string advice = "\"kurv info --check\" lists what is wrong with it";
     if (source.data) advice = "its values differ too little or too much, so choose other columns";
     if (!choice.settings.empty()) advice = "check the values given with --set";
     const bool no_room = fault.kind() == FaultKind::kSubscriptOutOfRange;
     if (no_room && !choice.derivations.empty()) {
-      advice = "a graph holds 149 curves, so it may have no room for those of --derive";
+      advice = "a graph holds " + std::to_string(kMaxCurves) +
+               " curves, so it may have no room for those of --derive";
     }
     throw UserError(source.path + " cannot be drawn: " + fault.what() + "; " + advice + ".");
   }
@@ -117,8 +118,9 @@ void check_curve_count(const GraphChoice& choice, const GraphSource& source) {
   const int curves = source.data->values.upper_column() - 1;
   if (static_cast<std::size_t>(curves) + choice.derivations.size() <= std::size_t{kMaxCurves})
     return;
-  throw UserError("a graph holds 149 curves, and " + source.path + " has " +
-                  std::to_string(curves) + " without those of --derive; choose fewer with --y.");
+  throw UserError("a graph holds " + std::to_string(kMaxCurves) + " curves, and " + source.path +
+                  " has " + std::to_string(curves) +
+                  " without those of --derive; choose fewer with --y.");
 }
 
 // The texts of the command line convert by the graph's own rules, which differ from QVariant's.

@@ -1,5 +1,7 @@
 #include "app/host/host_desktop.h"
 
+#include <KurvGraph/limits.h>
+
 #include <algorithm>
 #include <utility>
 
@@ -98,7 +100,7 @@ void HostShell::show_window(Window window, Integer page) {
 
 // Clamped to what a surface can have.
 void HostContainer::set_side(Single& side, Single twips) {
-  const Single possible = std::clamp(twips, 1.0F, 32767.0F);
+  const Single possible = std::clamp(twips, 1.0F, Single{kMaxSide});
   if (std::exchange(side, possible) != possible && m_resized) m_resized();
 }
 

@@ -2,6 +2,7 @@
 
 #include <KurvGraph/automation.h>
 #include <KurvGraph/fault.h>
+#include <KurvGraph/limits.h>
 
 #include <QFileInfo>
 #include <QJsonArray>
@@ -105,8 +106,7 @@ HostSession::Result HostSession::show(const QJsonObject& request) {
 HostSession::Result HostSession::resize(const QJsonObject& request) {
   const QJsonArray size = request["resize"].toArray();
   if (size.size() != 2) refuse();
-  hosted().resize(number_between(1, size[0], kLargestSide),
-                  number_between(1, size[1], kLargestSide));
+  hosted().resize(number_between(1, size[0], kMaxSide), number_between(1, size[1], kMaxSide));
   return {};
 }
 

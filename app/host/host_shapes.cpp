@@ -1,6 +1,7 @@
 #include "app/host/host_shapes.h"
 
 #include <KurvGraph/fault.h>
+#include <KurvGraph/limits.h>
 
 #include <QJsonArray>
 #include <QJsonObject>
@@ -54,9 +55,9 @@ Placement placement_from(const QJsonValue& json) {
   Placement placement;
   for (auto entry = entries.begin(); entry != entries.end(); ++entry) {
     if (entry.key() == "width") {
-      placement.width = number_between(1, entry.value(), kLargestSide);
+      placement.width = number_between(1, entry.value(), kMaxSide);
     } else if (entry.key() == "height") {
-      placement.height = number_between(1, entry.value(), kLargestSide);
+      placement.height = number_between(1, entry.value(), kMaxSide);
     } else if (entry.key() == "scale") {
       placement.scale = number_between(kLeastScale, entry.value(), kLargestScale);
     } else if (entry.key() == "design" && entry.value().isBool()) {

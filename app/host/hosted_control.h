@@ -12,8 +12,6 @@
 
 namespace kurv::app {
 
-inline constexpr double kLargestSide = 32767;  // twips
-
 // How a control is placed in its host. Width and height in twips.
 struct Placement {
   double width = 7200;

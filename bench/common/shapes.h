@@ -25,6 +25,8 @@ struct Shape {
   std::vector<ShapePoint> points;
 };
 
+inline constexpr int kLargePoints = 32767;  // kMaxPoints of KurvGraph; bench/ours checks it
+
 namespace detail {
 
 inline constexpr int kSmallWidth = 72;
@@ -44,14 +46,14 @@ Shape shape(int width, int height, int points, const HeightAt& height_at) {
 inline Shape large(std::string_view name) {
   Random random(7);
   if (name == "dense smooth") {
-    return shape(kWidth, kHeight, 32767,
+    return shape(kWidth, kHeight, kLargePoints,
                  [](double t, int) { return 350 + 300 * std::sin(t * 8 * kPi); });
   }
   if (name == "sparse") {
     return shape(kWidth, kHeight, 120, [&](double, int) { return random.between(40, 660); });
   }
   if (name == "dense noise") {
-    return shape(kWidth, kHeight, 32767, [&](double t, int) {
+    return shape(kWidth, kHeight, kLargePoints, [&](double t, int) {
       return 350 + 200 * std::sin(t * 6 * kPi) + random.between(-60, 60);
     });
   }

@@ -7,6 +7,8 @@
 //   bench_ours write FILE KIND CURVES POINTS
 //   bench_ours METHOD shape NAME WIDTH FILE
 //   bench_ours qt ...                             the same in a program that has Qt in any case
+#include <KurvGraph/limits.h>
+
 #include <QGuiApplication>
 #include <algorithm>
 #include <filesystem>
@@ -25,6 +27,10 @@
 #include "model/vzeroupper.h"
 
 namespace {
+
+static_assert(bench::kSortedColumns == kurv::kMaxCurves + 1);
+static_assert(bench::kSortedPoints == kurv::kMaxPoints);
+static_assert(bench::kLargePoints == kurv::kMaxPoints);
 
 using bench::Arguments;
 using bench::ControlFixture;
@@ -51,8 +57,8 @@ double min_milliseconds(const bench::Work& work) {
 }
 
 void growth() {
-  for (const int curves : {1, 10, 50, 149}) {
-    for (const int points : {1000, 2000, 4000, 8000, 16000, 32767}) {
+  for (const int curves : {1, 10, 50, kurv::kMaxCurves}) {
+    for (const int points : {1000, 2000, 4000, 8000, 16000, kurv::kMaxPoints}) {
       ControlFixture fixture;
       fixture.load(bench::table("noise", curves, points));
       std::cout << curves << ' ' << points << ' ' << min_milliseconds([&] { fixture.redraw(); })

@@ -3,25 +3,16 @@
 #include <algorithm>
 #include <cmath>
 
+#include <KurvGraph/limits.h>
+
 namespace kurv {
 
-namespace {
-
-// Coordinates of the surface stay within sixteen bits.
-constexpr double kMaxTwips = 32767;
-// Limits the memory of a picture: kMaxPixels is four times an 8K screen. A larger picture gets a
-// lower resolution.
-constexpr double kMaxSide = 32767;
-constexpr double kMaxPixels = 4.0 * 7680 * 4320;
-
-}  // namespace
-
 double Resolution::scale_width() const {
-  return std::min(kMaxTwips, width * twips_per_pixel);
+  return std::min<double>(kMaxSide, width * twips_per_pixel);
 }
 
 double Resolution::scale_height() const {
-  return std::min(kMaxTwips, height * twips_per_pixel);
+  return std::min<double>(kMaxSide, height * twips_per_pixel);
 }
 
 Resolution resolution_of(QSize logical_size, double device_pixel_ratio) {
@@ -30,12 +21,13 @@ Resolution resolution_of(QSize logical_size, double device_pixel_ratio) {
   const double longest = std::max(width, height);
   double ratio =
       device_pixel_ratio > 0 && std::isfinite(device_pixel_ratio) ? device_pixel_ratio : 1;
-  ratio = std::min({ratio, kMaxSide / longest, std::sqrt(kMaxPixels / (width * height))});
+  // Limits the memory of a picture: a larger one gets a lower resolution.
+  ratio = std::min({ratio, kMaxSide / longest, std::sqrt(kMaxPicturePixels / (width * height))});
   ratio = std::max(ratio, 1e-6);
   const auto pixels = [ratio](double logical) {
-    return static_cast<int>(std::clamp(std::round(logical * ratio), 1.0, kMaxSide));
+    return static_cast<int>(std::clamp(std::round(logical * ratio), 1.0, double{kMaxSide}));
   };
-  const double twips_per_logical_pixel = std::min(15.0, kMaxTwips / longest);
+  const double twips_per_logical_pixel = std::min(15.0, kMaxSide / longest);
   return {pixels(width), pixels(height), ratio, twips_per_logical_pixel / ratio};
 }
 

@@ -23,17 +23,19 @@ std::string in_quotes(const QString& name) {
 void check_counts(const Graph& graph) {
   if (graph.y.empty()) refuse("A graph needs at least one series of y values.");
   if (graph.y.size() > std::size_t{kMaxCurves}) {
-    refuse("A graph has at most 149 series, not " + std::to_string(graph.y.size()) + ".");
+    refuse("A graph has at most " + std::to_string(kMaxCurves) + " series, not " +
+           std::to_string(graph.y.size()) + ".");
   }
   if (graph.expressions.size() > std::size_t{kMaxFunctions}) {
-    refuse("A graph has at most 30 expressions, not " + std::to_string(graph.expressions.size()) +
-           ".");
+    refuse("A graph has at most " + std::to_string(kMaxFunctions) + " expressions, not " +
+           std::to_string(graph.expressions.size()) + ".");
   }
   if (graph.x.size() < 2) {
     refuse("A graph needs at least two points, not " + std::to_string(graph.x.size()) + ".");
   }
   if (graph.x.size() > std::size_t{kMaxPoints}) {
-    refuse("A graph has at most 32767 points, not " + std::to_string(graph.x.size()) + ".");
+    refuse("A graph has at most " + std::to_string(kMaxPoints) + " points, not " +
+           std::to_string(graph.x.size()) + ".");
   }
 }
 

@@ -1,5 +1,7 @@
 #include "qt/widget/kurv_graph_state.h"
 
+#include <KurvGraph/limits.h>
+
 #include <QLocale>
 
 #include <algorithm>
@@ -14,12 +16,12 @@ namespace kurv {
 
 namespace {
 
-// Sides are reported up to this; the widget's own may be longer.
-constexpr Single kLargestSide = 32767;
-constexpr double kLargestWidget = 16777215;
+// Sides are reported up to this, in twips; the widget's own may be longer.
+constexpr Single kMaxReportedSide = kMaxSide;
+constexpr double kMaxWidgetSide = QWIDGETSIZE_MAX;
 
 int pixels_of(Single twips, double twips_per_pixel) {
-  return static_cast<int>(std::lround(std::clamp(twips / twips_per_pixel, 1.0, kLargestWidget)));
+  return static_cast<int>(std::lround(std::clamp(twips / twips_per_pixel, 1.0, kMaxWidgetSide)));
 }
 
 }  // namespace
@@ -142,23 +144,23 @@ void KurvGraph::State::set_MousePointer(Integer pointer) {
 }
 
 Single KurvGraph::State::Height() const {
-  return std::min(kLargestSide, to_single(outer.height() * twips_per_logical_pixel()));
+  return std::min(kMaxReportedSide, to_single(outer.height() * twips_per_logical_pixel()));
 }
 
 Single KurvGraph::State::Width() const {
-  return std::min(kLargestSide, to_single(outer.width() * twips_per_logical_pixel()));
+  return std::min(kMaxReportedSide, to_single(outer.width() * twips_per_logical_pixel()));
 }
 
 // Setting the size that is reported changes nothing: the real one may be beyond the largest that is
 // reported, and would shrink to it.
 void KurvGraph::State::set_Height(Single twips) {
-  if (!widget || std::isnan(twips) || std::min(twips, kLargestSide) == Height()) return;
+  if (!widget || std::isnan(twips) || std::min(twips, kMaxReportedSide) == Height()) return;
   widget->resize(widget->width(), pixels_of(twips, twips_per_logical_pixel()));
   fit();
 }
 
 void KurvGraph::State::set_Width(Single twips) {
-  if (!widget || std::isnan(twips) || std::min(twips, kLargestSide) == Width()) return;
+  if (!widget || std::isnan(twips) || std::min(twips, kMaxReportedSide) == Width()) return;
   widget->resize(pixels_of(twips, twips_per_logical_pixel()), widget->height());
   fit();
 }
