@@ -1,4 +1,5 @@
 // Microbenchmarks of the inner loops. Compare only rows of the same run.
+#include <KurvGraph/limits.h>
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
@@ -57,8 +58,8 @@ Line line_of(std::string_view kind, int points) {
 }
 
 // A curve of 32,767 points with ascending x; argument: the pen's width.
-void columns(benchmark::State& state, std::string_view kind) {
-  const Line line = line_of(kind, 32767);
+void monotone_polylines(benchmark::State& state, std::string_view kind) {
+  const Line line = line_of(kind, kMaxPoints);
   const raster::Pen pen{1, static_cast<double>(state.range(0)) / 2};
   const Pixels pixels(bench::kWidth, bench::kHeight);
   raster::MonotonePolylines kernel(bench::kWidth, bench::kHeight);
@@ -67,8 +68,16 @@ void columns(benchmark::State& state, std::string_view kind) {
     kernel.flush(pixels.canvas(), 0xFF000080);
   }
 }
-BENCHMARK_CAPTURE(columns, smooth, "waves")->Unit(benchmark::kMicrosecond)->Arg(1)->Arg(2)->Arg(4);
-BENCHMARK_CAPTURE(columns, noise, "noise")->Unit(benchmark::kMicrosecond)->Arg(1)->Arg(2)->Arg(4);
+BENCHMARK_CAPTURE(monotone_polylines, smooth, "waves")
+    ->Unit(benchmark::kMicrosecond)
+    ->Arg(1)
+    ->Arg(2)
+    ->Arg(4);
+BENCHMARK_CAPTURE(monotone_polylines, noise, "noise")
+    ->Unit(benchmark::kMicrosecond)
+    ->Arg(1)
+    ->Arg(2)
+    ->Arg(4);
 
 // A thousand segments between random points; argument: the pen's width.
 void segments(benchmark::State& state) {
@@ -129,8 +138,8 @@ raster::Sprite framed_square() {
 }
 
 // A sprite at 32,767 positions.
-void stamps(benchmark::State& state) {
-  const Line line = line_of("noise", 32767);
+void sprites(benchmark::State& state) {
+  const Line line = line_of("noise", kMaxPoints);
   const std::vector<double> x(line.x.begin(), line.x.end()), y(line.y.begin(), line.y.end());
   const raster::Sprite sprite = framed_square();
   const Pixels pixels(bench::kWidth, bench::kHeight);
@@ -140,14 +149,14 @@ void stamps(benchmark::State& state) {
     kernel.flush(pixels.canvas());
   }
 }
-BENCHMARK(stamps)->Unit(benchmark::kMicrosecond);
+BENCHMARK(sprites)->Unit(benchmark::kMicrosecond);
 
 // The sorted order of 32,767 points.
 void order(benchmark::State& state, std::string_view kind) {
-  const std::vector<double> x = bench::table(kind, 1, 32767).x;
-  const Column<const Double> values(x.data(), 1, 32767);
+  const std::vector<double> x = bench::table(kind, 1, kMaxPoints).x;
+  const Column<const Double> values(x.data(), 1, kMaxPoints);
   for ([[maybe_unused]] auto _ : state) {
-    benchmark::DoNotOptimize(selection_sort_exchanges(values, 32767).size());
+    benchmark::DoNotOptimize(selection_sort_exchanges(values, kMaxPoints).size());
   }
 }
 BENCHMARK_CAPTURE(order, shuffled, "shuffled")->Unit(benchmark::kMicrosecond);
