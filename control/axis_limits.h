@@ -1,4 +1,4 @@
-// Changes the limits of the axes for hosts and users, and restores the defaults.
+// The switches for exact limits of the axes, and Restore_Grf().
 #pragma once
 
 #include <KurvGraph/values.h>

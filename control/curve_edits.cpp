@@ -51,9 +51,9 @@ void exchange_with_x(GraphDocument& document, int column) {
   std::swap(document.yVarName(1), document.yVarName(column));
 }
 
-// Simpler than the choice of an intake: the format changes only where a fixed one would be
-// unreadable, because the user may have set it. The exponent has no plus sign; graph files store
-// the format, so another one would change what is saved.
+// Unlike choose_label_formats(), changes the format only where a fixed one would be unreadable,
+// because the user may have set it. The exponent has no plus sign; graph files store the format, so
+// another one would change what is saved.
 void choose_format(Double lo, Double hi, String& format) {
   const Double magnitude = std::abs(lo) + std::abs(hi);
   const bool needs_exponent = magnitude < 0.001 || magnitude > 10000 || std::abs(hi - lo) <= 0.01;

@@ -1,4 +1,4 @@
-// The control's one event.
+// Raises MouseUp, the control's only event.
 #pragma once
 
 #include <KurvGraph/values.h>

@@ -23,8 +23,8 @@ std::optional<String> add_function(ControlState& state, const String& expression
 //
 // With nothing selected, `selected` is the empty text, which is found in the first free slot. The
 // expression that is entered then is stored there, but not counted, hence not drawn, and the next
-// function that is added overwrites it. Refusing the empty text would break
-// hosts that call the member without a selection.
+// function that is added overwrites it. An empty selection is accepted because hosts call this
+// without one.
 void edit_function(ControlState& state, const String& selected);
 
 }  // namespace kurv

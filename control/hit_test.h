@@ -31,8 +31,8 @@ Rect& rect_of(ControlState& state, Item item);
 std::vector<Rect> rects_of(const ControlState& state, Region region);
 std::vector<Rect> rects_of(const ControlState& state, const HitTarget& target);
 
-// Whether the item can be seen: there is a graph, and the item has a text or an entry. What is not
-// shown cannot be grabbed.
+// Whether the item can be seen: there is a graph, and the item has a text or an entry. Items that
+// are not shown cannot be grabbed.
 bool is_shown(const ControlState& state, Item item);
 // Items as above; regions while there is a graph, and the empty plot while there is none.
 bool is_shown(const ControlState& state, const HitTarget& target);

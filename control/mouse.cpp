@@ -13,16 +13,16 @@ namespace kurv {
 
 namespace {
 
-void set_grab(MouseState& mouse, SurfacePoint at) {
-  mouse.GrabX = at.x;
-  mouse.GrabY = at.y;
+void set_press_position(MouseState& mouse, SurfacePoint at) {
+  mouse.press_x = at.x;
+  mouse.press_y = at.y;
 }
 
-void mark_region(ControlState& state, SurfacePoint at) {
+void outline_region(ControlState& state, SurfacePoint at) {
   const std::optional<Region> region = region_at(state, at);
-  std::vector<Region>& marked = state.mouse.marked;
-  if (region && std::find(marked.begin(), marked.end(), *region) == marked.end()) {
-    marked.push_back(*region);
+  std::vector<Region>& outlined = state.mouse.outlined;
+  if (region && std::find(outlined.begin(), outlined.end(), *region) == outlined.end()) {
+    outlined.push_back(*region);
   }
 }
 
@@ -45,13 +45,13 @@ bool press(ControlState& state, MouseButton button, SurfacePoint at) {
   if (const std::optional<Item> item = item_at(state, at)) {
     const Rect& rect = rect_of(state, *item);
     const SurfacePoint grab{at.x - rect.left, at.y - rect.top};
-    set_grab(mouse, grab);
+    set_press_position(mouse, grab);
     mouse.owner(button) = PressOwner::kItem;
     if (button == MouseButton::kLeft) mouse.drag = ItemDrag{*item, grab, at};
   } else {
-    set_grab(mouse, at);
+    set_press_position(mouse, at);
     mouse.owner(button) = PressOwner::kSurface;
-    mark_region(state, at);
+    outline_region(state, at);
   }
   return true;
 }
@@ -120,7 +120,7 @@ Release end_press(ControlState& state, MouseButton button, SurfacePoint at) {
 void deliver(ControlState& state, const Release& release, Integer Button, Integer Shift,
              SurfacePoint at) {
   if (release.kind == ReleaseKind::kMouseUp) {
-    state.mouse.marked.clear();
+    state.mouse.outlined.clear();
     raise_MouseUp(state, Button, Shift, at.x, at.y);
   } else if (release.kind == ReleaseKind::kDrop) {
     drag(state, release.drag.item, release.drag.grab, at);
@@ -131,7 +131,7 @@ void deliver(ControlState& state, const Release& release, Integer Button, Intege
 
 void open_double_click(ControlState& state, const DoubleClick& click) {
   if (click.item) return open_editor(state, *click.item);
-  const std::optional<Region> region = region_at(state, {state.mouse.GrabX, state.mouse.GrabY});
+  const std::optional<Region> region = region_at(state, {state.mouse.press_x, state.mouse.press_y});
   open_editor(state, region ? HitTarget(*region) : HitTarget(EmptyPlot::kPlot));
 }
 
@@ -173,7 +173,7 @@ void double_click(ControlState& state, SurfacePoint at) {
 void drag(ControlState& state, Item item, SurfacePoint grab, SurfacePoint at,
           std::optional<Item> on) {
   if (!is_shown(state, item)) return;
-  set_grab(state.mouse, grab);
+  set_press_position(state.mouse, grab);
   if (on) {
     const Rect& rect = rect_of(state, *on);
     at = {moved(at.x, rect.left), moved(at.y, rect.top)};
@@ -183,8 +183,8 @@ void drag(ControlState& state, Item item, SurfacePoint grab, SurfacePoint at,
 
 void drop(ControlState& state, Item item, SurfacePoint at) {
   state.mouse.owner(MouseButton::kAny) = PressOwner::kNobody;
-  const Single left = moved(at.x, -state.mouse.GrabX);
-  const Single top = moved(at.y, -state.mouse.GrabY);
+  const Single left = moved(at.x, -state.mouse.press_x);
+  const Single top = moved(at.y, -state.mouse.press_y);
   Rect& rect = rect_of(state, item);
   rect.left = left;
   rect.top = top;

@@ -20,7 +20,7 @@ struct ControlState;
 
 // -- Press ------------------------------------------------------------------------------------
 // A press on an item grabs it, and with the left button may become a drag. A press on the surface
-// marks the first region there. Returns false for a press that is ignored: while an item is
+// outlines the first region there. Returns false for a press that is ignored: while an item is
 // dragged, other buttons do nothing, not even when they are released after the drag.
 bool press(ControlState& state, MouseButton button, SurfacePoint at);
 // The second press of a double click, where the toolkit reports one instead of a press. It marks as
@@ -43,7 +43,7 @@ std::optional<Rect> dragged_rect(const ControlState& state);
 enum class ReleaseKind {
   kIgnored,  // so was the press
   kClick,    // of an item: nothing happens
-  kMouseUp,  // of the surface: hides the marks and raises the event
+  kMouseUp,  // of the surface: hides the outlines and raises the event
   kDrop,     // the end of a drag
 };
 
@@ -56,7 +56,7 @@ struct Release {
   bool has_effect() const { return kind == ReleaseKind::kMouseUp || kind == ReleaseKind::kDrop; }
 };
 
-// Ends the press of the button and says what the release means. It belongs to who got the press,
+// Ends the press of the button and says what the release means. It goes to who received the press,
 // wherever the pointer is by now. Without a press it belongs to the surface; that of kAny, to what
 // is at the point.
 Release end_press(ControlState& state, MouseButton button, SurfacePoint at);
@@ -65,7 +65,7 @@ void deliver(ControlState& state, const Release& release, Integer Button, Intege
              SurfacePoint at);
 
 // -- Double click -----------------------------------------------------------------------------
-// Opens the editor of the item, or without one of the region in which the last button went down.
+// Opens the editor of the item if there is one, else that of the region of the last press.
 // After a press on an item that point is in the item's own coordinates, and is compared with the
 // regions all the same.
 void open_double_click(ControlState& state, const DoubleClick& click);

@@ -19,7 +19,7 @@ namespace kurv {
 enum class MouseButton { kAny, kLeft, kRight, kMiddle };
 inline constexpr std::size_t kMouseButtons = 4;
 
-// Who got the press of a button and therefore gets its release.
+// Who received the press of a button and therefore gets its release.
 enum class PressOwner { kNobody, kSurface, kItem, kIgnored };
 
 // An item under the pressed left button.
@@ -37,11 +37,11 @@ struct DoubleClick {
 
 struct MouseState {
   // Where the last button went down: twips of the surface or of the item that it went down on.
-  Single GrabX = 0;
-  Single GrabY = 0;
+  Single press_x = 0;
+  Single press_y = 0;
   // The regions whose outlines are shown, each once, from a press inside them until the next
   // release on the surface.
-  std::vector<Region> marked;
+  std::vector<Region> outlined;
   std::array<PressOwner, kMouseButtons> owners{};
   std::optional<ItemDrag> drag;
   std::optional<DoubleClick> double_click;  // until the button is released

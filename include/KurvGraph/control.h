@@ -160,10 +160,10 @@ class Control {
   // What a mouse does on the plot; points in twips of the surface. A point on the title, the
   // subtitle or the legend goes to that item, any other to the surface. What is not shown gets
   // nothing: an empty title, a legend without an entry, all three before there is a graph.
-  // A button went down. On the surface this marks the part of the axes that lies there.
+  // A button went down. On the surface this outlines the part of the axes at that point.
   void press_mouse(Integer Button, Integer Shift, Single x, Single Y);
   // A button came up. It belongs to where the press before it was, wherever the pointer is by now;
-  // without a press, to what lies there. On the surface this hides the marks and raises the event
+  // without a press, to what is there. On the surface this hides the outlines and raises the event
   // MouseUp: notifies the container, then every listener. On an item it does nothing.
   void release_mouse(Integer Button, Integer Shift, Single x, Single Y);
   // A double click, after the press that it began with. Opens the window in which what was pressed

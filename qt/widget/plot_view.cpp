@@ -36,8 +36,9 @@ SurfacePoint PlotView::twips(QPointF pixel) const {
 QRectF PlotView::pixels(const Rect& rect) const {
   // Far positions must not overflow the integers of a QRect.
   const auto edge = [twips_per_pixel = scale()](double twips) {
-    constexpr double kFar = 1e6;
-    return std::isnan(twips) ? kFar : std::clamp(twips / twips_per_pixel, -kFar, kFar);
+    constexpr double kMaxCoordinate = 1e6;
+    return std::isnan(twips) ? kMaxCoordinate
+                             : std::clamp(twips / twips_per_pixel, -kMaxCoordinate, kMaxCoordinate);
   };
   return {QPointF(edge(rect.left), edge(rect.top)),
           QPointF(edge(rect.left + rect.width), edge(rect.top + rect.height))};
@@ -64,7 +65,7 @@ void PlotView::paintEvent(QPaintEvent*) {
   // At some ratios the picture does not cover the last device pixel.
   painter.fillRect(rect(), Qt::white);
   painter.drawImage(QPointF(0, 0), m_picture.image());
-  for (const Region region : state().mouse.marked) {
+  for (const Region region : state().mouse.outlined) {
     outline_pressed(painter, pixels(rects_of(state(), region)));
   }
   if (const std::optional<HitTarget> target = focused(); target && hasFocus()) {

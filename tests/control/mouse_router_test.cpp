@@ -96,7 +96,7 @@ TEST(Router, OtherButtonsAreIgnoredDuringADragAndUntilTheirNextPress) {
   RouterHost host;
   host.press(MouseButton::kLeft, host.title());
   EXPECT_FALSE(host.press(MouseButton::kRight, kFrame));
-  EXPECT_TRUE(host.state().mouse.marked.empty());
+  EXPECT_TRUE(host.state().mouse.outlined.empty());
   EXPECT_EQ(host.release(MouseButton::kLeft, host.title()).kind, ReleaseKind::kClick);
   EXPECT_EQ(host.release(MouseButton::kRight, kFrame).kind, ReleaseKind::kIgnored);
   EXPECT_TRUE(host.press(MouseButton::kRight, kFrame));

@@ -28,7 +28,7 @@ struct MouseHost : TestHost {
   }
 
   MouseState& mouse() { return control.state().mouse; }
-  std::vector<Region> marked() { return mouse().marked; }
+  std::vector<Region> outlined() { return mouse().outlined; }
   void forget() {
     surface.clear_log();
     shell.windows.clear();
@@ -138,19 +138,19 @@ TEST(Press, MarksTheRegionThatContainsIt) {
     host.clear_regions();
     host.layout().*band.rect = {1000, 2000, 300, 400};
     host.press(1100, 2100);
-    EXPECT_EQ(host.marked(), std::vector<Region>{band.region});
+    EXPECT_EQ(host.outlined(), std::vector<Region>{band.region});
   }
   MouseHost host;
   host.press(800, 4000);
-  EXPECT_EQ(host.marked(), std::vector<Region>{Region::kFrame});
+  EXPECT_EQ(host.outlined(), std::vector<Region>{Region::kFrame});
 }
 
 TEST(Press, OnThePlainPlotMarksNothingAndRemembersThePoint) {
   MouseHost host;
   host.press(6000.5F, 4000.25F);
-  EXPECT_TRUE(host.marked().empty());
-  EXPECT_EQ(host.mouse().GrabX, 6000.5F);
-  EXPECT_EQ(host.mouse().GrabY, 4000.25F);
+  EXPECT_TRUE(host.outlined().empty());
+  EXPECT_EQ(host.mouse().press_x, 6000.5F);
+  EXPECT_EQ(host.mouse().press_y, 4000.25F);
   EXPECT_EQ(host.surface.log(), "") << "nothing is redrawn";
 }
 
@@ -159,16 +159,16 @@ TEST(Press, OnAnItemRemembersItsOwnPointAndMarksNothing) {
   host.layout().picLegend.left = 700;  // over the frame's strip
   host.layout().picLegend.top = 3000;
   host.press(710.5F, 3020);
-  EXPECT_TRUE(host.marked().empty());
-  EXPECT_EQ(host.mouse().GrabX, 10.5F);
-  EXPECT_EQ(host.mouse().GrabY, 20);
+  EXPECT_TRUE(host.outlined().empty());
+  EXPECT_EQ(host.mouse().press_x, 10.5F);
+  EXPECT_EQ(host.mouse().press_y, 20);
 }
 
 TEST(Press, AtNoPlaceAtAllDoesNothing) {
   MouseHost host;
   const Single nan = std::numeric_limits<Single>::quiet_NaN();
   host.press(nan, nan);
-  EXPECT_TRUE(host.marked().empty());
+  EXPECT_TRUE(host.outlined().empty());
   host.release(nan, nan);
   EXPECT_EQ(host.container.mouse_ups, 1);
 }
@@ -181,15 +181,15 @@ TEST(Marks, StayUntilTheNextReleaseWhateverElseHappens) {
   host.control.drag(Item::kLegend, {0, 0}, {3000, 3000});
   host.control.resize();
   host.control.ChartOptions("refresh");
-  EXPECT_EQ(host.marked(), std::vector<Region>{Region::kFrame});
+  EXPECT_EQ(host.outlined(), std::vector<Region>{Region::kFrame});
   host.press(6000, 4000);
-  EXPECT_EQ(host.marked(), std::vector<Region>{Region::kFrame}) << "a press hides none";
+  EXPECT_EQ(host.outlined(), std::vector<Region>{Region::kFrame}) << "a press hides none";
   host.press(800, 4000);
-  EXPECT_EQ(host.marked(), std::vector<Region>{Region::kFrame}) << "each once";
+  EXPECT_EQ(host.outlined(), std::vector<Region>{Region::kFrame}) << "each once";
   host.press(300, 4000);
-  EXPECT_EQ(host.marked(), (std::vector<Region>{Region::kFrame, Region::kYLabels}));
+  EXPECT_EQ(host.outlined(), (std::vector<Region>{Region::kFrame, Region::kYLabels}));
   host.release(-5000, 60000);
-  EXPECT_TRUE(host.marked().empty());
+  EXPECT_TRUE(host.outlined().empty());
 }
 
 TEST(Release, PassesOnWhatItWasGivenAfterTheMarksHaveGone) {
@@ -198,7 +198,7 @@ TEST(Release, PassesOnWhatItWasGivenAfterTheMarksHaveGone) {
   host.control.add_listener([&](const Event& event, std::span<const Variant> values) {
     std::string line(event.name);
     for (const Variant& value : values) line += ' ' + to_string(value);
-    heard.push_back(line + (host.marked().empty() ? "" : " marked"));
+    heard.push_back(line + (host.outlined().empty() ? "" : " marked"));
   });
   host.press(800, 4000);
   host.control.release_mouse(2, 7, -1.5F, 40000.25F);
@@ -223,7 +223,7 @@ TEST(Release, BelongsToWhereThePressWas) {
   host.press(800, 4000);
   host.release(title.x, title.y);
   EXPECT_EQ(host.container.mouse_ups, 1) << "pressed on the surface";
-  EXPECT_TRUE(host.marked().empty()) << "no outline is left behind";
+  EXPECT_TRUE(host.outlined().empty()) << "no outline is left behind";
   host.release(title.x, title.y);
   EXPECT_EQ(host.container.mouse_ups, 1) << "that press is over";
 }

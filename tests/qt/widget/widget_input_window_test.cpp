@@ -95,7 +95,7 @@ TEST_F(InputWindow, DoubleClicksOpenWindowsAndTheMouseIsFreeAgainWhenTheyAreClos
   double_click({300, 200});
   EXPECT_TRUE(comes("frmCurves"));
   EXPECT_EQ(QApplication::mouseButtons(), Qt::NoButton);
-  EXPECT_TRUE(m_graph.control().mouse.marked.empty());
+  EXPECT_TRUE(m_graph.control().mouse.outlined.empty());
 }
 
 TEST_F(InputWindow, AButtonOfTheToolbarRunsItsCommand) {

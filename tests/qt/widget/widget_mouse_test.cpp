@@ -22,7 +22,7 @@ class WidgetMouse : public PlotTest {
         &m_graph, &KurvGraph::MouseUp, &m_listener.context,
         [this](int button, int, float x, float y) { m_ups.emplace_back(button, x, y); });
   }
-  const std::vector<Region>& marked() { return m_graph.control().mouse.marked; }
+  const std::vector<Region>& outlined() { return m_graph.control().mouse.outlined; }
   QPoint frame() { return middle(m_graph.layout().shpGraphBorder[1]); }
 
   std::vector<std::tuple<int, float, float>> m_ups;
@@ -39,10 +39,10 @@ TEST_F(WidgetMouse, APressMarksTheRegionUntilTheRelease) {
                {Region::kFrame, frame()}};
   for (const auto& each : cases) {
     m_mouse.press(each.at);
-    EXPECT_THAT(marked(), ElementsAre(each.region));
+    EXPECT_THAT(outlined(), ElementsAre(each.region));
     EXPECT_NE(m_plot.grab().toImage(), before) << "the outline is to be seen";
     m_mouse.release(each.at);
-    EXPECT_THAT(marked(), IsEmpty());
+    EXPECT_THAT(outlined(), IsEmpty());
     EXPECT_EQ(m_plot.grab().toImage(), before);
   }
   EXPECT_EQ(m_listener.redraws_since(), 0);
@@ -50,23 +50,23 @@ TEST_F(WidgetMouse, APressMarksTheRegionUntilTheRelease) {
 
 TEST_F(WidgetMouse, APressOnThePlainPlotMarksNothing) {
   m_mouse.press({300, 200});
-  EXPECT_THAT(marked(), IsEmpty());
+  EXPECT_THAT(outlined(), IsEmpty());
 }
 
 TEST_F(WidgetMouse, APointOnARegionsEdgeIsInside) {
   const Rect& labels = m_graph.layout().shpXlabels;
   const double top = labels.top / 15;
   m_mouse.press({200, top});
-  EXPECT_THAT(marked(), ElementsAre(Region::kXLabels));
+  EXPECT_THAT(outlined(), ElementsAre(Region::kXLabels));
   m_mouse.release({200, top});
   m_mouse.press({200, top - 1});
-  EXPECT_THAT(marked(), testing::Not(testing::Contains(Region::kXLabels)));
+  EXPECT_THAT(outlined(), testing::Not(testing::Contains(Region::kXLabels)));
 }
 
 TEST_F(WidgetMouse, WhereRegionsOverlapTheEarlierOneIsMarked) {
   m_graph.layout().shpXlabels = m_graph.layout().shpXcaption;
   m_mouse.press(middle(m_graph.layout().shpXcaption));
-  EXPECT_THAT(marked(), ElementsAre(Region::kXCaption));
+  EXPECT_THAT(outlined(), ElementsAre(Region::kXCaption));
 }
 
 TEST_F(WidgetMouse, AReleaseBelongsToThePlotThatThePressBeganOn) {
@@ -116,7 +116,7 @@ TEST_F(WidgetMouse, ADoubleClickRaisesItsEventsBeforeItsWindowOpensAndLeavesNoMa
   m_mouse.double_click(frame());
   EXPECT_EQ(m_ups.size(), 2u);
   EXPECT_THAT(windows.names(), ElementsAre("frmPropert &Lines and Markers"));
-  EXPECT_THAT(marked(), IsEmpty());
+  EXPECT_THAT(outlined(), IsEmpty());
 }
 
 TEST_F(WidgetMouse, ADoubleClickWithoutItsReleaseOpensNothingLater) {
