@@ -25,7 +25,7 @@ struct Limits {
   }
 };
 
-// The order of these operations decides the last digit of a limit, so it is left exactly as it is.
+// The order of these operations decides the last digit of a limit, so do not reorder them.
 void round_outward(Limits limits, const NumericService& numeric) {
   const Double d = std::abs(limits.max - limits.min) / 10;
   const Double e = numeric.round_down(numeric.decimal_logarithm(d));

@@ -1,4 +1,4 @@
-// What an intake does with the data in the document: sort, validate, choose label formats.
+// Prepares the data that have been loaded: sorts, validates, chooses label formats.
 #pragma once
 
 #include <optional>

@@ -28,7 +28,7 @@ struct Layout {
   PlotRect plot;
 
   // The pen width, in pixels, that the last drawing has left on the surface; one before the first.
-  // The next redraw draws ticks and grid with it, and only then sets the width of the border.
+  // The next redraw draws ticks and grid with it, so the picture of that redraw depends on it.
   Integer pen_width = 1;
 
   // What the user can drag. Positions last until a drag, a "refresh" or a load moves them; sizes

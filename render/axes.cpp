@@ -19,7 +19,7 @@ constexpr Double kXLabelShift = 100;
 constexpr Double kLabelGap = 50;
 constexpr Double kCaptionGap = 50;
 constexpr Double kCaptionAreaDrop = 230;
-constexpr Double kStripHalfWidth = 50;
+constexpr Double kHitMargin = 50;
 
 constexpr int kLabelledIntervals = 20;
 constexpr const char* kLabelHeightSample = "2.34";
@@ -116,18 +116,18 @@ void draw_border(const AxisPass& pass) {
                     kBlack, LineKind::kBox);
 }
 
-void place_axis_strips(const AxisPass& pass) {
+void place_axis_hit_areas(const AxisPass& pass) {
   const PlotRect& plot = pass.plot();
-  const Double left = plot.PlotLeft - kStripHalfWidth;
+  const Double left = plot.PlotLeft - kHitMargin;
   pass.layout.shpGraphBorder[0] = {
-      pass.larger_of(left, 5), pass.larger_of(pass.bottom() - kStripHalfWidth, 5),
-      pass.larger_of(plot.PlotWidth + 2 * kStripHalfWidth, 5), Single(2 * kStripHalfWidth)};
+      pass.larger_of(left, 5), pass.larger_of(pass.bottom() - kHitMargin, 5),
+      pass.larger_of(plot.PlotWidth + 2 * kHitMargin, 5), Single(2 * kHitMargin)};
   pass.layout.shpGraphBorder[1] = {
-      pass.larger_of(left, 5), pass.larger_of(plot.PlotTop - kStripHalfWidth, 5),
-      Single(2 * kStripHalfWidth), pass.larger_of(plot.PlotHeight + 2 * kStripHalfWidth, 5)};
+      pass.larger_of(left, 5), pass.larger_of(plot.PlotTop - kHitMargin, 5), Single(2 * kHitMargin),
+      pass.larger_of(plot.PlotHeight + 2 * kHitMargin, 5)};
 }
 
-void place_label_strips(const AxisPass& pass, Integer last_y_label_left) {
+void place_label_hit_areas(const AxisPass& pass, Integer last_y_label_left) {
   const GraphDocument& document = pass.document;
   const PlotRect& plot = pass.plot();
   const auto width_of = [&](Double value) {
@@ -137,14 +137,14 @@ void place_label_strips(const AxisPass& pass, Integer last_y_label_left) {
     return pass.surface.TextHeight(format_number(kSampleValue, format));
   };
 
-  // The narrower of the two end labels, so that the strip does not take a click beside either.
+  // The narrower of the two end labels, so that clicks beside the labels are not taken.
   const Double end_width = std::min(width_of(document.xmin), width_of(document.xmax));
   pass.layout.shpXlabels = {pass.larger_of(plot.PlotLeft - end_width, 0),
                             pass.larger_of(pass.bottom() + kLabelGap, 0),
                             pass.larger_of(plot.PlotWidth + 2 * end_width, 50),
                             pass.larger_of(sample_height(document.AxisLabelFormatX), 0)};
 
-  // Both the place and the width of the strip beside the y labels come from the last label.
+  // Both the position and the width of the hit area of the y labels come from the last label.
   const Double height = sample_height(document.AxisLabelFormatY);
   pass.layout.shpYlabels = {pass.larger_of(last_y_label_left - 50.0, 10),
                             pass.larger_of(plot.PlotTop - height, 10),
@@ -157,8 +157,8 @@ void place_label_strips(const AxisPass& pass, Integer last_y_label_left) {
 void DrawAxes(const GraphDocument& document, const NumericService& numeric, Layout& layout,
               PlotSurface& surface) {
   // Grid lines have the length of the plot rectangle of the redraw before, so a change of margins
-  // shows in them one redraw later. With the new rectangle, the picture that a single redraw gives
-  // to a host would be another one.
+  // shows in them one redraw later. Using the new rectangle would change the picture of a single
+  // redraw, on which hosts rely.
   const Double y_tick_length = document.X_grid ? layout.plot.PlotWidth : kTickLengthY;
   const Double x_tick_length = document.Y_grid ? layout.plot.PlotHeight : kTickLengthX;
   layout.plot = plot_rect(document, surface.ScaleWidth(), surface.ScaleHeight());
@@ -170,8 +170,8 @@ void DrawAxes(const GraphDocument& document, const NumericService& numeric, Layo
   draw_x_ticks(pass, x_tick_length);
   draw_x_labels(pass);
   draw_border(pass);
-  place_axis_strips(pass);
-  place_label_strips(pass, last_y_label_left);
+  place_axis_hit_areas(pass);
+  place_label_hit_areas(pass, last_y_label_left);
 }
 
 }  // namespace kurv

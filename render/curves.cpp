@@ -19,9 +19,9 @@ std::span<const Double> values_of(const GraphDocument& document, int column) {
 }
 
 // The polylines of the curves. They share their x positions, which are mapped once.
-class Lines {
+class CurveLines {
  public:
-  Lines(const GraphDocument& document, const Mapping& mapping)
+  CurveLines(const GraphDocument& document, const Mapping& mapping)
       : m_document(document), m_mapping(mapping) {
     const std::span<const Double> values = values_of(m_document, 1);
     m_x.resize(values.size());
@@ -67,10 +67,10 @@ void draw_lines(const GraphDocument& document, const Mapping& mapping,
                 const std::vector<int>& curves, Layout& layout, PlotSurface& surface) {
   // Where the range of an axis cannot be mapped, the pen keeps this width.
   set_pen_width(layout, surface, document.CurvesWidth);
-  Lines lines(document, mapping);
+  CurveLines lines(document, mapping);
   surface.Polylines(lines.x(), static_cast<int>(curves.size()), document.CurvesWidth,
                     [&](int i) { return lines.line(curves[static_cast<std::size_t>(i)]); });
-  layout.pen_width = 1;  // Polylines() has set it
+  layout.pen_width = 1;  // Polylines() leaves a pen of one pixel
 }
 
 // The markers of the curves. They share their x positions as well.
@@ -121,6 +121,7 @@ void DrawScatterCurves(const GraphDocument& document, Layout& layout, PlotSurfac
   if (document.Connected) {
     if (!curves.empty()) draw_lines(document, mapping, curves, layout, surface);
   } else {
+    // Draws nothing, but the widths are among the calls that a host can record.
     for (std::size_t i = 0; i < curves.size(); ++i) {
       set_pen_width(layout, surface, document.CurvesWidth);
       set_pen_width(layout, surface, 1);

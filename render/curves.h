@@ -8,7 +8,7 @@
 
 namespace kurv {
 
-// Curve k has colour k mod 14 and marker kind k mod 40. Leaves a pen width of 1. Throws
+// Curve k has colour k mod 14 and marker kind k mod kMarkerKinds. Leaves a pen width of 1. Throws
 // kDivisionByZero when a visible point has to be mapped into a range of zero width.
 void DrawScatterCurves(const GraphDocument& document, Layout& layout, PlotSurface& surface);
 

@@ -29,9 +29,9 @@ void DrawFunctionCurves(const GraphDocument& document, Layout& layout,
   }
 }
 
-// Every curve is black, as the window of the curves says to the user. One that leaves the plot is
-// not clipped at its edge but ends at the last sample inside: the samples are all that is known of
-// it, and a segment to a sample outside could cross the plot where the function does not.
+// Every curve is black, as the curves window says. One that leaves the plot is not clipped at its
+// edge but ends at the last sample inside: the samples are all that is known of it, and a segment
+// to a sample outside could cross the plot where the function does not.
 void DrawFunctionCurve(const GraphDocument& document, Layout& layout, const String& expression,
                        ExprEvaluator& evaluator, PlotSurface& surface) {
   set_pen_width(layout, surface, document.CurvesWidth);

@@ -23,17 +23,17 @@ void prefetch(std::span<const Double> values, std::size_t begin) {
 
 // Maps a batch of values. Returns whether all of them are inside; if not, `at` is unspecified.
 // There are no branches and no calls, so that the compiler vectorises the loops.
-template <class Place>
+template <class ToPosition>
 bool map_batch(const Double* values, std::size_t count, Double min, Double range, Single* at,
-               const Place& place) {
+               const ToPosition& to_position) {
   // Counted in Doubles, so that the lanes are as wide as those of the values, and in several
   // counters, so that the additions do not depend on each other.
-  std::array<Double, kBatch> is_inside{}, placed;
+  std::array<Double, kBatch> is_inside{}, positions;
   for (std::size_t i = 0; i < count; ++i) {
     const Double normal = (values[i] - min) / range;
     const Double from_low = 0 <= normal ? 1 : 0, to_high = normal <= 1 ? 1 : 0;
     is_inside[i] = from_low * to_high;
-    placed[i] = place(normal);
+    positions[i] = to_position(normal);
   }
   std::array<Double, 8> inside{};
   for (std::size_t i = 0; i < kBatch; i += inside.size()) {
@@ -42,34 +42,34 @@ bool map_batch(const Double* values, std::size_t count, Double min, Double range
   if (std::accumulate(inside.begin(), inside.end(), Double{0}) != static_cast<Double>(count)) {
     return false;
   }
-  for (std::size_t i = 0; i < count; ++i) at[i] = static_cast<Single>(placed[i]);
+  for (std::size_t i = 0; i < count; ++i) at[i] = static_cast<Single>(positions[i]);
   return true;
 }
 
-template <class Place>
+template <class ToPosition>
 void map_column(std::span<const Double> values, Double min, Double range, std::span<Single> at,
-                std::span<std::uint8_t> inside, const Place& place) {
+                std::span<std::uint8_t> inside, const ToPosition& to_position) {
   // Checked once for the whole column; throws what the first value would have thrown.
   static_cast<void>(divide(0, range));
   for (std::size_t begin = 0; begin < values.size(); begin += kBatch) {
     const std::size_t count = std::min(kBatch, values.size() - begin);
     prefetch(values, begin + kPrefetchDistance);
-    if (map_batch(values.data() + begin, count, min, range, at.data() + begin, place)) {
+    if (map_batch(values.data() + begin, count, min, range, at.data() + begin, to_position)) {
       std::fill_n(inside.begin() + static_cast<std::ptrdiff_t>(begin), count, std::uint8_t{1});
       continue;
     }
     for (std::size_t i = begin; i < begin + count; ++i) {
       const Double normal = (values[i] - min) / range;
-      at[i] = to_single(place(normal));
+      at[i] = to_single(to_position(normal));
       inside[i] = static_cast<std::uint8_t>(0 <= normal && normal <= 1);
     }
   }
 }
 
 // The same without narrowing to Single: NaN where the value is outside.
-template <class Place>
+template <class ToPosition>
 void map_or_nan(std::span<const Double> values, Double min, Double range, Double* at,
-                const Place& place) {
+                const ToPosition& to_position) {
   constexpr Double kNaN = std::numeric_limits<Double>::quiet_NaN();
   static_cast<void>(divide(0, range));
   for (std::size_t begin = 0; begin < values.size(); begin += kBatch) {
@@ -78,7 +78,7 @@ void map_or_nan(std::span<const Double> values, Double min, Double range, Double
     for (std::size_t i = begin; i < end; ++i) {
       const Double normal = (values[i] - min) / range;
       const bool is_inside = (0 <= normal) & (normal <= 1);
-      at[i] = place(is_inside ? normal : kNaN);
+      at[i] = to_position(is_inside ? normal : kNaN);
     }
   }
 }

@@ -7,9 +7,10 @@
 
 namespace kurv {
 
-// Sets the pen width of the surface that the layout belongs to. Every step of a redraw that leaves
-// another width than it has found sets it here; the line samples of the legend do not, because they
-// leave the width that the curves have left.
+// Sets the pen width of the surface that the layout belongs to. A change of the width that outlasts
+// a step of a redraw is made here, so that `pen_width` is always the width of the surface. Two
+// places are exceptions: PlotSurface::Polylines() leaves one pixel, which its caller records, and
+// the line samples of the legend leave the width of one pixel that the curves have left.
 inline void set_pen_width(Layout& layout, PlotSurface& surface, Integer pixels) {
   layout.pen_width = pixels;
   surface.DrawWidth(pixels);

@@ -1,9 +1,11 @@
 #include <KurvGraph/recording_surface.h>
 
 #include <algorithm>
+#include <functional>
 #include <initializer_list>
 
 #include <KurvGraph/number_text.h>
+#include <KurvGraph/text.h>
 
 namespace kurv {
 
@@ -55,8 +57,7 @@ void append(std::string& log, const char* verb, std::initializer_list<Single> nu
 
 // Code points, not bytes: continuation bytes of UTF-8 are not counted.
 std::ptrdiff_t character_count(std::string_view line) {
-  return std::count_if(line.begin(), line.end(),
-                       [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; });
+  return std::count_if(line.begin(), line.end(), std::not_fn(is_utf8_continuation));
 }
 
 // Calls visit(line) for every line; CR LF, LF and CR each end one, and what follows the last line
