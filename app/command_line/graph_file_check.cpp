@@ -16,7 +16,6 @@ namespace kurv::app {
 
 namespace {
 
-
 bool fits_16_bits(double number) {
   try {
     static_cast<void>(to_integer(number));
