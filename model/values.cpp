@@ -45,24 +45,24 @@ struct WriteText {
 }  // namespace
 
 Integer to_integer(Double value) {
-  constexpr Double kLeast = std::numeric_limits<Integer>::min();
-  constexpr Double kMost = std::numeric_limits<Integer>::max();
+  constexpr Double kMin = std::numeric_limits<Integer>::min();
+  constexpr Double kMax = std::numeric_limits<Integer>::max();
   const Double rounded = std::nearbyint(value);
   // Written so that NaN, for which every comparison is false, is an overflow too.
-  if (!(rounded >= kLeast && rounded <= kMost)) throw Fault(FaultKind::kOverflow);
+  if (!(rounded >= kMin && rounded <= kMax)) throw Fault(FaultKind::kOverflow);
   return static_cast<Integer>(rounded);
 }
 
 // A cast of a value beyond the largest Single is undefined behaviour, so such values are not cast:
 // up to half a step (ULP) beyond, they round to the largest; further out, to infinity.
 Single to_single(Double value) {
-  constexpr Double kLargest = std::numeric_limits<Single>::max();
+  constexpr Double kMaxSingle = std::numeric_limits<Single>::max();
   constexpr Double kHalfAStepBeyond = 0x1.ffffffp127;
   const Double magnitude = std::abs(value);
   if (magnitude >= kHalfAStepBeyond) {
     return std::copysign(std::numeric_limits<Single>::infinity(), value > 0 ? 1.0F : -1.0F);
   }
-  if (magnitude > kLargest) return static_cast<Single>(std::copysign(kLargest, value));
+  if (magnitude > kMaxSingle) return static_cast<Single>(std::copysign(kMaxSingle, value));
   return static_cast<Single>(value);
 }
 

@@ -1,4 +1,4 @@
-// The state of a Picture: its pixels, and the strokes and sprites that are not drawn yet.
+// The state of a Picture: its pixels, and the pending strokes and sprites.
 #pragma once
 
 #include <KurvGraph/picture.h>
@@ -33,8 +33,8 @@ inline std::uint32_t pixel_of(int colour) {
 
 // Clamps coordinates far off the canvas, so that sums of them do not overflow.
 inline int to_pixel(double coordinate) {
-  constexpr double kFar = 1 << 28;
-  return static_cast<int>(std::clamp(coordinate, -kFar, kFar));
+  constexpr double kMaxCoordinate = 1 << 28;
+  return static_cast<int>(std::clamp(coordinate, -kMaxCoordinate, kMaxCoordinate));
 }
 
 struct Picture::Pixels {
@@ -109,8 +109,8 @@ struct Picture::Pixels {
 
   // The layer takes twice the memory of the picture. A small one is kept for the next redraw.
   void release_large_layer() {
-    constexpr std::int64_t kLarge = 4'000'000;  // pixels
-    if (std::int64_t{resolution.width} * resolution.height > kLarge) front_to_back.reset();
+    constexpr std::int64_t kMaxKeptPixels = 4'000'000;
+    if (std::int64_t{resolution.width} * resolution.height > kMaxKeptPixels) front_to_back.reset();
   }
 
   raster::Pen pen() const { return {1 / resolution.twips_per_pixel, pen_width() / 2}; }
@@ -132,8 +132,8 @@ struct Picture::Pixels {
   // are equal. Its size is rounded up from a quarter of a pixel on: a smaller dot in a marker would
   // vanish among the strokes around it.
   Edges box_edges(double a, double b, int pen_pixels) const {
-    constexpr double kSmall = 334;  // twips: the squares of markers of 200 and less
-    if (!(std::abs(b - a) <= kSmall)) return edges(a, b, pen_pixels);
+    constexpr double kMaxSmallBox = 334;  // twips: the squares of markers of 200 and less
+    if (!(std::abs(b - a) <= kMaxSmallBox)) return edges(a, b, pen_pixels);
     const double extent = std::ceil(pixels(std::abs(b - a)) - 0.25);
     const double middle = (pixels(a) + pixels(b)) / 2;
     const int low = to_pixel(std::floor(middle - (extent + pen_pixels) / 2 + 0.5));

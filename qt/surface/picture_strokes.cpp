@@ -19,8 +19,8 @@ bool has_nan(SurfacePoint point) {
 
 void Picture::Line(SurfacePoint from, SurfacePoint to, int colour, LineKind kind) {
   if (has_nan(from) || has_nan(to)) return;
-  const bool level_or_upright = from.x == to.x || from.y == to.y;
-  if (kind == LineKind::kSegment || (kind == LineKind::kRule && !level_or_upright)) {
+  const bool is_axis_parallel = from.x == to.x || from.y == to.y;
+  if (kind == LineKind::kSegment || (kind == LineKind::kRule && !is_axis_parallel)) {
     raster::Coverage& mask = m_pixels->mask_for(colour);
     raster::add_segment(mask, m_pixels->narrow_segments, m_pixels->pen(), to_point(from),
                         to_point(to));
@@ -50,14 +50,15 @@ void Picture::Polyline(const PolylinePoints& points, int colour) {
 // left out. Of fewer or sparser lines too little is hidden to pay for the layer.
 void Picture::Polylines(std::span<const Single> x, int count, Integer pen,
                         const std::function<PolylineOver(int)>& line) {
-  constexpr int kMany = 48;
-  constexpr std::size_t kDense = 2;  // points a pixel
+  constexpr int kMinCurves = 48;
+  constexpr std::size_t kMinPointsPerColumn = 2;
   raster::MonotonePolylines& polylines = m_pixels->polylines;
-  const raster::Pen wide = m_pixels->pen();
-  const bool hides_much = count >= kMany &&
-                          x.size() >= kDense * static_cast<std::size_t>(m_pixels->image.width()) &&
-                          raster::MonotonePolylines::is_noisy(line(count - 1).y);
-  if (!hides_much || !polylines.accepts(wide, x)) {
+  const raster::Pen raster_pen = m_pixels->pen();
+  const bool hides_much =
+      count >= kMinCurves &&
+      x.size() >= kMinPointsPerColumn * static_cast<std::size_t>(m_pixels->image.width()) &&
+      raster::MonotonePolylines::is_noisy(line(count - 1).y);
+  if (!hides_much || !polylines.accepts(raster_pen, x)) {
     return PlotSurface::Polylines(x, count, pen, line);
   }
   m_pixels->flush();
@@ -65,7 +66,7 @@ void Picture::Polylines(std::span<const Single> x, int count, Integer pen,
   layer.clear();
   for (int i = count - 1; i >= 0; --i) {
     const PolylineOver over = line(i);
-    polylines.add_accepted(wide, {x, over.y, over.drawn}, &layer);
+    polylines.add_accepted(raster_pen, {x, over.y, over.drawn}, &layer);
     polylines.flush(layer, pixel_of(over.colour));
   }
   layer.flush(m_pixels->canvas());
@@ -85,16 +86,16 @@ void Picture::Arc(SurfacePoint centre, Single radius, int colour, Single start, 
 namespace {
 
 // Fewer figures, and figures of more pixels a side, are drawn directly.
-constexpr std::size_t kFewFigures =
+constexpr std::size_t kMinSpriteFigures =
     std::size_t{4} * raster::SpriteBatch::kPhases * raster::SpriteBatch::kPhases;
-constexpr double kLargestSprite = 64;
+constexpr double kMaxSpriteSide = 64;  // pixels
 
 bool are_few(const FigureCentres& centres) {
   std::size_t count = 0;
-  for (std::size_t i = 0; i < centres.x.size() && count < kFewFigures; ++i) {
+  for (std::size_t i = 0; i < centres.x.size() && count < kMinSpriteFigures; ++i) {
     count += centres.has(i) ? 1 : 0;
   }
-  return count < kFewFigures;
+  return count < kMinSpriteFigures;
 }
 
 }  // namespace
@@ -102,9 +103,9 @@ bool are_few(const FigureCentres& centres) {
 // Draws the figure on a white and on a black backdrop, from which the sprite computes its alpha.
 raster::Sprite Picture::make_sprite(const Figure& figure, FigureCentre centre, Picture& white,
                                     Picture& black) const {
-  const auto drawn_on = [&](int ground, Picture& picture) {
+  const auto drawn_on = [&](int backdrop, Picture& picture) {
     picture.Cls();  // also drops what a figure left that threw an exception
-    if (ground != kWhite) picture.m_pixels->fill(ground);
+    if (backdrop != kWhite) picture.m_pixels->fill(backdrop);
     picture.DrawWidth(m_pixels->draw_width);
     figure(picture, centre);
     picture.m_pixels->flush();
@@ -116,7 +117,7 @@ raster::Sprite Picture::make_sprite(const Figure& figure, FigureCentre centre, P
 
 void Picture::Repeat(const FigureCentres& centres, Double reach, const Figure& figure) {
   const double wanted = 2 * std::ceil(m_pixels->pixels(reach) + m_pixels->pen_width() + 2) + 1;
-  if (!(wanted <= kLargestSprite) || are_few(centres)) {
+  if (!(wanted <= kMaxSpriteSide) || are_few(centres)) {
     return PlotSurface::Repeat(centres, reach, figure);
   }
   if (m_pixels->pending_colour || m_pixels->sprites.is_full()) m_pixels->flush();

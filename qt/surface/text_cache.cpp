@@ -8,9 +8,9 @@
 namespace kurv {
 namespace {
 
-// Larger texts are not cached. Beyond kMost the whole cache is cleared.
-constexpr qsizetype kLargest = 1 << 16;  // pixels
-constexpr qsizetype kMost = 1 << 19;
+// Larger texts are not cached. Beyond kMaxCachePixels the whole cache is cleared.
+constexpr qsizetype kMaxTextPixels = 1 << 16;
+constexpr qsizetype kMaxCachePixels = 1 << 19;
 
 qsizetype area_of(QRect box) {
   return qsizetype{box.width()} * box.height();
@@ -56,7 +56,7 @@ void TextCache::draw(QImage& canvas, const PlacedText& placed, const std::functi
   if (known == m_images.end()) {
     const QRect bounds = box() & canvas.rect();
     if (bounds.isEmpty()) return;
-    if (area_of(bounds) > kLargest) {
+    if (area_of(bounds) > kMaxTextPixels) {
       QPainter painter(&canvas);
       return paint(painter);
     }
@@ -67,7 +67,7 @@ void TextCache::draw(QImage& canvas, const PlacedText& placed, const std::functi
     // The keys take memory, too.
     const qsizetype size = area_of(visible) + static_cast<qsizetype>(placed.text.size()) + 1;
     m_pixels += size;
-    if (m_pixels > kMost) {
+    if (m_pixels > kMaxCachePixels) {
       m_images.clear();
       m_pixels = size;
     }

@@ -18,7 +18,7 @@ double size_in_twips(const Font& font) {
 
 QFont layout_font(const Font& font) {
   // Beyond some ten thousand pixels Qt's font metrics overflow.
-  constexpr int kLargest = 8000;
+  constexpr int kMaxPixelSize = 8000;
   QStringList families = {QStringLiteral("Liberation Sans"), QStringLiteral("DejaVu Sans"),
                           QStringLiteral("sans-serif")};
   // An empty name would match any font.
@@ -29,7 +29,8 @@ QFont layout_font(const Font& font) {
                       QFont::StyleStrategy(QFont::PreferAntialias | QFont::NoSubpixelAntialias));
   result.setHintingPreference(QFont::PreferNoHinting);
   result.setKerning(true);
-  result.setPixelSize(std::clamp(static_cast<int>(std::lround(size_in_twips(font))), 1, kLargest));
+  result.setPixelSize(
+      std::clamp(static_cast<int>(std::lround(size_in_twips(font))), 1, kMaxPixelSize));
   result.setBold(font.FontBold);
   result.setItalic(font.FontItalic);
   return result;
@@ -74,7 +75,7 @@ TextLayout::TextLayout(const Font& font)
       m_twips_per_pixel(size_in_twips(font) / m_font.pixelSize()) {}
 
 double TextLayout::text_width(std::string_view text) const {
-  constexpr std::size_t kMost = 500, kLongest = 200;
+  constexpr std::size_t kMaxCachedWidths = 500, kMaxCachedLength = 200;
   const auto known = m_widths.find(text);
   if (known != m_widths.end()) return known->second;
   double widest = 0;
@@ -83,8 +84,8 @@ double TextLayout::text_width(std::string_view text) const {
     for (const QString& piece : pieces_of(line)) line_width += width(piece);
     widest = std::max(widest, line_width);
   }
-  if (m_widths.size() >= kMost) m_widths.clear();
-  if (text.size() <= kLongest) m_widths.emplace(text, widest);
+  if (m_widths.size() >= kMaxCachedWidths) m_widths.clear();
+  if (text.size() <= kMaxCachedLength) m_widths.emplace(text, widest);
   return widest;
 }
 
@@ -95,9 +96,9 @@ double TextLayout::text_height(std::string_view text) const {
 void TextLayout::place(SurfacePoint at, std::string_view text, QSizeF page,
                        const std::function<void(const PlacedPiece&)>& draw) const {
   if (std::isnan(at.x) || std::isnan(at.y)) return;
-  constexpr Single kLargest = std::numeric_limits<Single>::max();
-  const double left = std::clamp(at.x, -kLargest, kLargest);
-  double top = std::clamp(at.y, -kLargest, kLargest);
+  constexpr Single kMaxSingle = std::numeric_limits<Single>::max();
+  const double left = std::clamp(at.x, -kMaxSingle, kMaxSingle);
+  double top = std::clamp(at.y, -kMaxSingle, kMaxSingle);
   for (const std::string_view line : lines_of(text)) {
     // Accents and descenders extend past their line by no more than the height of a line.
     if (top > page.height() + line_height()) return;
@@ -131,12 +132,12 @@ int font_generation() {
 }
 
 const TextLayout& TextLayouts::of(const Font& font) {
-  constexpr std::size_t kMost = 8;
+  constexpr std::size_t kMaxLayouts = 8;
   const auto known = std::ranges::find(m_layouts, font, &std::pair<Font, TextLayout>::first);
   if (known != m_layouts.end()) {
     m_layouts.splice(m_layouts.begin(), m_layouts, known);
   } else {
-    if (m_layouts.size() == kMost) m_layouts.pop_back();
+    if (m_layouts.size() == kMaxLayouts) m_layouts.pop_back();
     m_layouts.emplace_front(font, TextLayout(font));
   }
   return m_layouts.front().second;

@@ -90,13 +90,13 @@ void KurvGraph::State::apply_locale() {
 }
 
 // The picture also changes in a redraw that fails, and where a bitmap is made, for which the curves
-// are drawn once more. Rejected data do not change the picture, but what the windows show.
+// are drawn once more. Refused data do not change the picture, but what the windows show.
 int KurvGraph::State::finish(bool has_failed) {
   const bool redrawn = surface.take_redraws() > 0;
   const qint64 drawn = picture.image().cacheKey();
-  if (std::exchange(shown_picture, drawn) != drawn && widget) view->picture_changed();
+  if (std::exchange(last_image_key, drawn) != drawn && widget) view->picture_changed();
   const unsigned revision = graph.state().document.data_revision;
-  if (std::exchange(shown_data, revision) != revision || redrawn || has_failed) {
+  if (std::exchange(last_data_revision, revision) != revision || redrawn || has_failed) {
     refill_windows(*this);
   }
   if (widget) view->describe();
@@ -110,11 +110,11 @@ void KurvGraph::State::changed_from_outside() {
 }
 
 void KurvGraph::State::note_change() {
-  if (!widget || std::exchange(change_noted, true)) return;
+  if (!widget || std::exchange(change_queued, true)) return;
   QMetaObject::invokeMethod(
       widget,
       [this] {
-        change_noted = false;
+        change_queued = false;
         if (widget) Q_EMIT widget->changed();
       },
       Qt::QueuedConnection);

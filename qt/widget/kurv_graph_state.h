@@ -73,11 +73,11 @@ struct KurvGraph::State final : Container, Client {
   double ratio = 1;  // and its device pixels per logical pixel
   bool design_mode = false;
   bool shortcuts_enabled = true;
-  qint64 shown_picture = 0;    // the picture's cache key at the last finish()
-  unsigned shown_data = 0;     // and the revision of the data
-  bool change_noted = false;   // the signal is queued
-  int whole_redraws = 0;       // since the last finish()
-  bool showing_error = false;  // a message box about a run-time error is open
+  qint64 last_image_key = 0;        // the picture's cache key at the last finish()
+  unsigned last_data_revision = 0;  // and the revision of the data
+  bool change_queued = false;       // the signal is queued
+  int whole_redraws = 0;            // since the last finish()
+  bool showing_error = false;       // a message box about a run-time error is open
   Picture picture;
   RedrawCounter surface;
   QtShell shell;
