@@ -18,8 +18,8 @@ void GraphWindow::init(Integer page) {
 
 void GraphWindow::refill() {
   if (!m_client || m_filling) return;
-  // The client reports a handler's own changes after the work. A report during the work is about a
-  // change by others, made while a modal prompt of the work was open.
+  // The client reports a handler's own changes after it has returned. A report that arrives while
+  // the handler runs concerns a change by others, made while its modal prompt was open.
   if (m_handling) {
     m_outdated = m_outdated || m_working;
     return;

@@ -1,5 +1,5 @@
-// The builders of the pages of the properties. Mnemonics may repeat between pages, but none may be
-// one of the tabs or of the buttons below them: G, T, X, L, R, A, C.
+// Builders of the pages of the properties window. Mnemonics may repeat between pages, but none may
+// be one of the tabs or of the buttons below them: G, T, X, L, R, A, C.
 #pragma once
 
 #include "dialogs/propert_page.h"

@@ -10,7 +10,7 @@
 // A run-time error of the control (a Fault, such as too large a number or a division by zero)
 // reaches the caller: every member below throws it, also when it was called by name. It never
 // reaches the event loop: when a resize, a mouse click or a queued call fails, the widget emits
-// runTimeError(). So connect a signal that must not throw to a method with Qt::QueuedConnection.
+// runTimeError(). So connect signals to these methods with Qt::QueuedConnection.
 //
 // The decimal separator in graph files and prompts is a point, or a comma where the host has set a
 // locale with a comma on this widget. The system's locale does not count.

@@ -1,4 +1,4 @@
-// The interface through which the painting draws; it uses nothing else of the platform.
+// The drawing interface; the renderer uses nothing else of the platform.
 //
 // Coordinates are in twips (1/1440 inch) from the top-left corner, x to the right, y downwards.
 // The number of twips per device pixel is up to the surface. Colours are indices 0..15 of the

@@ -24,7 +24,7 @@ class NumericService : public Service {
   virtual Double larger_of(Double value, Double other) const = 0;
 };
 
-// Points `place` and `taken` change places.
+// Swaps the points `place` and `taken`.
 struct Exchange {
   int place;
   int taken;

@@ -1,5 +1,5 @@
-// Text as bytes: blanks, letter case, truth words, UTF-8. No rule depends on a locale, so a file
-// means the same everywhere; only the letters A to Z have two cases.
+// Text as bytes: blanks, letter case, "True" and "False", UTF-8. No rule depends on a locale, so a
+// file means the same everywhere; only the letters A to Z have two cases.
 #pragma once
 
 #include <cstddef>
