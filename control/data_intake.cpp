@@ -41,8 +41,14 @@ void copy_columns(GraphDocument& document, const Matrix<Double>& source, int fir
                   int target) {
   if (document.NumData < 1) return;
   for (int c = first; c <= last; ++c) {
-    document.xyArr.take_column(target + c - first, source, c);
+    document.xyArr.copy_column(target + c - first, source, c);
   }
+}
+
+// The same for the first columns of a matrix that nobody else can write: nothing is copied.
+void share_columns(GraphDocument& document, const Matrix<Double>& source, int last) {
+  if (document.NumData < 1) return;
+  for (int c = 1; c <= last; ++c) document.xyArr.share_column(c, source, c);
 }
 
 // Dimensions, data and names from separate arrays.
@@ -89,6 +95,24 @@ void validate_and_draw(ControlState& state) {
   draw_first_time(state);
 }
 
+// Dimensions and names from one matrix; the data come next.
+void begin_combined(GraphDocument& document, const IntakeSettings& settings,
+                    const List<String>& names, const List<String>& functions) {
+  document.DataFromHost = true;
+  store_settings(document, settings, functions);
+  document.yVarName = names;
+  document.xyArr = Matrix<Double>(0, kUpperColumn, 0, document.NumData);
+  if (document.NumY > kMaxCurves) document.NumY = kMaxCurves;
+  document.y_visible.resize_keeping(document.NumY);
+}
+
+void finish_combined(ControlState& state, const List<Boolean>& visible) {
+  GraphDocument& document = state.document;
+  refresh_sorted_data(document, *state.services.swap);
+  for (int k = 1; k <= document.NumY; ++k) document.y_visible(k) = visible(k);
+  validate_and_draw(state);
+}
+
 }  // namespace
 
 void scatter_graph(ControlState& state, const IntakeSettings& settings, const Matrix<Double>& yarr,
@@ -102,18 +126,18 @@ void scatter_graph(ControlState& state, const IntakeSettings& settings, const Ma
 void scatter_graph2(ControlState& state, const IntakeSettings& settings,
                     const Matrix<Double>& xyarr, const List<String>& names,
                     const List<Boolean>& visible, const List<String>& functions) {
-  GraphDocument& document = state.document;
-  document.DataFromHost = true;
-  store_settings(document, settings, functions);
-  document.yVarName = names;
-  document.xyArr = Matrix<Double>(0, kUpperColumn, 0, document.NumData);
-  if (document.NumY > kMaxCurves) document.NumY = kMaxCurves;
-  document.y_visible.resize_keeping(document.NumY);
+  begin_combined(state.document, settings, names, functions);
+  copy_columns(state.document, xyarr, 1, state.document.NumY + 1, 1);
+  finish_combined(state, visible);
+}
 
-  copy_columns(document, xyarr, 1, document.NumY + 1, 1);
-  refresh_sorted_data(document, *state.services.swap);
-  for (int k = 1; k <= document.NumY; ++k) document.y_visible(k) = visible(k);
-  validate_and_draw(state);
+void load_data(ControlState& state, const IntakeSettings& settings, Matrix<Double> xyarr,
+               const List<String>& names, const List<Boolean>& visible,
+               const List<String>& functions) {
+  begin_combined(state.document, settings, names, functions);
+  share_columns(state.document, xyarr, state.document.NumY + 1);
+  xyarr = {};  // from here on the document alone has them
+  finish_combined(state, visible);
 }
 
 bool has_repaired_data(const GraphDocument& document) {

@@ -20,6 +20,8 @@ struct IntakeSettings {
   Boolean draw_markers;
 };
 
+// Data of a host are copied: the document shares no memory with its arrays.
+//
 // From separate arrays, yarr(curve, point) and xarr(point), all counted from 1; every curve
 // visible. Data that cannot be plotted stay in the document, which is then not valid, and a message
 // says why. Throws kSubscriptOutOfRange for an array shorter than its count and for more than 149
@@ -34,6 +36,12 @@ void scatter_graph(ControlState& state, const IntakeSettings& settings, const Ma
 void scatter_graph2(ControlState& state, const IntakeSettings& settings,
                     const Matrix<Double>& xyarr, const List<String>& names,
                     const List<Boolean>& visible, const List<String>& functions);
+
+// The same for a matrix of a file, whose points are 0 to the count and which is moved in: nobody
+// has a view of it, so its columns become the document's without a copy.
+void load_data(ControlState& state, const IntakeSettings& settings, Matrix<Double> xyarr,
+               const List<String>& names, const List<Boolean>& visible,
+               const List<String>& functions);
 
 // Whether data that scatter_graph2() has refused have been repaired by edits and can be drawn now.
 // At least one curve has to be visible, because the limits are computed from visible curves.

@@ -3,6 +3,8 @@
 #include <KurvGraph/graph_file_fields.h>
 #include <KurvGraph/text.h>
 
+#include <utility>
+
 #include "control/control_state.h"
 #include "control/data_intake.h"
 #include "control/export.h"
@@ -31,10 +33,11 @@ GraphFile read(ControlState& state, const String& path) {
   return graph;
 }
 
-void pass_to_intake(ControlState& state, const GraphFile& graph) {
+// Takes the data out of `graph`.
+void pass_to_intake(ControlState& state, GraphFile& graph) {
   const IntakeSettings settings{state.document.Title, graph.num_data,  graph.num_y,
                                 graph.num_functions,  graph.Connected, graph.DrawMarkers};
-  scatter_graph2(state, settings, graph.xyarr, graph.names, graph.visible, graph.functions);
+  load_data(state, settings, std::move(graph.xyarr), graph.names, graph.visible, graph.functions);
 }
 
 void restore_view(ControlState& state, const GraphFile& graph) {
@@ -53,7 +56,7 @@ bool begins_as_graph_file(const String& path) {
 // The view is restored also where the intake has refused the data, so that a user who repairs the
 // data in the table, and then saves, does not lose the rest of the file.
 void file_load(ControlState& state, const String& path) {
-  const GraphFile graph = read(state, path);
+  GraphFile graph = read(state, path);
   pass_to_intake(state, graph);
   restore_view(state, graph);
   build_the_graph(state);

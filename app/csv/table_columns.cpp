@@ -106,7 +106,7 @@ const ColumnSurvey& TableColumns::survey(std::size_t column) {
 void TableColumns::copy_values(std::size_t column, Matrix<Double>& matrix, int target) {
   read({column});
   if (m_kept[column]) {
-    matrix.take_column(target, m_values, static_cast<int>(column) + 1);
+    matrix.share_column(target, m_values, static_cast<int>(column) + 1);
   } else {
     matrix.set_column(target, std::move(parsed({column}, m_rows.size()).front().values));
   }

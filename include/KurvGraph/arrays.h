@@ -105,16 +105,23 @@ class Matrix {
     return {allocated(index)->data(), m_lower_point, upper_point()};
   }
 
-  // Copies points 1 and later of a column of another matrix. Where the points of both have the same
-  // bounds, nothing is copied: the two share the column as copies do.
-  void take_column(int index, const Matrix& source, int from) {
-    if (source.m_lower_point == m_lower_point && source.m_length == m_length) {
-      allocated(index) = source.allocated(from);
-      return;
-    }
+  // Copies points 1 and later of a column of another matrix. The two share no memory, so a view of
+  // the other one, whenever it was taken, never reaches this one.
+  void copy_column(int index, const Matrix& source, int from) {
     const Column<const T> values = source.column(from);
     const Column<T> own = column(index);
     for (int i = std::max(1, lower_point()); i <= upper_point(); ++i) own(i) = values(i);
+  }
+
+  // Shares a column with another matrix whose points have the same bounds, as copies do: nothing is
+  // copied until one of the two accesses it as a mutable one. Views of the other one that were
+  // taken before may no longer be written through.
+  void share_column(int index, const Matrix& source, int from) {
+    if (source.m_lower_point != m_lower_point || source.m_length != m_length) {
+      throw Fault(FaultKind::kSubscriptOutOfRange);
+    }
+    const std::shared_ptr<Values>& values = source.allocated(from);
+    m_columns[detail::offset(index, m_lower_column, upper_column())] = values;
   }
 
   // Moves these values, one for each point, into the column.

@@ -237,6 +237,54 @@ TEST(Matrix, RefusesAColumnOfAnotherLengthOrPlace) {
   EXPECT_EQ(matrix, before);
 }
 
+TEST(Matrix, ACopiedColumnIsOutOfReachOfViewsOfItsSource) {
+  Matrix<double> source(0, 1, 0, 3);
+  const Column<double> view = source.column(1);
+  for (int point = 0; point <= 3; ++point) view(point) = point;
+  Matrix<double> matrix(0, 2, 0, 3);
+  matrix.copy_column(2, source, 1);
+  EXPECT_EQ(matrix(2, 3), 3);
+  EXPECT_NE(data_of(matrix, 2), data_of(source, 1));
+  view(3) = -3;
+  source(1, 2) = -2;
+  EXPECT_EQ(matrix(2, 3), 3);
+  EXPECT_EQ(matrix(2, 2), 2);
+}
+
+TEST(Matrix, AColumnIsCopiedAlsoBetweenOtherBounds) {
+  Matrix<double> source(1, 1, 1, 4);
+  for (int point = 1; point <= 4; ++point) source(1, point) = point;
+  Matrix<double> matrix(0, 2, 0, 3);
+  matrix.copy_column(1, source, 1);
+  EXPECT_EQ(matrix(1, 0), 0);
+  for (int point = 1; point <= 3; ++point) EXPECT_EQ(matrix(1, point), point);
+  Matrix<double> longer(0, 2, 0, 5);
+  expect_out_of_range([&] { longer.copy_column(1, source, 1); });
+  expect_out_of_range([&] { matrix.copy_column(1, source, 2); });
+  expect_out_of_range([&] { matrix.copy_column(3, source, 1); });
+}
+
+TEST(Matrix, ASharedColumnIsCopiedWhenOneOfTheTwoMayWriteIt) {
+  Matrix<double> source(1, 1, 1, 3);
+  source(1, 2) = 2;
+  Matrix<double> matrix(0, 2, 1, 3);
+  matrix.share_column(2, source, 1);
+  EXPECT_EQ(data_of(matrix, 2), data_of(source, 1));
+  source(1, 2) = -2;
+  EXPECT_EQ(matrix(2, 2), 2);
+}
+
+TEST(Matrix, SharesNoColumnBetweenOtherBounds) {
+  const Matrix<double> source(1, 1, 1, 3);
+  Matrix<double> matrix(1, 1, 0, 2);
+  expect_out_of_range([&] { matrix.share_column(1, source, 1); });
+  Matrix<double> longer(1, 1, 1, 4);
+  expect_out_of_range([&] { longer.share_column(1, source, 1); });
+  Matrix<double> alike(1, 1, 1, 3);
+  expect_out_of_range([&] { alike.share_column(1, source, 2); });
+  expect_out_of_range([&] { alike.share_column(2, source, 1); });
+}
+
 TEST(Matrix, MovedOneTakesItsColumnsAlong) {
   Matrix<double> matrix(1, 1, 1, 3);
   matrix(1, 3) = 3;
