@@ -6,6 +6,7 @@
 #pragma once
 
 #include <algorithm>
+#include <concepts>
 #include <cstddef>
 #include <memory>
 #include <utility>
@@ -28,6 +29,12 @@ inline std::size_t offset(int index, int lower, int upper) {
   return static_cast<std::size_t>(static_cast<long long>(index) - lower);
 }
 
+// An integer of which every value fits an int. A list in braces is none.
+template <class T>
+concept Bound = std::integral<T> && requires(T value) {
+  int{value};
+};
+
 }  // namespace detail
 
 // A one-dimensional array lower..upper; 0..-1, that is empty, by default.
@@ -35,7 +42,9 @@ template <class T>
 class List {
  public:
   List() = default;
-  List(int lower, int upper) : m_elements(detail::extent(lower, upper)), m_lower(lower) {}
+  template <detail::Bound Upper>
+  List(int lower, Upper upper) : m_elements(detail::extent(lower, upper)), m_lower(lower) {}
+  // Elements in braces too: {1, {5}} has one element, while {1, 5} has five.
   List(int lower, std::vector<T> elements) : m_elements(std::move(elements)), m_lower(lower) {}
 
   int lower() const { return m_lower; }

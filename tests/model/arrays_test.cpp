@@ -3,6 +3,7 @@
 
 #include <limits>
 #include <string>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -62,6 +63,30 @@ TEST(List, TakesElementsOverFromAVector) {
   EXPECT_EQ(list.upper(), 2);
   EXPECT_EQ(list(1), "a");
   EXPECT_EQ(list(2), "b");
+}
+
+template <class T>
+T only_element(const List<T>& list) {
+  EXPECT_EQ(list.lower(), 1);
+  EXPECT_EQ(list.upper(), 1);
+  return list(1);
+}
+
+TEST(List, ElementsInBracesAreElementsAlsoWhereThereIsOne) {
+  EXPECT_EQ(only_element<double>({1, {5}}), 5);
+  EXPECT_EQ(only_element<double>({1, {2.5}}), 2.5);
+  EXPECT_EQ(only_element<int>({1, {5}}), 5);
+  EXPECT_EQ(only_element<std::string>({1, {"a"}}), "a");
+  EXPECT_EQ((List<double>{1, {5, 6}}).upper(), 2);
+  EXPECT_EQ((List<double>{1, {}}).upper(), 0);
+  EXPECT_EQ((List<std::string>{0, {}}).upper(), -1);
+  EXPECT_EQ((List<double>{1, 5}).upper(), 5) << "bounds";
+}
+
+TEST(List, BoundsAreIntegersThatFit) {
+  static_assert(std::is_constructible_v<List<double>, int, short>);
+  static_assert(!std::is_constructible_v<List<double>, int, long long>);
+  static_assert(!std::is_constructible_v<List<double>, int, double>);
 }
 
 TEST(List, ResizeKeepsTheElementsThatFit) {
