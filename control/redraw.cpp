@@ -6,6 +6,7 @@
 #include "render/curves.h"
 #include "render/function_curves.h"
 #include "render/legend_titles.h"
+#include "render/pen.h"
 
 namespace kurv {
 
@@ -50,7 +51,8 @@ void draw_on(const ControlState& state, PlotSurface& surface) {
   LazyEvaluator function_evaluator;
   SizeTitleHandles(document, layout, surface);
   select_data_copy(document);
-  surface.DrawWidth(layout.pen_width);
+  // The pen that the last redraw has left may be another one than it has drawn its ticks with.
+  set_pen_width(layout, surface, layout.tick_pen_width);
   paint(document, *state.services.numeric, layout, function_evaluator, surface);
 }
 

@@ -30,6 +30,8 @@ struct Layout {
   // The pen width, in pixels, that the last drawing has left on the surface; one before the first.
   // The next redraw draws ticks and grid with it, so the picture of that redraw depends on it.
   Integer pen_width = 1;
+  // The pen width with which the last redraw has drawn its ticks and grid.
+  Integer tick_pen_width = 1;
 
   // What the user can drag. Positions last until a drag, a "refresh" or a load moves them; sizes
   // follow the texts at every redraw.

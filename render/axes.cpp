@@ -165,6 +165,7 @@ void DrawAxes(const GraphDocument& document, const NumericService& numeric, Layo
 
   const AxisPass pass{document, numeric, layout, surface};
   draw_x_caption(pass);
+  layout.tick_pen_width = layout.pen_width;
   draw_y_ticks(pass, y_tick_length);
   const Integer last_y_label_left = draw_y_labels(pass);
   draw_x_ticks(pass, x_tick_length);

@@ -187,8 +187,9 @@ class KurvGraph : public QWidget {
   QImage image() const;
   // The plot's rectangle in the widget: all but the toolbar.
   QRect plot_rect() const;
-  // The graph as the next redraw would show it, as a document of lines and text, made from copies:
-  // nothing of the graph changes. Blank while there is no graph.
+  // The graph as the next redraw would show it, with ticks and grid as wide as in image(), as a
+  // document of lines and text, made from copies: nothing of the graph changes. Blank while there
+  // is no graph.
   QByteArray svg() const;
   QByteArray pdf() const;
   // The data coordinates at a point of the widget, and back, by the limits and the plot rectangle

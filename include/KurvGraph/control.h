@@ -182,9 +182,10 @@ class Control {
   // The expressions of the function curves, in the order of their slots.
   std::vector<String> functions() const;
 
-  // Paints the graph on another surface as the next redraw would show it; blank while there is no
-  // graph. The surface should have the size of the control's own. Works on copies: nothing of the
-  // control changes, GraphSaved included, and no event is raised. Throws what a redraw throws.
+  // Paints the graph on another surface as the next redraw would show it, with ticks and grid as
+  // wide as the last one has drawn them; blank while there is no graph. The surface should have the
+  // size of the control's own. Works on copies: nothing of the control changes, GraphSaved
+  // included, and no event is raised. Throws what a redraw throws.
   void draw_on(PlotSurface& surface) const;
 
   // -- The graph's file -----------------------------------------------------------------------
