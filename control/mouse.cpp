@@ -26,6 +26,16 @@ void outline_region(ControlState& state, SurfacePoint at) {
   }
 }
 
+// A graph file is read with places of 16 bits, so an item is dropped nowhere beyond them. The
+// largest place rounds to one of 16 bits and is still beyond the edge of the widest surface, so
+// that the redraw brings the item back from there as well.
+constexpr Single kLeastPlace = -32768;
+constexpr Single kLargestPlace = 32767.25F;
+
+Single kept_in_16_bits(Single place) {
+  return std::clamp(place, kLeastPlace, kLargestPlace);
+}
+
 // A position that no Single holds is an overflow: an infinite one could not be saved in a file.
 Single moved(Double from, Double by) {
   return to_single(Variant(from + by));
@@ -183,8 +193,8 @@ void drag(ControlState& state, Item item, SurfacePoint grab, SurfacePoint at,
 
 void drop(ControlState& state, Item item, SurfacePoint at) {
   state.mouse.owner(MouseButton::kAny) = PressOwner::kNobody;
-  const Single left = moved(at.x, -state.mouse.press_x);
-  const Single top = moved(at.y, -state.mouse.press_y);
+  const Single left = kept_in_16_bits(moved(at.x, -state.mouse.press_x));
+  const Single top = kept_in_16_bits(moved(at.y, -state.mouse.press_y));
   Rect& rect = rect_of(state, item);
   rect.left = left;
   rect.top = top;

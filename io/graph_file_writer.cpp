@@ -23,6 +23,20 @@ namespace {
 
 constexpr std::string_view kLineEnd = "\r\n";
 
+constexpr std::string_view kBreaks = "\r\n";
+
+// A text on one line: each break in it, CR LF or either alone, becomes a blank.
+void append_on_one_line(String& line, std::string_view text) {
+  std::size_t end = text.find_first_of(kBreaks);
+  while (end != text.npos) {
+    line.append(text.substr(0, end)) += ' ';
+    text.remove_prefix(end);
+    text.remove_prefix(text.starts_with(kLineEnd) ? kLineEnd.size() : 1);
+    end = text.find_first_of(kBreaks);
+  }
+  line += text;
+}
+
 // The forms in which a line is written.
 class Lines {
  public:
@@ -30,33 +44,39 @@ class Lines {
       : m_sink(sink), m_decimal_separator(decimal_separator) {}
 
   void text(std::string_view value) {
-    m_sink(value);
-    m_sink(kLineEnd);
+    m_line.clear();
+    append_on_one_line(m_line, value);
+    line(m_line);
   }
-  void digits(Integer value) { text(std::to_string(value)); }
-  void boolean(Boolean value) { text(boolean_to_text(value)); }
+  void digits(Integer value) { line(std::to_string(value)); }
+  void boolean(Boolean value) { line(boolean_to_text(value)); }
   template <class Number>
   void printed(Number value) {
-    text(printed_number(value, m_decimal_separator));
+    line(printed_number(value, m_decimal_separator));
   }
 
   // Entries 1 to `count`, each appended to the line by `append(line, index)`.
   template <class Append>
   void list(int count, Append append) {
-    m_list.clear();
+    m_line.clear();
     for (int i = 1; i <= count; ++i) {
-      if (i > 1) m_list += kGraphFileSeparator;
-      append(m_list, i);
+      if (i > 1) m_line += kGraphFileSeparator;
+      append(m_line, i);
     }
-    text(m_list);
+    line(m_line);
   }
 
   char decimal_separator() const { return m_decimal_separator; }
 
  private:
+  void line(std::string_view content) {
+    m_sink(content);
+    m_sink(kLineEnd);
+  }
+
   const TextSink& m_sink;
   char m_decimal_separator;
-  String m_list;
+  String m_line;  // the one being put together
 };
 
 // Writes the line of a row of the table, one overload for each kind.
@@ -100,7 +120,7 @@ struct ListWriter {
   }
   void operator()(const NameList& list) const {
     const List<String>& names = document.*list.from;
-    lines.list(document.NumY + 1, [&](String& line, int i) { line += names(i); });
+    lines.list(document.NumY + 1, [&](String& line, int i) { append_on_one_line(line, names(i)); });
   }
   void operator()(const FlagList& list) const {
     const List<Boolean>& flags = document.*list.from;
@@ -108,7 +128,8 @@ struct ListWriter {
   }
   void operator()(const ExpressionList& list) const {
     const List<FunctionCurve>& curves = document.*list.from;
-    lines.list(document.NumYFunc, [&](String& line, int k) { line += curves(k).expression; });
+    lines.list(document.NumYFunc,
+               [&](String& line, int k) { append_on_one_line(line, curves(k).expression); });
   }
 
   Lines& lines;

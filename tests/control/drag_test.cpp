@@ -163,14 +163,30 @@ TEST(Drag, OntoAnItemGoesToThatPlaceOfTheSurface) {
   }
 }
 
-TEST(Drag, PlacesAreNotClamped) {
+TEST(Drag, PlacesAreNotClampedToTheSurface) {
   DragHost host;
-  host.control.drag(Item::kTitle, {10, 10}, {-5000, -40000});
+  host.control.drag(Item::kTitle, {10, 10}, {-5000, -32000});
   EXPECT_EQ(host.layout().imgTitle.left, -5010);
-  EXPECT_EQ(host.layout().imgTitle.top, -40010);
+  EXPECT_EQ(host.layout().imgTitle.top, -32010);
   host.control.drag(Item::kTitle, {-500, 7000}, {100, 200});
   EXPECT_EQ(host.layout().imgTitle.left, 600) << "a grab beyond the item is taken as it is";
   EXPECT_EQ(host.layout().imgTitle.top, -6800);
+}
+
+TEST(Drag, PlacesAreKeptWithin16Bits) {
+  DragHost host;
+  host.control.drag(Item::kTitle, {10, 10}, {-32758, -32758.5F});
+  EXPECT_EQ(host.layout().imgTitle.left, -32768);
+  EXPECT_EQ(host.layout().imgTitle.top, -32768);
+  for (const ItemCase& item : kItems) {
+    host.control.drag(item.item, {0, 0}, {-40000, -1e30F});
+    EXPECT_EQ((host.layout().*item.rect).left, -32768) << item.name;
+    EXPECT_EQ((host.layout().*item.rect).top, -32768) << item.name;
+  }
+  host.control.set_NumTicks(0);  // the redraw fails before it brings the item back
+  EXPECT_THROW(host.control.drag(Item::kTitle, {0, 0}, {40000, 1e30F}), Fault);
+  EXPECT_EQ(to_integer(Double(host.layout().imgTitle.left)), 32767);
+  EXPECT_EQ(to_integer(Double(host.layout().imgTitle.top)), 32767);
 }
 
 TEST(Drag, BeyondTheFarEdgesTheRedrawBringsTheItemBack) {

@@ -94,6 +94,35 @@ TEST_F(RoundTrip, ValuesWithoutANumberComeBack) {
   EXPECT_EQ(saved(second, "b.gdf"), before);
 }
 
+TEST_F(RoundTrip, ALineBreakShiftsNoLine) {
+  test::TestHost first;
+  load_data(first);
+  first.control.set_Title("two\r\nlines");
+  first.control.set_SubTitle("two\nlines");
+  first.document().yVarName(2) = "name\nunit";
+  first.document().y_func(2).expression = "sin(x)\n";
+  saved(first, "a.gdf");
+  EXPECT_EQ(first.control.Title(), "two\r\nlines");
+
+  test::TestHost second;
+  second.control.file_load(path("a.gdf"));
+  EXPECT_EQ(second.control.Title(), "two lines");
+  EXPECT_EQ(second.control.SubTitle(), "two lines");
+  EXPECT_EQ(second.document().yVarName(2), "name unit");
+  EXPECT_EQ(second.document().y_func(2).expression, "sin(x) ");
+}
+
+TEST_F(RoundTrip, AnItemDroppedFarOutsideLoadsAgain) {
+  test::TestHost first;
+  load_data(first);
+  first.control.drag(Item::kTitle, {0, 0}, {-40000, -1e30F});
+  saved(first, "a.gdf");
+  test::TestHost second;
+  second.control.file_load(path("a.gdf"));
+  EXPECT_EQ(second.layout().imgTitle.left, -32768);
+  EXPECT_EQ(second.layout().imgTitle.top, -32768);
+}
+
 // The differences are the format's own: halves that become whole, and what a comma splits.
 TEST_F(RoundTrip, WholeNumbersAndCommasAreAllThatIsLost) {
   test::TestHost first;

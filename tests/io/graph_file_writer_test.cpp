@@ -146,12 +146,32 @@ TEST_F(GraphFileWriterTest, WithoutFunctionsTheLastLineIsEmpty) {
 TEST_F(GraphFileWriterTest, NothingIsEscaped) {
   document.yVarName(2) = "a,b";
   document.y_func(1).expression = "atan2(x,2)";
-  document.Title = "two\r\nlines";
   const std::vector<std::string> lines = written();
-  ASSERT_EQ(lines.size(), 54U);
-  EXPECT_EQ(lines[2], "lines");
-  EXPECT_EQ(lines[51], "x,a,b");
-  EXPECT_EQ(lines[53], "atan2(x,2)");
+  ASSERT_EQ(lines.size(), 52U);
+  EXPECT_EQ(lines[49], "x,a,b");
+  EXPECT_EQ(lines[51], "atan2(x,2)");
+}
+
+TEST_F(GraphFileWriterTest, ALineBreakInATextIsABlank) {
+  const std::pair<const char*, const char*> kTexts[] = {
+      {"two\r\nlines", "two lines"}, {"two\nlines", "two lines"}, {"two\rlines", "two lines"},
+      {"\n\n\r\r\n", "    "},        {"end\r", "end "},           {"\nx^2", " x^2"},
+  };
+  for (const auto& [text, expected] : kTexts) {
+    document.Title = document.SubTitle = text;
+    document.AxisLabelFormatX = document.AxisLabelFormatY = text;
+    document.FontName = document.TitleFontName = document.SubTitleFontName = text;
+    document.yVarName(1) = document.yVarName(2) = text;
+    document.y_func(1).expression = text;
+    const std::vector<std::string> lines = written();
+    ASSERT_EQ(lines.size(), 52U) << expected;
+    for (const std::size_t number : {2U, 6U, 7U, 27U, 28U, 31U, 35U, 39U, 52U}) {
+      EXPECT_EQ(lines[number - 1], expected) << number;
+    }
+    EXPECT_EQ(lines[49], std::string(expected) + ',' + expected);
+    EXPECT_EQ(read("a.gdf").find_first_of("\r\n"), read("a.gdf").find("\r\n"));
+    EXPECT_EQ(document.Title, text) << "the document keeps it";
+  }
 }
 
 TEST_F(GraphFileWriterTest, AtMostThirtyFunctionsCanBeSaved) {
