@@ -34,9 +34,9 @@ void write_graph_text(const TextSink& sink, const GraphDocument& document, const
 // Writes the whole graph, its data in the order in which they were last drawn. MarkerSize,
 // Autoscale and the visibility of function curves are not in the file. Nothing is escaped, so a
 // name or an expression with a comma reads back as two: programs that read the format know no
-// quotes. A line break in a text is written as a blank, so that it shifts no line. Throws kSubscriptOutOfRange for more than 30
-// function curves and what an OutputFile throws; the file is then incomplete, and the one it was to
-// replace stays beside it as PATH~.
+// quotes. A line break in a text is written as a blank, so that it shifts no line. Throws
+// kSubscriptOutOfRange for more than 30 function curves and what an OutputFile throws; the file is
+// then incomplete, and the one it was to replace stays as kept_file.h says.
 void write_graph_file(const String& path, const GraphDocument& document, const Layout& layout,
                       ControlSize size, char decimal_separator);
 

@@ -16,57 +16,6 @@ namespace fs = std::filesystem;
 
 constexpr std::size_t kBlock = std::size_t{1} << 16;
 
-Fault fault_of(int error, FaultKind otherwise) {
-  switch (error) {
-    case ENOENT:
-      return Fault(FaultKind::kFileNotFound);
-    case ENOTDIR:
-      return Fault(FaultKind::kPathNotFound);
-    case EACCES:
-    case EPERM:
-    case EROFS:
-      return Fault(FaultKind::kPermissionDenied);
-    case EISDIR:
-      return Fault(FaultKind::kPathFileAccessError);
-    case ENOSPC:
-    case EDQUOT:
-    case EFBIG:
-      return Fault(FaultKind::kDiskFull);
-    case ENOMEM:
-      return Fault(FaultKind::kOutOfMemory);
-    default:
-      return Fault(otherwise);
-  }
-}
-
-Fault transfer_fault() {
-  return fault_of(errno, FaultKind::kDeviceIoError);
-}
-
-// Where a file does not exist, its folder may not exist either, which is another fault.
-Fault open_fault(const String& path) {
-  const int error = errno;
-  const fs::path folder = fs::path(path).parent_path();
-  std::error_code ignored;
-  if (error == ENOENT && !folder.empty() && !fs::exists(folder, ignored)) {
-    return Fault(FaultKind::kPathNotFound);
-  }
-  return fault_of(error, FaultKind::kPathFileAccessError);
-}
-
-// No stream buffer: the blocks here are large, and an error has to be reported by the call that
-// causes it.
-File open(const String& path, const char* mode) {
-  // The platform would cut the name off there and open another file.
-  if (path.find('\0') != path.npos) throw Fault(FaultKind::kPathFileAccessError);
-  // Opening a pipe blocks until its other end is opened, which may never happen.
-  std::error_code ignored;
-  if (fs::is_fifo(path, ignored)) throw Fault(FaultKind::kPathFileAccessError);
-  File file(std::fopen(path.c_str(), mode));
-  if (file) std::setvbuf(file.get(), nullptr, _IONBF, 0);
-  return file;
-}
-
 std::string_view without_return(std::string_view line) {
   if (line.ends_with('\r')) line.remove_suffix(1);
   return line;
@@ -78,26 +27,20 @@ String resolve_links(const String& path) {
   return error ? path : target.string();
 }
 
-// Renames an existing file to NAME~ before it is replaced, and returns that name; an empty one when
-// there is no such file. A write-protected file is refused here, because renaming takes no
-// permission to write the file.
-String keep_old_file(const String& path, bool (*is_truncated)(const String& path)) {
-  if (!open(path, "r+b")) {
-    if (errno == ENOENT) return {};
-    throw open_fault(path);
-  }
+// Empties an existing file and opens it. Where it can be read, it is opened without the permission
+// to create a file, which some folders refuse for another user's file.
+File open_over(const String& path) {
+  File file = open_file(path, "r+b");
+  if (!file) return open_file(path, "wb");
   std::error_code error;
-  if (!fs::is_regular_file(path, error)) return {};
-  String kept = path + "~";
-  if (fs::exists(kept, error) && is_truncated(path)) return kept;
-  fs::rename(path, kept, error);
-  if (error) throw fault_of(error.value(), FaultKind::kPathFileAccessError);
-  return kept;
+  fs::resize_file(path, 0, error);
+  if (error) throw fault_of_error(error.value(), FaultKind::kPathFileAccessError);
+  return file;
 }
 
 }  // namespace
 
-InputFile::InputFile(const String& path) : m_file(open(path, "rb")) {
+InputFile::InputFile(const String& path) : m_file(open_file(path, "rb")) {
   if (!m_file) throw open_fault(path);
   std::error_code ignored;
   if (fs::is_directory(path, ignored)) throw Fault(FaultKind::kPathFileAccessError);
@@ -133,19 +76,15 @@ std::string_view InputFile::line() {
   return *next;
 }
 
-OutputFile::OutputFile(const String& path, bool (*is_truncated)(const String& path)) {
-  const String target = resolve_links(path);
-  m_kept = keep_old_file(target, is_truncated);
-  m_file = open(target, "wb");
-  std::error_code ignored;
+OutputFile::OutputFile(const String& path, IsTruncated is_truncated)
+    : m_path(resolve_links(path)), m_kept(m_path, is_truncated) {
+  m_file = m_kept.is_in_place() ? open_over(m_path) : open_file(m_path, "wb");
   if (!m_file) {
-    const Fault fault = errno == ENOENT ? Fault(FaultKind::kPathNotFound) : open_fault(target);
-    if (!m_kept.empty()) fs::rename(m_kept, target, ignored);
+    const Fault fault = errno == ENOENT ? Fault(FaultKind::kPathNotFound) : open_fault(m_path);
+    m_kept.restore();
     throw fault;
   }
-  if (m_kept.empty()) return;
-  // A user who could not read the older file must not be able to read the new one.
-  fs::permissions(target, fs::status(m_kept, ignored).permissions(), ignored);
+  m_kept.copy_permissions();
 }
 
 // Bytes are left only where a fault is being thrown already. An error here would hide it, so it is
@@ -170,8 +109,7 @@ void OutputFile::close() {
   flush();
   // Some file systems report a full disk only here.
   if (std::fclose(m_file.release()) != 0) throw transfer_fault();
-  std::error_code ignored;
-  if (!m_kept.empty()) fs::remove(m_kept, ignored);
+  m_kept.remove();
 }
 
 }  // namespace kurv

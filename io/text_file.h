@@ -1,20 +1,16 @@
-// Reading and writing files of lines. Errors of the platform are thrown as faults: file or path not
-// found, permission denied, path/file access error, disk full, device I/O error.
+// Reading and writing files of lines. Errors of the platform are thrown as the faults of
+// platform_file.h.
 #pragma once
 
-#include <cstdio>
-#include <memory>
 #include <optional>
 #include <string_view>
 
 #include <KurvGraph/values.h>
 
-namespace kurv {
+#include "io/kept_file.h"
+#include "io/platform_file.h"
 
-struct CloseFile {
-  void operator()(std::FILE* file) const { std::fclose(file); }
-};
-using File = std::unique_ptr<std::FILE, CloseFile>;
+namespace kurv {
 
 // A file that is read line by line, so that it never has to fit into memory, and reading an endless
 // one fails at the first line that makes no sense.
@@ -41,14 +37,14 @@ class InputFile {
   bool m_line_was_ended = false;
 };
 
-// A file that replaces an older one, which is kept beside it as NAME~ until close(). Where close()
-// is never reached, the incomplete file and the older one both stay. A link is followed, not
-// replaced; a device is written directly, and a pipe is refused.
+// A file that replaces an older one, which is kept until close(), see kept_file.h. Where close() is
+// never reached, the incomplete file and the older one both stay. A link is followed, not replaced;
+// a device is written directly, and a pipe is refused.
 class OutputFile {
  public:
-  // Where `is_truncated` finds that `path` was left incomplete by an earlier write, the complete
-  // NAME~ that was kept then is not overwritten by it.
-  OutputFile(const String& path, bool (*is_truncated)(const String& path));
+  // `is_truncated` finds that `path` was left incomplete by an earlier write: the complete file
+  // that was kept then stays the one that is kept.
+  OutputFile(const String& path, IsTruncated is_truncated);
   ~OutputFile();
   OutputFile(const OutputFile&) = delete;
   OutputFile& operator=(const OutputFile&) = delete;
@@ -60,7 +56,8 @@ class OutputFile {
  private:
   void flush();
 
-  String m_kept;  // where the older file is, empty when there was none
+  String m_path;
+  KeptFile m_kept;
   File m_file;
   String m_buffer;
 };

@@ -104,7 +104,7 @@ class Control {
   // nothing where the graph is saved. MarkerSize, Autoscale and the visibility of function curves
   // are not in the file. Throws kDiskFull, kPathNotFound, kPermissionDenied, kPathFileAccessError,
   // kDeviceIoError, and kSubscriptOutOfRange for more than 30 function curves; the file is then
-  // incomplete, and a file that it would have replaced is kept as NAME~.
+  // incomplete, and a file that it would have replaced is kept as NAME~ or under another free name.
   void Save_graph();
   // Sorts the plotted data by ascending x, points moving whole. Does not redraw.
   void Sort_xy();

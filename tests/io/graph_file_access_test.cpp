@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <csignal>
+#include <cstdlib>
 
 #include "tests/support/graph_files.h"
 
@@ -146,13 +147,119 @@ TEST_F(GraphFileAccess, SavingAgainOnAFullDiskNeverCostsTheOlderGraph) {
 TEST_F(GraphFileAccess, AFileThatIsWholeTakesThePlaceOfTheOneKeptEarlier) {
   ASSERT_EQ(save_to(path("a.gdf")), 0);
   const std::string whole = read("a.gdf");
-  for (const std::string& content : {whole, std::string("no graph at all")}) {
+  for (const std::string& content : {whole, std::string("no graph at all"), whole}) {
     write("a.gdf", content);
-    write("a.gdf~", "kept earlier");
     const FullDisk disk(10);
     EXPECT_EQ(save_to(path("a.gdf")), 61);
     EXPECT_EQ(read("a.gdf~"), content);
+    EXPECT_FALSE(exists("a.gdf~2"));
   }
+}
+
+TEST_F(GraphFileAccess, AnothersFileOfTheKeptNameIsNeverDestroyed) {
+  const std::string kept = "another's";
+  ASSERT_EQ(save_to(path("a.gdf")), 0);
+  const std::string older = read("a.gdf");
+  for (const std::string& content : {older, older.substr(0, 200)}) {
+    write("a.gdf", content);
+    write("a.gdf~", kept);
+    EXPECT_EQ(save_to(path("a.gdf")), 0);
+    EXPECT_EQ(read("a.gdf~"), kept);
+    EXPECT_FALSE(exists("a.gdf~2"));
+  }
+  {
+    const FullDisk disk(10);
+    EXPECT_EQ(save_to(path("a.gdf")), 61);
+    EXPECT_EQ(save_to(path("a.gdf")), 61);
+  }
+  EXPECT_EQ(read("a.gdf~"), kept);
+  EXPECT_EQ(read("a.gdf~2"), older);
+}
+
+// A folder in which the files may be written and nothing else.
+struct ClosedFolder : GraphFileAccess {
+  ClosedFolder() {
+    using std::filesystem::perms;
+    std::filesystem::create_directory(path("tmp"));
+    std::filesystem::permissions(path("tmp"), perms::all);
+    setenv("TMPDIR", path("tmp").c_str(), 1);
+    std::filesystem::create_directory(path("closed"));
+    write("closed/a.gdf", "old graph");
+    std::filesystem::permissions(path("closed/a.gdf"), perms(0666));
+    std::filesystem::permissions(path("closed"), perms(0555));
+  }
+  ~ClosedFolder() override {
+    unsetenv("TMPDIR");
+    std::filesystem::permissions(path("closed"), std::filesystem::perms::all);
+  }
+
+  int save_as_other_user() {
+    const Unprivileged user;
+    return save_to(path("closed/a.gdf"));
+  }
+  // The files in the folder for temporary ones.
+  std::vector<std::filesystem::path> copies() const {
+    return {std::filesystem::directory_iterator(path("tmp")), {}};
+  }
+};
+
+TEST_F(ClosedFolder, AFileIsOverwrittenInPlace) {
+  EXPECT_EQ(save_as_other_user(), 0);
+  EXPECT_EQ(read_lines("closed/a.gdf").size(), 52U);
+  EXPECT_EQ(copies().size(), 0U);
+  EXPECT_FALSE(exists("closed/a.gdf~"));
+}
+
+TEST_F(ClosedFolder, TheCopyOfTheOlderGraphStaysWhereAWriteFails) {
+  {
+    const FullDisk disk(100);
+    EXPECT_EQ(save_as_other_user(), 61);
+    EXPECT_EQ(save_as_other_user(), 61) << "an incomplete file is not copied over the older graph";
+  }
+  EXPECT_EQ(read("closed/a.gdf").size(), 100U);
+  ASSERT_EQ(copies().size(), 1U);
+  const std::string copy = "tmp/" + copies()[0].filename().string();
+  EXPECT_EQ(copy.substr(0, 10), "tmp/a.gdf~");
+  EXPECT_EQ(read(copy), "old graph");
+  using std::filesystem::perms;
+  EXPECT_EQ(std::filesystem::status(path(copy)).permissions(),
+            perms::owner_read | perms::owner_write)
+      << "others may not be able to read the graph where it was";
+  EXPECT_EQ(save_as_other_user(), 0);
+  EXPECT_EQ(copies().size(), 0U);
+}
+
+TEST_F(ClosedFolder, WithoutSpaceForTheCopyTheFileIsAsItWas) {
+  {
+    const FullDisk disk(5);
+    EXPECT_EQ(save_as_other_user(), 61);
+  }
+  EXPECT_EQ(read("closed/a.gdf"), "old graph");
+  EXPECT_EQ(copies().size(), 0U);
+}
+
+TEST_F(ClosedFolder, AFileThatCanOnlyBeWrittenIsOverwrittenToo) {
+  std::filesystem::permissions(path("closed/a.gdf"), std::filesystem::perms(0222));
+  EXPECT_EQ(save_as_other_user(), 0);
+  EXPECT_EQ(read_lines("closed/a.gdf").size(), 52U);
+}
+
+TEST_F(GraphFileAccess, AFileThatCanOnlyBeWrittenIsReplaced) {
+  write("a.gdf", "old graph");
+  std::filesystem::permissions(path("a.gdf"), std::filesystem::perms(0222));
+  {
+    const Unprivileged user;
+    const FullDisk disk(100);
+    EXPECT_EQ(save_to(path("a.gdf")), 61);
+  }
+  EXPECT_EQ(read("a.gdf~"), "old graph");
+  std::filesystem::rename(path("a.gdf~"), path("a.gdf"));
+  {
+    const Unprivileged user;
+    EXPECT_EQ(save_to(path("a.gdf")), 0);
+  }
+  EXPECT_EQ(read_lines("a.gdf").size(), 52U);
+  EXPECT_FALSE(exists("a.gdf~"));
 }
 
 TEST_F(GraphFileAccess, ALargeGraphFillsTheDiskToo) {

@@ -119,13 +119,52 @@ TEST_F(OutputFileTest, WithoutCloseThePartAndTheOlderFileStay) {
 }
 
 TEST_F(OutputFileTest, ATruncatedFileDoesNotReplaceTheCompleteOne) {
-  write("out", "torn");
-  write("out~", "good");
+  write("out", "good");
+  { OutputFile file(path("out"), never_truncated); }
   { OutputFile file(path("out"), always_truncated); }
   EXPECT_EQ(read("out~"), "good");
   OutputFile file(path("out"), always_truncated);
   file.close();
   EXPECT_FALSE(exists("out~"));
+}
+
+TEST_F(OutputFileTest, AnothersFileOfTheNameIsNeverTouched) {
+  for (const auto is_truncated : {never_truncated, always_truncated}) {
+    write("out", "old");
+    write("out~", "another's");
+    write("out~2", "another's");
+    {
+      OutputFile file(path("out"), is_truncated);
+      file.write("part");
+    }
+    EXPECT_EQ(read("out~3"), "old");
+    OutputFile file(path("out"), is_truncated);
+    file.write("new");
+    file.close();
+    EXPECT_EQ(read("out"), "new");
+    EXPECT_EQ(read("out~"), "another's");
+    EXPECT_EQ(read("out~2"), "another's");
+    EXPECT_FALSE(exists("out~3"));
+  }
+}
+
+TEST_F(OutputFileTest, AKeptFileThatAnotherHasReplacedIsNotTouchedEither) {
+  write("out", "old");
+  { OutputFile file(path("out"), never_truncated); }
+  write("out~", "another's");
+  OutputFile file(path("out"), always_truncated);
+  file.close();
+  EXPECT_EQ(read("out~"), "another's");
+  EXPECT_FALSE(exists("out~2"));
+}
+
+TEST_F(OutputFileTest, ALinkOfTheNameIsNotTouchedAlsoWhereItLeadsNowhere) {
+  write("out", "old");
+  std::filesystem::create_symlink("nowhere", path("out~"));
+  OutputFile file(path("out"), never_truncated);
+  EXPECT_EQ(read("out~2"), "old");
+  file.close();
+  EXPECT_TRUE(std::filesystem::is_symlink(path("out~")));
 }
 
 TEST_F(OutputFileTest, LinksKeepPointingWhereTheyPoint) {
@@ -147,11 +186,14 @@ TEST_F(OutputFileTest, WhoCouldNotReadTheOlderFileCannotReadTheNewOne) {
   EXPECT_EQ(std::filesystem::status(path("out")).permissions(), mine);
 }
 
-TEST_F(OutputFileTest, AFolderInThePlaceOfTheKeptFileLeavesEverythingAsItIs) {
+TEST_F(OutputFileTest, AFolderOfTheNameStays) {
   write("out", "old");
   std::filesystem::create_directory(path("out~"));
-  EXPECT_EQ(fault_of([&] { OutputFile(path("out"), never_truncated); }), 75);
-  EXPECT_EQ(read("out"), "old");
+  OutputFile file(path("out"), never_truncated);
+  EXPECT_EQ(read("out~2"), "old");
+  file.close();
+  EXPECT_TRUE(std::filesystem::is_directory(path("out~")));
+  EXPECT_FALSE(exists("out~2"));
 }
 
 TEST_F(InputFileTest, PipeIsRefusedBecauseOpeningItMayWaitForever) {

@@ -1,0 +1,179 @@
+#include "io/kept_file.h"
+
+#include <cerrno>
+#include <cstdint>
+#include <cstdlib>
+#include <filesystem>
+#include <map>
+#include <mutex>
+#include <string>
+#include <system_error>
+
+#include "io/platform_file.h"
+
+namespace kurv {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::size_t kBlock = std::size_t{1} << 16;
+
+// A file as it was when this process kept it: one of the same name that differs is another's.
+struct Earlier {
+  String kept;
+  fs::file_time_type time;
+  std::uintmax_t size = 0;
+
+  friend bool operator==(const Earlier&, const Earlier&) = default;
+};
+
+// The older files of writes that were not completed, by the path that was written.
+struct Memory {
+  std::mutex mutex;
+  std::map<String, Earlier> files;
+};
+
+Memory& memory() {
+  static Memory instance;
+  return instance;
+}
+
+Earlier describe(const String& kept) {
+  std::error_code ignored;
+  return {kept, fs::last_write_time(kept, ignored), fs::file_size(kept, ignored)};
+}
+
+void forget(const String& path) {
+  const std::lock_guard lock(memory().mutex);
+  memory().files.erase(path);
+}
+
+// The file that was kept for this path, empty where there is none or where it has been changed.
+String kept_earlier(const String& path) {
+  const std::lock_guard lock(memory().mutex);
+  const auto found = memory().files.find(path);
+  if (found == memory().files.end()) return {};
+  if (describe(found->second.kept) == found->second) return found->second.kept;
+  memory().files.erase(found);
+  return {};
+}
+
+// Neither creates nor changes it.
+bool can_be_written(const String& path) {
+  if (open_file(path, "r+b")) return true;
+  // It exists, and may be one that cannot be read.
+  return errno == EACCES && open_file(path, "ab");
+}
+
+String free_name(const String& path) {
+  String name = path + '~';
+  std::error_code ignored;
+  for (int number = 2; fs::exists(fs::symlink_status(name, ignored)); ++number) {
+    name = path + '~' + std::to_string(number);
+  }
+  return name;
+}
+
+void transfer(std::FILE* from, std::FILE* to) {
+  String block(kBlock, '\0');
+  std::size_t size = 0;
+  do {
+    size = std::fread(block.data(), 1, block.size(), from);
+    if (std::ferror(from) != 0) throw transfer_fault();
+    if (std::fwrite(block.data(), 1, size, to) != size) throw transfer_fault();
+  } while (size > 0);
+  if (std::fflush(to) != 0) throw transfer_fault();
+}
+
+}  // namespace
+
+KeptFile::KeptFile(const String& path, IsTruncated is_truncated) : m_path(path) {
+  if (!can_be_written(path)) {
+    if (errno == ENOENT) return;
+    throw open_fault(path);
+  }
+  std::error_code ignored;
+  if (!fs::is_regular_file(path, ignored)) return;
+  if (take_earlier(is_truncated)) return;
+  if (!move()) copy();
+}
+
+bool KeptFile::take_earlier(IsTruncated is_truncated) {
+  const String earlier = kept_earlier(m_path);
+  if (earlier.empty()) return false;
+  try {
+    if (!is_truncated(m_path)) {
+      // The file is complete, so what was kept before it is needed no more.
+      std::error_code ignored;
+      fs::remove(earlier, ignored);
+      return false;
+    }
+  } catch (const Fault&) {
+    // It cannot be read, so it may be complete, or not.
+    return false;
+  }
+  m_kept = earlier;
+  m_state = State::kInPlace;
+  return true;
+}
+
+bool KeptFile::move() {
+  std::error_code error;
+  const String kept = free_name(m_path);
+  fs::rename(m_path, kept, error);
+  if (error) return false;
+  m_kept = kept;
+  m_state = State::kMoved;
+  remember();
+  return true;
+}
+
+void KeptFile::copy() {
+  m_state = State::kInPlace;
+  const File from = open_file(m_path, "rb");
+  if (!from) return;
+  std::error_code error;
+  const fs::path folder = fs::temp_directory_path(error);
+  if (error) throw fault_of_error(error.value(), FaultKind::kPathFileAccessError);
+  String name = (folder / fs::path(m_path).filename()).string() + "~XXXXXX";
+  const int descriptor = mkstemp(name.data());
+  if (descriptor < 0) throw open_fault(name);
+  const File to(fdopen(descriptor, "wb"));
+  if (!to) throw open_fault(name);
+  try {
+    transfer(from.get(), to.get());
+  } catch (const Fault&) {
+    fs::remove(name, error);
+    throw;
+  }
+  m_kept = name;
+  remember();
+}
+
+void KeptFile::remember() const {
+  const std::lock_guard lock(memory().mutex);
+  memory().files[m_path] = describe(m_kept);
+}
+
+void KeptFile::copy_permissions() const {
+  std::error_code ignored;
+  if (m_state != State::kMoved) return;
+  fs::permissions(m_path, fs::status(m_kept, ignored).permissions(), ignored);
+}
+
+void KeptFile::restore() {
+  if (m_state != State::kMoved) return;
+  std::error_code ignored;
+  fs::rename(m_kept, m_path, ignored);
+  forget(m_path);
+}
+
+void KeptFile::remove() {
+  if (m_kept.empty()) return;
+  std::error_code ignored;
+  fs::remove(m_kept, ignored);
+  forget(m_path);
+}
+
+}  // namespace kurv
