@@ -1,5 +1,6 @@
 #include "control/derived_curve_wizard.h"
 
+#include <algorithm>
 #include <string_view>
 
 #include <KurvGraph/text.h>
@@ -39,9 +40,18 @@ std::optional<String> check_name(ControlState& state, const String& name) {
   return std::nullopt;
 }
 
+// With several opening brackets, the names of the curves decide where a name in brackets ends, so
+// the evaluator is given them; their values do not matter.
+void set_names(const GraphDocument& document, const String& expression, ExprEvaluator& evaluator) {
+  if (std::count(expression.begin(), expression.end(), '[') < 2) return;
+  for (int c = 1; c <= document.NumY + 1; ++c) evaluator.SetVariable(document.yVarName(c), 0);
+}
+
 std::optional<String> check_expression(ControlState& state, const String& expression) {
   const GraphDocument& document = state.document;
-  const ParsedExpression parsed = state.wizard_evaluator.get().ParseExpression(expression);
+  ExprEvaluator& evaluator = state.wizard_evaluator.get();
+  set_names(document, expression, evaluator);
+  const ParsedExpression parsed = evaluator.ParseExpression(expression);
   if (!parsed.ok) return parsed.message;
   for (const String& name : parsed.variables) {
     if (!is_known(document, name, document.NumY + 1)) {

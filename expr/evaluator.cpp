@@ -86,7 +86,7 @@ const Double* Variables::find(std::string_view name) const {
 class BuiltInEvaluator final : public ExprEvaluator {
  public:
   ParsedExpression ParseExpression(std::string_view text) override {
-    const expr::Compilation compilation = expr::compile(text);
+    const expr::Compilation compilation = compiled(text);
     ParsedExpression parsed{
         compilation.message.empty(), {}, compilation.message, compilation.place};
     for (const expr::Operand& operand : compilation.program.operands()) {
@@ -122,18 +122,32 @@ class BuiltInEvaluator final : public ExprEvaluator {
   void SetExpression(std::string_view text) override {
     if (text == m_text) return;
     // All that can throw comes first, so that the old expression stays valid then.
-    expr::Program program = expr::compile(text).program;
-    std::vector<const Double*> values(program.operands().size());
+    expr::Compilation compilation = compiled(text);
+    std::vector<const Double*> values(compilation.program.operands().size());
     m_text = text;
-    m_program = std::move(program);
+    use(std::move(compilation), std::move(values));
+  }
+
+ private:
+  expr::Compilation compiled(std::string_view text) const {
+    return expr::compile(text, [this](std::string_view name) { return m_variables.find(name); });
+  }
+
+  void use(expr::Compilation compilation, std::vector<const Double*> values) {
+    m_program = std::move(compilation.program);
+    m_depends_on_names = compilation.depends_on_names;
     m_values = std::move(values);
     m_bound = false;
   }
 
- private:
   // Looks up the addresses of the operands' values. A variable that is defined later clears
-  // m_bound.
+  // m_bound, and may be what a bracket of the expression means.
   void bind() {
+    if (m_depends_on_names) {
+      expr::Compilation compilation = compiled(m_text);
+      std::vector<const Double*> values(compilation.program.operands().size());
+      use(std::move(compilation), std::move(values));
+    }
     const auto value_of = [this](const expr::Operand& operand) {
       if (operand.name.empty()) return &operand.number;
       const Double* const value = m_variables.find(operand.name);
@@ -149,6 +163,7 @@ class BuiltInEvaluator final : public ExprEvaluator {
   expr::Program m_program;
   std::vector<const Double*> m_values;  // one for each of the program's operands
   unsigned m_evaluations = 0;
+  bool m_depends_on_names = false;  // another definition may change the program
   bool m_bound = true;
   bool m_failed = false;
 };

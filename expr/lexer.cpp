@@ -8,11 +8,11 @@ Token Lexer::next() {
   m_at = m_text.find_first_not_of(" \t\r\n", m_at);
   if (m_at == std::string_view::npos) {
     m_at = m_text.size();
-    return {TokenKind::kEnd, {}};
+    return {};
   }
   if (const std::size_t size = number_size(); size > 0) return take(TokenKind::kNumber, size);
   if (const std::size_t size = name_size(); size > 0) return take(TokenKind::kName, size);
-  if (m_text[m_at] == '[') return take_quoted_name();
+  if (m_text[m_at] == '[') return take_bracketed_name();
   constexpr std::string_view kSymbols = "+-*/^(),";
   if (kSymbols.find(m_text[m_at]) != std::string_view::npos) return take(TokenKind::kSymbol, 1);
 
@@ -22,14 +22,15 @@ Token Lexer::next() {
 }
 
 Token Lexer::take(TokenKind kind, std::size_t size) {
-  const Token token{kind, m_text.substr(m_at, size)};
+  const Token token{kind, m_text.substr(m_at, size), false};
   m_at += size;
   return token;
 }
 
-Token Lexer::take_quoted_name() {
-  for (std::size_t at = m_at; at < m_text.size();) {
-    if (m_text[at] == ']') return take(TokenKind::kQuotedName, at + 1 - m_at);
+Token Lexer::take_bracketed_name() {
+  const BracketedName name = bracketed_name_at(m_text, m_at, *m_is_defined);
+  const std::size_t end = name.size > 0 ? m_at + name.size : m_text.size();
+  for (std::size_t at = m_at; at < end;) {
     const std::size_t size = character_at(m_text, at).size;
     if (size == 0) {
       m_at = at;
@@ -37,7 +38,10 @@ Token Lexer::take_quoted_name() {
     }
     at += size;
   }
-  return take(TokenKind::kUnclosedBracket, m_text.size() - m_at);
+  if (name.size == 0) return take(TokenKind::kUnclosedBracket, end - m_at);
+  Token token = take(name.doubled ? TokenKind::kQuotedName : TokenKind::kMatchedName, name.size);
+  token.depends_on_names = name.depends_on_names;
+  return token;
 }
 
 // The position after the digits that begin at `at`.
@@ -82,7 +86,8 @@ std::size_t Lexer::name_size() const {
 }
 
 bool is_name(std::string_view text) {
-  const Token token = Lexer(text).next();
+  const IsDefined none;
+  const Token token = Lexer(text, none).next();
   return token.kind == TokenKind::kName && token.text.size() == text.size();
 }
 

@@ -1,5 +1,6 @@
 #include "expr/parser.h"
 
+#include <deque>
 #include <limits>
 #include <optional>
 #include <unordered_map>
@@ -26,7 +27,8 @@ namespace {
 // its right operand, but never its left one, so the depth of the stack is never negative.
 class Parser {
  public:
-  explicit Parser(std::string_view text) : m_text(text), m_lexer(text) {}
+  Parser(std::string_view text, const IsDefined& is_defined)
+      : m_text(text), m_lexer(text, is_defined) {}
 
   Compilation compile();
 
@@ -39,6 +41,7 @@ class Parser {
   void power();
   void primary();
   void name(const Token& token);
+  void bracketed_name(const Token& token);
   void call(const Token& token, std::size_t function);
   void number(const Token& token);
   void variable(std::string_view name);
@@ -49,6 +52,7 @@ class Parser {
   void nested(Production production);
   bool accept(std::string_view symbol);
   Token advance();
+  void read_token();
 
   std::size_t place_of(const Token& token) const;
   std::size_t last_place() const;
@@ -61,12 +65,13 @@ class Parser {
   std::size_t m_consumed = 0;  // bytes, to the end of the last token that was consumed
   int m_nesting = 0;
   std::unordered_map<std::string_view, std::size_t> m_variables;  // positions as operands
+  std::deque<String> m_undoubled;  // the names among them that are not written so in the text
   Compilation m_result;
 };
 
 // text = expression end
 Compilation Parser::compile() {
-  m_current = m_lexer.next();
+  read_token();
   expression();
   if (m_current.kind != TokenKind::kEnd) fail_at(misplaced_message, m_current);
   if (!m_result.message.empty()) m_result.program = {};
@@ -130,7 +135,7 @@ void Parser::power() {
   m_result.program.add_operation(Opcode::kPower);
 }
 
-// primary = number | name | quoted name | "(" expression ")"
+// primary = number | name | bracketed name | "(" expression ")"
 void Parser::primary() {
   if (accept("(")) {
     nested(&Parser::expression);
@@ -139,11 +144,9 @@ void Parser::primary() {
     number(advance());
   } else if (m_current.kind == TokenKind::kName) {
     name(advance());
-  } else if (m_current.kind == TokenKind::kQuotedName) {
-    const Token token = advance();
-    const std::string_view inside = trim_blanks(token.text.substr(1, token.text.size() - 2));
-    if (inside.empty()) return fail(nameless_brackets_message(place_of(token)), place_of(token));
-    variable(inside);
+  } else if (m_current.kind == TokenKind::kQuotedName ||
+             m_current.kind == TokenKind::kMatchedName) {
+    bracketed_name(advance());
   } else {
     report_missing_operand();
   }
@@ -159,6 +162,17 @@ void Parser::name(const Token& token) {
     return push_number(*constant);
   }
   variable(token.text);
+}
+
+// bracketed name = quoted name | matched name
+void Parser::bracketed_name(const Token& token) {
+  std::string_view inside = token.text.substr(1, token.text.size() - 2);
+  if (token.kind == TokenKind::kQuotedName && inside.find("]]") != inside.npos) {
+    inside = m_undoubled.emplace_back(without_doubled_brackets(inside));
+  }
+  inside = trim_blanks(inside);
+  if (inside.empty()) return fail(nameless_brackets_message(place_of(token)), place_of(token));
+  variable(inside);
 }
 
 // call = function "(" [expression {"," expression}] ")", with as many as the function takes
@@ -238,8 +252,13 @@ bool Parser::accept(std::string_view symbol) {
 Token Parser::advance() {
   const Token token = m_current;
   m_consumed = static_cast<std::size_t>(token.text.data() - m_text.data()) + token.text.size();
-  m_current = m_lexer.next();
+  read_token();
   return token;
+}
+
+void Parser::read_token() {
+  m_current = m_lexer.next();
+  if (m_current.depends_on_names) m_result.depends_on_names = true;
 }
 
 // The character at which a token begins, from 1. It is counted only for an error message.
@@ -259,7 +278,7 @@ void Parser::fail(String message, std::size_t place) {
     m_result.place = static_cast<Integer>(place);
   }
   m_current = {};
-  m_lexer = Lexer({});
+  m_lexer.stop();
 }
 
 // A token that is allowed nowhere is reported as such, whatever was expected in its place.
@@ -270,9 +289,9 @@ void Parser::fail_at(String (*message)(const Token&, std::size_t), const Token& 
 
 }  // namespace
 
-Compilation compile(std::string_view text) {
-  if (text.size() > kMaxLength) return {{}, too_long_message(text.size()), 0};
-  return Parser(text).compile();
+Compilation compile(std::string_view text, const IsDefined& is_defined) {
+  if (text.size() > kMaxLength) return {{}, too_long_message(text.size()), 0, false};
+  return Parser(text, is_defined).compile();
 }
 
 bool is_variable_name(std::string_view text) {

@@ -6,6 +6,7 @@
 
 #include <KurvGraph/values.h>
 
+#include "expr/bracketed_name.h"
 #include "expr/program.h"
 
 namespace kurv::expr {
@@ -20,9 +21,11 @@ struct Compilation {
   Program program;    // empty when the text is no expression
   String message;     // one whole sentence then, otherwise empty
   Integer place = 0;  // the character, from 1, that the sentence names; 0 where it names none
+  bool depends_on_names = false;  // whether another definition may change any of it
 };
 
-Compilation compile(std::string_view text);
+// Which variables are defined decides where a name in brackets ends.
+Compilation compile(std::string_view text, const IsDefined& is_defined = {});
 
 // Whether the text can be written in an expression, without brackets, as the name of a variable.
 bool is_variable_name(std::string_view text);

@@ -4,6 +4,7 @@
 #include <KurvGraph/expr_evaluator.h>
 #include <KurvGraph/number_text.h>
 #include <KurvGraph/text.h>
+#include <KurvGraph/variable_text.h>
 
 #include <algorithm>
 #include <cmath>
@@ -17,10 +18,19 @@ namespace kurv::app {
 
 namespace {
 
-// A variable's name may be in brackets, as in an expression.
-std::string_view unquoted(std::string_view name) {
-  const bool quoted = name.size() >= 2 && name.front() == '[' && name.back() == ']';
-  return quoted ? trim_whitespace(name.substr(1, name.size() - 2)) : name;
+// A variable's name may be in brackets, as in an expression. A text that is more than one name in
+// brackets is a name as it is, such as "[H] to [OH]".
+std::string name_in(ExprEvaluator& evaluator, std::string_view text) {
+  if (!text.starts_with('[') || !text.ends_with(']')) return std::string(text);
+  if (trim_whitespace(text.substr(1, text.size() - 2)).empty()) return {};
+  const ParsedExpression parsed = evaluator.ParseExpression(text);
+  const bool is_name = parsed.ok && parsed.variables.size() == 1;
+  return is_name ? parsed.variables.front() : std::string(text);
+}
+
+// The name as a value is given to it: in brackets where it would lose its own.
+std::string as_given(const std::string& name) {
+  return name.starts_with('[') ? variable_text(name) : name;
 }
 
 // Gives the evaluator the values and returns the names that have one.
@@ -28,7 +38,8 @@ std::vector<std::string> assign(ExprEvaluator& evaluator, const Assignments& val
   std::vector<std::string> names;
   for (const std::string& text : values) {
     const std::size_t sign = text.rfind('=');
-    const std::string_view name = unquoted(trim_whitespace(std::string_view(text).substr(0, sign)));
+    const std::string name =
+        name_in(evaluator, trim_whitespace(std::string_view(text).substr(0, sign)));
     if (sign == std::string::npos || name.empty()) {
       throw UserError("A value is given as name=value, not as " + in_quotes(text) + ".");
     }
@@ -41,7 +52,7 @@ std::vector<std::string> assign(ExprEvaluator& evaluator, const Assignments& val
       throw UserError("The value of " + in_quotes(name) + " is not finite; give it a number.");
     }
     evaluator.SetVariable(name, *number);
-    names.emplace_back(name);
+    names.push_back(name);
   }
   return names;
 }
@@ -50,13 +61,14 @@ std::vector<std::string> assign(ExprEvaluator& evaluator, const Assignments& val
 
 std::string evaluate(std::string_view expression, const Assignments& values) {
   const auto evaluator = create<ExprEvaluator>(kExprEvaluatorClass);
+  // Before the expression, because the names may decide where one of its brackets ends.
+  const std::vector<std::string> known = assign(*evaluator, values);
   const ParsedExpression parsed = evaluator->ParseExpression(expression);
   if (!parsed.ok) throw UserError(parsed.message);
-  const std::vector<std::string> known = assign(*evaluator, values);
   for (const std::string& name : parsed.variables) {
     if (std::find(known.begin(), known.end(), name) == known.end()) {
-      throw UserError("The variable " + in_quotes(name) + " has no value; give it one as " + name +
-                      "=1.");
+      throw UserError("The variable " + in_quotes(name) + " has no value; give it one as " +
+                      as_given(name) + "=1.");
     }
   }
   evaluator->SetExpression(expression);

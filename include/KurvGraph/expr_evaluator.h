@@ -27,7 +27,8 @@ struct ParsedExpression {
 
 class ExprEvaluator : public Service {
  public:
-  // Changes neither the current expression nor the variables.
+  // Changes neither the current expression nor the variables. The variables that are set may decide
+  // how a name is read that could be read in two ways; nothing else depends on them.
   virtual ParsedExpression ParseExpression(std::string_view text) = 0;
 
   // Whether the text, with or without blanks around it, can be used in an expression as a variable.

@@ -120,6 +120,24 @@ TEST_F(Derived, ANameOfSeveralWordsIsQuoted) {
   EXPECT_THAT(curve(3), ElementsAre(31, 12, 20));
 }
 
+TEST_F(Derived, ANameWithBracketsIsQuotedEitherWay) {
+  load({"time [s]", "Temp [C]", "a]b"});
+  run({"d", "[time [s]]+[Temp [C]]"});
+  EXPECT_THAT(messages(), IsEmpty());
+  EXPECT_THAT(curve(3), ElementsAre(33, 11, 22));
+  EXPECT_EQ(host.control.derive("e", "[time [s]]]+[Temp [C]]]*[a]]b]"), std::nullopt);
+  EXPECT_THAT(curve(4), ElementsAre(33, 21, 2));
+  EXPECT_EQ(host.control.derive("f", "[time [m]]"), "'time [m]' is not a known scatter curve name");
+}
+
+TEST_F(Derived, TheNamesOfTheCurvesDecideWhereABracketEnds) {
+  load({"x", "time [s]*[x", "time [s"});
+  EXPECT_EQ(host.control.derive("d", "[time [s]]*[x]"), std::nullopt);
+  EXPECT_THAT(curve(3), ElementsAre(30, 10, 20));
+  EXPECT_EQ(host.control.derive("e", "[time [s]+[x]"), std::nullopt);
+  EXPECT_THAT(curve(4), ElementsAre(4, 3, 2));
+}
+
 TEST_F(Derived, StoredNamesAreComparedWithoutTheirOuterBlanks) {
   load({" x", "up ", "down"});
   run({"x", "up", "d", "x+up"});

@@ -11,10 +11,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 namespace {
 
 constexpr std::string_view kPieces[] = {
-    "x", "y", "[body mass]", "1",    "2.5", ".",   "e",    "1e3", "(",    ")",       "+",    "-",
-    "*", "/", "^",           ",",    "sin", "(",   "max(", "pi",  "min(", "atan2(",  "log(", "[",
-    "]", " ", "é",           "\xFF", "²",   "foo", "sqrt", "0",   "\n",   "1e999",   "mod(", ")",
-    ")", "X", "\t",          "%",    "x)",  "^-",  "--",   "温",  "9",    "\xE2\x82"};
+    "x",    "y",       "[body mass]", "1",     "2.5",  ".",  "e",   "1e3",     "(",    ")",
+    "+",    "-",       "*",           "/",     "^",    ",",  "sin", "(",       "max(", "pi",
+    "min(", "atan2(",  "log(",        "[",     "]",    " ",  "é",   "\xFF",    "²",    "foo",
+    "sqrt", "0",       "\n",          "1e999", "mod(", ")",  ")",   "X",       "\t",   "%",
+    "]]",   "[a [b]]", "x)",          "^-",    "--",   "温", "9",   "\xE2\x82"};
 
 void run(const std::string& text) {
   std::string bytes = text;

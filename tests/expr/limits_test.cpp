@@ -68,8 +68,9 @@ TEST(Limits, AsManyVariablesAsFit) {
 }
 
 TEST(Limits, HostileTextsAreRefused) {
-  for (const std::string_view part : {"(", "-", "[", "sin(", "max(1,", "1^", "x ", "\xFF", "((1)",
-                                      ")", ",", "1e", "[]", "é", "atan2(", "max(1,1),", ".", "^"}) {
+  for (const std::string_view part :
+       {"(", "-",  "[",  "sin(", "max(1,",   "1^",  "x ",     "\xFF",      "((1)", ")",
+        ",", "1e", "[]", "é",    "[a [b]]+", "[[]", "atan2(", "max(1,1),", ".",    "^"}) {
     for (const std::size_t count : {1U, 300U, 3000U, 3'000'000U}) {
       const String text = repeated(part, count) + "+";
       const String message = message_of(text);

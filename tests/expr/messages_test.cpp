@@ -94,6 +94,9 @@ TEST(Messages, Functions) {
 TEST(Messages, Brackets) {
   expect_messages({{"[body mass", "The bracket at character 1 is not closed.", 1},
                    {"1+[", "The bracket at character 3 is not closed.", 3},
+                   {"[a]]", "The bracket at character 1 is not closed.", 1},
+                   {"[a]+[b [c]]]]", "The bracket at character 5 is not closed.", 5},
+                   {"[a [b] c] ]", "The closing bracket at character 11 has no opening one.", 11},
                    {"x]", "The closing bracket at character 2 has no opening one.", 2},
                    {"[]", "The brackets at character 1 hold no name.", 1},
                    {"2*[  ]", "The brackets at character 3 hold no name.", 3}});
@@ -120,6 +123,7 @@ TEST(Messages, BrokenText) {
   expect_messages({{"1+\xFF", "The text is not valid UTF-8 at character 3.", 3},
                    {"\xC3", "The text is not valid UTF-8 at character 1.", 1},
                    {"x\xC3(", "The text is not valid UTF-8 at character 2.", 2},
+                   {"[a [b] \x80]", "The text is not valid UTF-8 at character 8.", 8},
                    {"[a\x80]", "The text is not valid UTF-8 at character 3.", 3},
                    {"\xC0\xAF", "The text is not valid UTF-8 at character 1.", 1},
                    {"\xED\xA0\x80", "The text is not valid UTF-8 at character 1.", 1},

@@ -1,6 +1,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <KurvGraph/variable_text.h>
+
+#include <random>
+
 #include "tests/expr/evaluate.h"
 
 namespace kurv {
@@ -81,6 +85,70 @@ TEST(Names, BracketsQuoteAnyName) {
     const String text = "2*[" + String(name) + "]";
     EXPECT_EQ(evaluate(text, {{name, 21}}).value, 42) << name;
     EXPECT_THAT(variables_of(text), ElementsAre(name));
+  }
+}
+
+TEST(Names, DoubledClosingBracketIsOne) {
+  EXPECT_THAT(variables_of("[a]]b]"), ElementsAre("a]b"));
+  EXPECT_THAT(variables_of("[]]]"), ElementsAre("]"));
+  EXPECT_THAT(variables_of("[a]]]+[]]b]"), ElementsAre("a]", "]b"));
+  EXPECT_THAT(variables_of("[Temp [C]]]*[Temp [C]]]"), ElementsAre("Temp [C]"));
+  EXPECT_EQ(evaluate("2*[a]]b]", {{"a]b", 21}}).value, 42);
+}
+
+TEST(Names, BracketsOfANameMayMatchInstead) {
+  EXPECT_THAT(variables_of("[Temp [C]]"), ElementsAre("Temp [C]"));
+  EXPECT_THAT(variables_of("[Temp [C]]+[Temp [C]]]"), ElementsAre("Temp [C]"));
+  EXPECT_THAT(variables_of("[ time [s] total ]/[time [s]]"),
+              ElementsAre("time [s] total", "time [s]"));
+  EXPECT_THAT(variables_of("[time [s]]*[x]"), ElementsAre("time [s]", "x"));
+  EXPECT_THAT(variables_of("[a [[b]] c]"), ElementsAre("a [[b]] c"));
+  EXPECT_THAT(variables_of("[[s]]"), ElementsAre("[s]"));
+  EXPECT_EQ(evaluate("[Temp [C]]+273.15", {{"Temp [C]", 20}}).value, 293.15);
+}
+
+TEST(Names, FirstClosingBracketEndsANameThatHasNoMatch) {
+  EXPECT_THAT(variables_of("[a[b]"), ElementsAre("a[b"));
+  EXPECT_THAT(variables_of("[a[b]+[c]"), ElementsAre("a[b", "c"));
+  EXPECT_THAT(variables_of("[a[b]*[a[b]"), ElementsAre("a[b"));
+  EXPECT_THAT(variables_of("[[]"), ElementsAre("["));
+}
+
+TEST(Names, DefinedVariablesDecideWhereABracketEnds) {
+  constexpr const char* kText = "[time [s]]*[x]";
+  EXPECT_EQ(evaluate(kText, {{"time [s]", 6}, {"x", 7}}).value, 42);
+  EXPECT_EQ(evaluate(kText, {{"time [s]*[x", 5}}).value, 5);
+  EXPECT_EQ(evaluate(kText, {{"time [s]", 6}, {"x", 7}, {"time [s]*[x", 5}}).value, 5);
+  constexpr const char* kQuotient = "[ratio [A]]/[B]]]";
+  EXPECT_EQ(evaluate(kQuotient, {{"ratio [A]/[B]", 5}}).value, 5);
+  EXPECT_EQ(evaluate(kQuotient, {{"ratio [A]", 8}, {"B]", 2}}).value, 4);
+  EXPECT_THAT(variables_of(kQuotient), ElementsAre("ratio [A]/[B]"));
+}
+
+TEST(Names, DefinitionAfterTheExpressionDecidesToo) {
+  const auto evaluator = make_evaluator();
+  evaluator->SetVariable("time [s]", 6);
+  evaluator->SetVariable("x", 7);
+  evaluator->SetExpression("[time [s]]*[x]");
+  EXPECT_EQ(evaluator->Evaluate(), 42);
+  evaluator->SetVariable("time [s]*[x", 5);
+  EXPECT_EQ(evaluator->Evaluate(), 5);
+  EXPECT_THAT(evaluator->ParseExpression("[time [s]]*[x]").variables, ElementsAre("time [s]*[x"));
+}
+
+TEST(Names, TextOfAVariableMeansIt) {
+  EXPECT_EQ(variable_text("x"), "x");
+  EXPECT_EQ(variable_text(" body mass "), "[body mass]");
+  EXPECT_EQ(variable_text("max"), "[max]");
+  EXPECT_EQ(variable_text("Temp [C]"), "[Temp [C]]]");
+  EXPECT_EQ(variable_text("]"), "[]]]");
+  std::mt19937 random(7);
+  for (int i = 0; i < 20000; ++i) {
+    String name;
+    for (int n = static_cast<int>(random() % 12); n >= 0; --n) name += "ab[[]]*+ "[random() % 9];
+    if (name.find_first_not_of(' ') == String::npos) continue;
+    const String text = variable_text(name);
+    EXPECT_EQ(evaluate("1+" + text + "*2", {{name, 21}}).value, 43) << text;
   }
 }
 

@@ -25,11 +25,17 @@ TEST(Eval, PrintsTheValueInItsShortestForm) {
   EXPECT_EQ(evaluate("1e20*1.5", {}), "1.5E+20");
   EXPECT_EQ(evaluate("[a=b]", {"[a=b]=3"}), "3");
   EXPECT_EQ(evaluate("[body mass]/2 + [max]", {"body mass = 10", "[max]=1"}), "6");
+  EXPECT_EQ(evaluate("[Temp [C]]+273", {"Temp [C]=20"}), "293");
+  EXPECT_EQ(evaluate("[Temp [C]]]+273", {"[Temp [C]]]=20"}), "293");
+  EXPECT_EQ(evaluate("[[C]]/[a]]b]", {"[[C]]]=6", "a]b=2"}), "3");
+  EXPECT_EQ(evaluate("[[H] to [OH]]", {"[H] to [OH]=4"}), "4");
 }
 
 TEST(Eval, SaysWhatIsWrongInASentence) {
   EXPECT_EQ(refusal("(1+2"), "A closing parenthesis is missing after character 4.");
   EXPECT_EQ(refusal("x+y", {"x=1"}), "The variable \"y\" has no value; give it one as y=1.");
+  EXPECT_EQ(refusal("[[C]]"), "The variable \"[C]\" has no value; give it one as [[C]]]=1.");
+  EXPECT_EQ(refusal("x", {"[ ]=1"}), "A value is given as name=value, not as \"[ ]=1\".");
   EXPECT_EQ(refusal("x", {"x"}), "A value is given as name=value, not as \"x\".");
   EXPECT_EQ(refusal("x", {"x=two"}), "The value of \"x\" is not a number: \"two\".");
   EXPECT_EQ(refusal("x", {"x=NaN"}), "The value of \"x\" is not finite; give it a number.");
