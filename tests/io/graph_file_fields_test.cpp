@@ -1,8 +1,13 @@
 #include <KurvGraph/graph_file_fields.h>
 #include <gtest/gtest.h>
 
+#include <fstream>
+#include <regex>
 #include <set>
 #include <stdexcept>
+#include <string>
+#include <utility>
+#include <vector>
 
 #include "tests/support/graph_files.h"
 
@@ -50,6 +55,70 @@ TEST(GraphFileFields, TheListsAreInTheOrderOfTheirLines) {
     }
     EXPECT_EQ(graph_file_length(curves), next_line - 1);
   }
+}
+
+// The rows of the table in docs/graph-file.md, without its head: the cells "Lines" and "Names".
+std::vector<std::pair<std::string, std::string>> rows_of_the_page() {
+  std::ifstream page(KURV_SOURCE_DIR "/docs/graph-file.md");
+  std::vector<std::pair<std::string, std::string>> rows;
+  const std::regex row("\\| ([^|]*) \\| (`[^|]*`) \\|.*");
+  std::smatch cells;
+  for (std::string line; std::getline(page, line);) {
+    if (std::regex_match(line, cells, row)) rows.emplace_back(cells[1], cells[2]);
+  }
+  return rows;
+}
+
+// "2, 6" are two lines, "3 to 5" three, and "then" none.
+std::vector<std::size_t> line_numbers(const std::string& cell) {
+  std::vector<std::size_t> numbers;
+  const std::regex number_or_range("(\\d+)(?: to (\\d+))?");
+  for (std::sregex_iterator match(cell.begin(), cell.end(), number_or_range), end; match != end;
+       ++match) {
+    const std::size_t first = std::stoul((*match)[1]);
+    const std::size_t last = (*match)[2].matched ? std::stoul((*match)[2]) : first;
+    for (std::size_t number = first; number <= last; ++number) numbers.push_back(number);
+  }
+  return numbers;
+}
+
+std::vector<std::string> names_in(const std::string& cell) {
+  std::vector<std::string> names;
+  const std::regex name("`([^`]*)`");
+  for (std::sregex_iterator match(cell.begin(), cell.end(), name), end; match != end; ++match) {
+    names.push_back((*match)[1]);
+  }
+  return names;
+}
+
+TEST(GraphFileFields, ThePageHasEveryLineUnderItsNumber) {
+  std::vector<std::string> expected(1);  // counted from 1
+  for (const GraphFileField& field : graph_file_fields()) expected.emplace_back(field.name);
+  const std::size_t first_list_line = expected.size();
+  std::vector<std::string> expected_lists;
+  for (const GraphFileList& list : graph_file_lists(0)) expected_lists.emplace_back(list.name);
+
+  std::vector<std::string> lines(first_list_line);
+  std::vector<std::string> lists;
+  for (const auto& [cell, names] : rows_of_the_page()) {
+    const std::vector<std::size_t> numbers = line_numbers(cell);
+    const std::vector<std::string> row_names = names_in(names);
+    if (numbers.empty() || numbers.front() >= first_list_line) {
+      if (!numbers.empty()) {
+        EXPECT_EQ(numbers.front(), first_list_line) << cell;
+      }
+      lists.insert(lists.end(), row_names.begin(), row_names.end());
+      continue;
+    }
+    ASSERT_EQ(numbers.size(), row_names.size()) << cell;
+    for (std::size_t i = 0; i < numbers.size(); ++i) {
+      ASSERT_LT(numbers[i], lines.size()) << cell;
+      EXPECT_EQ(lines[numbers[i]], "") << "line " << numbers[i] << " is there twice";
+      lines[numbers[i]] = row_names[i];
+    }
+  }
+  EXPECT_EQ(lines, expected);
+  EXPECT_EQ(lists, expected_lists);
 }
 
 }  // namespace
