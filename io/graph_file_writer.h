@@ -12,8 +12,8 @@
 
 namespace kurv {
 
-// The digits of both numbers in a row, read as one number, times three, in hexadecimal: "1E" for
-// version 1.0.
+// Part of the file format: concatenates the decimal digits of both numbers, multiplies by three and
+// writes the result in hexadecimal, "1E" for version 1.0.
 String version_stamp(int major, int minor);
 
 // The control's outer size, twips.

@@ -1,4 +1,4 @@
-// A number as its decimal digits: the form between a text and a Double.
+// A parsed decimal number: digits and the position of the point.
 #pragma once
 
 #include <cstdint>

@@ -1,4 +1,4 @@
-// A fast path for numbers as nearly all of them are written: a file may hold millions.
+// A fast path for numbers in the usual notation: a file may hold millions.
 #pragma once
 
 #include <charconv>

@@ -139,7 +139,7 @@ TEST_F(GraphFileReaderTest, ADataLineNeedsAsManyValuesAsThereArePoints) {
   EXPECT_EQ(fault_with(48, "x,2"), 13) << "the first thing wrong is what counts";
 }
 
-// Most numbers of a line are read quickly, and from the first odd one on the usual way.
+// A number in the usual notation is read by a fast path, any other by the general parser.
 TEST_F(GraphFileReaderTest, EachNumberOfALineIsWhatItIsByItself) {
   const std::vector<std::vector<std::string>> lines = {
       {"1", " 2 ", "-.5"},   {"+3", "1E+2", "0"},      {" Inf ", "-7", "NaN"}, {"1e5", ".25", " 8"},
