@@ -135,9 +135,9 @@ constexpr double kFullTurn = 2 * std::numbers::pi;
 // A circle of radius zero: its coverage is computed as that of the arc, so the two join without an
 // edge.
 void add_dot(Coverage& mask, const Pen& pen, double x, double y) {
-  constexpr double kLargest = FLT_MAX;
-  const Point at{static_cast<float>(std::clamp(x, -kLargest, kLargest)),
-                 static_cast<float>(std::clamp(y, -kLargest, kLargest))};
+  constexpr double kMaxFloat = FLT_MAX;
+  const Point at{static_cast<float>(std::clamp(x, -kMaxFloat, kMaxFloat)),
+                 static_cast<float>(std::clamp(y, -kMaxFloat, kMaxFloat))};
   RingFiller(mask, pen, at, 0, Sector()).fill();
 }
 

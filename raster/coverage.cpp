@@ -34,8 +34,8 @@ Coverage::Coverage(int width, int height)
     : m_width(width),
       m_height(height),
       m_stride(stride_of(width)),
-      m_spans((static_cast<std::size_t>(height) + kBand - 1) / kBand, Span{width, 0}),
-      m_values(m_spans.size() * kBand * static_cast<std::size_t>(m_stride) + 2 * kMargin) {}
+      m_touched((static_cast<std::size_t>(height) + kBand - 1) / kBand, TouchedColumns{width, 0}),
+      m_values(m_touched.size() * kBand * static_cast<std::size_t>(m_stride) + 2 * kMargin) {}
 
 void Coverage::flush(const Canvas& canvas, std::uint32_t colour) {
   for_each_touched([&](int top, int first, int end) {
@@ -52,7 +52,7 @@ void Coverage::clear() {
       std::fill(row(y) + first, row(y) + end, std::uint8_t{0});
     }
   });
-  std::fill(m_spans.begin(), m_spans.end(), Span{m_width, 0});
+  std::fill(m_touched.begin(), m_touched.end(), TouchedColumns{m_width, 0});
 }
 
 }  // namespace kurv::raster

@@ -35,17 +35,18 @@ class Coverage {
   // Records that columns first..end-1, at least one and all inside the mask, may be non-zero in row
   // y and in the other rows of its band.
   void touch(int y, int first, int end) {
-    Span& span = m_spans[static_cast<std::size_t>(y) / kBand];
-    span.first = std::min(span.first, first);
-    span.end = std::max(span.end, end);
+    TouchedColumns& touched = m_touched[static_cast<std::size_t>(y) / kBand];
+    touched.first = std::min(touched.first, first);
+    touched.end = std::max(touched.end, end);
   }
 
   // Calls visit(first row, first column, end column) for each band that was touched.
   template <class Visit>
   void for_each_touched(const Visit& visit) const {
-    for (std::size_t band = 0; band < m_spans.size(); ++band) {
-      const Span& span = m_spans[band];
-      if (span.first < span.end) visit(static_cast<int>(band) * kBand, span.first, span.end);
+    for (std::size_t band = 0; band < m_touched.size(); ++band) {
+      const TouchedColumns& touched = m_touched[band];
+      if (touched.first >= touched.end) continue;
+      visit(static_cast<int>(band) * kBand, touched.first, touched.end);
     }
   }
 
@@ -56,7 +57,7 @@ class Coverage {
 
  private:
   // The touched columns of a band; none where `end` <= `first`.
-  struct Span {
+  struct TouchedColumns {
     int first;
     int end;
   };
@@ -64,7 +65,7 @@ class Coverage {
   int m_width;
   int m_height;
   std::ptrdiff_t m_stride;
-  std::vector<Span> m_spans;
+  std::vector<TouchedColumns> m_touched;
   std::vector<std::uint8_t> m_values;
 };
 

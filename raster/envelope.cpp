@@ -17,12 +17,12 @@ void Envelope::configure(const Subcolumns& subcolumns, double half_width) {
   const double half_subcolumns = half_width * subcolumns.per_pixel();
   m_reach = static_cast<int>(half_subcolumns + 0.5);
   m_last_node = subcolumns.count() + 2 * m_reach;
-  m_rim = static_cast<float>(half_subcolumns + 0.5 - m_reach);
-  m_discs.clear();
+  m_reach_fraction = static_cast<float>(half_subcolumns + 0.5 - m_reach);
+  m_disc_half_heights.clear();
   for (int k = 0; k < m_reach; ++k) {
     // In the subcolumn between two nodes the line passes the middle itself.
     const double distance = k == 0 ? 0 : (k + 0.5) / subcolumns.per_pixel();
-    m_discs.push_back(static_cast<float>(
+    m_disc_half_heights.push_back(static_cast<float>(
         std::sqrt(std::max(0.0, half_width * half_width - distance * distance))));
   }
   m_half_width = static_cast<float>(half_width);
@@ -54,9 +54,9 @@ void Envelope::dilate(int first, int last, Subcolumns& subcolumns, const FrontTo
       std::fill_n(m_bottom.begin(), count, kEmptyHigh);
       dilate_by_discs(piece, count);
       if (run) {
-        dilate_by_rims_of(*run, piece, count);
-      } else if (m_rim > 0) {
-        dilate_by_rims(piece, count);
+        dilate_by_fractional_reach_of(*run, piece, count);
+      } else if (m_reach_fraction > 0) {
+        dilate_by_fractional_reach(piece, count);
       }
       const auto size = static_cast<std::size_t>(count);
       subcolumns.cover(piece, {m_top.data(), size}, {m_bottom.data(), size});
@@ -100,7 +100,7 @@ void Envelope::dilate_by_discs(int begin, int count) {
   float* const top = m_top.data();
   float* const bottom = m_bottom.data();
   for (int k = 0; k < m_reach; ++k) {
-    const float half = m_discs[static_cast<std::size_t>(k)];
+    const float half = m_disc_half_heights[static_cast<std::size_t>(k)];
     const float* const low_left = m_low.data() + 1 + begin + m_reach - k;
     const float* const low_right = m_low.data() + 1 + begin + m_reach + 1 + k;
     const float* const high_left = m_high.data() + 1 + begin + m_reach - k;
@@ -112,14 +112,14 @@ void Envelope::dilate_by_discs(int begin, int count) {
   }
 }
 
-// Dilates by the rims of the discs, which have no height: there the line is interpolated between
-// two nodes.
-void Envelope::dilate_by_rims(int begin, int count) {
+// Dilates by the rims of the discs, which end between two nodes: there the line is interpolated.
+// A disc has no height at its rim.
+void Envelope::dilate_by_fractional_reach(int begin, int count) {
   const float* const low_left = m_low.data() + 1 + begin;
   const float* const low_right = m_low.data() + 1 + begin + 2 * m_reach;
   const float* const high_left = m_high.data() + 1 + begin;
   const float* const high_right = m_high.data() + 1 + begin + 2 * m_reach;
-  const float outer = m_rim, inner = 1 - m_rim;
+  const float outer = m_reach_fraction, inner = 1 - m_reach_fraction;
   float* const top = m_top.data();
   float* const bottom = m_bottom.data();
   for (int i = 0; i < count; ++i) {
@@ -132,9 +132,9 @@ void Envelope::dilate_by_rims(int begin, int count) {
   }
 }
 
-// The same with the line itself: where points are dense, the maxima at two nodes do not tell where
+// The same with the line itself: where points are dense, the maxima at two nodes do not say where
 // the line is between them.
-void Envelope::dilate_by_rims_of(const DenseRun& run, int begin, int count) {
+void Envelope::dilate_by_fractional_reach_of(const DenseRun& run, int begin, int count) {
   for (int i = 0; i < count; ++i) {
     const float left = run.y_at(run.x.crossing_after(begin + i));
     const float right = run.y_at(run.x.crossing_before_next(begin + i + 2 * m_reach));

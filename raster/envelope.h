@@ -43,7 +43,7 @@ class Envelope {
   int origin_node() const { return m_reach; }
   int last_node() const { return m_last_node; }
   // The distance from a node to the rim of the disc after it, as a part of the node distance.
-  float rim_offset() const { return 1 - m_rim; }
+  float rim_offset() const { return 1 - m_reach_fraction; }
 
   // Starts a new envelope. Only nodes first..last are sampled until dilate() with the same nodes.
   void reset(int first, int last);
@@ -64,15 +64,15 @@ class Envelope {
   bool is_occluded(int begin, int end, const Subcolumns& subcolumns,
                    const FrontToBackLayer& occluder) const;
   void dilate_by_discs(int begin, int count);
-  void dilate_by_rims(int begin, int count);
-  void dilate_by_rims_of(const DenseRun& run, int begin, int count);
+  void dilate_by_fractional_reach(int begin, int count);
+  void dilate_by_fractional_reach_of(const DenseRun& run, int begin, int count);
 
   int m_reach = 0;  // how many subcolumns on either side of a node its disc covers
   int m_last_node = 0;
   float m_half_width = 0;
-  float m_rim = 0;             // how far a disc extends past the outermost node that it contains
-  std::vector<float> m_discs;  // half the height of a disc, by the distance of the subcolumn
-  std::vector<float> m_low;    // by node, with one more on either side
+  float m_reach_fraction = 0;  // how far a disc extends past the outermost node that it contains
+  std::vector<float> m_disc_half_heights;  // by the distance of the subcolumn
+  std::vector<float> m_low;                // by node, with one more on either side
   std::vector<float> m_high;
   std::vector<float> m_top;  // of the intervals in the strip that is being dilated
   std::vector<float> m_bottom;

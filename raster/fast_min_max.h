@@ -1,5 +1,5 @@
 // Minimum and maximum of two numbers, each one instruction of the processor. Where either is NaN
-// the result is `b`: a running minimum is passed second, and a NaN leaves it as it is.
+// the result is `b`: pass the running minimum as `b`, and a NaN leaves it unchanged.
 #pragma once
 
 namespace kurv::raster {

@@ -20,7 +20,7 @@ class LineProfile {
         m_inner(static_cast<float>(std::abs(std::abs(direction.x) - std::abs(direction.y)) / 2)),
         m_ramp(static_cast<float>(std::min(std::abs(direction.x), std::abs(direction.y)))),
         m_height(static_cast<float>(1 / std::max(std::abs(direction.x), std::abs(direction.y)))),
-        m_bend(m_ramp > kLevel ? 1 / (2 * m_ramp) : 0) {}
+        m_half_inverse_ramp(m_ramp > kMinRamp ? 1 / (2 * m_ramp) : 0) {}
 
   // The distance from which on nothing is covered.
   float reach() const { return m_half + m_inner + m_ramp; }
@@ -34,18 +34,18 @@ class LineProfile {
     const float length = std::abs(to);
     const float level = std::min(length, m_inner);
     const float slope = std::clamp(length - m_inner, 0.0F, m_ramp);
-    return std::copysign((level + slope - slope * slope * m_bend) * m_height, to);
+    return std::copysign((level + slope - slope * slope * m_half_inverse_ramp) * m_height, to);
   }
 
-  // For a shorter ramp 1 / (2 * m_ramp) would overflow. Such a line is level or upright to within
-  // far less than a pixel, and the ramp is left out.
-  static constexpr float kLevel = 1e-30F;
+  // For a shorter ramp 1 / (2 * m_ramp) would overflow. Such a line is horizontal or vertical to
+  // within far less than a pixel, and the ramp is left out.
+  static constexpr float kMinRamp = 1e-30F;
 
   float m_half;
   float m_inner;
   float m_ramp;  // from the plateau to the foot
   float m_height;
-  float m_bend;
+  float m_half_inverse_ramp;  // 1 / (2 * m_ramp); 0 without a ramp
 };
 
 }  // namespace kurv::raster

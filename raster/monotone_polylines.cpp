@@ -12,10 +12,10 @@ namespace kurv::raster {
 namespace {
 
 // Beyond this, single precision is too coarse to interpolate along a segment.
-constexpr float kFar = 1 << 17;  // pixels
+constexpr float kMaxCoordinate = 1 << 17;  // pixels
 
 bool is_near(float pixels) {
-  return std::abs(pixels) < kFar;
+  return std::abs(pixels) < kMaxCoordinate;
 }
 
 // The disc of the pen is applied to each subcolumn, so the time grows with the width of the pen.
@@ -139,11 +139,11 @@ void MonotonePolylines::find_extrema() {
 // The x of an extremum or a jump is known to a subcolumn only. Where a line has no jumps and few
 // extrema, eight subcolumns a pixel show no difference from sixteen.
 bool MonotonePolylines::needs_fine_subcolumns(const Pen& pen, const Polyline& line) const {
-  constexpr double kSeldom = 4;  // pixels
+  constexpr double kPixelsPerExtremum = 4;
   const auto right = static_cast<float>(m_subcolumns.width() / pen.pixels_per_unit);
   const auto [low, high] = std::minmax(line.x.front(), line.x.back());
   const double visible = (std::min(high, right) - std::max(low, 0.0F)) * pen.pixels_per_unit;
-  if (static_cast<double>(m_extrema.size()) * kSeldom >= visible) return true;
+  if (static_cast<double>(m_extrema.size()) * kPixelsPerExtremum >= visible) return true;
   constexpr float kSteep = 16;  // times as high as wide
   const auto pixel = static_cast<float>(1 / pen.pixels_per_unit);
   int jumps = 0;

@@ -1,7 +1,7 @@
 // The rasteriser of x-monotone polylines: those whose x never decreases, or never increases.
 //
-// It reduces a line to its min-max envelope, so a point costs the same whether it is alone in its
-// pixel or one of a hundred. A joint is no darker than the line.
+// It reduces a line to its min-max envelope, so the cost of a point does not depend on how many
+// points share its pixel. A joint is no darker than the line.
 #pragma once
 
 #include <cstdint>

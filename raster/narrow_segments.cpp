@@ -82,7 +82,7 @@ class CapClipper {
         m_length(length),
         m_x(static_cast<float>(direction.x)),
         m_y(static_cast<float>(direction.y)),
-        m_body(length > 0 ? 0.0F : -1.0F),
+        m_body_limit(length > 0 ? 0.0F : -1.0F),
         m_round(half_width, direction) {}
 
   CoverageLanes clip(const CoverageLanes& body, int left, int row) const {
@@ -95,7 +95,7 @@ class CapClipper {
       const auto step = static_cast<float>(k);
       const float before = first_before - step * m_x, beyond = first_beyond + step * m_x;
       const float round = m_round.coverage(before, beyond, at.across - step * m_y);
-      kept[static_cast<std::size_t>(k)] = std::max(before, beyond) <= m_body ? 1 : round;
+      kept[static_cast<std::size_t>(k)] = std::max(before, beyond) <= m_body_limit ? 1 : round;
     }
     CoverageLanes covered = to_bytes(kept);
     for (std::size_t k = 0; k < kLanes; ++k) covered[k] = std::min(body[k], covered[k]);
@@ -108,7 +108,7 @@ class CapClipper {
   double m_length;
   float m_x;
   float m_y;
-  float m_body;  // pixels no further past the ends than this keep their coverage
+  float m_body_limit;  // pixels no further past the ends than this keep their coverage
   RoundCaps m_round;
 };
 
@@ -173,9 +173,9 @@ const NarrowSegments::ProfileTable& NarrowSegments::profile_table(double slope, 
 void NarrowSegments::add(Coverage& mask, double half_width, Vector from, Vector to,
                          Vector direction) {
   const bool is_steep = std::abs(direction.y) > std::abs(direction.x);
-  Segment segment =
-      is_steep ? Segment{from, to, direction, half_width}
-               : Segment{transposed(from), transposed(to), transposed(direction), half_width};
+  SteepSegment segment =
+      is_steep ? SteepSegment{from, to, direction, half_width}
+               : SteepSegment{transposed(from), transposed(to), transposed(direction), half_width};
   if (segment.direction.y < 0) {
     std::swap(segment.from, segment.to);
     segment.direction = {-segment.direction.x, -segment.direction.y};
@@ -189,7 +189,7 @@ void NarrowSegments::add(Coverage& mask, double half_width, Vector from, Vector 
 }
 
 template <class PenKind>
-void NarrowSegments::add_steep(Coverage& mask, const Segment& segment) {
+void NarrowSegments::add_steep(Coverage& mask, const SteepSegment& segment) {
   const auto& [from, to, direction, half_width] = segment;
   const double reach = half_width + std::numbers::sqrt2 / 2;
   const double slope = direction.x / direction.y;

@@ -1,7 +1,7 @@
-// Segments of narrow pens, eight pixels at a time. Steep segments are stepped from row to row in
-// the mask, the others from column to column in a transposed mask. The body of a long segment is
-// taken from a table of line profiles by slope and subpixel phase: the phase is all that differs
-// from one row to the next.
+// Segments of narrow pens, eight pixels at a time. Steep (y-major) segments are stepped from row to
+// row in the mask, the others (x-major) from column to column in a transposed mask. The body of a
+// long segment is taken from a table of line profiles by slope and subpixel phase: the phase is all
+// that differs from one row to the next.
 #pragma once
 
 #include <array>
@@ -37,19 +37,19 @@ class NarrowSegments {
   using ProfileTable = std::array<CoverageLanes, RowDda::kPhases>;
 
   // A segment that runs downwards and is steep, in the mask or the transposed one.
-  struct Segment {
+  struct SteepSegment {
     Vector from;
     Vector to;
     Vector direction;
     double half_width;
   };
   template <class PenKind>
-  void add_steep(Coverage& mask, const Segment& segment);
+  void add_steep(Coverage& mask, const SteepSegment& segment);
   const ProfileTable& profile_table(double slope, double half_width);
   void merge_block(Coverage& mask, int x, int y);
 
   // Its rows are the columns of the picture, so that the eight pixels of a step are adjacent in
-  // memory for flat segments, too.
+  // memory for x-major segments, too.
   Coverage m_transposed;
   double m_half_width = 0;
   std::vector<ProfileTable> m_tables = std::vector<ProfileTable>(kSlopes + 1);

@@ -11,7 +11,7 @@ namespace {
 
 constexpr double kUnit = 4294967296.0;
 // A line that starts further to the side than this never reaches a picture.
-constexpr double kFar = 1 << 20;
+constexpr double kMaxPixel = 1 << 20;
 
 std::int64_t fixed(double value) {
   return static_cast<std::int64_t>(value * kUnit);
@@ -45,7 +45,7 @@ RowDda make_row_dda(double top, double bottom, Vector through, double slope, con
   const int first = first_pixel_from(top, mask.height());
   const int end = first_pixel_from(bottom, mask.height());
   const double pixel = through.x + (first + 0.5 - through.y) * slope;
-  if (!(std::abs(pixel) < kFar)) return {};
+  if (!(std::abs(pixel) < kMaxPixel)) return {};
   // Half a phase is added, so that truncation rounds to the nearest phase.
   return clipped({first, end, fixed(pixel + 0.5 / RowDda::kPhases), fixed(slope)}, mask);
 }

@@ -14,13 +14,13 @@ namespace kurv::raster {
 namespace {
 
 // A clipped segment, in pixels, and its unit direction.
-struct Segment {
+struct PixelSegment {
   Vector from;
   Vector to;
   Vector direction;
 };
 
-double length_of(const Segment& segment) {
+double length_of(const PixelSegment& segment) {
   return (segment.to.x - segment.from.x) * segment.direction.x +
          (segment.to.y - segment.from.y) * segment.direction.y;
 }
@@ -29,7 +29,7 @@ double length_of(const Segment& segment) {
 // further from the mask than the pen reaches, so the cap at such an end never shows.
 class CapsuleFiller {
  public:
-  CapsuleFiller(Coverage& mask, const Segment& segment, double half_width)
+  CapsuleFiller(Coverage& mask, const PixelSegment& segment, double half_width)
       : m_mask(mask),
         m_segment(segment),
         m_profile(half_width, segment.direction),
@@ -38,7 +38,7 @@ class CapsuleFiller {
         m_step{static_cast<float>(-segment.direction.y), static_cast<float>(-segment.direction.x),
                static_cast<float>(segment.direction.x)},
         m_length(length_of(segment)),
-        m_body(m_length > 0 ? 0.0F : -1.0F),
+        m_body_limit(m_length > 0 ? 0.0F : -1.0F),
         m_left(std::min(segment.from.x, segment.to.x) - m_reach),
         m_right(std::max(segment.from.x, segment.to.x) + m_reach) {
     // A horizontal segment is in reach along its whole length in the few rows that it touches.
@@ -86,7 +86,7 @@ class CapsuleFiller {
 
     std::uint8_t* const values = m_mask.row(y) + first;
     for (int i = 0; i < end - first; i += kLanes) raise(values + i, lanes(start, i));
-    // All eight lanes are raised; outside the reach by no more than a rounding error.
+    // All eight lanes are written; beyond the reach the values are at most rounding errors.
     m_mask.touch(y, first, std::min(end + kLanes - 1, m_mask.width()));
   }
 
@@ -108,7 +108,7 @@ class CapsuleFiller {
     const CapsuleCoords first = moved(at, right), last = moved(at, right + kLanes - 1);
     const float past = std::max({first.before, first.beyond, last.before, last.beyond});
     std::array<float, kLanes> covered;
-    if (past <= m_body) {
+    if (past <= m_body_limit) {
       for (int k = 0; k < kLanes; ++k) {
         const CapsuleCoords pixel = moved(at, right + k);
         covered[static_cast<std::size_t>(k)] = m_profile.coverage(std::abs(pixel.across));
@@ -128,24 +128,26 @@ class CapsuleFiller {
     const float body = m_profile.coverage(std::abs(at.across));
     const float past = std::max(at.before, at.beyond);
     const float round = std::min(body, m_round.coverage(at.before, at.beyond, at.across));
-    return past <= m_body ? body : round;
+    return past <= m_body_limit ? body : round;
   }
 
   Coverage& m_mask;
-  const Segment& m_segment;
+  const PixelSegment& m_segment;
   LineProfile m_profile;
   RoundCaps m_round;
   double m_reach;
   CapsuleCoords m_step;  // to the next pixel of a row
   double m_length;
-  float m_body;  // pixels no further past the ends than this are covered as by an infinite line
+  // Pixels no further past the ends than this are covered as by an infinite line.
+  float m_body_limit;
   double m_left;
   double m_right;
   double m_slope = 0;      // columns per row
   double m_row_reach = 0;  // the half width of the stroke along a row
 };
 
-std::optional<Segment> clipped_segment(const Coverage& mask, const Pen& pen, Point from, Point to) {
+std::optional<PixelSegment> clipped_segment(const Coverage& mask, const Pen& pen, Point from,
+                                            Point to) {
   if (has_nan(from) || has_nan(to)) return std::nullopt;
   const double scale = pen.pixels_per_unit;
   const double margin = (pen.half_width + 2) / scale;
@@ -153,23 +155,23 @@ std::optional<Segment> clipped_segment(const Coverage& mask, const Pen& pen, Poi
                 {mask.width() / scale + margin, mask.height() / scale + margin}};
   const std::optional<ClippedSegment> part = clip_segment(finite(from), finite(to), box);
   if (!part) return std::nullopt;
-  return Segment{{part->from.x * scale, part->from.y * scale},
-                 {part->to.x * scale, part->to.y * scale},
-                 part->direction};
+  return PixelSegment{{part->from.x * scale, part->from.y * scale},
+                      {part->to.x * scale, part->to.y * scale},
+                      part->direction};
 }
 
 }  // namespace
 
 void add_segment(Coverage& mask, const Pen& pen, Point from, Point to) {
-  const std::optional<Segment> segment = clipped_segment(mask, pen, from, to);
+  const std::optional<PixelSegment> segment = clipped_segment(mask, pen, from, to);
   if (segment) CapsuleFiller(mask, *segment, pen.half_width).fill();
 }
 
-void add_segment(Coverage& mask, NarrowSegments& others, const Pen& pen, Point from, Point to) {
-  const std::optional<Segment> segment = clipped_segment(mask, pen, from, to);
+void add_segment(Coverage& mask, NarrowSegments& narrow, const Pen& pen, Point from, Point to) {
+  const std::optional<PixelSegment> segment = clipped_segment(mask, pen, from, to);
   if (!segment) return;
   if (NarrowSegments::supports(pen.half_width)) {
-    others.add(mask, pen.half_width, segment->from, segment->to, segment->direction);
+    narrow.add(mask, pen.half_width, segment->from, segment->to, segment->direction);
   } else {
     CapsuleFiller(mask, *segment, pen.half_width).fill();
   }

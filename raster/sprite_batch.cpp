@@ -21,14 +21,15 @@ using U16x8 [[gnu::vector_size(16)]] = std::uint16_t;
 
 // Porter-Duff "over" for four pixels, with premultiplied colours. A channel and its transmittance
 // together never exceed 255, so the sum cannot overflow.
-U32x4 blend_over(U32x4 below, U32x4 kept, U32x4 added) {
+U32x4 blend_over(U32x4 backdrop, U32x4 transmittance, U32x4 colour) {
   constexpr std::uint32_t kLow = 0x00FF00FF;
-  const auto parts = [kept](U32x4 channels) {
+  const auto parts = [transmittance](U32x4 channels) {
     // Divides by 255, rounded to the nearest.
-    const U16x8 sum = reinterpret_cast<U16x8>(channels) * reinterpret_cast<U16x8>(kept) + 128;
+    const U16x8 sum =
+        reinterpret_cast<U16x8>(channels) * reinterpret_cast<U16x8>(transmittance) + 128;
     return reinterpret_cast<U32x4>(sum + (sum >> 8));
   };
-  return ((parts(below & kLow) >> 8 & kLow) | (parts(below >> 8 & kLow) & ~kLow)) + added;
+  return ((parts(backdrop & kLow) >> 8 & kLow) | (parts(backdrop >> 8 & kLow) & ~kLow)) + colour;
 }
 
 // Removes up to four bits from a non-empty set and returns their indices, the last one repeatedly
@@ -47,13 +48,13 @@ std::array<std::size_t, 4> take_four_bits(std::uint64_t& bits) {
 // The sum is made positive, so that truncation rounds down. The loop has neither branches nor
 // calls, so that compilers vectorise it.
 void find_phases(std::span<const double> values, double units_per_pixel, std::vector<int>& phases) {
-  constexpr double kFar = -kMissing;
+  constexpr double kBias = -kMissing;
   phases.resize(values.size());
   int* const found = phases.data();
   for (std::size_t i = 0; i < values.size(); ++i) {
-    const double from_left = values[i] / units_per_pixel * SpriteBatch::kPhases + 0.5 + kFar;
-    const bool is_near = (from_left >= 0) & (from_left < 2 * kFar);
-    found[i] = static_cast<int>(is_near ? from_left : 0) + kMissing;
+    const double biased = values[i] / units_per_pixel * SpriteBatch::kPhases + 0.5 + kBias;
+    const bool is_near = (biased >= 0) & (biased < 2 * kBias);
+    found[i] = static_cast<int>(is_near ? biased : 0) + kMissing;
   }
 }
 
@@ -69,11 +70,11 @@ void SpriteBatch::VisibleBlocks::end_at(const VisibleBlock* end) {
   count = static_cast<std::size_t>(end - items.data());
 }
 
-bool SpriteBatch::Series::is_missing(std::size_t i) const {
+bool SpriteBatch::FigureSeries::is_missing(std::size_t i) const {
   return (*x)[i] == kMissing || y[i] == kMissing;
 }
 
-void SpriteBatch::Series::make_sprites(const MakeSprite& make_sprite) {
+void SpriteBatch::FigureSeries::make_sprites(const MakeSprite& make_sprite) {
   constexpr unsigned kAll = (1U << kPhases * kPhases) - 1;
   unsigned needed = 0;
   max_blocks = 0;
@@ -94,41 +95,41 @@ void SpriteBatch::Series::make_sprites(const MakeSprite& make_sprite) {
 }
 
 void SpriteBatch::find_x(std::span<const double> x, double units_per_pixel) {
-  const bool is_known = m_x && units_per_pixel == m_units_per_pixel &&
-                        x.size() == m_given_x.size() &&
-                        std::memcmp(x.data(), m_given_x.data(), x.size_bytes()) == 0;
+  const bool is_known = m_shared_x_phases && units_per_pixel == m_units_per_pixel &&
+                        x.size() == m_shared_x.size() &&
+                        std::memcmp(x.data(), m_shared_x.data(), x.size_bytes()) == 0;
   if (is_known) return;
-  m_given_x.assign(x.begin(), x.end());
+  m_shared_x.assign(x.begin(), x.end());
   m_units_per_pixel = units_per_pixel;
   std::vector<int> phases;
   find_phases(x, units_per_pixel, phases);
-  m_x = std::make_shared<const std::vector<int>>(std::move(phases));
+  m_shared_x_phases = std::make_shared<const std::vector<int>>(std::move(phases));
 }
 
 void SpriteBatch::add(std::span<const double> x, std::span<const double> y, double units_per_pixel,
                       const MakeSprite& make_sprite) {
   find_x(x, units_per_pixel);
   if (m_series_used == m_series.size()) m_series.emplace_back();
-  Series& series = m_series[m_series_used];
-  series.x = m_x;
+  FigureSeries& series = m_series[m_series_used];
+  series.x = m_shared_x_phases;
   find_phases(y, units_per_pixel, series.y);
   series.make_sprites(make_sprite);
   ++m_series_used;
 }
 
 bool SpriteBatch::is_full() const {
-  constexpr std::size_t kMany = 500'000, kManyBlocks = 20'000;
+  constexpr std::size_t kMaxPositions = 500'000, kMaxBlocks = 20'000;
   std::size_t positions = 0, blocks = 0;
   for (std::size_t i = 0; i < m_series_used; ++i) {
     positions += m_series[i].y.size();
     blocks += m_series[i].max_blocks * m_series[i].sprites.size();
   }
-  return positions > kMany || blocks > kManyBlocks;
+  return positions > kMaxPositions || blocks > kMaxBlocks;
 }
 
 void SpriteBatch::clear() {
   m_solid.count = m_translucent.count = 0;
-  for (Series& series : m_series) series.sprites.fill(Sprite());
+  for (FigureSeries& series : m_series) series.sprites.fill(Sprite());
   m_series_used = 0;
 }
 
@@ -143,12 +144,12 @@ void SpriteBatch::flush(const Canvas& canvas) {
   // After a failed allocation in an earlier flush, the lists refer to sprites that no longer exist.
   m_solid.count = m_translucent.count = 0;
   for (std::size_t used = m_series_used; used > 0; --used) {
-    const Series& series = m_series[used - 1];
+    const FigureSeries& series = m_series[used - 1];
     m_last_x = m_last_y = kMissing;
-    // In small batches, so that the blocks found are still in the cache when they are painted.
-    constexpr std::size_t kFew = 1024;
+    // In small chunks, so that the blocks found are still in the cache when they are painted.
+    constexpr std::size_t kChunk = 1024;
     for (std::size_t end = series.y.size(); end > 0;) {
-      const std::size_t first = end - std::min(end, kFew);
+      const std::size_t first = end - std::min(end, kChunk);
       find_visible(series, first, end, hidden, canvas.stride);
       paint_solid(canvas);
       end = first;
@@ -160,7 +161,7 @@ void SpriteBatch::flush(const Canvas& canvas) {
 
 // Collects what is visible at positions first..end - 1. Each item is written, and counted only if
 // it is not empty: a branch would be mispredicted.
-void SpriteBatch::find_visible(const Series& series, std::size_t first, std::size_t end,
+void SpriteBatch::find_visible(const FigureSeries& series, std::size_t first, std::size_t end,
                                const OcclusionMask& occlusion, std::ptrdiff_t stride) {
   VisibleBlock* solid = m_solid.reserve((end - first) * series.max_blocks);
   VisibleBlock* translucent = m_translucent.reserve((end - first) * series.max_blocks);
@@ -203,7 +204,7 @@ void SpriteBatch::find_visible(const Series& series, std::size_t first, std::siz
 // From the last to the first. Of consecutive figures at the same position only the last one is
 // visited.
 template <class Visit>
-void SpriteBatch::for_each_position(const Series& series, std::size_t first, std::size_t end,
+void SpriteBatch::for_each_position(const FigureSeries& series, std::size_t first, std::size_t end,
                                     const Visit& visit) {
   const int* const all_x = series.x->data();
   const int* const all_y = series.y.data();
@@ -249,11 +250,14 @@ void SpriteBatch::paint_translucent(const Canvas& canvas) {
         return canvas.pixels[visible.first_pixel + m_offsets[indices[k]]];
       };
       const auto texel = [&](std::size_t k) { return visible.block->texels[indices[k]]; };
-      const auto added = [&](std::size_t k) { return static_cast<std::uint32_t>(texel(k)); };
-      const auto kept = [&](std::size_t k) { return static_cast<std::uint32_t>(texel(k) >> 32); };
-      const U32x4 above = blend_over(U32x4{pixel(0), pixel(1), pixel(2), pixel(3)},
-                                     U32x4{kept(0), kept(1), kept(2), kept(3)},
-                                     U32x4{added(0), added(1), added(2), added(3)});
+      const auto colour = [&](std::size_t k) { return static_cast<std::uint32_t>(texel(k)); };
+      const auto transmittance = [&](std::size_t k) {
+        return static_cast<std::uint32_t>(texel(k) >> 32);
+      };
+      const U32x4 above =
+          blend_over(U32x4{pixel(0), pixel(1), pixel(2), pixel(3)},
+                     U32x4{transmittance(0), transmittance(1), transmittance(2), transmittance(3)},
+                     U32x4{colour(0), colour(1), colour(2), colour(3)});
       for (std::size_t k = 0; k < 4; ++k) pixel(k) = above[k];
     }
   }

@@ -39,7 +39,7 @@ class SpriteBatch {
 
  private:
   // A figure and its positions, in phases. The figures of a graph often share their x.
-  struct Series {
+  struct FigureSeries {
     std::shared_ptr<const std::vector<int>> x;
     std::vector<int> y;
     std::array<Sprite, std::size_t{kPhases} * kPhases> sprites;  // by phase, row by row
@@ -69,20 +69,20 @@ class SpriteBatch {
     return static_cast<std::size_t>((y & (kPhases - 1)) * kPhases + (x & (kPhases - 1)));
   }
   void find_x(std::span<const double> x, double units_per_pixel);
-  void find_visible(const Series& series, std::size_t first, std::size_t end,
+  void find_visible(const FigureSeries& series, std::size_t first, std::size_t end,
                     const OcclusionMask& occlusion, std::ptrdiff_t stride);
   template <class Visit>
-  void for_each_position(const Series& series, std::size_t first, std::size_t end,
+  void for_each_position(const FigureSeries& series, std::size_t first, std::size_t end,
                          const Visit& visit);
   void paint_solid(const Canvas& canvas);
   void paint_translucent(const Canvas& canvas);
 
-  std::vector<Series> m_series;  // unused ones keep their memory
+  std::vector<FigureSeries> m_series;  // unused ones keep their memory
   std::size_t m_series_used = 0;
-  // The x of the last add(), and their phases in m_x.
-  std::vector<double> m_given_x;
+  // The x of the last add(), and their phases. The next add() often has the same x.
+  std::vector<double> m_shared_x;
   double m_units_per_pixel = 0;
-  std::shared_ptr<const std::vector<int>> m_x;
+  std::shared_ptr<const std::vector<int>> m_shared_x_phases;
 
   std::vector<std::uint64_t> m_tiles;
   // The position, in phases, of the figure that was visited last.

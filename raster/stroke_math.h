@@ -1,4 +1,4 @@
-// What the rasterisers of segments and arcs share.
+// Helpers shared by segments.cpp and arcs.cpp.
 #pragma once
 
 #include <algorithm>

@@ -5,6 +5,9 @@
 // of the caller, y downwards. The visible part of a stroke is accurate however far away its ends
 // are. An infinity counts as the largest finite number, and a NaN anywhere draws nothing. The time
 // is proportional to the number of mask pixels that the stroke can touch.
+//
+// Implemented in segments.cpp, narrow_segments.cpp and arcs.cpp; docs/raster.md says which of them
+// draws what.
 #pragma once
 
 #include "raster/coverage.h"
@@ -24,9 +27,10 @@ struct Pen {
 // A segment of length zero is a dot.
 void add_segment(Coverage& mask, const Pen& pen, Point from, Point to);
 
-// The same, but faster. Part of the segments is kept in `others` until its merge_into() is called.
+// The same, but faster for narrow pens: their x-major segments are collected in `narrow` until its
+// merge_into() is called.
 class NarrowSegments;
-void add_segment(Coverage& mask, NarrowSegments& others, const Pen& pen, Point from, Point to);
+void add_segment(Coverage& mask, NarrowSegments& narrow, const Pen& pen, Point from, Point to);
 
 // The outline of a circle. A radius of zero draws a dot, a negative one nothing.
 void add_circle(Coverage& mask, const Pen& pen, Point centre, float radius);

@@ -10,7 +10,7 @@
 namespace kurv::raster {
 namespace {
 
-constexpr float kLargest = std::numeric_limits<float>::max();
+constexpr float kMaxFloat = std::numeric_limits<float>::max();
 
 bool is_monotonic(std::span<const float> x) {
   if (x.empty()) return true;
@@ -21,8 +21,8 @@ bool is_monotonic(std::span<const float> x) {
     descending &= before >= value;
     before = value;
   }
-  return (ascending || descending) && std::abs(x.front()) <= kLargest &&
-         std::abs(x.back()) <= kLargest;
+  return (ascending || descending) && std::abs(x.front()) <= kMaxFloat &&
+         std::abs(x.back()) <= kMaxFloat;
 }
 
 }  // namespace
@@ -58,7 +58,7 @@ void XPositions::compute_positions(GridPositions& positions) const {
   positions.nearest.resize(m_x.size());
   std::ranges::transform(m_x, positions.at.begin(), [&grid](float x) {
     const double at = x * grid.nodes_per_unit + grid.origin;
-    return static_cast<float>(std::clamp<double>(at, -kLargest, kLargest));
+    return static_cast<float>(std::clamp<double>(at, -kMaxFloat, kMaxFloat));
   });
   if (m_is_reversed) std::ranges::reverse(positions.at);
   const auto last = static_cast<float>(grid.last);
