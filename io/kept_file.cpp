@@ -75,15 +75,16 @@ String free_name(const String& path) {
   return name;
 }
 
-void transfer(std::FILE* from, std::FILE* to) {
+// Returns whether it succeeded; otherwise errno is set.
+bool transfer(std::FILE* from, std::FILE* to) {
   String block(kBlock, '\0');
   std::size_t size = 0;
   do {
     size = std::fread(block.data(), 1, block.size(), from);
-    if (std::ferror(from) != 0) throw transfer_fault();
-    if (std::fwrite(block.data(), 1, size, to) != size) throw transfer_fault();
+    if (std::ferror(from) != 0) return false;
+    if (std::fwrite(block.data(), 1, size, to) != size) return false;
   } while (size > 0);
-  if (std::fflush(to) != 0) throw transfer_fault();
+  return std::fflush(to) == 0;
 }
 
 }  // namespace
@@ -102,15 +103,12 @@ KeptFile::KeptFile(const String& path, IsTruncated is_truncated) : m_path(path) 
 bool KeptFile::take_earlier(IsTruncated is_truncated) {
   const String earlier = kept_earlier(m_path);
   if (earlier.empty()) return false;
-  try {
-    if (!is_truncated(m_path)) {
-      // The file is complete, so what was kept before it is needed no more.
-      std::error_code ignored;
-      fs::remove(earlier, ignored);
-      return false;
-    }
-  } catch (const Fault&) {
-    // It cannot be read, so it may be complete, or not.
+  // Where it cannot be read, it may be complete, or not.
+  if (!open_file(m_path, "rb")) return false;
+  if (!is_truncated(m_path)) {
+    // The file is complete, so what was kept before it is needed no more.
+    std::error_code ignored;
+    fs::remove(earlier, ignored);
     return false;
   }
   m_kept = earlier;
@@ -141,11 +139,10 @@ void KeptFile::copy() {
   if (descriptor < 0) throw open_fault(name);
   const File to(fdopen(descriptor, "wb"));
   if (!to) throw open_fault(name);
-  try {
-    transfer(from.get(), to.get());
-  } catch (const Fault&) {
+  if (!transfer(from.get(), to.get())) {
+    const Fault fault = transfer_fault();
     fs::remove(name, error);
-    throw;
+    throw fault;
   }
   m_kept = name;
   remember();
