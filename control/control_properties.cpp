@@ -1,5 +1,9 @@
 // The getters and setters of property_list.h, over the fields of the document.
+#include <cmath>
+#include <type_traits>
+
 #include <KurvGraph/control.h>
+#include <KurvGraph/fault.h>
 #include <KurvGraph/limits.h>
 
 #include "control/control_state.h"
@@ -19,6 +23,10 @@ Value read(const Field& field) {
 
 template <PropertyRule rule, class Value, class Field>
 void store(GraphDocument& document, Field GraphDocument::*field, const Value& value) {
+  // An infinite Single is a number that has overflowed on its way here.
+  if constexpr (std::is_same_v<Value, Single>) {
+    if (std::isinf(value)) throw Fault(FaultKind::kOverflow);
+  }
   if constexpr (rule == PropertyRule::kStored) {
     document.*field = value;
   } else {

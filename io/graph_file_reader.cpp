@@ -1,6 +1,7 @@
 #include "io/graph_file_reader.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstddef>
 #include <optional>
 #include <string_view>
@@ -45,6 +46,11 @@ class Lines {
   Integer count() { return to_integer(leading_number(m_file.line())); }
   Double number() { return number_of(m_file.line(), m_decimal_separator); }
   Integer whole() { return to_integer(number()); }
+  Double finite() {
+    const Double value = number();
+    if (!std::isfinite(value)) throw Fault(FaultKind::kOverflow);
+    return value;
+  }
   Boolean boolean() { return boolean_of(m_file.line(), m_decimal_separator); }
 
   char decimal_separator() const { return m_decimal_separator; }
@@ -96,7 +102,7 @@ struct FieldReader {
   void operator()(const FontSizeLine& line) const { document.*line.member = lines.whole(); }
   void operator()(const HandleLine& line) const { graph.*line.place.*line.to = lines.whole(); }
   void operator()(const SizeLine& line) const { graph.*line.to = lines.whole(); }
-  void operator()(const NumberLine& line) const { document.*line.member = lines.number(); }
+  void operator()(const NumberLine& line) const { document.*line.member = lines.finite(); }
   void operator()(const BooleanLine& line) const { document.*line.member = lines.boolean(); }
   void operator()(const IntakeBooleanLine& line) const { graph.*line.to = lines.boolean(); }
   template <class Line>

@@ -47,7 +47,8 @@ struct GraphFile {
 // memory in proportion to the bytes that it reads, whatever counts they claim.
 //
 // Throws kInputPastEnd for too few lines, kTypeMismatch for what is no number or no Boolean,
-// kOverflow for a number that does not fit into 16 bits where it has to, kSubscriptOutOfRange for a
+// kOverflow for a number that does not fit into 16 bits where it has to and for a limit that is not
+// finite, kSubscriptOutOfRange for a
 // data line with fewer values than points and for negative counts.
 GraphFile read_graph_file(InputFile& file, GraphDocument& document, const TextFieldTool& tool,
                           char decimal_separator);

@@ -67,7 +67,7 @@ struct SizeLine {
   Single ControlSize::*from;
   Integer GraphFile::*to;
 };
-// Written as printed_number() does, read as any number.
+// Written as printed_number() does, read as any finite number.
 struct NumberLine {
   static constexpr auto kKind = GraphFieldKind::kNumber;
   Double GraphDocument::*member;

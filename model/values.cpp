@@ -71,9 +71,8 @@ Integer to_integer(const Variant& value) {
 }
 
 Single to_single(const Variant& value) {
-  const Double wide = to_double(value);
-  const Single narrow = to_single(wide);
-  if (std::isinf(narrow) && !std::isinf(wide)) throw Fault(FaultKind::kOverflow);
+  const Single narrow = to_single(to_double(value));
+  if (std::isinf(narrow)) throw Fault(FaultKind::kOverflow);
   return narrow;
 }
 

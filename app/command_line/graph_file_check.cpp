@@ -7,6 +7,7 @@
 #include <KurvGraph/text.h>
 
 #include <algorithm>
+#include <cmath>
 #include <span>
 #include <utility>
 
@@ -142,6 +143,8 @@ class Check {
       error(line, name + " is " + quoted(text) + ", which is no number");
     } else if (whole && !fits_16_bits(*value)) {
       error(line, name + " is " + quoted(text) + ", which is beyond 16 bits");
+    } else if (!std::isfinite(*value)) {
+      error(line, name + " is " + quoted(text) + ", which is not finite");
     }
   }
 

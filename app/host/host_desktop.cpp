@@ -20,6 +20,12 @@ FileChoice file_choice(const QJsonValue& answer) {
   return {entry["path"].toString().toStdString(), entry["filter"].toInt(1)};
 }
 
+Single size_in(const QJsonObject& font, Single preset) {
+  const QJsonValue size = font["size"];
+  const bool is_given = !size.isUndefined() && !size.isNull();
+  return font_size_from(is_given ? from_json(size, ValueType::kSingle) : Variant(preset));
+}
+
 }  // namespace
 
 void HostShell::queue(const QJsonArray& answers) {
@@ -83,8 +89,8 @@ std::optional<Font> HostShell::choose_font(const Font& preset) {
   if (!answer.isObject()) return std::nullopt;
   const QJsonObject entry = answer.toObject();
   return Font{entry["name"].toString(qt_text(preset.FontName)).toStdString(),
-              to_single(entry["size"].toDouble(preset.FontSize)),
-              entry["bold"].toBool(preset.FontBold), entry["italic"].toBool(preset.FontItalic)};
+              size_in(entry, preset.FontSize), entry["bold"].toBool(preset.FontBold),
+              entry["italic"].toBool(preset.FontItalic)};
 }
 
 void HostShell::copy_picture(std::string_view) {

@@ -71,7 +71,9 @@ HostSession::Result HostSession::set(const QJsonObject& request) {
   const Member& member = member_of(request["set"]);
   if (member.kind != MemberKind::kProperty) throw Fault(FaultKind::kNoSuchMember);
   if (!request.contains("to")) throw Fault(FaultKind::kArgumentMissing);
-  set_property(control, member.dispatch_id, from_json(request["to"], member.type));
+  const Variant value = from_json(request["to"], member.type);
+  if (member.name.ends_with("FontSize")) static_cast<void>(font_size_from(value));
+  set_property(control, member.dispatch_id, value);
   return {};
 }
 

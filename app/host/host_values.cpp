@@ -112,6 +112,14 @@ Variant from_json(const QJsonValue& json, ValueType wanted) {
   return plain(json);
 }
 
+Single font_size_from(const Variant& value) {
+  const Single size = to_single(value);
+  // Written so that NaN is refused.
+  if (!(size > 0)) throw Fault(FaultKind::kInvalidProcedureCall);
+  if (size > std::numeric_limits<Integer>::max()) throw Fault(FaultKind::kOverflow);
+  return size;
+}
+
 QJsonValue to_json(Double number) {
   if (std::isnan(number)) return QJsonValue::Null;
   if (std::isinf(number)) return number > 0 ? "Inf" : "-Inf";

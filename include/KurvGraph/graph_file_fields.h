@@ -23,7 +23,7 @@ enum class GraphFieldKind {
   kCount,    // the number that the line begins with
   kText,     // the whole line
   kWhole,    // a number, rounded to 16 bits
-  kNumber,   // a number
+  kNumber,   // a finite number
   kBoolean,  // True, False or a number
 };
 

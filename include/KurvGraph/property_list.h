@@ -26,7 +26,7 @@
 namespace kurv {
 
 enum class PropertyRule {
-  kStored,       // any value, stored as it is
+  kStored,       // any value, stored as it is; an infinite Single throws kOverflow
   kMarkerRange,  // ignored outside kMinMarkerSize..kMaxMarkerSize; the getter rounds what is stored
                  // to the nearest integer, ties to even
 };

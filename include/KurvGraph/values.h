@@ -61,7 +61,7 @@ Single to_single(Double value);
 // Conversions of a self-describing value, as a dispatch interface makes them. Text is read as
 // text_to_number() reads it; an empty value is zero, False or the empty text; True counts as -1.
 // They throw kTypeMismatch for arrays and for text that is no number, kOverflow for a number that
-// does not fit.
+// does not fit; an infinite one fits into a Double alone.
 Integer to_integer(const Variant& value);
 Single to_single(const Variant& value);
 Double to_double(const Variant& value);

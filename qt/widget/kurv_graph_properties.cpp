@@ -21,13 +21,13 @@ QString to_toolkit(const String& value) {
   return QString::fromStdString(value);
 }
 
-// Throws kOverflow for a whole number that does not fit.
+// Throws kOverflow for a number that does not fit.
 template <class Value, class Given>
 Value from_toolkit(const Given& value) {
   if constexpr (std::is_same_v<Value, Integer>) {
     return to_integer(Double(value));
   } else if constexpr (std::is_same_v<Value, Single>) {
-    return to_single(value);
+    return to_single(Variant(value));
   } else if constexpr (std::is_same_v<Value, String>) {
     return value.toStdString();
   } else {

@@ -1,8 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <limits>
 #include <type_traits>
 
-#include "tests/support/test_host.h"
+#include "tests/support/graph_files.h"
 
 namespace kurv {
 namespace {
@@ -52,6 +53,22 @@ TEST(Properties, LimitsAreStoredUncheckedAlsoCrossed) {
   const std::string log = host.redrawn();
   EXPECT_NE(log.find("\"20.00\""), std::string::npos);
   EXPECT_EQ(host.control.xmin(), 20);
+}
+
+TEST(Properties, AnInfiniteSingleIsAnOverflowAndChangesNothing) {
+  constexpr Single kInf = std::numeric_limits<Single>::infinity();
+  test::TestHost host;
+  const Single before = host.control.FontSize();
+  for (const Single size : {kInf, -kInf}) {
+    EXPECT_EQ(test::fault_of([&] { host.control.set_FontSize(size); }), 6);
+    EXPECT_EQ(test::fault_of([&] { host.control.set_TitleFontSize(size); }), 6);
+    EXPECT_EQ(test::fault_of([&] { host.control.set_SubTitleFontSize(size); }), 6);
+  }
+  EXPECT_EQ(host.control.FontSize(), before);
+  EXPECT_EQ(host.control.TitleFontSize(), before + 3);
+  EXPECT_EQ(host.control.SubTitleFontSize(), before);
+  host.control.set_FontSize(std::numeric_limits<Single>::max());
+  EXPECT_EQ(host.control.FontSize(), std::numeric_limits<Single>::max());
 }
 
 TEST(Methods, InitDoesNothingAtAnyTime) {

@@ -141,14 +141,13 @@ TEST(Variant, ANumberThatDoesNotFitOverflows) {
        {Variant(32768.0), Variant(40000.0F), Variant(String("-40000")), Variant(kNaN)}) {
     EXPECT_EQ(fault_of([&] { return to_integer(value); }), FaultKind::kOverflow);
   }
-  for (const Variant& value : {Variant(1e39), Variant(-1e300), Variant(String("1e39"))}) {
+  for (const Variant& value : {Variant(1e39), Variant(-1e300), Variant(String("1e39")),
+                               Variant(kInf), Variant(-kSingleInf), Variant(String("-Inf"))}) {
     EXPECT_EQ(fault_of([&] { return to_single(value); }), FaultKind::kOverflow);
   }
 }
 
-TEST(Variant, InfinityAndNaNFitIntoASingle) {
-  EXPECT_EQ(to_single(Variant(kInf)), kSingleInf);
-  EXPECT_EQ(to_single(Variant(String("-Inf"))), -kSingleInf);
+TEST(Variant, NaNFitsIntoASingle) {
   EXPECT_TRUE(std::isnan(to_single(Variant(kNaN))));
 }
 

@@ -144,6 +144,8 @@ TEST_F(GraphFile, WhatKeepsItFromLoadingIsListed) {
   listed(4, "32767", "no column for x");
   listed(8, "ten", "which is no number");
   listed(21, "40000", "beyond 16 bits");
+  listed(24, "NaN", "ymax is \"NaN\", which is not finite");
+  listed(25, "-Inf", "xmin is \"-Inf\", which is not finite");
   listed(26, "1", "xmax equals xmin");
   listed(29, "maybe", "neither True nor False");
   listed(49, "1,2", "2 values instead of 3");

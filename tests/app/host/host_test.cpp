@@ -203,6 +203,33 @@ TEST_F(Host, FontPromptsTakeFonts) {
   EXPECT_EQ(get("SubTitleFontSize"), 7);
 }
 
+TEST_F(Host, RefusesFontSizesThatCannotBeDrawnOrSaved) {
+  load();
+  const std::pair<const char*, int> kSizes[] = {
+      {"0", 5},     {"-9", 5},   {"\"NaN\"", 5}, {"\"-Inf\"", 6}, {"32767.5", 6},
+      {"40000", 6}, {"1e39", 6}, {"-1e39", 6},   {"\"Inf\"", 6},  {"\"big\"", 13},
+  };
+  for (const char* name : {"FontSize", "TitleFontSize", "SubTitleFontSize"}) {
+    const QJsonValue before = get(name);
+    for (const auto& [size, number] : kSizes) {
+      EXPECT_EQ(error(QByteArray("{\"set\":\"") + name + "\",\"to\":" + size + '}'), number)
+          << size;
+      EXPECT_EQ(get(name), before) << size;
+    }
+  }
+  const QJsonValue before = get("TitleFontName");
+  for (const auto& [size, number] : kSizes) {
+    EXPECT_EQ(error(QByteArray(R"({"answers":[{"name":"A","size":)") + size + "}]}"), 0);
+    EXPECT_EQ(error(R"({"prompt":"title font"})"), number) << size;
+    EXPECT_EQ(get("TitleFontName"), before) << size;
+  }
+  EXPECT_EQ(error(R"({"set":"FontSize","to":32767})"), 0);
+  EXPECT_EQ(error(R"({"set":"FontSize","to":0.5})"), 0);
+  EXPECT_EQ(error(R"({"answers":[{"name":"A"}]})"), 0);
+  EXPECT_EQ(error(R"({"prompt":"axis font"})"), 0);
+  EXPECT_EQ(get("FontSize"), 0.5) << "left out, it stays";
+}
+
 TEST_F(Host, PromptsAddEditAndDeriveCurves) {
   load();
   const auto drawn = [&] { return ask(R"({"drawn":true})")["result"].toArray().size(); };

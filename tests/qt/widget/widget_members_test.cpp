@@ -4,6 +4,7 @@
 
 #include <QMetaMethod>
 #include <QMetaProperty>
+#include <limits>
 #include <string>
 #include <type_traits>
 
@@ -97,6 +98,16 @@ TEST(WidgetMembers, AWholeNumberThatDoesNotFitIsAnOverflowAndChangesNothing) {
   EXPECT_EQ(graph.NumTicks(), 10);
   graph.set_NumTicks(-32768);
   EXPECT_EQ(graph.NumTicks(), -32768);
+}
+
+TEST(WidgetMembers, ANumberThatNoSingleHoldsIsAnOverflowToo) {
+  KurvGraph graph;
+  const double before = graph.FontSize();
+  for (const double size : {1e39, -1e300, std::numeric_limits<double>::infinity()}) {
+    EXPECT_THROW(graph.set_FontSize(size), Fault) << size;
+    EXPECT_THROW(graph.setProperty("TitleFontSize", size), Fault) << size;
+  }
+  EXPECT_EQ(graph.FontSize(), before);
 }
 
 TEST(WidgetMembers, AnOverflowReachesAHostThatSetsByName) {
