@@ -208,7 +208,8 @@ struct ListReader {
 
 void read_lists(Lines& lines, GraphFile& graph, const TextFieldTool& tool) {
   const int columns = to_integer(Double(graph.num_y) + 1);
-  if (graph.num_data < 0 || graph.num_y < 0) throw Fault(FaultKind::kSubscriptOutOfRange);
+  // A count of -1 is that of an array without points, as 0 is.
+  if (graph.num_data < -1 || graph.num_y < 0) throw Fault(FaultKind::kSubscriptOutOfRange);
   const ListReader read_list{lines, graph, tool, columns};
   for (const GraphFileListRow& row : kGraphFileListTable) std::visit(read_list, row.list);
 }

@@ -48,8 +48,8 @@ struct GraphFile {
 //
 // Throws kInputPastEnd for too few lines, kTypeMismatch for what is no number or no Boolean,
 // kOverflow for a number that does not fit into 16 bits where it has to and for a limit that is not
-// finite, kSubscriptOutOfRange for a
-// data line with fewer values than points and for negative counts.
+// finite, kSubscriptOutOfRange for a data line with fewer values than points and for negative
+// counts, except that -1 points are none.
 GraphFile read_graph_file(InputFile& file, GraphDocument& document, const TextFieldTool& tool,
                           char decimal_separator);
 

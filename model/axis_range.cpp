@@ -34,8 +34,10 @@ void round_outward(Limits limits, const NumericService& numeric) {
   limits.max = p * (10 * numeric.round_up(limits.max / p / 10));
 }
 
-// NumData values of one column.
+// NumData values of one column. Without points no column is asked for: there may be more curves
+// than columns then.
 void include_column(const GraphDocument& document, int column, Limits limits) {
+  if (document.NumData < 1) return;
   const auto values = document.xyArr.column(column);
   for (int i = 1; i <= document.NumData; ++i) limits.include(values(i));
 }

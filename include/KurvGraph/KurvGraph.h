@@ -97,7 +97,7 @@ class KurvGraph : public QWidget {
 
   // Loads a data set: yarr_(curve, point) and xarr(point), all counted from 1; texts are UTF-8.
   // Shows a message box when the data cannot be plotted; throws kSubscriptOutOfRange when an array
-  // is shorter than its count claims, or pNumY_ is above 149.
+  // is shorter than its count claims, or pNumY_ is above 149 and there are points.
   Q_INVOKABLE void scatter_graph(const kurv::Matrix<kurv::Double>& yarr_,
                                  const kurv::List<kurv::Double>& xarr, int pNumData_, int pNumY_,
                                  const kurv::Variant& pTitle_, const kurv::String& xVarName_,

@@ -132,6 +132,23 @@ TEST(ScatterGraph, HoldsAHundredAndFortyNineCurvesAndNoMore) {
             FaultKind::kSubscriptOutOfRange);
 }
 
+TEST(ScatterGraph, AnyNumberOfCurvesWithoutPointsIsRefusedWithTheMessage) {
+  const List<String> curve_names = names(std::vector<String>(200, "c"));
+  for (const Integer points_claimed : {Integer{0}, Integer{-1}}) {
+    for (const Integer curves : {Integer{149}, Integer{150}, Integer{200}}) {
+      SCOPED_TRACE(testing::Message() << curves << " curves of " << points_claimed);
+      TestHost host;
+      EXPECT_NO_THROW(host.control.scatter_graph({}, {}, points_claimed, curves, String("T"), "x",
+                                                 curve_names, 0, {}));
+      ASSERT_EQ(host.shell.messages.size(), 1U);
+      EXPECT_EQ(host.shell.messages[0].text,
+                "Graph cannot be plotted with 1 or less x axis values.\r\n");
+      EXPECT_FALSE(host.document().GraphValid);
+      EXPECT_NO_THROW(host.control.Restore_Grf());
+    }
+  }
+}
+
 TEST(ScatterGraph, ImpossibleCountsAreErrorsAndZeroIsNone) {
   TestHost host;
   EXPECT_EQ(fault_of([&] { load_counts(host, -2, 1); }), FaultKind::kSubscriptOutOfRange);

@@ -184,6 +184,17 @@ TEST_F(DamagedGraphFile, AnEmptyGraphIsRefusedByTheIntakeAlone) {
   EXPECT_EQ(host.control.FileName(), path("a.gdf"));
 }
 
+TEST_F(DamagedGraphFile, MinusOnePointsAreRefusedByTheIntakeAlone) {
+  test::TestHost host;
+  host.control.file_load(write("a.gdf", sample_with(3, "-1")));
+  ASSERT_EQ(host.shell.messages.size(), 1U);
+  EXPECT_EQ(host.shell.messages[0].text,
+            "Graph cannot be plotted with 1 or less x axis values.\r\n");
+  EXPECT_EQ(host.control.Title(), "Demo");
+  EXPECT_EQ(host.control.FileName(), path("a.gdf"));
+  EXPECT_EQ(fault_of([&] { host.control.file_load(write("a.gdf", sample_with(3, "-2"))); }), 9);
+}
+
 TEST_F(DamagedGraphFile, MoreFunctionsThanSlotsAreReadButCannotBeSaved) {
   test::TestHost host;
   host.control.file_load(write("a.gdf", sample_with(5, "31")));

@@ -218,8 +218,15 @@ TEST_F(GraphFileReaderTest, NoFunctionsStillNeedTheirEmptyLine) {
   EXPECT_EQ(fault_of([&] { read_bytes(test::joined(lines)); }), 62);
 }
 
+TEST_F(GraphFileReaderTest, MinusOnePointsAreNone) {
+  const GraphFile graph = read_bytes(sample_with(3, "-1"));
+  EXPECT_EQ(graph.num_data, -1);
+  EXPECT_EQ(graph.xyarr.upper_point(), -1);
+  EXPECT_EQ(graph.names(1), "x");
+}
+
 TEST_F(GraphFileReaderTest, CountsThatLieAreCaught) {
-  EXPECT_EQ(fault_with(3, "-1"), 9);
+  EXPECT_EQ(fault_with(3, "-2"), 9);
   EXPECT_EQ(fault_with(3, "-32768"), 9);
   EXPECT_EQ(fault_with(4, "-1"), 9);
   EXPECT_EQ(fault_with(4, "-32768"), 9);
