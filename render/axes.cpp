@@ -161,7 +161,7 @@ void DrawAxes(const GraphDocument& document, const NumericService& numeric, Layo
   // redraw, on which hosts rely.
   const Double y_tick_length = document.X_grid ? layout.plot.PlotWidth : kTickLengthY;
   const Double x_tick_length = document.Y_grid ? layout.plot.PlotHeight : kTickLengthX;
-  layout.plot = plot_rect(document, surface.ScaleWidth(), surface.ScaleHeight());
+  update_plot_rect(layout.plot, document, surface.ScaleWidth(), surface.ScaleHeight());
 
   const AxisPass pass{document, numeric, layout, surface};
   draw_x_caption(pass);

@@ -111,13 +111,12 @@ void Mapping::map_y_inside(std::span<const Double> values, std::span<Double> at)
              [bottom, height](Double normal) { return bottom - height * normal; });
 }
 
-PlotRect plot_rect(const GraphDocument& document, Double scale_width, Double scale_height) {
-  PlotRect plot;
+void update_plot_rect(PlotRect& plot, const GraphDocument& document, Double scale_width,
+                      Double scale_height) {
   plot.PlotTop = document.Top_margine;
   plot.PlotLeft = document.Left_margine;
   plot.PlotWidth = to_integer(scale_width - document.Right_margine - plot.PlotLeft);
   plot.PlotHeight = to_integer(scale_height - document.Bottom_margine - plot.PlotTop);
-  return plot;
 }
 
 }  // namespace kurv

@@ -70,9 +70,11 @@ class Mapping {
   PlotRect m_plot;
 };
 
-// The plot rectangle that the margins leave on a surface of this size, rounded to whole twips, ties
-// to even. No lower bound: margins larger than the surface give a negative width or height. Throws
-// kOverflow outside 16 bits.
-PlotRect plot_rect(const GraphDocument& document, Double scale_width, Double scale_height);
+// Makes `plot` the rectangle that the margins leave on a surface of this size, rounded to whole
+// twips, ties to even. No lower bound: margins larger than the surface give a negative width or
+// height. Throws kOverflow outside 16 bits; top, left and width, which are computed in this order
+// before the height, stay as they were written until then.
+void update_plot_rect(PlotRect& plot, const GraphDocument& document, Double scale_width,
+                      Double scale_height);
 
 }  // namespace kurv

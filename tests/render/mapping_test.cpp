@@ -76,6 +76,12 @@ TEST(Mapping, FarAwayPointsBecomeInfinite) {
   EXPECT_EQ(point.y, std::numeric_limits<Single>::infinity()) << "small y lies far below";
 }
 
+PlotRect plot_rect(const GraphDocument& document, Double scale_width, Double scale_height) {
+  PlotRect plot;
+  update_plot_rect(plot, document, scale_width, scale_height);
+  return plot;
+}
+
 TEST(PlotRectangle, IsWhatTheMarginsLeaveRoundedToEven) {
   GraphDocument document;
   document.Left_margine = 100;
@@ -109,6 +115,27 @@ TEST(PlotRectangle, MayBeNegativeButNotBeyondSixteenBits) {
   EXPECT_THROW(plot_rect(document, 100, 100), Fault);
   document.Left_margine = document.Right_margine = -30000;
   EXPECT_THROW(plot_rect(document, 100, 100), Fault);
+}
+
+TEST(PlotRectangle, KeepsWhatWasWrittenBeforeAnOverflow) {
+  test::TestHost host;
+  host.load({0, 10}, {0, 20});
+  const PlotRect& plot = host.layout().plot;
+  const PlotRect before = plot;
+  host.control.set_Top_margine(700);
+  host.control.set_Left_margine(900);
+  host.control.set_Right_margine(-30000);
+  EXPECT_THROW(host.control.build_the_graph(), Fault);
+  EXPECT_EQ(plot.PlotTop, 700);
+  EXPECT_EQ(plot.PlotLeft, 900);
+  EXPECT_EQ(plot.PlotWidth, before.PlotWidth) << "the first that overflows";
+  EXPECT_EQ(plot.PlotHeight, before.PlotHeight);
+
+  host.control.set_Right_margine(100);
+  host.control.set_Bottom_margine(-30000);
+  EXPECT_THROW(host.control.build_the_graph(), Fault);
+  EXPECT_EQ(plot.PlotWidth, 12000 - 900 - 100);
+  EXPECT_EQ(plot.PlotHeight, before.PlotHeight);
 }
 
 TEST(PlotFrame, WithoutMarginsTheBorderRunsAlongTheSurfacesEdge) {
