@@ -140,7 +140,6 @@ Double RecordingSurface::TextWidth(std::string_view text) const {
 
 Double RecordingSurface::TextHeight(std::string_view text) const {
   if (m_target != nullptr) return m_target->TextHeight(text);
-  if (text.empty()) return 0;
   int lines = 0;
   for_each_line(text, [&](std::string_view) { ++lines; });
   return lines * Double(m_font.FontSize) * 20 * 1.2;

@@ -129,7 +129,8 @@ class PlotSurface {
   // colour. CR LF, LF or CR begins a new line below the first.
   virtual void Print(Single CurrentX, Single CurrentY, std::string_view text) = 0;
   // The size of the text in twips in the current font: the width of the widest line, and the height
-  // of all lines. A line end at the very end begins an empty line; an empty text has size zero.
+  // of all lines. A line end at the very end begins an empty line. An empty text is as high as one
+  // line of its font, so that what is placed above or below it has its place before it is typed.
   virtual Double TextWidth(std::string_view text) const = 0;
   virtual Double TextHeight(std::string_view text) const = 0;
 

@@ -40,7 +40,6 @@ QFont layout_font(const Font& font) {
 
 std::vector<std::string_view> lines_of(std::string_view text) {
   std::vector<std::string_view> lines;
-  if (text.empty()) return lines;
   for (;;) {
     const std::size_t end = text.find_first_of("\r\n");
     lines.push_back(text.substr(0, end));

