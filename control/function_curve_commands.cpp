@@ -38,7 +38,6 @@ bool is_x(const String& name) {
   return equals_ignoring_case(name, "x");
 }
 
-// Why the text cannot be a function curve, or nothing.
 std::optional<String> check_function(ExprEvaluator& evaluator, const String& text) {
   const ParsedExpression parsed = evaluator.ParseExpression(text);
   if (!parsed.ok) return parsed.message;
@@ -88,13 +87,17 @@ void add_function(ControlState& state) {
 std::optional<String> add_function(ControlState& state, const String& expression) {
   GraphDocument& document = state.document;
   if (is_full(document)) return kTooMany;
-  const auto evaluator = create<ExprEvaluator>(kExprEvaluatorClass);
-  const std::optional<String> refusal = check_function(*evaluator, expression);
+  const std::optional<String> refusal = check_function(expression);
   if (refusal) return refusal;
   ++document.NumYFunc;
   set_function(document.y_func(document.NumYFunc), expression);
   build_the_graph(state);
   return std::nullopt;
+}
+
+std::optional<String> check_function(const String& expression) {
+  const auto evaluator = create<ExprEvaluator>(kExprEvaluatorClass);
+  return check_function(*evaluator, expression);
 }
 
 void edit_function(ControlState& state, const String& selected) {

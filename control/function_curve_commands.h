@@ -17,6 +17,10 @@ void add_function(ControlState& state);
 // otherwise the message for the user; then nothing has changed.
 std::optional<String> add_function(ControlState& state, const String& expression);
 
+// Why the text cannot be a function curve, as a sentence for the user, or nothing where it can. An
+// evaluator that is created for this call checks it.
+std::optional<String> check_function(const String& expression);
+
 // Asks for another expression in place of the selected one, makes it visible and redraws. Does
 // nothing where there is no function or none of this very text. The library's own evaluator checks
 // the expression.

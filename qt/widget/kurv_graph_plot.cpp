@@ -8,6 +8,8 @@
 #include <stdexcept>
 #include <string>
 
+#include "control/function_curve_commands.h"
+
 namespace kurv {
 
 namespace {
@@ -74,12 +76,20 @@ void check_series(const Graph& graph) {
   if (!any_number) refuse("None of the series has a number in it.");
 }
 
+void check_expressions(const std::vector<QString>& expressions) {
+  for (const QString& expression : expressions) {
+    const std::optional<String> refusal = check_function(expression.toStdString());
+    if (refusal) refuse(*refusal);
+  }
+}
+
 }  // namespace
 
 void KurvGraph::plot(const Graph& graph) {
   check_counts(graph);
   check_x(graph.x);
   check_series(graph);
+  check_expressions(graph.expressions);
 
   const int points = static_cast<int>(graph.x.size());
   const int curves = static_cast<int>(graph.y.size());

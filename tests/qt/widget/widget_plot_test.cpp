@@ -9,6 +9,7 @@
 namespace kurv::test {
 namespace {
 
+using testing::ElementsAre;
 using testing::HasSubstr;
 
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
@@ -87,6 +88,31 @@ TEST(WidgetPlot, RefusesMoreThanThereIsRoomFor) {
   const std::vector<double> many(32768, 1);
   EXPECT_THAT(refusal_of({.x = many, .y = {{"a", many}}}),
               HasSubstr("at most 32767 points, not 32768"));
+}
+
+TEST(WidgetPlot, RefusesABadExpressionWithTheSentenceOfAddFunction) {
+  KurvGraph other;
+  const std::vector<double> two{1, 2};
+  for (const char* const bad : {"sin(", "x+y", "X*x", "2x)", "", " "}) {
+    const std::optional<QString> sentence = other.add_function(bad);
+    ASSERT_TRUE(sentence) << bad;
+    EXPECT_EQ(
+        refusal_of({.title = "Other", .x = two, .y = {{"a", two}}, .expressions = {"x", bad}}),
+        sentence->toStdString());
+  }
+}
+
+TEST(WidgetPlot, ARefusedExpressionLeavesDataAndFunctionsAlone) {
+  KurvGraph graph;
+  Graph good = small_graph();
+  good.expressions = {"X^2", "3"};
+  graph.plot(good);
+  EXPECT_THAT(graph.functions(), ElementsAre("X^2", "3"));
+  const double highest = graph.ymax();
+  EXPECT_THROW(graph.plot({.x = {1, 2}, .y = {{"a", {0, 900}}}, .expressions = {"y"}}),
+               std::invalid_argument);
+  EXPECT_THAT(graph.functions(), ElementsAre("X^2", "3"));
+  EXPECT_EQ(graph.ymax(), highest);
 }
 
 TEST(WidgetPlot, PixelsAndDataLeadToEachOther) {
