@@ -5,7 +5,7 @@
 //
 // Properties are stored as they come and do not redraw: call build_the_graph() after changing what
 // the picture shows. They and the methods below are also reached by name, through property(),
-// setProperty() and QMetaObject::invokeMethod().
+// setProperty() and QMetaObject::invokeMethod(), or through the late-bound calls of automation.h.
 //
 // A run-time error of the control (a Fault, such as too large a number or a division by zero)
 // reaches the caller: every member below throws it, also when it was called by name. It never
@@ -29,6 +29,7 @@
 #pragma once
 
 #include <KurvGraph/arrays.h>
+#include <KurvGraph/automation.h>
 #include <KurvGraph/fault.h>
 #include <KurvGraph/property_list.h>
 #include <KurvGraph/values.h>
@@ -42,6 +43,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string_view>
 #include <vector>
 
@@ -208,6 +210,11 @@ class KurvGraph : public QWidget {
   bool shortcuts_enabled() const;
   void set_shortcuts_enabled(bool on);
 
+  // For hosts that bind late. A listener is called after the signal of the same name, as long as
+  // the widget exists. It may delete the widget; a Fault that it throws is reported by
+  // runTimeError().
+  void add_listener(EventListener listener);
+
   // For a form editor: in design mode the graph redraws at every resize, and showing the widget
   // does not draw. Off by default.
   bool design_mode() const;
@@ -264,6 +271,10 @@ class KurvGraph : public QWidget {
   void handle(Work work);
   void tell(int number, const QString& text);
   void open_menu(QPoint at);
+
+  friend Variant get_property(const KurvGraph& graph, const MemberKey& key);
+  friend void set_property(KurvGraph& graph, const MemberKey& key, const Variant& value);
+  friend void call_method(KurvGraph& graph, const MemberKey& key, std::span<Variant> arguments);
 };
 
 #undef KURV_QT_PROPERTY

@@ -15,6 +15,7 @@
 namespace kurv {
 
 class Control;
+class KurvGraph;
 
 enum class ValueType {
   kInteger,
@@ -82,10 +83,16 @@ const Member* find_property(std::string_view name);
 Variant get_property(const Control& control, const MemberKey& key);
 void set_property(Control& control, const MemberKey& key, const Variant& value);
 void call_method(Control& control, const MemberKey& key, std::span<Variant> arguments);
+// The same for a widget, which does what its own members of these names do. Defined in
+// KurvGraph::KurvGraph, not in KurvGraph::Core.
+Variant get_property(const KurvGraph& graph, const MemberKey& key);
+void set_property(KurvGraph& graph, const MemberKey& key, const Variant& value);
+void call_method(KurvGraph& graph, const MemberKey& key, std::span<Variant> arguments);
 // Throws as call_method() does where a method takes more or fewer arguments.
 void check_count(const Member& method, std::size_t count);
 
-// A late-bound listener to the control's events; the arguments are those of the event's row.
+// A late-bound listener to the control's events, for add_listener() of a control or a widget; the
+// arguments are those of the event's row.
 using EventListener = std::function<void(const Event& event, std::span<const Variant> arguments)>;
 
 }  // namespace kurv
