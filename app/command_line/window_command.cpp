@@ -36,6 +36,13 @@ std::vector<GraphSource> accepted(std::vector<GraphSource> files, const Work& wo
   return kept;
 }
 
+// The error with the file in its sentence: of several files, only some may lack a column.
+UserError naming(const UserError& error, const std::string& path) {
+  const std::string sentence = error.what();
+  if (sentence.find(path) != std::string::npos) return error;
+  return UserError(path + ": " + sentence, error.exit_status());
+}
+
 // Without a display, Qt would abort with a core dump, after messages that do not help the user.
 [[noreturn]] void end_without_display() {
   std::cerr << "kurv: there is no display to open a window on; \"kurv render\" draws a picture "
@@ -74,8 +81,16 @@ int open_windows(const WindowRequest& request, const std::function<void(const st
 
   // Draws each graph off-screen first, so that errors are reported on the terminal, as for a
   // picture, and not by message boxes over empty windows.
-  files = accepted(
-      std::move(files), [&](const GraphSource& file) { check_picture(request, file); }, say);
+  const bool are_several = request.data_files.size() > 1;
+  const auto check = [&](const GraphSource& file) {
+    try {
+      check_picture(request, file);
+    } catch (const UserError& error) {
+      if (!are_several) throw;
+      throw naming(error, file.path);
+    }
+  };
+  files = accepted(std::move(files), check, say);
   for (const GraphSource& file : files) {
     (new MainWindow(request.locale, say))->show_graph(request, file);
   }

@@ -27,6 +27,15 @@ TEST_F(Expressions, DerivedCurveIsOneMoreCurve) {
   EXPECT_THAT(text.toStdString(), HasSubstr("\r\nx^2\r\n"));
 }
 
+TEST_F(Expressions, NamesWithBracketsAreWrittenEitherWay) {
+  const QString data = written("units.csv", "time [s],Temp [C]\n1,20\n2,30\n");
+  const Outcome outcome = run({"convert", data, "-o", path("units.gdf"), "--derive",
+                               "kelvin=[Temp [C]]+273", "--derive", "rate=[Temp [C]]]/[time [s]]"});
+  EXPECT_EQ(outcome.status, 0) << outcome.err;
+  const QByteArray text = contents(path("units.gdf"));
+  EXPECT_THAT(text.toStdString(), HasSubstr("\r\n293,303\r\n20,15\r\n"));
+}
+
 TEST_F(Expressions, BadOnesAreRefusedWithTheEvaluatorsSentence) {
   const QString data = small();
   expect_refusal(render(data, {"--function", "(x+1"}), 1,
@@ -37,6 +46,19 @@ TEST_F(Expressions, BadOnesAreRefusedWithTheEvaluatorsSentence) {
   expect_refusal(render(data, {"--derive", "2y=z"}), 1, "'2y' is not a valid variable name");
   expect_refusal(render(data, {"--derive", "nothing"}), 2, "as in 'ratio=up/(1+down)'");
   expect_refusal(render(data, {"--derive", "=x"}), 2, "as in 'ratio=up/(1+down)'");
+}
+
+TEST_F(Expressions, OfSeveralFilesTheOneThatRefusesIsNamed) {
+  const QString first = written("a.csv", "x,y\n1,2\n2,3\n");
+  const QString second = written("b.csv", "x,z\n1,2\n2,3\n");
+  QProcessEnvironment environment = m_process.processEnvironment();
+  environment.insert("QT_QPA_PLATFORM", "offscreen");
+  m_process.setProcessEnvironment(environment);
+  const Outcome outcome = run({first, second, "--derive", "s=q"});
+  EXPECT_EQ(outcome.status, 1);
+  const std::string refusal = ": --derive \"s=q\": 'q' is not a known scatter curve name.\n";
+  EXPECT_EQ(outcome.err,
+            "kurv: " + first.toStdString() + refusal + "kurv: " + second.toStdString() + refusal);
 }
 
 TEST_F(Expressions, ThirtyFunctionsAreTakenAndNotOneMore) {
