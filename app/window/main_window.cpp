@@ -96,12 +96,12 @@ void MainWindow::connect_graph(KurvGraph* graph) {
   connect(graph, &KurvGraph::filed, this, [this] { graph_filed(); });
   connect(
       graph, &KurvGraph::changed, this, [this] { graph_changed(); }, Qt::QueuedConnection);
-  connect(graph, &KurvGraph::runTimeError, this, [this](int, const QString& text) {
+  connect(graph, &KurvGraph::runTimeError, this, [this](int number, const QString& text) {
     // One box at a time: resizing the window with the mouse would open one for each size.
     if (m_showing_error) return;
     m_showing_error = true;
     const QPointer<MainWindow> alive(this);
-    show_error((m_path.empty() ? QString("The graph") : file_label(m_path)) + ": " + text + '.');
+    show_error(run_time_error(number, text, m_path));
     if (alive) m_showing_error = false;
   });
 }

@@ -1,4 +1,6 @@
 // Opening, saving and exporting files in the main window.
+#include <KurvGraph/file_fault.h>
+
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDragEnterEvent>
@@ -86,18 +88,21 @@ void MainWindow::show_error(const QString& text) {
 // Runs a command that the graph may fail at, and shows its warnings and errors in boxes.
 void MainWindow::run_guarded(const std::function<void()>& work) {
   const QPointer<MainWindow> alive(this);
-  QString failure;
+  std::optional<Fault> failure;
+  std::string file;
   try {
     work();
+  } catch (const FileFault& fault) {
+    failure = fault;
+    file = fault.path();
   } catch (const Fault& fault) {
-    failure = fault.what();
+    failure = fault;
   }
   if (!alive) return;
   update_actions();
   show_warnings();
-  if (!alive || failure.isEmpty()) return;
-  const QString name = m_path.empty() ? QString("The graph") : file_label(m_path);
-  show_error(name + ": " + failure + '.');
+  if (!alive || !failure) return;
+  show_error(failed_label(file, m_path) + ": " + failure->what() + '.');
 }
 
 void MainWindow::run_command(const char* word) {

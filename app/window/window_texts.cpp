@@ -1,5 +1,7 @@
 #include "app/window/window_texts.h"
 
+#include <KurvGraph/fault.h>
+
 #include <QFile>
 #include <filesystem>
 
@@ -18,6 +20,17 @@ QString window_title(const std::string& path) {
   // "[*]" is Qt's placeholder for the mark of unsaved changes; doubled, it is plain text.
   const QString name = file_label(path).replace("[*]", "[*][*]");
   return name + QStringLiteral("[*] \u2013 ") + kProgram;
+}
+
+QString failed_label(const std::string& file, const std::string& path) {
+  if (!file.empty() && file != path) return QFile::decodeName(on_one_line(file).c_str());
+  return path.empty() ? QString("The graph") : file_label(path);
+}
+
+// The graph's text is more than that of the number where it names a file already.
+QString run_time_error(int number, const QString& text, const std::string& path) {
+  const bool names_file = text != fault_text(static_cast<FaultKind>(number));
+  return (names_file ? text : failed_label({}, path) + ": " + text) + '.';
 }
 
 QString menu_label(const QString& text) {

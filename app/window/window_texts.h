@@ -13,6 +13,13 @@ QString file_label(const std::string& path);
 // The title of a window, with Qt's placeholder "[*]" for the mark of unsaved changes.
 QString window_title(const std::string& path);
 
+// What an error is about: `file`, as it was named; without one the graph from `path`, which is
+// shown as file_label() does.
+QString failed_label(const std::string& file, const std::string& path);
+
+// The sentence for a runTimeError() of the graph from `path`.
+QString run_time_error(int number, const QString& text, const std::string& path);
+
 // For menus: with ampersands escaped, which would mark a mnemonic.
 QString menu_label(const QString& text);
 

@@ -1,8 +1,10 @@
 #include <KurvGraph/KurvGraph.h>
+#include <KurvGraph/file_fault.h>
 
 #include <QContextMenuEvent>
 #include <QCoreApplication>
 #include <QEvent>
+#include <QFile>
 #include <QKeyEvent>
 #include <QMetaMethod>
 #include <algorithm>
@@ -50,17 +52,38 @@ std::optional<QString> shown(const std::optional<String>& sentence) {
   return shown_text(*sentence);
 }
 
-// The run-time error that ends the work early, if one does.
+struct Failure {
+  Fault fault;
+  String file = {};  // that it is about; empty where it is about none
+};
+
+// The run-time error that ends the work early, if one does. It is about the file that the user has
+// chosen during the work.
 template <class Work>
-std::optional<Fault> failure_of(Work work) {
+std::optional<Failure> failure_of(QtShell& shell, Work work) {
+  String chosen_before = shell.exchange_chosen_file({});
+  std::optional<Failure> failure;
   try {
     work();
   } catch (const Fault& fault) {
-    return fault;
+    failure.emplace(Failure{fault});
   } catch (const std::bad_alloc&) {
-    return Fault(FaultKind::kOutOfMemory);
+    failure.emplace(Failure{Fault(FaultKind::kOutOfMemory)});
   }
-  return std::nullopt;
+  String chosen = shell.exchange_chosen_file(std::move(chosen_before));
+  if (failure) failure->file = std::move(chosen);
+  return failure;
+}
+
+[[noreturn]] void throw_again(const Failure& failure) {
+  if (failure.file.empty()) throw failure.fault;
+  throw FileFault(failure.fault.kind(), failure.file);
+}
+
+QString text_of(const Failure& failure) {
+  const QString text = QString::fromUtf8(failure.fault.what());
+  if (failure.file.empty()) return text;
+  return QFile::decodeName(failure.file.c_str()) + QStringLiteral(": ") + text;
 }
 
 }  // namespace
@@ -86,8 +109,11 @@ KurvGraph::~KurvGraph() {
   // half destroyed.
   state->widget.clear();
   state->shell.leave_window();
-  const std::optional<Fault> failure = failure_of([&] { state->graph.terminate(); });
-  if (failure) state->shell.message_box(failure->what(), kCriticalStop, kBoxTitle);
+  const std::optional<Failure> failure =
+      failure_of(state->shell, [&] { state->graph.terminate(); });
+  if (failure) {
+    state->shell.message_box(text_of(*failure).toStdString(), kCriticalStop, kBoxTitle);
+  }
   // To destroy a visible widget Qt consults the application object, even after that has ended.
   if (!QCoreApplication::instance()) {
     setAttribute(Qt::WA_WState_Visible, false);
@@ -147,12 +173,12 @@ void KurvGraph::call(Work work) {
   state.fit();
   state.apply_locale();
   const PrintingFor printing(this);
-  const std::optional<Fault> failure = failure_of([&] { work(state.graph); });
+  const std::optional<Failure> failure = failure_of(state.shell, [&] { work(state.graph); });
   state.changed_from_outside();
   for (int redraws = state.finish(); redraws > 0 && state.widget; --redraws) {
     Q_EMIT state.widget->redrawn();
   }
-  if (failure) throw *failure;
+  if (failure) throw_again(*failure);
 }
 
 // A call of the toolkit. No exception may cross its event loop, and no slot may delete the widget
@@ -162,7 +188,7 @@ void KurvGraph::handle(Work work) {
   const std::shared_ptr<State> state = m_state;
   state->apply_locale();
   const PrintingFor printing(this);
-  const std::optional<Fault> failure = failure_of([&] { work(*state); });
+  const std::optional<Failure> failure = failure_of(state->shell, [&] { work(*state); });
   const int redraws = state->finish(failure.has_value());
   if (!state->widget) return;
   KurvGraph* const widget = state->widget;
@@ -170,8 +196,8 @@ void KurvGraph::handle(Work work) {
     QMetaObject::invokeMethod(widget, &KurvGraph::redrawn, Qt::QueuedConnection);
   }
   if (!failure) return;
-  const int number = failure->number();
-  const QString text = QString::fromUtf8(failure->what());
+  const int number = failure->fault.number();
+  const QString text = text_of(*failure);
   QMetaObject::invokeMethod(
       widget, [widget, number, text] { widget->tell(number, text); }, Qt::QueuedConnection);
 }

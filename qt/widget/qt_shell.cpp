@@ -172,7 +172,9 @@ FileChoice QtShell::open_file(const OpenDialog& settings) {
   dialog->setAcceptMode(QFileDialog::AcceptOpen);
   dialog->setFileMode(QFileDialog::ExistingFile);
   set_filters(*dialog.get(), settings.filter, settings.default_extension);
-  return choice_of(dialog);
+  const FileChoice choice = choice_of(dialog);
+  m_chosen_file = choice.path;
+  return choice;
 }
 
 FileChoice QtShell::save_file(const SaveDialog& settings) {
@@ -184,7 +186,9 @@ FileChoice QtShell::save_file(const SaveDialog& settings) {
   dialog->setOption(QFileDialog::DontConfirmOverwrite, (settings.flags & kOverwritePrompt) == 0);
   set_filters(*dialog.get(), settings.filter, settings.default_extension);
   if (!settings.file_name.empty()) dialog->selectFile(shown_text(settings.file_name));
-  return choice_of(dialog);
+  const FileChoice choice = choice_of(dialog);
+  m_chosen_file = choice.path;
+  return choice;
 }
 
 std::optional<Font> QtShell::choose_font(const Font& preset) {

@@ -8,6 +8,7 @@
 #include <QStringList>
 #include <QWidget>
 #include <string_view>
+#include <utility>
 
 #include "dialogs/client.h"
 
@@ -36,6 +37,8 @@ class QtShell final : public Shell {
 
   // Later dialogs have no parent.
   void leave_window() { m_owner.clear(); }
+  // Returns the file that was chosen last in a dialog, and replaces it.
+  String exchange_chosen_file(String file) { return std::exchange(m_chosen_file, std::move(file)); }
 
   Answer message_box(std::string_view text, int flags, std::string_view title) override;
   String input_prompt(std::string_view text, std::string_view title,
@@ -53,6 +56,7 @@ class QtShell final : public Shell {
  private:
   QPointer<QWidget> m_owner;
   Client* m_client;
+  String m_chosen_file;  // empty where the last dialog was cancelled
 };
 
 }  // namespace kurv

@@ -64,6 +64,25 @@ TEST_F(MainWindowSave, ThatFailsIsSaidAndKeepsTheWindowOpenAlsoForWhatIsNotDrawn
   EXPECT_EQ(text, "small.gdf: Path not found.");
 }
 
+TEST_F(MainWindowSave, UnderAnotherNameThatFailsIsSaidWithThatName) {
+  MainWindow* const kurv = window_of(table());
+  for (const char* entry : {"mnuSave", "mnuSaveAs"}) {
+    choose_file(path("gone/other.gdf"));
+    QString text;
+    click_box("OK", &text);
+    press(kurv, entry);
+    EXPECT_EQ(text, m_folder.filePath("gone/other.gdf") + ": Path not found.") << entry;
+  }
+}
+
+TEST_F(MainWindowSave, ATableThatFailsIsSaidWithItsName) {
+  MainWindow* const kurv = window_of(table());
+  QString text;
+  click_box("OK", &text);
+  Q_EMIT kurv->graph().runTimeError(76, "/gone/small.txt: Path not found");
+  EXPECT_EQ(text, "/gone/small.txt: Path not found.");
+}
+
 TEST_F(MainWindowSave, TheTitleIsMarkedForWhatIsNotDrawn) {
   MainWindow* const kurv = with_limit_not_drawn();
   QTest::qWait(300);

@@ -1,0 +1,25 @@
+// A run-time error that is about a file, with the file.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include <KurvGraph/fault.h>
+
+namespace kurv {
+
+// Thrown by a widget's member where the file that the user has chosen in a dialog cannot be read or
+// written. A host that does not need the name catches Fault; a host that passes a path knows it.
+class FileFault final : public Fault {
+ public:
+  FileFault(FaultKind kind, const std::string& path)
+      : Fault(kind), m_path(std::make_shared<const std::string>(path)) {}
+
+  // As it was chosen.
+  const std::string& path() const { return *m_path; }
+
+ private:
+  std::shared_ptr<const std::string> m_path;  // shared, so that copying does not throw
+};
+
+}  // namespace kurv
