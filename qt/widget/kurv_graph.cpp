@@ -317,25 +317,8 @@ void KurvGraph::CloseMe() {
 
 // -- Late binding ---------------------------------------------------------------------------------
 
-Variant get_property(const KurvGraph& graph, const MemberKey& key) {
-  return get_property(graph.m_state->graph, key);
-}
-
-void set_property(KurvGraph& graph, const MemberKey& key, const Variant& value) {
-  set_property(graph.m_state->graph, key, value);
-  graph.m_state->changed_from_outside();
-}
-
 void call_method(KurvGraph& graph, const MemberKey& key, std::span<Variant> arguments) {
   graph.call([&](Control& control) { call_method(control, key, arguments); });
-}
-
-// The state, which owns the listener, may outlive the widget until the event is over.
-void KurvGraph::add_listener(EventListener listener) {
-  m_state->graph.add_listener([&state = *m_state, listener = std::move(listener)](
-                                  const Event& event, std::span<const Variant> arguments) {
-    if (state.widget) listener(event, arguments);
-  });
 }
 
 // -- Events ---------------------------------------------------------------------------------------
