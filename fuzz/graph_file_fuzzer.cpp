@@ -46,7 +46,7 @@ class MemoryFile {
 };
 
 void check_graph(const GraphFile& graph) {
-  require(graph.num_data >= 0 && graph.num_y >= 0);
+  require(graph.num_data >= -1 && graph.num_y >= 0);
   require(graph.xyarr.upper_column() == graph.num_y + 1);
   require(graph.xyarr.upper_point() == graph.num_data);
   require(graph.names.upper() == graph.num_y + 1);
