@@ -20,6 +20,13 @@
 
 namespace kurv {
 
+// What the last complete redraw has drawn. Refused data replace the document, but the picture
+// stays.
+struct LastPicture {
+  Layout layout;
+  bool has_legend = false;
+};
+
 struct ControlState {
   Container& container;
   Shell& shell;
@@ -27,6 +34,8 @@ struct ControlState {
   const Services& services;
   GraphDocument document{};
   Layout layout{};
+  // Nothing while the surface is blank.
+  std::optional<LastPicture> last_picture{};
   char decimal_separator = '.';  // in graph files
   // The graph file that is being read. A load that fails leaves it open; the next load or save
   // begins by closing it.

@@ -32,18 +32,31 @@ auto& handle_of(AnyLayout& layout, Item item) {
   return layout.picLegend;
 }
 
+bool has_picture(const ControlState& state) {
+  return state.document.GraphValid || state.last_picture;
+}
+
+const Layout& visible_layout(const ControlState& state) {
+  const bool is_stale = !state.document.GraphValid && state.last_picture;
+  return is_stale ? state.last_picture->layout : state.layout;
+}
+
+bool shows_legend(const ControlState& state) {
+  return state.document.GraphValid ? has_legend(state.document) : state.last_picture->has_legend;
+}
+
 }  // namespace
 
 const Rect& rect_of(const ControlState& state, Item item) {
-  return handle_of(state.layout, item);
+  return handle_of(visible_layout(state), item);
 }
 
-Rect& rect_of(ControlState& state, Item item) {
-  return handle_of(state.layout, item);
+Rect& place_of(Layout& layout, Item item) {
+  return handle_of(layout, item);
 }
 
 std::vector<Rect> rects_of(const ControlState& state, Region region) {
-  const Layout& layout = state.layout;
+  const Layout& layout = visible_layout(state);
   switch (region) {
     case Region::kXCaption:
       return {layout.shpXcaption};
@@ -64,15 +77,15 @@ std::vector<Rect> rects_of(const ControlState& state, const HitTarget& target) {
 }
 
 bool is_shown(const ControlState& state, Item item) {
-  if (!state.document.GraphValid) return false;
+  if (!has_picture(state)) return false;
   const Rect& rect = rect_of(state, item);
   const bool has_extent = rect.width > 0 && rect.height > 0;
-  return has_extent && (item != Item::kLegend || has_legend(state.document));
+  return has_extent && (item != Item::kLegend || shows_legend(state));
 }
 
 bool is_shown(const ControlState& state, const HitTarget& target) {
   if (const Item* const item = std::get_if<Item>(&target)) return is_shown(state, *item);
-  return std::holds_alternative<Region>(target) == bool(state.document.GraphValid);
+  return std::holds_alternative<Region>(target) == has_picture(state);
 }
 
 std::optional<Item> item_at(const ControlState& state, SurfacePoint at) {
@@ -83,8 +96,8 @@ std::optional<Item> item_at(const ControlState& state, SurfacePoint at) {
 }
 
 std::optional<Region> region_at(const ControlState& state, SurfacePoint at) {
-  // Without a graph the layout still has the regions of the last one, which are not visible.
-  if (!state.document.GraphValid) return std::nullopt;
+  // Without a picture the layout may still have the regions of one that is gone.
+  if (!has_picture(state)) return std::nullopt;
   for (const Region region : kRegions) {
     const std::vector<Rect> rects = rects_of(state, region);
     const auto contains_point = [at](const Rect& rect) { return contains(rect, at); };

@@ -77,6 +77,8 @@ void resize(ControlState& state) {
   PlotRect& plot = state.layout.plot;
   const NumericService& numeric = *state.services.numeric;
 
+  // A surface is blank once it has another size.
+  state.last_picture.reset();
   document.GraphSaved = false;
   plot.PlotTop = document.Top_margine;
   plot.PlotLeft = document.Left_margine;

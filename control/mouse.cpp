@@ -195,7 +195,7 @@ void drop(ControlState& state, Item item, SurfacePoint at) {
   state.mouse.owner(MouseButton::kAny) = PressOwner::kNobody;
   const Single left = kept_in_16_bits(moved(at.x, -state.mouse.press_x));
   const Single top = kept_in_16_bits(moved(at.y, -state.mouse.press_y));
-  Rect& rect = rect_of(state, item);
+  Rect& rect = place_of(state.layout, item);
   rect.left = left;
   rect.top = top;
   build_the_graph(state);

@@ -38,8 +38,10 @@ void build_the_graph(ControlState& state) {
   SizeTitleHandles(document, layout, surface);
   document.GraphSaved = false;
   surface.Cls();
+  state.last_picture.reset();
   select_data_copy(document);
   paint(document, *state.services.numeric, layout, state.function_evaluator, surface);
+  state.last_picture = LastPicture{layout, has_legend(document)};
   state.container.redrawn();
 }
 

@@ -70,6 +70,7 @@ void KurvGraph::State::fit() {
   const bool resized = new_outer != outer || new_inner != inner;
   if (!resized && new_ratio == ratio) return;
   picture.resize(new_inner, new_ratio);
+  graph.state().last_picture.reset();
   outer = new_outer;
   inner = new_inner;
   ratio = new_ratio;

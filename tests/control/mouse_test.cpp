@@ -302,12 +302,5 @@ TEST(DoubleClick, OpensTheCurvesWhereThereIsNoGraph) {
   EXPECT_EQ(host.container.mouse_ups, 4);
 }
 
-TEST(DoubleClick, AfterRefusedDataFindsNoItems) {
-  MouseHost host;
-  const SurfacePoint title = middle(host.layout().imgTitle);
-  host.load({5, 5}, {1, 2});
-  EXPECT_EQ(item_at(host.control.state(), title), std::nullopt);
-}
-
 }  // namespace
 }  // namespace kurv

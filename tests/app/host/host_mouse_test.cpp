@@ -105,6 +105,14 @@ TEST_F(HostMouse, DoubleClickWithoutAGraphOpensTheCurves) {
   EXPECT_EQ(events(R"({"mouse":"up","at":[850,300]})").size(), 1);
 }
 
+TEST_F(HostMouse, WhatRefusedDataLeaveOnTheSurfaceCanBePressed) {
+  ask(R"({"call":"scatter_graph","args":[[[1,2]],[3,3],2,1,"New","x",["y"],0,[]]})");
+  EXPECT_EQ(error(R"({"mouse":"down","at":[300,2000]})"), 0);
+  EXPECT_EQ(error(R"({"mouse":"up","at":[300,2000]})"), 0);
+  EXPECT_EQ(shown(R"({"mouse":"double","at":[300,2000]})"), window("frmPropert", 2)) << "labels";
+  EXPECT_EQ(shown(R"({"mouse":"double","at":[850,300]})"), window("frmPropert", 1)) << "the title";
+}
+
 TEST_F(HostMouse, DragMovesAnItemAndRedraws) {
   EXPECT_EQ(error(R"({"drag":"Title","grab":[10,20.5],"drop":[2010,3020.5]})"), 0);
   EXPECT_EQ(title(), "print 2000 3000 \"Squares\"");

@@ -125,6 +125,7 @@ TEST_F(WidgetKeyboard, WhatIsNotThereIsPassedOver) {
 
 TEST_F(WidgetKeyboard, AnEmptyGraphIsOneStep) {
   m_graph.document().GraphValid = false;
+  m_graph.control().last_picture.reset();
   m_graph.findChild<QToolButton*>("tbrGraph.help")->setFocus();
   key(Qt::Key_Tab);
   EXPECT_EQ(here(), "Empty plot");
