@@ -1,11 +1,8 @@
 #include "app/host/host_command.h"
 
-#include <KurvGraph/fault.h>
-
 #include <iostream>
 #include <string>
 
-#include "app/base/user_error.h"
 #include "app/graph/headless_application.h"
 #include "app/host/host_session.h"
 
@@ -19,11 +16,7 @@ int run_host() {
         session.answer(QByteArray::fromRawData(line.data(), static_cast<qsizetype>(line.size())));
     std::cout.write(answer.constData(), answer.size()).put('\n').flush();
   }
-  try {
-    session.finish();
-  } catch (const Fault& fault) {
-    throw UserError(std::string("the graph could not be saved: ") + fault.what() + ".");
-  }
+  session.finish();
   return 0;
 }
 

@@ -15,11 +15,6 @@ QString qt_text(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
-FileChoice file_choice(const QJsonValue& answer) {
-  const QJsonObject entry = answer.toObject();
-  return {entry["path"].toString().toStdString(), entry["filter"].toInt(1)};
-}
-
 Single size_in(const QJsonObject& font, Single preset) {
   const QJsonValue size = font["size"];
   const bool is_given = !size.isUndefined() && !size.isNull();
@@ -38,6 +33,12 @@ QJsonArray HostShell::take_shown() {
 
 QJsonValue HostShell::next_answer() {
   return m_answers.isEmpty() ? QJsonValue(QJsonValue::Null) : m_answers.takeAt(0);
+}
+
+FileChoice HostShell::next_file() {
+  const QJsonObject entry = next_answer().toObject();
+  m_chosen_file = entry["path"].toString().toStdString();
+  return {m_chosen_file, entry["filter"].toInt(1)};
 }
 
 Answer HostShell::message_box(std::string_view text, int flags, std::string_view title) {
@@ -66,7 +67,7 @@ FileChoice HostShell::open_file(const OpenDialog& dialog) {
                              {"title", qt_text(dialog.title)},
                              {"filter", qt_text(dialog.filter)},
                              {"default_extension", qt_text(dialog.default_extension)}});
-  return file_choice(next_answer());
+  return next_file();
 }
 
 FileChoice HostShell::save_file(const SaveDialog& dialog) {
@@ -76,7 +77,7 @@ FileChoice HostShell::save_file(const SaveDialog& dialog) {
                              {"default_extension", qt_text(dialog.default_extension)},
                              {"file_name", qt_text(dialog.file_name)},
                              {"flags", dialog.flags}});
-  return file_choice(next_answer());
+  return next_file();
 }
 
 std::optional<Font> HostShell::choose_font(const Font& preset) {

@@ -18,6 +18,9 @@ class HostShell final : public Shell {
   void queue(const QJsonArray& answers);
   // What was shown since the last call of this.
   QJsonArray take_shown();
+  // Returns the file that was chosen last, and forgets it; empty where the last dialog was
+  // cancelled.
+  String take_chosen_file() { return std::exchange(m_chosen_file, {}); }
 
   // A question takes the next entry, "yes" or anything else for No; a box with OK alone takes none.
   Answer message_box(std::string_view text, int flags, std::string_view title) override;
@@ -37,9 +40,11 @@ class HostShell final : public Shell {
 
  private:
   QJsonValue next_answer();
+  FileChoice next_file();
 
   QJsonArray m_answers;
   QJsonArray m_shown;
+  String m_chosen_file;
 };
 
 class HostContainer final : public Container {

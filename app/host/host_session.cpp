@@ -263,8 +263,16 @@ QByteArray HostSession::answer(const QByteArray& line) {
   return QJsonDocument(answer).toJson(QJsonDocument::Compact);
 }
 
+// The graph is saved to the file that it has, or else to one that is chosen in a dialog.
 void HostSession::finish() {
-  end();
+  if (!m_hosted) return;
+  const std::string own_file = m_hosted->control().FileName();
+  static_cast<void>(m_shell.take_chosen_file());
+  try {
+    end();
+  } catch (const Fault& fault) {
+    throw unwritable_graph_file(own_file.empty() ? m_shell.take_chosen_file() : own_file, fault);
+  }
 }
 
 }  // namespace kurv::app

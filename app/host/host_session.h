@@ -19,8 +19,8 @@ class HostSession {
  public:
   // One line without its end; so is the answer.
   QByteArray answer(const QByteArray& line);
-  // The end of the input: the control is terminated as a host would do it. Throws Fault when the
-  // graph was to be saved then and could not be.
+  // The end of the input: the control is terminated as a host would do it. Throws UserError when
+  // the graph was to be saved then and could not be.
   void finish();
 
  private:

@@ -1,4 +1,6 @@
 // The control on a pipe as other processes meet it.
+#include <QDir>
+
 #include "tests/app/command_line/program_fixture.h"
 
 namespace kurv::app {
@@ -24,6 +26,8 @@ class HostProcess : public Program {
     EXPECT_EQ(m_process.exitStatus(), QProcess::NormalExit);
     return m_process.exitCode();
   }
+
+  static QByteArray quoted(const QString& text) { return '"' + text.toUtf8() + '"'; }
 
   void run_script(const char* interpreter, const char* script) {
     m_process.setWorkingDirectory(m_folder.path());
@@ -64,6 +68,40 @@ TEST_F(HostProcess, ALastLineWithoutItsEndIsAnswered) {
   m_process.write(R"({"get":"NumTicks"})");
   EXPECT_EQ(finish(), 0);
   EXPECT_THAT(m_process.readAllStandardOutput().toStdString(), StartsWith("{\"ok\":true"));
+}
+
+TEST_F(HostProcess, ASaveThatFailsAtTheEndOfTheInputNamesItsFile) {
+  const QByteArray load =
+      R"({"call":"scatter_graph","args":[[[1,4,9],[3,2,1]],[1,2,3],3,2,"Squares",)"
+      R"("x",["a","b"],0,[],true]})";
+  const QByteArray ask_to_save = R"({"set":"QueryForSave","to":true})";
+  const QByteArray chosen = quoted(path("gone/chosen.gdf"));
+
+  m_process.start(KURV_PROGRAM, {"host"});
+  for (const QByteArray& line :
+       {load, ask_to_save, R"({"answers":["yes",{"path":)" + chosen + "}]}"}) {
+    ask(line);
+  }
+  EXPECT_EQ(finish(), 1);
+  EXPECT_EQ(m_process.readAllStandardError().toStdString(),
+            "kurv: " + path("gone/chosen.gdf").toStdString() +
+                " cannot be written: Path not found; choose another folder.\n");
+
+  // A graph that has a file is saved there without a dialog.
+  const QString own = path("folder/own.gdf");
+  ASSERT_TRUE(QDir(m_folder.path()).mkdir("folder"));
+  m_process.start(KURV_PROGRAM, {"host"});
+  for (const QByteArray& line :
+       {load, ask_to_save, R"({"answers":[{"path":)" + quoted(own) + "}]}",
+        QByteArray(R"({"call":"Save_graph"})"), QByteArray(R"({"call":"build_the_graph"})"),
+        QByteArray(R"({"answers":["yes"]})")}) {
+    ask(line);
+  }
+  ASSERT_TRUE(QDir(path("folder")).removeRecursively());
+  EXPECT_EQ(finish(), 1);
+  EXPECT_EQ(m_process.readAllStandardError().toStdString(),
+            "kurv: " + own.toStdString() +
+                " cannot be written: Path not found; choose another folder.\n");
 }
 
 TEST_F(HostProcess, ThePythonExampleLeavesAPictureAndAGraph) {
