@@ -17,6 +17,9 @@ namespace kurv::app {
 
 namespace {
 
+// A file may claim this many points; it loads as one with 0 points does.
+constexpr int kNoPoints = -1;
+
 bool fits_16_bits(double number) {
   try {
     static_cast<void>(to_integer(number));
@@ -122,8 +125,7 @@ class Check {
     if (text_to_number(line) != count) {
       warn(number, name + " is " + quoted(line) + ", which is read as " + std::to_string(count));
     }
-    if (count < 0 && number != m_num_functions_line) error(number, name + " is negative");
-    if (count < 0 && number == m_num_functions_line) warn(number, name + " is negative");
+    if (count < 0) check_negative_count(number, name, count);
     if (number == m_num_y_line && count == kMaxCount) {
       error(number, name + " is " + std::to_string(count) + ", which leaves no column for x");
     } else if (number == m_num_y_line && count > kMaxCurves) {
@@ -133,6 +135,16 @@ class Check {
     if (number == m_num_functions_line && count > kMaxFunctions) {
       warn(number, name + " is " + std::to_string(count) + ", and a graph takes the first " +
                        std::to_string(kMaxFunctions));
+    }
+  }
+
+  void check_negative_count(std::size_t number, const std::string& name, int count) {
+    if (number == m_num_functions_line) {
+      warn(number, name + " is negative");
+    } else if (number == m_num_data_line && count == kNoPoints) {
+      warn(number, name + " is negative, so there are no points to draw");
+    } else {
+      error(number, name + " is negative");
     }
   }
 
@@ -159,7 +171,7 @@ class Check {
 
   bool counts_are_possible() const {
     const GraphCounts& counts = m_file.counts();
-    return counts.data && counts.curves && *counts.data >= 0 && *counts.curves >= 0 &&
+    return counts.data && counts.curves && *counts.data >= kNoPoints && *counts.curves >= 0 &&
            *counts.curves < kMaxCount;
   }
 
@@ -253,6 +265,7 @@ class Check {
     }
   }
 
+  const std::size_t m_num_data_line = graph_file_line("NumData");
   const std::size_t m_num_y_line = graph_file_line("NumY");
   const std::size_t m_num_functions_line = graph_file_line("NumYFunc");
   const std::size_t m_title_line = graph_file_line("Title");

@@ -130,6 +130,19 @@ TEST_F(GraphFile, OddThingsAreListedAndDoNotKeepItFromLoading) {
   EXPECT_THAT(check(path("small.gdf")).out, HasSubstr("line 54: the graph ends before it"));
 }
 
+TEST_F(GraphFile, ThatClaimsMinusOnePointsLoadsAndHasNothingToDraw) {
+  const QString file = changed(3, "-1");
+  const Outcome outcome = check(file);
+  EXPECT_EQ(outcome.status, 0) << outcome.out;
+  EXPECT_THAT(
+      outcome.out,
+      AllOf(HasSubstr("line 3: NumData is negative, so there are no points to draw\n"),
+            HasSubstr("line 48: it has 3 values instead of 0"), Not(HasSubstr("does not load"))));
+  EXPECT_EQ(run({"info", file}).status, 0);
+  EXPECT_EQ(run({"convert", file, "-o", path("again.gdf")}).status, 1);
+  expect_refusal(render(file), 1, "cannot be drawn");
+}
+
 TEST_F(GraphFile, WhatKeepsItFromLoadingIsListed) {
   const auto listed = [&](int line, const QByteArray& text, const std::string& part) {
     const QString file = changed(line, text);
