@@ -41,7 +41,8 @@ class MainWindow final : public QMainWindow {
   // when it cannot be drawn; the window then keeps its graph.
   void show_graph(const GraphChoice& choice, const GraphSource& source);
   // Opens a file in this window, or in a new one if this one has unsaved changes. Asks which
-  // columns of a table to draw, and shows errors in a box. Returns whether a window shows the file.
+  // columns of a table to draw, and shows errors in a box, both over this window. Returns whether a
+  // window shows the file.
   bool open(const std::string& path);
   // The same for several, each in a window of its own.
   void open_all(const std::vector<std::string>& paths);
@@ -55,6 +56,8 @@ class MainWindow final : public QMainWindow {
   void dropEvent(QDropEvent* event) override;
 
  private:
+  enum class Target { kThisWindow, kNewWindow };
+
   void make_menu();
   KurvGraph* new_graph();
   void replace_graph(KurvGraph* graph, const QByteArray& saved, const std::string& path);
@@ -74,8 +77,8 @@ class MainWindow final : public QMainWindow {
   void run_command(const char* word);
   void new_window();
   void choose_files();
-  bool open_elsewhere(const std::string& path);
-  bool open_here(const std::string& path);
+  bool open_in(Target target, const std::string& path);
+  void show_in_new_window(const GraphChoice& choice, const GraphSource& source) const;
   std::optional<GraphSource> ask_about_table(const std::string& path, GraphChoice& choice);
   void open_recent(const std::string& path);
   bool save();

@@ -136,40 +136,33 @@ void MainWindow::choose_files() {
 
 void MainWindow::open_all(const std::vector<std::string>& paths) {
   const QPointer<MainWindow> alive(this);
-  bool taken = false;
+  Target target = Target::kThisWindow;
   for (const std::string& path : paths) {
-    const bool opened = taken ? open_elsewhere(path) : open(path);
-    taken = taken || opened;
+    if (open_in(target, path)) target = Target::kNewWindow;
     if (!alive) return;
   }
 }
 
 bool MainWindow::open(const std::string& path) {
-  return is_saved() ? open_here(path) : open_elsewhere(path);
+  return open_in(Target::kThisWindow, path);
 }
 
-// A new window that shows nothing is closed again.
-bool MainWindow::open_elsewhere(const std::string& path) {
-  const QPointer<MainWindow> window(new MainWindow(m_locale, m_report));
-  window->show();
-  const bool opened = window->open_here(path);
-  if (window && !opened) window->close();
-  return opened;
-}
-
-bool MainWindow::open_here(const std::string& path) {
+// A new window appears with the graph in it, so whatever is asked or said before that is over this
+// one. A graph that has unsaved changes when all has been asked is not replaced.
+bool MainWindow::open_in(Target target, const std::string& path) {
   const QPointer<MainWindow> alive(this);
   QString failure;
   try {
     GraphChoice choice;
     choice.locale = m_locale;
-    if (is_graph_file(path)) {
-      show_graph(choice, {path, std::nullopt});
-      return true;
-    }
-    const std::optional<GraphSource> source = ask_about_table(path, choice);
+    std::optional<GraphSource> source = GraphSource{path, std::nullopt};
+    if (!is_graph_file(path)) source = ask_about_table(path, choice);
     if (!source || !alive) return false;
-    show_graph(choice, *source);
+    if (target == Target::kThisWindow && is_saved()) {
+      show_graph(choice, *source);
+    } else {
+      show_in_new_window(choice, *source);
+    }
     return true;
   } catch (const UserError& error) {
     failure = sentence(error.what(), path);
@@ -180,6 +173,17 @@ bool MainWindow::open_here(const std::string& path) {
   }
   if (alive) show_error(failure);
   return false;
+}
+
+// A window that shows nothing is closed again.
+void MainWindow::show_in_new_window(const GraphChoice& choice, const GraphSource& source) const {
+  const QPointer<MainWindow> window(new MainWindow(m_locale, m_report));
+  try {
+    window->show_graph(choice, source);
+  } catch (...) {
+    if (window) window->close();
+    throw;
+  }
 }
 
 std::optional<GraphSource> MainWindow::ask_about_table(const std::string& path,

@@ -109,6 +109,50 @@ TEST_F(MainWindowFilesTest, APreviewThatIsCancelledChangesNothing) {
   EXPECT_THAT(recent(), ElementsAre());
 }
 
+TEST_F(MainWindowFilesTest, ATableIsPreviewedOverUnsavedWorkAndThenGetsAWindow) {
+  MainWindow* const kurv = window_of(graph_file());
+  change_title(kurv, "Other");
+  std::size_t windows = 0;
+  answer<ImportDialog>([&](ImportDialog& dialog) {
+    windows = all().size();
+    EXPECT_EQ(dialog.parentWidget(), kurv);
+    dialog.accept();
+  });
+  EXPECT_TRUE(kurv->open(table()));
+  EXPECT_EQ(windows, 1u) << "there must be no empty one behind the preview";
+  ASSERT_EQ(all().size(), 2u);
+  for (const MainWindow* each : all()) {
+    EXPECT_EQ(each->graph().Title(), each == kurv ? "Other" : "small");
+  }
+}
+
+TEST_F(MainWindowFilesTest, APreviewThatIsCancelledOverUnsavedWorkLeavesNoWindow) {
+  MainWindow* const kurv = window_of(graph_file());
+  change_title(kurv, "Other");
+  answer<ImportDialog>([&](ImportDialog& dialog) {
+    EXPECT_EQ(all().size(), 1u);
+    dialog.reject();
+  });
+  EXPECT_FALSE(kurv->open(table()));
+  EXPECT_EQ(all().size(), 1u);
+}
+
+TEST_F(MainWindowFilesTest, AFileThatCannotBeOpenedIsSaidOverUnsavedWorkWithoutANewWindow) {
+  MainWindow* const kurv = window_of(graph_file());
+  change_title(kurv, "Other");
+  const std::string broken =
+      written(path("broken.gdf"), "QXPLOT/V500//1E\r\nT\r\n3\r\n1\r\n0\r\nBroken\r\n");
+  for (const std::string& file : {broken, path("missing.csv")}) {
+    answer<QMessageBox>([&](QMessageBox& box) {
+      EXPECT_EQ(all().size(), 1u) << file;
+      EXPECT_EQ(box.parentWidget(), kurv) << file;
+      box.accept();
+    });
+    EXPECT_FALSE(kurv->open(file));
+  }
+  EXPECT_EQ(kurv->graph().Title(), "Other");
+}
+
 TEST_F(MainWindowFilesTest, WhatIsNoFileIsRefused) {
   MainWindow* const kurv = window();
   QMimeData text;
