@@ -1,10 +1,16 @@
 #include "dialogs/graph_window.h"
 
+#include <KurvGraph/screen_fit.h>
+
 #include <QPointer>
 #include <QScopedValueRollback>
 #include <utility>
 
 namespace kurv {
+
+GraphWindow::GraphWindow(QWidget* parent) : QDialog(parent) {
+  fit_to_screen(*this);
+}
 
 void GraphWindow::fill_quietly(const std::function<void()>& filling) {
   const QScopedValueRollback<bool> quiet(m_filling, true);

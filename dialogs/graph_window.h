@@ -14,7 +14,7 @@ class GraphWindow : public QDialog {
   Q_OBJECT
 
  public:
-  explicit GraphWindow(QWidget* parent) : QDialog(parent) {}
+  explicit GraphWindow(QWidget* parent);
 
   Client* client() const { return m_client; }
   // Null: the graph is gone or the window is unloaded; then no action of the user has an effect.

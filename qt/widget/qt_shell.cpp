@@ -1,5 +1,7 @@
 #include "qt/widget/qt_shell.h"
 
+#include <KurvGraph/screen_fit.h>
+
 #include <QApplication>
 #include <QClipboard>
 #include <QFileDialog>
@@ -23,7 +25,7 @@ constexpr int kOverwritePrompt = 2;
 template <class Dialog>
 class Modal {
  public:
-  explicit Modal(QWidget* parent) : m_dialog(new Dialog(parent)) {}
+  explicit Modal(QWidget* parent) : m_dialog(new Dialog(parent)) { fit_to_screen(*m_dialog); }
   ~Modal() { delete m_dialog.data(); }
   Modal(const Modal&) = delete;
   Modal& operator=(const Modal&) = delete;
