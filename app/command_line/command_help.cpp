@@ -47,7 +47,8 @@ std::string program_footer() {
   return R"(
 Each FILE opens in a window of its own; without one, an empty window
 opens. "kurv render --help" explains how to draw without a window, and lists
-the properties for --set.
+the properties for --set. In a window the plot has its --size as well, unless
+the screen is too small for that.
 
 Examples:
   kurv co2.csv --y co2,adjusted

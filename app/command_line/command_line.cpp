@@ -137,7 +137,7 @@ class Program {
   void add_choice(CLI::App& command) {
     command
         .add_option("--size", m_texts.size,
-                    "Width and height in logical pixels, up to 7680x4320 (1000x700)")
+                    "Size of the plot in logical pixels, up to 7680x4320 (1000x700)")
         ->type_name("WxH");
     command.add_option("--x", m_choice.selection.x, "The column for x (the first one)")
         ->type_name("NAME");

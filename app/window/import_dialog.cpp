@@ -1,6 +1,7 @@
 #include "app/window/import_dialog.h"
 
 #include <KurvGraph/limits.h>
+#include <KurvGraph/screen_fit.h>
 #include <KurvGraph/text.h>
 
 #include <QCheckBox>
@@ -142,6 +143,7 @@ ImportDialog::ImportDialog(const std::string& path, CsvTable table, QWidget* par
   const QSize comfortable(fontMetrics().averageCharWidth() * 110, fontMetrics().height() * 38);
   // A large font must not push the buttons off the screen.
   resize(comfortable.boundedTo(screen()->availableSize() * 0.9));
+  fit_to_screen(*this);
 
   connect(buttons, &QDialogButtonBox::accepted, this, [this] { accept(); });
   connect(buttons, &QDialogButtonBox::rejected, this, [this] { reject(); });

@@ -1,10 +1,11 @@
 #include "app/window/main_window.h"
 
+#include <KurvGraph/screen_fit.h>
+
 #include <QCloseEvent>
 #include <QElapsedTimer>
 #include <QLabel>
 #include <QMenuBar>
-#include <QScreen>
 #include <QStackedLayout>
 #include <QStatusBar>
 #include <algorithm>
@@ -68,6 +69,7 @@ MainWindow::MainWindow(std::optional<QLocale> locale, Report report)
 
   m_graph = new_graph();
   connect_graph(m_graph);
+  fit_to_screen(*this);
   resize_to_plot(kDefaultSize);
   update_actions();
 }
@@ -155,9 +157,7 @@ void MainWindow::replace_graph(KurvGraph* graph, const QByteArray& saved, const 
 
 // A graph that has loaded a file has the size from that file; the window is resized to fit it.
 void MainWindow::resize_to_graph() {
-  const QSize change = m_graph->size() - centralWidget()->size();
-  const bool free = !isMaximized() && !isFullScreen();
-  if (free) resize((size() + change).boundedTo(screen()->availableSize()));
+  resize_on_screen(*this, size() + m_graph->size() - centralWidget()->size());
   m_graph->resize(centralWidget()->size());
 }
 
@@ -166,9 +166,7 @@ void MainWindow::resize_to_plot(QSize plot) {
   ensurePolished();
   layout()->activate();
   m_graph->resize(centralWidget()->size());
-  const QImage picture = m_graph->image();
-  const QSizeF now = QSizeF(picture.size()) / picture.devicePixelRatio();
-  resize(size() + plot - now.toSize());
+  resize_on_screen(*this, size() + plot - m_graph->plot_rect().size());
   layout()->activate();
 }
 

@@ -1,5 +1,6 @@
 // Opening, saving and exporting files in the main window.
 #include <KurvGraph/file_fault.h>
+#include <KurvGraph/screen_fit.h>
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -117,6 +118,7 @@ void MainWindow::new_window() {
 
 void MainWindow::choose_files() {
   const QPointer<QFileDialog> dialog(new QFileDialog(this, "Open"));
+  fit_to_screen(*dialog);
   dialog->setFileMode(QFileDialog::ExistingFiles);
   dialog->setNameFilters({"Tables and graphs (*.csv *.tsv *.txt *.gdf)",
                           "Tables (*.csv *.tsv *.txt)", "Graph files (*.gdf)", "All files (*)"});

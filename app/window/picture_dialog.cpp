@@ -1,5 +1,7 @@
 #include "app/window/picture_dialog.h"
 
+#include <KurvGraph/screen_fit.h>
+
 #include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -53,6 +55,7 @@ bool may_replace(QWidget* window, const QString& path) {
 
 QFileDialog* new_dialog(QWidget* window, const std::string& graph_path) {
   auto* const dialog = new QFileDialog(window, "Export Picture");
+  fit_to_screen(*dialog);
   dialog->setAcceptMode(QFileDialog::AcceptSave);
   dialog->setOption(QFileDialog::DontConfirmOverwrite);
   dialog->setNameFilters(

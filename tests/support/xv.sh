@@ -1,5 +1,6 @@
 #!/bin/sh
-# xv.sh COMMAND...: runs the command on a virtual screen of its own, with a window manager.
+# xv.sh COMMAND...: runs the command on a virtual screen of its own, with a window manager. The
+# screen is as large as KURV_SCREEN says, or 1400x1000.
 #
 # A missing tool fails the test rather than passing it over: these tests are the only ones that see
 # real windows.
@@ -29,7 +30,7 @@ window_manager_runs() { xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep 
 
 # Without -noreset the server starts anew when its last client goes, which is the one that looks
 # whether the window manager is there, and it takes along who is just coming.
-Xvfb -displayfd 6 -screen 0 1400x1000x24 -nolisten tcp -noreset -dpi 96 6>"$T/display" 2>/dev/null & X=$!
+Xvfb -displayfd 6 -screen 0 "${KURV_SCREEN:-1400x1000}x24" -nolisten tcp -noreset -dpi 96 6>"$T/display" 2>/dev/null & X=$!
 wait_for display_is_known
 DISPLAY=:$(cat "$T/display")
 export DISPLAY
