@@ -68,8 +68,8 @@ Example:
 
 std::string convert_footer() {
   return property_list() + kChoiceNotes + R"(
-An existing graph file is kept as its name with "~" until the new one is
-complete.
+An existing graph file is kept as its name with "~", or with "~2", "~3" and so
+on where there is such a file, until the new one is complete.
 
 Example:
   kurv convert co2.csv -o co2.gdf --title "Mauna Loa" --set X_grid=True
