@@ -7,19 +7,12 @@
 #include "control/axis_limits.h"
 #include "control/control_state.h"
 #include "dialogs/field_rules.h"
+#include "dialogs/limit_fields.h"
 #include "dialogs/propert_pages.h"
 
 namespace kurv {
 
 namespace {
-
-struct Limit {
-  const char* name;
-  const char* caption;
-  const char* description;
-  Double (Control::*get)() const;
-  void (Control::*set)(Double);
-};
 
 // The fields of one axis.
 struct Axis {
@@ -80,31 +73,6 @@ QStringList formats() {
       .split(u' ');
 }
 
-QLineEdit* limit_box(PropertPage& page, const Limit& limit) {
-  const auto shown = [&limit](Control& control) {
-    return shown_number(control, (control.*limit.get)());
-  };
-  QLineEdit* const box = page.text_box(limit.name, limit.description, shown);
-  box->setToolTip(QStringLiteral("Taken while the minimum is below the maximum; drawn by Apply"));
-  return box;
-}
-
-// Stores only the limit whose text has changed, and does not redraw: moving an axis to another
-// range takes many keystrokes, and each would draw the graph with a range that the user does not
-// want.
-void store_changes(PropertPage& page, QLineEdit* changed, QLineEdit* min, QLineEdit* max,
-                   const Limit& limit) {
-  QObject::connect(changed, &QLineEdit::textChanged, &page, [=, &page, &limit] {
-    page.edit([&](Control& control) {
-      const std::optional<Double> value =
-          axis_limit(text_of(*changed), text_of(*min), text_of(*max), control.decimal_separator());
-      if (!value) return;
-      (control.*limit.set)(*value);
-      finish_text(*changed, shown_number(control, (control.*limit.get)()));
-    });
-  });
-}
-
 QCheckBox* exact_box(PropertPage& page, const Axis& axis) {
   QCheckBox* const box = page.check_box(
       axis.exact_box, axis.exact_caption,
@@ -115,13 +83,10 @@ QCheckBox* exact_box(PropertPage& page, const Axis& axis) {
   return box;
 }
 
-QGroupBox* axis_frame(PropertPage& page, const Axis& axis) {
+QGroupBox* axis_frame(PropertPage& page, LimitFields& limits, const Axis& axis) {
   QGroupBox* const frame = page.frame(axis.frame, axis.caption);
   auto* const form = new QFormLayout(frame);
-  QLineEdit* const min = limit_box(page, axis.min);
-  QLineEdit* const max = limit_box(page, axis.max);
-  store_changes(page, min, min, max, axis.min);
-  store_changes(page, max, min, max, axis.max);
+  const auto [min, max] = limits.add_axis(axis.min, axis.max);
   form->addRow(QString::fromUtf8(axis.min.caption), min);
   form->addRow(QString::fromUtf8(axis.max.caption), max);
   form->addRow(exact_box(page, axis));
@@ -137,8 +102,9 @@ QGroupBox* axis_frame(PropertPage& page, const Axis& axis) {
 
 void build_axes_page(PropertPage& page) {
   auto* const grid = new QGridLayout(&page);
-  grid->addWidget(axis_frame(page, kX), 0, 0);
-  grid->addWidget(axis_frame(page, kY), 0, 2);
+  auto* const limits = new LimitFields(page);
+  grid->addWidget(axis_frame(page, *limits, kX), 0, 0);
+  grid->addWidget(axis_frame(page, *limits, kY), 0, 2);
 
   auto* const ticks = new QFormLayout;
   static_assert(kMinEnteredTicks == 5 && kMaxEnteredTicks == 100);

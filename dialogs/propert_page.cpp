@@ -16,14 +16,6 @@ namespace {
 
 constexpr int kLightRed = 12;
 
-// The base is white on dark desktops too, because the text is always black or light red.
-void show_validity(QLineEdit& box, bool accepted) {
-  QPalette colours = box.palette();
-  colours.setColor(QPalette::Base, QColor::fromRgb(palette_rgb(kWhite)));
-  colours.setColor(QPalette::Text, QColor::fromRgb(palette_rgb(accepted ? kBlack : kLightRed)));
-  box.setPalette(colours);
-}
-
 void set_object_name(QWidget& widget, const char* name) {
   widget.setObjectName(QLatin1String(name));
 }
@@ -50,6 +42,14 @@ void show_text(QLineEdit& box, const QString& text) {
   box.setModified(false);
 }
 
+// The base is white on dark desktops too, because the text is always black or light red.
+void show_validity(QLineEdit& box, bool accepted) {
+  QPalette colours = box.palette();
+  colours.setColor(QPalette::Base, QColor::fromRgb(palette_rgb(kWhite)));
+  colours.setColor(QPalette::Text, QColor::fromRgb(palette_rgb(accepted ? kBlack : kLightRed)));
+  box.setPalette(colours);
+}
+
 std::string text_of(const QLineEdit& box) {
   return box.text().toStdString();
 }
@@ -66,10 +66,15 @@ void PropertPage::refill() {
   m_window.refill();
 }
 
-QLineEdit* PropertPage::text_box(const char* name, const char* description, Shown shown) {
+QLineEdit* PropertPage::text_box(const char* name, const char* description) {
   auto* const box = new QLineEdit(this);
   set_object_name(*box, name);
   box->setAccessibleName(QString::fromUtf8(description));
+  return box;
+}
+
+QLineEdit* PropertPage::text_box(const char* name, const char* description, Shown shown) {
+  QLineEdit* const box = text_box(name, description);
   on_filling(
       [box, shown = std::move(shown)](Control& control) { show_text(*box, shown(control)); });
   return box;

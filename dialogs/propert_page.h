@@ -42,7 +42,8 @@ class PropertPage final : public QWidget {
   // `show` is called whenever the window is filled.
   void on_filling(Work show) { m_shows.push_back(std::move(show)); }
 
-  // Without a handler; the caller connects one.
+  // Without a handler; the caller connects one. The first is not filled either.
+  QLineEdit* text_box(const char* name, const char* description);
   QLineEdit* text_box(const char* name, const char* description, Shown shown);
   // On every change of the text, `set` is called with a number that the rule accepts and the graph
   // is drawn; the text is red while the rule refuses it.
@@ -81,6 +82,8 @@ bool is_being_typed(const QLineEdit& box);
 void finish_text(QLineEdit& box, const QString& shown);
 // Keeps the cursor where the text is the same, and does nothing where it is being typed.
 void show_text(QLineEdit& box, const QString& text);
+// Shows the text in black where it is accepted, in red where it is not.
+void show_validity(QLineEdit& box, bool accepted);
 std::string text_of(const QLineEdit& box);
 
 }  // namespace kurv

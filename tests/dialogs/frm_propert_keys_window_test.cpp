@@ -76,6 +76,39 @@ TEST_F(PropertWindow, LimitsAreDrawnByApply) {
   EXPECT_EQ(m_listener.redraws_since(), 1) << "not while they were typed";
 }
 
+TEST_F(PropertWindow, LimitsAboveTheOldOnesAreTakenTogether) {
+  const QColor red(255, 0, 0);
+  m_graph.set_xmin(0);
+  m_graph.set_xmax(10);
+  does({"alt+x", "alt+m"});
+  writes({"2", "0"}).sees([&] {
+    return text("txtXAxis_2") == "20" && colour("txtXAxis_2") == red;
+  });
+  does({"Tab"});
+  writes({"3", "0"}).sees([&] {
+    return text("txtXAxis_1") == "30" && colour("txtXAxis_1") != red && colour("txtXAxis_2") != red;
+  });
+  expect_closed_by_escape();
+  EXPECT_EQ(m_graph.xmin(), 20);
+  EXPECT_EQ(m_graph.xmax(), 30);
+}
+
+TEST_F(PropertWindow, ARefusedLimitIsRestoredWhenTheFocusLeavesTheLimits) {
+  const QColor red(255, 0, 0);
+  m_graph.set_xmin(0);
+  m_graph.set_xmax(10);
+  does({"alt+x", "alt+m"});
+  writes({"9", "9"}).sees([&] {
+    return text("txtXAxis_2") == "99" && colour("txtXAxis_2") == red;
+  });
+  does({"Tab"}).sees(
+      [&] { return find<QLineEdit>("txtXAxis_1")->hasFocus() && text("txtXAxis_2") == "99"; });
+  does({"Tab"}).sees([&] { return text("txtXAxis_2") == "9" && colour("txtXAxis_2") != red; });
+  expect_closed_by_escape();
+  EXPECT_EQ(m_graph.xmin(), 9);
+  EXPECT_EQ(m_graph.xmax(), 10);
+}
+
 TEST_F(PropertWindow, AFontDialogOpensAndTheWindowHasTheKeyboardAgain) {
   m_graph.set_TitleFontName("Liberation Sans");
   does({"alt+t", "alt+e"}).in<QFontDialog>({"key", "Escape"});

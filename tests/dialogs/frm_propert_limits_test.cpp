@@ -33,21 +33,146 @@ TEST_F(FrmPropert, LeavesALimitAloneWhileThePairIsNone) {
     type("txtXAxis_2", keys);
     EXPECT_EQ(graph().xmin(), 1.5) << keys;
     EXPECT_EQ(text("txtXAxis_2"), keys);
+    EXPECT_TRUE(is_red("txtXAxis_2")) << keys;
   }
-  EXPECT_EQ(box("txtXAxis_2")->palette(), box("txtTitle")->palette());
+  EXPECT_FALSE(is_red("txtXAxis_1")) << "its limit is stored";
   EXPECT_EQ(client.redraws(), 0);
   EXPECT_TRUE(client.shell.messages.empty());
 }
 
-// Only the box whose text has changed is stored: the other text was refused when it was typed.
-TEST_F(FrmPropert, StoresOnlyTheLimitWhoseBoxHasChanged) {
+TEST_F(FrmPropert, StoresTheRefusedLimitWithTheOtherOneThatMakesThemAPair) {
+  graph().set_xmin(0);
+  graph().set_xmax(10);
   open(kAxesPage);
   type("txtXAxis_2", "20");
-  EXPECT_EQ(graph().xmin(), 2);  // On the way there.
-  type("txtXAxis_1", "30");
-  EXPECT_EQ(graph().xmax(), 30);
-  EXPECT_EQ(graph().xmin(), 2);
+  EXPECT_EQ(graph().xmin(), 2) << "on the way there";
+  EXPECT_TRUE(is_red("txtXAxis_2"));
+  press("txtXAxis_2", Qt::Key_Tab);
   EXPECT_EQ(text("txtXAxis_2"), "20");
+  EXPECT_TRUE(is_red("txtXAxis_2"));
+  type("txtXAxis_1", "30");
+  EXPECT_EQ(graph().xmin(), 20);
+  EXPECT_EQ(graph().xmax(), 30);
+  EXPECT_FALSE(is_red("txtXAxis_2"));
+  EXPECT_FALSE(is_red("txtXAxis_1"));
+  EXPECT_EQ(client.redraws(), 0);
+}
+
+TEST_F(FrmPropert, StoresBothLimitsBelowTheOldOnesToo) {
+  open(kAxesPage);
+  type("txtYAxis_1", "-5");
+  EXPECT_TRUE(is_red("txtYAxis_1"));
+  type("txtYAxis_2", "-7");
+  EXPECT_EQ(graph().ymin(), -7);
+  EXPECT_EQ(graph().ymax(), -5);
+  EXPECT_FALSE(is_red("txtYAxis_1"));
+}
+
+TEST_F(FrmPropert, StoresNoLimitBesideARefusedOneThatIsInfinite) {
+  open(kAxesPage);
+  type("txtXAxis_2", "-Inf");
+  type("txtXAxis_1", "-5");
+  EXPECT_EQ(graph().xmin(), 1.5);
+  EXPECT_EQ(graph().xmax(), 3);
+  EXPECT_TRUE(is_red("txtXAxis_1"));
+  EXPECT_TRUE(is_red("txtXAxis_2"));
+}
+
+// The stored limit may have more digits than its field shows.
+TEST_F(FrmPropert, DoesNotStoreALimitAgainThatItsBoxShowsAlready) {
+  const Double third = 1.0 / 3;
+  graph().set_xmin(third);
+  open(kAxesPage);
+  type("txtXAxis_1", "2");
+  EXPECT_EQ(graph().xmin(), third);
+  EXPECT_FALSE(is_red("txtXAxis_2"));
+}
+
+TEST_F(FrmPropert, KeepsARefusedLimitWhileTheFocusIsInALimitBox) {
+  open(kAxesPage);
+  type("txtXAxis_2", "20");
+  for (const char* next : {"txtXAxis_1", "txtYAxis_1", "txtYAxis_2", "txtXAxis_2"}) {
+    box(next)->setFocus();
+    window->refill();
+    EXPECT_EQ(text("txtXAxis_2"), "20") << next;
+    EXPECT_TRUE(is_red("txtXAxis_2")) << next;
+  }
+}
+
+TEST_F(FrmPropert, ShowsTheStoredLimitsWhenTheFocusLeavesTheLimitBoxes) {
+  for (const char* next : {"chkXZoom", "txtAxisTicks", "cmbXFormat", "cmdApply", "cmdClose"}) {
+    open(kAxesPage);
+    graph().set_xmin(1.5);
+    window->refill();
+    type("txtXAxis_2", "9");
+    type("txtYAxis_1", "abc");
+    find<QWidget>(next)->setFocus();
+    EXPECT_EQ(text("txtXAxis_2"), "1.5") << next;
+    EXPECT_EQ(text("txtYAxis_1"), "5") << next;
+    EXPECT_FALSE(is_red("txtXAxis_2")) << next;
+    EXPECT_FALSE(is_red("txtYAxis_1")) << next;
+  }
+  EXPECT_EQ(client.redraws(), 0);
+}
+
+TEST_F(FrmPropert, ShowsTheStoredLimitsWhenItIsOpenedAgain) {
+  open(kAxesPage);
+  type("txtXAxis_2", "9");
+  window->close();
+  open(kAxesPage);
+  EXPECT_EQ(text("txtXAxis_2"), "1.5");
+  EXPECT_FALSE(is_red("txtXAxis_2"));
+}
+
+// Somebody may look a number up in another window.
+TEST_F(FrmPropert, KeepsARefusedLimitWhileAnotherWindowIsActive) {
+  open(kAxesPage);
+  type("txtXAxis_2", "9");
+  QWidget other;
+  other.show();
+  other.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+  window->refill();
+  EXPECT_EQ(text("txtXAxis_2"), "9");
+  EXPECT_TRUE(is_red("txtXAxis_2"));
+}
+
+TEST_F(FrmPropert, RestoreReplacesARefusedLimit) {
+  open(kAxesPage);
+  type("txtXAxis_2", "9");
+  QTest::keyClick(window.data(), Qt::Key_R, Qt::AltModifier);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return text("txtXAxis_2") == "1.5"; }));
+  EXPECT_FALSE(is_red("txtXAxis_2"));
+}
+
+TEST_F(FrmPropert, ALimitThatAHostStoresMeanwhileIsNoLongerRed) {
+  open(kAxesPage);
+  type("txtXAxis_2", "9");
+  graph().set_xmax(12);
+  graph().set_xmin(9);
+  window->refill();
+  EXPECT_EQ(text("txtXAxis_2"), "9");
+  EXPECT_FALSE(is_red("txtXAxis_2"));
+  EXPECT_EQ(text("txtXAxis_1"), "12");
+}
+
+TEST_F(FrmPropert, ARedLimitIsReadableOnADarkDesktop) {
+  const QPalette before = QApplication::palette();
+  QApplication::setPalette(QPalette(QColor(30, 30, 30)));
+  open(kAxesPage);
+  type("txtXAxis_2", "9");
+  EXPECT_TRUE(is_red("txtXAxis_2"));
+  EXPECT_EQ(box("txtXAxis_2")->palette().color(QPalette::Base), QColor(255, 255, 255));
+  box("txtAxisTicks")->setFocus();
+  EXPECT_EQ(box("txtXAxis_2")->palette(), box("txtTitle")->palette());
+  QApplication::setPalette(before);
+}
+
+TEST_F(FrmPropert, TheWindowMayGoWhileALimitIsRefused) {
+  open(kAxesPage);
+  type("txtXAxis_2", "9");
+  delete window.data();
+  EXPECT_EQ(graph().xmin(), 1.5);
 }
 
 TEST_F(FrmPropert, ReadsAndShowsTheGraphsDecimalSeparator) {

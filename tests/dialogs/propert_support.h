@@ -103,6 +103,11 @@ class FrmPropert : public testing::Test {
   QComboBox* list(const char* name) { return find<QComboBox>(name); }
   std::string text(const char* name) { return box(name)->text().toStdString(); }
 
+  // Whether its text is marked as one that is not stored.
+  bool is_red(const char* name) {
+    return box(name)->palette().color(QPalette::Text) == QColor(255, 0, 0);
+  }
+
   // Marks the old text and types over it.
   void type(const char* name, const char* keys) {
     QLineEdit* const field = box(name);

@@ -1,0 +1,61 @@
+// The four fields of the axis limits, on the page of the axes.
+//
+// A limit is stored as soon as the texts of its axis make a pair, the minimum below the maximum. A
+// limit that was refused before is stored together with the one that makes it valid. A text that is
+// not stored is red. It stays while the user moves between the four fields or works in another
+// window, and gives way to the stored limit when another field of this window gets the focus.
+#pragma once
+
+#include <KurvGraph/control.h>
+
+#include <QLineEdit>
+#include <QObject>
+#include <QWidget>
+#include <set>
+#include <vector>
+
+#include "dialogs/propert_page.h"
+
+namespace kurv {
+
+// The field of a limit, and the property that it shows and sets.
+struct Limit {
+  const char* name;
+  const char* caption;
+  const char* description;
+  Double (Control::*get)() const;
+  void (Control::*set)(Double);
+};
+
+class LimitFields final : public QObject {
+ public:
+  // A child of the page.
+  explicit LimitFields(PropertPage& page);
+
+  struct Axis {
+    QLineEdit* min;
+    QLineEdit* max;
+  };
+  // The limits must outlive the page.
+  Axis add_axis(const Limit& min, const Limit& max);
+
+ private:
+  struct Field {
+    QLineEdit* box;
+    const Limit* limit;
+  };
+
+  Field new_field(const Limit& limit);
+  void store_when_changed(const Field& changed, const Field& other, const Axis& axis);
+  void show_stored(const Field& field, const Control& control) const;
+  void mark(const Field& field, const Control& control);
+  // A field of this window has got the focus.
+  void on_focus(const QWidget& widget);
+  bool contains(const QWidget* widget) const;
+
+  PropertPage& m_page;
+  std::vector<QLineEdit*> m_boxes;
+  std::set<QLineEdit*> m_refused;  // whose texts are not stored
+};
+
+}  // namespace kurv
