@@ -3,6 +3,7 @@
 #include <KurvGraph/number_text.h>
 
 #include <QColor>
+#include <QEvent>
 #include <QPalette>
 #include <utility>
 
@@ -15,6 +16,39 @@ namespace kurv {
 namespace {
 
 constexpr int kLightRed = 12;
+
+QColor mixed(const QColor& a, const QColor& b, double part_of_a) {
+  const auto mix = [part_of_a](float x, float y) {
+    return static_cast<float>(part_of_a * x + (1 - part_of_a) * y);
+  };
+  return QColor::fromRgbF(mix(a.redF(), b.redF()), mix(a.greenF(), b.greenF()),
+                          mix(a.blueF(), b.blueF()));
+}
+
+// A label that is legible while it is disabled. The desktop's own colour for that may be all but
+// the colour of the window.
+class LegibleLabel final : public QLabel {
+ public:
+  LegibleLabel(const QString& text, QWidget* parent) : QLabel(text, parent) { set_colour(); }
+
+ protected:
+  void changeEvent(QEvent* event) override {
+    QLabel::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange) set_colour();
+  }
+
+ private:
+  // The other colours still follow those of the desktop.
+  void set_colour() {
+    constexpr double kStrength = 0.6;
+    const QColor wanted = mixed(palette().color(QPalette::Active, QPalette::WindowText),
+                                palette().color(QPalette::Active, QPalette::Window), kStrength);
+    if (palette().color(QPalette::Disabled, QPalette::WindowText) == wanted) return;
+    QPalette colours;
+    colours.setColor(QPalette::Disabled, QPalette::WindowText, wanted);
+    setPalette(colours);
+  }
+};
 
 void set_object_name(QWidget& widget, const char* name) {
   widget.setObjectName(QLatin1String(name));
@@ -147,7 +181,7 @@ QPushButton* PropertPage::button(const char* name, const char* caption) {
 }
 
 QLabel* PropertPage::label(const char* name, const char* caption, QWidget* buddy) {
-  auto* const label = new QLabel(QString::fromUtf8(caption), this);
+  auto* const label = new LegibleLabel(QString::fromUtf8(caption), this);
   set_object_name(*label, name);
   label->setBuddy(buddy);
   return label;

@@ -56,6 +56,7 @@ class PropertPage final : public QWidget {
   QComboBox* list_box(const char* name, const char* description, const QStringList& items,
                       Shown shown, std::function<void(Control&, const String&)> choose);
   QPushButton* button(const char* name, const char* caption);
+  // Legible on any desktop, also while it is disabled.
   QLabel* label(const char* name, const char* caption, QWidget* buddy);
   QGroupBox* frame(const char* name, const char* caption);
 

@@ -19,6 +19,7 @@
 #include <QTabBar>
 #include <QTabWidget>
 #include <algorithm>
+#include <cmath>
 #include <cstdlib>
 #include <memory>
 #include <string>
@@ -196,6 +197,62 @@ QRect box_of(const QListWidget& list, int row) {
 }
 
 struct ColoursTest : Layout, testing::WithParamInterface<QColor> {};
+
+// Of 1 to 21, as the accessibility guidelines for the web define it.
+double contrast(const QColor& a, const QColor& b) {
+  const auto luminance = [](const QColor& colour) {
+    const auto linear = [](double part) {
+      return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
+           0.0722 * linear(colour.blueF());
+  };
+  const auto [darker, lighter] = std::minmax({luminance(a), luminance(b)});
+  return (lighter + 0.05) / (darker + 0.05);
+}
+
+constexpr double kLegible = 3;
+
+void expect_legible_when_disabled(GraphWindow& window) {
+  window.findChild<QTabWidget*>("tabCurves")->setCurrentIndex(3);
+  QApplication::processEvents();
+  auto* const label = window.findChild<QLabel*>("lblMarkerSize");
+  ASSERT_FALSE(label->isEnabled());
+  const QImage picture = window.grab(place(*label)).toImage();
+  const QColor background = picture.pixelColor(0, 0);
+  double most = 1;
+  for (int y = 0; y < picture.height(); ++y) {
+    for (int x = 0; x < picture.width(); ++x) {
+      most = std::max(most, contrast(picture.pixelColor(x, y), background));
+    }
+  }
+  EXPECT_GE(most, kLegible);
+  const QPalette colours = label->palette();
+  EXPECT_GE(contrast(colours.color(QPalette::Disabled, QPalette::WindowText), background),
+            kLegible);
+  EXPECT_NE(colours.color(QPalette::Disabled, QPalette::WindowText),
+            colours.color(QPalette::Active, QPalette::WindowText));
+  EXPECT_EQ(colours.color(QPalette::Active, QPalette::WindowText),
+            QApplication::palette().color(QPalette::Active, QPalette::WindowText));
+}
+
+TEST_P(ColoursTest, TheDisabledLabelOfTheMarkerSizeIsLegible) {
+  set_colours(GetParam());
+  open<frmPropert>();
+  expect_legible_when_disabled(*window);
+}
+
+TEST_P(ColoursTest, TheDisabledLabelStaysLegibleWhenTheColoursChange) {
+  open<frmPropert>();
+  set_colours(GetParam());
+  expect_legible_when_disabled(*window);
+}
+
+TEST_F(Layout, TheDisabledLabelIsLegibleInTheColoursOfTheStyle) {
+  QApplication::setPalette(QApplication::style()->standardPalette());
+  open<frmPropert>();
+  expect_legible_when_disabled(*window);
+}
 
 constexpr int kSeen = 50;
 
