@@ -5,6 +5,7 @@
 #include <QPixmap>
 #include <algorithm>
 
+#include "dialogs/indicator_style.h"
 #include "dialogs/single_line_delegate.h"
 
 namespace kurv {
@@ -19,6 +20,7 @@ Qt::CheckState state_of(bool ticked) {
 
 CheckList::CheckList(QWidget* parent) : QListWidget(parent) {
   setItemDelegate(new SingleLineDelegate(this));
+  scale_indicators(*this);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setTextElideMode(Qt::ElideMiddle);
   setUniformItemSizes(true);

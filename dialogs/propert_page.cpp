@@ -9,6 +9,7 @@
 
 #include "dialogs/box_outline.h"
 #include "dialogs/frm_propert.h"
+#include "dialogs/indicator_style.h"
 #include "model/palette.h"
 
 namespace kurv {
@@ -145,6 +146,7 @@ QCheckBox* PropertPage::check_box(const char* name, const char* caption,
   QPalette colours;
   outline_check_boxes(colours);
   box->setPalette(colours);
+  scale_indicators(*box);
   on_filling(
       [box, is_on = std::move(is_on)](Control& control) { box->setChecked(bool(is_on(control))); });
   connect(box, &QCheckBox::toggled, this, [this, turn = std::move(turn)](bool on) {

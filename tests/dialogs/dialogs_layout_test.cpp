@@ -191,9 +191,54 @@ QRect box_of(const QListWidget& list, int row) {
   option.initFrom(&list);
   option.rect = list.visualItemRect(list.item(row));
   option.features = QStyleOptionViewItem::HasCheckIndicator;
+  option.widget = &list;
   const QRect box =
       list.style()->subElementRect(QStyle::SE_ItemViewItemCheckIndicator, &option, &list);
   return box.translated(place(*list.viewport()).topLeft());
+}
+
+// The boxes of all check boxes and of a row of all lists that are visible.
+std::vector<QRect> visible_boxes(const QWidget& window) {
+  std::vector<QRect> boxes;
+  for (const QCheckBox* check : window.findChildren<QCheckBox*>()) {
+    if (check->isVisible()) boxes.push_back(box_of(*check));
+  }
+  for (const QListWidget* list : window.findChildren<QListWidget*>()) {
+    const bool has_boxes = list->count() > 0 && list->item(0)->flags() & Qt::ItemIsUserCheckable;
+    if (list->isVisible() && has_boxes) boxes.push_back(box_of(*list, 0));
+  }
+  return boxes;
+}
+
+TEST_P(LettersTest, BoxesAreAsLargeAsTheLettersBesideThem) {
+  set_letters(GetParam());
+  const int style_height = QApplication::style()->pixelMetric(QStyle::PM_IndicatorHeight);
+  const int height = std::max(style_height, QFontMetrics(QApplication::font()).ascent());
+  const auto expect_boxes = [&](int count) {
+    int found = 0;
+    auto* const tabs = window->findChild<QTabWidget*>();
+    for (int i = 0; i < tabs->count(); ++i) {
+      tabs->setCurrentIndex(i);
+      QApplication::processEvents();
+      for (const QRect& box : visible_boxes(*window)) {
+        ++found;
+        EXPECT_EQ(box.size(), QSize(height, height)) << tabs->tabText(i).toStdString();
+      }
+    }
+    EXPECT_EQ(found, count);
+  };
+  open<frmPropert>();
+  expect_boxes(8);
+  open<frmCurves>();
+  expect_boxes(2);
+}
+
+TEST_P(LettersTest, BoxesFollowAFontThatChanges) {
+  open<frmPropert>();
+  set_letters(GetParam());
+  QApplication::processEvents();
+  const auto* const check = window->findChild<QCheckBox*>("chkSort");
+  EXPECT_GE(box_of(*check).height(), QFontMetrics(QApplication::font()).ascent());
 }
 
 struct ColoursTest : Layout, testing::WithParamInterface<QColor> {};
