@@ -57,21 +57,23 @@ struct Failure {
   String file = {};  // that it is about; empty where it is about none
 };
 
-// The run-time error that ends the work early, if one does. It is about the file that the user has
-// chosen during the work.
+// The run-time error that ends the work early, if one does. It is about the file that it names, or
+// else about the one that the user has chosen during the work.
 template <class Work>
 std::optional<Failure> failure_of(QtShell& shell, Work work) {
   String chosen_before = shell.exchange_chosen_file({});
   std::optional<Failure> failure;
   try {
     work();
+  } catch (const FileFault& fault) {
+    failure.emplace(Failure{fault, fault.path()});
   } catch (const Fault& fault) {
     failure.emplace(Failure{fault});
   } catch (const std::bad_alloc&) {
     failure.emplace(Failure{Fault(FaultKind::kOutOfMemory)});
   }
   String chosen = shell.exchange_chosen_file(std::move(chosen_before));
-  if (failure) failure->file = std::move(chosen);
+  if (failure && failure->file.empty()) failure->file = std::move(chosen);
   return failure;
 }
 

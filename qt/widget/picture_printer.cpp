@@ -1,14 +1,19 @@
 #include "qt/widget/picture_printer.h"
 
+#include <KurvGraph/file_fault.h>
+
 #include <QApplication>
+#include <QBuffer>
 #include <QFile>
 #include <QFileInfo>
 #include <QPainter>
+#include <QPdfWriter>
 #include <QPointer>
 #include <QPrintDialog>
-#include <QPrinter>
+#include <QSaveFile>
 #include <algorithm>
 #include <memory>
+#include <optional>
 #include <utility>
 
 #include "control/built_in_classes.h"
@@ -48,6 +53,41 @@ QRectF picture_rect(const QSizeF& page, const QSizeF& size, double caption_heigh
       scaled);
 }
 
+// What the printer would write. It is made in memory, because QPrinter does not report a full disk.
+std::optional<QByteArray> pdf_of(const QPrinter& printer, const QImage& picture,
+                                 const Caption& caption) {
+  QByteArray bytes;
+  QBuffer buffer(&bytes);
+  buffer.open(QIODevice::WriteOnly);
+  QPdfWriter writer(&buffer);
+  writer.setTitle(printer.docName());
+  writer.setCreator(printer.creator());
+  writer.setPdfVersion(printer.pdfVersion());
+  writer.setResolution(printer.resolution());
+  writer.setPageLayout(printer.pageLayout());
+  const bool is_grey = printer.colorMode() == QPrinter::GrayScale;
+  if (!print_page(writer, is_grey ? picture.convertToFormat(QImage::Format_Grayscale8) : picture,
+                  caption)) {
+    return std::nullopt;
+  }
+  return bytes;
+}
+
+// Checks each write, because commit() replaces the file even if some of the bytes did not fit.
+bool replace_file(const QString& path, const QByteArray& bytes) {
+  // A device would be replaced by a file.
+  const QFileInfo target(path);
+  if (target.exists() && !target.isFile()) return false;
+  QSaveFile file(path);
+  // Some folders do not let a new file replace one that may be written.
+  file.setDirectWriteFallback(true);
+  // Unbuffered, so that a write reports its own errors.
+  if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) return false;
+  const bool written = file.write(bytes) == bytes.size();
+  if (!written) file.cancelWriting();
+  return file.commit() && written;
+}
+
 }  // namespace
 
 PrintingFor::PrintingFor(QWidget* widget)
@@ -71,10 +111,12 @@ void DesktopPrinter::PrintPicture(std::string_view bitmap, std::string_view font
   printer.setDocName(QStringLiteral("KURV graph"));
   if (picture.width() > picture.height()) printer.setPageOrientation(QPageLayout::Landscape);
   if (!is_accepted(printer)) return;
+  const Caption below{shown_text(caption), font};
   const QString file = printer.outputFileName();
-  const bool painted = print_page(printer, picture, {shown_text(caption), font});
-  if (!painted || (!file.isEmpty() && !is_complete_pdf(file))) {
-    throw Fault(FaultKind::kDeviceIoError);
+  if (file.isEmpty()) {
+    if (!print_page(printer, picture, below)) throw Fault(FaultKind::kDeviceIoError);
+  } else if (!print_file(printer, picture, below)) {
+    throw FileFault(FaultKind::kDeviceIoError, QFile::encodeName(file).toStdString());
   }
 }
 
@@ -103,18 +145,9 @@ bool print_page(QPagedPaintDevice& device, const QImage& picture, const Caption&
   return painter.end();
 }
 
-// The trailer holds the offset of the cross-reference table, counted from what was meant to be
-// written: so the table is found there only where no byte is missing.
-bool is_complete_pdf(const QString& path) {
-  QFile file(path);
-  // A device may have no end.
-  if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly)) return false;
-  constexpr qint64 kTail = 200;
-  file.seek(std::max<qint64>(0, file.size() - kTail));
-  const QList<QByteArray> words = file.read(kTail).simplified().split(' ');
-  const qsizetype mark = words.lastIndexOf("startxref");
-  if (mark < 0 || mark + 2 >= words.size() || words[mark + 2] != "%%EOF") return false;
-  return file.seek(words[mark + 1].toLongLong()) && file.read(4) == "xref";
+bool print_file(const QPrinter& printer, const QImage& picture, const Caption& caption) {
+  const std::optional<QByteArray> pdf = pdf_of(printer, picture, caption);
+  return pdf && replace_file(printer.outputFileName(), *pdf);
 }
 
 }  // namespace kurv

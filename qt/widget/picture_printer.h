@@ -7,6 +7,7 @@
 #include <QImage>
 #include <QPagedPaintDevice>
 #include <QPointer>
+#include <QPrinter>
 #include <QString>
 #include <QWidget>
 
@@ -15,7 +16,8 @@ namespace kurv {
 class DesktopPrinter final : public PicturePrinter {
  public:
   // Asks for a printer or a PDF file, and prints the picture on one page. Does nothing when
-  // cancelled, or where no dialog can be shown. Throws kDeviceIoError when it could not be printed.
+  // cancelled, or where no dialog can be shown. Throws kDeviceIoError when it could not be printed,
+  // a FileFault where it is a file that could not be written.
   void PrintPicture(std::string_view bitmap, std::string_view font_name, std::string_view caption,
                     Single font_size) override;
 };
@@ -46,8 +48,8 @@ struct Caption {
 // device does not take it.
 bool print_page(QPagedPaintDevice& device, const QImage& picture, const Caption& caption);
 
-// Whether a PDF has been written to its end, which QPrinter does not report. False for anything but
-// a regular file.
-bool is_complete_pdf(const QString& path);
+// The same into the PDF file of a printer that has one. Where false is returned, nothing was
+// written, and an older file of this name stays. Replaces regular files only.
+bool print_file(const QPrinter& printer, const QImage& picture, const Caption& caption);
 
 }  // namespace kurv

@@ -1,4 +1,5 @@
 // How a graph leaves its window: the real clipboard, the real print dialog, the real save dialog.
+#include <KurvGraph/file_fault.h>
 #include <gmock/gmock.h>
 #include <sys/resource.h>
 
@@ -170,23 +171,26 @@ TEST_F(ExportWindow, ACancelledPrintPrintsNothing) {
   EXPECT_EQ(QDir(m_folder.path()).entryList(QDir::Files).size(), 0);
 }
 
-TEST_F(ExportWindow, APrintThatFallsShortIsATypedError) {
+TEST_F(ExportWindow, APrintThatFallsShortNamesItsFileAndLeavesNone) {
   // The limit truncates a write as a full disk does.
   rlimit before{};
   getrlimit(RLIMIT_FSIZE, &before);
   const auto handler = std::signal(SIGXFSZ, SIG_IGN);
   const rlimit limit{3000, before.rlim_max};
   setrlimit(RLIMIT_FSIZE, &limit);
-  std::optional<FaultKind> kind;
+  std::optional<FileFault> failure;
   try {
     print_into(path("print.pdf"));
-  } catch (const Fault& fault) {
-    kind = fault.kind();
+  } catch (const FileFault& fault) {
+    failure = fault;
   }
   setrlimit(RLIMIT_FSIZE, &before);
   std::signal(SIGXFSZ, handler);
   EXPECT_EQ(m_print_dialogs, 1);
-  EXPECT_EQ(kind, FaultKind::kDeviceIoError);
+  ASSERT_TRUE(failure);
+  EXPECT_EQ(failure->kind(), FaultKind::kDeviceIoError);
+  EXPECT_EQ(failure->path(), path("print.pdf").toStdString());
+  EXPECT_TRUE(QDir(m_folder.path()).isEmpty());
 }
 
 TEST_F(ExportWindow, AnEmptyGraphPrintsABlankPage) {

@@ -2,13 +2,16 @@
 #include "qt/widget/picture_printer.h"
 
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 
-#include <QBuffer>
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QPdfWriter>
+#include <QPrinter>
 #include <QProcess>
 #include <QTemporaryDir>
-#include <vector>
+#include <csignal>
 
 namespace kurv {
 namespace {
@@ -116,26 +119,117 @@ TEST_F(PrinterPage, AFileThatCannotBeOpenedIsRefused) {
   EXPECT_FALSE(print_page(writer, black(10, 10), {}));
 }
 
-TEST_F(PrinterPage, OnlyAFileWithAllOfItsBytesIsWhole) {
-  print(black(360, 260), "caption");
-  EXPECT_TRUE(is_complete_pdf(path()));
-  QFile file(path());
-  ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-  const QByteArray whole = file.readAll();
-  file.close();
-  const auto write = [&](const QByteArray& bytes) {
-    EXPECT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
-    file.write(bytes);
-    file.close();
-  };
-  for (const qsizetype length : {qsizetype(0), qsizetype(10), whole.size() / 2, whole.size() - 9}) {
-    write(whole.left(length));
-    EXPECT_FALSE(is_complete_pdf(path())) << length;
+// -- PDF files ------------------------------------------------------------------------------------
+
+QByteArray contents(const QString& path) {
+  QFile file(path);
+  EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString();
+  return file.readAll();
+}
+
+// The dates are the only bytes in which two files of the same page differ.
+QByteArray without_date(QByteArray pdf) {
+  const qsizetype date = pdf.indexOf("/CreationDate");
+  EXPECT_GE(date, 0);
+  return pdf.remove(date, pdf.indexOf('\n', date) - date);
+}
+
+class PrintedFile : public PrinterPage {
+ protected:
+  PrintedFile() {
+    m_printer.setOutputFormat(QPrinter::PdfFormat);
+    m_printer.setOutputFileName(path());
+    m_printer.setDocName("document");
+    m_printer.setPageSize(QPageSize(QPageSize::A5));
+    m_printer.setPageOrientation(QPageLayout::Landscape);
   }
-  write(whole.left(200) + whole.mid(300));
-  EXPECT_FALSE(is_complete_pdf(path())) << "a hole in the middle";
-  EXPECT_FALSE(is_complete_pdf(m_folder.filePath("missing.pdf")));
-  EXPECT_FALSE(is_complete_pdf("/dev/full")) << "which would be read without end";
+
+  static QImage coloured() {
+    QImage image(60, 40, QImage::Format_RGB32);
+    for (int y = 0; y < image.height(); ++y) {
+      for (int x = 0; x < image.width(); ++x) image.setPixel(x, y, qRgb(4 * x, 6 * y, 99));
+    }
+    return image;
+  }
+
+  QStringList names() const { return QDir(m_folder.path()).entryList(QDir::Files | QDir::Hidden); }
+
+  const Caption m_caption{"Caption", QFont("Liberation Sans", 12)};
+  QPrinter m_printer{QPrinter::HighResolution};
+};
+
+TEST_F(PrintedFile, HasTheBytesThatThePrinterItselfWouldWrite) {
+  ASSERT_TRUE(print_page(m_printer, coloured(), m_caption));
+  const QByteArray expected = without_date(contents(path()));
+  ASSERT_TRUE(QFile::remove(path()));
+  ASSERT_TRUE(print_file(m_printer, coloured(), m_caption));
+  EXPECT_EQ(without_date(contents(path())), expected);
+  EXPECT_EQ(names(), QStringList{"page.pdf"});
+}
+
+TEST_F(PrintedFile, IsGreyWhereTheUserHasChosenSo) {
+  m_printer.setColorMode(QPrinter::GrayScale);
+  ASSERT_TRUE(print_file(m_printer, coloured(), m_caption));
+  const QImage shown = page();
+  for (int y = 0; y < shown.height(); ++y) {
+    for (int x = 0; x < shown.width(); ++x) {
+      const QRgb pixel = shown.pixel(x, y);
+      ASSERT_TRUE(qRed(pixel) == qGreen(pixel) && qGreen(pixel) == qBlue(pixel)) << x << ' ' << y;
+    }
+  }
+  EXPECT_FALSE(ink(shown).isNull());
+}
+
+// Truncates every write as a full disk does.
+class FullDisk {
+ public:
+  explicit FullDisk(rlim_t bytes) {
+    getrlimit(RLIMIT_FSIZE, &m_before);
+    const rlimit limit{bytes, m_before.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &limit);
+  }
+  ~FullDisk() {
+    setrlimit(RLIMIT_FSIZE, &m_before);
+    std::signal(SIGXFSZ, m_handler);
+  }
+  FullDisk(const FullDisk&) = delete;
+  FullDisk& operator=(const FullDisk&) = delete;
+
+ private:
+  void (*m_handler)(int) = std::signal(SIGXFSZ, SIG_IGN);
+  rlimit m_before{};
+};
+
+TEST_F(PrintedFile, IsNotThereWhereTheDiskIsFull) {
+  ASSERT_TRUE(print_file(m_printer, coloured(), m_caption));
+  const auto size = static_cast<rlim_t>(QFile(path()).size());
+  for (const rlim_t room : {rlim_t{0}, rlim_t{100}, size / 2, size - 1}) {
+    QFile::remove(path());
+    const FullDisk disk(room);
+    EXPECT_FALSE(print_file(m_printer, coloured(), m_caption)) << room;
+    EXPECT_EQ(names(), QStringList{}) << room;
+  }
+}
+
+TEST_F(PrintedFile, LeavesTheOlderOneWhereTheDiskIsFull) {
+  ASSERT_TRUE(print_file(m_printer, black(10, 10), m_caption));
+  const QByteArray before = contents(path());
+  {
+    const FullDisk disk(3000);
+    EXPECT_FALSE(print_file(m_printer, coloured(), m_caption));
+  }
+  EXPECT_EQ(contents(path()), before);
+  EXPECT_EQ(names(), QStringList{"page.pdf"});
+}
+
+TEST_F(PrintedFile, ReplacesNeitherADeviceNorAFolder) {
+  for (const QString& target : {QString("/dev/full"), QString("/dev/null"), m_folder.path()}) {
+    m_printer.setOutputFileName(target);
+    EXPECT_FALSE(print_file(m_printer, coloured(), m_caption)) << target.toStdString();
+    EXPECT_FALSE(QFileInfo(target).isFile());
+  }
+  m_printer.setOutputFileName("/nosuch/folder/page.pdf");
+  EXPECT_FALSE(print_file(m_printer, coloured(), m_caption));
 }
 
 }  // namespace
