@@ -25,6 +25,7 @@
 
 #include "app/base/message_text.h"
 #include "app/base/user_error.h"
+#include "app/window/indicator_style.h"
 #include "app/window/table_preview.h"
 #include "app/window/window_texts.h"
 
@@ -125,8 +126,10 @@ ImportDialog::ImportDialog(const std::string& path, CsvTable table, QWidget* par
   // Return in a field presses "Import" only.
   for (QPushButton* button : {m_all, m_none}) button->setAutoDefault(false);
   named("cmdCancel", buttons->button(QDialogButtonBox::Cancel))->setText("Cance&l");
-  outline_boxes(*m_curves);
-  outline_boxes(*m_sort);
+  for (QWidget* const widget : {static_cast<QWidget*>(m_curves), static_cast<QWidget*>(m_sort)}) {
+    outline_boxes(*widget);
+    scale_indicators(*widget);
+  }
   fill_fields();
 
   auto* const fields = new QHBoxLayout;

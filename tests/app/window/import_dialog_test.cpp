@@ -11,6 +11,7 @@
 #include <QPushButton>
 #include <QScrollArea>
 #include <QSpinBox>
+#include <QStyle>
 #include <QTableView>
 #include <QTest>
 #include <algorithm>
@@ -316,6 +317,25 @@ TEST(ImportDialog, EmptyBoxesAreSeenOnDarkDesktops) {
     EXPECT_GT(contrast_in(sort, {0, 0, 14, sort.height()}), 40);
   }
   QApplication::setPalette(usual);
+}
+
+TEST(ImportDialog, BoxesAreAsLargeAsTheLettersBesideThem) {
+  const QFont usual = QApplication::font();
+  const int usual_height = QApplication::style()->pixelMetric(QStyle::PM_IndicatorHeight);
+  QFont large = usual;
+  large.setPointSize(24);
+  QApplication::setFont(large);
+  {
+    Import import("x,a\n1,2\n2,3\n");
+    for (const QWidget* widget : {static_cast<QWidget*>(&import.get<QListWidget>("lstCurves")),
+                                  static_cast<QWidget*>(&import.get<QCheckBox>("chkSort"))}) {
+      const int height = widget->style()->pixelMetric(QStyle::PM_IndicatorHeight, nullptr, widget);
+      EXPECT_EQ(height, QFontMetrics(large).ascent());
+      EXPECT_GT(height, usual_height);
+      EXPECT_EQ(widget->style()->pixelMetric(QStyle::PM_IndicatorWidth, nullptr, widget), height);
+    }
+  }
+  QApplication::setFont(usual);
 }
 
 }  // namespace
