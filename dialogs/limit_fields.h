@@ -3,7 +3,7 @@
 // A limit is stored as soon as the texts of its axis make a pair, the minimum below the maximum. A
 // limit that was refused before is stored together with the one that makes it valid. A text that is
 // not stored is red. It stays while the user moves between the four fields or works in another
-// window, and gives way to the stored limit when another field of this window gets the focus.
+// window. When another field of this window gets the focus, the stored limit is shown again.
 #pragma once
 
 #include <KurvGraph/control.h>

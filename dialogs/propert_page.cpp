@@ -41,7 +41,7 @@ class LegibleLabel final : public QLabel {
  private:
   // The other colours still follow those of the desktop.
   void set_colour() {
-    constexpr double kStrength = 0.6;
+    constexpr double kStrength = 0.7;
     const QColor wanted = mixed(palette().color(QPalette::Active, QPalette::WindowText),
                                 palette().color(QPalette::Active, QPalette::Window), kStrength);
     if (palette().color(QPalette::Disabled, QPalette::WindowText) == wanted) return;

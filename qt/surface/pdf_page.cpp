@@ -23,8 +23,8 @@ QColor colour_of(int index) {
 }
 
 // A unit of the painter is a twip. Everything is written into memory, because QPdfWriter does not
-// report a full disk. One page stays there whatever its size: QPdfWriter would move its contents to
-// a temporary file above 100 MB only where the page went on after it had been written.
+// report a full disk. The contents of the page stay in memory too, whatever their size: above 100
+// MB QPdfWriter moves them to a temporary file only where more is drawn after they have been read.
 class PdfPage final : public VectorPage {
  public:
   explicit PdfPage(const PageSetup& setup) : m_writer(&m_buffer) {

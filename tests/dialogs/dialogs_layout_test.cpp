@@ -293,6 +293,15 @@ TEST_P(ColoursTest, TheDisabledLabelStaysLegibleWhenTheColoursChange) {
   expect_legible_when_disabled(*window);
 }
 
+// A tab is lighter than the window where the buttons are.
+TEST_F(Layout, TheDisabledLabelIsLegibleWhereWindowAndButtonsDiffer) {
+  QPalette dark(QColor(55, 59, 64), QColor(42, 45, 49));
+  dark.setColor(QPalette::WindowText, QColor(235, 235, 235));
+  QApplication::setPalette(dark);
+  open<frmPropert>();
+  expect_legible_when_disabled(*window);
+}
+
 TEST_F(Layout, TheDisabledLabelIsLegibleInTheColoursOfTheStyle) {
   QApplication::setPalette(QApplication::style()->standardPalette());
   open<frmPropert>();
