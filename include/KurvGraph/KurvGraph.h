@@ -31,6 +31,7 @@
 #include <KurvGraph/arrays.h>
 #include <KurvGraph/automation.h>
 #include <KurvGraph/fault.h>
+#include <KurvGraph/limits.h>
 #include <KurvGraph/property_list.h>
 #include <KurvGraph/values.h>
 
@@ -100,7 +101,7 @@ class KurvGraph : public QWidget {
 
   // Loads a data set: yarr_(curve, point) and xarr(point), all counted from 1; texts are UTF-8.
   // Shows a message box when the data cannot be plotted; throws kSubscriptOutOfRange when an array
-  // is shorter than its count claims, or pNumY_ is above 149 and there are points.
+  // is shorter than its count claims, or pNumY_ is above kMaxCurves and there are points.
   Q_INVOKABLE void scatter_graph(const kurv::Matrix<kurv::Double>& yarr_,
                                  const kurv::List<kurv::Double>& xarr, int pNumData_, int pNumY_,
                                  const kurv::Variant& pTitle_, const kurv::String& xVarName_,
@@ -109,7 +110,7 @@ class KurvGraph : public QWidget {
                                  std::optional<bool> pConnected_ = {},
                                  std::optional<bool> draw_scatter_points_ = {});
   // The same from one matrix xyArr_(column, point) whose column 1 is x, names likewise, and a flag
-  // per curve. More than 149 curves are cut to 149.
+  // per curve. More than kMaxCurves curves are cut to kMaxCurves.
   Q_INVOKABLE void scatter_graph2(const kurv::String& pTitle_,
                                   const kurv::Matrix<kurv::Double>& xyArr_,
                                   const kurv::List<kurv::String>& xyVarNames_, int pNumData_,
@@ -123,7 +124,7 @@ class KurvGraph : public QWidget {
   std::optional<QString> add_function(const QString& expression);
   // Appends a visible series whose values are computed from x and the other series by their names,
   // sets the limits from the data and redraws. Returns as add_function() does. Throws
-  // kSubscriptOutOfRange at 149 series; redraws then fail until other data are loaded.
+  // kSubscriptOutOfRange at kMaxCurves series; redraws then fail until other data are loaded.
   std::optional<QString> derive(const QString& name, const QString& expression);
 
   // -- Methods --------------------------------------------------------------------------------
@@ -181,7 +182,7 @@ class KurvGraph : public QWidget {
   std::vector<QString> functions() const;
   // Passes to `sink`, piece by piece, the text of the graph file as it would be written now,
   // without the control's size: two graphs with the same text are the same graph, whatever the size
-  // of their windows. Throws kSubscriptOutOfRange for more than 30 function curves.
+  // of their windows. Throws kSubscriptOutOfRange for more than kMaxFunctions function curves.
   void graph_text(const std::function<void(std::string_view)>& sink) const;
 
   // -- Picture --------------------------------------------------------------------------------

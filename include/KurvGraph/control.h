@@ -20,6 +20,7 @@
 #include <KurvGraph/class_registry.h>
 #include <KurvGraph/container.h>
 #include <KurvGraph/item.h>
+#include <KurvGraph/limits.h>
 #include <KurvGraph/plot_surface.h>
 #include <KurvGraph/property_list.h>
 #include <KurvGraph/services.h>
@@ -77,14 +78,14 @@ class Control {
   void build_the_graph();
   // Loads a data set: yarr_(curve, point) and xarr(point), all counted from 1. Shows a message box
   // when the data cannot be plotted; throws kSubscriptOutOfRange when an array is shorter than its
-  // count claims, or pNumY_ is above 149 and there are points.
+  // count claims, or pNumY_ is above kMaxCurves and there are points.
   void scatter_graph(const Matrix<Double>& yarr_, const List<Double>& xarr, Integer pNumData_,
                      Integer pNumY_, const Variant& pTitle_, const String& xVarName_,
                      const List<String>& yVarName_, Integer pNumYFunc_, const List<String>& y_func_,
                      std::optional<Boolean> pConnected_ = {},
                      std::optional<Boolean> draw_scatter_points_ = {});
   // The same from one matrix xyArr_(column, point) whose column 1 is x, names likewise, and a flag
-  // per curve. More than 149 curves are cut to 149.
+  // per curve. More than kMaxCurves curves are cut to kMaxCurves.
   void scatter_graph2(const String& pTitle_, const Matrix<Double>& xyArr_,
                       const List<String>& xyVarNames_, Integer pNumData_, Integer pNumY_,
                       const List<Boolean>& y_visible_, Integer pNumYFunc_,
@@ -103,8 +104,9 @@ class Control {
   // Writes a graph that is not saved to its file, or asks the user for one where it has none. Does
   // nothing where the graph is saved. MarkerSize, Autoscale and the visibility of function curves
   // are not in the file. Throws kDiskFull, kPathNotFound, kPermissionDenied, kPathFileAccessError,
-  // kDeviceIoError, and kSubscriptOutOfRange for more than 30 function curves; the file is then
-  // incomplete, and a file that it would have replaced is kept as NAME~ or under another free name.
+  // kDeviceIoError, and kSubscriptOutOfRange for more than kMaxFunctions function curves; the file
+  // is then incomplete, and a file that it would have replaced is kept as NAME~ or under another
+  // free name.
   void Save_graph();
   // Sorts the plotted data by ascending x, points moving whole. Does not redraw.
   void Sort_xy();
@@ -143,7 +145,7 @@ class Control {
   // where there is none.
   void edit_function(const String& selected);
   // A name and an expression for a new scatter curve that is computed from the others; each is
-  // asked for until it is accepted or cancelled. Offer it below 149 curves only, see derive().
+  // asked for until it is accepted or cancelled. Offer it below kMaxCurves only, see derive().
   void add_derived_curve();
 
   // -- Curves from expressions, without a prompt ----------------------------------------------
@@ -152,8 +154,8 @@ class Control {
   std::optional<String> add_function(const String& expression);
   // Appends a visible scatter curve whose values are computed from x and the other curves by their
   // names, sets the limits from the data and redraws. Returns as add_function() does. Throws
-  // kSubscriptOutOfRange at 149 curves: the 150th has no column, but it has been counted by then,
-  // so that redraws fail until other data are loaded.
+  // kSubscriptOutOfRange at kMaxCurves curves: one more has no column, but it has been counted by
+  // then, so that redraws fail until other data are loaded.
   std::optional<String> derive(const String& name, const String& expression);
 
   // -- Events ---------------------------------------------------------------------------------

@@ -8,9 +8,9 @@
 
 namespace kurv {
 
-// Columns 2 to 150 of the data matrix, of which column 1 is x.
+// Columns 2 to kMaxCurves + 1 of the data matrix; column 1 is x.
 inline constexpr int kMaxCurves = 149;
-// Slots 1 to 30 of the function table.
+// Slots 1 to kMaxFunctions of the function table.
 inline constexpr int kMaxFunctions = 30;
 // Counts are Integers, those that a graph file claims too.
 inline constexpr int kMaxCount = std::numeric_limits<Integer>::max();
