@@ -1,6 +1,7 @@
 #include "app/graph/graph_intake.h"
 
 #include <KurvGraph/fault.h>
+#include <KurvGraph/headless.h>
 #include <KurvGraph/limits.h>
 #include <KurvGraph/picture.h>
 
@@ -11,7 +12,7 @@
 #include "app/base/message_text.h"
 #include "app/base/user_error.h"
 #include "app/csv/csv_table.h"
-#include "app/graph/headless.h"
+#include "app/graph/message_recorder.h"
 
 namespace kurv::app {
 
@@ -23,7 +24,7 @@ class OffscreenGraph {
   OffscreenGraph(const GraphChoice& choice, double scale, std::string save_path = {})
       : m_size(choice.size.value_or(kDefaultSize)),
         m_picture(m_size, scale),
-        m_host(m_picture.ScaleWidth(), m_picture.ScaleHeight()),
+        m_host(m_picture),
         m_shell(std::move(save_path)),
         m_control(m_host, m_shell, m_picture) {
     check_pixels(m_size, scale);

@@ -1,4 +1,5 @@
-// What the control needs of the host that contains it.
+// What the control needs of the host that contains it. HeadlessContainer of headless.h is one
+// without a window.
 #pragma once
 
 #include <KurvGraph/values.h>

@@ -1,10 +1,15 @@
 // The control: one graph with everything that a host can do with it.
 //
-//   kurv::Picture picture(1000, 700);
-//   kurv::Control control(container, shell, picture);
+//   kurv::RecordingSurface surface(12000, 9000);
+//   kurv::HeadlessContainer container(surface);
+//   kurv::HeadlessShell shell;
+//   kurv::Control control(container, shell, surface);
 //   control.first_placement();
 //   control.show();
 //   control.scatter_graph(y, x, points, curves, "Title", "x", names, 0, {}, true, false);
+//
+// A surface is what it paints on, such as a Picture of pixels; its container is the host, and its
+// shell the desktop. Those of headless.h are for a program that shows nothing.
 //
 // Every member works on the calling thread. A Fault reaches the caller; what was written until then
 // stays written. No property redraws: call build_the_graph() after changing what the picture shows.

@@ -1,4 +1,5 @@
 // What the control needs of the desktop. Every member returns when the user has answered.
+// HeadlessShell of headless.h is one without a user.
 //
 // Texts are UTF-8, their lines end in CR LF or CR. A filter is a list of captions and patterns,
 // "Graph files (*.gdf)|*.gdf|All files (*.*)|*.*", and is counted from 1.

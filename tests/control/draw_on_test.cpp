@@ -1,4 +1,5 @@
 // The graph painted on another surface.
+#include <KurvGraph/headless.h>
 #include <gtest/gtest.h>
 
 #include <sstream>
@@ -75,19 +76,14 @@ TEST(DrawOn, LeavesTheControlAsItWas) {
 }
 
 TEST(DrawOn, DoesNotReportARedraw) {
-  struct Counting final : Container {
-    bool run_mode() const override { return true; }
-    void set_MousePointer(Integer) override {}
-    Single Height() const override { return 9000; }
-    Single Width() const override { return 12000; }
-    void set_Height(Single) override {}
-    void set_Width(Single) override {}
+  struct Counting final : HeadlessContainer {
+    using HeadlessContainer::HeadlessContainer;
     void redrawn() override { ++redraws; }
-    void MouseUp(Integer, Integer, Single, Single) override {}
     int redraws = 0;
-  } container;
-  test::ScriptedShell shell;
+  };
   RecordingSurface surface(12000, 9000);
+  Counting container(surface);
+  HeadlessShell shell;
   Control control(container, shell, surface);
   control.scatter_graph(test::columns({{4, 5}}), test::points({1, 2}), 2, 1, String("T"), "x",
                         test::names({"y"}), 0, {});

@@ -1,5 +1,7 @@
 #include "control/graph_file_commands.h"
 
+#include <KurvGraph/headless.h>
+
 #include "tests/support/graph_files.h"
 
 namespace kurv {
@@ -66,23 +68,20 @@ TEST_F(FileLoad, TakesOverDataViewAndFileName) {
 }
 
 TEST_F(FileLoad, HeightIsSetBeforeWidthAndAResizeInBetweenDoesNoHarm) {
-  struct Resizing final : Container {
-    bool run_mode() const override { return true; }
-    void set_MousePointer(Integer) override {}
-    Single Height() const override { return 0; }
-    Single Width() const override { return 0; }
+  struct Resizing final : HeadlessContainer {
+    using HeadlessContainer::HeadlessContainer;
     void set_Height(Single twips) override { resized("height", twips); }
     void set_Width(Single twips) override { resized("width", twips); }
-    void MouseUp(Integer, Integer, Single, Single) override {}
     void resized(const char* side, Single twips) {
       log += side + std::string(" ") + std::to_string(static_cast<int>(twips)) + "\n";
       control->resize();
     }
     Control* control = nullptr;
     std::string log;
-  } container;
-  test::ScriptedShell shell;
+  };
   RecordingSurface surface(7200, 4800);
+  Resizing container(surface);
+  HeadlessShell shell;
   Control control(container, shell, surface);
   container.control = &control;
   control.file_load(write_sample("a.gdf"));
