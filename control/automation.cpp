@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <limits>
 #include <type_traits>
 #include <utility>
 
@@ -88,9 +89,9 @@ template <auto function, const auto& names, class... Arguments>
 constexpr Member method_row(std::string_view name, std::uint32_t dispatch_id,
                             std::string_view summary, void (Control::*)(Arguments...)) {
   using Row = MethodRow<function, names, std::remove_cvref_t<Arguments>...>;
-  return {
-      name,    dispatch_id, summary,  MemberKind::kMethod, ValueType::kVariant, Row::kParameters,
-      nullptr, nullptr,     Row::call};
+  Member row{name, dispatch_id, summary, MemberKind::kMethod, Row::kParameters};
+  row.call = Row::call;
+  return row;
 }
 
 template <auto function, const auto& names>
@@ -99,20 +100,29 @@ constexpr Member method(std::string_view name, std::uint32_t dispatch_id,
   return method_row<function, names>(name, dispatch_id, summary, function);
 }
 
+template <class Value>
+constexpr ValueRange range_of(PropertyRule rule) {
+  using Limits = std::numeric_limits<Value>;
+  if (rule == PropertyRule::kMarkerRange) return {kMinMarkerSize, kMaxMarkerSize};
+  if constexpr (std::is_same_v<Value, Double>) return {-Limits::infinity(), Limits::infinity()};
+  return {Double(Limits::lowest()), Double(Limits::max())};
+}
+
 template <auto getter, auto setter>
-constexpr Member property(std::string_view name, std::uint32_t dispatch_id,
+constexpr Member property(std::string_view name, std::uint32_t dispatch_id, PropertyRule rule,
+                          std::string_view initially, std::string_view unit,
                           std::string_view summary) {
   using Value = decltype((std::declval<const Control&>().*getter)());
-  return {
-      name,
-      dispatch_id,
-      summary,
-      MemberKind::kProperty,
-      type_of<Value>(),
-      {},
-      [](const Control& control) -> Variant { return (control.*getter)(); },
-      [](Control& control, const Variant& value) { (control.*setter)(converted<Value>(value)); },
-      nullptr};
+  Member row{name, dispatch_id, summary, MemberKind::kProperty};
+  row.type = type_of<Value>();
+  row.initially = initially;
+  row.unit = unit;
+  if constexpr (std::is_arithmetic_v<Value>) row.range = range_of<Value>(rule);
+  row.get = [](const Control& control) -> Variant { return (control.*getter)(); };
+  row.set = [](Control& control, const Variant& value) {
+    (control.*setter)(converted<Value>(value));
+  };
+  return row;
 }
 
 using Name = std::string_view;
@@ -127,11 +137,12 @@ constexpr std::array<Name, 10> kScatterGraph2{
 constexpr std::array<Name, 1> kFileLoad{"filename"};
 constexpr std::array<Name, 1> kChartOptions{"command"};
 
-// The summaries name these limits.
-static_assert(kMaxCurves == 149 && kMinMarkerSize == 2 && kMaxMarkerSize == 500);
+// The summaries name this limit.
+static_assert(kMaxCurves == 149);
 
-#define KURV_ROW(name, dispatch_id, Type, rule, summary) \
-  property<&Control::name, &Control::set_##name>(#name, dispatch_id, summary),
+#define KURV_ROW(name, dispatch_id, Type, rule, initially, unit, summary)                \
+  property<&Control::name, &Control::set_##name>(#name, dispatch_id, PropertyRule::rule, \
+                                                 initially, unit, summary),
 constexpr std::array kMembers = {
     method<&Control::init, kNone>("init", 0x600300CF, "Does nothing."),
     method<&Control::build_the_graph, kNone>(

@@ -37,7 +37,7 @@ void store(GraphDocument& document, Field GraphDocument::*field, const Value& va
 
 }  // namespace
 
-#define KURV_DEFINE(name, dispatch_id, Type, rule, summary)                    \
+#define KURV_DEFINE(name, dispatch_id, Type, rule, ...)                        \
   Type Control::name() const {                                                 \
     return read<Type>(m_state->document.name);                                 \
   }                                                                            \

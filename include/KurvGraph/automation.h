@@ -41,18 +41,29 @@ struct Parameter {
 
 enum class MemberKind { kMethod, kProperty };
 
+// The numbers that a property takes, both ends included. A Single and a Double take NaN as well.
+// What a setter does with other numbers is said in control.h, above its table of properties.
+struct ValueRange {
+  Double lowest = 0;
+  Double highest = 0;
+};
+
 struct Member {
   std::string_view name;
   std::uint32_t dispatch_id;
   std::string_view summary;  // a sentence or two for the reference page
   MemberKind kind;
-  ValueType type;                         // of a property
-  std::span<const Parameter> parameters;  // of a method
+  std::span<const Parameter> parameters = {};  // of a method
+  // Of a property.
+  ValueType type = ValueType::kVariant;
+  std::string_view initially = {};  // the value of a new control, as property_list.h writes it
+  std::string_view unit = {};       // of a number; empty where it has none
+  ValueRange range = {};            // of an Integer, a Single or a Double
   // Getter, setter and call; nullptr where the kind has none. They convert as values.h does and
   // check nothing else.
-  Variant (*get)(const Control&);
-  void (*set)(Control&, const Variant&);
-  void (*call)(Control&, std::span<Variant>);
+  Variant (*get)(const Control&) = nullptr;
+  void (*set)(Control&, const Variant&) = nullptr;
+  void (*call)(Control&, std::span<Variant>) = nullptr;
 };
 
 struct Event {

@@ -128,13 +128,58 @@ class Control {
   void Restore_Grf();
 
   // -- Properties -----------------------------------------------------------------------------
-  // A getter and a setter for each row of property_list.h, which says what each property means and
-  // what its setter does with a value. For the row NumTicks they are
+  // A getter and a setter for each row of property_list.h. For the row NumTicks they are
   //
   //   Integer NumTicks() const;
   //   void set_NumTicks(Integer value);
-#define KURV_DECLARE(name, dispatch_id, Type, rule, summary) \
-  Type name() const;                                         \
+  //
+  // A setter takes every value of its type, for an Integer -32768..32767, but an infinite Single
+  // throws kOverflow, and where the table gives a range, other numbers are ignored. A redraw throws
+  // kDivisionByZero where NumTicks is 0 or the two limits of an axis are equal.
+  //
+  // A new control has demonstration data, which are never drawn. The data that a host loads replace
+  // them and set the limits, Title, Connected and DrawMarkers, a label format that does not suit
+  // them, and NumTicks where it is 0. Fonts are those of the surface when the control is made.
+  //
+  //   Property            Type     Initially          Meaning
+  //   ymin                Double   random             Lower limit of y
+  //   ymax                Double   random             Upper limit of y
+  //   xmax                Double   10                 Upper limit of x
+  //   xmin                Double   1                  Lower limit of x
+  //   NumTicks            Integer  10                 Tick intervals on each axis
+  //   Autoscale           Boolean  True               Limits follow the data of shown curves
+  //   Connected           Boolean  True               Lines between the points
+  //   DrawMarkers         Boolean  True               A marker at each point; only True draws them
+  //   QueryForSave        Boolean  False              Ask the user to save before the control ends
+  //   SortXY              Boolean  False              Plot the points sorted by x
+  //   Y_grid              Boolean  False              Vertical lines at the x ticks
+  //   X_grid              Boolean  False              Horizontal lines at the y ticks
+  //   CurvesWidth         Integer  1                  Width of curves, pixels
+  //   BorderWidth         Integer  2                  Width of the frame, pixels
+  //   AxisLabelFormatX    String   `0.00`             Number format of the x labels
+  //   FontName            String   the surface's      Font of axis labels and legend
+  //   FontSize            Single   the surface's      Font size of axis labels and legend, points
+  //   FontBold            Boolean  the surface's      Axis labels and legend in bold
+  //   FontItalic          Boolean  the surface's      Axis labels and legend in italics
+  //   TitleFontName       String   the surface's      Font of the title
+  //   TitleFontSize       Single   the surface's + 3  Font size of the title, points
+  //   TitleFontBold       Boolean  True               The title in bold
+  //   TitleFontItalic     Boolean  the surface's      The title in italics
+  //   SubTitleFontName    String   the surface's      Font of the subtitle
+  //   SubTitleFontSize    Single   the surface's      Font size of the subtitle, points
+  //   SubTitleFontBold    Boolean  the surface's      The subtitle in bold
+  //   SubTitleFontItalic  Boolean  the surface's      The subtitle in italics
+  //   AxisLabelFormatY    String   `0.0`              Number format of the y labels
+  //   Right_margine       Integer  800                Space right of the plot, twips
+  //   Left_margine        Integer  800                Space left of the plot, twips
+  //   Top_margine         Integer  480                Space above the plot, twips
+  //   Bottom_margine      Integer  520                Space below the plot, twips
+  //   MarkerSize          Integer  40                 Radius of the circular markers, twips; 2..500
+  //   Title               String   `Scatter Points Graph` The title
+  //   SubTitle            String   empty              The subtitle, beside the title
+  //
+#define KURV_DECLARE(name, dispatch_id, Type, ...) \
+  Type name() const;                               \
   void set_##name(PropertyArgument<Type> value);
   KURV_PROPERTIES(KURV_DECLARE)
 #undef KURV_DECLARE

@@ -37,7 +37,7 @@ Value from_toolkit(const Given& value) {
 
 }  // namespace
 
-#define KURV_QT_DEFINE(name, dispatch_id, Type, rule, summary)         \
+#define KURV_QT_DEFINE(name, dispatch_id, Type, ...)                   \
   KURV_QT_##Type KurvGraph::name() const {                             \
     return to_toolkit(m_state->graph.name());                          \
   }                                                                    \

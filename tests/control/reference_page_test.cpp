@@ -1,7 +1,13 @@
-// docs/automation.md is made from the member table: UPDATE_GOLDENS=1 writes it anew.
+// docs/automation.md and the tables of properties in the headers of the control and the widget are
+// made from the member table: UPDATE_GOLDENS=1 writes them anew.
 #include <KurvGraph/automation.h>
+#include <KurvGraph/number_text.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <fstream>
+#include <iterator>
+#include <limits>
 #include <string>
 
 #include "tests/support/golden.h"
@@ -29,6 +35,71 @@ std::string parameter_list(std::span<const Parameter> parameters) {
   return list.empty() ? "none" : list;
 }
 
+std::string text_of(const ValueRange& range) {
+  return number_to_text(range.lowest) + ".." + number_to_text(range.highest);
+}
+
+// What the setter takes.
+std::string range_text(const Member& property) {
+  switch (property.type) {
+    case ValueType::kInteger:
+      return text_of(property.range);
+    case ValueType::kSingle:
+      return "finite";
+    case ValueType::kBoolean:
+      return "True, False";
+    default:
+      return "any";
+  }
+}
+
+// "Radius of the circular markers, twips; 2..500". An Integer that takes them all has no range.
+std::string meaning(const Member& property) {
+  std::string text(property.summary.substr(0, property.summary.size() - 1));
+  if (!property.unit.empty()) text += ", " + std::string(property.unit);
+  const bool takes_all = property.range.highest == std::numeric_limits<Integer>::max();
+  if (property.type == ValueType::kInteger && !takes_all) text += "; " + text_of(property.range);
+  return text;
+}
+
+std::string padded(std::string_view text, std::size_t width) {
+  std::string result(text);
+  result.resize(std::max(width, result.size() + 1), ' ');
+  return result;
+}
+
+std::string table_row(std::string_view name, std::string_view type, std::string_view initially,
+                      std::string_view meaning) {
+  return "  //   " + padded(name, 20) + padded(type, 9) + padded(initially, 19) +
+         std::string(meaning) + '\n';
+}
+
+std::string_view toolkit_type_name(ValueType type) {
+  if (type == ValueType::kInteger) return "int";
+  if (type == ValueType::kBoolean) return "bool";
+  if (type == ValueType::kString) return "QString";
+  return "double";
+}
+
+std::string header_table(std::string_view (*name_of_type)(ValueType)) {
+  std::string table = table_row("Property", "Type", "Initially", "Meaning");
+  for (const Member& property : properties()) {
+    table += table_row(property.name, name_of_type(property.type), property.initially,
+                       meaning(property));
+  }
+  return table;
+}
+
+// Compares the table of properties that a header holds.
+void expect_table(const std::string& path, const std::string& table) {
+  std::ifstream file(KURV_SOURCE_DIR "/" + path, std::ios::binary);
+  std::string header{std::istreambuf_iterator<char>(file), {}};
+  const std::size_t begin = header.find("  //   Property ");
+  ASSERT_NE(begin, std::string::npos) << path;
+  header.replace(begin, header.find("  //\n", begin) - begin, table);
+  test::expect_page(path, header);
+}
+
 std::string page() {
   std::string text =
       "# The automation interface\n\n"
@@ -50,10 +121,29 @@ std::string page() {
     text += "| " + code(member.name) + " | " + identifier(member.dispatch_id) + " | " +
             parameter_list(member.parameters) + " | " + std::string(member.summary) + " |\n";
   }
-  text += "\n## Properties\n\n| Property | Identifier | Type | Meaning |\n|---|---|---|---|\n";
+  text +=
+      "\n## Properties\n\n"
+      "*Initially* is what a new control has. It has demonstration data, which are never drawn. "
+      "The "
+      "data that a host\n"
+      "loads replace them and set the limits, `Title`, `Connected` and `DrawMarkers`, a label "
+      "format "
+      "that does not\n"
+      "suit them, and `NumTicks` where it is 0. Fonts are those of the surface when the control is "
+      "made; a widget and\n"
+      "`kurv host` have Liberation Sans with 8 points.\n\n"
+      "A setter takes every value in its *range*. A number outside the range of its type is an "
+      "overflow, and another\n"
+      "`MarkerSize` is ignored. Not every value can be drawn: a redraw divides by zero where "
+      "`NumTicks` is 0 or the\n"
+      "two limits of an axis are equal.\n\n"
+      "| Property | Identifier | Type | Initially | Range | Unit | Meaning |\n"
+      "|---|---|---|---|---|---|---|\n";
   for (const Member& member : properties()) {
     text += "| " + code(member.name) + " | " + identifier(member.dispatch_id) + " | " +
-            std::string(type_name(member.type)) + " | " + std::string(member.summary) + " |\n";
+            std::string(type_name(member.type)) + " | " + std::string(member.initially) + " | " +
+            range_text(member) + " | " + std::string(member.unit) + " | " +
+            std::string(member.summary) + " |\n";
   }
   text += "\n## Events\n\n| Event | Identifier | Parameters | Raised when |\n|---|---|---|---|\n";
   for (const Event& event : events()) {
@@ -65,6 +155,18 @@ std::string page() {
 
 TEST(ReferencePage, IsMadeFromTheMemberTable) {
   test::expect_page("docs/automation.md", page());
+}
+
+TEST(ReferencePage, HeadersListThePropertiesWithInitialValuesAndUnits) {
+  expect_table("include/KurvGraph/control.h", header_table(type_name));
+  expect_table("include/KurvGraph/KurvGraph.h", header_table(toolkit_type_name));
+}
+
+TEST(ReferencePage, RowsOfTheTableFitIntoALine) {
+  for (const Member& property : properties()) {
+    EXPECT_LE(table_row(property.name, "", property.initially, meaning(property)).size(), 101U)
+        << property.name;
+  }
 }
 
 TEST(ReferencePage, EveryMemberSaysWhatItIsFor) {

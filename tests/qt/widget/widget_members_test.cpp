@@ -59,6 +59,21 @@ TEST(WidgetMembers, PropertiesAreThoseOfTheControlInItsOrder) {
   }
 }
 
+// The values that the table of properties states, in the font of the plot.
+TEST(WidgetMembers, ANewWidgetHasTheStatedValues) {
+  const KurvGraph graph;
+  for (const Member& row : properties()) {
+    const std::string stated(row.initially);
+    if (stated == "random" || stated.starts_with("the surface's")) continue;
+    std::string expected = stated == "empty" ? "" : stated;
+    if (stated.starts_with('`')) expected = stated.substr(1, stated.size() - 2);
+    EXPECT_EQ(to_string(get_property(graph, row.name)), expected) << row.name;
+  }
+  EXPECT_EQ(graph.FontName(), "Liberation Sans");
+  EXPECT_EQ(graph.FontSize(), 8);
+  EXPECT_EQ(graph.TitleFontSize(), 11);
+}
+
 TEST(WidgetMembers, TheWidgetsOwnPropertiesFollow) {
   const std::vector<QMetaProperty> found = own_properties();
   EXPECT_STREQ(found[found.size() - 2].name(), "toolbar_visible");
