@@ -125,7 +125,7 @@ QWidget* frmCurves::new_scatter_page() {
   m_cmdYTitle->setToolTip(QStringLiteral("Give the selected curve another name (F2)"));
   static_assert(kMaxCurves == 149);
   m_cmdAddScatter->setToolTip(
-      QStringLiteral("Compute a new curve from the others, of which there can be 149"));
+      QStringLiteral("Compute a new curve from the others; a graph holds up to 149"));
   click_on_f2(m_lstScatters, m_cmdYTitle);
   return new_page("Dra&wn where ticked:", m_lstScatters,
                   {m_cmdYTitle, m_cmdAddScatter, m_cmdHideAllCurves, m_cmdShowAllCurves});
@@ -141,7 +141,7 @@ QWidget* frmCurves::new_function_page() {
   m_cmdEditFunc->setToolTip(QStringLiteral("Change the selected expression (F2)"));
   // Disabled, with tool tips that say why: users look for these settings here.
   label->setEnabled(false);
-  label->setToolTip(QStringLiteral("Functions have no name but their expression"));
+  label->setToolTip(QStringLiteral("A function is named by its expression"));
   colour->setEnabled(false);
   colour->setToolTip(QStringLiteral("Functions are always drawn in black"));
   click_on_f2(m_lstFuncs, m_cmdEditFunc);

@@ -73,10 +73,10 @@ frmPropert::frmPropert(QWidget* parent) : GraphWindow(parent), m_tabs(new QTabWi
   rows->addLayout(row);
   QPushButton* const restore = new_button(*row, "cmdRestoreXY", "&Restore Limits and Margins");
   restore->setToolTip(
-      QStringLiteral("Limits from the data, and the margins and the marker size of a new graph"));
+      QStringLiteral("Sets the limits from the data, and the default margins and marker size"));
   row->addStretch();
   QPushButton* const apply = new_button(*row, "cmdApply", "&Apply");
-  apply->setToolTip(QStringLiteral("Draws the graph anew"));
+  apply->setToolTip(QStringLiteral("Redraws the graph"));
   QPushButton* const close = new_button(*row, "cmdClose", "&Close");
 
   connect(restore, &QPushButton::clicked, this, &frmPropert::restore);

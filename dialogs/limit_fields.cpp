@@ -48,7 +48,7 @@ LimitFields::Axis LimitFields::add_axis(const Limit& min, const Limit& max) {
 LimitFields::Field LimitFields::new_field(const Limit& limit) {
   const Field field{m_page.text_box(limit.name, limit.description), &limit};
   field.box->setToolTip(
-      QStringLiteral("Taken while the minimum is below the maximum; drawn by Apply"));
+      QStringLiteral("Stored while the minimum is below the maximum; drawn by Apply"));
   m_page.on_filling([this, field](Control& control) {
     show_stored(field, control);
     mark(field, control);

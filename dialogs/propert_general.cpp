@@ -55,7 +55,7 @@ QGroupBox* margins(PropertPage& page) {
   auto* const grid = new QGridLayout(frame);
   int cell = 0;
   const auto add = [&](const char* label, const char* caption, QLineEdit* box) {
-    box->setToolTip(QStringLiteral("Taken when you press Enter or leave the field"));
+    box->setToolTip(QStringLiteral("Applied when you press Enter or leave the field"));
     grid->addWidget(page.label(label, caption, box), cell / 2, cell % 2 * 3);
     grid->addWidget(box, cell / 2, cell % 2 * 3 + 1);
     ++cell;

@@ -101,7 +101,7 @@ QString TableModel::reason(int row, int column, const QString& text) const {
   String value;
   append_value(value, graph, row, column);
   const bool is_number = parse_cell(text.toStdString(), graph.decimal_separator).has_value();
-  return (is_number ? tr("Not taken: two different x values have to be left.")
+  return (is_number ? tr("Not stored: at least two points need different values of x.")
                     : tr("Not a number.")) +
          u' ' +
          (value.empty() ? tr("The graph has no value here.")

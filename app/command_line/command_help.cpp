@@ -11,11 +11,11 @@ namespace {
 constexpr std::size_t kHelpWidth = 78;
 
 constexpr const char* kChoiceNotes = R"(
-What holds without an option stands in parentheses. Columns are named as in
-the file, and one with a comma in its name is quoted: --y 'co2,"adjusted, ppm"'.
-The letter case of a property does not matter. A graph file has its columns and
-looks in it: of the choices it takes the size, the titles, lines, markers and
-properties that are given.
+Defaults are in parentheses. Columns are named as in the file, and one with a
+comma in its name is quoted: --y 'co2,"adjusted, ppm"'. The letter case of a
+property does not matter. A graph file has its columns, rows and formatting in
+it: --x, --y, --every and --sort do not apply to it, and the other options
+override what it says.
 )";
 
 // All properties as a paragraph.
@@ -47,8 +47,8 @@ std::string program_footer() {
   return R"(
 Each FILE opens in a window of its own; without one, an empty window
 opens. "kurv render --help" explains how to draw without a window, and lists
-the properties for --set. In a window the plot has its --size as well, unless
-the screen is too small for that.
+the properties for --set. A plot in a window has the --size, too, unless the
+screen is too small for it.
 
 Examples:
   kurv co2.csv --y co2,adjusted
@@ -79,7 +79,7 @@ Example:
 std::string host_footer() {
   return R"(
 Each line of standard input is a request, a JSON object; each gets one line on
-standard output at once. It ends with the end of the input.
+standard output at once. The program ends when its input ends.
 
 Example:
   echo '{"get":"NumTicks"}' | kurv host
@@ -88,7 +88,7 @@ Example:
 
 std::string info_footer() {
   return R"(
-Exit status 1 says that the file would not load.
+The exit status is 1 for a file that would not load.
 
 Example:
   kurv info --check co2.gdf

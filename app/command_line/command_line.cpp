@@ -63,20 +63,19 @@ class Program {
     add_files();
     for (CLI::App* command : {&m_app, m_render, m_convert}) {
       add_choice(*command);
-      add_looks(*command);
+      add_formatting(*command);
     }
     for (CLI::App* command : {&m_app, m_render, m_convert, m_info}) add_locale(*command);
     m_render
         ->add_option("--scale", m_texts.scale,
-                     "Pixels per logical pixel, 0.5 to 8, of a .png or .bmp (1)")
+                     "Device pixels per logical pixel of a .png or .bmp, 0.5 to 8 (1)")
         ->type_name("RATIO");
     m_eval
-        ->add_option("EXPRESSION", m_expression,
-                     "Such as 'x*(sin(x)+2)'; read from the input without")
+        ->add_option("EXPRESSION", m_expression, "Such as 'x*(sin(x)+2)' (lines of standard input)")
         ->type_name("");
     m_eval->add_option("VALUES", m_values, "Values of its variables: name=value ...")
         ->type_name("");
-    m_info->add_flag("--check", m_check, "List what is odd about the file, with line numbers");
+    m_info->add_flag("--check", m_check, "List what is wrong with the file, with line numbers");
   }
 
   Command parse(int argc, const char* const* argv) {
@@ -150,7 +149,7 @@ class Program {
     command.add_flag("--sort", m_choice.sort, "Sort the points by x");
   }
 
-  void add_looks(CLI::App& command) {
+  void add_formatting(CLI::App& command) {
     command.add_option("--title", m_choice.title, "The title (the data file's name)")
         ->type_name("TEXT");
     command.add_option("--subtitle", m_choice.subtitle, "The line beside the title")
@@ -175,7 +174,7 @@ class Program {
   void add_locale(CLI::App& command) {
     command
         .add_option("--locale", m_texts.locale,
-                    "Decides about the decimal separator in graph files (a point)")
+                    "The locale whose decimal separator graph files have (a point)")
         ->type_name("NAME");
   }
 
@@ -255,8 +254,7 @@ class Program {
   std::vector<std::string> m_values;
   Texts m_texts;
   CLI::App m_app{"Draws tables of numbers as graphs."};
-  CLI::App* m_render =
-      m_app.add_subcommand("render", "Draw a file into a picture, without a window");
+  CLI::App* m_render = m_app.add_subcommand("render", "Draw a file as a picture, without a window");
   CLI::App* m_convert = m_app.add_subcommand("convert", "Write a graph file from a CSV file");
   CLI::App* m_info = m_app.add_subcommand("info", "Print what is inside a graph file");
   CLI::App* m_eval = m_app.add_subcommand("eval", "Print the value of an expression");

@@ -220,7 +220,7 @@ class Check {
       error(line, amount(found, "values") + " instead of " + std::to_string(expected));
     if (found > expected) {
       warn(line, amount(found, "values") + " instead of " + std::to_string(expected) +
-                     "; those behind are ignored");
+                     "; the rest is ignored");
     }
     ListEntries entries(text);
     for (std::size_t i = 1; i <= std::min(found, expected); ++i) {
@@ -246,10 +246,10 @@ class Check {
   void check_entries(std::size_t line, std::size_t expected, const std::string& what) {
     const std::size_t found = entries_of(m_file.line(line), expected);
     if (found == expected) return;
-    warn(line, amount(found, what) + " instead of " + std::to_string(expected) +
-                   (found < expected ? "; the others are empty"
-                                     : "; one with a comma in it shifts those behind, and the last "
-                                       "are lost"));
+    warn(line,
+         amount(found, what) + " instead of " + std::to_string(expected) +
+             (found < expected ? "; the others are empty"
+                               : "; a comma in one shifts those after it, and the last are lost"));
   }
 
   static std::string amount(std::size_t count, const std::string& what) {
@@ -259,9 +259,10 @@ class Check {
   void check_length(std::size_t expected) {
     const std::size_t lines = m_file.lines();
     if (lines < expected) {
-      error(lines + 1, "the file ends, and should have " + std::to_string(expected) + " lines");
+      error(lines + 1,
+            "the file ends here, but should have " + std::to_string(expected) + " lines");
     } else if (lines > expected && counts_are_possible()) {
-      warn(expected + 1, "the graph ends before it, and what follows is ignored");
+      warn(expected + 1, "the graph ends before this line; what follows is ignored");
     }
   }
 

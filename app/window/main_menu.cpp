@@ -68,11 +68,11 @@ void MainMenu::make_file_menu() {
   QObject::connect(recent, &QMenu::aboutToShow, recent, [this, recent] { fill_recent(recent); });
   file->addSeparator();
   add(file, "mnuSave", "&Save", QKeySequence("Ctrl+S"), Needs::kData,
-      "Save the graph, its data and its looks, to its graph file", m_commands.save);
+      "Save the graph, with its data and formatting, in its graph file", m_commands.save);
   add(file, "mnuSaveAs", "Save &As\u2026", QKeySequence("Ctrl+Shift+S"), Needs::kData,
-      "Save the graph to another file", command("saveas"));
+      "Save the graph in another file", command("saveas"));
   add(file, "mnuExportPicture", "&Export Picture\u2026", QKeySequence("Ctrl+E"), Needs::kGraph,
-      "Write the graph as a picture", m_commands.export_picture);
+      "Save a picture of the graph", m_commands.export_picture);
   add(file, "mnuPrint", "&Print\u2026", QKeySequence("Ctrl+P"), Needs::kGraph, "Print the graph",
       command("print"));
   file->addSeparator();
@@ -85,7 +85,7 @@ void MainMenu::make_file_menu() {
 void MainMenu::make_edit_menu() {
   QMenu* const edit = menu("&Edit", "mnuEdit");
   add(edit, "mnuCopy", "&Copy Picture", QKeySequence("Ctrl+C"), Needs::kGraph,
-      "Put the picture of the graph on the clipboard", command("copy"));
+      "Copy a picture of the graph to the clipboard", command("copy"));
   edit->addSeparator();
   add(edit, "mnuTable", "Data &Table\u2026", QKeySequence("Ctrl+T"), Needs::kData,
       "See and edit the numbers", command("table"));
@@ -101,7 +101,7 @@ void MainMenu::make_graph_menu() {
       "Change axes, limits, grids, lines and markers", command("setup"));
   graph->addSeparator();
   add(graph, "mnuRefresh", "&Refresh", QKeySequence("F5"), Needs::kGraph,
-      "Put titles and legend back in their places and draw anew", command("refresh"));
+      "Move the titles and the legend back to their places, and redraw", command("refresh"));
   graph->addSeparator();
   QAction* const toolbar = graph->addAction("Show Tool&bar");
   toolbar->setObjectName("mnuShowToolbar");

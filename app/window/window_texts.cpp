@@ -53,19 +53,20 @@ QString empty_window_hint() {
 
 QString refused_data_hint(const std::string& path) {
   return "Nothing is shown: the data of " + file_label(path) +
-         " cannot be plotted.\n\nEdit > Data Table lets you mend them: two values of x must "
-         "differ.";
+         " cannot be plotted.\n\nCorrect them in Edit > Data Table: at least two points need "
+         "different values of x.";
 }
 
 QString getting_started() {
   return "Open or drop a CSV file, or a graph file (.gdf), to see its curves.\n\n"
-         "\u2022 Drag the title, the subtitle and the legend to where they should stand.\n"
-         "\u2022 Double-click the title, an axis, its numbers or the legend to change them.\n"
+         "\u2022 Drag the title, the subtitle or the legend to move it.\n"
+         "\u2022 Double-click the title, the legend, an axis or its numbers to change it.\n"
          "\u2022 Right-click the graph for settings, formulas and functions.\n"
          "\u2022 Graph > Curves and Functions hides, renames and adds curves.\n"
          "\u2022 Edit > Data Table shows the numbers and lets you edit them.\n"
-         "\u2022 Graph > Refresh puts titles and legend back in their places.\n\n"
-         "File > Save keeps all of it in a graph file; File > Export Picture makes a picture.";
+         "\u2022 Graph > Refresh moves the titles and the legend back to their places.\n\n"
+         "File > Save keeps everything in a graph file; File > Export Picture saves a picture of "
+         "it.";
 }
 
 QString about_kurv() {

@@ -184,8 +184,9 @@ TEST(TablePaste, OfEqualXIsUndoneAndKeepsItsTexts) {
   EXPECT_EQ(table.cell(1, 1), "4.0") << "as it was written";
   EXPECT_TRUE(table.is_marked(1, 2)) << "all of the command";
   EXPECT_THAT(table.column_of_host(2), ElementsAre(30, 10, 20));
-  EXPECT_EQ(table.at(1, 1).data(Qt::ToolTipRole).toString(),
-            "Not taken: two different x values have to be left. The graph still has 3 here.");
+  EXPECT_EQ(
+      table.at(1, 1).data(Qt::ToolTipRole).toString(),
+      "Not stored: at least two points need different values of x. The graph still has 3 here.");
   table.select(1, 2);
   table.erase();
   EXPECT_FALSE(table.is_marked(1, 2)) << "what is taken later is marked no more";

@@ -121,13 +121,13 @@ TEST_F(GraphFile, OddThingsAreListedAndDoNotKeepItFromLoading) {
   listed(5, "-1", "NumYFunc is negative");
   listed(7, "W\xE4rme", "is not UTF-8");
   listed(48, "1,2,3,4", "4 values instead of 3");
-  listed(51, "x,a,b,z", "4 names instead of 3; one with a comma");
+  listed(51, "x,a,b,z", "4 names instead of 3; a comma in one");
   listed(53, "min(1,2)", "2 expressions instead of 0");
   QFile longer(graph());
   ASSERT_TRUE(longer.open(QIODevice::Append));
   longer.write("more\r\n");
   longer.close();
-  EXPECT_THAT(check(path("small.gdf")).out, HasSubstr("line 54: the graph ends before it"));
+  EXPECT_THAT(check(path("small.gdf")).out, HasSubstr("line 54: the graph ends before this line"));
 }
 
 TEST_F(GraphFile, ThatClaimsMinusOnePointsLoadsAndHasNothingToDraw) {

@@ -125,7 +125,7 @@ TEST_F(RefusedData, AreSaidWithWhatHelps) {
   EXPECT_TRUE(hint(kurv).isVisible());
   EXPECT_EQ(hint(kurv).text(),
             "Nothing is shown: the data of flat.gdf cannot be plotted.\n\n"
-            "Edit > Data Table lets you mend them: two values of x must differ.");
+            "Correct them in Edit > Data Table: at least two points need different values of x.");
   EXPECT_TRUE(action(kurv, "mnuTable").isEnabled());
   EXPECT_FALSE(action(kurv, "mnuPrint").isEnabled());
 }
