@@ -132,11 +132,11 @@ std::string page() {
       "suit them, and `NumTicks` where it is 0. Fonts are those of the surface when the control is "
       "made; a widget and\n"
       "`kurv host` have Liberation Sans with 8 points.\n\n"
-      "A setter takes every value in its *range*. A number outside the range of its type is an "
-      "overflow, and another\n"
-      "`MarkerSize` is ignored. Not every value can be drawn: a redraw divides by zero where "
-      "`NumTicks` is 0 or the\n"
-      "two limits of an axis are equal.\n\n"
+      "A setter takes every value in its *range*. A `MarkerSize` outside of it is ignored; any "
+      "other number outside of\n"
+      "it is an overflow. Not every value can be drawn: a redraw divides by zero where `NumTicks` "
+      "is 0 or the two\n"
+      "limits of an axis are equal.\n\n"
       "| Property | Identifier | Type | Initially | Range | Unit | Meaning |\n"
       "|---|---|---|---|---|---|---|\n";
   for (const Member& member : properties()) {

@@ -203,6 +203,13 @@ TEST_F(Host, FontPromptsTakeFonts) {
   EXPECT_EQ(get("SubTitleFontSize"), 7);
 }
 
+TEST_F(Host, ANewControlHasTheFontThatThePageStates) {
+  EXPECT_EQ(get("FontName"), "Liberation Sans");
+  EXPECT_EQ(get("FontSize"), 8);
+  EXPECT_EQ(get("FontBold"), false);
+  EXPECT_EQ(get("TitleFontSize"), 11);
+}
+
 TEST_F(Host, RefusesFontSizesThatCannotBeDrawnOrSaved) {
   load();
   const std::pair<const char*, int> kSizes[] = {
