@@ -1,11 +1,12 @@
 #include "dialogs/check_list.h"
 
+#include <KurvGraph/indicator_style.h>
+
 #include <QIcon>
 #include <QPainter>
 #include <QPixmap>
 #include <algorithm>
 
-#include "dialogs/indicator_style.h"
 #include "dialogs/single_line_delegate.h"
 
 namespace kurv {

@@ -1,4 +1,4 @@
-#include "dialogs/indicator_style.h"
+#include <KurvGraph/indicator_style.h>
 
 #include <QApplication>
 #include <QFontMetrics>

@@ -1,5 +1,6 @@
 #include "dialogs/propert_page.h"
 
+#include <KurvGraph/indicator_style.h>
 #include <KurvGraph/number_text.h>
 
 #include <QColor>
@@ -9,7 +10,6 @@
 
 #include "dialogs/box_outline.h"
 #include "dialogs/frm_propert.h"
-#include "dialogs/indicator_style.h"
 #include "model/palette.h"
 
 namespace kurv {

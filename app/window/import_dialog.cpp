@@ -1,5 +1,6 @@
 #include "app/window/import_dialog.h"
 
+#include <KurvGraph/indicator_style.h>
 #include <KurvGraph/limits.h>
 #include <KurvGraph/screen_fit.h>
 #include <KurvGraph/text.h>
@@ -25,7 +26,6 @@
 
 #include "app/base/message_text.h"
 #include "app/base/user_error.h"
-#include "app/window/indicator_style.h"
 #include "app/window/table_preview.h"
 #include "app/window/window_texts.h"
 
