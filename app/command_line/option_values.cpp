@@ -7,6 +7,8 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cmath>
+#include <limits>
 #include <optional>
 
 #include "app/base/message_text.h"
@@ -21,6 +23,9 @@ constexpr int kWidest = 7680;
 constexpr int kHighest = 4320;
 constexpr double kMinScale = 0.5;
 constexpr double kMaxScale = 8;
+// A graph file holds sizes of fonts that fit into an Integer.
+constexpr Single kMaxFontSize = std::numeric_limits<Integer>::max();
+static_assert(kMaxFontSize == 32767);  // the message names it
 // The message about kMaxPicturePixels names twice these sides.
 static_assert(kMaxPicturePixels == 4.0 * kWidest * kHighest);
 
@@ -45,24 +50,29 @@ std::string expectation(ValueType type) {
     case ValueType::kBoolean:
       return "True or False";
     case ValueType::kSingle:
+      return "a number above 0 and at most 32767";
     case ValueType::kDouble:
-      return "a number";
+      return "a finite number";
     default:
       return "a text";
   }
 }
 
-// Throws Fault where the control would, and for a fraction where a whole number is wanted, because
-// a user who types one does not expect it to be rounded.
+// Throws Fault where the control would, and for three kinds of values that it would take: a
+// fraction where a whole number is wanted, because a user who types one does not expect it to be
+// rounded; a font size, which is what each Single is, that cannot be drawn or saved; a limit that
+// is not finite, with which a graph file does not load.
 void convert(ValueType type, const Variant& value) {
   if (type == ValueType::kInteger) {
     if (to_double(value) != to_integer(value)) throw Fault(FaultKind::kTypeMismatch);
   } else if (type == ValueType::kBoolean) {
     static_cast<void>(to_boolean(value));
   } else if (type == ValueType::kSingle) {
-    static_cast<void>(to_single(value));
+    const Single size = to_single(value);
+    // Written so that NaN is refused.
+    if (!(size > 0 && size <= kMaxFontSize)) throw Fault(FaultKind::kOverflow);
   } else if (type == ValueType::kDouble) {
-    static_cast<void>(to_double(value));
+    if (!std::isfinite(to_double(value))) throw Fault(FaultKind::kOverflow);
   }
 }
 

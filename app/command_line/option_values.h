@@ -24,7 +24,8 @@ std::size_t parse_every(std::string_view text);
 // Names between commas; one that holds a comma is in quotation marks.
 std::vector<std::string> parse_names(std::string_view text);
 
-// "PROPERTY=VALUE". The name is found in any letter case.
+// "PROPERTY=VALUE". The name is found in any letter case. A font size is above 0 and at most 32767,
+// and a limit is finite.
 Setting parse_setting(std::string_view text);
 
 // "NAME=EXPRESSION"; neither may be empty.

@@ -112,9 +112,33 @@ TEST(CommandLine, SettingsThatDoNotConvertAreRefused) {
   EXPECT_EQ(misuse_with({"--set", "NumTicks=many"}),
             "the property NumTicks takes a whole number from -32768 to 32767, not \"many\".");
   EXPECT_THAT(misuse_with({"--set", "NumTicks=40000"}), HasSubstr("takes a whole number"));
-  EXPECT_THAT(misuse_with({"--set", "ymin=low"}), HasSubstr("ymin takes a number, not \"low\""));
+  EXPECT_THAT(misuse_with({"--set", "ymin=low"}),
+              HasSubstr("ymin takes a finite number, not \"low\""));
   EXPECT_THAT(misuse_with({"--set", "X_grid=maybe"}), HasSubstr("takes True or False"));
   EXPECT_THAT(misuse_with({"--set", "NumTicks"}), HasSubstr("such as NumTicks=5"));
+}
+
+TEST(CommandLine, FontSizesThatCannotBeDrawnOrSavedAreRefused) {
+  for (const std::string name : {"FontSize", "TitleFontSize", "SubTitleFontSize"}) {
+    for (const char* size : {"0", "-1", "nan", "40000", "inf", "1e39", "1e-60", "large", ""}) {
+      EXPECT_EQ(misuse_with({"--set", (name + '=' + size).c_str()}),
+                "the property " + name + " takes a number above 0 and at most 32767, not \"" +
+                    size + "\".");
+    }
+    for (const char* size : {"0.5", "8", "32767"}) {
+      EXPECT_EQ(request_of({"--set", (name + '=' + size).c_str()}).settings.at(0).value, size);
+    }
+  }
+}
+
+TEST(CommandLine, LimitsThatAreNotFiniteAreRefused) {
+  for (const std::string name : {"xmin", "xmax", "ymin", "ymax"}) {
+    for (const char* limit : {"inf", "-Inf", "NaN", "1e999"}) {
+      EXPECT_EQ(misuse_with({"--set", (name + '=' + limit).c_str()}),
+                "the property " + name + " takes a finite number, not \"" + limit + "\".");
+    }
+    EXPECT_EQ(request_of({"--set", (name + "=-1e300").c_str()}).settings.size(), 1U);
+  }
 }
 
 TEST(CommandLine, UnknownPropertiesAreRefusedWithSimilarOnes) {
