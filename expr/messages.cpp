@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include <KurvGraph/variable_text.h>
+
 #include "expr/characters.h"
 #include "expr/parser.h"
 
@@ -47,6 +49,10 @@ String character_number(std::size_t place) {
 String taken_arguments(const Function& function) {
   if (function.variadic) return "one argument or more";
   return function.unary ? "one argument" : "two arguments";
+}
+
+String missing_operator(const Token& token, std::size_t place) {
+  return "An operator is missing before " + shown(token.text) + " at " + character_number(place);
 }
 
 }  // namespace
@@ -107,10 +113,14 @@ String misplaced_message(const Token& token, std::size_t place) {
   }
   if (token.text == ",") {
     return "The comma at " + character_number(place) +
-           " does not stand between the arguments of a function.";
+           " is not between the arguments of a function.";
   }
-  return "An operator is missing before " + shown(token.text) + " at " + character_number(place) +
-         ".";
+  return missing_operator(token, place) + ".";
+}
+
+String split_name_message(const Token& token, std::size_t place, std::string_view name) {
+  return missing_operator(token, place) + "; a ']' in a name is written twice, as in " +
+         shown(variable_text(name)) + ".";
 }
 
 String unusable_message(const Token& token, std::size_t place) {

@@ -25,6 +25,8 @@ String wrong_count_message(const Token& token, std::size_t place, const Function
                            std::size_t count);
 // For a valid token in a place where it is not allowed.
 String misplaced_message(const Token& token, std::size_t place);
+// The same where the token is in a name in brackets that its own "]" has ended.
+String split_name_message(const Token& token, std::size_t place, std::string_view name);
 // For a token that is allowed nowhere.
 String unusable_message(const Token& token, std::size_t place);
 

@@ -18,6 +18,16 @@ namespace kurv::expr {
 
 namespace {
 
+bool is_bracketed(TokenKind kind) {
+  return kind == TokenKind::kQuotedName || kind == TokenKind::kMatchedName;
+}
+
+// The name in the brackets of such a token, with the blanks around it.
+String text_inside(const Token& token) {
+  const std::string_view inside = token.text.substr(1, token.text.size() - 2);
+  return token.kind == TokenKind::kQuotedName ? without_doubled_brackets(inside) : String(inside);
+}
+
 // A recursive-descent parser: a member function for each production, with the production above it.
 // Operators of lower precedence are parsed by the outer functions. Every function emits the code of
 // what it has parsed, operands before their operator.
@@ -48,6 +58,8 @@ class Parser {
   void push_number(Double number);
   void close_parenthesis();
   void report_missing_operand();
+  void report_misplaced();
+  String name_up_to_next_bracket() const;
 
   void nested(Production production);
   bool accept(std::string_view symbol);
@@ -62,6 +74,7 @@ class Parser {
   std::string_view m_text;
   Lexer m_lexer;
   Token m_current;
+  Token m_last;                // that was consumed
   std::size_t m_consumed = 0;  // bytes, to the end of the last token that was consumed
   int m_nesting = 0;
   std::unordered_map<std::string_view, std::size_t> m_variables;  // positions as operands
@@ -73,7 +86,7 @@ class Parser {
 Compilation Parser::compile() {
   read_token();
   expression();
-  if (m_current.kind != TokenKind::kEnd) fail_at(misplaced_message, m_current);
+  if (m_current.kind != TokenKind::kEnd) report_misplaced();
   if (!m_result.message.empty()) m_result.program = {};
   return std::move(m_result);
 }
@@ -144,8 +157,7 @@ void Parser::primary() {
     number(advance());
   } else if (m_current.kind == TokenKind::kName) {
     name(advance());
-  } else if (m_current.kind == TokenKind::kQuotedName ||
-             m_current.kind == TokenKind::kMatchedName) {
+  } else if (is_bracketed(m_current.kind)) {
     bracketed_name(advance());
   } else {
     report_missing_operand();
@@ -223,7 +235,7 @@ void Parser::close_parenthesis() {
   if (m_current.kind == TokenKind::kEnd) {
     return fail(parenthesis_missing_message(last_place()), last_place());
   }
-  fail_at(misplaced_message, m_current);
+  report_misplaced();
 }
 
 void Parser::report_missing_operand() {
@@ -231,6 +243,27 @@ void Parser::report_missing_operand() {
     return fail(operand_missing_message(last_place()), last_place());
   }
   fail_at(operand_needed_message, m_current);
+}
+
+void Parser::report_misplaced() {
+  const String name = name_up_to_next_bracket();
+  if (name.empty()) return fail_at(misplaced_message, m_current);
+  const std::size_t place = place_of(m_current);
+  fail(split_name_message(m_current, place, name), place);
+}
+
+// The name that the writer of [a]b] means, a]b. Empty where the last token was no name in brackets,
+// where an operator is not what is missing after it, and where no "]" follows it or another "["
+// comes first.
+String Parser::name_up_to_next_bracket() const {
+  if (!is_bracketed(m_last.kind)) return {};
+  const bool lacks_operator = m_current.kind < TokenKind::kUnknownCharacter &&
+                              m_current.text != ")" && m_current.text != ",";
+  const std::string_view rest = m_text.substr(m_consumed);
+  const std::size_t end = rest.find_first_of("[]");
+  if (!lacks_operator || end == rest.npos || rest[end] == '[') return {};
+  if (!is_valid_utf8(rest.substr(0, end))) return {};
+  return text_inside(m_last) + ']' + String(rest.substr(0, end));
 }
 
 void Parser::nested(Production production) {
@@ -251,6 +284,7 @@ bool Parser::accept(std::string_view symbol) {
 
 Token Parser::advance() {
   const Token token = m_current;
+  m_last = token;
   m_consumed = static_cast<std::size_t>(token.text.data() - m_text.data()) + token.text.size();
   read_token();
   return token;

@@ -59,6 +59,28 @@ TEST(Messages, MissingOperator) {
                    {"pi pi", "An operator is missing before 'pi' at character 4.", 4}});
 }
 
+TEST(Messages, ABracketInAName) {
+  expect_messages(
+      {{"[a]b]",
+        "An operator is missing before 'b' at character 4; a ']' in a name is written twice, as in "
+        "'[a]]b]'.",
+        4},
+       {"1+([H] to OH] )",
+        "An operator is missing before 'to' at character 8; a ']' in a name is written twice, as "
+        "in '[H]] to OH]'.",
+        8},
+       {"[a]]b]c]*2",
+        "An operator is missing before 'c' at character 7; a ']' in a name is written twice, as in "
+        "'[a]]b]]c]'.",
+        7},
+       {"[a]b", "An operator is missing before 'b' at character 4.", 4},
+       {"[a]b[c]", "An operator is missing before 'b' at character 4.", 4},
+       {"[a] [b]", "An operator is missing before '[b]' at character 5.", 5},
+       {"[a]+b c]", "An operator is missing before 'c' at character 7.", 7}});
+  const String hint = "[a]]b]";
+  EXPECT_EQ(make_evaluator()->ParseExpression(hint).variables, std::vector<String>{"a]b"});
+}
+
 TEST(Messages, Parentheses) {
   expect_messages({{"2*(sin(x)+2", "A closing parenthesis is missing after character 11.", 11},
                    {"((1)  ", "A closing parenthesis is missing after character 4.", 4},
@@ -69,10 +91,9 @@ TEST(Messages, Parentheses) {
 
 TEST(Messages, Commas) {
   expect_messages(
-      {{"2,5", "The comma at character 2 does not stand between the arguments of a function.", 2},
-       {"(1,2)", "The comma at character 3 does not stand between the arguments of a function.", 3},
-       {"sin((1,2))",
-        "The comma at character 7 does not stand between the arguments of a function.", 7}});
+      {{"2,5", "The comma at character 2 is not between the arguments of a function.", 2},
+       {"(1,2)", "The comma at character 3 is not between the arguments of a function.", 3},
+       {"sin((1,2))", "The comma at character 7 is not between the arguments of a function.", 7}});
 }
 
 TEST(Messages, Functions) {
