@@ -95,8 +95,8 @@ class KurvGraph : public QWidget {
 
   // -- Data -----------------------------------------------------------------------------------
   // Draws the graph with title and legend in their home positions. Throws std::invalid_argument
-  // with a sentence that says what is wrong with it, for an expression the one of add_function();
-  // then nothing has changed.
+  // with a sentence that says what is wrong with it, for an expression the expression and the
+  // sentence of add_function(); then nothing has changed.
   void plot(const Graph& graph);
 
   // Loads a data set: yarr_(curve, point) and xarr(point), all counted from 1; texts are UTF-8.

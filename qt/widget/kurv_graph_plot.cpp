@@ -18,8 +18,8 @@ namespace {
   throw std::invalid_argument(sentence);
 }
 
-std::string in_quotes(const QString& name) {
-  return '"' + name.toStdString() + '"';
+std::string in_quotes(const QString& text) {
+  return '"' + text.toStdString() + '"';
 }
 
 void check_counts(const Graph& graph) {
@@ -79,7 +79,7 @@ void check_series(const Graph& graph) {
 void check_expressions(const std::vector<QString>& expressions) {
   for (const QString& expression : expressions) {
     const std::optional<String> refusal = check_function(expression.toStdString());
-    if (refusal) refuse(*refusal);
+    if (refusal) refuse("Expression " + in_quotes(expression) + ": " + *refusal);
   }
 }
 

@@ -90,7 +90,7 @@ TEST(WidgetPlot, RefusesMoreThanThereIsRoomFor) {
               HasSubstr("at most 32767 points, not 32768"));
 }
 
-TEST(WidgetPlot, RefusesABadExpressionWithTheSentenceOfAddFunction) {
+TEST(WidgetPlot, NamesABadExpressionBeforeTheSentenceOfAddFunction) {
   KurvGraph other;
   const std::vector<double> two{1, 2};
   for (const char* const bad : {"sin(", "x+y", "X*x", "2x)", "", " "}) {
@@ -98,7 +98,7 @@ TEST(WidgetPlot, RefusesABadExpressionWithTheSentenceOfAddFunction) {
     ASSERT_TRUE(sentence) << bad;
     EXPECT_EQ(
         refusal_of({.title = "Other", .x = two, .y = {{"a", two}}, .expressions = {"x", bad}}),
-        sentence->toStdString());
+        "Expression \"" + std::string(bad) + "\": " + sentence->toStdString());
   }
 }
 
