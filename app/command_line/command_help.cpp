@@ -14,7 +14,7 @@ constexpr const char* kChoiceNotes = R"(
 Defaults are in parentheses. Columns are named as in the file, and one with a
 comma in its name is quoted: --y 'co2,"adjusted, ppm"'. The letter case of a
 property does not matter. A graph file has its columns, rows and formatting in
-it: --x, --y, --every and --sort do not apply to it, and the other options
+it: --x, --y, --every and --sort are refused for it, and the other options
 override what it says.
 )";
 

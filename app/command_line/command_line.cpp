@@ -71,7 +71,8 @@ class Program {
                      "Device pixels per logical pixel of a .png or .bmp, 0.5 to 8 (1)")
         ->type_name("RATIO");
     m_eval
-        ->add_option("EXPRESSION", m_expression, "Such as 'x*(sin(x)+2)' (lines of standard input)")
+        ->add_option("EXPRESSION", m_expression,
+                     "Such as 'x*(sin(x)+2)'; without one, lines of standard input are evaluated")
         ->type_name("");
     m_eval->add_option("VALUES", m_values, "Values of its variables: name=value ...")
         ->type_name("");
@@ -190,8 +191,8 @@ class Program {
 
   void refuse_files_before_commands() const {
     if (chosen() == nullptr || m_data_files.empty()) return;
-    throw UserError("the file " + in_quotes(m_data_files.front()) + " stands before " +
-                        in_quotes(chosen()->get_name()) + "; it belongs behind it.",
+    throw UserError("the file " + in_quotes(m_data_files.front()) + " comes before " +
+                        in_quotes(chosen()->get_name()) + "; put it after it.",
                     kUsageFailure);
   }
 
@@ -255,7 +256,8 @@ class Program {
   Texts m_texts;
   CLI::App m_app{"Draws tables of numbers as graphs."};
   CLI::App* m_render = m_app.add_subcommand("render", "Draw a file as a picture, without a window");
-  CLI::App* m_convert = m_app.add_subcommand("convert", "Write a graph file from a CSV file");
+  CLI::App* m_convert =
+      m_app.add_subcommand("convert", "Write a graph file from a table or another graph file");
   CLI::App* m_info = m_app.add_subcommand("info", "Print what is inside a graph file");
   CLI::App* m_eval = m_app.add_subcommand("eval", "Print the value of an expression");
   CLI::App* m_host = m_app.add_subcommand("host", "Serve the graph on standard input and output");

@@ -153,10 +153,10 @@ class Check {
     const std::optional<Double> value = text_to_number(text, m_decimal_separator);
     if (!value) {
       error(line, name + " is " + quoted(text) + ", which is no number");
-    } else if (whole && !fits_16_bits(*value)) {
-      error(line, name + " is " + quoted(text) + ", which is beyond 16 bits");
     } else if (!std::isfinite(*value)) {
       error(line, name + " is " + quoted(text) + ", which is not finite");
+    } else if (whole && !fits_16_bits(*value)) {
+      error(line, name + " is " + quoted(text) + ", which is beyond 16 bits");
     }
   }
 

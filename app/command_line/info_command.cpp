@@ -78,7 +78,7 @@ void print_contents(const GraphFileText& file, char decimal_separator, std::ostr
 
 void print_diagnostics(const std::string& path, const std::vector<Diagnostic>& diagnostics,
                        std::ostream& out) {
-  if (diagnostics.empty()) out << path << ": nothing is odd about it\n";
+  if (diagnostics.empty()) out << path << ": no problems found\n";
   for (const Diagnostic& diagnostic : diagnostics) {
     out << path << ": line " << diagnostic.line << ": " << diagnostic.message
         << (diagnostic.is_error ? " (does not load)" : "") << '\n';

@@ -157,6 +157,8 @@ TEST_F(GraphFile, WhatKeepsItFromLoadingIsListed) {
   listed(4, "32767", "no column for x");
   listed(8, "ten", "which is no number");
   listed(21, "40000", "beyond 16 bits");
+  listed(32, "NaN", "FontSize is \"NaN\", which is not finite");
+  listed(32, "inf", "FontSize is \"inf\", which is not finite");
   listed(24, "NaN", "ymax is \"NaN\", which is not finite");
   listed(25, "-Inf", "xmin is \"-Inf\", which is not finite");
   listed(26, "1", "xmax equals xmin");
@@ -178,7 +180,7 @@ TEST_F(GraphFile, InfoPrintsWhatIsInside) {
   }
   const QByteArray two = lines_of(graph())[4 - 1];
   EXPECT_EQ(two.trimmed(), "2");
-  EXPECT_THAT(check(path("small.gdf")).out, HasSubstr("nothing is odd"));
+  EXPECT_THAT(check(path("small.gdf")).out, HasSubstr(": no problems found\n"));
 }
 
 TEST_F(GraphFile, InfoReadsTextThatIsNotUtf8AsALoadDoes) {
