@@ -35,9 +35,9 @@
 namespace kurv {
 
 enum class PropertyRule {
-  kStored,       // any value of the type, stored as it is; an infinite Single throws kOverflow
-  kMarkerRange,  // ignored outside kMinMarkerSize..kMaxMarkerSize; the getter rounds what is stored
-                 // to the nearest integer, ties to even
+  kStored,       // any value of the type, NaN too, is stored; an infinite Single throws kOverflow
+  kMarkerRange,  // an Integer outside kMinMarkerSize..kMaxMarkerSize is ignored; the getter rounds
+                 // what is stored to the nearest integer, ties to even
 };
 
 // How a setter takes a value: texts by reference.

@@ -130,6 +130,34 @@ TEST(PropertyTable, ASingleIsFiniteOrNaNAndADoubleIsAnyNumber) {
   }
 }
 
+// Late-bound and by their own setters; the pipe and the command line refuse them.
+TEST(PropertyTable, SizesOfFontsThatCannotBeDrawnOrSavedAreStored) {
+  NewControl host;
+  Control& control = *host.control;
+  for (const Single size : {0.0F, -1.0F, 40000.0F}) {
+    for (const char* name : {"FontSize", "TitleFontSize", "SubTitleFontSize"}) {
+      set_property(control, name, Double(size));
+      EXPECT_EQ(to_single(get_property(control, name)), size) << name;
+    }
+    control.set_FontSize(size);
+    EXPECT_EQ(control.FontSize(), size);
+  }
+  control.set_FontSize(std::numeric_limits<Single>::quiet_NaN());
+  EXPECT_TRUE(std::isnan(control.FontSize()));
+}
+
+TEST(PropertyTable, AMarkerSizeIsIgnoredOutsideItsRangeAndOverflowsBeyondSixteenBits) {
+  NewControl host;
+  const Member& property = *find_property("MarkerSize");
+  for (const Double ignored : {-32768.0, 0.0, 1.0, 501.0, 32767.0}) {
+    EXPECT_EQ(fault_of_setting(*host.control, property, ignored), FaultKind{}) << ignored;
+  }
+  for (const Double beyond : {-40000.0, 32768.0, 40000.0}) {
+    EXPECT_EQ(fault_of_setting(*host.control, property, beyond), FaultKind::kOverflow) << beyond;
+  }
+  EXPECT_EQ(host.control->MarkerSize(), 40);
+}
+
 TEST(PropertyTable, TextsAndFlagsTakeAnyValue) {
   NewControl host;
   for (const Member& property : properties()) {

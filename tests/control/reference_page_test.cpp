@@ -45,7 +45,7 @@ std::string range_text(const Member& property) {
     case ValueType::kInteger:
       return text_of(property.range);
     case ValueType::kSingle:
-      return "finite";
+      return "finite, NaN";
     case ValueType::kBoolean:
       return "True, False";
     default:
@@ -132,11 +132,17 @@ std::string page() {
       "suit them, and `NumTicks` where it is 0. Fonts are those of the surface when the control is "
       "made; a widget and\n"
       "`kurv host` have Liberation Sans with 8 points.\n\n"
-      "A setter takes every value in its *range*. A `MarkerSize` outside of it is ignored; any "
-      "other number outside of\n"
-      "it is an overflow. Not every value can be drawn: a redraw divides by zero where `NumTicks` "
-      "is 0 or the two\n"
-      "limits of an axis are equal.\n\n"
+      "A setter takes every value in its *range*; for a Double NaN and infinities are among them. "
+      "An Integer\n"
+      "beyond 16 bits and the size of a font beyond a Single are overflows (error 6); a "
+      "`MarkerSize` "
+      "outside of its range\n"
+      "and within 16 bits is ignored. Not every value can be drawn: a redraw divides by zero where "
+      "`NumTicks` is 0 or\n"
+      "the two limits of an axis are equal. Nor does every graph load that was saved: `kurv host` "
+      "takes a font size\n"
+      "above 0 and at most 32767 only, and so does `--set`, which also takes only finite "
+      "limits.\n\n"
       "| Property | Identifier | Type | Initially | Range | Unit | Meaning |\n"
       "|---|---|---|---|---|---|---|\n";
   for (const Member& member : properties()) {
