@@ -33,7 +33,7 @@ const std::vector<std::vector<std::string>> kLayers = {
     {"dialogs", "qt/surface"},
     {"qt/widget"},
     {"app/base", "examples/headless", "examples/late_binding", "examples/minimal",
-     "examples/own_shell"},
+     "examples/own_container", "examples/own_shell"},
     {"app/csv"},
     {"app/graph"},
     {"app/host", "app/window"},

@@ -91,6 +91,29 @@ TEST_F(OwnShellExample, FailsWhereTheFileCannotBeWritten) {
   EXPECT_EQ(save("1 2\\n3 4\\n").status, 1);
 }
 
+class OwnContainerExample : public test::GraphFileTest {};
+
+TEST_F(OwnContainerExample, TakesTheSizeOfTheFileAndPrintsWhatItIsTold) {
+  std::vector<std::string> lines = test::sample_lines();
+  lines.at(20) = " 6000 ";
+  lines.at(21) = " 8000 ";
+  const Ended ended = run(KURV_OWN_CONTAINER " " + write("a.gdf", test::joined(lines)));
+  EXPECT_EQ(ended.output,
+            "drawn, 12000 x 9000 twips\n"
+            "drawn, 12000 x 6000 twips\n"
+            "drawn, 8000 x 6000 twips\n"
+            "drawn, 8000 x 6000 twips\n"
+            "button 1 released at 6000, 4500\n");
+  EXPECT_EQ(ended.status, 0);
+}
+
+TEST_F(OwnContainerExample, NamesAFileThatDoesNotLoad) {
+  const std::string file = write("b.gdf", "nothing");
+  const Ended ended = run(KURV_OWN_CONTAINER " " + file);
+  EXPECT_TRUE(ended.output.starts_with(file + ": ")) << ended.output;
+  EXPECT_EQ(ended.status, 1);
+}
+
 TEST(LateBindingExample, SetsPropertiesByNameAndHearsTheEvent) {
   const Ended ended =
       run(KURV_LATE_BINDING " numticks=5 Left_margine=900.4 Title='a b' X_grid=true");
