@@ -1,6 +1,7 @@
 // The layout of the curves window. Each mnemonic is unique among its visible controls, on
 // either tab.
 #include <KurvGraph/limits.h>
+#include <KurvGraph/screen_fit.h>
 
 #include <QAbstractItemView>
 #include <QComboBox>
@@ -65,11 +66,15 @@ frmCurves::frmCurves(QWidget* parent) : GraphWindow(parent) {
 
   auto* const tabs = named(new QTabWidget, "tabCurves");
   tabs->setAccessibleName(QStringLiteral("Kinds of curves"));
-  auto* const column = new QVBoxLayout(this);
-  column->addWidget(new_x_group());
-  column->addWidget(tabs, 1);
+  auto* const page = new QWidget;
+  auto* const fields = new QVBoxLayout(page);
+  fields->setContentsMargins(0, 0, 0, 0);
+  fields->addWidget(new_x_group());
+  fields->addWidget(tabs, 1);
   tabs->addTab(new_scatter_page(), QStringLiteral("&Data Curves"));
   tabs->addTab(new_function_page(), QStringLiteral("&Functions"));
+  auto* const column = new QVBoxLayout(this);
+  column->addWidget(new_scroller(page), 1);
   column->addWidget(new_button("cmdClose", "&Close", &frmCurves::close_window), 0, Qt::AlignRight);
 
   const QFontMetrics metrics = fontMetrics();

@@ -1,11 +1,12 @@
 #include "dialogs/frm_propert.h"
 
+#include <KurvGraph/screen_fit.h>
+
 #include <QCoreApplication>
 #include <QHBoxLayout>
 #include <QPointer>
 #include <QPushButton>
 #include <QScreen>
-#include <QScrollArea>
 #include <QVBoxLayout>
 
 #include "control/property_pages.h"
@@ -14,6 +15,9 @@
 namespace kurv {
 
 namespace {
+
+// Of both sides together; the frame is unknown before the window is shown.
+constexpr int kWidestFrame = 16;
 
 int tab_of(Integer page) {
   switch (page) {
@@ -36,24 +40,6 @@ QPushButton* new_button(QHBoxLayout& row, const char* name, const char* caption)
   row.addWidget(button);
   return button;
 }
-
-// Scrolls where the screen is too small for its page, without a frame or a background of its own.
-class Scroller final : public QScrollArea {
- public:
-  explicit Scroller(QWidget* page) {
-    setWidgetResizable(true);
-    setFrameShape(QFrame::NoFrame);
-    setFocusPolicy(Qt::NoFocus);
-    setWidget(page);
-    setFocusProxy(page);
-    // Without a background of their own they have that of the tab.
-    viewport()->setAutoFillBackground(false);
-    page->setAutoFillBackground(false);
-  }
-
-  // The size of the whole page; QScrollArea would limit it and scroll instead.
-  QSize sizeHint() const override { return widget()->sizeHint(); }
-};
 
 }  // namespace
 
@@ -83,6 +69,11 @@ frmPropert::frmPropert(QWidget* parent) : GraphWindow(parent), m_tabs(new QTabWi
   connect(apply, &QPushButton::clicked, this,
           [this] { edit([](Control& control) { control.build_the_graph(); }); });
   connect(close, &QPushButton::clicked, this, &frmPropert::reject);
+  // On a narrow screen the buttons need two rows.
+  if (minimumSizeHint().width() > screen()->availableSize().width() - kWidestFrame) {
+    row->removeWidget(restore);
+    rows->insertWidget(rows->count() - 1, restore);
+  }
   // With large fonts the window may be larger than Qt's default limit, two thirds of the screen.
   resize(sizeHint().boundedTo(screen()->availableSize()));
 }
@@ -91,7 +82,7 @@ void frmPropert::add_page(const char* caption, void (*build)(PropertPage&)) {
   auto* const page = new PropertPage(*this);
   build(*page);
   m_pages.push_back(page);
-  m_tabs->addTab(new Scroller(page), QString::fromUtf8(caption));
+  m_tabs->addTab(new_scroller(page), QString::fromUtf8(caption));
 }
 
 // Text that is being typed must not be applied over the limits and margins that are restored.

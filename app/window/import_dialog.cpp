@@ -14,6 +14,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
+#include <QScopedValueRollback>
 #include <QScreen>
 #include <QScrollArea>
 #include <QSpinBox>
@@ -92,6 +93,21 @@ void fit_columns(QTableView& table) {
   }
 }
 
+// In a scroll area. Its preview and its list become smaller before the page scrolls, for which a
+// scroll area asks heightForWidth() where labels are wrapped.
+class PageLayout final : public QVBoxLayout {
+ public:
+  using QVBoxLayout::QVBoxLayout;
+  int heightForWidth(int width) const override {
+    if (m_is_asked) return QVBoxLayout::heightForWidth(width);
+    const QScopedValueRollback<bool> asked(m_is_asked, true);
+    return minimumHeightForWidth(width);
+  }
+
+ private:
+  mutable bool m_is_asked = false;  // minimumHeightForWidth() calls heightForWidth()
+};
+
 QLabel* plain_label(const char* name) {
   auto* const label = named(name, new QLabel);
   label->setTextFormat(Qt::PlainText);
@@ -135,11 +151,15 @@ ImportDialog::ImportDialog(const std::string& path, CsvTable table, QWidget* par
   auto* const fields = new QHBoxLayout;
   fields->addLayout(make_x_fields(), 1);
   fields->addLayout(make_curve_fields(), 1);
+  auto* const page = new QWidget;
+  auto* const rows = new PageLayout(page);
+  rows->setContentsMargins(0, 0, 0, 0);
+  rows->addWidget(make_preview(), 3);
+  rows->addLayout(fields, 2);
+  rows->addWidget(m_summary);
+  rows->addWidget(make_notes());
   auto* const layout = new QVBoxLayout(this);
-  layout->addWidget(make_preview(), 3);
-  layout->addLayout(fields, 2);
-  layout->addWidget(m_summary);
-  layout->addWidget(make_notes());
+  layout->addWidget(new_scroller(page), 1);
   layout->addWidget(buttons);
   // A button must be in the dialog to become its default.
   m_import->setDefault(true);

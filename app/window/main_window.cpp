@@ -39,6 +39,8 @@ QLabel* new_hint() {
   hint->setAlignment(Qt::AlignCenter);
   hint->setWordWrap(true);
   hint->setMargin(24);
+  // Also where it is hidden, a long file name in it would make the window as wide as that.
+  hint->setMinimumWidth(1);
   hint->setAttribute(Qt::WA_TransparentForMouseEvents);
   QPalette colours = hint->palette();
   colours.setColor(QPalette::WindowText, QColor(0x50, 0x50, 0x50));

@@ -255,6 +255,8 @@ bool MainWindow::confirm_close() {
   QPushButton* const lose = box->addButton("&Don't Save", QMessageBox::DestructiveRole);
   box->setEscapeButton(box->addButton("&Cancel", QMessageBox::RejectRole));
   box->setDefaultButton(save_button);
+  fit_text_to_screen(*box);
+  fit_to_screen(*box);
   box->exec();
   if (!box) return false;
   const auto* const answer = box->clickedButton();

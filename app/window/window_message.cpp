@@ -1,5 +1,7 @@
 #include "app/window/window_message.h"
 
+#include <KurvGraph/screen_fit.h>
+
 #include <QLabel>
 #include <QPointer>
 #include <QScreen>
@@ -25,6 +27,8 @@ void show_message(QWidget* window, QMessageBox::Icon icon, const QString& title,
   const QPointer<QMessageBox> box(new QMessageBox(icon, title, text, QMessageBox::Ok, window));
   box->setTextFormat(Qt::PlainText);
   widen_on_small_screen(*box);
+  fit_text_to_screen(*box);
+  fit_to_screen(*box);
   box->exec();
   delete box;
 }

@@ -146,6 +146,7 @@ Answer QtShell::message_box(std::string_view text, int flags, std::string_view t
   } else {
     box->setStandardButtons(QMessageBox::Ok);
   }
+  fit_text_to_screen(*box.get());
   const int answer = box.answer(QMessageBox::No);
   if (!question) return Answer::kOk;
   return answer == QMessageBox::Yes ? Answer::kYes : Answer::kNo;
@@ -160,6 +161,7 @@ String QtShell::input_prompt(std::string_view text, std::string_view title,
   prompt->setLabelText(shown_text(text));
   prompt->setTextValue(shown_text(default_text));
   show_plain(*prompt.get());
+  fit_text_to_screen(*prompt.get());
   return prompt.accepted() ? prompt->textValue().toStdString() : String();
 }
 
@@ -201,6 +203,7 @@ std::optional<Font> QtShell::choose_font(const Font& preset) {
   font.setItalic(preset.FontItalic);
   Modal<QFontDialog> dialog(dialog_parent(m_owner));
   dialog->setCurrentFont(font);
+  scroll_on_small_screen(*dialog.get());
   if (!dialog.accepted()) return {};
   const QFont chosen = dialog->selectedFont();
   return Font{chosen.family().toStdString(), to_single(chosen.pointSizeF()), chosen.bold(),

@@ -1,8 +1,12 @@
 // Windows on a screen that is too small for their usual sizes.
+#include <QDialogButtonBox>
 #include <QFontDialog>
+#include <QInputDialog>
 #include <QScreen>
+#include <QTabWidget>
 #include <QWindow>
 
+#include "app/window/window_message.h"
 #include "tests/app/window/window_fixture.h"
 
 namespace kurv::app {
@@ -58,6 +62,44 @@ class ScreenFit : public Windows {
       dialog.reject();
     });
     press(window, entry);
+  }
+
+  // What is entered in the prompts after a button of the curves window was pressed; the last prompt
+  // is cancelled. Each has to fit.
+  void expect_prompts_to_fit(MainWindow* window, const char* button, const QStringList& entered,
+                             bool is_refused = false) {
+    answer<QDialog>([button](QDialog& curves) {
+      auto* const found = curves.findChild<QPushButton*>(button);
+      if (!found->isVisible()) curves.findChild<QTabWidget*>("tabCurves")->setCurrentIndex(1);
+      QTimer::singleShot(0, found, &QPushButton::click);
+    });
+    for (const QString& text : entered) {
+      answer<QInputDialog>([button, text](QInputDialog& prompt) {
+        EXPECT_TRUE(fits(prompt)) << button;
+        expect_buttons_inside(prompt);
+        prompt.setTextValue(text);
+        text.isEmpty() ? prompt.reject() : prompt.accept();
+      });
+    }
+    if (is_refused) expect_message_to_fit();
+    answer<QDialog>([](QDialog& curves) { curves.reject(); });
+    press(window, "mnuCurves");
+  }
+
+  void expect_message_to_fit() {
+    answer<QMessageBox>([](QMessageBox& box) {
+      EXPECT_TRUE(fits(box)) << box.text().toStdString();
+      expect_buttons_inside(box);
+      box.reject();
+    });
+  }
+
+  static void expect_buttons_inside(const QDialog& dialog) {
+    for (const QAbstractButton* button :
+         dialog.findChild<QDialogButtonBox*>()->findChildren<QAbstractButton*>()) {
+      EXPECT_TRUE(button->isVisible());
+      EXPECT_EQ(button->visibleRegion().boundingRect(), button->rect());
+    }
   }
 };
 
@@ -138,6 +180,76 @@ TEST_F(ScreenFit, TheFontDialogFits) {
   });
   press(kurv, "mnuTitles");
   kurv->findChild<QPushButton*>("cmdFonts_0")->click();
+}
+
+TEST_F(ScreenFit, ThePromptsOfTheCurvesFit) {
+  MainWindow* const kurv = window_of(graph_file());
+  EXPECT_TRUE(fits(*kurv));
+  for (const char* button : {"cmdXLabel", "cmdYTitle", "cmdAddScatter", "cmdAddFunc"}) {
+    expect_prompts_to_fit(kurv, button, {""});
+  }
+  expect_prompts_to_fit(kurv, "cmdAddScatter", {"new", ""});
+}
+
+TEST_F(ScreenFit, AMessageAboutALongNameFits) {
+  MainWindow* const kurv = window_of(graph_file());
+  EXPECT_TRUE(fits(*kurv));
+  expect_prompts_to_fit(kurv, "cmdAddFunc", {QString(150, 'm')}, true);
+}
+
+TEST_F(ScreenFit, MessagesAboutALongFileNameFit) {
+  const std::string name = std::string(200, 'm') + ".gdf";
+  MainWindow* const kurv = window_of(graph_file(name.c_str()));
+  EXPECT_TRUE(fits(*kurv));
+  change_title(kurv, "Other");
+  expect_message_to_fit();
+  EXPECT_FALSE(kurv->close());
+  expect_message_to_fit();
+  EXPECT_FALSE(kurv->open(path((std::string(200, 'w') + ".csv").c_str())));
+}
+
+// All of the text can be read by scrolling.
+TEST_F(ScreenFit, AMessageHigherThanTheScreenScrolls) {
+  MainWindow* const kurv = window();
+  EXPECT_TRUE(fits(*kurv));
+  answer<QMessageBox>([](QMessageBox& box) {
+    EXPECT_TRUE(fits(box));
+    expect_buttons_inside(box);
+    box.reject();
+  });
+  show_message(kurv, QMessageBox::Warning, "kurv",
+               QString("A line of the message.\n").repeated(99));
+}
+
+// The buttons stay in sight while the fields scroll.
+TEST_F(ScreenFit, TheButtonsOfTheDialogsStayInSight) {
+  MainWindow* const kurv = window_of(graph_file());
+  EXPECT_TRUE(fits(*kurv));
+  const auto expect_in_sight = [](const QDialog& dialog, const char* name) {
+    const auto* const button = dialog.findChild<QPushButton*>(name);
+    EXPECT_EQ(button->visibleRegion().boundingRect(), button->rect()) << name;
+  };
+  answer<QDialog>([&](QDialog& curves) {
+    EXPECT_TRUE(fits(curves));
+    expect_in_sight(curves, "cmdClose");
+    curves.reject();
+  });
+  press(kurv, "mnuCurves");
+  answer<ImportDialog>([&](ImportDialog& dialog) {
+    EXPECT_TRUE(fits(dialog));
+    expect_in_sight(dialog, "cmdImport");
+    expect_in_sight(dialog, "cmdCancel");
+    dialog.reject();
+  });
+  kurv->open(table());
+  press(kurv, "mnuDesign");
+  auto* const properties = kurv->findChild<QDialog*>("frmPropert");
+  ASSERT_NE(properties, nullptr);
+  EXPECT_TRUE(fits(*properties));
+  for (const char* name : {"cmdRestoreXY", "cmdApply", "cmdClose"}) {
+    expect_in_sight(*properties, name);
+  }
+  properties->reject();
 }
 
 }  // namespace
