@@ -5,6 +5,7 @@
 #include <QLayout>
 #include <QMessageBox>
 #include <QScreen>
+#include <QTextDocument>
 #include <QTextEdit>
 #include <QVBoxLayout>
 #include <QWindow>
@@ -125,6 +126,19 @@ bool fits_within(const QLabel& label, QSize limit, bool wraps) {
   return text.width() <= std::max(column.width(), limit.width()) && text.height() <= limit.height();
 }
 
+// A text edit that is not shown yet does not wrap its document.
+int wrapped_height(const QLabel& label, int width) {
+  QTextDocument text;
+  QTextOption option;
+  option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+  text.setDefaultTextOption(option);
+  text.setDefaultFont(label.font());
+  text.setDocumentMargin(0);
+  text.setPlainText(label.text());
+  text.setTextWidth(width);
+  return static_cast<int>(std::ceil(text.size().height()));
+}
+
 // As high as the text, up to the limit.
 QTextEdit* new_text_view(const QLabel& label, QSize limit) {
   auto* const view = new QTextEdit;
@@ -139,8 +153,7 @@ QTextEdit* new_text_view(const QLabel& label, QSize limit) {
   view->setPalette(colours);
   view->setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
   view->document()->setDocumentMargin(0);
-  view->document()->setTextWidth(limit.width());
-  const int height = static_cast<int>(std::ceil(view->document()->size().height()));
+  const int height = wrapped_height(label, limit.width());
   const bool scrolls = height > limit.height();
   view->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   view->setVerticalScrollBarPolicy(scrolls ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);

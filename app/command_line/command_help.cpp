@@ -48,7 +48,8 @@ std::string program_footer() {
 Each FILE opens in a window of its own; without one, an empty window
 opens. "kurv render --help" explains how to draw without a window, and lists
 the properties for --set. A plot in a window has the --size, too, unless the
-screen is too small for it.
+screen is too small for it. Without --size, a graph file has its own size in a
+window, and its toolbar takes a part of that.
 
 Examples:
   kurv co2.csv --y co2,adjusted

@@ -177,15 +177,21 @@ bool MainWindow::open_in(Target target, const std::string& path) {
   return false;
 }
 
-// A window that shows nothing is closed again.
+// The graph is laid out in a window that is not on the screen yet, because messages come before it
+// is complete. A window that shows nothing is closed again.
 void MainWindow::show_in_new_window(const GraphChoice& choice, const GraphSource& source) const {
   const QPointer<MainWindow> window(new MainWindow(m_locale, m_report));
+  window->setAttribute(Qt::WA_DontShowOnScreen);
   try {
     window->show_graph(choice, source);
   } catch (...) {
     if (window) window->close();
     throw;
   }
+  if (!window) return;
+  window->hide();
+  window->setAttribute(Qt::WA_DontShowOnScreen, false);
+  window->show();
 }
 
 std::optional<GraphSource> MainWindow::ask_about_table(const std::string& path,

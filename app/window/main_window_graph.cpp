@@ -3,6 +3,7 @@
 #include <QAction>
 #include <algorithm>
 #include <iterator>
+#include <utility>
 
 namespace kurv::app {
 
@@ -44,6 +45,10 @@ void MainWindowGraph::run_command(const QString& word) {
   if (command == std::end(kCommandActions)) return KurvGraph::run_command(word);
   auto* const action = m_window.findChild<QAction*>(command->action);
   QMetaObject::invokeMethod(action, &QAction::trigger, Qt::QueuedConnection);
+}
+
+void MainWindowGraph::showEvent(QShowEvent* event) {
+  if (!std::exchange(m_was_shown, true)) KurvGraph::showEvent(event);
 }
 
 }  // namespace kurv::app

@@ -17,9 +17,13 @@ class MainWindowGraph final : public KurvGraph {
 
  protected:
   void run_command(const QString& word) override;
+  // Only the first one puts the titles in their default places: a new window is shown once more
+  // when the graph in it is complete.
+  void showEvent(QShowEvent* event) override;
 
  private:
   const QMainWindow& m_window;
+  bool m_was_shown = false;
 };
 
 }  // namespace kurv::app

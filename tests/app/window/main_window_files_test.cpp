@@ -3,6 +3,8 @@
 #include <QMenu>
 #include <QMimeData>
 #include <QUrl>
+#include <QWindow>
+#include <algorithm>
 
 #include "tests/app/window/window_fixture.h"
 
@@ -151,6 +153,35 @@ TEST_F(MainWindowFilesTest, AFileThatCannotBeOpenedIsSaidOverUnsavedWorkWithoutA
     EXPECT_FALSE(kurv->open(file));
   }
   EXPECT_EQ(kurv->graph().Title(), "Other");
+}
+
+// Its title is not in the default place, to which showing a graph moves it.
+TEST_F(MainWindowFilesTest, AGraphThatCannotBePlottedOverUnsavedWorkIsInItsWindowWhenThatAppears) {
+  const std::string file = graph_file();
+  QFile text(QFile::decodeName(file.c_str()));
+  ASSERT_TRUE(text.open(QIODevice::ReadOnly));
+  const QByteArray good = text.readAll().replace("\n 174.21875 ", "\n 99 ");
+  QByteArray bad = good;
+  bad.replace("\n1,2,3\r", "\n1,1,1\r");
+  ASSERT_NE(bad, good);
+  MainWindow* const kurv = window_of(graph_file());
+  change_title(kurv, "Other");
+  const auto on_screen = [] {
+    const std::vector<MainWindow*> windows = all();
+    return std::count_if(windows.begin(), windows.end(), [](const MainWindow* window) {
+      return window->windowHandle()->isVisible();
+    });
+  };
+  answer<QMessageBox>([&](QMessageBox& box) {
+    EXPECT_EQ(on_screen(), 1);
+    box.accept();
+  });
+  EXPECT_TRUE(kurv->open(written(path("bad.gdf"), bad)));
+  EXPECT_EQ(on_screen(), 2);
+  EXPECT_TRUE(kurv->open(written(path("good.gdf"), good)));
+  EXPECT_EQ(on_screen(), 3);
+  QTest::qWait(50);
+  for (const MainWindow* each : all()) EXPECT_EQ(each->is_saved(), each != kurv);
 }
 
 TEST_F(MainWindowFilesTest, WhatIsNoFileIsRefused) {

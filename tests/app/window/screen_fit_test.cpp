@@ -3,7 +3,9 @@
 #include <QFontDialog>
 #include <QInputDialog>
 #include <QScreen>
+#include <QScrollBar>
 #include <QTabWidget>
+#include <QTextEdit>
 #include <QWindow>
 
 #include "app/window/window_message.h"
@@ -76,7 +78,7 @@ class ScreenFit : public Windows {
     for (const QString& text : entered) {
       answer<QInputDialog>([button, text](QInputDialog& prompt) {
         EXPECT_TRUE(fits(prompt)) << button;
-        expect_buttons_inside(prompt);
+        expect_usable(prompt);
         prompt.setTextValue(text);
         text.isEmpty() ? prompt.reject() : prompt.accept();
       });
@@ -89,12 +91,17 @@ class ScreenFit : public Windows {
   void expect_message_to_fit() {
     answer<QMessageBox>([](QMessageBox& box) {
       EXPECT_TRUE(fits(box)) << box.text().toStdString();
-      expect_buttons_inside(box);
+      expect_usable(box);
       box.reject();
     });
   }
 
-  static void expect_buttons_inside(const QDialog& dialog) {
+  // All of a text can be read, and the buttons be reached.
+  static void expect_usable(const QDialog& dialog) {
+    for (const QTextEdit* text : dialog.findChildren<QTextEdit*>()) {
+      const QScrollBar* const bar = text->verticalScrollBar();
+      EXPECT_TRUE(bar->maximum() == 0 || bar->isVisible()) << text->toPlainText().toStdString();
+    }
     for (const QAbstractButton* button :
          dialog.findChild<QDialogButtonBox*>()->findChildren<QAbstractButton*>()) {
       EXPECT_TRUE(button->isVisible());
@@ -214,7 +221,7 @@ TEST_F(ScreenFit, AMessageHigherThanTheScreenScrolls) {
   EXPECT_TRUE(fits(*kurv));
   answer<QMessageBox>([](QMessageBox& box) {
     EXPECT_TRUE(fits(box));
-    expect_buttons_inside(box);
+    expect_usable(box);
     box.reject();
   });
   show_message(kurv, QMessageBox::Warning, "kurv",
