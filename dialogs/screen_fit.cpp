@@ -105,12 +105,14 @@ QLabel* text_of(const QDialog& dialog) {
   return found == labels.end() ? nullptr : *found;
 }
 
-// What the screen leaves for the text. A message box has an icon beside it.
+// What the screen leaves for the text. A message box has an icon beside it; a prompt stays clear of
+// the edges of the screen, because the frame may not be known yet.
 QSize text_limit(const QDialog& dialog, bool is_message) {
   const QSize available = available_size(dialog);
   const QMargins margins = dialog.layout()->contentsMargins();
-  const int width =
-      is_message ? available.width() * 2 / 3 : available.width() - margins.left() - margins.right();
+  const int clear = 4 * dialog.fontMetrics().averageCharWidth();
+  const int width = is_message ? available.width() * 2 / 3
+                               : available.width() - margins.left() - margins.right() - clear;
   const int others = dialog.layout()->totalMinimumSize().height();
   const int line = dialog.fontMetrics().height();
   return {width, std::max(available.height() - others - line, 2 * line)};
