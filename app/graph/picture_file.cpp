@@ -1,13 +1,12 @@
 #include "app/graph/picture_file.h"
 
 #include <KurvGraph/fault.h>
+#include <KurvGraph/replace_file.h>
 #include <KurvGraph/text.h>
 #include <KurvGraph/vector_picture.h>
 
 #include <QBuffer>
 #include <QFile>
-#include <QFileInfo>
-#include <QSaveFile>
 #include <algorithm>
 #include <array>
 #include <filesystem>
@@ -38,10 +37,6 @@ const FormatRow& row_of(PictureFormat format) {
                        [format](const FormatRow& row) { return row.format == format; });
 }
 
-UserError unwritable(const std::string& path, const QString& reason, const std::string& advice) {
-  return UserError(path + " cannot be written: " + reason.toStdString() + "; " + advice + ".");
-}
-
 QByteArray exported(const KurvGraph& graph, PictureFormat format) {
   try {
     if (format == PictureFormat::kSvg) return graph.svg();
@@ -53,15 +48,18 @@ QByteArray exported(const KurvGraph& graph, PictureFormat format) {
   }
 }
 
-// Checks each write, because commit() replaces the file even if some of the bytes did not fit.
-bool write_all(QSaveFile& file, const QByteArray& bytes) {
-  qsizetype written = 0;
-  while (written < bytes.size()) {
-    const qint64 count = file.write(bytes.constData() + written, bytes.size() - written);
-    if (count <= 0) return false;
-    written += count;
+const char* advice_for(ReplaceFailure::Step step) {
+  switch (step) {
+    case ReplaceFailure::Step::kTarget:
+      return "choose another name";
+    case ReplaceFailure::Step::kOpen:
+      return "choose another folder";
+    case ReplaceFailure::Step::kWrite:
+      return "make room on the disk or choose another one";
+    case ReplaceFailure::Step::kCommit:
+      break;
   }
-  return file.flush();
+  return "make room on the disk or choose another folder";
 }
 
 }  // namespace
@@ -105,23 +103,9 @@ QByteArray vector_document(const Control& graph, QSize logical_size, PictureForm
 
 // The whole file is made before anything is written, so that only the disk can fail here.
 void write_picture(const QByteArray& bytes, const std::string& path) {
-  const QString name = QFile::decodeName(path.c_str());
-  // A device would be replaced by a file.
-  const QFileInfo target(name);
-  if (target.exists() && !target.isFile())
-    throw unwritable(path, "it is not a regular file", "choose another name");
-  QSaveFile file(name);
-  // Unbuffered, so that each write reports its own errors.
-  if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) {
-    throw unwritable(path, file.errorString(), "choose another folder");
-  }
-  if (!write_all(file, bytes)) {
-    const QString reason = file.errorString();
-    file.cancelWriting();
-    throw unwritable(path, reason, "make room on the disk or choose another one");
-  }
-  if (!file.commit()) {
-    throw unwritable(path, file.errorString(), "make room on the disk or choose another folder");
+  if (const auto failure = replace_file(QFile::decodeName(path.c_str()), bytes)) {
+    throw UserError(path + " cannot be written: " + failure->reason.toStdString() + "; " +
+                    advice_for(failure->step) + ".");
   }
 }
 

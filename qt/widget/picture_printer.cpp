@@ -1,16 +1,15 @@
 #include "qt/widget/picture_printer.h"
 
 #include <KurvGraph/file_fault.h>
+#include <KurvGraph/replace_file.h>
 
 #include <QApplication>
 #include <QBuffer>
 #include <QFile>
-#include <QFileInfo>
 #include <QPainter>
 #include <QPdfWriter>
 #include <QPointer>
 #include <QPrintDialog>
-#include <QSaveFile>
 #include <algorithm>
 #include <memory>
 #include <optional>
@@ -73,21 +72,6 @@ std::optional<QByteArray> pdf_of(const QPrinter& printer, const QImage& picture,
   return bytes;
 }
 
-// Checks each write, because commit() replaces the file even if some of the bytes did not fit.
-bool replace_file(const QString& path, const QByteArray& bytes) {
-  // A device would be replaced by a file.
-  const QFileInfo target(path);
-  if (target.exists() && !target.isFile()) return false;
-  QSaveFile file(path);
-  // Some folders do not let a new file replace one that may be written.
-  file.setDirectWriteFallback(true);
-  // Unbuffered, so that a write reports its own errors.
-  if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) return false;
-  const bool written = file.write(bytes) == bytes.size();
-  if (!written) file.cancelWriting();
-  return file.commit() && written;
-}
-
 }  // namespace
 
 PrintingFor::PrintingFor(QWidget* widget)
@@ -147,7 +131,7 @@ bool print_page(QPagedPaintDevice& device, const QImage& picture, const Caption&
 
 bool print_file(const QPrinter& printer, const QImage& picture, const Caption& caption) {
   const std::optional<QByteArray> pdf = pdf_of(printer, picture, caption);
-  return pdf && replace_file(printer.outputFileName(), *pdf);
+  return pdf && !replace_file(printer.outputFileName(), *pdf);
 }
 
 }  // namespace kurv

@@ -2,6 +2,7 @@
 #include "app/graph/picture_file.h"
 
 #include <gmock/gmock.h>
+#include <unistd.h>
 
 #include <QDir>
 #include <QFile>
@@ -64,6 +65,32 @@ TEST_F(ExportPicture, WhatCannotBeWrittenOrDrawnIsSaid) {
   m_graph.set_xmax(m_graph.xmin());
   EXPECT_THAT(refusal(path("a.svg")), HasSubstr("the graph cannot be drawn"));
   EXPECT_TRUE(QDir(m_folder.path()).isEmpty());
+}
+
+// Permissions do not stop root, so root becomes somebody else for a while.
+TEST_F(ExportPicture, AFileThatMayBeWrittenInAFolderThatMayNotIsReplacedInPlace) {
+  const QByteArray expected = exported("a.svg");
+  for (const char* older : {"older", ""}) {
+    QFile file(m_folder.filePath("a.svg"));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(older);
+    file.close();
+    file.setPermissions(QFile::Permissions::fromInt(0x6666));
+    QFile::setPermissions(m_folder.path(), QFile::Permissions::fromInt(0x5555));
+    const uid_t before = geteuid();
+    if (before == 0) {
+      ASSERT_EQ(seteuid(65534), 0);
+    }
+    const std::string failure = refusal(path("a.svg"));
+    const std::string of_new_file = refusal(path("b.svg"));
+    ASSERT_EQ(seteuid(before), 0);
+    QFile::setPermissions(m_folder.path(), QFile::Permissions::fromInt(0x7777));
+    EXPECT_EQ(failure, "none");
+    EXPECT_THAT(of_new_file, HasSubstr("Permission denied; choose another folder"));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_EQ(file.readAll(), expected);
+  }
+  EXPECT_EQ(QDir(m_folder.path()).entryList(QDir::Files), QStringList{"a.svg"});
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 #include <sys/resource.h>
+#include <unistd.h>
 
 #include <QDir>
 #include <QFile>
@@ -220,6 +221,56 @@ TEST_F(PrintedFile, LeavesTheOlderOneWhereTheDiskIsFull) {
   }
   EXPECT_EQ(contents(path()), before);
   EXPECT_EQ(names(), QStringList{"page.pdf"});
+}
+
+// Permissions do not stop root, so root becomes somebody else for a while.
+class Unprivileged {
+ public:
+  Unprivileged() {
+    if (m_before == 0) {
+      EXPECT_EQ(seteuid(65534), 0);
+    }
+  }
+  ~Unprivileged() { EXPECT_EQ(seteuid(m_before), 0); }
+  Unprivileged(const Unprivileged&) = delete;
+  Unprivileged& operator=(const Unprivileged&) = delete;
+
+ private:
+  uid_t m_before = geteuid();
+};
+
+// A folder in which the file may be written and no other.
+TEST_F(PrintedFile, LeavesTheOlderOneAlsoWhereItIsOverwrittenInPlace) {
+  ASSERT_TRUE(print_file(m_printer, coloured(), m_caption));
+  const qsizetype size = contents(path()).size();
+  const QFile::Permissions shared = QFile::Permissions::fromInt(0x6666);
+  const auto print_in_place = [&] {
+    QFile::setPermissions(m_folder.path(), QFile::Permissions::fromInt(0x5555));
+    bool printed = false;
+    {
+      const Unprivileged user;
+      printed = print_file(m_printer, coloured(), m_caption);
+    }
+    QFile::setPermissions(m_folder.path(), QFile::Permissions::fromInt(0x7777));
+    return printed;
+  };
+  for (const qsizetype older : {qsizetype{0}, qsizetype{9}, size / 3, 4 * size}) {
+    const QByteArray before(older, 'o');
+    {
+      QFile file(path());
+      ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+      ASSERT_EQ(file.write(before), older);
+    }
+    QFile::setPermissions(path(), shared);
+    for (const qsizetype room : {qsizetype{0}, size / 2, size - 1}) {
+      const FullDisk disk(static_cast<rlim_t>(room));
+      EXPECT_FALSE(print_in_place()) << older << ' ' << room;
+      EXPECT_EQ(contents(path()), before) << room;
+    }
+    EXPECT_TRUE(print_in_place());
+    EXPECT_EQ(contents(path()).size(), size);
+    EXPECT_EQ(names(), QStringList{"page.pdf"});
+  }
 }
 
 TEST_F(PrintedFile, ReplacesNeitherADeviceNorAFolder) {
