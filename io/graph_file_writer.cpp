@@ -4,6 +4,7 @@
 #include <array>
 #include <charconv>
 #include <cstddef>
+#include <limits>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -24,6 +25,9 @@ namespace {
 constexpr std::string_view kLineEnd = "\r\n";
 
 constexpr std::string_view kBreaks = "\r\n";
+
+constexpr Single kMinPlace = std::numeric_limits<Integer>::min();
+constexpr Single kMaxPlace = std::numeric_limits<Integer>::max();
 
 // A text on one line: each break in it, CR LF or either alone, becomes a blank.
 void append_on_one_line(String& line, std::string_view text) {
@@ -90,7 +94,10 @@ struct FieldWriter {
   void operator()(const WholeLine& line) const { lines.digits(document.*line.member); }
   void operator()(const LengthLine& line) const { lines.printed(Double(document.*line.member)); }
   void operator()(const FontSizeLine& line) const { lines.printed(document.*line.member); }
-  void operator()(const HandleLine& line) const { lines.printed(layout.*line.handle.*line.from); }
+  // The reader takes 16 bits; a large font or a title of many lines puts its handle further away.
+  void operator()(const HandleLine& line) const {
+    lines.printed(std::clamp(layout.*line.handle.*line.from, kMinPlace, kMaxPlace));
+  }
   void operator()(const SizeLine& line) const {
     if (size) lines.printed((*size).*line.from);
   }

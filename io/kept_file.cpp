@@ -1,5 +1,6 @@
 #include "io/kept_file.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdint>
 #include <cstdlib>
@@ -7,7 +8,11 @@
 #include <map>
 #include <mutex>
 #include <string>
+#include <string_view>
 #include <system_error>
+
+#include <KurvGraph/file_fault.h>
+#include <KurvGraph/text.h>
 
 #include "io/platform_file.h"
 
@@ -18,6 +23,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::size_t kBlock = std::size_t{1} << 16;
+constexpr std::size_t kMaxName = 255;  // bytes
 
 // A file as it was when this process kept it: one of the same name that differs is another's.
 struct Earlier {
@@ -66,13 +72,35 @@ bool can_be_written(const String& path) {
   return errno == EACCES && open_file(path, "ab");
 }
 
-String free_name(const String& path) {
-  String name = path + '~';
+// The file's name with the suffix, for which its last characters are cut off where it is too long.
+String name_with(const fs::path& path, std::string_view suffix) {
+  String name = path.filename().string();
+  std::size_t end = std::min(name.size(), kMaxName - suffix.size());
+  while (end > 0 && end < name.size() && is_utf8_continuation(name[end])) --end;
+  name.resize(end);
+  return name.append(suffix);
+}
+
+String free_name(const fs::path& path) {
+  const fs::path folder = path.parent_path();
+  fs::path name = folder / name_with(path, "~");
   std::error_code ignored;
   for (int number = 2; fs::exists(fs::symlink_status(name, ignored)); ++number) {
-    name = path + '~' + std::to_string(number);
+    name = folder / name_with(path, '~' + std::to_string(number));
   }
-  return name;
+  return name.string();
+}
+
+// As fs::temp_directory_path() chooses it, also where there is no such folder.
+String temporary_folder() {
+  for (const char* variable : {"TMPDIR", "TMP", "TEMP", "TEMPDIR"}) {
+    if (const char* folder = std::getenv(variable)) return folder;
+  }
+  return "/tmp";
+}
+
+FileFault fault_of_temporary_folder(const Fault& fault) {
+  return {fault.kind(), temporary_folder()};
 }
 
 // Returns whether it succeeded; otherwise errno is set.
@@ -133,18 +161,22 @@ void KeptFile::copy() {
   if (!from) return;
   std::error_code error;
   const fs::path folder = fs::temp_directory_path(error);
-  if (error) throw fault_of_error(error.value(), FaultKind::kPathFileAccessError);
-  String name = (folder / fs::path(m_path).filename()).string() + "~XXXXXX";
+  if (error) {
+    throw fault_of_temporary_folder(fault_of_error(error.value(), FaultKind::kPathFileAccessError));
+  }
+  String name = (folder / name_with(m_path, "~XXXXXX")).string();
   const int descriptor = mkstemp(name.data());
-  if (descriptor < 0) throw open_fault(name);
+  if (descriptor < 0) throw fault_of_temporary_folder(open_fault(name));
   const File to(fdopen(descriptor, "wb"));
-  if (!to) throw open_fault(name);
+  if (!to) throw fault_of_temporary_folder(open_fault(name));
   if (!transfer(from.get(), to.get())) {
     const Fault fault = transfer_fault();
     fs::remove(name, error);
-    throw fault;
+    if (std::ferror(from.get()) != 0) throw fault;
+    throw fault_of_temporary_folder(fault);
   }
   m_kept = name;
+  m_state = State::kCopied;
   remember();
 }
 
@@ -160,10 +192,28 @@ void KeptFile::copy_permissions() const {
 }
 
 void KeptFile::restore() {
+  if (is_copied()) remove();
   if (m_state != State::kMoved) return;
   std::error_code ignored;
   fs::rename(m_kept, m_path, ignored);
   forget(m_path);
+}
+
+void KeptFile::put_back(std::uintmax_t written) {
+  if (!is_copied()) return;
+  std::error_code error;
+  const std::uintmax_t size = fs::file_size(m_kept, error);
+  if (!error) {
+    const File from(std::fopen(m_kept.c_str(), "rb"));
+    const File to(std::fopen(m_path.c_str(), "r+b"));
+    if (from && to && transfer(from.get(), to.get())) {
+      fs::resize_file(m_path, size, error);
+    } else {
+      error = std::make_error_code(std::errc::io_error);
+    }
+  }
+  if (!error) return remove();
+  fs::resize_file(m_path, written, error);
 }
 
 void KeptFile::remove() {
@@ -171,6 +221,7 @@ void KeptFile::remove() {
   std::error_code ignored;
   fs::remove(m_kept, ignored);
   forget(m_path);
+  m_state = State::kNone;
 }
 
 }  // namespace kurv

@@ -1,6 +1,7 @@
 #include "io/text_file.h"
 
 #include <cerrno>
+#include <exception>
 #include <filesystem>
 #include <system_error>
 #include <utility>
@@ -78,7 +79,11 @@ std::string_view InputFile::line() {
 
 OutputFile::OutputFile(const String& path, IsTruncated is_truncated)
     : m_path(resolve_links(path)), m_kept(m_path, is_truncated) {
-  m_file = m_kept.is_in_place() ? open_over(m_path) : open_file(m_path, "wb");
+  if (m_kept.is_copied()) {
+    m_file = open_file(m_path, "r+b");
+  } else {
+    m_file = m_kept.is_in_place() ? open_over(m_path) : open_file(m_path, "wb");
+  }
   if (!m_file) {
     const Fault fault = errno == ENOENT ? Fault(FaultKind::kPathNotFound) : open_fault(m_path);
     m_kept.restore();
@@ -90,7 +95,12 @@ OutputFile::OutputFile(const String& path, IsTruncated is_truncated)
 // Bytes are left only where a fault is being thrown already. An error here would hide it, so it is
 // ignored.
 OutputFile::~OutputFile() {
-  if (m_file) std::fwrite(m_buffer.data(), 1, m_buffer.size(), m_file.get());
+  if (m_file) m_written += std::fwrite(m_buffer.data(), 1, m_buffer.size(), m_file.get());
+  m_file.reset();
+  try {
+    m_kept.put_back(m_written);
+  } catch (const std::exception&) {  // the copy stays
+  }
 }
 
 void OutputFile::write(std::string_view bytes) {
@@ -100,15 +110,20 @@ void OutputFile::write(std::string_view bytes) {
 
 void OutputFile::flush() {
   const String block = std::exchange(m_buffer, {});
-  if (std::fwrite(block.data(), 1, block.size(), m_file.get()) != block.size()) {
-    throw transfer_fault();
-  }
+  const std::size_t count = std::fwrite(block.data(), 1, block.size(), m_file.get());
+  m_written += count;
+  if (count != block.size()) throw transfer_fault();
 }
 
 void OutputFile::close() {
   flush();
   // Some file systems report a full disk only here.
   if (std::fclose(m_file.release()) != 0) throw transfer_fault();
+  if (m_kept.is_copied()) {
+    std::error_code error;
+    fs::resize_file(m_path, m_written, error);
+    if (error) throw fault_of_error(error.value(), FaultKind::kDeviceIoError);
+  }
   m_kept.remove();
 }
 

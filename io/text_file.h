@@ -2,6 +2,7 @@
 // platform_file.h.
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string_view>
 
@@ -38,7 +39,8 @@ class InputFile {
 };
 
 // A file that replaces an older one, which is kept until close(), see kept_file.h. Where close() is
-// never reached, the incomplete file and the older one both stay. A link is followed, not replaced;
+// never reached, the incomplete file and the older one both stay; an older one that could not be
+// moved, and of which there is a copy, has its old content again. A link is followed, not replaced;
 // a device is written directly, and a pipe is refused.
 class OutputFile {
  public:
@@ -60,6 +62,7 @@ class OutputFile {
   KeptFile m_kept;
   File m_file;
   String m_buffer;
+  std::uintmax_t m_written = 0;  // bytes
 };
 
 }  // namespace kurv

@@ -1,5 +1,6 @@
 #include "app/graph/graph_file.h"
 
+#include <KurvGraph/file_fault.h>
 #include <KurvGraph/graph_file_fields.h>
 #include <KurvGraph/text.h>
 
@@ -66,6 +67,10 @@ void load_graph_file(KurvGraph& graph, const std::string& path) {
 }
 
 UserError unwritable_graph_file(const std::string& path, const Fault& fault) {
+  if (const auto* of = dynamic_cast<const FileFault*>(&fault); of && of->path() != path) {
+    return UserError(path + " cannot be written: " + of->path() + ": " + fault.what() +
+                     "; set TMPDIR to another folder for temporary files.");
+  }
   const char* advice = "choose another folder";
   if (fault.kind() == FaultKind::kDiskFull) advice = "make room on the disk or choose another one";
   if (fault.kind() == FaultKind::kPathFileAccessError) advice = "choose another name";

@@ -179,5 +179,21 @@ TEST_F(RoundTrip, AFlagThatIsNeitherTrueNorFalseComesBackAsTrue) {
   EXPECT_EQ(saved(second, "b.gdf"), before);
 }
 
+TEST_F(RoundTrip, PlacesOfAGraphThatDoNotFitAreNearestToThemInTheFile) {
+  test::TestHost host;
+  host.load({1, 2, 3}, {1, 4, 9});
+  host.control.build_the_graph();
+  host.layout().imgTitle.top = -48982.03F;
+  host.layout().imgTitle.left = 1e30F;
+  host.layout().imgSubTitle.top = -32768.4F;
+  const std::string text = saved(host, "far.gdf");
+  EXPECT_NE(text.find("\r\n-32768 \r\n 32767 \r\n-32768 \r\n"), text.npos) << text;
+  EXPECT_EQ(host.layout().imgTitle.top, -48982.03F) << "the graph itself stays as it is";
+  test::TestHost other;
+  other.control.file_load(path("far.gdf"));
+  EXPECT_EQ(other.layout().imgTitle.top, -32768);
+  EXPECT_EQ(other.layout().imgSubTitle.top, -32768);
+}
+
 }  // namespace
 }  // namespace kurv

@@ -1,4 +1,5 @@
 // What the platform refuses: folders, permissions, full disks.
+#include <KurvGraph/file_fault.h>
 #include <sys/resource.h>
 #include <unistd.h>
 
@@ -184,8 +185,7 @@ struct ClosedFolder : GraphFileAccess {
     std::filesystem::permissions(path("tmp"), perms::all);
     setenv("TMPDIR", path("tmp").c_str(), 1);
     std::filesystem::create_directory(path("closed"));
-    write("closed/a.gdf", "old graph");
-    std::filesystem::permissions(path("closed/a.gdf"), perms(0666));
+    write_shared("old graph");
     std::filesystem::permissions(path("closed"), perms(0555));
   }
   ~ClosedFolder() override {
@@ -193,6 +193,10 @@ struct ClosedFolder : GraphFileAccess {
     std::filesystem::permissions(path("closed"), std::filesystem::perms::all);
   }
 
+  void write_shared(const std::string& content) {
+    write("closed/a.gdf", content);
+    std::filesystem::permissions(path("closed/a.gdf"), std::filesystem::perms(0666));
+  }
   int save_as_other_user() {
     const Unprivileged user;
     return save_to(path("closed/a.gdf"));
@@ -210,23 +214,92 @@ TEST_F(ClosedFolder, AFileIsOverwrittenInPlace) {
   EXPECT_FALSE(exists("closed/a.gdf~"));
 }
 
-TEST_F(ClosedFolder, TheCopyOfTheOlderGraphStaysWhereAWriteFails) {
-  {
-    const FullDisk disk(100);
-    EXPECT_EQ(save_as_other_user(), 61);
-    EXPECT_EQ(save_as_other_user(), 61) << "an incomplete file is not copied over the older graph";
+TEST_F(ClosedFolder, TheOlderGraphIsBackInItsPlaceWhereAWriteFails) {
+  for (const std::string& older : {std::string("old graph"), std::string(150, 'o')}) {
+    write_shared(older);
+    {
+      const FullDisk disk(200);
+      EXPECT_EQ(save_as_other_user(), 61);
+      EXPECT_EQ(save_as_other_user(), 61);
+    }
+    EXPECT_EQ(read("closed/a.gdf"), older);
+    EXPECT_EQ(copies().size(), 0U);
   }
-  EXPECT_EQ(read("closed/a.gdf").size(), 100U);
-  ASSERT_EQ(copies().size(), 1U);
-  const std::string copy = "tmp/" + copies()[0].filename().string();
-  EXPECT_EQ(copy.substr(0, 10), "tmp/a.gdf~");
-  EXPECT_EQ(read(copy), "old graph");
-  using std::filesystem::perms;
-  EXPECT_EQ(std::filesystem::status(path(copy)).permissions(),
-            perms::owner_read | perms::owner_write)
-      << "others may not be able to read the graph where it was";
   EXPECT_EQ(save_as_other_user(), 0);
   EXPECT_EQ(copies().size(), 0U);
+}
+
+TEST_F(ClosedFolder, AShorterGraphLeavesNothingOfALongerOne) {
+  write_shared(std::string(100'000, 'o'));
+  EXPECT_EQ(save_as_other_user(), 0);
+  EXPECT_EQ(read_lines("closed/a.gdf").size(), 52U);
+}
+
+TEST_F(ClosedFolder, AFaultOfTheFolderForTemporaryFilesNamesIt) {
+  const auto failed_at = [&] {
+    try {
+      const Unprivileged user;
+      host.shell.files = {{path("closed/a.gdf"), 1}};
+      host.control.ChartOptions("saveas");
+    } catch (const FileFault& fault) {
+      return fault.path();
+    }
+    return std::string("none");
+  };
+  host.control.build_the_graph();
+  using std::filesystem::perms;
+  std::filesystem::permissions(path("tmp"), perms(0555));
+  EXPECT_EQ(failed_at(), path("tmp"));
+  {
+    std::filesystem::permissions(path("tmp"), perms::all);
+    const FullDisk disk(5);
+    EXPECT_EQ(failed_at(), path("tmp"));
+  }
+  setenv("TMPDIR", path("nowhere").c_str(), 1);
+  EXPECT_EQ(failed_at(), path("nowhere"));
+  EXPECT_EQ(read("closed/a.gdf"), "old graph");
+}
+
+// As many bytes as a name may have.
+std::string longest_name() {
+  std::string name = "x";
+  while (name.size() < 251) name += "\u00e4";
+  return name + ".gdf";
+}
+
+TEST_F(ClosedFolder, AFileWithTheLongestNameIsOverwrittenToo) {
+  std::filesystem::permissions(path("closed"), std::filesystem::perms::all);
+  std::filesystem::rename(path("closed/a.gdf"), path("closed/" + longest_name()));
+  std::filesystem::permissions(path("closed"), std::filesystem::perms(0555));
+  {
+    const Unprivileged user;
+    EXPECT_EQ(save_to(path("closed/" + longest_name())), 0);
+  }
+  EXPECT_EQ(read_lines("closed/" + longest_name()).size(), 52U);
+  EXPECT_EQ(copies().size(), 0U);
+}
+
+TEST_F(GraphFileAccess, AFileWithTheLongestNameIsKeptUnderAShorterOne) {
+  const std::string name = longest_name();
+  ASSERT_EQ(save_to(path(name)), 0);
+  ASSERT_EQ(save_to(path(name)), 0);
+  const std::string older = read(name);
+  {
+    const FullDisk disk(100);
+    EXPECT_EQ(save_to(path(name)), 61);
+  }
+  EXPECT_EQ(read(name).size(), 100U);
+  // The name ends in ASCII, so a byte for the tilde is cut off there.
+  EXPECT_EQ(read(name.substr(0, 254) + '~'), older);
+  // Another's file of that name is left alone.
+  write(name.substr(0, 254) + '~', "another's");
+  write(name, older);
+  {
+    const FullDisk disk(100);
+    EXPECT_EQ(save_to(path(name)), 61);
+  }
+  EXPECT_EQ(read(name.substr(0, 254) + '~'), "another's");
+  EXPECT_EQ(read(name.substr(0, 253) + "~2"), older);
 }
 
 TEST_F(ClosedFolder, WithoutSpaceForTheCopyTheFileIsAsItWas) {
