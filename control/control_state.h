@@ -40,6 +40,9 @@ struct ControlState {
   // The graph file that is being read. A load that fails leaves it open; the next load or save
   // begins by closing it.
   std::optional<InputFile> open_file{};
+  // The graph file that is being loaded or saved; it stays here where that fails. The widget names
+  // it in the fault.
+  String used_file{};
   // Three evaluators, so that none sees the variables or the expression of another. A fourth, the
   // library's, checks edited functions, and each function that is added is checked by a new one.
   LazyEvaluator function_evaluator{};  // draws function curves

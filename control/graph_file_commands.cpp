@@ -56,11 +56,13 @@ bool begins_as_graph_file(const String& path) {
 // The view is restored also where the intake has refused the data, so that a user who repairs the
 // data in the table, and then saves, does not lose the rest of the file.
 void file_load(ControlState& state, const String& path) {
+  state.used_file = path;
   GraphFile graph = read(state, path);
   pass_to_intake(state, graph);
   restore_view(state, graph);
   build_the_graph(state);
   mark_saved(state, path);
+  state.used_file.clear();
 }
 
 void Save_graph(ControlState& state) {
@@ -74,10 +76,12 @@ void Save_graph(ControlState& state) {
 
 void save_graph_file(ControlState& state, const String& path) {
   state.open_file.reset();
+  state.used_file = path;
   const Container& container = state.container;
   write_graph_file(path, state.document, state.layout, {container.Height(), container.Width()},
                    state.decimal_separator);
   mark_saved(state, path);
+  state.used_file.clear();
 }
 
 // The extension is the part after the first dot of the whole path, as the service that hosts can

@@ -27,10 +27,11 @@ QString failed_label(const std::string& file, const std::string& path) {
   return path.empty() ? QString("The graph") : file_label(path);
 }
 
-// The graph's text is more than that of the number where it names a file already.
+// The text is more than that of the number where it names a file, which may be the graph's own.
 QString run_time_error(int number, const QString& text, const std::string& path) {
-  const bool names_file = text != fault_text(static_cast<FaultKind>(number));
-  return (names_file ? text : failed_label({}, path) + ": " + text) + '.';
+  const QString reason = fault_text(static_cast<FaultKind>(number));
+  const bool is_own = text == reason || text == QFile::decodeName(path.c_str()) + ": " + reason;
+  return (is_own ? failed_label({}, path) + ": " + reason : text) + '.';
 }
 
 QString menu_label(const QString& text) {

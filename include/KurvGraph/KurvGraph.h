@@ -284,8 +284,8 @@ class KurvGraph : public QWidget {
   // Once after each event in which the graph may have changed, drawn or not.
   void changed();
   // Something that the user or the toolkit did has failed; the graph is as the error left it. The
-  // text begins with the path where it is about a file that the user has chosen. When nothing is
-  // connected, a message box shows the text.
+  // text begins with the path where it is about a file. When nothing is connected, a message box
+  // shows the text.
   void runTimeError(int number, const QString& text);
 
  protected:

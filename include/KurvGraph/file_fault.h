@@ -8,14 +8,14 @@
 
 namespace kurv {
 
-// Thrown by a widget's member where the file that the user has chosen in a dialog cannot be read or
-// written. A host that does not need the name catches Fault; a host that passes a path knows it.
+// Thrown by a widget's member where the graph's file, or one that the user has chosen in a dialog,
+// cannot be read or written. A host that does not need the name catches Fault.
 class FileFault final : public Fault {
  public:
   FileFault(FaultKind kind, const std::string& path)
       : Fault(kind), m_path(std::make_shared<const std::string>(path)) {}
 
-  // As it was chosen.
+  // As it was named.
   const std::string& path() const { return *m_path; }
 
  private:

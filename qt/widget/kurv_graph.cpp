@@ -58,9 +58,10 @@ struct Failure {
 };
 
 // The run-time error that ends the work early, if one does. It is about the file that it names, or
-// else about the one that the user has chosen during the work.
+// else the one that the graph was loading or saving, or else the one that the user chose meanwhile.
 template <class Work>
-std::optional<Failure> failure_of(QtShell& shell, Work work) {
+std::optional<Failure> failure_of(QtShell& shell, Control& graph, Work work) {
+  String used_before = std::exchange(graph.state().used_file, {});
   String chosen_before = shell.exchange_chosen_file({});
   std::optional<Failure> failure;
   try {
@@ -72,7 +73,9 @@ std::optional<Failure> failure_of(QtShell& shell, Work work) {
   } catch (const std::bad_alloc&) {
     failure.emplace(Failure{Fault(FaultKind::kOutOfMemory)});
   }
+  String used = std::exchange(graph.state().used_file, std::move(used_before));
   String chosen = shell.exchange_chosen_file(std::move(chosen_before));
+  if (failure && failure->file.empty()) failure->file = std::move(used);
   if (failure && failure->file.empty()) failure->file = std::move(chosen);
   return failure;
 }
@@ -112,7 +115,7 @@ KurvGraph::~KurvGraph() {
   state->widget.clear();
   state->shell.leave_window();
   const std::optional<Failure> failure =
-      failure_of(state->shell, [&] { state->graph.terminate(); });
+      failure_of(state->shell, state->graph, [&] { state->graph.terminate(); });
   if (failure) {
     state->shell.message_box(text_of(*failure).toStdString(), kCriticalStop, kBoxTitle);
   }
@@ -175,7 +178,8 @@ void KurvGraph::call(Work work) {
   state.fit();
   state.apply_locale();
   const PrintingFor printing(this);
-  const std::optional<Failure> failure = failure_of(state.shell, [&] { work(state.graph); });
+  const std::optional<Failure> failure =
+      failure_of(state.shell, state.graph, [&] { work(state.graph); });
   state.changed_from_outside();
   for (int redraws = state.finish(); redraws > 0 && state.widget; --redraws) {
     Q_EMIT state.widget->redrawn();
@@ -190,7 +194,8 @@ void KurvGraph::handle(Work work) {
   const std::shared_ptr<State> state = m_state;
   state->apply_locale();
   const PrintingFor printing(this);
-  const std::optional<Failure> failure = failure_of(state->shell, [&] { work(*state); });
+  const std::optional<Failure> failure =
+      failure_of(state->shell, state->graph, [&] { work(*state); });
   const int redraws = state->finish(failure.has_value());
   if (!state->widget) return;
   KurvGraph* const widget = state->widget;
