@@ -45,6 +45,17 @@ File open(const std::string& path, const std::string& kind) {
   return file;
 }
 
+void append_rest(std::string& bytes, std::FILE* file, const std::string& name,
+                 const std::function<void(std::string_view)>& check_block) {
+  std::vector<char> block(kBlockSize);
+  while (const std::size_t length = std::fread(block.data(), 1, block.size(), file)) {
+    check_block({block.data(), length});
+    if (bytes.size() + length > kMaxFileSize) throw too_large(name);
+    bytes.append(block.data(), length);
+  }
+  if (std::ferror(file) != 0) throw unreadable(name, errno);
+}
+
 }  // namespace
 
 std::string read_file(const std::string& path, const std::string& kind,
@@ -55,15 +66,13 @@ std::string read_file(const std::string& path, const std::string& kind,
   const std::uintmax_t size = fs::file_size(path, unknown_size);
   if (!unknown_size && size > kMaxFileSize) throw too_large(path);
   if (!unknown_size) bytes.reserve(size);
-  std::vector<char> block(kBlockSize);
-  while (const std::size_t length = std::fread(block.data(), 1, block.size(), file.get())) {
-    check_block({block.data(), length});
-    if (bytes.size() + length > kMaxFileSize) {
-      throw too_large(path);
-    }
-    bytes.append(block.data(), length);
-  }
-  if (std::ferror(file.get()) != 0) throw unreadable(path, errno);
+  append_rest(bytes, file.get(), path, check_block);
+  return bytes;
+}
+
+std::string read_standard_input(const std::function<void(std::string_view)>& check_block) {
+  std::string bytes;
+  append_rest(bytes, stdin, "standard input", check_block);
   return bytes;
 }
 

@@ -14,6 +14,9 @@ namespace kurv::app {
 std::string read_file(const std::string& path, const std::string& kind,
                       const std::function<void(std::string_view)>& check_block);
 
+// The same for what comes through standard input.
+std::string read_standard_input(const std::function<void(std::string_view)>& check_block);
+
 // The same for a graph file, of which any bytes are taken.
 std::string read_graph_file_bytes(const std::string& path);
 

@@ -1,0 +1,46 @@
+// Numbers that are dates: of eight digits, and counts of seconds since 1970.
+#pragma once
+
+#include <KurvGraph/values.h>
+
+#include <cstddef>
+#include <optional>
+#include <string_view>
+
+#include "app/csv/column_survey.h"
+
+namespace kurv::app {
+
+// What the numbers of a column have in common.
+class NumberPattern {
+ public:
+  void add(Double value) {
+    // Most columns drop out at their first number.
+    if (m_any_pattern) check(value);
+    m_any = true;
+  }
+
+  // Which dates the numbers are. Dates of eight digits where each of them is one, and they are in order
+  // or the column has a name of times; seconds since 1970 where they are between 2000 and 2040, in
+  // order, and the column has such a name. What is
+  // chosen counts for the first column and is not guessed.
+  DateSurvey::Digits dates(std::optional<DateOrder> chosen, std::string_view name,
+                           std::size_t column) const;
+
+ private:
+  void check(Double value);
+
+  bool m_any = false;
+  bool m_any_pattern = true;
+  bool m_days = true;
+  bool m_seconds = true;
+  bool m_milliseconds = true;
+  bool m_ascending = true;
+  Double m_first = 0;
+  Double m_last = 0;
+};
+
+// Days since the beginning of 1970; NaN for NaN.
+Double days_of_number(Double value, DateSurvey::Digits digits);
+
+}  // namespace kurv::app

@@ -1,0 +1,170 @@
+#include "app/csv/time_axis.h"
+
+#include <array>
+#include <chrono>
+#include <cmath>
+#include <limits>
+
+namespace kurv::app {
+
+namespace {
+
+namespace chrono = std::chrono;
+
+constexpr double kSecondsPerDay = 86400;
+
+chrono::sys_days day_of(double days) {
+  return chrono::sys_days(chrono::days(static_cast<int>(std::floor(days))));
+}
+
+double count(chrono::sys_days day) {
+  return static_cast<double>(day.time_since_epoch().count());
+}
+
+std::string padded(unsigned value, std::size_t width) {
+  const std::string digits = std::to_string(value);
+  return digits.size() < width ? std::string(width - digits.size(), '0') + digits : digits;
+}
+
+// A clock time, "12:34" or "12:34:56", of the seconds since midnight.
+std::string clock_text(unsigned seconds, bool with_seconds) {
+  return padded(seconds / 3600, 2) + ':' + padded(seconds / 60 % 60, 2) +
+         (with_seconds ? ':' + padded(seconds % 60, 2) : "");
+}
+
+// Milliseconds since midnight; the day is raised where they are rounded up to its end.
+unsigned milliseconds_of_day(double& day, double days) {
+  day = std::floor(days);
+  auto result = static_cast<unsigned>(std::lround((days - day) * kSecondsPerDay * 1000));
+  if (result == static_cast<unsigned>(kSecondsPerDay * 1000)) {
+    day += 1;
+    result = 0;
+  }
+  return result;
+}
+
+struct Span {
+  double first = std::numeric_limits<double>::infinity();
+  double last = -std::numeric_limits<double>::infinity();
+};
+
+Span span_of(const Column<Double>& days) {
+  Span span;
+  for (int i = days.lower(); i <= days.upper(); ++i) {
+    // Comparisons with a missing value are false.
+    if (days(i) < span.first) span.first = days(i);
+    if (days(i) > span.last) span.last = days(i);
+  }
+  return span;
+}
+
+template <class Function>
+void convert(Column<Double> days, const Function& function) {
+  for (int i = days.lower(); i <= days.upper(); ++i) {
+    if (!std::isnan(days(i))) days(i) = function(days(i));
+  }
+}
+
+double months_since_year_0(double days) {
+  const chrono::year_month_day date(day_of(days));
+  return static_cast<int>(date.year()) * 12.0 + static_cast<unsigned>(date.month()) - 1;
+}
+
+// A unit of time below a day.
+struct ClockUnit {
+  const char* name;
+  double per_day;
+  // Spans below this many days are in it.
+  double longest;
+};
+
+constexpr std::array<ClockUnit, 3> kClockUnits{{{"seconds", kSecondsPerDay, 5.0 / (24 * 60)},
+                                                {"minutes", 24 * 60, 3.0 / 24},
+                                                {"hours", 24, 3}}};
+
+// The unit for this span; nullptr where days suit it.
+const ClockUnit* clock_unit(double span) {
+  for (const ClockUnit& unit : kClockUnits) {
+    if (span < unit.longest) return &unit;
+  }
+  return nullptr;
+}
+
+// Since the beginning of the unit in which the first instant is.
+std::string rescale_to_clock(Column<Double> days, const ClockUnit& unit, double first) {
+  // Rounded, because a time of day is no exact part of a day.
+  const double seconds = std::round(first * kSecondsPerDay * 1000) / 1000;
+  const double step = kSecondsPerDay / unit.per_day;
+  const double start = std::floor(seconds / step) * step;
+  convert(days, [&](double value) {
+    // A hundredth of a millisecond is what days can hold.
+    const double since = std::round((value * kSecondsPerDay - start) * 1e5) / 1e5;
+    return since / step;
+  });
+  const double day = std::floor(start / kSecondsPerDay);
+  const auto clock = static_cast<unsigned>(start - day * kSecondsPerDay);
+  return iso_date_text(day) + ' ' + clock_text(clock, step < 60);
+}
+
+}  // namespace
+
+double decimal_year(double days) {
+  const chrono::year year = chrono::year_month_day(day_of(days)).year();
+  const double start = count(chrono::sys_days(year / chrono::January / 1));
+  const double end = count(chrono::sys_days((year + chrono::years(1)) / chrono::January / 1));
+  return static_cast<int>(year) + (days - start) / (end - start);
+}
+
+std::string iso_date_text(double days) {
+  const chrono::year_month_day date(day_of(days));
+  return padded(static_cast<unsigned>(static_cast<int>(date.year())), 4) + '-' +
+         padded(static_cast<unsigned>(date.month()), 2) + '-' +
+         padded(static_cast<unsigned>(date.day()), 2);
+}
+
+std::string iso_instant_text(double days) {
+  double day = 0;
+  const unsigned clock = milliseconds_of_day(day, days);
+  std::string text = iso_date_text(day) + 'T' + clock_text(clock / 1000, true);
+  if (clock % 1000 == 0) return text;
+  text += '.' + padded(clock % 1000, 3);
+  text.resize(text.find_last_not_of('0') + 1);
+  return text;
+}
+
+bool within_two_years(double first_days, double last_days) {
+  const chrono::sys_days first = day_of(first_days);
+  // Two years after the 29th of February is the 1st of March.
+  const chrono::sys_days limit(chrono::year_month_day(first) + chrono::years(2));
+  return last_days - first_days < static_cast<double>((limit - first).count());
+}
+
+std::string rescale_dates(Column<Double> days, DateKind kind) {
+  const Span span = span_of(days);
+  if (!(span.first <= span.last)) return "no dates";
+  if (kind == DateKind::kTimeOfDay) {
+    const ClockUnit* unit = clock_unit(span.last - span.first);
+    if (unit == nullptr) unit = &kClockUnits.back();
+    const std::string since = rescale_to_clock(days, *unit, span.first);
+    return std::string(unit->name) + " since " + since.substr(since.find(' ') + 1);
+  }
+  if (!within_two_years(span.first, span.last)) {
+    convert(days, decimal_year);
+    return "decimal year";
+  }
+  if (kind == DateKind::kMonth) {
+    const double first = months_since_year_0(span.first);
+    convert(days, [&](double value) { return months_since_year_0(value) - first; });
+    return "months since " + iso_date_text(span.first).substr(0, 7);
+  }
+  const ClockUnit* const unit =
+      kind == DateKind::kInstant ? clock_unit(span.last - span.first) : nullptr;
+  if (unit != nullptr) {
+    const std::string since = rescale_to_clock(days, *unit, span.first);
+    return std::string(unit->name) + " since " + since;
+  }
+  convert(days, [&](double value) { return value - std::floor(span.first); });
+  return "days since " + iso_date_text(span.first);
+}
+
+}  // namespace kurv::app

@@ -1,0 +1,30 @@
+// Dates as what an axis can show.
+#pragma once
+
+#include <KurvGraph/arrays.h>
+#include <KurvGraph/values.h>
+
+#include <string>
+
+#include "app/csv/date_text.h"
+
+namespace kurv::app {
+
+// The year, and the part of it that has passed, in a year of its own length.
+double decimal_year(double days);
+
+// The calendar day of the instant, in UTC, as "2012-01-31".
+std::string iso_date_text(double days);
+// The instant as "2012-01-31T12:34:56", with as many digits of the second as it needs.
+std::string iso_instant_text(double days);
+
+// Whether the second instant is less than two calendar years after the first one.
+bool within_two_years(double first_days, double last_days);
+
+// Makes days since 1970, or since midnight, numbers in the unit that suits their span, and returns
+// what they are then, such as "days since 2012-01-31": years with their fraction from two years on;
+// months where the dates are months alone; days; or hours, minutes and seconds where the dates have
+// times and the span is below three days, three hours or five minutes.
+std::string rescale_dates(Column<Double> days, DateKind kind);
+
+}  // namespace kurv::app

@@ -1,0 +1,86 @@
+#include "app/csv/time_axis.h"
+
+#include <gmock/gmock.h>
+
+#include <algorithm>
+#include <limits>
+#include <utility>
+#include <vector>
+
+namespace kurv::app {
+namespace {
+
+double days_of(std::string_view text) {
+  return parse_date(text, DateOrder::kDayFirst).value().days;
+}
+
+TEST(DecimalYear, GoesByTheLengthOfItsOwnYear) {
+  EXPECT_EQ(decimal_year(days_of("2012-01-01")), 2012);
+  EXPECT_DOUBLE_EQ(decimal_year(days_of("2012-07-02")), 2012.5);
+  EXPECT_DOUBLE_EQ(decimal_year(days_of("2011-07-02T12:00")), 2011.5);
+  EXPECT_DOUBLE_EQ(decimal_year(days_of("2012-12-31")), 2012 + 365.0 / 366);
+  EXPECT_DOUBLE_EQ(decimal_year(days_of("1900-12-31")), 1900 + 364.0 / 365);
+}
+
+TEST(IsoDateText, IsWrittenWithoutItsTime) {
+  EXPECT_EQ(iso_date_text(days_of("2012-01-31T23:59:59")), "2012-01-31");
+  EXPECT_EQ(iso_date_text(days_of("0099-12-01")), "0099-12-01");
+}
+
+TEST(TimeAxis, TwoYearsAreCalendarYears) {
+  const auto within = [](const char* first, const char* last) {
+    return within_two_years(days_of(first), days_of(last));
+  };
+  EXPECT_TRUE(within("2012-01-01", "2013-12-31"));
+  EXPECT_FALSE(within("2012-01-01", "2014-01-01"));
+  EXPECT_TRUE(within("2012-03-01", "2014-02-28T23:59"));
+  EXPECT_FALSE(within("2012-03-01", "2014-03-01"));
+  EXPECT_TRUE(within("2012-02-29", "2014-02-28"));
+  EXPECT_FALSE(within("2012-02-29", "2014-03-01"));
+}
+
+// What the days of these texts become, and what they are then.
+std::pair<std::string, std::vector<double>> rescaled(const std::vector<std::string>& texts) {
+  const int count = static_cast<int>(texts.size());
+  Matrix<Double> days(1, 1, 1, count);
+  DateKind kind = DateKind::kMonth;
+  for (int i = 1; i <= count; ++i) {
+    const std::optional<DateValue> date =
+        parse_date(texts[static_cast<std::size_t>(i) - 1], DateOrder::kDayFirst);
+    days(1, i) = date ? date->days : std::numeric_limits<double>::quiet_NaN();
+    if (date) kind = std::max(kind, date->kind);
+  }
+  const std::string title = rescale_dates(days.column(1), kind);
+  std::vector<double> values;
+  for (int i = 1; i <= count; ++i) values.push_back(days(1, i));
+  return {title, values};
+}
+
+TEST(TimeAxis, HasTheUnitThatSuitsTheSpan) {
+  using testing::DoubleNear;
+  using testing::ElementsAre;
+  using testing::IsNan;
+  using testing::Pair;
+  EXPECT_THAT(rescaled({"2012-01-01", "2014-01-01"}),
+              Pair("decimal year", ElementsAre(2012, 2014)));
+  EXPECT_THAT(rescaled({"2012-11", "2013-02", "x"}),
+              Pair("months since 2012-11", ElementsAre(0, 3, IsNan())));
+  EXPECT_THAT(rescaled({"2012-02-28", "2012-03-01"}),
+              Pair("days since 2012-02-28", ElementsAre(0, 2)));
+  EXPECT_THAT(rescaled({"2012-02-28T12:00", "2012-03-03T00:00"}),
+              Pair("days since 2012-02-28", ElementsAre(0.5, 4)));
+  EXPECT_THAT(rescaled({"2012-02-28T12:15", "2012-02-29T11:00"}),
+              Pair("hours since 2012-02-28 12:00", ElementsAre(0.25, 23)));
+  EXPECT_THAT(rescaled({"2012-02-28T12:15:30", "2012-02-28T12:45:00"}),
+              Pair("minutes since 2012-02-28 12:15", ElementsAre(0.5, 30)));
+  EXPECT_THAT(rescaled({"2012-02-28T12:15:30", "2012-02-28T12:15:30.25"}),
+              Pair("seconds since 2012-02-28 12:15:30", ElementsAre(0, DoubleNear(0.25, 1e-5))));
+  EXPECT_THAT(rescaled({"8:00", "23:00"}), Pair("hours since 08:00", ElementsAre(0, 15)));
+}
+
+TEST(TimeAxis, WithoutADateIsLeftAsItIs) {
+  EXPECT_EQ(rescaled({"x"}).first, "no dates");
+}
+
+}  // namespace
+}  // namespace kurv::app
