@@ -9,6 +9,7 @@
 #include "app/base/user_error.h"
 #include "app/command_line/command_help.h"
 #include "app/command_line/option_values.h"
+#include "app/command_line/table_option_values.h"
 #include "app/graph/graph_file.h"
 #include "app/graph/picture_file.h"
 
@@ -25,6 +26,7 @@ struct Texts {
   std::vector<std::string> derivations;
   std::vector<std::string> settings;
   std::optional<std::string> locale;
+  TableOptionTexts table;
 };
 
 // The arguments in reverse order, as CLI11 takes them. It would take "--title=" for an option
@@ -65,7 +67,11 @@ class Program {
       add_choice(*command);
       add_formatting(*command);
     }
-    for (CLI::App* command : {&m_app, m_render, m_convert, m_info}) add_locale(*command);
+    for (CLI::App* command : {&m_app, m_render, m_convert, m_info}) {
+      add_columns(*command);
+      add_table_options(*command, m_texts.table);
+      add_locale(*command);
+    }
     m_render
         ->add_option("--scale", m_texts.scale,
                      "Device pixels per logical pixel of a .png or .bmp, 0.5 to 8 (1)")
@@ -96,7 +102,7 @@ class Program {
     if (m_eval->parsed()) return EvalRequest{m_expression, m_values};
     if (chosen() != nullptr) check_file_name(m_file);
     read_choice();
-    if (m_info->parsed()) return InfoRequest{m_file, m_check, m_choice.locale};
+    if (m_info->parsed()) return InfoRequest{m_file, m_check, m_choice.locale, m_choice.table};
     if (m_convert->parsed()) return convert_request();
     if (m_render->parsed()) return render_request();
     return window_request();
@@ -118,13 +124,14 @@ class Program {
   }
 
   void add_files() {
-    m_app.add_option("FILE", m_data_files, "The data: CSV or graph files")->type_name("");
+    m_app.add_option("FILE", m_data_files, "The data: tables or graph files; - is standard input")
+        ->type_name("");
     for (CLI::App* command : {m_render, m_convert}) {
-      command->add_option("FILE", m_file, "The data: a CSV or a graph file")
+      command->add_option("FILE", m_file, "The data: a table or a graph file; - is standard input")
           ->required()
           ->type_name("");
     }
-    m_info->add_option("FILE", m_file, "The graph file")->required()->type_name("");
+    m_info->add_option("FILE", m_file, "The table or graph file")->required()->type_name("");
     m_render
         ->add_option("-o,--output", m_output, "The picture: a " + picture_extensions() + " file")
         ->required()
@@ -139,15 +146,22 @@ class Program {
         .add_option("--size", m_texts.size,
                     "Size of the plot in logical pixels, up to 7680x4320 (1000x700)")
         ->type_name("WxH");
-    command.add_option("--x", m_choice.selection.x, "The column for x (the first one)")
-        ->type_name("NAME");
-    command
-        .add_option("--y", m_texts.y, "The columns to draw, repeatable (all others with numbers)")
-        ->type_name("NAME,...")
-        ->allow_extra_args(false);
     command.add_option("--every", m_texts.every, "Take each N-th row: 1, N+1, 2N+1 and so on")
         ->type_name("N");
     command.add_flag("--sort", m_choice.sort, "Sort the points by x");
+  }
+
+  void add_columns(CLI::App& command) {
+    command
+        .add_option("--x", m_choice.table.selection.x,
+                    "The column for x: a name, a number, or row (the first one)")
+        ->type_name("COLUMN");
+    command
+        .add_option("--y", m_texts.y,
+                    "The columns to draw: names, numbers or 3-7; repeatable (all others with "
+                    "numbers)")
+        ->type_name("COLUMN,...")
+        ->allow_extra_args(false);
   }
 
   void add_formatting(CLI::App& command) {
@@ -199,9 +213,11 @@ class Program {
   void read_choice() {
     if (m_texts.size) m_choice.size = parse_size(*m_texts.size);
     if (m_texts.locale) m_choice.locale = parse_locale(*m_texts.locale);
-    m_choice.selection.every = parse_every(m_texts.every);
+    parse_table_options(m_texts.table, m_choice.table);
+    m_choice.table.selection.every = parse_every(m_texts.every);
     for (const std::string& list : m_texts.y) {
-      for (const std::string& name : parse_names(list)) m_choice.selection.y.push_back(name);
+      for (const std::string& name : parse_names(list, "--y"))
+        m_choice.table.selection.y.push_back(name);
     }
     // A line end would break the line of the graph file that holds the function.
     for (std::string& function : m_choice.functions) function = on_one_line(function);
@@ -258,7 +274,7 @@ class Program {
   CLI::App* m_render = m_app.add_subcommand("render", "Draw a file as a picture, without a window");
   CLI::App* m_convert =
       m_app.add_subcommand("convert", "Write a graph file from a table or another graph file");
-  CLI::App* m_info = m_app.add_subcommand("info", "Print what is inside a graph file");
+  CLI::App* m_info = m_app.add_subcommand("info", "Print what is inside a table or a graph file");
   CLI::App* m_eval = m_app.add_subcommand("eval", "Print the value of an expression");
   CLI::App* m_host = m_app.add_subcommand("host", "Serve the graph on standard input and output");
 };

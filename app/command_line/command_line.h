@@ -32,11 +32,12 @@ struct WindowRequest : GraphChoice {
 // The control on standard input and output.
 struct HostRequest {};
 
-// Prints a graph file, or warnings about it.
+// Prints what a table or a graph file holds, or warnings about a graph file.
 struct InfoRequest {
-  std::string graph_file;
+  std::string file;
   bool check = false;
   std::optional<QLocale> locale;
+  TableOptions table;
 };
 
 // The value of an expression, or of one in each line of standard input.

@@ -13,7 +13,7 @@
 
 #include "app/base/message_text.h"
 #include "app/base/user_error.h"
-#include "app/csv/csv_table.h"
+#include "app/csv/csv_parser.h"
 
 namespace kurv::app {
 
@@ -142,11 +142,11 @@ std::size_t parse_every(std::string_view text) {
   throw misuse("--every takes a whole number from 1 upwards, not " + in_quotes(text) + ".");
 }
 
-std::vector<std::string> parse_names(std::string_view text) {
+std::vector<std::string> parse_names(std::string_view text, const std::string& option) {
   std::vector<std::string> names;
   try {
     // A list of names has the syntax of a CSV line.
-    const CsvTable table = parse_csv(text, ',', "--y");
+    const CsvTable table = parse_csv(std::string(text), ',', option);
     for (std::size_t i = 0; table.rows() == 1 && i < table.width(0); ++i) {
       names.emplace_back(trim_whitespace(table.cell(0, i)));
     }
@@ -154,8 +154,8 @@ std::vector<std::string> parse_names(std::string_view text) {
     // A quotation mark is not closed, which is reported below.
   }
   if (!names.empty()) return names;
-  throw misuse("--y takes the names of columns with commas between them, not " + in_quotes(text) +
-               ".");
+  throw misuse(option + " takes " + (option == "--y" ? "the names of columns" : "texts") +
+               " with commas between them, not " + in_quotes(text) + ".");
 }
 
 Setting parse_setting(std::string_view text) {

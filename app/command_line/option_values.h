@@ -22,7 +22,7 @@ double parse_scale(std::string_view text);
 std::size_t parse_every(std::string_view text);
 
 // Names between commas; one that holds a comma is in quotation marks.
-std::vector<std::string> parse_names(std::string_view text);
+std::vector<std::string> parse_names(std::string_view text, const std::string& option);
 
 // "PROPERTY=VALUE". The name is found in any letter case. A font size is above 0 and at most 32767,
 // and a limit is finite.

@@ -65,8 +65,8 @@ char parse_thousands(std::string_view text) {
                                     {"space", ' '},
                                     {"none", '\0'},
                                     {"", '\0'}}};
-  return value_of_word(kWords, "--thousands",
-                       "a point, a comma, an apostrophe, blank or none", text);
+  return value_of_word(kWords, "--thousands", "a point, a comma, an apostrophe, blank or none",
+                       text);
 }
 
 HeaderChoice parse_header(std::string_view text) {

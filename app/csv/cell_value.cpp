@@ -1,15 +1,12 @@
 #include "app/csv/cell_value.h"
 
-#include <KurvGraph/number_text.h>
 #include <KurvGraph/text.h>
 
+#include <array>
 #include <cmath>
-#include <cstddef>
-#include <limits>
 #include <optional>
-#include <string>
 
-#include "app/csv/iso_date.h"
+#include "app/csv/missing_text.h"
 
 namespace kurv::app {
 
@@ -17,35 +14,56 @@ namespace {
 
 constexpr double kNoValue = std::numeric_limits<double>::quiet_NaN();
 
-bool is_missing(std::string_view text) {
-  if (text.empty()) return true;
-  return equals_ignoring_case(text, "na") || equals_ignoring_case(text, "nan");
+CellValue of_kind(CellKind kind) {
+  return {kind, DateKind::kDay, kNoValue, {}};
 }
 
-std::optional<Double> number_with_comma(std::string_view text) {
-  const std::size_t comma = text.find(',');
-  if (comma == std::string_view::npos) return text_to_number(text);
-  std::string with_point(text);
-  with_point[comma] = '.';
-  return text_to_number(with_point);
+// Without the blanks at both ends, also those that do not break a line.
+std::string_view trimmed(std::string_view text) {
+  constexpr std::string_view kFixedBlank = "\u00A0";
+  text = trim_whitespace(text);
+  while (text.starts_with(kFixedBlank)) text.remove_prefix(kFixedBlank.size());
+  while (text.ends_with(kFixedBlank)) text.remove_suffix(kFixedBlank.size());
+  return trim_whitespace(text);
+}
+
+// Whether the text is a number after "<", ">", "<=", ">=", "≤" or "≥".
+bool is_limit(std::string_view text, const NumberNotation& notation) {
+  for (const std::string_view sign : {"<=", ">=", "<", ">", "\u2264", "\u2265"}) {
+    if (!text.starts_with(sign)) continue;
+    text = trimmed(text.substr(sign.size()));
+    return read_number(text, notation) || read_quantity(text, notation);
+  }
+  return false;
+}
+
+// "#DIV/0!", "#NAME?" and the like, in the languages that spreadsheets have.
+bool is_spreadsheet_error(std::string_view text) {
+  constexpr std::size_t kLongest = 12;
+  return text.size() > 3 && text.size() <= kLongest && text.front() == '#' &&
+         (text.back() == '!' || text.back() == '?');
 }
 
 }  // namespace
 
 CellValue read_cell(std::string_view text, const CsvDialect& dialect) {
-  text = trim_whitespace(text);
-  if (is_missing(text)) return {CellKind::kMissing, kNoValue};
-  if (const std::optional<Double> value = cell_number(text, dialect.decimal_comma)) {
-    if (std::isfinite(*value)) return {CellKind::kNumber, *value};
-    return {std::isnan(*value) ? CellKind::kMissing : CellKind::kInfinite, kNoValue};
+  text = trimmed(text);
+  if (is_missing_text(text, dialect.missing)) return of_kind(CellKind::kMissing);
+  const NumberNotation& numbers = dialect.notation.numbers;
+  if (const std::optional<Double> value = read_number(text, numbers)) {
+    if (std::isfinite(*value)) return {CellKind::kNumber, DateKind::kDay, *value, {}};
+    return of_kind(std::isnan(*value) ? CellKind::kMissing : CellKind::kInfinite);
   }
-  if (const std::optional<double> days = parse_iso_date(text)) return {CellKind::kDate, *days};
-  return {CellKind::kWord, kNoValue};
-}
-
-std::optional<Double> cell_number(std::string_view text, bool decimal_comma) {
-  if (!decimal_comma) return text_to_number(text);
-  return text.find('.') == std::string_view::npos ? number_with_comma(text) : std::nullopt;
+  if (const std::optional<DateValue> date = parse_date(text, dialect.notation.dates)) {
+    const bool time = date->kind == DateKind::kTimeOfDay;
+    return {time ? CellKind::kTime : CellKind::kDate, date->kind, date->days, {}};
+  }
+  if (const std::optional<Quantity> quantity = read_quantity(text, numbers)) {
+    if (!std::isfinite(quantity->value)) return of_kind(CellKind::kInfinite);
+    return {CellKind::kNumber, DateKind::kDay, quantity->value, quantity->unit};
+  }
+  if (is_spreadsheet_error(text)) return of_kind(CellKind::kError);
+  return of_kind(is_limit(text, numbers) ? CellKind::kLimit : CellKind::kWord);
 }
 
 }  // namespace kurv::app

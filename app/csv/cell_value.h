@@ -3,29 +3,39 @@
 
 #include <KurvGraph/values.h>
 
+#include <cstdint>
 #include <limits>
-#include <optional>
 #include <string_view>
 
 #include "app/csv/csv_dialect.h"
+#include "app/csv/date_text.h"
 
 namespace kurv::app {
 
-enum class CellKind { kMissing, kNumber, kInfinite, kDate, kWord };
-inline constexpr int kCellKinds = 5;
+enum class CellKind : std::uint8_t {
+  kMissing,
+  kNumber,
+  kLimit,  // "< 0.5", "> 10": the value is beyond what could be measured
+  kInfinite,
+  kError,  // "#DIV/0!": what a spreadsheet could not compute
+  kDate,
+  kTime,  // a time of day alone
+  kWord
+};
+inline constexpr int kCellKinds = 8;
 
 struct CellValue {
   CellKind kind = CellKind::kMissing;
-  // The number, or the days since the beginning of 1970; NaN for everything else.
+  // Of a date or time.
+  DateKind date = DateKind::kDay;
+  // The number; the days since the beginning of 1970, or since midnight; NaN for everything else.
   double value = std::numeric_limits<double>::quiet_NaN();
+  // What is written beside the number, such as "%".
+  std::string_view unit = {};
 };
 
-// The meaning of a cell in a table of this dialect. An empty text, "NA" and "NaN" in any letter
-// case are missing values. A number is infinite if it is written so or too large. Blanks around the
-// text are ignored.
+// The meaning of a cell in a table of this dialect. A number is infinite if it is written so or too
+// large. Blanks around the text are ignored.
 CellValue read_cell(std::string_view text, const CsvDialect& dialect);
-
-// The number in a cell, if it is one with this decimal sign or without any.
-std::optional<Double> cell_number(std::string_view text, bool decimal_comma);
 
 }  // namespace kurv::app

@@ -1,11 +1,13 @@
 #include "app/csv/column_choice.h"
 
 #include <KurvGraph/limits.h>
+#include <KurvGraph/text.h>
 
 #include <algorithm>
 
 #include "app/base/message_text.h"
 #include "app/base/user_error.h"
+#include "app/csv/column_reference.h"
 
 namespace kurv::app {
 
@@ -13,30 +15,65 @@ namespace {
 
 constexpr std::size_t kNamesInASentence = 10;
 
-std::size_t find(const TableColumns& columns, const std::string& name, const std::string& path) {
-  const std::vector<std::string>& names = columns.names();
-  const auto found = std::find(names.begin(), names.end(), name);
-  if (found != names.end()) return static_cast<std::size_t>(found - names.begin());
-  throw UserError(path + " has no column " + in_quotes(name) + "; it has " +
-                  enumeration(names, kNamesInASentence) + ".");
+std::string quoted(const TableColumns& columns, std::size_t column) {
+  return "column " + in_quotes(columns.names()[column]);
 }
 
-UserError unfit(const std::string& name, const std::string& wanted, const std::string& path) {
-  return UserError("column " + in_quotes(name) + " of " + path + " does not hold " + wanted +
-                   "; choose another one.");
+// The text in the column that is the first to keep it from being one of numbers.
+std::string first_word(TableColumns& columns, std::size_t column) {
+  const ColumnSurvey& survey = columns.survey(column);
+  const Tally tally = survey.mismatches().count > 0 ? survey.mismatches() : survey.other_units();
+  if (tally.count == 0) return {};
+  const CsvTable& table = columns.table();
+  return in_quotes(trim_whitespace(table.cell(tally.first_row, column))) + " in line " +
+         std::to_string(table.line(tally.first_row));
+}
+
+UserError unfit(TableColumns& columns, std::size_t column, const std::string& wanted,
+                const std::string& path) {
+  const bool words = columns.kind(column) == ColumnKind::kWords;
+  const std::string first = words ? first_word(columns, column) : "";
+  return UserError(quoted(columns, column) + " of " + path + " does not hold " + wanted +
+                   (first.empty() ? "" : " (first " + first + ")") + "; choose another one.");
+}
+
+// The columns that the selection names.
+struct Named {
+  std::optional<std::size_t> x;
+  bool row_numbers = false;
+  std::vector<std::size_t> y;
+};
+
+Named named_columns(const TableColumns& columns, const Selection& selection,
+                    const std::string& path) {
+  Named named;
+  named.row_numbers = selection.row_numbers;
+  if (selection.x && is_row_number(columns.names(), *selection.x)) {
+    named.row_numbers = true;
+  } else if (selection.x) {
+    named.x = find_column(columns.names(), *selection.x, path);
+  }
+  for (const std::string& reference : selection.y) {
+    for (const std::size_t column : find_columns(columns.names(), reference, path)) {
+      const bool is_new = std::find(named.y.begin(), named.y.end(), column) == named.y.end();
+      if (is_new) named.y.push_back(column);
+    }
+  }
+  return named;
 }
 
 // Reads the columns that the choice depends on in one pass.
-void read_selected(TableColumns& columns, const Selection& selection) {
-  if (selection.y.empty()) return columns.read_all();
-  const std::vector<std::string>& y = selection.y;
-  std::vector<std::size_t> wanted;
-  for (std::size_t column = 0; column < columns.size(); ++column) {
-    const std::string& name = columns.names()[column];
-    const bool is_curve = std::find(y.begin(), y.end(), name) != y.end();
-    if (is_curve || selection.x == name) wanted.push_back(column);
-  }
+void read_selected(TableColumns& columns, const Named& named) {
+  if (named.y.empty()) return columns.read_all();
+  std::vector<std::size_t> wanted = named.y;
+  if (named.x) wanted.push_back(*named.x);
   columns.read(std::move(wanted));
+}
+
+// An empty column without a name is what a separator at the end of each line makes.
+bool is_nothing(TableColumns& columns, std::size_t column) {
+  if (columns.kind(column) != ColumnKind::kEmpty) return false;
+  return header_text(columns.table(), columns.dialect(), column).empty();
 }
 
 bool only_first_has_numbers(TableColumns& columns) {
@@ -47,83 +84,155 @@ bool only_first_has_numbers(TableColumns& columns) {
   return true;
 }
 
-std::optional<std::size_t> choose_x(TableColumns& columns, const Selection& selection,
-                                    const std::string& path, std::vector<std::string>& warnings) {
-  if (selection.x) {
-    const std::size_t x = find(columns, *selection.x, path);
-    if (!columns.survey(x).usable()) throw unfit(*selection.x, "numbers or dates", path);
-    return x;
+bool is_single(TableColumns& columns) {
+  for (std::size_t column = 1; column < columns.size(); ++column) {
+    if (!is_nothing(columns, column)) return false;
   }
-  if (selection.row_numbers) return std::nullopt;
-  const std::string first = "column " + in_quotes(columns.names()[0]);
-  if (!columns.survey(0).usable()) {
-    warnings.push_back(first + " does not hold numbers or dates, so x is the row number.");
-    return std::nullopt;
-  }
-  if (only_first_has_numbers(columns)) {
-    warnings.push_back(first + " is the only one with numbers, so x is the row number.");
-    return std::nullopt;
-  }
-  return 0;
+  return true;
 }
 
-std::vector<std::size_t> named_curves(TableColumns& columns, const Selection& selection,
-                                      const std::string& path) {
-  std::vector<std::size_t> result;
-  for (const std::string& name : selection.y) {
-    const std::size_t column = find(columns, name, path);
-    if (columns.kind(column) != ColumnKind::kNumbers) throw unfit(name, "numbers", path);
-    if (std::find(result.begin(), result.end(), column) == result.end()) result.push_back(column);
+class Chooser {
+ public:
+  Chooser(TableColumns& columns, const Selection& selection, const std::string& path)
+      : m_columns(columns), m_path(path), m_named(named_columns(columns, selection, path)) {
+    read_selected(columns, m_named);
   }
-  return result;
-}
 
-void warn(std::vector<std::string>& warnings, const std::vector<std::string>& names,
-          const std::string& reason) {
-  if (names.empty()) return;
-  warnings.push_back((names.size() == 1 ? "column " : "columns ") +
-                     enumeration(names, kNamesInASentence) +
-                     (names.size() == 1 ? " holds " : " hold ") + reason +
-                     (names.size() == 1 ? " and is left out." : " and are left out."));
-}
-
-std::vector<std::size_t> all_curves(TableColumns& columns, Choice& choice) {
-  std::vector<std::size_t> result;
-  std::vector<std::string> words;
-  std::vector<std::string> empty;
-  for (std::size_t column = 0; column < columns.size(); ++column) {
-    if (choice.x == column) continue;
-    const ColumnKind kind = columns.kind(column);
-    if (kind == ColumnKind::kNumbers) result.push_back(column);
-    // Without an x column, choose_x() has warned of the first one, or the user wants row numbers.
-    if (column == 0 && !choice.x) continue;
-    if (kind == ColumnKind::kWords || kind == ColumnKind::kDates)
-      words.push_back(columns.names()[column]);
-    if (kind == ColumnKind::kEmpty) empty.push_back(columns.names()[column]);
+  Choice choose() {
+    m_choice.x = choose_x();
+    if (m_named.y.empty()) {
+      choose_all_curves();
+    } else {
+      choose_named_curves();
+    }
+    check_count();
+    return std::move(m_choice);
   }
-  warn(choice.warnings, words, "no numbers");
-  warn(choice.warnings, empty, "no values");
-  return result;
-}
+
+ private:
+  std::optional<std::size_t> choose_x() {
+    if (m_named.x) {
+      if (!m_columns.survey(*m_named.x).usable()) {
+        throw unfit(m_columns, *m_named.x, "numbers or dates", m_path);
+      }
+      return m_named.x;
+    }
+    if (m_named.row_numbers || m_columns.size() == 0) return std::nullopt;
+    if (!m_columns.survey(0).usable()) {
+      warn_of_row_numbers();
+      return std::nullopt;
+    }
+    if (only_first_has_numbers(m_columns)) {
+      check_is_drawable_alone();
+      warn(quoted(m_columns, 0) + " is the only one with numbers, so x is the row number.");
+      return std::nullopt;
+    }
+    return with_times(0);
+  }
+
+  void warn_of_row_numbers() {
+    std::string advice;
+    for (std::size_t column = m_columns.size(); column-- > 1;) {
+      if (m_columns.kind(column) != ColumnKind::kDates) continue;
+      advice = "; --x " + std::to_string(column + 1) + " takes the dates of " +
+               in_quotes(m_columns.names()[column]);
+    }
+    warn(quoted(m_columns, 0) + " does not hold numbers or dates, so x is the row number" + advice +
+         ".");
+  }
+
+  // The dates and the times of day of two columns side by side are one x.
+  std::size_t with_times(std::size_t x) {
+    const auto is_day = [&](std::size_t column) {
+      const ColumnSurvey& survey = m_columns.survey(column);
+      return survey.kind() == ColumnKind::kDates && !survey.only_times() &&
+             survey.dates().kind == DateKind::kDay;
+    };
+    if (x + 1 >= m_columns.size()) return x;
+    std::size_t day = x;
+    std::size_t time = x + 1;
+    if (m_columns.survey(x).only_times()) std::swap(day, time);
+    if (!is_day(day) || !m_columns.survey(time).only_times()) return x;
+    m_choice.time = time;
+    warn(quoted(m_columns, day) + " and " + quoted(m_columns, time) +
+         " together are x; --x changes that.");
+    return day;
+  }
+
+  // A table whose other columns cannot be drawn is no table of a single column.
+  void check_is_drawable_alone() {
+    if (!m_named.y.empty() || is_single(m_columns)) return;
+    std::size_t other = 1;
+    while (is_nothing(m_columns, other)) ++other;
+    const std::string word = first_word(m_columns, other);
+    throw UserError(m_path + " has no column of numbers beside x, the " + quoted(m_columns, 0) +
+                    "; the " + quoted(m_columns, other) + " has " +
+                    (word.empty() ? "none" : "others, first " + word) +
+                    ". Check the separator and the decimal sign, or choose --x row --y 1.");
+  }
+
+  void choose_named_curves() {
+    for (const std::size_t column : m_named.y) {
+      if (m_columns.kind(column) != ColumnKind::kNumbers) {
+        throw unfit(m_columns, column, "numbers", m_path);
+      }
+    }
+    m_choice.y = m_named.y;
+  }
+
+  void choose_all_curves() {
+    std::vector<std::size_t> words;
+    std::vector<std::size_t> dates;
+    std::vector<std::size_t> empty;
+    for (std::size_t column = 0; column < m_columns.size(); ++column) {
+      if (m_choice.x == column || m_choice.time == column) continue;
+      const ColumnKind kind = m_columns.kind(column);
+      if (kind == ColumnKind::kNumbers) m_choice.y.push_back(column);
+      // choose_x() has warned of the first one, or the user wants row numbers.
+      if (column == 0 && !m_named.x) continue;
+      if (kind == ColumnKind::kWords) words.push_back(column);
+      if (kind == ColumnKind::kDates) dates.push_back(column);
+      if (kind == ColumnKind::kEmpty && !is_nothing(m_columns, column)) empty.push_back(column);
+    }
+    if (!words.empty())
+      warn_of(words, "words, first " + first_word(m_columns, words.front()) + ",");
+    if (!dates.empty()) warn_of(dates, "dates, which only x can have,");
+    if (!empty.empty()) warn_of(empty, "no values");
+  }
+
+  void warn(const std::string& sentence) { m_choice.warnings.push_back(sentence); }
+
+  void warn_of(const std::vector<std::size_t>& columns, const std::string& reason) {
+    std::vector<std::string> names;
+    for (const std::size_t column : columns) names.push_back(m_columns.names()[column]);
+    const bool one = names.size() == 1;
+    warn((one ? "column " : "columns ") + enumeration(names, kNamesInASentence) +
+         (one ? " holds " : " hold ") + reason +
+         (one ? " and is left out." : " and are left out."));
+  }
+
+  void check_count() const {
+    if (m_choice.y.empty()) {
+      throw UserError(m_path +
+                      " has no column of numbers to draw as a curve; check the separator " +
+                      "between its fields and the decimal sign of its numbers.");
+    }
+    if (m_choice.y.size() <= std::size_t{kMaxCurves}) return;
+    throw UserError(m_path + " has " + std::to_string(m_choice.y.size()) +
+                    " curves, more than the " + std::to_string(kMaxCurves) +
+                    " that a graph can hold; name the columns to draw with --y.");
+  }
+
+  TableColumns& m_columns;
+  const std::string& m_path;
+  Named m_named;
+  Choice m_choice;
+};
 
 }  // namespace
 
 Choice choose_columns(TableColumns& columns, const Selection& selection, const std::string& path) {
-  read_selected(columns, selection);
-  Choice choice;
-  choice.x = choose_x(columns, selection, path, choice.warnings);
-  choice.y =
-      selection.y.empty() ? all_curves(columns, choice) : named_curves(columns, selection, path);
-  if (choice.y.empty()) {
-    throw UserError(path + " has no column of numbers to draw as a curve; check the separator " +
-                    "between its fields and the decimal sign of its numbers.");
-  }
-  if (choice.y.size() > std::size_t{kMaxCurves}) {
-    throw UserError(path + " has " + std::to_string(choice.y.size()) + " curves, more than the " +
-                    std::to_string(kMaxCurves) +
-                    " that a graph can hold; name the columns to draw with --y.");
-  }
-  return choice;
+  return Chooser(columns, selection, path).choose();
 }
 
 }  // namespace kurv::app

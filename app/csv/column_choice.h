@@ -10,28 +10,21 @@
 
 namespace kurv::app {
 
-// The columns and rows that the user asks for; all optional.
-struct Selection {
-  std::optional<std::string> x;
-  // x is the row number, whatever columns there are.
-  bool row_numbers = false;
-  std::vector<std::string> y;
-  // Each n-th row is drawn, beginning with the first one.
-  std::size_t every = 1;
-};
-
 struct Choice {
   // Without an x column the row number takes its place.
   std::optional<std::size_t> x;
+  // The times of day that belong to the dates of x.
+  std::optional<std::size_t> time;
   std::vector<std::size_t> y;
   // Whole sentences.
   std::vector<std::string> warnings;
 };
 
 // Unless the selection says otherwise, the first column is x and all other columns of numbers are
-// curves; rows are numbered where the first column holds neither numbers nor dates, or is the only
-// one with numbers. Reads no more columns than it needs to decide. Throws UserError, which begins
-// with `path`, when nothing can be drawn that way.
+// curves. Where the first column holds neither numbers nor dates, x is the row number, as it is in
+// a table of a single column. Times of day beside the dates of x belong to x. Reads no more columns
+// than it needs to decide. Throws UserError, which begins with `path`, when nothing can be drawn
+// that way.
 Choice choose_columns(TableColumns& columns, const Selection& selection, const std::string& path);
 
 }  // namespace kurv::app

@@ -8,6 +8,8 @@
 #include <unordered_set>
 
 #include "app/base/message_text.h"
+#include "app/csv/missing_text.h"
+#include "app/csv/unit_text.h"
 
 namespace kurv::app {
 
@@ -28,27 +30,40 @@ class Names {
   std::unordered_set<std::string> m_taken;
 };
 
-std::vector<std::string> names_of_header(const CsvTable& table) {
-  std::vector<std::string> result;
+ColumnNames names_of_header(const CsvTable& table, const CsvDialect& dialect) {
+  ColumnNames result;
   Names names;
-  for (std::size_t column = 0; column < table.width(0); ++column) {
-    std::string name = on_one_line(to_utf8(trim_whitespace(table.cell(0, column))));
+  const std::size_t width = table.width(0) + (dialect.first_has_no_name ? 1 : 0);
+  for (std::size_t column = 0; column < width; ++column) {
+    std::string name = on_one_line(to_utf8(header_text(table, dialect, column)));
+    std::string unit(split_unit(name).unit);
     if (name.empty()) name = "column " + std::to_string(column + 1);
-    result.push_back(names.make_unique(name));
+    const std::string below =
+        dialect.units ? on_one_line(to_utf8(trim_whitespace(table.cell(1, column)))) : "";
+    if (unit.empty() && !is_usual_missing_text(below)) {
+      unit = bare_unit(below);
+      name += " [" + unit + ']';
+    }
+    result.names.push_back(names.make_unique(name));
+    result.units.push_back(std::move(unit));
   }
   return result;
 }
 
 }  // namespace
 
-std::vector<std::string> column_names(const CsvTable& table, bool header) {
-  if (header) return names_of_header(table);
+ColumnNames column_names(const CsvTable& table, const CsvDialect& dialect) {
+  if (dialect.header) return names_of_header(table, dialect);
   std::size_t width = 0;
   for (std::size_t row = 0; row < table.rows(); ++row) width = std::max(width, table.width(row));
-  if (width == 1) return {"y"};
-  std::vector<std::string> result;
+  ColumnNames result;
+  result.units.resize(width);
+  if (width == 1) {
+    result.names = {"y"};
+    return result;
+  }
   for (std::size_t column = 0; column < width; ++column) {
-    result.push_back(column == 0 ? "x" : "y" + std::to_string(column));
+    result.names.push_back(column == 0 ? "x" : "y" + std::to_string(column));
   }
   return result;
 }

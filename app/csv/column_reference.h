@@ -8,8 +8,8 @@
 
 namespace kurv::app {
 
-// The column of this name, with or without its unit, or of this number, from 1 on. Throws UserError,
-// which begins with `path`, where there is none.
+// The column of this name, with or without its unit, or of this number, from 1 on. Throws
+// UserError, which begins with `path`, where there is none.
 std::size_t find_column(const std::vector<std::string>& names, const std::string& reference,
                         const std::string& path);
 

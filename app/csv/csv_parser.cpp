@@ -251,8 +251,8 @@ class CsvParser {
   }
 
   void add_cell(const char* begin, const char* end) {
-    m_table.m_cells.push_back({static_cast<std::uint32_t>(begin - m_text),
-                               static_cast<std::uint32_t>(end - m_text)});
+    m_table.m_cells.push_back(
+        {static_cast<std::uint32_t>(begin - m_text), static_cast<std::uint32_t>(end - m_text)});
   }
 
   UserError unclosed() const {

@@ -36,8 +36,9 @@ class Layout {
     source.header_in_comment = m_rules.first_is_no_comment;
     if (m_options.skip || !m_has_preamble) return;
     const std::size_t last = m_rules.line - 1;
-    source.notes.push_back((last == 1 ? "line 1 is" : "lines 1 to " + std::to_string(last) + " are") +
-                           " above the table and left out; --skip changes that.");
+    source.notes.push_back(
+        (last == 1 ? "line 1 is" : "lines 1 to " + std::to_string(last) + " are") +
+        " above the table and left out; --skip changes that.");
   }
 
  private:

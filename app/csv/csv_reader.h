@@ -9,8 +9,8 @@
 namespace kurv::app {
 
 // The table in a text. What the options do not say is found out; a separator that the first line
-// declares, as in "sep=;", counts. Throws UserError, which begins with `path`, when a quotation mark
-// is never closed.
+// declares, as in "sep=;", counts. Throws UserError, which begins with `path`, when a quotation
+// mark is never closed.
 CsvTable parse_csv(std::string text, const std::string& path, const TableOptions& options = {});
 
 // The same for a file, or for standard input where the path is "-". Throws as read_csv_text() does,

@@ -1,4 +1,4 @@
-// A CSV file as a table of texts.
+// A file of rows as a table of texts.
 #pragma once
 
 #include <cstddef>
@@ -7,51 +7,66 @@
 #include <string_view>
 #include <vector>
 
+#include "app/csv/table_options.h"
+
 namespace kurv::app {
 
-// Rows may be of different length. Empty lines are not rows. All text is stored in one
-// buffer, so that the table needs a few times the memory of the file whatever the file holds.
+// How a table is written in its file, apart from what its cells mean.
+struct TableSource {
+  Encoding encoding = Encoding::kUtf8;
+  char separator = ',';
+  // What comment lines begin with; empty where there are none.
+  std::string comment;
+  // The lines before the table that are no part of it, and whether it was the user who named them.
+  std::size_t skipped_lines = 0;
+  // The names of the columns are in the last comment line before the first row.
+  bool header_in_comment = false;
+  // Whole sentences about what was left out or guessed.
+  std::vector<std::string> notes;
+};
+
+// Rows may be of different length. Empty lines and comment lines are not rows. The cells are views
+// of the file's text, so that the table needs a few times the memory of the file whatever the file
+// holds.
 class CsvTable {
  public:
-  explicit CsvTable(char separator) : m_separator(separator) {}
+  explicit CsvTable(std::string text) : m_text(std::move(text)) {}
 
-  char separator() const { return m_separator; }
+  char separator() const { return m_source.separator; }
+  const TableSource& source() const { return m_source; }
+  TableSource& source() { return m_source; }
   std::size_t rows() const { return m_row_starts.size(); }
   // How many fields a row has.
   std::size_t width(std::size_t row) const { return cells_end(row) - m_row_starts[row]; }
   // Without blanks around a field that has no quotes.
-  std::string_view cell(std::size_t row, std::size_t column) const;
+  std::string_view cell(std::size_t row, std::size_t column) const {
+    if (column >= width(row)) return {};
+    const Span& span = m_cells[m_row_starts[row] + column];
+    return {m_text.data() + span.begin, span.end - span.begin};
+  }
   // The line of the file on which the row begins, counted from 1.
   std::size_t line(std::size_t row) const { return m_lines[row]; }
-
-  // For the parser, which fills the table row by row.
-  void reserve_text(std::size_t bytes) { m_text.reserve(bytes); }
-  void begin_row(std::size_t line);
-  void add_cell(std::string_view text);
+  // Some field is in quotation marks.
+  bool has_quotes() const { return m_has_quotes; }
 
  private:
+  friend class CsvParser;
+  // Where a cell is in the text. No file above 2 GiB is read, so 32 bits count its bytes.
+  struct Span {
+    std::uint32_t begin;
+    std::uint32_t end;
+  };
+
   std::size_t cells_end(std::size_t row) const {
-    return row + 1 < rows() ? m_row_starts[row + 1] : m_cell_ends.size();
+    return row + 1 < rows() ? m_row_starts[row + 1] : m_cells.size();
   }
 
-  char m_separator;
-  // No file above 2 GiB is read, so 32 bits count its bytes and its fields.
   std::string m_text;
-  std::vector<std::uint32_t> m_cell_ends;
+  std::vector<Span> m_cells;
   std::vector<std::uint32_t> m_row_starts;
   std::vector<std::uint32_t> m_lines;
+  bool m_has_quotes = false;
+  TableSource m_source;
 };
-
-// Fields may be quoted; quoted ones may hold separators, line ends, and doubled quotation marks.
-// Lines end in LF, CR LF or CR. Throws UserError, which begins with `path`, when a quotation mark
-// is never closed.
-CsvTable parse_csv(std::string_view bytes, char separator, const std::string& path);
-
-// The same with the separator that the first line declares, or else the one that the lines agree
-// on. The line of a declaration is no row.
-CsvTable parse_csv(std::string_view bytes, const std::string& path);
-
-// The same for the text of a file. Throws as read_csv_text() does, too.
-CsvTable read_csv(const std::string& path);
 
 }  // namespace kurv::app

@@ -3,23 +3,57 @@
 #include <KurvGraph/text.h>
 
 #include <string_view>
+#include <utility>
 
 #include "app/base/read_file.h"
 #include "app/base/user_error.h"
 
 namespace kurv::app {
 
-std::string read_csv_text(const std::string& path) {
-  std::string bytes = read_file(path, "CSV", [&](std::string_view block) {
-    if (block.find('\0') == std::string_view::npos) return;
-    throw UserError(path + " is no text; save the table as a CSV file in UTF-8 first.");
-  });
-  constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-  if (bytes.starts_with(kByteOrderMark)) bytes.erase(0, kByteOrderMark.size());
-  if (trim_whitespace(bytes).empty()) {
+namespace {
+
+UserError no_text(const std::string& path) {
+  return UserError(path +
+                   " is no text; save the table as a CSV file first, or name its encoding with "
+                   "--encoding.");
+}
+
+}  // namespace
+
+std::string name_of_source(const std::string& path) {
+  return path == kStandardInput ? "standard input" : path;
+}
+
+DecodedText decode_csv_text(std::string bytes, std::optional<Encoding> encoding,
+                            const std::string& path) {
+  if (!encoding) encoding = encoding_of_beginning(bytes);
+  if (!encoding) throw no_text(path);
+  DecodedText result = decode(std::move(bytes), *encoding);
+  if (result.text.find('\0') != std::string::npos) throw no_text(path);
+  if (trim_whitespace(result.text).empty()) {
     throw UserError(path + " is empty; it needs a row of names and rows of numbers.");
   }
-  return bytes;
+  return result;
+}
+
+DecodedText read_csv_text(const std::string& path, std::optional<Encoding> encoding) {
+  const std::string name = name_of_source(path);
+  // What has no encoding is refused before it is read to its end.
+  bool is_first = true;
+  const auto check_block = [&](std::string_view block) {
+    if (is_first && !encoding) {
+      const std::optional<Encoding> guess = encoding_of_beginning(block);
+      if (!guess) throw no_text(name);
+      if (*guess != Encoding::kUtf8) encoding = guess;
+    }
+    is_first = false;
+    const bool has_nuls =
+        encoding && *encoding >= Encoding::kUtf16Le && *encoding <= Encoding::kUtf32Be;
+    if (!has_nuls && block.find('\0') != std::string_view::npos) throw no_text(name);
+  };
+  std::string bytes = path == kStandardInput ? read_standard_input(check_block)
+                                             : read_file(path, "CSV", check_block);
+  return decode_csv_text(std::move(bytes), encoding, name);
 }
 
 }  // namespace kurv::app

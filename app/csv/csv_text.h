@@ -1,14 +1,26 @@
 // This is where the bytes of a table become text. Another encoding is converted to UTF-8 here, so
-// that the parser and everything after it need not know of it. Bytes that are not UTF-8 are passed
-// on as they are; where a name or a cell is shown, to_utf8() reads them as code page 1252.
+// that the parser and everything after it need not know of it.
 #pragma once
 
+#include <optional>
 #include <string>
+
+#include "app/csv/text_encoding.h"
 
 namespace kurv::app {
 
-// The text of a CSV file, without a UTF-8 byte order mark. A pipe is read like a file. Throws
-// UserError when it cannot be read, is empty, is larger than 2 GiB, or is no text.
-std::string read_csv_text(const std::string& path);
+// A path that means standard input.
+inline constexpr const char* kStandardInput = "-";
+// What messages call the file: its path, or "standard input".
+std::string name_of_source(const std::string& path);
+
+// The text of a table. A pipe is read like a file, and "-" is standard input. Without an encoding
+// it is guessed. Throws UserError when the file cannot be read, is empty, is larger than 2 GiB, or
+// is no text.
+DecodedText read_csv_text(const std::string& path, std::optional<Encoding> encoding = {});
+
+// The same for bytes that have been read.
+DecodedText decode_csv_text(std::string bytes, std::optional<Encoding> encoding,
+                            const std::string& path);
 
 }  // namespace kurv::app

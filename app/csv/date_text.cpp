@@ -8,8 +8,8 @@
 #include <cmath>
 #include <vector>
 
-#include "app/csv/time_axis.h"
 #include "app/csv/month_names.h"
+#include "app/csv/time_axis.h"
 
 namespace kurv::app {
 
@@ -58,7 +58,8 @@ std::optional<Parts> split_date(std::string_view text) {
       while (at < text.size() && is_digit(text[at])) ++at;
       if (at - begin > kLongestNumber) return std::nullopt;
       part.number = 0;
-      for (const char c : text.substr(begin, at - begin)) part.number = part.number * 10 + (c - '0');
+      for (const char c : text.substr(begin, at - begin))
+        part.number = part.number * 10 + (c - '0');
     } else {
       while (at < text.size() && is_letter(text[at])) ++at;
     }
@@ -108,7 +109,8 @@ std::optional<DateValue> numbers(const Parts& parts, DateOrder order) {
     return date(parts[0], parts[1], parts[2]);
   }
   // With points the day is first everywhere.
-  if (order == DateOrder::kMonthFirst && separator != ".") return date(parts[2], parts[0], parts[1]);
+  if (order == DateOrder::kMonthFirst && separator != ".")
+    return date(parts[2], parts[0], parts[1]);
   return date(parts[2], parts[1], parts[0]);
 }
 
@@ -130,7 +132,8 @@ std::optional<DateValue> with_name(const Parts& parts) {
       const Part& other = parts[1 - i];
       if (!month) {
         // "2012-Q1" and "Q1 2012" have three parts, too.
-        const bool quarter = equals_ignoring_case(parts[i].text, "q") && parts[i + 1].separator.empty();
+        const bool quarter =
+            equals_ignoring_case(parts[i].text, "q") && parts[i + 1].separator.empty();
         const Part& year = i == 0 ? parts[2] : parts[0];
         if (!quarter || !year.is_year() || parts[i + 1].number < 1 || parts[i + 1].number > 4) {
           return std::nullopt;
@@ -165,8 +168,8 @@ std::optional<DateValue> parse_day(std::string_view text, DateOrder order) {
       !month_named(parts->front().text)) {
     parts->erase(parts->begin());
   }
-  const bool named = std::any_of(parts->begin(), parts->end(),
-                                 [](const Part& part) { return part.is_name(); });
+  const bool named =
+      std::any_of(parts->begin(), parts->end(), [](const Part& part) { return part.is_name(); });
   if (named) return with_name(*parts);
   if (parts->size() == 3) return numbers(*parts, order);
   if (parts->size() == 1 && text.size() == 8) {
@@ -179,8 +182,8 @@ std::optional<DateValue> parse_day(std::string_view text, DateOrder order) {
   if (first.is_year() && second.text.size() == 2)
     return month_of(first.number, static_cast<unsigned>(second.number));
   // With a point, it is rather a number.
-  const bool is_number = second.separator == "." && (first.text.size() != 2 || second.number < 1800 ||
-                                                     second.number > 2199);
+  const bool is_number = second.separator == "." &&
+                         (first.text.size() != 2 || second.number < 1800 || second.number > 2199);
   if (second.is_year() && first.is_day_or_month() && !is_number)
     return month_of(second.number, static_cast<unsigned>(first.number));
   return std::nullopt;

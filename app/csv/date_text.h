@@ -12,7 +12,8 @@ namespace kurv::app {
 enum class DateKind : std::uint8_t { kMonth, kDay, kInstant, kTimeOfDay };
 
 struct DateValue {
-  // Since the beginning of 1970, in UTC where the text has a zone; of a time of day, since midnight.
+  // Since the beginning of 1970, in UTC where the text has a zone; of a time of day, since
+  // midnight.
   double days;
   DateKind kind;
 };

@@ -110,7 +110,8 @@ std::vector<std::string_view> split_row(std::string_view row, char separator, bo
     while (at < row.size() && !separates(row[at])) ++at;
     const std::string_view field = without_quotes(row.substr(begin, at - begin));
     if (separator == kBlanks && !fields.empty() && are_one_time(fields.back(), field, with_dates)) {
-      const auto length = static_cast<std::size_t>(field.data() + field.size() - fields.back().data());
+      const auto length =
+          static_cast<std::size_t>(field.data() + field.size() - fields.back().data());
       fields.back() = {fields.back().data(), length};
     } else {
       fields.push_back(field);

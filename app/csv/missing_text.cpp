@@ -10,9 +10,9 @@ namespace kurv::app {
 bool is_usual_missing_text(std::string_view text) {
   constexpr std::size_t kLongest = 7;
   constexpr std::array<std::string_view, 28> kTexts{
-      "-",    "--",   "---",  "\u2013", "\u2014", "\u2212", "?",      ".",       "..",     "...",
-      "\u2026", "na",   "n/a",  "n.a.",   "n.a",    "nan",    "null",   "none",    "nil",    "nul",
-      "#n/a", "#na",  "#nv",  "<na>",   "(null)", "missing", "1.#qnan", "#nan"};
+      "-",      "--",  "---", "\u2013", "\u2014", "\u2212",  "?",       ".",    "..",  "...",
+      "\u2026", "na",  "n/a", "n.a.",   "n.a",    "nan",     "null",    "none", "nil", "nul",
+      "#n/a",   "#na", "#nv", "<na>",   "(null)", "missing", "1.#qnan", "#nan"};
   if (text.empty()) return true;
   if (text.size() > kLongest) return false;
   return std::any_of(kTexts.begin(), kTexts.end(),

@@ -28,9 +28,9 @@ struct Names {
 Names collected_names() {
   Names names;
   // English last, so that it decides where languages differ.
-  const QList<QLocale> locales{QLocale(),           QLocale::German,     QLocale::French,
-                               QLocale::Spanish,    QLocale::Italian,    QLocale::Dutch,
-                               QLocale::Portuguese, QLocale::Swedish,    QLocale::Danish,
+  const QList<QLocale> locales{QLocale(),           QLocale::German,          QLocale::French,
+                               QLocale::Spanish,    QLocale::Italian,         QLocale::Dutch,
+                               QLocale::Portuguese, QLocale::Swedish,         QLocale::Danish,
                                QLocale::Polish,     QLocale::NorwegianBokmal, QLocale::c()};
   for (const QLocale& locale : locales) {
     for (const QLocale::FormatType format : {QLocale::LongFormat, QLocale::ShortFormat}) {
@@ -55,7 +55,8 @@ const Names& names() {
 
 std::string key_of(std::string_view name) {
   constexpr std::size_t kLongest = 40;
-  return key(QString::fromUtf8(name.data(), static_cast<qsizetype>(std::min(name.size(), kLongest))));
+  return key(
+      QString::fromUtf8(name.data(), static_cast<qsizetype>(std::min(name.size(), kLongest))));
 }
 
 }  // namespace

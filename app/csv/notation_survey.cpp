@@ -282,8 +282,8 @@ class Survey {
     if (comma != point) return comma > point ? ',' : '.';
     if (comma > 0) return '.';
     // Nothing but numbers such as "1.001" and "1,001".
-    const bool grouped_points =
-        m_points.either.count > 0 && m_table.separator() != ',' && looks_grouped(m_points.either, '.');
+    const bool grouped_points = m_points.either.count > 0 && m_table.separator() != ',' &&
+                                looks_grouped(m_points.either, '.');
     if (grouped_points) return ',';
     if (m_commas.either.count == 0 || m_points.either.count > 0) return '.';
     return m_table.separator() == ',' || looks_grouped(m_commas.either, ',') ? '.' : ',';

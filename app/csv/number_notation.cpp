@@ -86,7 +86,8 @@ class PlainText {
   // Some programs write "D" for double precision.
   bool take_exponent(std::string_view text) {
     const bool is_double = (text.starts_with('D') || text.starts_with('d')) && text.size() > 1 &&
-                           m_size > 0 && (is_digit(m_text[m_size - 1]) || m_text[m_size - 1] == '.');
+                           m_size > 0 &&
+                           (is_digit(m_text[m_size - 1]) || m_text[m_size - 1] == '.');
     if (!is_double) return append(text);
     return append("E") && append(text.substr(1));
   }
@@ -147,8 +148,7 @@ std::optional<Quantity> read_in_brackets(std::string_view text, const NumberNota
   text = text.substr(1, text.size() - 2);
   if (currency.empty()) currency = take_currency(text);
   const bool begins_as_number = is_digit(text.front()) || text.front() == notation.decimal;
-  const std::optional<Double> value =
-      begins_as_number ? read_number(text, notation) : std::nullopt;
+  const std::optional<Double> value = begins_as_number ? read_number(text, notation) : std::nullopt;
   if (!value) return std::nullopt;
   return Quantity{-*value, currency};
 }

@@ -1,5 +1,5 @@
-// Numbers in the notation of a table: its decimal sign, the sign between groups of three digits, and
-// units after or before the number.
+// Numbers in the notation of a table: its decimal sign, the sign between groups of three digits,
+// and units after or before the number.
 #pragma once
 
 #include <KurvGraph/values.h>

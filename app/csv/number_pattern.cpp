@@ -22,9 +22,8 @@ bool is_name_of_times(std::string_view name) {
                                                    "zeit", "datum", "heure", "fecha"};
   const std::string lower = to_lower(name);
   return lower == "t" || lower == "ts" || lower == "x" ||
-         std::any_of(kWords.begin(), kWords.end(), [&](std::string_view word) {
-           return lower.find(word) != std::string::npos;
-         });
+         std::any_of(kWords.begin(), kWords.end(),
+                     [&](std::string_view word) { return lower.find(word) != std::string::npos; });
 }
 
 }  // namespace

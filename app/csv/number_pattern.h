@@ -20,10 +20,10 @@ class NumberPattern {
     m_any = true;
   }
 
-  // Which dates the numbers are. Dates of eight digits where each of them is one, and they are in order
-  // or the column has a name of times; seconds since 1970 where they are between 2000 and 2040, in
-  // order, and the column has such a name. What is
-  // chosen counts for the first column and is not guessed.
+  // Which dates the numbers are. Dates of eight digits where each of them is one, and they are in
+  // order or the column has a name of times; seconds since 1970 where they are between 2000 and
+  // 2040, in order, and the column has such a name. What is chosen counts for the first column and
+  // is not guessed.
   DateSurvey::Digits dates(std::optional<DateOrder> chosen, std::string_view name,
                            std::size_t column) const;
 

@@ -1,11 +1,14 @@
 #include "app/csv/table_columns.h"
 
+#include <KurvGraph/number_text.h>
+
 #include <algorithm>
+#include <cmath>
 #include <limits>
 #include <numeric>
 #include <utility>
 
-#include "app/csv/column_names.h"
+#include "app/csv/number_pattern.h"
 
 namespace kurv::app {
 
@@ -17,6 +20,10 @@ constexpr int kMaxKept = 1 + kMaxCurves;
 // that the values of columns which turn out to be words take little of it.
 constexpr std::size_t kColumnsAtOnce = 32;
 constexpr double kNoValue = std::numeric_limits<double>::quiet_NaN();
+
+bool begins_as_number(std::string_view text) {
+  return !text.empty() && ((text.front() >= '0' && text.front() <= '9') || text.front() == '-');
+}
 
 // Empty where the rows come in that order.
 std::vector<std::uint32_t> longest_rows_first(const CsvTable& table, const DataRows& rows) {
@@ -42,37 +49,60 @@ struct TableColumns::Reading {
   std::size_t points;
   // Empty until a cell has a number or a date.
   std::vector<Double> values;
-  // The indexes of the dates among the values.
-  std::vector<std::uint32_t> dates;
+  // Where the values are that are not numbers, and of which kind they are.
+  std::vector<std::pair<std::uint32_t, CellKind>> others;
+  // What all numbers of the column could be instead.
+  NumberPattern pattern;
+
+  void add_number(Double value, std::size_t row, std::size_t index) {
+    survey.add_number(row);
+    pattern.add(value);
+    keep(value, index);
+  }
 
   void add(const CellValue& cell, std::size_t row, std::size_t index) {
-    survey.add(cell.kind, row);
-    const bool has_value = cell.kind == CellKind::kNumber || cell.kind == CellKind::kDate;
-    if (points == 0 || !has_value) return;
+    survey.add(cell, row);
+    const bool is_date = cell.kind == CellKind::kDate || cell.kind == CellKind::kTime;
+    if (cell.kind == CellKind::kNumber) pattern.add(cell.value);
+    if (cell.kind != CellKind::kNumber && !is_date) return;
+    keep(cell.value, index);
+    if (points > 0 && is_date) others.emplace_back(static_cast<std::uint32_t>(index), cell.kind);
+  }
+
+  void keep(Double value, std::size_t index) {
+    if (points == 0) return;
     if (values.empty()) values.assign(points, kNoValue);
-    values[index] = cell.value;
-    if (cell.kind == CellKind::kDate) dates.push_back(static_cast<std::uint32_t>(index));
+    values[index] = value;
   }
 
   // Keeps only the values of the column's kind.
   void drop_mismatches() {
-    if (dates.empty()) return;
-    std::vector<Double> only_dates(values.size(), kNoValue);
-    for (const std::uint32_t index : dates) {
-      only_dates[index] = std::exchange(values[index], kNoValue);
+    if (others.empty()) return;
+    const bool dates = survey.kind() == ColumnKind::kDates;
+    const CellKind wanted = survey.only_times() ? CellKind::kTime : CellKind::kDate;
+    std::vector<Double> kept(values.size(), kNoValue);
+    for (const auto& [index, kind] : others) {
+      const Double value = std::exchange(values[index], kNoValue);
+      if (kind == wanted) kept[index] = value;
     }
-    if (survey.kind() == ColumnKind::kDates) values = std::move(only_dates);
+    if (dates) values = std::move(kept);
+  }
+
+  void read_numbers_as(DateSurvey::Digits digits) {
+    if (digits == DateSurvey::Digits::kNone) return;
+    survey.read_numbers_as(digits);
+    for (Double& value : values) value = days_of_number(value, digits);
   }
 };
 
 TableColumns::TableColumns(const CsvTable& table, const CsvDialect& dialect, std::size_t every)
     : m_table(&table),
       m_dialect(dialect),
-      m_rows(table, dialect.header, every),
-      m_names(column_names(table, dialect.header)),
+      m_rows(table, dialect, every),
+      m_names(column_names(table, dialect)),
       m_longest_first(longest_rows_first(table, m_rows)),
-      m_surveys(m_names.size()),
-      m_kept(m_names.size()) {
+      m_surveys(size()),
+      m_kept(size()) {
   if (has_drawable_rows()) {
     m_values = {1, static_cast<int>(size()), 1, static_cast<int>(m_rows.size())};
   }
@@ -103,6 +133,11 @@ const ColumnSurvey& TableColumns::survey(std::size_t column) {
   return *m_surveys[column];
 }
 
+const std::string& TableColumns::unit(std::size_t column) {
+  const std::string& of_header = m_names.units[column];
+  return of_header.empty() ? survey(column).unit() : of_header;
+}
+
 void TableColumns::copy_values(std::size_t column, Matrix<Double>& matrix, int target) {
   read({column});
   if (m_kept[column]) {
@@ -116,7 +151,8 @@ void TableColumns::copy_values(std::size_t column, Matrix<Double>& matrix, int t
 std::vector<TableColumns::Reading> TableColumns::parsed(const std::vector<std::size_t>& columns,
                                                         std::size_t points) const {
   std::vector<Reading> readings;
-  for (const std::size_t column : columns) readings.push_back({column, {}, points, {}, {}});
+  for (const std::size_t column : columns) readings.push_back({column, {}, points, {}, {}, {}});
+  const bool has_points = m_dialect.notation.numbers.decimal == '.' && !m_dialect.missing;
   for (std::size_t i = 0; i < m_rows.size(); ++i) {
     const std::size_t index = m_longest_first.empty() ? i : m_longest_first[i];
     const std::size_t row = m_rows.row(index);
@@ -124,10 +160,23 @@ std::vector<TableColumns::Reading> TableColumns::parsed(const std::vector<std::s
     if (width <= columns.front()) break;
     for (Reading& reading : readings) {
       if (width <= reading.column) break;
-      reading.add(read_cell(m_table->cell(row, reading.column), m_dialect), row, index);
+      const std::string_view text = m_table->cell(row, reading.column);
+      // Most cells are plain numbers.
+      const std::optional<Double> value =
+          has_points && begins_as_number(text) ? text_to_number(text) : std::nullopt;
+      if (value && std::isfinite(*value)) {
+        reading.add_number(*value, row, index);
+      } else {
+        reading.add(read_cell(text, m_dialect), row, index);
+      }
     }
   }
-  for (Reading& reading : readings) reading.drop_mismatches();
+  for (Reading& reading : readings) {
+    reading.drop_mismatches();
+    if (reading.survey.kind() != ColumnKind::kNumbers) continue;
+    reading.read_numbers_as(
+        reading.pattern.dates(m_dialect.chosen_dates, names()[reading.column], reading.column));
+  }
   return readings;
 }
 

@@ -11,30 +11,13 @@
 #include <string>
 #include <vector>
 
+#include "app/csv/column_names.h"
 #include "app/csv/column_survey.h"
 #include "app/csv/csv_dialect.h"
 #include "app/csv/csv_table.h"
+#include "app/csv/data_rows.h"
 
 namespace kurv::app {
-
-// The rows of a table that are drawn: each n-th one after the header.
-class DataRows {
- public:
-  DataRows(const CsvTable& table, bool header, std::size_t every)
-      : m_first(header ? 1 : 0), m_total(table.rows() - m_first), m_every(every) {}
-
-  std::size_t total() const { return m_total; }
-  std::size_t size() const { return m_total == 0 ? 0 : (m_total - 1) / m_every + 1; }
-  std::size_t every() const { return m_every; }
-  // The table's row, and its number among all data rows, counted from 1.
-  std::size_t row(std::size_t index) const { return m_first + index * m_every; }
-  std::size_t number(std::size_t index) const { return index * m_every + 1; }
-
- private:
-  std::size_t m_first;
-  std::size_t m_total;
-  std::size_t m_every;
-};
 
 // Parses each cell once: the pass that counts what a column holds also yields its values. Columns
 // that are never asked for are not parsed. Keeps the values of as many columns as a graph can hold,
@@ -47,8 +30,9 @@ class TableColumns {
   const CsvTable& table() const { return *m_table; }
   const CsvDialect& dialect() const { return m_dialect; }
   const DataRows& rows() const { return m_rows; }
-  const std::vector<std::string>& names() const { return m_names; }
-  std::size_t size() const { return m_names.size(); }
+  // All different: what the columns are drawn as.
+  const std::vector<std::string>& names() const { return m_names.names; }
+  std::size_t size() const { return m_names.names.size(); }
 
   // Reads several columns in one pass, which is faster than one pass for each. Columns that have
   // been read are skipped.
@@ -58,6 +42,8 @@ class TableColumns {
   // Both read the column where that has not been done.
   const ColumnSurvey& survey(std::size_t column);
   ColumnKind kind(std::size_t column) { return survey(column).kind(); }
+  // What the column is measured in, as the header or else the cells say; empty where neither does.
+  const std::string& unit(std::size_t column);
   // Makes the values of the column, numbers or dates as its kind is, the column `target` of a
   // matrix whose points are 1 to the number of rows, at most kMaxPoints.
   void copy_values(std::size_t column, Matrix<Double>& matrix, int target);
@@ -72,7 +58,7 @@ class TableColumns {
   const CsvTable* m_table;
   CsvDialect m_dialect;
   DataRows m_rows;
-  std::vector<std::string> m_names;
+  ColumnNames m_names;
   // Indexes into m_rows, the longest row first, so that the cells of a column are in the first of
   // them, and one long row costs no more time than its cells do. Empty where the rows come in that
   // order.

@@ -7,16 +7,20 @@
 #include <cmath>
 #include <limits>
 #include <string_view>
+#include <unordered_set>
 
 #include "app/base/message_text.h"
 #include "app/base/user_error.h"
-#include "app/csv/iso_date.h"
+#include "app/csv/csv_reader.h"
+#include "app/csv/csv_text.h"
+#include "app/csv/time_axis.h"
 
 namespace kurv::app {
 
 namespace {
 
 constexpr double kNoValue = std::numeric_limits<double>::quiet_NaN();
+constexpr std::size_t kNamesInASentence = 10;
 
 void check_row_count(const DataRows& rows, const std::string& path) {
   if (rows.size() == 0) {
@@ -56,6 +60,38 @@ void warn_of_long_rows(const TableColumns& columns, TableData& data) {
                           "; the fields without a name are left out.");
 }
 
+// The columns that count for the length of a row: those that have a name or a value.
+std::size_t expected_width(TableColumns& columns) {
+  std::size_t width = columns.size();
+  const auto has_name = [&](std::size_t column) {
+    return !header_text(columns.table(), columns.dialect(), column).empty();
+  };
+  while (width > 1 && !has_name(width - 1) && columns.kind(width - 1) == ColumnKind::kEmpty) {
+    --width;
+  }
+  return width;
+}
+
+void warn_of_short_rows(TableColumns& columns, TableData& data) {
+  const CsvTable& table = columns.table();
+  const DataRows& rows = columns.rows();
+  const bool header = columns.dialect().header;
+  std::size_t count = 0;
+  std::size_t first = 0;
+  std::size_t width = columns.size();
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    if (table.width(rows.row(i)) >= width) continue;
+    if (count == 0 && width == columns.size()) width = expected_width(columns);
+    if (table.width(rows.row(i)) >= width) continue;
+    if (count++ == 0) first = rows.row(i);
+  }
+  if (count == 0) return;
+  data.warnings.push_back(
+      std::to_string(count) + (count == 1 ? " row is" : " rows are") + " shorter than the " +
+      (header ? "header" : "longest one") + " (line " + std::to_string(table.line(first)) +
+      (count == 1 ? ")" : " is the first)") + "; the fields that are not there count as missing.");
+}
+
 void warn_of_unusable_cells(TableColumns& columns, std::size_t column, TableData& data) {
   const CsvTable& table = columns.table();
   const ColumnSurvey& survey = columns.survey(column);
@@ -68,6 +104,8 @@ void warn_of_unusable_cells(TableColumns& columns, std::size_t column, TableData
         std::to_string(table.line(tally.first_row)) + "; they count as missing.");
   };
   warn(survey.infinite(), "an infinite or too large number");
+  warn(survey.limits(), "a limit");
+  warn(survey.errors(), "an error of a spreadsheet");
   const bool dates = survey.kind() == ColumnKind::kDates;
   warn(survey.mismatches(), dates ? "something else than a date" : "something else than a number");
 }
@@ -79,27 +117,76 @@ void add_column(TableColumns& columns, std::size_t column, TableData& data, int 
   columns.copy_values(column, data.values, target);
 }
 
-// Turns days since 1970 into what an axis can show, and says in the name what that is.
-void rescale_dates(Column<Double> days, std::string& name) {
-  double first = std::numeric_limits<double>::infinity();
-  double last = -first;
-  for (int i = days.lower(); i <= days.upper(); ++i) {
-    // Comparisons with a missing value are false.
-    if (days(i) < first) first = days(i);
-    if (days(i) > last) last = days(i);
-  }
-  const bool short_span = within_two_years(first, last);
-  name += short_span ? " (days since " + iso_date_text(first) + ")" : " (decimal year)";
-  for (int i = days.lower(); i <= days.upper(); ++i) {
-    if (std::isnan(days(i))) continue;
-    days(i) = short_span ? days(i) - std::floor(first) : decimal_year(days(i));
-  }
+// Dates that are written as numbers have been guessed.
+void warn_of_digits(const ColumnSurvey& survey, const std::string& name, TableData& data) {
+  using Digits = DateSurvey::Digits;
+  const Digits digits = survey.dates().digits;
+  if (digits == Digits::kNone) return;
+  const char* const kind = digits == Digits::kYearMonthDay  ? "dates of eight digits"
+                           : digits == Digits::kUnixSeconds ? "seconds since 1970"
+                                                            : "milliseconds since 1970";
+  data.warnings.push_back("column " + in_quotes(name) + " is read as " + kind +
+                          "; --dates changes that.");
 }
 
 void number_rows(const DataRows& rows, Column<Double> target) {
   for (std::size_t i = 0; i < rows.size(); ++i) {
     target(static_cast<int>(i) + 1) = static_cast<double>(rows.number(i));
   }
+}
+
+// The dates of a day and the times of day of another column.
+void add_times(TableColumns& columns, std::size_t time, TableData& data) {
+  warn_of_unusable_cells(columns, time, data);
+  Matrix<Double> times(1, 1, 1, data.values.upper_point());
+  columns.copy_values(time, times, 1);
+  Column<Double> days = data.values.column(1);
+  for (int i = days.lower(); i <= days.upper(); ++i) days(i) += times(1, i);
+}
+
+void add_x(TableColumns& columns, const Choice& choice, TableData& data) {
+  if (!choice.x) {
+    data.names(1) = "row";
+    return number_rows(columns.rows(), data.values.column(1));
+  }
+  add_column(columns, *choice.x, data, 1);
+  if (columns.kind(*choice.x) != ColumnKind::kDates) return;
+  const ColumnSurvey& survey = columns.survey(*choice.x);
+  DateKind kind = survey.only_times() ? DateKind::kTimeOfDay : survey.dates().kind;
+  if (choice.time) {
+    add_times(columns, *choice.time, data);
+    kind = DateKind::kInstant;
+  }
+  data.names(1) += " (" + rescale_dates(data.values.column(1), kind) + ')';
+  warn_of_digits(survey, columns.names()[*choice.x], data);
+}
+
+// Graph files separate names by commas, so that a name with one would come back as two.
+void remove_commas(TableData& data) {
+  std::vector<std::string> changed;
+  std::unordered_set<std::string> taken;
+  for (int i = data.names.lower(); i <= data.names.upper(); ++i) taken.insert(data.names(i));
+  for (int i = data.names.lower(); i <= data.names.upper(); ++i) {
+    const std::string name = data.names(i);
+    if (name.find(',') == std::string::npos) continue;
+    std::string without;
+    for (const char c : name) {
+      const char letter = c == ',' ? ' ' : c;
+      if (letter != ' ' || !without.ends_with(' ')) without.push_back(letter);
+    }
+    without = trim_blanks(without);
+    std::string unique = without;
+    for (int suffix = 2; !taken.insert(unique).second; ++suffix) {
+      unique = without + " (" + std::to_string(suffix) + ")";
+    }
+    data.names(i) = unique;
+    changed.push_back(name);
+  }
+  if (changed.empty()) return;
+  data.warnings.push_back((changed.size() == 1 ? "the name " : "the names ") +
+                          enumeration(changed, kNamesInASentence) +
+                          (changed.size() == 1 ? " has" : " have") +
+                          " a blank for each comma, at which a graph file separates names.");
 }
 
 }  // namespace
@@ -114,20 +201,20 @@ TableData make_table_data(TableColumns& columns, const Selection& selection,
   const Choice choice = choose_columns(columns, selection, path);
 
   const int width = 1 + static_cast<int>(choice.y.size());
-  TableData data{{1, width, 1, static_cast<int>(rows.size())}, {1, width}, choice.warnings};
+  TableData data{{1, width, 1, static_cast<int>(rows.size())}, {1, width}, {}};
+  const auto add_notes = [&](const std::vector<std::string>& notes) {
+    data.warnings.insert(data.warnings.end(), notes.begin(), notes.end());
+  };
+  add_notes(columns.table().source().notes);
+  add_notes(columns.dialect().notes);
+  add_notes(choice.warnings);
   warn_of_long_rows(columns, data);
-  if (choice.x) {
-    add_column(columns, *choice.x, data, 1);
-    if (columns.kind(*choice.x) == ColumnKind::kDates) {
-      rescale_dates(data.values.column(1), data.names(1));
-    }
-  } else {
-    data.names(1) = "row";
-    number_rows(rows, data.values.column(1));
-  }
+  warn_of_short_rows(columns, data);
+  add_x(columns, choice, data);
   for (int curve = 1; curve < width; ++curve) {
     add_column(columns, choice.y[static_cast<std::size_t>(curve) - 1], data, curve + 1);
   }
+  remove_commas(data);
   return data;
 }
 
@@ -135,6 +222,15 @@ TableData make_table_data(const CsvTable& table, const Selection& selection,
                           const std::string& path) {
   TableColumns columns(table, detect_dialect(table), selection.every);
   return make_table_data(columns, selection, path);
+}
+
+TableData read_table_data(const std::string& path, const TableOptions& options) {
+  const CsvTable table = read_csv(path, options);
+  TableColumns columns(table, detect_dialect(table, options), options.selection.every);
+  const std::string name = name_of_source(path);
+  TableData data = make_table_data(columns, options.selection, name);
+  check_drawable(data, options.selection, name);
+  return data;
 }
 
 void check_drawable(const TableData& data, const Selection& selection, const std::string& path) {

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "app/csv/column_choice.h"
-#include "app/csv/csv_table.h"
+#include "app/csv/csv_reader.h"
 #include "app/csv/table_columns.h"
 
 namespace kurv::app {
@@ -18,18 +18,23 @@ namespace kurv::app {
 struct TableData {
   Matrix<Double> values;
   List<String> names;
-  // Whole sentences about what was left out.
+  // Whole sentences about what was left out or guessed.
   std::vector<std::string> warnings;
 };
 
-// Dates in the x column become decimal years, or days where they span less than two years. The
+// Dates in the x column become numbers as rescale_dates() says. Commas in names become blanks. The
 // columns must have been made with the selection's `every`. Throws UserError, which begins with
 // `path`, when the table cannot be drawn.
 TableData make_table_data(TableColumns& columns, const Selection& selection,
                           const std::string& path);
-// The same for a table that is used once.
+// The same for a table of which nothing has been chosen but this.
 TableData make_table_data(const CsvTable& table, const Selection& selection,
                           const std::string& path);
+
+// A file, or standard input where the path is "-", as data that can be drawn. This is all that a
+// program needs of a table whose columns are not shown to anybody. Throws UserError as read_csv(),
+// make_table_data() and check_drawable() do.
+TableData read_table_data(const std::string& path, const TableOptions& options);
 
 // Throws UserError for data that would leave the graph empty: it needs two rows, and values of x
 // that differ.

@@ -92,8 +92,8 @@ class StartFinder {
     (row.is_comment ? m_comments : m_rows).push_back(row);
   }
 
-  // The first field of a column of values must be no word, as it is in a line of a preamble, and most
-  // of the others must be none.
+  // The first field of a column of values must be no word, as it is in a line of a preamble, and
+  // most of the others must be none.
   bool is_row_of_values(const Fields& fields) const {
     if (!has_table_width(fields.size())) return false;
     std::size_t values = 0;
@@ -131,8 +131,7 @@ class StartFinder {
       }
     }
     // Of the lines above the values, the first that has a name for each column.
-    while (first + 1 < end &&
-           (m_rows[first].fields != m_width || m_rows[first].has_empty_field) &&
+    while (first + 1 < end && (m_rows[first].fields != m_width || m_rows[first].has_empty_field) &&
            m_rows[first + 1].fields == m_width && !m_rows[first + 1].has_empty_field) {
       ++first;
     }

@@ -14,6 +14,7 @@ std::string separator_name(char separator) {
   if (separator == ',') return "commas";
   if (separator == ';') return "semicolons";
   if (separator == '\t') return "tabs";
+  if (separator == kBlanks) return "blanks";
   return std::string("\"") + separator + '"';
 }
 
@@ -40,10 +41,38 @@ TableSurvey survey_table(TableColumns& columns) {
 }
 
 std::string description(const CsvDialect& dialect, char separator) {
-  const std::string comma = dialect.decimal_comma ? ", numbers have a decimal comma," : "";
+  const std::string comma =
+      dialect.notation.numbers.decimal == ',' ? ", numbers have a decimal comma," : "";
   const std::string names = dialect.header ? " and the first line holds the names of the columns."
                                            : " and the columns have no names.";
   return "The fields are separated by " + separator_name(separator) + comma + names;
+}
+
+std::string separator_text(char separator) {
+  if (separator == '\t') return "tab";
+  if (separator == kBlanks) return "blanks";
+  if (separator == kFixedWidth) return "fixed width";
+  return {separator};
+}
+
+std::string sign_text(char sign) {
+  if (sign == '\0') return "none";
+  if (sign == ' ') return "blank";
+  return {sign};
+}
+
+std::string kind_name(ColumnKind kind) {
+  switch (kind) {
+    case ColumnKind::kNumbers:
+      return "numbers";
+    case ColumnKind::kDates:
+      return "dates";
+    case ColumnKind::kWords:
+      return "words";
+    case ColumnKind::kEmpty:
+      break;
+  }
+  return "empty";
 }
 
 std::string in_dialog_words(std::string sentence) {

@@ -25,6 +25,12 @@ TableSurvey survey_table(TableColumns& columns);
 // first line holds the names.
 std::string description(const CsvDialect& dialect, char separator);
 
+// As the options of the command line take them: "tab", "blanks", "fixed width" or the character,
+// and a sign, "none" without one. The kind is "numbers", "dates", "words" or "empty".
+std::string separator_text(char separator);
+std::string sign_text(char sign);
+std::string kind_name(ColumnKind kind);
+
 // Replaces the names of command line options by those of the fields of the import dialog.
 std::string in_dialog_words(std::string sentence);
 

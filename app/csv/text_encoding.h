@@ -28,8 +28,8 @@ struct DecodedText {
   std::size_t first_foreign_line = 0;
 };
 
-// The bytes as UTF-8, without a byte order mark. Text that is said to be UTF-8 and is not is read as
-// code page 1252. Units that are no characters become U+FFFD.
+// The bytes as UTF-8, without a byte order mark. Text that is said to be UTF-8 and is not is read
+// as code page 1252. Units that are no characters become U+FFFD.
 DecodedText decode(std::string bytes, Encoding encoding);
 
 }  // namespace kurv::app

@@ -10,15 +10,17 @@ namespace kurv::app {
 namespace {
 
 constexpr std::array<std::string_view, 91> kUnits{
-    "EUR",   "USD",  "GBP",  "CHF",  "\u20AC",  "$",       "\u00A3", "\u00A5",
-    "s",     "sec",   "ms",   "us",   "\u00B5s", "\u03BCs", "ns",   "min",  "h",    "hr",   "d",
-    "day",   "days",  "yr",   "year", "years",   "m",       "mm",   "cm",   "km",   "nm",   "um",
-    "\u00B5m", "\u03BCm", "in", "ft",  "g",       "kg",      "mg",   "t",    "lb",   "K",    "C",
-    "F",     "\u00B0C", "\u00B0F", "\u00B0", "deg", "degC", "rad",  "%",    "\u2030", "ppm", "ppb",
-    "V",     "mV",    "kV",   "A",    "mA",      "W",       "kW",   "MW",   "kWh",  "Wh",   "J",
-    "kJ",    "N",     "kN",   "Nm",   "Pa",      "hPa",     "kPa",  "MPa",  "bar",  "mbar", "Hz",
-    "kHz",   "MHz",   "GHz",  "dB",   "l",       "L",       "ml",   "mL",   "mol",  "lx",   "rpm",
-    "Ohm",   "\u03A9", "\u2126", "-",  "count",   "psu"};
+    "EUR",  "USD",  "GBP",  "CHF",     "\u20AC",  "$",      "\u00A3",  "\u00A5",  "s",
+    "sec",  "ms",   "us",   "\u00B5s", "\u03BCs", "ns",     "min",     "h",       "hr",
+    "d",    "day",  "days", "yr",      "year",    "years",  "m",       "mm",      "cm",
+    "km",   "nm",   "um",   "\u00B5m", "\u03BCm", "in",     "ft",      "g",       "kg",
+    "mg",   "t",    "lb",   "K",       "C",       "F",      "\u00B0C", "\u00B0F", "\u00B0",
+    "deg",  "degC", "rad",  "%",       "\u2030",  "ppm",    "ppb",     "V",       "mV",
+    "kV",   "A",    "mA",   "W",       "kW",      "MW",     "kWh",     "Wh",      "J",
+    "kJ",   "N",    "kN",   "Nm",      "Pa",      "hPa",    "kPa",     "MPa",     "bar",
+    "mbar", "Hz",   "kHz",  "MHz",     "GHz",     "dB",     "l",       "L",       "ml",
+    "mL",   "mol",  "lx",   "rpm",     "Ohm",     "\u03A9", "\u2126",  "-",       "count",
+    "psu"};
 
 bool is_one_of_the_units(std::string_view text) {
   while (!text.empty() && text.back() >= '0' && text.back() <= '9') text.remove_suffix(1);
@@ -30,7 +32,8 @@ bool is_one_of_the_units(std::string_view text) {
     return std::find(kUnits.begin(), kUnits.end(), unit) != kUnits.end();
   };
   if (is_known(text)) return true;
-  for (const std::string_view prefix : {"k", "M", "G", "m", "\u00B5", "\u03BC", "u", "n", "c", "d"}) {
+  for (const std::string_view prefix :
+       {"k", "M", "G", "m", "\u00B5", "\u03BC", "u", "n", "c", "d"}) {
     if (text.size() > prefix.size() && text.starts_with(prefix) &&
         is_known(text.substr(prefix.size()))) {
       return true;

@@ -9,8 +9,8 @@ namespace kurv::app {
 // made of usual ones, "m/s" or "W m-2".
 bool is_unit_text(std::string_view text);
 
-// The unit at the end of a name, "s" of "time [s]" and "°C" of "Temp (°C)", and the name without it.
-// The unit is empty where there is none.
+// The unit at the end of a name, "s" of "time [s]" and "°C" of "Temp (°C)", and the name without
+// it. The unit is empty where there is none.
 struct NameAndUnit {
   std::string_view name;
   std::string_view unit;

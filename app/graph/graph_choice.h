@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "app/csv/column_choice.h"
+#include "app/csv/table_options.h"
 
 namespace kurv::app {
 
@@ -31,7 +31,7 @@ struct Derivation {
 // its comment names.
 struct GraphChoice {
   std::optional<QSize> size;  // logical pixels; kDefaultSize
-  Selection selection;
+  TableOptions table;
   std::optional<std::string> title;     // the data file's name
   std::optional<std::string> subtitle;  // none
   std::optional<bool> lines;            // yes

@@ -11,7 +11,7 @@
 
 #include "app/base/message_text.h"
 #include "app/base/user_error.h"
-#include "app/csv/csv_table.h"
+#include "app/csv/csv_text.h"
 #include "app/graph/message_recorder.h"
 
 namespace kurv::app {
@@ -89,18 +89,6 @@ auto drawing(const GraphChoice& choice, const GraphSource& source, const Work& w
   }
 }
 
-void refuse_table_choices(const GraphChoice& choice, const std::string& path) {
-  const char* option = nullptr;
-  if (choice.selection.x) option = "--x";
-  if (!choice.selection.y.empty()) option = "--y";
-  if (choice.selection.every != 1) option = "--every";
-  if (choice.sort) option = "--sort";
-  if (option == nullptr) return;
-  throw UserError(
-      path + " is a graph file, which has its columns and rows in it; leave out " + option + ".",
-      kUsageFailure);
-}
-
 std::optional<std::string> utf8(const std::optional<QString>& text) {
   return text ? std::optional(text->toStdString()) : std::nullopt;
 }
@@ -124,6 +112,12 @@ void check_curve_count(const GraphChoice& choice, const GraphSource& source) {
                   " without those of --derive; choose fewer with --y.");
 }
 
+[[noreturn]] void refuse_for_graph_file(const std::string& option, const std::string& path) {
+  throw UserError(
+      path + " is a graph file, which has its columns and rows in it; leave out " + option + ".",
+      kUsageFailure);
+}
+
 // The texts of the command line convert by the graph's own rules, which differ from QVariant's.
 QVariant converted(ValueType type, const Variant& value) {
   if (type == ValueType::kInteger) return int{to_integer(value)};
@@ -135,15 +129,30 @@ QVariant converted(ValueType type, const Variant& value) {
 
 }  // namespace
 
+void refuse_table_options(const TableOptions& table, const std::string& path) {
+  const char* option = nullptr;
+  if (table.encoding) option = "--encoding";
+  if (table.separator) option = "--separator";
+  if (table.skip) option = "--skip";
+  if (table.comment) option = "--comment";
+  if (table.header) option = "--header";
+  if (table.decimal) option = "--decimal";
+  if (table.thousands) option = "--thousands";
+  if (table.missing) option = "--missing";
+  if (table.dates) option = "--dates";
+  if (table.selection.x) option = "--x";
+  if (!table.selection.y.empty()) option = "--y";
+  if (table.selection.every != 1) option = "--every";
+  if (option != nullptr) refuse_for_graph_file(option, path);
+}
+
 GraphSource load(const std::string& path, const GraphChoice& choice) {
   if (is_graph_file(path)) {
-    refuse_table_choices(choice, path);
+    refuse_table_options(choice.table, path);
+    if (choice.sort) refuse_for_graph_file("--sort", path);
     return {path, std::nullopt};
   }
-  const CsvTable table = read_csv(path);
-  TableData data = make_table_data(table, choice.selection, path);
-  check_drawable(data, choice.selection, path);
-  GraphSource source{path, std::move(data)};
+  GraphSource source{name_of_source(path), read_table_data(path, choice.table)};
   check_curve_count(choice, source);
   return source;
 }

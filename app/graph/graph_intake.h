@@ -30,6 +30,10 @@ struct GraphSource {
 // graph file and the choice selects columns or rows.
 GraphSource load(const std::string& path, const GraphChoice& choice);
 
+// Throws UserError with kUsageFailure where an option is about a table, and the file is a graph
+// file.
+void refuse_table_options(const TableOptions& table, const std::string& path);
+
 // Sets a property by its row of the table; the value converts to the property's type.
 void set_property_value(Control& graph, const Member& property, const Variant& value);
 void set_property_value(KurvGraph& graph, const Member& property, const Variant& value);

@@ -356,7 +356,7 @@ void ImportDialog::accept() {
 
 GraphChoice ImportDialog::choice() const {
   GraphChoice choice;
-  choice.selection = selection();
+  choice.table.selection = selection();
   choice.title = on_one_line(m_title->text().toStdString());
   choice.sort = m_sort->isChecked();
   return choice;

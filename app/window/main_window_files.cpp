@@ -18,7 +18,7 @@
 
 #include "app/base/message_text.h"
 #include "app/base/user_error.h"
-#include "app/csv/csv_table.h"
+#include "app/csv/csv_reader.h"
 #include "app/graph/picture_file.h"
 #include "app/window/import_dialog.h"
 #include "app/window/main_menu.h"

@@ -40,7 +40,7 @@ QVariant TablePreview::data(const QModelIndex& index, int role) const {
     return QVariant(side | Qt::AlignVCenter);
   }
   if (role != Qt::DisplayRole) return {};
-  const std::size_t row = static_cast<std::size_t>(index.row()) + (m_survey.dialect.header ? 1 : 0);
+  const std::size_t row = static_cast<std::size_t>(index.row()) + m_survey.dialect.first_row;
   return shown(m_table.cell(row, static_cast<std::size_t>(index.column())));
 }
 

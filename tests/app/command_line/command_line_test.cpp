@@ -48,9 +48,9 @@ TEST(CommandLine, HasADefaultForEverythingButTheFiles) {
   EXPECT_EQ(request.picture_file, "picture.png");
   EXPECT_FALSE(request.size);
   EXPECT_EQ(request.scale, 1);
-  EXPECT_FALSE(request.selection.x);
-  EXPECT_THAT(request.selection.y, IsEmpty());
-  EXPECT_EQ(request.selection.every, 1u);
+  EXPECT_FALSE(request.table.selection.x);
+  EXPECT_THAT(request.table.selection.y, IsEmpty());
+  EXPECT_EQ(request.table.selection.every, 1u);
   EXPECT_FALSE(request.title);
   EXPECT_FALSE(request.subtitle);
   EXPECT_FALSE(request.lines);
@@ -66,13 +66,13 @@ TEST(CommandLine, TakesAllOptions) {
                   "--subtitle", "below", "--no-lines", "--markers", "--sort", "--every", "3"});
   EXPECT_EQ(request.size, QSize(640, 480));
   EXPECT_EQ(request.scale, 1.5);
-  EXPECT_EQ(request.selection.x, "t");
+  EXPECT_EQ(request.table.selection.x, "t");
   EXPECT_EQ(request.title, "A title");
   EXPECT_EQ(request.subtitle, "below");
   EXPECT_EQ(request.lines, false);
   EXPECT_EQ(request.markers, true);
   EXPECT_TRUE(request.sort);
-  EXPECT_EQ(request.selection.every, 3u);
+  EXPECT_EQ(request.table.selection.every, 3u);
 }
 
 TEST(CommandLine, AnEmptyTitleIsATitle) {
@@ -87,7 +87,7 @@ TEST(CommandLine, OfTwoContrarySwitchesTheLaterCounts) {
 }
 
 TEST(CommandLine, NamesOfCurvesComeInListsAndRepeatedly) {
-  EXPECT_THAT(request_of({"--y", "a, b", "--y", "\"c, d\",e"}).selection.y,
+  EXPECT_THAT(request_of({"--y", "a, b", "--y", "\"c, d\",e"}).table.selection.y,
               ElementsAre("a", "b", "c, d", "e"));
   const Command command = parsed({"render", "--y", "a", "data.csv", "-o", "picture.png"});
   EXPECT_EQ(std::get<RenderRequest>(command).data_file, "data.csv");
@@ -198,9 +198,9 @@ TEST(CommandLine, FilesWithoutACommandAreForWindowsWithTheSameChoices) {
        "--no-lines", "--markers", "--sort", "--every", "2", "--set", "NumTicks=5", "b.csv"}));
   EXPECT_THAT(request.data_files, ElementsAre("a.csv", "b.csv"));
   EXPECT_EQ(request.size, QSize(640, 480));
-  EXPECT_EQ(request.selection.x, "t");
-  EXPECT_THAT(request.selection.y, ElementsAre("a", "b"));
-  EXPECT_EQ(request.selection.every, 2u);
+  EXPECT_EQ(request.table.selection.x, "t");
+  EXPECT_THAT(request.table.selection.y, ElementsAre("a", "b"));
+  EXPECT_EQ(request.table.selection.every, 2u);
   EXPECT_EQ(request.title, "T");
   EXPECT_EQ(request.subtitle, "S");
   EXPECT_EQ(request.lines, false);
@@ -216,7 +216,7 @@ TEST(CommandLine, ConvertTakesTheChoicesOfRenderAndAGraphFile) {
       parsed({"convert", "a.csv", "-o", "b.GDF", "--x", "t", "--title", "T", "--no-lines"}));
   EXPECT_EQ(request.data_file, "a.csv");
   EXPECT_EQ(request.graph_file, "b.GDF");
-  EXPECT_EQ(request.selection.x, "t");
+  EXPECT_EQ(request.table.selection.x, "t");
   EXPECT_EQ(request.title, "T");
   EXPECT_EQ(request.lines, false);
   EXPECT_THAT(misuse_of({"convert", "a.csv", "-o", "b.png"}), HasSubstr("must end in .gdf"));
@@ -226,7 +226,7 @@ TEST(CommandLine, ConvertTakesTheChoicesOfRenderAndAGraphFile) {
 
 TEST(CommandLine, InfoAndHostAreCommands) {
   const auto info = std::get<InfoRequest>(parsed({"info", "a.gdf"}));
-  EXPECT_EQ(info.graph_file, "a.gdf");
+  EXPECT_EQ(info.file, "a.gdf");
   EXPECT_FALSE(info.check);
   EXPECT_TRUE(std::get<InfoRequest>(parsed({"info", "--check", "a.gdf"})).check);
   EXPECT_TRUE(std::holds_alternative<HostRequest>(parsed({"host"})));

@@ -2,60 +2,26 @@
 
 #include <gmock/gmock.h>
 
-#include <array>
-#include <random>
 #include <string>
 
 #include "app/csv/cell_value.h"
+#include "app/csv/csv_reader.h"
 
 namespace kurv::app {
 namespace {
 
-CsvDialect dialect_of(const std::string& bytes) {
-  return detect_dialect(parse_csv(bytes, "data.csv"));
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+CsvDialect dialect_of(const std::string& bytes, const TableOptions& options = {}) {
+  return detect_dialect(parse_csv(bytes, "data.csv", options), options);
 }
 
-TEST(CsvDialect, HasADecimalCommaWhereMoreNumbersNeedItThanAPoint) {
-  EXPECT_TRUE(dialect_of("x;y\n1,5;2\n").decimal_comma);
-  EXPECT_FALSE(dialect_of("x;y\n1,5;2.5\n").decimal_comma);
-  EXPECT_FALSE(dialect_of("x;y\n1;2\n").decimal_comma);
-  EXPECT_FALSE(dialect_of("x,y\n\"1,5\",2\n").decimal_comma);
-}
-
-// The rule as it is documented, by parsing every cell.
-bool more_numbers_need_a_comma(const CsvTable& table) {
-  int commas = 0;
-  int points = 0;
-  for (std::size_t row = 0; row < table.rows(); ++row) {
-    for (std::size_t column = 0; column < table.width(row); ++column) {
-      const std::string text(table.cell(row, column));
-      if (text.find(',') != text.npos && cell_number(text, true)) ++commas;
-      if (text.find('.') != text.npos && cell_number(text, false)) ++points;
-    }
-  }
-  return commas > points;
-}
-
-TEST(CsvDialect, DecidesByCharactersAsByParsingEveryCell) {
-  const std::array cells{"1,5",   "2.5",  "3",    "-,5",   "+.5",     " 1,5 ", "1,",        "1.",
-                         "1,2,3", "1.2,", "1,2.", "1.2.3", "-1,5E+3", "2.e-7", "a,b",       "a.b",
-                         "e,",    ".",    ",",    "nan",   "-inf",    "",      "1,5\u00A0", "1.5e",
-                         "1,5 2", "1,5x", "+1,5", "\t2.5", "1.5d3",   "0x1.8", "31.12.2020"};
-  std::mt19937 random(1);
-  int with_commas = 0;
-  for (int round = 0; round < 4000; ++round) {
-    std::string bytes;
-    for (auto count = 1 + random() % 9; count > 0; --count) {
-      const std::string cell = cells[random() % cells.size()];
-      bytes += '"' + cell + (random() % 3 == 0 ? "\"\n" : "\";");
-    }
-    const CsvTable table = parse_csv(bytes, ';', "data.csv");
-    const bool expected = more_numbers_need_a_comma(table);
-    EXPECT_EQ(detect_dialect(table).decimal_comma, expected) << bytes;
-    if (expected) ++with_commas;
-  }
-  EXPECT_GT(with_commas, 1000);
-  EXPECT_LT(with_commas, 3000);
+CsvDialect with_notation(char decimal, char thousands) {
+  CsvDialect dialect;
+  dialect.notation.numbers = {decimal, thousands};
+  return dialect;
 }
 
 TEST(CsvDialect, HasAHeaderWhereTheFirstRowHasAWord) {
@@ -65,19 +31,132 @@ TEST(CsvDialect, HasAHeaderWhereTheFirstRowHasAWord) {
   EXPECT_FALSE(dialect_of("").header);
 }
 
+TEST(CsvDialect, HasNoHeaderWhereTheWordsOfTheFirstRowAreData) {
+  EXPECT_FALSE(dialect_of("1,roof\n2,yard\n3,roof\n").header);
+  EXPECT_TRUE(dialect_of("country,2000,2010\na,1,2\nb,3,4\n").header);
+  EXPECT_TRUE(dialect_of(",2000,2001\n1,1,2\n2,3,4\n").header);
+}
+
+TEST(CsvDialect, HasUnitsInARowOfTheirOwn) {
+  const CsvDialect dialect = dialect_of("time;speed\n[s];m/s\n0;1\n1;2\n");
+  EXPECT_TRUE(dialect.units);
+  EXPECT_EQ(dialect.first_row, 2u);
+  EXPECT_THAT(dialect.notes, IsEmpty());
+}
+
+TEST(CsvDialect, ARowOfOtherWordsAboveTheValuesIsToldAndLeftOut) {
+  const CsvDialect dialect = dialect_of("time;speed;load\nof day;of wind;of roof\n0;1;2\n1;2;3\n");
+  EXPECT_FALSE(dialect.units);
+  EXPECT_EQ(dialect.first_row, 2u);
+  EXPECT_THAT(dialect.notes, ElementsAre(HasSubstr("line 2 is left out")));
+  EXPECT_EQ(dialect_of("name;score\nAnna;absent\nBob;5\n").first_row, 1u);
+}
+
+TEST(CsvDialect, RepeatedHeadersTotalsAndEmptyRowsAtTheEndAreToldAndLeftOut) {
+  const CsvDialect dialect = dialect_of("x,y\n1,2\nx,y\n2,3\nTotal,5\n,\n,\n");
+  EXPECT_THAT(dialect.left_out, ElementsAre(2, 4, 5, 6));
+  EXPECT_THAT(dialect.notes,
+              ElementsAre("2 rows at the end are empty (line 6 is the first) and are left out.",
+                          "line 5, \"Total\", is left out, because it holds totals.",
+                          "1 row repeats the header (line 3) and is left out."));
+  EXPECT_THAT(dialect_of("who,y\nAnna,2\nMax,3\n").left_out, IsEmpty());
+  EXPECT_THAT(dialect_of("x,y\n1,2\n,\n2,3\n").left_out, IsEmpty()) << "a gap is data";
+}
+
 TEST(CsvDialect, DecidesWhatACellMeans) {
-  const CsvDialect points;
-  const CsvDialect commas{.decimal_comma = true, .header = false};
+  const CsvDialect points = with_notation('.', '\0');
+  const CsvDialect commas = with_notation(',', '\0');
   EXPECT_EQ(read_cell("2.5", points).value, 2.5);
   EXPECT_EQ(read_cell("2,5", points).kind, CellKind::kWord);
   EXPECT_EQ(read_cell("2,5", commas).value, 2.5);
   EXPECT_EQ(read_cell("2.5", commas).kind, CellKind::kWord);
   for (const CsvDialect& dialect : {points, commas}) {
     EXPECT_EQ(read_cell(" 3 ", dialect).value, 3);
+    EXPECT_EQ(read_cell("\u2212"
+                        "3",
+                        dialect)
+                  .value,
+              -3);
+    EXPECT_EQ(read_cell("1.5D3", points).value, 1500);
     EXPECT_EQ(read_cell("1970-01-02", dialect).kind, CellKind::kDate);
+    EXPECT_EQ(read_cell("12:30", dialect).kind, CellKind::kTime);
     EXPECT_EQ(read_cell("-inf", dialect).kind, CellKind::kInfinite);
+    EXPECT_EQ(read_cell("#DIV/0!", dialect).kind, CellKind::kError);
     EXPECT_EQ(read_cell("nan", dialect).kind, CellKind::kMissing);
   }
+}
+
+TEST(CsvDialect, SeparatesGroupsOfThreeDigits) {
+  EXPECT_EQ(read_cell("-1.234.567,5", with_notation(',', '.')).value, -1234567.5);
+  EXPECT_EQ(read_cell("1'200.50", with_notation('.', '\'')).value, 1200.5);
+  EXPECT_EQ(read_cell("1\u2019"
+                      "200",
+                      with_notation('.', '\''))
+                .value,
+            1200);
+  for (const char* text : {"12 345,5",
+                           "12\u00A0"
+                           "345,5",
+                           "12\u2009"
+                           "345,5",
+                           "12\u202F"
+                           "345,5"}) {
+    EXPECT_EQ(read_cell(text, with_notation(',', ' ')).value, 12345.5) << text;
+  }
+  for (const char* text : {"1.23", "1.2345", "1234.567", "1..234", "12.34.567"}) {
+    EXPECT_EQ(read_cell(text, with_notation(',', '.')).kind, CellKind::kWord) << text;
+  }
+}
+
+TEST(CsvDialect, ReadsNumbersWithUnitsAndLimits) {
+  const auto expect = [](const char* text, double value, const char* unit) {
+    const CellValue cell = read_cell(text, with_notation('.', ','));
+    EXPECT_EQ(cell.value, value) << text;
+    EXPECT_EQ(cell.unit, unit) << text;
+  };
+  expect("12 %", 12, "%");
+  expect("12%", 12, "%");
+  expect("\u20AC 3.50", 3.5, "\u20AC");
+  expect("-$1,250", -1250, "$");
+  expect("($12.50)", -12.5, "$");
+  expect(
+      "20 \u00B0"
+      "C",
+      20,
+      "\u00B0"
+      "C");
+  expect("1e3 m/s", 1000, "m/s");
+  for (const char* text : {"< 0.5", ">10", "<= 3", "\u2264 2 %"}) {
+    EXPECT_EQ(read_cell(text, {}).kind, CellKind::kLimit) << text;
+  }
+  for (const char* text : {"5-7", "A5", "1A2B", "5 of 7", "x < 3"}) {
+    EXPECT_EQ(read_cell(text, {}).kind, CellKind::kWord) << text;
+  }
+}
+
+TEST(CsvDialect, KnowsTheTextsOfMissingValues) {
+  for (const char* text :
+       {"", "-", "\u2013", "NA", "N/A", "n/a", "NaN", "null", "None", "#N/A", "?", ".", "\u2026"}) {
+    EXPECT_EQ(read_cell(text, {}).kind, CellKind::kMissing) << text;
+  }
+  CsvDialect chosen;
+  chosen.missing = {"-999", "x"};
+  EXPECT_EQ(read_cell("-999", chosen).kind, CellKind::kMissing);
+  EXPECT_EQ(read_cell("", chosen).kind, CellKind::kMissing);
+  EXPECT_EQ(read_cell("NA", chosen).kind, CellKind::kWord);
+}
+
+TEST(CsvDialect, DoesNotGuessWhatIsChosen) {
+  TableOptions options;
+  options.header = HeaderChoice::kNone;
+  EXPECT_FALSE(dialect_of("a,b\n1,2\n", options).header);
+  options.header = HeaderChoice::kNamesAndUnits;
+  EXPECT_EQ(dialect_of("1,2\n3,4\n5,6\n", options).first_row, 2u);
+  options.decimal = ',';
+  options.thousands = ' ';
+  const NumberNotation numbers = dialect_of("1.5;2.5\n", options).notation.numbers;
+  EXPECT_EQ(numbers.decimal, ',');
+  EXPECT_EQ(numbers.thousands, ' ');
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-#include "app/csv/csv_table.h"
+#include "app/csv/csv_parser.h"
 
 #include <gmock/gmock.h>
 
@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "app/base/user_error.h"
+#include "app/csv/csv_reader.h"
 #include "app/csv/csv_separator.h"
 
 namespace kurv::app {

@@ -46,8 +46,8 @@ class CsvText : public testing::Test {
 };
 
 TEST_F(CsvText, ComesWithoutItsByteOrderMark) {
-  EXPECT_EQ(read_csv_text(written("\xEF\xBB\xBFx,y\r\n")), "x,y\r\n");
-  EXPECT_EQ(read_csv_text(written("x,y")), "x,y");
+  EXPECT_EQ(read_csv_text(written("\xEF\xBB\xBFx,y\r\n")).text, "x,y\r\n");
+  EXPECT_EQ(read_csv_text(written("x,y")).text, "x,y");
 }
 
 TEST_F(CsvText, IsRefusedWhenThereIsNothingInIt) {
@@ -58,6 +58,57 @@ TEST_F(CsvText, IsRefusedWhenThereIsNothingInIt) {
 
 TEST_F(CsvText, IsRefusedWhenItIsNoText) {
   EXPECT_THAT(refusal_of(written(std::string("x,y\n1,\0\n", 8))), HasSubstr("is no text"));
+}
+
+// The text in units of this many bytes.
+std::string in_units(std::string_view text, std::size_t size, bool big_endian) {
+  std::string bytes;
+  for (const char c : text) {
+    std::string unit(size, '\0');
+    (big_endian ? unit.back() : unit.front()) = c;
+    bytes += unit;
+  }
+  return bytes;
+}
+
+TEST_F(CsvText, IsReadInEachEncodingWithAndWithoutItsMark) {
+  const std::string text = "time;value\n1;2,5\n";
+  const auto expect = [&](const std::string& bytes, Encoding encoding) {
+    const DecodedText decoded = read_csv_text(written(bytes));
+    EXPECT_EQ(decoded.text, text) << encoding_name(encoding);
+    EXPECT_EQ(decoded.encoding, encoding) << encoding_name(encoding);
+  };
+  using namespace std::string_literals;
+  expect(in_units(text, 2, false), Encoding::kUtf16Le);
+  expect("\xFF\xFE" + in_units(text, 2, false), Encoding::kUtf16Le);
+  expect(in_units(text, 2, true), Encoding::kUtf16Be);
+  expect("\xFE\xFF" + in_units(text, 2, true), Encoding::kUtf16Be);
+  expect(in_units(text, 4, false), Encoding::kUtf32Le);
+  expect("\xFF\xFE\0\0"s + in_units(text, 4, false), Encoding::kUtf32Le);
+  expect(in_units(text, 4, true), Encoding::kUtf32Be);
+  expect("\0\0\xFE\xFF"s + in_units(text, 4, true), Encoding::kUtf32Be);
+}
+
+TEST_F(CsvText, CharactersOfTwoUnitsAreOneAndHalfOnesAreReplaced) {
+  using namespace std::string_literals;
+  EXPECT_EQ(decode("\x3D\xD8\x00\xDE,\0"s, Encoding::kUtf16Le).text, "\U0001F600,");
+  EXPECT_EQ(decode("\x3D\xD8,\0"s, Encoding::kUtf16Le).text, "\uFFFD,");
+  EXPECT_EQ(decode("\0\0\x11\0"s, Encoding::kUtf32Le).text, "\uFFFD");
+}
+
+TEST_F(CsvText, ThatIsNotUtf8IsCodePage1252) {
+  const DecodedText decoded = read_csv_text(written("t,W\xE4rme in \x80\n1,2\n"));
+  EXPECT_EQ(decoded.text, "t,W\u00E4rme in \u20AC\n1,2\n");
+  EXPECT_EQ(decoded.encoding, Encoding::kCp1252);
+  EXPECT_EQ(decoded.first_foreign_line, 0u);
+  EXPECT_EQ(read_csv_text(written("\x80"), Encoding::kLatin1).text, "\u0080");
+}
+
+TEST_F(CsvText, OfTwoEncodingsIsReadLineByLine) {
+  const DecodedText decoded = read_csv_text(written("\u00E4\n1\n\xE4\n"));
+  EXPECT_EQ(decoded.text, "\u00E4\n1\n\u00E4\n");
+  EXPECT_EQ(decoded.encoding, Encoding::kUtf8);
+  EXPECT_EQ(decoded.first_foreign_line, 3u);
 }
 
 TEST_F(CsvText, AnEndlessDeviceIsRefusedAtOnce) {

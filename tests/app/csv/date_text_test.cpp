@@ -38,10 +38,10 @@ TEST(DateText, ATimeOfAnotherZoneIsMovedToTheCommonOne) {
   EXPECT_EQ(days_of("1970-01-02T18:00-12"), 2.25);
   EXPECT_EQ(days_of("1970-01-02T12:00 +06:00"), 1.25);
   EXPECT_DOUBLE_EQ(days_of("1970-01-02T05:30:00.0+05:30").value(), 1);
-  for (const char* text : {"1970-01-02T12:00+", "1970-01-02T12:00+6", "1970-01-02T12:00+06:",
-                           "1970-01-02T12:00+060", "1970-01-02T12:00+06:0", "1970-01-02T12:00+24",
-                           "1970-01-02T12:00+06:60", "1970-01-02T12:00+06:000",
-                           "1970-01-02T12:00Z+06", "1970-01-02+06"}) {
+  for (const char* text :
+       {"1970-01-02T12:00+", "1970-01-02T12:00+6", "1970-01-02T12:00+06:", "1970-01-02T12:00+060",
+        "1970-01-02T12:00+06:0", "1970-01-02T12:00+24", "1970-01-02T12:00+06:60",
+        "1970-01-02T12:00+06:000", "1970-01-02T12:00Z+06", "1970-01-02+06"}) {
     EXPECT_FALSE(days_of(text)) << text;
   }
 }
@@ -64,8 +64,8 @@ TEST(DateText, OfNumbersHasTheDayWhereTheOrderSaysSo) {
 
 TEST(DateText, MayNameTheMonth) {
   for (const char* text :
-       {"02-Jan-1970", "2 January 1970", "2. Januar 1970", "Jan 2, 1970", "1970-Jan-02",
-        "2-jan-70", "Fri, 2 Jan 1970", "2 JAN. 1970", "2 janvier 1970"}) {
+       {"02-Jan-1970", "2 January 1970", "2. Januar 1970", "Jan 2, 1970", "1970-Jan-02", "2-jan-70",
+        "Fri, 2 Jan 1970", "2 JAN. 1970", "2 janvier 1970"}) {
     EXPECT_EQ(days_of(text), 1) << text;
   }
   EXPECT_EQ(days_of("Fri, 02 Jan 1970 12:00:00 +0600"), 1.25);

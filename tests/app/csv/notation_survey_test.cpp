@@ -38,7 +38,9 @@ TEST(NotationSurvey, ANumberWithBothSignsSaysWhatTheyMean) {
   EXPECT_EQ(signs_of("x;y\n1;1,234,567\n"), ".,");
   EXPECT_EQ(signs_of("x;y\n1;1'234.5\n"), ".'");
   EXPECT_EQ(signs_of("x;y\n1;1 234,5\n"), ", ");
-  EXPECT_EQ(signs_of("x;y\n1;1\u202F" "234,5\n"), ", ");
+  EXPECT_EQ(signs_of("x;y\n1;1\u202F"
+                     "234,5\n"),
+            ", ");
 }
 
 TEST(NotationSurvey, OtherColumnsDecideAboutWhatCouldBeEither) {

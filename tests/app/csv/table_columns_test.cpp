@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "app/csv/csv_reader.h"
+
 namespace kurv::app {
 namespace {
 

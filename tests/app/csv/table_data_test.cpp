@@ -7,7 +7,6 @@
 #include <vector>
 
 #include "app/base/user_error.h"
-#include "app/csv/csv_separator.h"
 
 namespace kurv::app {
 namespace {
@@ -20,8 +19,7 @@ using testing::IsEmpty;
 using testing::IsNan;
 
 TableData data_of(const std::string& bytes, const Selection& selection = {}) {
-  return make_table_data(parse_csv(bytes, find_separator(bytes), "data.csv"), selection,
-                         "data.csv");
+  return make_table_data(parse_csv(bytes, "data.csv"), selection, "data.csv");
 }
 
 std::string refusal_of(const std::string& bytes, const Selection& selection = {}) {
@@ -98,12 +96,12 @@ TEST(TableData, DecimalPointsStayWhereMostNumbersHaveThem) {
               ElementsAre(AllOf(HasSubstr("\"4,5\" in line 4"), HasSubstr("1 of 5"))));
 }
 
-TEST(TableData, ACommaInAQuotedNumberBetweenCommasIsNoDecimalComma) {
-  EXPECT_THAT(refusal_of("w,y\na,\"1,234\"\nb,\"2,345\"\n"), HasSubstr("no column of numbers"));
+TEST(TableData, ACommaInAQuotedNumberBetweenCommasSeparatesThousands) {
+  EXPECT_THAT(column_of(data_of("w,y\na,\"1,234\"\nb,\"2,345\"\n"), 2), ElementsAre(1234, 2345));
 }
 
 TEST(TableData, EmptyFieldsNaAndNanAreMissing) {
-  const TableData data = data_of("x,y\n1,\n2,NA\n3, nan \n4,\" NaN \"\n5,na\n6,7\n8\n");
+  const TableData data = data_of("x,y\n1,\n2,NA\n3, nan \n4,\" NaN \"\n5,na\n6,7\n8,-\n");
   EXPECT_THAT(column_of(data, 2),
               ElementsAre(IsNan(), IsNan(), IsNan(), IsNan(), IsNan(), 7, IsNan()));
   EXPECT_THAT(data.warnings, IsEmpty());
@@ -121,26 +119,27 @@ TEST(TableData, InfiniteNumbersAreMissingAndTold) {
 }
 
 TEST(TableData, AFewWordsInAColumnOfNumbersAreMissingAndTold) {
-  const TableData data = data_of("x,y\n1,2\n2,n/a\n3,4\n4,5\n5,6\n");
+  const TableData data = data_of("x,y\n1,2\n2,oops\n3,4\n4,5\n5,6\n");
   EXPECT_THAT(column_of(data, 2), ElementsAre(2, IsNan(), 4, 5, 6));
   EXPECT_THAT(data.warnings,
-              ElementsAre(AllOf(HasSubstr("1 of 5"), HasSubstr("\"n/a\" in line 3"))));
+              ElementsAre(AllOf(HasSubstr("1 of 5"), HasSubstr("\"oops\" in line 3"))));
 }
 
 TEST(TableData, ColumnsOfWordsAndEmptyOnesAreLeftOutAndTold) {
   const TableData data = data_of("x,a,b,c,d\n1,one,2,,2012-01-01\n2,two,3,NA,2012-01-02\n");
   EXPECT_THAT(names_of(data), ElementsAre("x", "b"));
   EXPECT_THAT(data.warnings,
-              ElementsAre("columns \"a\" and \"d\" hold no numbers and are left out.",
+              ElementsAre("column \"a\" holds words, first \"one\" in line 2, and is left out.",
+                          "column \"d\" holds dates, which only x can have, and is left out.",
                           "column \"c\" holds no values and is left out."));
 }
 
 TEST(TableData, AFirstColumnThatIsNotDrawnIsToldWhereAnotherOneIsX) {
   const Selection by_t{.x = "t", .y = {}};
   EXPECT_THAT(data_of("w,t,y\na,1,2\nb,2,3\n", by_t).warnings,
-              ElementsAre("column \"w\" holds no numbers and is left out."));
+              ElementsAre("column \"w\" holds words, first \"a\" in line 2, and is left out."));
   EXPECT_THAT(data_of("d,t,y\n2012-01-01,1,2\n2012-01-02,2,3\n", by_t).warnings,
-              ElementsAre("column \"d\" holds no numbers and is left out."));
+              ElementsAre("column \"d\" holds dates, which only x can have, and is left out."));
   EXPECT_THAT(data_of("e,t,y\n,1,2\n,2,3\n", by_t).warnings,
               ElementsAre("column \"e\" holds no values and is left out."));
 }
@@ -156,11 +155,22 @@ TEST(TableData, RowsAreNumberedWhereTheFirstColumnIsNoX) {
   EXPECT_THAT(data.warnings, ElementsAre(AllOf(HasSubstr("\"name\""), HasSubstr("row number"))));
 }
 
-TEST(TableData, RowsAreNumberedWhereOnlyOneColumnHasNumbers) {
-  const TableData data = data_of("a,note\n5,one\n6,two\n");
-  EXPECT_THAT(names_of(data), ElementsAre("row", "a"));
-  EXPECT_THAT(column_of(data, 2), ElementsAre(5, 6));
-  EXPECT_THAT(data.warnings[0], HasSubstr("row number"));
+TEST(TableData, RowsAreNumberedInATableOfASingleColumn) {
+  for (const char* bytes : {"a\n5\n6\n", "a;\n5;\n6;\n"}) {
+    const TableData data = data_of(bytes);
+    EXPECT_THAT(names_of(data), ElementsAre("row", "a"));
+    EXPECT_THAT(column_of(data, 2), ElementsAre(5, 6));
+    EXPECT_THAT(data.warnings, ElementsAre(HasSubstr("row number")));
+  }
+}
+
+TEST(TableData, XIsNotDrawnByItselfWhereTheOtherColumnsCannotBe) {
+  EXPECT_THAT(refusal_of("a,note\n5,one\n6,two\n"),
+              AllOf(HasSubstr("no column of numbers beside x"), HasSubstr("\"one\" in line 2"),
+                    HasSubstr("--x row --y 1")));
+  EXPECT_THAT(refusal_of("t,y\n1,n/a\n2,n/a\n"), HasSubstr("no column of numbers beside x"));
+  const Selection by_row{.x = "row", .y = {"1"}};
+  EXPECT_THAT(column_of(data_of("a,note\n5,one\n6,two\n", by_row), 2), ElementsAre(5, 6));
 }
 
 TEST(TableData, LongerRowsThanTheHeaderAreTold) {
@@ -245,7 +255,8 @@ TEST(TableData, AWideHeaderAboveManyShortRowsCostsNoTime) {
   for (int i = 0; i < 30000; ++i) bytes += "1,2\n";
   const TableData data = data_of(bytes);
   EXPECT_THAT(names_of(data), ElementsAre("x", "y"));
-  EXPECT_THAT(data.warnings, ElementsAre(HasSubstr("more hold no values")));
+  EXPECT_THAT(data.warnings, ElementsAre(HasSubstr("more hold no values"),
+                                         HasSubstr("30000 rows are shorter than the header")));
 }
 
 }  // namespace

@@ -60,7 +60,8 @@ TEST(LineFields, AreSplitAtBlanksButNotInsideTimes) {
 }
 
 TEST(LineFields, LookLikeValues) {
-  for (const char* text : {"1", "-1.5e3", "1 234,5", "2012-01-31 12:00", "12 %", "$5", "08:00:00"}) {
+  for (const char* text :
+       {"1", "-1.5e3", "1 234,5", "2012-01-31 12:00", "12 %", "$5", "08:00:00"}) {
     EXPECT_TRUE(looks_like_value(text)) << text;
   }
   for (const char* text : {"", "a", "y1", "1 2", "5 2", "12,", "Probe 1", "#3"}) {
