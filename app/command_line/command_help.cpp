@@ -89,9 +89,11 @@ Example:
 
 std::string info_footer() {
   return R"(
-The exit status is 1 for a file that would not load.
+The exit status is 1 for a graph file that would not load, and for a table that
+cannot be drawn.
 
-Example:
+Examples:
+  kurv info co2.csv
   kurv info --check co2.gdf
 )";
 }

@@ -14,18 +14,14 @@
 #include "app/base/user_error.h"
 #include "app/command_line/graph_file_check.h"
 #include "app/command_line/graph_file_text.h"
+#include "app/command_line/info_lines.h"
+#include "app/command_line/table_info.h"
+#include "app/graph/graph_file.h"
+#include "app/graph/graph_intake.h"
 
 namespace kurv::app {
 
 namespace {
-
-constexpr std::size_t kLabelWidth = 20;
-
-void print(std::ostream& out, std::string label, std::string_view value) {
-  label.resize(std::max(kLabelWidth, label.size() + 1), ' ');
-  const std::string line = label + on_one_line(to_utf8(value));
-  out << std::string_view(line).substr(0, line.find_last_not_of(' ') + 1) << '\n';
-}
 
 // The next entry of a list line as UTF-8; empty after the last one.
 std::string next_text(ListEntries& entries) {
@@ -48,7 +44,7 @@ void print_columns(const GraphFileText& file, int curves, char decimal_separator
       text +=
           visible ? (bool(*visible) ? ", visible" : ", hidden") : ", neither visible nor hidden";
     }
-    print(out, column == 0 ? "x" : "Curve " + std::to_string(column), text);
+    print_info_line(out, column == 0 ? "x" : "Curve " + std::to_string(column), text);
   }
 }
 
@@ -57,7 +53,7 @@ void print_functions(const GraphFileText& file, int curves, int functions, std::
   const std::size_t given = line.empty() ? 0 : count_entries(line);
   ListEntries expressions(line);
   for (int k = 1; k <= functions && static_cast<std::size_t>(k) <= given; ++k) {
-    print(out, "Function " + std::to_string(k), next_text(expressions));
+    print_info_line(out, "Function " + std::to_string(k), next_text(expressions));
   }
 }
 
@@ -67,8 +63,8 @@ void print_contents(const GraphFileText& file, char decimal_separator, std::ostr
     const GraphFileField& field = fields[number - 1];
     const std::string_view line = file.line(number);
     if (field.kind == GraphFieldKind::kCopy) continue;
-    print(out, std::string(field.name),
-          field.kind == GraphFieldKind::kText ? line : trim_whitespace(line));
+    print_info_line(out, std::string(field.name),
+                    field.kind == GraphFieldKind::kText ? line : trim_whitespace(line));
   }
   const int curves = file.counts().curves.value_or(-1);
   if (curves < 0) return;
@@ -88,19 +84,28 @@ void print_diagnostics(const std::string& path, const std::vector<Diagnostic>& d
 }  // namespace
 
 int print_info(const InfoRequest& request, std::ostream& out) {
+  if (!is_graph_file(request.file)) {
+    if (request.check) {
+      throw UserError(request.file + " is a table, and --check is for graph files; leave it out.",
+                      kUsageFailure);
+    }
+    print_table_info(request.file, request.table, out);
+    return 0;
+  }
+  refuse_table_options(request.table, request.file);
   const char separator = request.locale ? request.locale->decimalPoint().front().toLatin1() : '.';
-  const GraphFileText file(request.graph_file);
+  const GraphFileText file(request.file);
   const std::vector<Diagnostic> diagnostics = check_graph_file(file, separator);
   const bool loads = std::none_of(diagnostics.begin(), diagnostics.end(),
                                   [](const Diagnostic& diagnostic) { return diagnostic.is_error; });
   if (request.check) {
-    print_diagnostics(request.graph_file, diagnostics, out);
+    print_diagnostics(request.file, diagnostics, out);
     return loads ? 0 : kFailure;
   }
   print_contents(file, separator, out);
   out.flush();
   if (loads) return 0;
-  throw UserError(request.graph_file + " would not load; \"kurv info --check\" lists why.");
+  throw UserError(request.file + " would not load; \"kurv info --check\" lists why.");
 }
 
 }  // namespace kurv::app
