@@ -9,6 +9,7 @@
 #include "app/base/user_error.h"
 #include "app/command_line/command_help.h"
 #include "app/command_line/option_values.h"
+#include "app/command_line/standard_output.h"
 #include "app/command_line/table_option_values.h"
 #include "app/graph/graph_file.h"
 #include "app/graph/picture_file.h"
@@ -21,6 +22,7 @@ namespace {
 struct Texts {
   std::optional<std::string> size;
   std::optional<std::string> scale;
+  std::optional<std::string> format;
   std::string every = "1";
   std::vector<std::string> y;
   std::vector<std::string> derivations;
@@ -76,6 +78,8 @@ class Program {
         ->add_option("--scale", m_texts.scale,
                      "Device pixels per logical pixel of a .png or .bmp, 0.5 to 8 (1)")
         ->type_name("RATIO");
+    m_render->add_option("--format", m_texts.format, "The format where the output is - (png)")
+        ->type_name("png|bmp|svg|pdf");
     m_eval
         ->add_option("EXPRESSION", m_expression,
                      "Such as 'x*(sin(x)+2)'; without one, lines of standard input are evaluated")
@@ -133,10 +137,11 @@ class Program {
     }
     m_info->add_option("FILE", m_file, "The table or graph file")->required()->type_name("");
     m_render
-        ->add_option("-o,--output", m_output, "The picture: a " + picture_extensions() + " file")
+        ->add_option("-o,--output", m_output,
+                     "The picture: a " + picture_extensions() + " file, or -")
         ->required()
         ->type_name("PICTURE");
-    m_convert->add_option("-o,--output", m_output, "The graph file: a .gdf file")
+    m_convert->add_option("-o,--output", m_output, "The graph file: a .gdf file, or -")
         ->required()
         ->type_name("GRAPH");
   }
@@ -229,8 +234,24 @@ class Program {
     }
   }
 
+  // Of a picture on standard output what --format says, otherwise by the name's extension.
+  std::optional<PictureFormat> output_format() const {
+    if (!m_texts.format) {
+      return is_standard_output(m_output) ? PictureFormat::kPng : picture_format(m_output);
+    }
+    if (!is_standard_output(m_output)) {
+      throw UserError("--format is for standard output; the name " + in_quotes(m_output) +
+                          " says the format itself.",
+                      kUsageFailure);
+    }
+    const std::optional<PictureFormat> format = picture_format("picture." + *m_texts.format);
+    if (format) return format;
+    throw UserError("--format takes png, bmp, svg or pdf, not " + in_quotes(*m_texts.format) + ".",
+                    kUsageFailure);
+  }
+
   RenderRequest render_request() const {
-    const std::optional<PictureFormat> format = picture_format(m_output);
+    const std::optional<PictureFormat> format = output_format();
     if (!format) {
       throw UserError("the name of the picture must end in " + picture_extensions() + ", and " +
                           in_quotes(m_output) + " does not.",
@@ -243,11 +264,11 @@ class Program {
     }
     const double scale = m_texts.scale ? parse_scale(*m_texts.scale) : 1;
     check_picture_size(m_choice.size.value_or(kDefaultSize), scale);
-    return {m_choice, m_file, m_output, scale};
+    return {m_choice, m_file, m_output, *format, scale};
   }
 
   ConvertRequest convert_request() const {
-    if (!is_named_as_graph_file(m_output)) {
+    if (!is_named_as_graph_file(m_output) && !is_standard_output(m_output)) {
       throw UserError(
           "the name of the graph file must end in .gdf, and " + in_quotes(m_output) + " does not.",
           kUsageFailure);

@@ -8,17 +8,19 @@
 #include <vector>
 
 #include "app/graph/graph_choice.h"
+#include "app/graph/picture_file.h"
 
 namespace kurv::app {
 
-// A picture without a window.
+// A picture without a window. Both files may be "-", standard input and output.
 struct RenderRequest : GraphChoice {
   std::string data_file;
   std::string picture_file;
+  PictureFormat format = PictureFormat::kPng;
   double scale = 1;  // device pixels per logical pixel
 };
 
-// Writes a graph file, without drawing.
+// Writes a graph file, without drawing. Both files may be "-".
 struct ConvertRequest : GraphChoice {
   std::string data_file;
   std::string graph_file;

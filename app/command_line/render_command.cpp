@@ -1,5 +1,9 @@
 #include "app/command_line/render_command.h"
 
+#include <QTemporaryDir>
+
+#include "app/base/read_file.h"
+#include "app/command_line/standard_output.h"
 #include "app/graph/graph_intake.h"
 #include "app/graph/headless_application.h"
 #include "app/graph/picture_file.h"
@@ -22,15 +26,27 @@ GraphSource load_with_warnings(const std::string& path, const GraphChoice& choic
 void render(const RenderRequest& request, const Warn& warn) {
   const GraphSource source = load_with_warnings(request.data_file, request, warn);
   const auto application = headless_application();
-  const PictureFormat format = picture_format(request.picture_file).value();
-  write_picture(render_picture(request, source, format, request.scale), request.picture_file);
+  const QByteArray picture = render_picture(request, source, request.format, request.scale);
+  if (is_standard_output(request.picture_file)) {
+    write_standard_output({picture.data(), static_cast<std::size_t>(picture.size())});
+  } else {
+    write_picture(picture, request.picture_file);
+  }
 }
 
 void convert(const ConvertRequest& request, const Warn& warn) {
   const GraphSource source = load_with_warnings(request.data_file, request, warn);
   warn_of_commas(request.functions, warn);
   const auto application = headless_application();
-  save_graph(request, source, request.graph_file);
+  if (!is_standard_output(request.graph_file)) {
+    save_graph(request, source, request.graph_file);
+    return;
+  }
+  // A graph is saved to a file with a name, as a whole.
+  const QTemporaryDir folder;
+  const std::string path = folder.filePath("graph.gdf").toStdString();
+  save_graph(request, source, path);
+  write_standard_output(read_graph_file_bytes(path));
 }
 
 }  // namespace kurv::app

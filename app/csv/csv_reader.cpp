@@ -24,7 +24,7 @@ class Layout {
     skip_lines();
     find_separator_and_comment();
     if (!options.skip) find_start();
-    m_has_preamble = has_preamble();
+    m_last_of_preamble = last_line_of_preamble();
     if (m_rules.separator == kBlanks) m_rules.joins_dates_and_times = names_join_dates_and_times();
     if (m_rules.separator == kFixedWidth) m_rules.starts = fixed_columns(rest(), m_rules.comment);
   }
@@ -34,8 +34,8 @@ class Layout {
   void describe(TableSource& source) const {
     source.skipped_lines = m_rules.line - 1;
     source.header_in_comment = m_rules.first_is_no_comment;
-    if (m_options.skip || !m_has_preamble) return;
-    const std::size_t last = m_rules.line - 1;
+    if (m_options.skip || m_last_of_preamble == 0) return;
+    const std::size_t last = m_last_of_preamble;
     source.notes.push_back(
         (last == 1 ? "line 1 is" : "lines 1 to " + std::to_string(last) + " are") +
         " above the table and left out; --skip changes that.");
@@ -112,15 +112,16 @@ class Layout {
            (fields(names, true) == joined || fields(names, true) + 1 == joined);
   }
 
-  // Whether a line above the table is neither empty nor a comment.
-  bool has_preamble() const {
+  // The last line above the table that is neither empty nor a comment; 0 without one.
+  std::size_t last_line_of_preamble() const {
     std::string_view text = std::string_view(m_text).substr(m_first, m_rules.offset - m_first);
-    while (!text.empty()) {
+    std::size_t last = 0;
+    for (std::size_t number = 1; !text.empty(); ++number) {
       const std::string_view line = trim_blanks(take_line(text));
       const bool comment = !m_rules.comment.empty() && line.starts_with(m_rules.comment);
-      if (!line.empty() && !comment) return true;
+      if (!line.empty() && !comment) last = number;
     }
-    return false;
+    return last;
   }
 
   std::string& m_text;
@@ -128,7 +129,7 @@ class Layout {
   ParseRules m_rules;
   // After the line that declares the separator.
   std::size_t m_first = 0;
-  bool m_has_preamble = false;
+  std::size_t m_last_of_preamble = 0;
 };
 
 }  // namespace

@@ -15,30 +15,44 @@ namespace kurv::app {
 namespace {
 
 constexpr std::size_t kSampleSize = 64 * 1024;
-constexpr std::size_t kSampleRows = 200;
+constexpr std::size_t kSampleRows = 100;
+constexpr double kNearlyAll = 0.95;
+// Scores that differ by less are the same.
+constexpr double kSmallest = 1e-9;
 
 using Rows = std::vector<std::string_view>;
 
-// Up to kSampleRows complete rows of the text. A row that is cut off is ignored, unless it is the
-// only one.
-void add_rows(std::string_view text, const std::string& comment, Rows& rows) {
+// Complete rows of the text, at most so many. A row that is cut off is ignored, unless it is
+// the only one. Returns whether these are all.
+bool add_rows(std::string_view text, const std::string& comment, std::size_t most, Rows& rows) {
   const bool is_cut = text.size() > kSampleSize;
   text = text.substr(0, kSampleSize);
-  for (std::size_t count = 0; !text.empty() && count < kSampleRows;) {
+  std::size_t count = 0;
+  while (!text.empty() && count < most) {
     const std::string_view row = take_row(text);
     const std::string_view content = trim_blanks(row);
     if (content.empty() || (!comment.empty() && content.starts_with(comment))) continue;
     if (is_rule(content)) continue;
-    if (is_cut && text.empty() && !rows.empty()) return;
+    if (is_cut && text.empty() && !rows.empty()) return false;
     rows.push_back(row);
     ++count;
   }
+  return text.empty() && !is_cut;
 }
 
 // From the beginning of the first whole line.
 std::string_view from_line(std::string_view text) {
   take_line(text);
   return text;
+}
+
+// The last ones of the text.
+void add_last_rows(std::string_view text, const std::string& comment, Rows& rows) {
+  Rows last;
+  add_rows(from_line(text.substr(text.size() - std::min(text.size(), kSampleSize))), comment,
+           text.size(), last);
+  const std::size_t kept = std::min(last.size(), kSampleRows);
+  rows.insert(rows.end(), last.end() - static_cast<std::ptrdiff_t>(kept), last.end());
 }
 
 struct Width {
@@ -153,27 +167,43 @@ std::vector<Run> merged(std::vector<Run> runs) {
   return runs;
 }
 
-// Whether the first row is one name above rows in which no comma separates more than two fields:
-// then the commas are decimal ones.
-bool has_one_name(const Rows& rows, const Width& by_commas) {
-  if (rows.size() < 2 || by_commas.fields != 2 || split_row(rows.front(), ',').size() != 1) {
-    return false;
+// The best of the characters that may separate fields.
+struct Best {
+  char separator = ',';
+  Width width;
+};
+
+Best best_character(const Rows& rows, bool commas_are_decimal) {
+  constexpr std::string_view kCharacters = "\t;,|";
+  Best best;
+  for (const char separator : kCharacters) {
+    if (separator == ',' && commas_are_decimal) continue;
+    const Width width = width_of(rows, separator);
+    // The earlier ones take precedence also where rounding makes the later one a little better.
+    if (width.score() > best.width.score() + kSmallest) best = {separator, width};
   }
-  return !looks_like_value(rows.front()) &&
-         std::all_of(rows.begin() + 1, rows.end(), [](std::string_view row) {
-           return split_row(row, ',').size() <= 2 && looks_like_value(trim_blanks(row));
-         });
+  return best;
 }
 
-bool has_decimal_commas(const Rows& rows) {
-  return std::any_of(rows.begin(), rows.end(),
-                     [](std::string_view row) { return row.find(',') != row.npos; });
+// Whether the first row is one name above rows in which no comma separates more than two fields:
+// then the commas are decimal ones.
+bool has_one_name(const Rows& rows) {
+  if (rows.size() < 2 || looks_like_value(rows.front()) ||
+      split_row(rows.front(), ',').size() != 1) {
+    return false;
+  }
+  bool any_comma = false;
+  for (std::size_t i = 1; i < rows.size(); ++i) {
+    const std::size_t fields = split_row(rows[i], ',').size();
+    if (fields > 2 || !looks_like_value(trim_blanks(rows[i]))) return false;
+    any_comma = any_comma || fields == 2;
+  }
+  return any_comma;
 }
 
 // Whether columns at fixed places explain the rows better than the blanks between them do.
 bool has_fixed_width(std::string_view text, const std::string& comment, const Rows& rows,
                      const Width& by_blanks) {
-  constexpr double kNearlyAll = 0.95;
   if (by_blanks.part() >= kNearlyAll || text.find('\t') != text.npos) return false;
   // Columns without a name at the left are no reason for it.
   const bool all_below_first = by_blanks.rows + 1 == rows.size();
@@ -186,43 +216,40 @@ bool has_fixed_width(std::string_view text, const std::string& comment, const Ro
 
 std::vector<std::string_view> sample_rows(std::string_view text, const std::string& comment) {
   Rows rows;
-  add_rows(text, comment, rows);
-  if (text.size() > 3 * kSampleSize) {
-    add_rows(from_line(text.substr(text.size() / 2)), comment, rows);
-    add_rows(from_line(text.substr(text.size() - kSampleSize)), comment, rows);
-  }
+  if (add_rows(text, comment, kSampleRows, rows)) return rows;
+  add_rows(from_line(text.substr(text.size() / 2)), comment, kSampleRows, rows);
+  add_last_rows(text, comment, rows);
   return rows;
 }
 
+std::vector<std::string_view> last_rows(const std::vector<std::string_view>& rows) {
+  constexpr std::size_t kFewest = 3;
+  const std::size_t count = std::min(rows.size(), std::max(kFewest, rows.size() / 3));
+  return {rows.end() - static_cast<std::ptrdiff_t>(count), rows.end()};
+}
+
 char find_separator(std::string_view text, const std::string& comment, bool commas_are_decimal) {
-  constexpr std::string_view kCharacters = "\t;,|";
-  constexpr double kNearlyAll = 0.95;
   const Rows rows = sample_rows(text, comment);
-  char best = ',';
-  double best_score = 0;
-  bool is_sure = false;
-  for (const char separator : kCharacters) {
-    const Width width = width_of(rows, separator);
-    if (separator == ',' && (commas_are_decimal || has_one_name(rows, width))) continue;
-    // The earlier ones take precedence also where rounding makes the later one a little better.
-    if (width.score() <= best_score + 1e-9) continue;
-    best = separator;
-    best_score = width.score();
-    // Between other things than commas there are rarely numbers with blanks between them.
-    is_sure = separator != ',' && width.part() >= kNearlyAll;
-  }
-  if (is_sure) return best;
+  const bool decimal = commas_are_decimal || has_one_name(rows);
+  // The beginning may be a preamble.
+  const Best last = best_character(last_rows(rows), decimal);
+  const Best best = last.width.part() >= kNearlyAll && last.width.values >= 0.5
+                        ? last
+                        : best_character(rows, decimal);
+  // Between other things than commas there are rarely numbers with blanks between them.
+  if (best.separator != ',' && best.width.part() >= kNearlyAll) return best.separator;
   // Blanks are in many texts, so that they must explain most of the rows.
   constexpr double kMost = 0.6;
+  const double score = best.width.score();
   const Width by_blanks = width_of(rows, kBlanks);
-  const bool explains = by_blanks.part() >= kMost && by_blanks.score() > best_score + 1e-9;
-  if (best_score == 0 || explains) {
+  const bool explains = by_blanks.part() >= kMost && by_blanks.score() > score + kSmallest;
+  if (score == 0 || explains) {
     if (rows.size() > 2 && by_blanks.rows > 0 && has_fixed_width(text, comment, rows, by_blanks))
       return kFixedWidth;
     if (explains) return kBlanks;
   }
   // Without another separator, commas are decimal ones.
-  return best_score == 0 && (commas_are_decimal || has_decimal_commas(rows)) ? ';' : best;
+  return score == 0 && decimal ? ';' : best.separator;
 }
 
 std::vector<std::uint32_t> fixed_columns(std::string_view text, const std::string& comment) {
@@ -282,7 +309,9 @@ bool has_outer_separators(std::string_view text, char separator, const std::stri
 }
 
 std::size_t usual_width(std::string_view text, char separator, const std::string& comment) {
-  return width_of(sample_rows(text, comment), separator).fields;
+  const Rows rows = sample_rows(text, comment);
+  const Width last = width_of(last_rows(rows), separator);
+  return last.part() >= kNearlyAll ? last.fields : width_of(rows, separator).fields;
 }
 
 }  // namespace kurv::app

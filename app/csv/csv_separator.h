@@ -38,6 +38,9 @@ std::string find_later_comment_prefix(std::string_view text, char separator);
 // Rows from the beginning, the middle and the end of a text: all of a short one.
 std::vector<std::string_view> sample_rows(std::string_view text, const std::string& comment);
 
+// The last third of these rows, but at least three of them: a preamble is at the beginning.
+std::vector<std::string_view> last_rows(const std::vector<std::string_view>& rows);
+
 // The number of fields that most of the lines have with this separator.
 std::size_t usual_width(std::string_view text, char separator, const std::string& comment);
 

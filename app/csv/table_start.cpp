@@ -180,10 +180,8 @@ void StartFinder::look_at_columns() {
   };
   std::vector<Count> counts(m_width);
   std::size_t filled = 1;
-  const Fields rows = sample_rows(m_text, m_comment);
-  // The first half of a short text may be its preamble.
-  for (std::size_t row = rows.size() / 2; row < rows.size(); ++row) {
-    const Fields fields = split_row(rows[row], m_separator);
+  for (const std::string_view row : last_rows(sample_rows(m_text, m_comment))) {
+    const Fields fields = split_row(row, m_separator);
     if (fields.size() != m_width) continue;
     for (std::size_t i = 0; i < m_width; ++i) {
       if (fields[i].empty()) continue;
