@@ -147,7 +147,8 @@ std::optional<Quantity> read_in_brackets(std::string_view text, const NumberNota
   if (text.size() < 3 || text.front() != '(' || text.back() != ')') return std::nullopt;
   text = text.substr(1, text.size() - 2);
   if (currency.empty()) currency = take_currency(text);
-  const bool begins_as_number = is_digit(text.front()) || text.front() == notation.decimal;
+  const bool begins_as_number =
+      !text.empty() && (is_digit(text.front()) || text.front() == notation.decimal);
   const std::optional<Double> value = begins_as_number ? read_number(text, notation) : std::nullopt;
   if (!value) return std::nullopt;
   return Quantity{-*value, currency};
