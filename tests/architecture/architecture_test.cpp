@@ -34,6 +34,7 @@ const std::vector<std::vector<std::string>> kLayers = {
     {"qt/widget"},
     {"app/base", "examples/headless", "examples/late_binding", "examples/minimal",
      "examples/own_container", "examples/own_shell"},
+    {"app/sources"},
     {"app/csv"},
     {"app/graph"},
     {"app/host", "app/window"},
