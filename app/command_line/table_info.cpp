@@ -10,9 +10,9 @@
 #include "app/base/message_text.h"
 #include "app/base/user_error.h"
 #include "app/command_line/info_lines.h"
-#include "app/csv/csv_reader.h"
 #include "app/csv/csv_text.h"
 #include "app/csv/table_data.h"
+#include "app/csv/table_file.h"
 #include "app/csv/table_survey.h"
 
 namespace kurv::app {
@@ -29,10 +29,9 @@ std::string date_text(DateOrder order) {
   return order == DateOrder::kNone ? "none" : "day first";
 }
 
-void print_layout(const CsvTable& table, const CsvDialect& dialect, const TableOptions& options,
-                  std::ostream& out) {
-  const TableSource& source = table.source();
-  const NumberNotation& numbers = dialect.notation.numbers;
+// How the bytes of a text are written.
+void print_text(const TableSource& source, const NumberNotation& numbers,
+                const TableOptions& options, std::ostream& out) {
   print_info_line(
       out, "Encoding",
       chosen(std::string(encoding_name(source.encoding)), options.encoding.has_value()));
@@ -42,6 +41,16 @@ void print_layout(const CsvTable& table, const CsvDialect& dialect, const TableO
                   chosen(sign_text(numbers.decimal), options.decimal.has_value()));
   print_info_line(out, "Thousands sign",
                   chosen(sign_text(numbers.thousands), options.thousands.has_value()));
+}
+
+void print_layout(const CsvTable& table, const CsvDialect& dialect, const TableOptions& options,
+                  std::ostream& out) {
+  const TableSource& source = table.source();
+  if (source.kind.empty()) {
+    print_text(source, dialect.notation.numbers, options, out);
+  } else {
+    print_info_line(out, "Table", chosen(source.kind, options.sheet.has_value()));
+  }
   print_info_line(out, "Dates such as 1/2/3",
                   chosen(date_text(dialect.notation.dates), options.dates.has_value()));
   print_info_line(
@@ -91,8 +100,8 @@ void print_columns(TableColumns& columns, const std::optional<Choice>& choice, s
 
 void print_table_info(const std::string& path, const TableOptions& options, std::ostream& out) {
   const std::string name = name_of_source(path);
-  const CsvTable table = read_csv(path, options);
-  TableColumns columns(table, detect_dialect(table, options), options.selection.every);
+  const CsvTable table = read_table(path, options);
+  TableColumns columns(table, detect_dialect(table), options.selection.every);
   columns.read_all();
   print_layout(table, columns.dialect(), options, out);
   print_info_line(out, "Rows", std::to_string(columns.rows().total()));

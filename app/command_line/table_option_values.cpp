@@ -125,6 +125,7 @@ void add_table_options(CLI::App& command, TableOptionTexts& texts) {
                        const char* meaning) {
     command.add_option(name, text, meaning)->type_name(type)->group("Options about a table");
   };
+  add("--sheet", texts.sheet, "NAME", "The sheet of a workbook: its name, or its number");
   add("--separator", texts.separator, "CHARACTER",
       "What separates its fields: a character, tab, blanks or fixed");
   add("--decimal", texts.decimal, "SIGN", "The decimal sign of its numbers: . or ,");
@@ -140,6 +141,7 @@ void add_table_options(CLI::App& command, TableOptionTexts& texts) {
 }
 
 void parse_table_options(const TableOptionTexts& texts, TableOptions& options) {
+  if (texts.sheet) options.sheet = *texts.sheet;
   if (texts.separator) options.separator = parse_separator(*texts.separator);
   if (texts.decimal) options.decimal = parse_decimal(*texts.decimal);
   if (texts.thousands) options.thousands = parse_thousands(*texts.thousands);

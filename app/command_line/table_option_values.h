@@ -11,6 +11,7 @@ namespace kurv::app {
 
 // The texts of the options, as they were given.
 struct TableOptionTexts {
+  std::optional<std::string> sheet;
   std::optional<std::string> separator;
   std::optional<std::string> decimal;
   std::optional<std::string> thousands;

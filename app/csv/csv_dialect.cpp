@@ -263,7 +263,8 @@ std::string_view header_text(const CsvTable& table, const CsvDialect& dialect, s
   return trim_whitespace(table.cell(0, column - shift));
 }
 
-CsvDialect detect_dialect(const CsvTable& table, const TableOptions& options) {
+CsvDialect detect_dialect(const CsvTable& table) {
+  const TableOptions& options = table.source().options;
   CsvDialect dialect;
   dialect.notation = find_notation(table, options);
   dialect.missing = options.missing;

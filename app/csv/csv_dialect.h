@@ -38,7 +38,8 @@ std::string_view header_text(const CsvTable& table, const CsvDialect& dialect, s
 // All detection is done here and in what parses the file; every other function takes the dialect as
 // a parameter.
 //
-// A table has a header unless each field of its first row is a number, a date or missing.
-CsvDialect detect_dialect(const CsvTable& table, const TableOptions& options = {});
+// What the options of the table say is not guessed. It has a header unless each field of its first
+// row is a number, a date or missing.
+CsvDialect detect_dialect(const CsvTable& table);
 
 }  // namespace kurv::app

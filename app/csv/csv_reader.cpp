@@ -9,7 +9,6 @@
 
 #include "app/csv/csv_parser.h"
 #include "app/csv/csv_separator.h"
-#include "app/csv/csv_text.h"
 #include "app/csv/line_fields.h"
 #include "app/csv/table_start.h"
 
@@ -138,20 +137,7 @@ CsvTable parse_csv(std::string text, const std::string& path, const TableOptions
   const Layout layout(text, options);
   CsvTable table = parse_csv(std::move(text), layout.rules(), path);
   layout.describe(table.source());
-  return table;
-}
-
-CsvTable read_csv(const std::string& path, const TableOptions& options) {
-  DecodedText decoded = read_csv_text(path, options.encoding);
-  CsvTable table = parse_csv(std::move(decoded.text), name_of_source(path), options);
-  table.source().encoding = decoded.encoding;
-  if (decoded.first_foreign_line > 0) {
-    table.source().notes.insert(
-        table.source().notes.begin(),
-        "line " + std::to_string(decoded.first_foreign_line) +
-            " is not UTF-8 although others are, and is read as code page 1252; --encoding "
-            "changes that.");
-  }
+  table.source().options = options;
   return table;
 }
 

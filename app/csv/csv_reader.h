@@ -1,10 +1,9 @@
-// Files and texts become tables: the separator, comments and a preamble are found here.
+// Texts become tables: the separator, comments and a preamble are found here.
 #pragma once
 
 #include <string>
 
 #include "app/csv/csv_table.h"
-#include "app/csv/text_encoding.h"
 
 namespace kurv::app {
 
@@ -12,9 +11,5 @@ namespace kurv::app {
 // declares, as in "sep=;", counts. Throws UserError, which begins with `path`, when a quotation
 // mark is never closed.
 CsvTable parse_csv(std::string text, const std::string& path, const TableOptions& options = {});
-
-// The same for a file, or for standard input where the path is "-". Throws as read_csv_text() does,
-// too.
-CsvTable read_csv(const std::string& path, const TableOptions& options = {});
 
 }  // namespace kurv::app

@@ -13,6 +13,10 @@ namespace kurv::app {
 
 // How a table is written in its file, apart from what its cells mean.
 struct TableSource {
+  // What the user says about the table, and what follows from the kind of its file.
+  TableOptions options;
+  // Such as "JSON", or the name of a sheet; empty for text.
+  std::string kind;
   Encoding encoding = Encoding::kUtf8;
   char separator = ',';
   // What comment lines begin with; empty where there are none.

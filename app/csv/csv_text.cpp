@@ -7,6 +7,7 @@
 
 #include "app/base/read_file.h"
 #include "app/base/user_error.h"
+#include "app/sources/spreadsheet.h"
 
 namespace kurv::app {
 
@@ -36,12 +37,14 @@ DecodedText decode_csv_text(std::string bytes, std::optional<Encoding> encoding,
   return result;
 }
 
-DecodedText read_csv_text(const std::string& path, std::optional<Encoding> encoding) {
+std::string read_table_bytes(const std::string& path, std::optional<Encoding> encoding) {
   const std::string name = name_of_source(path);
   // What has no encoding is refused before it is read to its end.
   bool is_first = true;
+  bool is_workbook = false;
   const auto check_block = [&](std::string_view block) {
-    if (is_first && !encoding) {
+    if (is_first) is_workbook = looks_like_spreadsheet(block);
+    if (is_first && !is_workbook && !encoding) {
       const std::optional<Encoding> guess = encoding_of_beginning(block);
       if (!guess) throw no_text(name);
       if (*guess != Encoding::kUtf8) encoding = guess;
@@ -49,11 +52,11 @@ DecodedText read_csv_text(const std::string& path, std::optional<Encoding> encod
     is_first = false;
     const bool has_nuls =
         encoding && *encoding >= Encoding::kUtf16Le && *encoding <= Encoding::kUtf32Be;
-    if (!has_nuls && block.find('\0') != std::string_view::npos) throw no_text(name);
+    if (!has_nuls && !is_workbook && block.find('\0') != std::string_view::npos)
+      throw no_text(name);
   };
-  std::string bytes = path == kStandardInput ? read_standard_input(check_block)
-                                             : read_file(path, "CSV", check_block);
-  return decode_csv_text(std::move(bytes), encoding, name);
+  return path == kStandardInput ? read_standard_input(check_block)
+                                : read_file(path, "CSV", check_block);
 }
 
 }  // namespace kurv::app

@@ -14,12 +14,12 @@ inline constexpr const char* kStandardInput = "-";
 // What messages call the file: its path, or "standard input".
 std::string name_of_source(const std::string& path);
 
-// The text of a table. A pipe is read like a file, and "-" is standard input. Without an encoding
-// it is guessed. Throws UserError when the file cannot be read, is empty, is larger than 2 GiB, or
-// is no text.
-DecodedText read_csv_text(const std::string& path, std::optional<Encoding> encoding = {});
+// The bytes of a table. A pipe is read like a file, and "-" is standard input. Throws
+// UserError when the file cannot be read, is larger than 2 GiB, or is neither text nor a workbook.
+std::string read_table_bytes(const std::string& path, std::optional<Encoding> encoding = {});
 
-// The same for bytes that have been read.
+// The bytes as text. Without an encoding it is guessed. Throws UserError when they are empty or no
+// text.
 DecodedText decode_csv_text(std::string bytes, std::optional<Encoding> encoding,
                             const std::string& path);
 

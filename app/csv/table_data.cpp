@@ -11,8 +11,8 @@
 
 #include "app/base/message_text.h"
 #include "app/base/user_error.h"
-#include "app/csv/csv_reader.h"
 #include "app/csv/csv_text.h"
+#include "app/csv/table_file.h"
 #include "app/csv/time_axis.h"
 
 namespace kurv::app {
@@ -225,8 +225,8 @@ TableData make_table_data(const CsvTable& table, const Selection& selection,
 }
 
 TableData read_table_data(const std::string& path, const TableOptions& options) {
-  const CsvTable table = read_csv(path, options);
-  TableColumns columns(table, detect_dialect(table, options), options.selection.every);
+  const CsvTable table = read_table(path, options);
+  TableColumns columns(table, detect_dialect(table), options.selection.every);
   const std::string name = name_of_source(path);
   TableData data = make_table_data(columns, options.selection, name);
   check_drawable(data, options.selection, name);

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "app/csv/column_choice.h"
-#include "app/csv/csv_reader.h"
+#include "app/csv/csv_table.h"
 #include "app/csv/table_columns.h"
 
 namespace kurv::app {
@@ -32,8 +32,8 @@ TableData make_table_data(const CsvTable& table, const Selection& selection,
                           const std::string& path);
 
 // A file, or standard input where the path is "-", as data that can be drawn. This is all that a
-// program needs of a table whose columns are not shown to anybody. Throws UserError as read_csv(),
-// make_table_data() and check_drawable() do.
+// program needs of a table whose columns are not shown to anybody. Throws UserError as
+// read_table(), make_table_data() and check_drawable() do.
 TableData read_table_data(const std::string& path, const TableOptions& options);
 
 // Throws UserError for data that would leave the graph empty: it needs two rows, and values of x

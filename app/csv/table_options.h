@@ -39,6 +39,8 @@ struct Selection {
 
 // What is set here is not guessed.
 struct TableOptions {
+  // The name of a sheet, or its number from 1 on.
+  std::optional<std::string> sheet;
   std::optional<Encoding> encoding;
   std::optional<char> separator;
   // The number of lines before the table.
@@ -56,8 +58,8 @@ struct TableOptions {
   Selection selection;
 
   bool any_about_reading() const {
-    return encoding || separator || skip || comment || header || decimal || thousands || missing ||
-           dates;
+    return sheet || encoding || separator || skip || comment || header || decimal || thousands ||
+           missing || dates;
   }
 };
 

@@ -18,7 +18,7 @@
 
 #include "app/base/message_text.h"
 #include "app/base/user_error.h"
-#include "app/csv/csv_reader.h"
+#include "app/csv/table_file.h"
 #include "app/graph/picture_file.h"
 #include "app/window/import_dialog.h"
 #include "app/window/main_menu.h"
@@ -120,8 +120,9 @@ void MainWindow::choose_files() {
   const QPointer<QFileDialog> dialog(new QFileDialog(this, "Open"));
   fit_to_screen(*dialog);
   dialog->setFileMode(QFileDialog::ExistingFiles);
-  dialog->setNameFilters({"Tables and graphs (*.csv *.tsv *.txt *.gdf)",
-                          "Tables (*.csv *.tsv *.txt)", "Graph files (*.gdf)", "All files (*)"});
+  dialog->setNameFilters({"Tables and graphs (*.csv *.tsv *.txt *.ods *.xlsx *.json *.jsonl *.gdf)",
+                          "Tables (*.csv *.tsv *.txt *.ods *.xlsx *.json *.jsonl)",
+                          "Graph files (*.gdf)", "All files (*)"});
   if (!m_path.empty()) {
     const std::string folder = std::filesystem::path(m_path).parent_path().string();
     dialog->setDirectory(QFile::decodeName(folder.c_str()));
@@ -196,7 +197,7 @@ void MainWindow::show_in_new_window(const GraphChoice& choice, const GraphSource
 
 std::optional<GraphSource> MainWindow::ask_about_table(const std::string& path,
                                                        GraphChoice& choice) {
-  CsvTable table = read_csv(path);
+  CsvTable table = read_table(path);
   const QPointer<ImportDialog> dialog(new ImportDialog(path, std::move(table), this));
   std::optional<GraphSource> source;
   if (dialog->exec() == QDialog::Accepted && dialog) {

@@ -28,6 +28,7 @@
 #include "app/command_line/option_values.h"
 #include "app/command_line/table_option_values.h"
 #include "app/csv/table_data.h"
+#include "app/csv/table_file.h"
 #include "app/csv/table_survey.h"
 #include "app/csv/time_axis.h"
 #include "app/csv/unit_text.h"
@@ -75,8 +76,8 @@ class Expectation {
   Expectation(const std::string& path, const QJsonObject& expected)
       : m_expected(expected),
         m_options(options_of(expected["options"].toObject())),
-        m_table(read_csv(path, m_options)),
-        m_columns(m_table, detect_dialect(m_table, m_options), 1),
+        m_table(read_table(path, m_options)),
+        m_columns(m_table, detect_dialect(m_table), 1),
         m_survey(survey_table(m_columns)),
         m_path(path) {}
 

@@ -15,7 +15,7 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 
 CsvDialect dialect_of(const std::string& bytes, const TableOptions& options = {}) {
-  return detect_dialect(parse_csv(bytes, "data.csv", options), options);
+  return detect_dialect(parse_csv(bytes, "data.csv", options));
 }
 
 CsvDialect with_notation(char decimal, char thousands) {

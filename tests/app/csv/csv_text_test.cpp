@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <optional>
 #include <string>
 
 #include "app/base/user_error.h"
@@ -15,6 +16,10 @@ namespace {
 using testing::AllOf;
 using testing::HasSubstr;
 using testing::StartsWith;
+
+DecodedText text_of(const std::string& path, std::optional<Encoding> encoding = {}) {
+  return decode_csv_text(read_table_bytes(path, encoding), encoding, path);
+}
 
 class CsvText : public testing::Test {
  protected:
@@ -33,7 +38,7 @@ class CsvText : public testing::Test {
 
   static std::string refusal_of(const std::string& path) {
     try {
-      read_csv_text(path);
+      text_of(path);
     } catch (const UserError& error) {
       EXPECT_THAT(error.what(), StartsWith(path));
       return error.what();
@@ -46,8 +51,8 @@ class CsvText : public testing::Test {
 };
 
 TEST_F(CsvText, ComesWithoutItsByteOrderMark) {
-  EXPECT_EQ(read_csv_text(written("\xEF\xBB\xBFx,y\r\n")).text, "x,y\r\n");
-  EXPECT_EQ(read_csv_text(written("x,y")).text, "x,y");
+  EXPECT_EQ(text_of(written("\xEF\xBB\xBFx,y\r\n")).text, "x,y\r\n");
+  EXPECT_EQ(text_of(written("x,y")).text, "x,y");
 }
 
 TEST_F(CsvText, IsRefusedWhenThereIsNothingInIt) {
@@ -74,7 +79,7 @@ std::string in_units(std::string_view text, std::size_t size, bool big_endian) {
 TEST_F(CsvText, IsReadInEachEncodingWithAndWithoutItsMark) {
   const std::string text = "time;value\n1;2,5\n";
   const auto expect = [&](const std::string& bytes, Encoding encoding) {
-    const DecodedText decoded = read_csv_text(written(bytes));
+    const DecodedText decoded = text_of(written(bytes));
     EXPECT_EQ(decoded.text, text) << encoding_name(encoding);
     EXPECT_EQ(decoded.encoding, encoding) << encoding_name(encoding);
   };
@@ -97,15 +102,15 @@ TEST_F(CsvText, CharactersOfTwoUnitsAreOneAndHalfOnesAreReplaced) {
 }
 
 TEST_F(CsvText, ThatIsNotUtf8IsCodePage1252) {
-  const DecodedText decoded = read_csv_text(written("t,W\xE4rme in \x80\n1,2\n"));
+  const DecodedText decoded = text_of(written("t,W\xE4rme in \x80\n1,2\n"));
   EXPECT_EQ(decoded.text, "t,W\u00E4rme in \u20AC\n1,2\n");
   EXPECT_EQ(decoded.encoding, Encoding::kCp1252);
   EXPECT_EQ(decoded.first_foreign_line, 0u);
-  EXPECT_EQ(read_csv_text(written("\x80"), Encoding::kLatin1).text, "\u0080");
+  EXPECT_EQ(text_of(written("\x80"), Encoding::kLatin1).text, "\u0080");
 }
 
 TEST_F(CsvText, OfTwoEncodingsIsReadLineByLine) {
-  const DecodedText decoded = read_csv_text(written("\u00E4\n1\n\xE4\n"));
+  const DecodedText decoded = text_of(written("\u00E4\n1\n\xE4\n"));
   EXPECT_EQ(decoded.text, "\u00E4\n1\n\u00E4\n");
   EXPECT_EQ(decoded.encoding, Encoding::kUtf8);
   EXPECT_EQ(decoded.first_foreign_line, 3u);

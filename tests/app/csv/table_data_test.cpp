@@ -1,4 +1,5 @@
 #include "app/csv/table_data.h"
+#include "app/csv/csv_reader.h"
 
 #include <gmock/gmock.h>
 

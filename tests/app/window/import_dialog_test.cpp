@@ -16,6 +16,7 @@
 #include <QTest>
 #include <algorithm>
 
+#include "app/csv/csv_reader.h"
 #include "app/window/import_dialog.h"
 
 namespace kurv::app {

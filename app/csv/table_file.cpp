@@ -1,0 +1,78 @@
+#include "app/csv/table_file.h"
+
+#include <utility>
+
+#include "app/base/message_text.h"
+#include "app/csv/csv_reader.h"
+#include "app/csv/csv_text.h"
+#include "app/sources/json_table.h"
+#include "app/sources/spreadsheet.h"
+
+namespace kurv::app {
+
+namespace {
+
+// The text of a workbook or of JSON is written by this program, so its notation is known.
+TableOptions with_known_notation(TableOptions options) {
+  options.separator = '\t';
+  options.comment = "";
+  if (!options.decimal) options.decimal = '.';
+  if (!options.thousands) options.thousands = '\0';
+  return options;
+}
+
+void add_notes(TableSource& source, std::vector<std::string> notes) {
+  source.notes.insert(source.notes.begin(), std::make_move_iterator(notes.begin()),
+                      std::make_move_iterator(notes.end()));
+}
+
+CsvTable table_of_workbook(const std::string& bytes, const std::string& name,
+                           const TableOptions& options) {
+  SheetText sheet = read_spreadsheet(bytes, name, options.sheet);
+  CsvTable table = parse_csv(std::move(sheet.text), name, with_known_notation(options));
+  TableSource& source = table.source();
+  source.kind = "sheet " + in_quotes(sheet.sheets[sheet.sheet]);
+  if (sheet.sheets.size() > 1) source.kind += " of " + std::to_string(sheet.sheets.size());
+  if (sheet.sheets.size() > 1 && !options.sheet) {
+    sheet.notes.push_back(source.kind + " is read; --sheet chooses another one.");
+  }
+  add_notes(source, std::move(sheet.notes));
+  return table;
+}
+
+CsvTable table_of_json(const std::string& text, const std::string& name, TableOptions options) {
+  JsonTable json = read_json_table(text, name);
+  options.skip = 0;
+  if (json.has_header && !options.header) options.header = HeaderChoice::kNames;
+  CsvTable table = parse_csv(std::move(json.text), name, with_known_notation(std::move(options)));
+  table.source().kind = "JSON";
+  add_notes(table.source(), std::move(json.notes));
+  return table;
+}
+
+CsvTable table_of_text(DecodedText decoded, const std::string& name, const TableOptions& options) {
+  CsvTable table = parse_csv(std::move(decoded.text), name, options);
+  table.source().encoding = decoded.encoding;
+  if (decoded.first_foreign_line > 0) {
+    add_notes(table.source(),
+              {"line " + std::to_string(decoded.first_foreign_line) +
+               " is not UTF-8 although others are, and is read as code page 1252; --encoding "
+               "changes that."});
+  }
+  return table;
+}
+
+}  // namespace
+
+CsvTable read_table(const std::string& path, const TableOptions& options) {
+  const std::string name = name_of_source(path);
+  std::string bytes = read_table_bytes(path, options.encoding);
+  if (looks_like_spreadsheet(bytes)) return table_of_workbook(bytes, name, options);
+  DecodedText decoded = decode_csv_text(std::move(bytes), options.encoding, name);
+  if (!options.separator && looks_like_json(decoded.text)) {
+    return table_of_json(decoded.text, name, options);
+  }
+  return table_of_text(std::move(decoded), name, options);
+}
+
+}  // namespace kurv::app

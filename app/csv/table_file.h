@@ -1,0 +1,15 @@
+// Files of all kinds as tables: text, workbooks and JSON.
+#pragma once
+
+#include <string>
+
+#include "app/csv/csv_table.h"
+
+namespace kurv::app {
+
+// The table in a file, or in standard input where the path is "-". What kind of file it is follows
+// from its content, never from its name. Throws UserError, which begins with the path, where it
+// cannot be read, has no table, or has too much in it.
+CsvTable read_table(const std::string& path, const TableOptions& options = {});
+
+}  // namespace kurv::app

@@ -1,0 +1,78 @@
+#include "app/csv/table_file.h"
+
+#include <gmock/gmock.h>
+
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <vector>
+
+#include "app/base/user_error.h"
+#include "app/csv/table_data.h"
+
+namespace kurv::app {
+namespace {
+
+using testing::Contains;
+using testing::HasSubstr;
+
+std::string source(const std::string& name) {
+  return KURV_SOURCE_DIR "/tests/tables/sources/" + name;
+}
+
+std::vector<std::string> names_of(const CsvTable& table) {
+  std::vector<std::string> names;
+  for (std::size_t c = 0; c < table.width(0); ++c) names.emplace_back(table.cell(0, c));
+  return names;
+}
+
+TEST(TableFile, OfJsonHasItsKeysAsNamesInEachOfItsForms) {
+  const CsvTable objects = read_table(source("objects.json"));
+  const CsvTable lines = read_table(source("objects.jsonl"));
+  EXPECT_EQ(objects.source().kind, "JSON");
+  EXPECT_EQ(names_of(objects), names_of(lines));
+  EXPECT_EQ(objects.rows(), 3U);
+  EXPECT_EQ(lines.rows(), 3U);
+}
+
+TEST(TableFile, OfJsonIsPlainTextWhereTheUserNamesASeparator) {
+  TableOptions options;
+  options.separator = ',';
+  EXPECT_EQ(read_table(source("arrays.json"), options).source().kind, "");
+}
+
+TEST(TableFile, OfAWorkbookIsKnownByItsContentAndSaysWhichSheetIsRead) {
+  for (const char* name : {"types.xlsx", "types.ods"}) {
+    const CsvTable table = read_table(source(name));
+    EXPECT_THAT(table.source().kind, HasSubstr("of 3"));
+    EXPECT_THAT(table.source().notes, Contains(HasSubstr("--sheet chooses another one")));
+    TableOptions options;
+    options.sheet = "2";
+    EXPECT_EQ(read_table(source(name), options).source().kind, table.source().kind);
+  }
+}
+
+TEST(TableFile, OfAWorkbookRefusesASheetThatIsNotThere) {
+  TableOptions options;
+  options.sheet = "nowhere";
+  try {
+    read_table(source("types.xlsx"), options);
+    FAIL() << "it was read";
+  } catch (const UserError& error) {
+    EXPECT_THAT(error.what(), HasSubstr("nowhere"));
+  }
+}
+
+// A decimal point in a workbook is one, whatever the numbers around it look like.
+TEST(TableFile, OfJsonDoesNotTakeAPointForAThousandsSign) {
+  const std::string path =
+      (std::filesystem::temp_directory_path() / "kurv_table_file_test.json").string();
+  std::ofstream(path) << R"([{"x":1,"y":980},{"x":2,"y":987},{"x":3,"y":1.001}])";
+  const TableData data = read_table_data(path, {});
+  std::filesystem::remove(path);
+  EXPECT_EQ(data.values(2, 3), 1.001);
+  EXPECT_EQ(data.names(2), "y");
+}
+
+}  // namespace
+}  // namespace kurv::app
