@@ -56,6 +56,7 @@ void print_layout(const CsvTable& table, const CsvDialect& dialect, const TableO
   print_info_line(
       out, "Comments",
       chosen(source.comment.empty() ? "none" : source.comment, options.comment.has_value()));
+  print_info_line(out, "Comment lines in it", std::to_string(source.comment_lines));
   print_info_line(out, "Lines before it",
                   chosen(std::to_string(source.skipped_lines), options.skip.has_value()));
   std::string header = dialect.header ? "line " + std::to_string(table.line(0)) : "none";

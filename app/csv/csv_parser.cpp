@@ -59,7 +59,10 @@ class CsvParser {
       if (m_at == m_end) break;
       if (is_line_end(*m_at)) {
         skip_line_end();
-      } else if (is_comment() || is_rule_line()) {
+      } else if (is_comment()) {
+        ++m_table.m_source.comment_lines;
+        skip_to_line_end();
+      } else if (is_rule_line()) {
         skip_to_line_end();
       } else {
         parse_row();

@@ -7,8 +7,10 @@
 #include <string_view>
 #include <utility>
 
+#include "app/csv/comment_lines.h"
 #include "app/csv/csv_parser.h"
 #include "app/csv/csv_separator.h"
+#include "app/csv/fixed_width.h"
 #include "app/csv/line_fields.h"
 #include "app/csv/table_start.h"
 

@@ -7,53 +7,20 @@
 #include <cstddef>
 #include <map>
 
+#include "app/csv/fixed_width.h"
 #include "app/csv/line_fields.h"
+#include "app/csv/row_sample.h"
 #include "app/csv/table_options.h"
 
 namespace kurv::app {
 
 namespace {
 
-constexpr std::size_t kSampleSize = 64 * 1024;
-constexpr std::size_t kSampleRows = 100;
 constexpr double kNearlyAll = 0.95;
 // Scores that differ by less are the same.
 constexpr double kSmallest = 1e-9;
 
 using Rows = std::vector<std::string_view>;
-
-// Complete rows of the text, at most so many. A row that is cut off is ignored, unless it is
-// the only one. Returns whether these are all.
-bool add_rows(std::string_view text, const std::string& comment, std::size_t most, Rows& rows) {
-  const bool is_cut = text.size() > kSampleSize;
-  text = text.substr(0, kSampleSize);
-  std::size_t count = 0;
-  while (!text.empty() && count < most) {
-    const std::string_view row = take_row(text);
-    const std::string_view content = trim_blanks(row);
-    if (content.empty() || (!comment.empty() && content.starts_with(comment))) continue;
-    if (is_rule(content)) continue;
-    if (is_cut && text.empty() && !rows.empty()) return false;
-    rows.push_back(row);
-    ++count;
-  }
-  return text.empty() && !is_cut;
-}
-
-// From the beginning of the first whole line.
-std::string_view from_line(std::string_view text) {
-  take_line(text);
-  return text;
-}
-
-// The last ones of the text.
-void add_last_rows(std::string_view text, const std::string& comment, Rows& rows) {
-  Rows last;
-  add_rows(from_line(text.substr(text.size() - std::min(text.size(), kSampleSize))), comment,
-           text.size(), last);
-  const std::size_t kept = std::min(last.size(), kSampleRows);
-  rows.insert(rows.end(), last.end() - static_cast<std::ptrdiff_t>(kept), last.end());
-}
 
 struct Width {
   std::size_t fields = 1;
@@ -93,78 +60,6 @@ Width width_of(const Rows& rows, char separator) {
     best.values = static_cast<double>(count.values) / static_cast<double>(fields * count.rows);
   }
   return best;
-}
-
-// For each place of a line in how many of these lines it is not blank.
-struct Places {
-  std::vector<std::uint32_t> filled;
-  // The same for the first line, which may be the names.
-  std::vector<bool> filled_in_first;
-};
-
-Places filled_places(std::string_view text, const std::string& comment) {
-  constexpr std::size_t kLongestLine = 4096;
-  Places places;
-  bool is_first = true;
-  while (!text.empty()) {
-    const std::string_view line = take_line(text);
-    const std::string_view content = trim_blanks(line);
-    if (content.empty() || (!comment.empty() && content.starts_with(comment))) continue;
-    if (is_rule(content)) continue;
-    std::size_t place = 0;
-    for (const char c : line) {
-      if (is_utf8_continuation(c)) continue;
-      if (place == kLongestLine) break;
-      if (place == places.filled.size()) {
-        places.filled.push_back(0);
-        places.filled_in_first.push_back(false);
-      }
-      if (c != ' ') ++places.filled[place];
-      if (c != ' ' && is_first) places.filled_in_first[place] = true;
-      ++place;
-    }
-    is_first = false;
-  }
-  return places;
-}
-
-// Places that follow one another and are not blank in every line.
-struct Run {
-  std::uint32_t begin;
-  std::uint32_t end;
-  // Some line after the first one has something there.
-  bool has_values;
-};
-
-std::vector<Run> runs_of(const Places& places) {
-  std::vector<Run> runs;
-  for (std::uint32_t place = 0; place < places.filled.size(); ++place) {
-    if (places.filled[place] == 0) continue;
-    if (runs.empty() || runs.back().end != place) runs.push_back({place, place, false});
-    runs.back().end = place + 1;
-    const std::uint32_t in_first = places.filled_in_first[place] ? 1 : 0;
-    runs.back().has_values = runs.back().has_values || places.filled[place] > in_first;
-  }
-  return runs;
-}
-
-// A word of a name with nothing below it belongs to the nearest other run.
-std::vector<Run> merged(std::vector<Run> runs) {
-  for (std::size_t i = 0; i < runs.size() && runs.size() > 1;) {
-    if (runs[i].has_values) {
-      ++i;
-      continue;
-    }
-    const bool has_next = i + 1 < runs.size();
-    const bool to_next =
-        i == 0 || (has_next && runs[i + 1].begin - runs[i].end <= runs[i].begin - runs[i - 1].end);
-    const std::size_t first = to_next ? i : i - 1;
-    runs[first].end = runs[first + 1].end;
-    runs[first].has_values = runs[first].has_values || runs[first + 1].has_values;
-    runs.erase(runs.begin() + static_cast<std::ptrdiff_t>(first) + 1);
-    if (!to_next) --i;
-  }
-  return runs;
 }
 
 // The best of the characters that may separate fields.
@@ -214,20 +109,6 @@ bool has_fixed_width(std::string_view text, const std::string& comment, const Ro
 
 }  // namespace
 
-std::vector<std::string_view> sample_rows(std::string_view text, const std::string& comment) {
-  Rows rows;
-  if (add_rows(text, comment, kSampleRows, rows)) return rows;
-  add_rows(from_line(text.substr(text.size() / 2)), comment, kSampleRows, rows);
-  add_last_rows(text, comment, rows);
-  return rows;
-}
-
-std::vector<std::string_view> last_rows(const std::vector<std::string_view>& rows) {
-  constexpr std::size_t kFewest = 3;
-  const std::size_t count = std::min(rows.size(), std::max(kFewest, rows.size() / 3));
-  return {rows.end() - static_cast<std::ptrdiff_t>(count), rows.end()};
-}
-
 char find_separator(std::string_view text, const std::string& comment, bool commas_are_decimal) {
   const Rows rows = sample_rows(text, comment);
   const bool decimal = commas_are_decimal || has_one_name(rows);
@@ -252,13 +133,6 @@ char find_separator(std::string_view text, const std::string& comment, bool comm
   return score == 0 && decimal ? ';' : best.separator;
 }
 
-std::vector<std::uint32_t> fixed_columns(std::string_view text, const std::string& comment) {
-  std::vector<std::uint32_t> starts;
-  for (const Run& run : merged(runs_of(filled_places(text, comment)))) starts.push_back(run.begin);
-  if (!starts.empty()) starts.front() = 0;
-  return starts;
-}
-
 std::optional<char> declared_separator(std::string_view bytes) {
   constexpr std::string_view kDeclaration = "sep=";
   constexpr std::string_view kPossible = ",;\t|:!^~";
@@ -271,31 +145,6 @@ std::optional<char> declared_separator(std::string_view bytes) {
     return std::nullopt;
   }
   return line.back();
-}
-
-std::string find_comment_prefix(std::string_view text) {
-  std::string_view first;
-  while (first.empty() && !text.empty()) first = trim_blanks(take_line(text));
-  for (const std::string_view prefix : {"#", "%", "//"}) {
-    if (first.starts_with(prefix)) return std::string(prefix);
-  }
-  return {};
-}
-
-std::string find_later_comment_prefix(std::string_view text, char separator) {
-  const Rows rows = sample_rows(text, {});
-  const std::size_t width = width_of(rows, separator).fields;
-  for (const std::string_view prefix : {"#", "%", "//"}) {
-    bool any = false;
-    bool all_differ = true;
-    for (const std::string_view row : rows) {
-      if (!trim_blanks(row).starts_with(prefix)) continue;
-      any = true;
-      all_differ = all_differ && split_row(row, separator).size() != width;
-    }
-    if (any && all_differ) return std::string(prefix);
-  }
-  return {};
 }
 
 bool has_outer_separators(std::string_view text, char separator, const std::string& comment) {

@@ -21,8 +21,9 @@ struct TableSource {
   char separator = ',';
   // What comment lines begin with; empty where there are none.
   std::string comment;
-  // The lines before the table that are no part of it, and whether it was the user who named them.
+  // The lines before the table, comments among them, and the comment lines in it.
   std::size_t skipped_lines = 0;
+  std::size_t comment_lines = 0;
   // The names of the columns are in the last comment line before the first row.
   bool header_in_comment = false;
   // Whole sentences about what was left out or guessed.

@@ -9,6 +9,7 @@
 #include "app/csv/csv_separator.h"
 #include "app/csv/line_fields.h"
 #include "app/csv/missing_text.h"
+#include "app/csv/row_sample.h"
 #include "app/csv/table_options.h"
 #include "app/csv/unit_text.h"
 
