@@ -56,7 +56,7 @@ class CsvTable {
 
  private:
   friend class CsvParser;
-  // Where a cell is in the text. No file above 2 GiB is read, so 32 bits count its bytes.
+  // Where a cell is in the text, which is no larger than 32 bits can count.
   struct Span {
     std::uint32_t begin;
     std::uint32_t end;

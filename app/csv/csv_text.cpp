@@ -2,6 +2,8 @@
 
 #include <KurvGraph/text.h>
 
+#include <cstdint>
+#include <limits>
 #include <string_view>
 #include <utility>
 
@@ -30,6 +32,10 @@ DecodedText decode_csv_text(std::string bytes, std::optional<Encoding> encoding,
   if (!encoding) encoding = encoding_of_beginning(bytes);
   if (!encoding) throw no_text(path);
   DecodedText result = decode(std::move(bytes), *encoding);
+  // Cells are found by 32 bits, and UTF-8 may need three bytes where another encoding has one.
+  if (result.text.size() > std::numeric_limits<std::uint32_t>::max()) {
+    throw UserError(path + " is larger than 4 GiB in UTF-8; cut it into smaller files first.");
+  }
   if (result.text.find('\0') != std::string::npos) throw no_text(path);
   if (trim_whitespace(result.text).empty()) {
     throw UserError(path + " is empty; it needs a row of names and rows of numbers.");

@@ -303,8 +303,10 @@ class Survey {
                      : "because its column has numbers below a thousand as well",
            "--decimal");
     }
+    // Between commas, a decimal point is the rule.
+    const bool is_usual = !comma && m_table.separator() == ',';
     if (decimals.either.count > 0 && decimals.decimal.count == 0 && other.thousands.count == 0 &&
-        !options.decimal) {
+        !options.decimal && !is_usual) {
       note(decimals.either, "a number with a decimal " + std::string(comma ? "comma" : "point"),
            "although it could be a thousands sign", "--thousands");
     }

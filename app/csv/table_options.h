@@ -56,11 +56,6 @@ struct TableOptions {
   std::optional<std::vector<std::string>> missing;
   std::optional<DateOrder> dates;
   Selection selection;
-
-  bool any_about_reading() const {
-    return sheet || encoding || separator || skip || comment || header || decimal || thousands ||
-           missing || dates;
-  }
 };
 
 }  // namespace kurv::app

@@ -87,6 +87,10 @@ std::string in_dialog_words(std::string sentence) {
       sentence.replace(at, option.size(), field);
     }
   }
+  // The dialog has no fields for the other options.
+  if (const std::size_t advice = sentence.find("; --"); advice != std::string::npos) {
+    sentence.replace(advice, std::string::npos, ".");
+  }
   return sentence;
 }
 

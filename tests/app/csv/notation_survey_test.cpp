@@ -59,6 +59,7 @@ TEST(NotationSurvey, AColumnAroundAThousandHasGroups) {
   const Notation thousandths = notation_of("p;q\n1.234;1\n2.345;2\n");
   EXPECT_EQ(thousandths.numbers.decimal, '.');
   EXPECT_THAT(thousandths.notes, ElementsAre(HasSubstr("--thousands changes that")));
+  EXPECT_THAT(notation_of("p,q\n1.234,1\n2.345,2\n").notes, IsEmpty());
 }
 
 TEST(NotationSurvey, ALeadingZeroIsNoGroup) {

@@ -22,8 +22,10 @@
 namespace kurv::app {
 namespace {
 
+using testing::AllOf;
 using testing::ElementsAre;
 using testing::HasSubstr;
+using testing::Not;
 
 struct Import {
   explicit Import(const std::string& text)
@@ -209,6 +211,12 @@ TEST(ImportDialog, OddFieldsAreToldAboutAndLeftOut) {
   Import import("x,y\n1,2\n2,3\n3,oops\n4,5\n5,6\n6,7\n");
   EXPECT_EQ(import.summary(), "6 points, 1 curve");
   EXPECT_THAT(import.label("lblNotes"), HasSubstr("\"oops\" in line 4"));
+}
+
+TEST(ImportDialog, GuessesAreToldWithoutTheOptionsOfTheCommandLine) {
+  Import import("t;p\n1;980\n2;990\n3;1.001\n");
+  EXPECT_THAT(import.label("lblNotes"),
+              AllOf(HasSubstr("is read as a number with a thousands point"), Not(HasSubstr("--"))));
 }
 
 TEST(ImportDialog, HostileTextIsShownAsItIs) {
