@@ -8,7 +8,7 @@
 namespace kurv::app {
 
 // The unchanged bytes of a file. `kind` is what the message about a directory asks for instead,
-// such as "CSV". `check_block` is called with each block as it is read; by throwing it refuses an
+// such as "table". `check_block` is called with each block as it is read; by throwing it refuses an
 // endless device or a video before that is read to its end. Throws UserError when the file cannot
 // be read or is larger than 2 GiB.
 std::string read_file(const std::string& path, const std::string& kind,

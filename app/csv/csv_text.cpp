@@ -62,7 +62,7 @@ std::string read_table_bytes(const std::string& path, std::optional<Encoding> en
       throw no_text(name);
   };
   return path == kStandardInput ? read_standard_input(check_block)
-                                : read_file(path, "CSV", check_block);
+                                : read_file(path, "table", check_block);
 }
 
 }  // namespace kurv::app

@@ -62,7 +62,7 @@ void MainMenu::make_file_menu() {
   add(file, "mnuNewWindow", "&New Window", QKeySequence("Ctrl+N"), Needs::kNothing,
       "Open another, empty window", m_commands.new_window);
   add(file, "mnuOpen", "&Open\u2026", QKeySequence("Ctrl+O"), Needs::kNothing,
-      "Open CSV or graph files", m_commands.open);
+      "Open tables or graph files", m_commands.open);
   QMenu* const recent = file->addMenu("Open &Recent");
   recent->setObjectName("mnuRecent");
   QObject::connect(recent, &QMenu::aboutToShow, recent, [this, recent] { fill_recent(recent); });

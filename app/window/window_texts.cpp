@@ -49,7 +49,7 @@ QString sentence(const std::string& text, const std::string& path) {
 }
 
 QString empty_window_hint() {
-  return "Open or drop a CSV or graph file here";
+  return "Open or drop a table or a graph file here";
 }
 
 QString refused_data_hint(const std::string& path) {
@@ -59,7 +59,8 @@ QString refused_data_hint(const std::string& path) {
 }
 
 QString getting_started() {
-  return "Open or drop a CSV file, or a graph file (.gdf), to see its curves.\n\n"
+  return "Open or drop a table (CSV, .xlsx, .ods, JSON) or a graph file (.gdf) to see its "
+         "curves.\n\n"
          "\u2022 Drag the title, the subtitle or the legend to move it.\n"
          "\u2022 Double-click the title, the legend, an axis or its numbers to change it.\n"
          "\u2022 Right-click the graph for settings, formulas and functions.\n"

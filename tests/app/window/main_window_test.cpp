@@ -17,7 +17,7 @@ class MainWindowTest : public Windows {};
 
 TEST_F(MainWindowTest, AnEmptyOneSaysWhatToDoAndOffersNothingElse) {
   MainWindow* const kurv = window();
-  EXPECT_EQ(hint_of(kurv), "Open or drop a CSV or graph file here");
+  EXPECT_EQ(hint_of(kurv), "Open or drop a table or a graph file here");
   EXPECT_EQ(kurv->windowTitle(), "kurv");
   for (const char* name : {"mnuSave", "mnuSaveAs", "mnuExportPicture", "mnuPrint", "mnuCopy",
                            "mnuTable", "mnuCurves", "mnuTitles", "mnuDesign", "mnuRefresh"}) {
