@@ -40,12 +40,13 @@ TableSurvey survey_table(TableColumns& columns) {
   return survey;
 }
 
-std::string description(const CsvDialect& dialect, char separator) {
+std::string description(const CsvDialect& dialect, const TableSource& source) {
   const std::string comma =
       dialect.notation.numbers.decimal == ',' ? ", numbers have a decimal comma," : "";
   const std::string names = dialect.header ? " and the first line holds the names of the columns."
                                            : " and the columns have no names.";
-  return "The fields are separated by " + separator_name(separator) + comma + names;
+  if (!source.kind.empty()) return "The table is " + source.kind + names;
+  return "The fields are separated by " + separator_name(source.separator) + comma + names;
 }
 
 std::string separator_text(char separator) {

@@ -23,7 +23,7 @@ TableSurvey survey_table(TableColumns& columns);
 
 // One line, such as: The fields are separated by semicolons, numbers have a decimal comma, and the
 // first line holds the names.
-std::string description(const CsvDialect& dialect, char separator);
+std::string description(const CsvDialect& dialect, const TableSource& source);
 
 // As the options of the command line take them: "tab", "blanks", "fixed width" or the character,
 // and a sign, "none" without one. The kind is "numbers", "dates", "words" or "empty".

@@ -205,7 +205,7 @@ QWidget* ImportDialog::make_preview() {
   layout->addWidget(caption("&Rows of the file" + rows, table));
   layout->addWidget(table);
   QLabel* const dialect = plain_label("lblDialect");
-  dialect->setText(shown(description(m_survey.dialect, m_table.separator())));
+  dialect->setText(shown(description(m_survey.dialect, m_table.source())));
   layout->addWidget(dialect);
   return box;
 }

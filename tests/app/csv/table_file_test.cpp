@@ -9,6 +9,7 @@
 
 #include "app/base/user_error.h"
 #include "app/csv/table_data.h"
+#include "app/csv/table_survey.h"
 
 namespace kurv::app {
 namespace {
@@ -50,6 +51,12 @@ TEST(TableFile, OfAWorkbookIsKnownByItsContentAndSaysWhichSheetIsRead) {
     options.sheet = "2";
     EXPECT_EQ(read_table(source(name), options).source().kind, table.source().kind);
   }
+}
+
+TEST(TableFile, OfAWorkbookIsDescribedByItsSheetAndNotBySeparators) {
+  const CsvTable table = read_table(source("types.ods"));
+  EXPECT_EQ(description(detect_dialect(table), table.source()),
+            "The table is sheet \"Data\" of 3 and the first line holds the names of the columns.");
 }
 
 TEST(TableFile, OfAWorkbookRefusesASheetThatIsNotThere) {
