@@ -167,8 +167,8 @@ class Chooser {
     const std::string word = first_word(m_columns, other);
     throw UserError(m_path + " has no column of numbers beside x, the " + quoted(m_columns, 0) +
                     "; the " + quoted(m_columns, other) + " has " +
-                    (word.empty() ? "none" : "others, first " + word) +
-                    ". Check the separator and the decimal sign, or choose --x row --y 1.");
+                    (word.empty() ? "none" : "others, first " + word) + "; " + advice() +
+                    ", or choose --x row --y 1.");
   }
 
   void choose_named_curves() {
@@ -211,11 +211,15 @@ class Chooser {
          (one ? " and is left out." : " and are left out."));
   }
 
+  // What may be wrong with a table that has no numbers.
+  std::string advice() const {
+    if (!m_columns.table().source().kind.empty()) return "\"kurv info\" says what its columns hold";
+    return "check the separator between its fields and the decimal sign of its numbers";
+  }
+
   void check_count() const {
     if (m_choice.y.empty()) {
-      throw UserError(m_path +
-                      " has no column of numbers to draw as a curve; check the separator " +
-                      "between its fields and the decimal sign of its numbers.");
+      throw UserError(m_path + " has no column of numbers to draw as a curve; " + advice() + ".");
     }
     if (m_choice.y.size() <= std::size_t{kMaxCurves}) return;
     throw UserError(m_path + " has " + std::to_string(m_choice.y.size()) +

@@ -16,6 +16,7 @@ namespace {
 
 using testing::Contains;
 using testing::HasSubstr;
+using testing::Not;
 
 std::string source(const std::string& name) {
   return KURV_SOURCE_DIR "/tests/tables/sources/" + name;
@@ -57,6 +58,16 @@ TEST(TableFile, OfAWorkbookIsDescribedByItsSheetAndNotBySeparators) {
   const CsvTable table = read_table(source("types.ods"));
   EXPECT_EQ(description(detect_dialect(table), table.source()),
             "The table is sheet \"Data\" of 3 and the first line holds the names of the columns.");
+}
+
+TEST(TableFile, OfAWorkbookWithoutNumbersIsNotRefusedForItsSeparator) {
+  try {
+    read_table_data(source("since_1904.xlsx"), {});
+    FAIL() << "it was read";
+  } catch (const UserError& error) {
+    EXPECT_THAT(error.what(), HasSubstr("no column of numbers"));
+    EXPECT_THAT(error.what(), Not(HasSubstr("separator")));
+  }
 }
 
 TEST(TableFile, OfAWorkbookRefusesASheetThatIsNotThere) {
