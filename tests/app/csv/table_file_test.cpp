@@ -10,6 +10,7 @@
 #include "app/base/user_error.h"
 #include "app/csv/table_data.h"
 #include "app/csv/table_survey.h"
+#include "tests/app/sources/source_bytes.h"
 
 namespace kurv::app {
 namespace {
@@ -18,10 +19,6 @@ using testing::Contains;
 using testing::HasSubstr;
 using testing::Not;
 
-std::string source(const std::string& name) {
-  return KURV_SOURCE_DIR "/tests/tables/sources/" + name;
-}
-
 std::vector<std::string> names_of(const CsvTable& table) {
   std::vector<std::string> names;
   for (std::size_t c = 0; c < table.width(0); ++c) names.emplace_back(table.cell(0, c));
@@ -29,8 +26,8 @@ std::vector<std::string> names_of(const CsvTable& table) {
 }
 
 TEST(TableFile, OfJsonHasItsKeysAsNamesInEachOfItsForms) {
-  const CsvTable objects = read_table(source("objects.json"));
-  const CsvTable lines = read_table(source("objects.jsonl"));
+  const CsvTable objects = read_table(test::source_path("objects.json"));
+  const CsvTable lines = read_table(test::source_path("objects.jsonl"));
   EXPECT_EQ(objects.source().kind, "JSON");
   EXPECT_EQ(names_of(objects), names_of(lines));
   EXPECT_EQ(objects.rows(), 3U);
@@ -40,29 +37,29 @@ TEST(TableFile, OfJsonHasItsKeysAsNamesInEachOfItsForms) {
 TEST(TableFile, OfJsonIsPlainTextWhereTheUserNamesASeparator) {
   TableOptions options;
   options.separator = ',';
-  EXPECT_EQ(read_table(source("arrays.json"), options).source().kind, "");
+  EXPECT_EQ(read_table(test::source_path("arrays.json"), options).source().kind, "");
 }
 
 TEST(TableFile, OfAWorkbookIsKnownByItsContentAndSaysWhichSheetIsRead) {
   for (const char* name : {"types.xlsx", "types.ods"}) {
-    const CsvTable table = read_table(source(name));
+    const CsvTable table = read_table(test::source_path(name));
     EXPECT_THAT(table.source().kind, HasSubstr("of 3"));
     EXPECT_THAT(table.source().notes, Contains(HasSubstr("--sheet chooses another one")));
     TableOptions options;
     options.sheet = "2";
-    EXPECT_EQ(read_table(source(name), options).source().kind, table.source().kind);
+    EXPECT_EQ(read_table(test::source_path(name), options).source().kind, table.source().kind);
   }
 }
 
 TEST(TableFile, OfAWorkbookIsDescribedByItsSheetAndNotBySeparators) {
-  const CsvTable table = read_table(source("types.ods"));
+  const CsvTable table = read_table(test::source_path("types.ods"));
   EXPECT_EQ(description(detect_dialect(table), table.source()),
             "The table is sheet \"Data\" of 3 and the first line holds the names of the columns.");
 }
 
 TEST(TableFile, OfAWorkbookWithoutNumbersIsNotRefusedForItsSeparator) {
   try {
-    read_table_data(source("since_1904.xlsx"), {});
+    read_table_data(test::source_path("since_1904.xlsx"), {});
     FAIL() << "it was read";
   } catch (const UserError& error) {
     EXPECT_THAT(error.what(), HasSubstr("no column of numbers"));
@@ -74,7 +71,7 @@ TEST(TableFile, OfAWorkbookRefusesASheetThatIsNotThere) {
   TableOptions options;
   options.sheet = "nowhere";
   try {
-    read_table(source("types.xlsx"), options);
+    read_table(test::source_path("types.xlsx"), options);
     FAIL() << "it was read";
   } catch (const UserError& error) {
     EXPECT_THAT(error.what(), HasSubstr("nowhere"));

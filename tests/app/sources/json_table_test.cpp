@@ -2,27 +2,21 @@
 
 #include <gmock/gmock.h>
 
-#include <fstream>
-#include <iterator>
 #include <string>
 #include <vector>
 
 #include "app/base/user_error.h"
+#include "tests/app/sources/source_bytes.h"
 
 namespace kurv::app {
 namespace {
 
+using test::source_bytes;
 using testing::AllOf;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::StartsWith;
-
-std::string source_bytes(const std::string& name) {
-  std::ifstream file(std::string(KURV_SOURCE_DIR "/tests/tables/sources/") + name,
-                     std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
-}
 
 // The text of a table, or the sentence that refuses it.
 std::string outcome(const std::string& bytes) {

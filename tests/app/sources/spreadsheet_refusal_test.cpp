@@ -1,19 +1,19 @@
 // Files that are no spreadsheets, damaged, or made to do harm.
 #include <gmock/gmock.h>
 
-#include <fstream>
-#include <iterator>
 #include <random>
 #include <string>
 #include <string_view>
 
 #include "app/base/user_error.h"
 #include "app/sources/spreadsheet.h"
+#include "tests/app/sources/source_bytes.h"
 #include "tests/app/sources/zip_bytes.h"
 
 namespace kurv::app {
 namespace {
 
+using test::source_bytes;
 using testing::AnyOf;
 using testing::HasSubstr;
 using testing::StartsWith;
@@ -26,12 +26,6 @@ std::string outcome(const std::string& bytes) {
     EXPECT_THAT(error.what(), StartsWith("file "));
     return error.what();
   }
-}
-
-std::string source_bytes(const std::string& name) {
-  std::ifstream file(std::string(KURV_SOURCE_DIR "/tests/tables/sources/") + name,
-                     std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
 }
 
 Members workbook(const std::string& sheet_data) {

@@ -2,8 +2,6 @@
 #include "qt/widget/picture_printer.h"
 
 #include <gtest/gtest.h>
-#include <sys/resource.h>
-#include <unistd.h>
 
 #include <QDir>
 #include <QFile>
@@ -12,10 +10,14 @@
 #include <QPrinter>
 #include <QProcess>
 #include <QTemporaryDir>
-#include <csignal>
+
+#include "tests/support/refusing_platform.h"
 
 namespace kurv {
 namespace {
+
+using test::FullDisk;
+using test::Unprivileged;
 
 class PrinterPage : public testing::Test {
  protected:
@@ -181,26 +183,6 @@ TEST_F(PrintedFile, IsGreyWhereTheUserHasChosenSo) {
   EXPECT_FALSE(ink(shown).isNull());
 }
 
-// Truncates every write as a full disk does.
-class FullDisk {
- public:
-  explicit FullDisk(rlim_t bytes) {
-    getrlimit(RLIMIT_FSIZE, &m_before);
-    const rlimit limit{bytes, m_before.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &limit);
-  }
-  ~FullDisk() {
-    setrlimit(RLIMIT_FSIZE, &m_before);
-    std::signal(SIGXFSZ, m_handler);
-  }
-  FullDisk(const FullDisk&) = delete;
-  FullDisk& operator=(const FullDisk&) = delete;
-
- private:
-  void (*m_handler)(int) = std::signal(SIGXFSZ, SIG_IGN);
-  rlimit m_before{};
-};
-
 TEST_F(PrintedFile, IsNotThereWhereTheDiskIsFull) {
   ASSERT_TRUE(print_file(m_printer, coloured(), m_caption));
   const auto size = static_cast<rlim_t>(QFile(path()).size());
@@ -222,22 +204,6 @@ TEST_F(PrintedFile, LeavesTheOlderOneWhereTheDiskIsFull) {
   EXPECT_EQ(contents(path()), before);
   EXPECT_EQ(names(), QStringList{"page.pdf"});
 }
-
-// Permissions do not stop root, so root becomes somebody else for a while.
-class Unprivileged {
- public:
-  Unprivileged() {
-    if (m_before == 0) {
-      EXPECT_EQ(seteuid(65534), 0);
-    }
-  }
-  ~Unprivileged() { EXPECT_EQ(seteuid(m_before), 0); }
-  Unprivileged(const Unprivileged&) = delete;
-  Unprivileged& operator=(const Unprivileged&) = delete;
-
- private:
-  uid_t m_before = geteuid();
-};
 
 // A folder in which the file may be written and no other.
 TEST_F(PrintedFile, LeavesTheOlderOneAlsoWhereItIsOverwrittenInPlace) {
