@@ -64,15 +64,17 @@ CsvTable table_of_text(DecodedText decoded, const std::string& name, const Table
 
 }  // namespace
 
-CsvTable read_table(const std::string& path, const TableOptions& options) {
-  const std::string name = name_of_source(path);
-  std::string bytes = read_table_bytes(path, options.encoding);
+CsvTable parse_table(std::string bytes, const std::string& name, const TableOptions& options) {
   if (looks_like_spreadsheet(bytes)) return table_of_workbook(bytes, name, options);
   DecodedText decoded = decode_csv_text(std::move(bytes), options.encoding, name);
   if (!options.separator && looks_like_json(decoded.text)) {
     return table_of_json(decoded.text, name, options);
   }
   return table_of_text(std::move(decoded), name, options);
+}
+
+CsvTable read_table(const std::string& path, const TableOptions& options) {
+  return parse_table(read_table_bytes(path, options.encoding), name_of_source(path), options);
 }
 
 }  // namespace kurv::app

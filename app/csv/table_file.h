@@ -11,5 +11,8 @@ namespace kurv::app {
 // from its content, never from its name. Throws UserError, which begins with the path, where it
 // cannot be read, has no table, or has too much in it.
 CsvTable read_table(const std::string& path, const TableOptions& options = {});
+// The same for bytes that have been read by read_table_bytes(), or that come from elsewhere; `name`
+// is what messages call them.
+CsvTable parse_table(std::string bytes, const std::string& name, const TableOptions& options = {});
 
 }  // namespace kurv::app

@@ -79,7 +79,8 @@ class MainWindow final : public QMainWindow {
   void choose_files();
   bool open_in(Target target, const std::string& path);
   void show_in_new_window(const GraphChoice& choice, const GraphSource& source) const;
-  std::optional<GraphSource> ask_about_table(const std::string& path, GraphChoice& choice);
+  std::optional<GraphSource> ask_about_table(const std::string& path, std::string bytes,
+                                             GraphChoice& choice);
   void open_recent(const std::string& path);
   bool save();
   bool confirm_close();

@@ -18,6 +18,7 @@
 
 #include "app/base/message_text.h"
 #include "app/base/user_error.h"
+#include "app/csv/csv_text.h"
 #include "app/csv/table_file.h"
 #include "app/graph/picture_file.h"
 #include "app/window/import_dialog.h"
@@ -159,7 +160,7 @@ bool MainWindow::open_in(Target target, const std::string& path) {
     GraphChoice choice;
     choice.locale = m_locale;
     std::optional<GraphSource> source = GraphSource{path, std::nullopt};
-    if (!is_graph_file(path)) source = ask_about_table(path, choice);
+    if (!is_graph_file(path)) source = ask_about_table(path, read_table_bytes(path), choice);
     if (!source || !alive) return false;
     if (target == Target::kThisWindow && is_saved()) {
       show_graph(choice, *source);
@@ -195,9 +196,9 @@ void MainWindow::show_in_new_window(const GraphChoice& choice, const GraphSource
   window->show();
 }
 
-std::optional<GraphSource> MainWindow::ask_about_table(const std::string& path,
+std::optional<GraphSource> MainWindow::ask_about_table(const std::string& path, std::string bytes,
                                                        GraphChoice& choice) {
-  CsvTable table = read_table(path);
+  CsvTable table = parse_table(std::move(bytes), path);
   const QPointer<ImportDialog> dialog(new ImportDialog(path, std::move(table), this));
   std::optional<GraphSource> source;
   if (dialog->exec() == QDialog::Accepted && dialog) {
