@@ -32,6 +32,18 @@ std::size_t line_ends(std::string_view text) {
   return count;
 }
 
+// What is kept of a column, whatever is in it, takes a hundred times the memory of its separator.
+void check_widths(const CsvTable& table, const std::string& path) {
+  constexpr std::size_t kMaxColumns = 100'000;
+  for (std::size_t row = 0; row < table.rows(); ++row) {
+    if (table.width(row) <= kMaxColumns) continue;
+    throw UserError(path + " has " + std::to_string(table.width(row)) + " fields in line " +
+                    std::to_string(table.line(row)) +
+                    ", and at most 100000 can be read; is this the separator? --separator names "
+                    "another one.");
+  }
+}
+
 }  // namespace
 
 class CsvParser {
@@ -280,6 +292,7 @@ CsvTable parse_csv(std::string text, const ParseRules& rules, const std::string&
   table.source().separator = rules.separator;
   table.source().comment = rules.comment;
   CsvParser(table, rules, path).parse();
+  check_widths(table, path);
   return table;
 }
 

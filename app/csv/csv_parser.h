@@ -27,7 +27,7 @@ struct ParseRules {
 
 // Fields may be quoted, unless columns have a fixed width; quoted ones may hold separators, line
 // ends, and doubled quotation marks. Lines end in LF, CR LF or CR. Throws UserError, which begins
-// with `path`, when a quotation mark is never closed.
+// with `path`, when a quotation mark is never closed, or a row has more than 100,000 fields.
 CsvTable parse_csv(std::string text, const ParseRules& rules, const std::string& path);
 // The same where a separator is all there is to say.
 CsvTable parse_csv(std::string text, char separator, const std::string& path);

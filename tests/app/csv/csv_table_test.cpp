@@ -131,6 +131,16 @@ TEST(CsvTable, AQuotationMarkThatIsNeverClosedIsRefusedWithItsLine) {
   }
 }
 
+TEST(CsvTable, ARowOfVeryManyFieldsIsRefusedWithItsLine) {
+  EXPECT_EQ(parse_csv("a\n" + std::string(99'999, ';') + '\n', ';', "data.csv").width(1), 100'000);
+  try {
+    parse_csv("a\n" + std::string(100'000, ';') + '\n', ';', "data.csv");
+    FAIL();
+  } catch (const UserError& error) {
+    EXPECT_THAT(error.what(), HasSubstr("data.csv has 100001 fields in line 2"));
+  }
+}
+
 TEST(CsvTable, AFieldAsLargeAsTheFileIsRead) {
   const std::string large(3 << 20, 'a');
   const CsvTable table = parse_csv("x,\"" + large + "\"\n", ',', "data.csv");

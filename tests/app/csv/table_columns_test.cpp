@@ -92,11 +92,11 @@ TEST(TableColumns, AreSharedWithTheMatricesThatGetThem) {
 TEST(TableColumns, OfOneVeryLongRowCostNoTime) {
   std::string bytes;
   for (int i = 0; i < 30000; ++i) bytes += "1,2\n";
-  for (int i = 0; i < 100000; ++i) bytes += "3,";
+  for (int i = 0; i < 99999; ++i) bytes += "3,";
   bytes += '\n';
   Columns table(bytes);
   table.columns.read_all();
-  EXPECT_EQ(table.columns.survey(99999).filled(), 1u);
+  EXPECT_EQ(table.columns.survey(99998).filled(), 1u);
   EXPECT_EQ(table.columns.survey(1).filled(), 30001u);
 }
 

@@ -251,7 +251,7 @@ TEST(TableData, TablesWithoutNumbersAreRefused) {
 
 TEST(TableData, AWideHeaderAboveManyShortRowsCostsNoTime) {
   std::string bytes = "x,y";
-  for (int i = 0; i < 100000; ++i) bytes += ",a";
+  for (int i = 0; i < 99998; ++i) bytes += ",a";
   bytes += '\n';
   for (int i = 0; i < 30000; ++i) bytes += "1,2\n";
   const TableData data = data_of(bytes);
