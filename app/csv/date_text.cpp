@@ -194,14 +194,16 @@ class TimeReader {
  public:
   explicit TimeReader(std::string_view text) : m_rest(text) {}
 
-  // As a part of a day; a UTC offset may move it to another day.
-  std::optional<double> read() {
-    const std::optional<int> hour = number(1, 2);
+  // As a part of a day; a UTC offset may move it to another day. An elapsed time may have more than
+  // 23 hours where it has seconds: "75:30" could be minutes and seconds.
+  std::optional<double> read(bool may_be_elapsed) {
+    const std::optional<int> hour = number(1, may_be_elapsed ? 4 : 2);
     const bool has_minutes = hour && accept(':');
     const std::optional<int> minute = has_minutes ? number(2, 2) : std::nullopt;
     if (!minute || *minute > 59) return std::nullopt;
     double second = 0;
-    if (accept(':')) {
+    const bool has_seconds = accept(':');
+    if (has_seconds) {
       const std::optional<int> whole = number(2, 2);
       if (!whole || *whole > 59) return std::nullopt;
       second = *whole;
@@ -211,7 +213,8 @@ class TimeReader {
         second += *part;
       }
     }
-    const std::optional<int> full_hour = half_day(*hour);
+    const bool elapsed = may_be_elapsed && has_seconds && m_rest.empty();
+    const std::optional<int> full_hour = elapsed ? hour : half_day(*hour);
     const std::optional<int> offset = zone();
     if (!full_hour || !offset || !m_rest.empty()) return std::nullopt;
     return (*full_hour * 60 + *minute - *offset + second / 60) / (24.0 * 60);
@@ -295,7 +298,7 @@ std::optional<DateValue> parse_date(std::string_view text, DateOrder order) {
   if (colon == text.npos) return parse_day(text, order);
   if (colon == 0) return std::nullopt;
   const std::size_t begin = start_of_time(text, colon);
-  const std::optional<double> time = TimeReader(text.substr(begin)).read();
+  const std::optional<double> time = TimeReader(text.substr(begin)).read(begin == 0);
   if (!time) return std::nullopt;
   if (begin == 0) return DateValue{*time, DateKind::kTimeOfDay};
   std::string_view day = text.substr(0, begin);

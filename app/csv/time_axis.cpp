@@ -106,6 +106,14 @@ std::string rescale_to_clock(Column<Double> days, const ClockUnit& unit, double 
   return iso_date_text(day) + ' ' + clock_text(clock, step < 60);
 }
 
+// Times of which some are beyond 24 hours: since they began, not since a time of day.
+std::string rescale_elapsed(Column<Double> days, double last) {
+  constexpr double kLongestInHours = 10;  // days
+  if (last >= kLongestInHours) return "days";
+  convert(days, [](double value) { return std::round(value * kSecondsPerDay * 1e5) / 3600e5; });
+  return "hours";
+}
+
 }  // namespace
 
 double decimal_year(double days) {
@@ -142,6 +150,7 @@ bool within_two_years(double first_days, double last_days) {
 std::string rescale_dates(Column<Double> days, DateKind kind) {
   const Span span = span_of(days);
   if (!(span.first <= span.last)) return "no dates";
+  if (kind == DateKind::kTimeOfDay && span.last >= 1) return rescale_elapsed(days, span.last);
   if (kind == DateKind::kTimeOfDay) {
     const ClockUnit* unit = clock_unit(span.last - span.first);
     if (unit == nullptr) unit = &kClockUnits.back();

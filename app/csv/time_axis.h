@@ -24,7 +24,8 @@ bool within_two_years(double first_days, double last_days);
 // Makes days since 1970, or since midnight, numbers in the unit that suits their span, and returns
 // what they are then, such as "days since 2012-01-31": years with their fraction from two years on;
 // months where the dates are months alone; days; or hours, minutes and seconds where the dates have
-// times and the span is below three days, three hours or five minutes.
+// times and the span is below three days, three hours or five minutes. Times of which one is beyond
+// 24 hours are elapsed ones, in hours, or in days from ten days on.
 std::string rescale_dates(Column<Double> days, DateKind kind);
 
 }  // namespace kurv::app

@@ -86,6 +86,18 @@ TEST(DateText, MayBeATimeAlone) {
   EXPECT_EQ(parse_date("18:00:00.5", DateOrder::kDayFirst)->kind, DateKind::kTimeOfDay);
 }
 
+TEST(DateText, MayBeAnElapsedTimeWithSeconds) {
+  EXPECT_EQ(days_of("24:00:00"), 1);
+  EXPECT_EQ(days_of("36:00:00"), 1.5);
+  EXPECT_EQ(days_of("2400:00:00.0"), 100);
+  // It may be minutes and seconds.
+  EXPECT_FALSE(days_of("75:30"));
+  EXPECT_FALSE(days_of("1970-01-02 36:00:00"));
+  EXPECT_FALSE(days_of("36:00:00 PM"));
+  EXPECT_FALSE(days_of("36:00:00Z"));
+  EXPECT_FALSE(days_of("12345:00:00"));
+}
+
 TEST(DateText, IsNothingElse) {
   for (const char* text : {"",
                            "2012",

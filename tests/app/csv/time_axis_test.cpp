@@ -78,6 +78,14 @@ TEST(TimeAxis, HasTheUnitThatSuitsTheSpan) {
   EXPECT_THAT(rescaled({"8:00", "23:00"}), Pair("hours since 08:00", ElementsAre(0, 15)));
 }
 
+TEST(TimeAxis, CountsElapsedTimesFromTheirBeginning) {
+  using testing::ElementsAre;
+  using testing::Pair;
+  EXPECT_THAT(rescaled({"23:15:00", "24:00:00", "25:30:00"}),
+              Pair("hours", ElementsAre(23.25, 24, 25.5)));
+  EXPECT_THAT(rescaled({"0:00:00", "360:00:00"}), Pair("days", ElementsAre(0, 15)));
+}
+
 TEST(TimeAxis, WithoutADateIsLeftAsItIs) {
   EXPECT_EQ(rescaled({"x"}).first, "no dates");
 }
