@@ -83,6 +83,16 @@ void Control::scatter_graph2(const String& pTitle_, const Matrix<Double>& xyArr_
                        xyArr_, xyVarNames_, y_visible_, y_func_);
 }
 
+void Control::append_points(const Matrix<Double>& points) {
+  kurv::append_points(*m_state, points);
+}
+void Control::replace_points(const Matrix<Double>& points, const List<String>& names) {
+  kurv::replace_points(*m_state, points, names);
+}
+unsigned Control::cell_edits() const {
+  return m_state->cell_edits;
+}
+
 void Control::file_load(const String& filename) {
   kurv::file_load(*m_state, filename);
 }

@@ -12,6 +12,7 @@
 #include <KurvGraph/services.h>
 #include <KurvGraph/shell.h>
 
+#include "control/growing_data.h"
 #include "control/lazy_evaluator.h"
 #include "control/mouse_state.h"
 #include "io/text_file.h"
@@ -49,6 +50,11 @@ struct ControlState {
   LazyEvaluator derived_evaluator{};   // computes derived curves
   LazyEvaluator wizard_evaluator{};    // checks names and expressions of derived curves
   MouseState mouse{};
+  // What has to be known when more points come.
+  ColumnSources columns{};
+  ChosenFormat x_format{};
+  ChosenFormat y_format{};
+  unsigned cell_edits = 0;  // since the last intake
   bool is_terminated = false;
   std::vector<EventListener> listeners = {};
   std::unique_ptr<PicturePrinter> printer = {};  // made at the first print

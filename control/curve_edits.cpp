@@ -7,6 +7,7 @@
 #include <KurvGraph/text.h>
 
 #include "control/control_state.h"
+#include "control/growing_data.h"
 #include "control/redraw.h"
 #include "model/axis_range.h"
 #include "model/data_set.h"
@@ -112,6 +113,7 @@ void choose_x(ControlState& state, const String& name) {
   if (column <= 1) return;
   document.xyArr = document.xyArrUnsorted;
   exchange_with_x(document, column);
+  exchange_sources_with_x(state, column);
   refresh_sorted_data(document, *state.services.swap);
   compute_range(state);
   choose_format(document.ymin, document.ymax, document.AxisLabelFormatY);

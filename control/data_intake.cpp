@@ -5,6 +5,7 @@
 #include <random>
 
 #include "control/control_state.h"
+#include "control/growing_data.h"
 #include "control/redraw.h"
 #include "model/axis_range.h"
 #include "model/data_set.h"
@@ -69,6 +70,7 @@ void store_separate(ControlState& state, int upper_column, const Matrix<Double>&
     document.yVarName(k + 1) = y_names(k);
     document.y_visible(k) = true;
   }
+  reset_column_sources(state);
 }
 
 void compute_limits(ControlState& state) {
@@ -77,7 +79,7 @@ void compute_limits(ControlState& state) {
 }
 
 void draw_first_time(ControlState& state) {
-  choose_label_formats(state.document, *state.services.numeric);
+  choose_first_formats(state);
   state.document.DataFromHost = true;
   build_the_graph(state);
 }
@@ -110,6 +112,7 @@ void finish_combined(ControlState& state, const List<Boolean>& visible) {
   GraphDocument& document = state.document;
   refresh_sorted_data(document, *state.services.swap);
   for (int k = 1; k <= document.NumY; ++k) document.y_visible(k) = visible(k);
+  reset_column_sources(state);
   validate_and_draw(state);
 }
 

@@ -1,6 +1,7 @@
 #include "control/derived_curves.h"
 
 #include "control/control_state.h"
+#include "control/growing_data.h"
 #include "control/redraw.h"
 #include "model/axis_range.h"
 #include "model/data_set.h"
@@ -21,6 +22,7 @@ void set_variables(const GraphDocument& document, int curves, int i, ExprEvaluat
 
 void append_derived_curve(ControlState& state, const String& name, const String& expression) {
   GraphDocument& document = state.document;
+  add_derivation(state, expression);
   const int curves = document.NumY;
   document.NumY = to_integer(Double(curves) + 1);
   document.y_visible.resize_keeping(document.NumY);

@@ -55,6 +55,7 @@ std::optional<String> apply_table_edits(ControlState& state, std::vector<CellEdi
     return refusal;
   }
 
+  ++state.cell_edits;
   document.xyArr = data;
   refresh_sorted_data(document, *state.services.swap);
   if (document.Autoscale) {

@@ -119,6 +119,13 @@ class KurvGraph : public QWidget {
                                   std::optional<bool> pConnected_ = {},
                                   std::optional<bool> draw_scatter_points_ = {});
 
+  // For data that grow while they are shown: more points of the columns that were loaded, and
+  // others in their place. What the user has set stays; see Control::append_points().
+  void append_points(const Matrix<Double>& points);
+  void replace_points(const Matrix<Double>& points, const List<String>& names);
+  // How many times the table window has changed cells since data were loaded.
+  unsigned cell_edits() const;
+
   // Adds a visible function curve, an expression of x, and redraws. Returns nothing on success,
   // otherwise one sentence that says what is wrong; then nothing has changed.
   std::optional<QString> add_function(const QString& expression);

@@ -96,6 +96,19 @@ class Control {
                       const List<Boolean>& y_visible_, Integer pNumYFunc_,
                       const List<String>& y_func_, std::optional<Boolean> pConnected_ = {},
                       std::optional<Boolean> draw_scatter_points_ = {});
+  // For a host whose data grow while they are shown. points(column, point) has the columns that
+  // scatter_graph() or scatter_graph2() got, counted from 1 and in that order, x first; it belongs
+  // to them also where the user has made another one x. append_points() adds points at the end, and
+  // drops the first ones beyond kMaxPoints. replace_points() puts these in place of all points, and
+  // names() in place of the names that nobody has changed. Derived curves are computed for the new
+  // points. Names, visibility, functions, titles, fonts and all other settings stay; so do the
+  // limits, unless Autoscale is on, and the formats of the labels, unless the control has chosen
+  // them. Redraw. Throw kSubscriptOutOfRange for another number of columns, and what the evaluator
+  // and a redraw throw.
+  void append_points(const Matrix<Double>& points);
+  void replace_points(const Matrix<Double>& points, const List<String>& names);
+  // How many times the table window has changed cells since data were loaded.
+  unsigned cell_edits() const;
   // Loads a graph file and redraws. Text is UTF-8, or code page 1252 where its bytes are not UTF-8;
   // lines end in CR LF or LF. Handle positions, font sizes and the control's size are read as whole
   // numbers, a flag as True or False. The label formats are chosen anew where the data need it.

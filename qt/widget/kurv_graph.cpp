@@ -277,6 +277,18 @@ void KurvGraph::scatter_graph2(const String& pTitle_, const Matrix<Double>& xyAr
   });
 }
 
+void KurvGraph::append_points(const Matrix<Double>& points) {
+  call([&](Control& control) { control.append_points(points); });
+}
+
+void KurvGraph::replace_points(const Matrix<Double>& points, const List<String>& names) {
+  call([&](Control& control) { control.replace_points(points, names); });
+}
+
+unsigned KurvGraph::cell_edits() const {
+  return m_state->graph.cell_edits();
+}
+
 void KurvGraph::init() {
   m_state->graph.init();
 }

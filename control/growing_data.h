@@ -1,0 +1,57 @@
+// Data of a host that grow while the graph is shown: new points come, and everything else that the
+// user or the host has set stays.
+#pragma once
+
+#include <KurvGraph/arrays.h>
+#include <KurvGraph/values.h>
+
+#include <utility>
+#include <vector>
+
+namespace kurv {
+
+struct ControlState;
+
+// Where the columns of the document come from. Choosing another x exchanges two of them, and
+// derived curves are appended.
+struct ColumnSources {
+  // A curve that was computed from others: its number, and the names of the columns that its
+  // expression could use, with their numbers.
+  struct Derivation {
+    int number;
+    String expression;
+    std::vector<std::pair<String, int>> variables;
+  };
+
+  // Columns of the host, x among them; they have the numbers 1 to this one, and derived curves
+  // those after it.
+  int host_columns = 0;
+  // As the host passed them; element 1 is the name of x.
+  std::vector<String> host_names;
+  // Element c - 1 is the number of column c of the document.
+  std::vector<int> numbers;
+  std::vector<Derivation> derivations;
+};
+
+// The label format of an axis before the control chose one that suits the data, and after. A format
+// that is neither was set by the user.
+struct ChosenFormat {
+  String before;
+  String after;
+};
+
+// After an intake: the columns are those of the host.
+void reset_column_sources(ControlState& state);
+// After x and another column have been exchanged.
+void exchange_sources_with_x(ControlState& state, int column);
+// Before a derived curve is appended.
+void add_derivation(ControlState& state, const String& expression);
+
+// See Control, which has members of these names.
+void append_points(ControlState& state, const Matrix<Double>& points);
+void replace_points(ControlState& state, const Matrix<Double>& points, const List<String>& names);
+
+// Chooses label formats as an intake does, and keeps in mind which ones.
+void choose_first_formats(ControlState& state);
+
+}  // namespace kurv
