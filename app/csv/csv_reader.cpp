@@ -135,12 +135,16 @@ class Layout {
 
 }  // namespace
 
-CsvTable parse_csv(std::string text, const std::string& path, const TableOptions& options) {
+ParsedText parse_text(std::string text, const std::string& path, const TableOptions& options) {
   const Layout layout(text, options);
-  CsvTable table = parse_csv(std::move(text), layout.rules(), path);
-  layout.describe(table.source());
-  table.source().options = options;
-  return table;
+  ParsedText result{parse_csv(std::move(text), layout.rules(), path), layout.rules()};
+  layout.describe(result.table.source());
+  result.table.source().options = options;
+  return result;
+}
+
+CsvTable parse_csv(std::string text, const std::string& path, const TableOptions& options) {
+  return parse_text(std::move(text), path, options).table;
 }
 
 }  // namespace kurv::app

@@ -13,15 +13,11 @@
 
 namespace kurv::app {
 
-namespace {
-
 UserError no_text(const std::string& path) {
   return UserError(path +
                    " is no text; save the table as a CSV file first, or name its encoding with "
                    "--encoding.");
 }
-
-}  // namespace
 
 std::string name_of_source(const std::string& path) {
   return path == kStandardInput ? "standard input" : path;

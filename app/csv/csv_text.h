@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 
+#include "app/base/user_error.h"
 #include "app/csv/text_encoding.h"
 
 namespace kurv::app {
@@ -13,6 +14,9 @@ namespace kurv::app {
 inline constexpr const char* kStandardInput = "-";
 // What messages call the file: its path, or "standard input".
 std::string name_of_source(const std::string& path);
+
+// The error about bytes that are no text.
+UserError no_text(const std::string& path);
 
 // The bytes of a table. A pipe is read like a file, and "-" is standard input. Throws
 // UserError when the file cannot be read, is larger than 2 GiB, or is neither text nor a workbook.

@@ -157,7 +157,10 @@ void add_x(TableColumns& columns, const Choice& choice, TableData& data) {
     add_times(columns, *choice.time, data);
     kind = DateKind::kInstant;
   }
-  data.names(1) += " (" + rescale_dates(data.values.column(1), kind) + ')';
+  const Column<Double> days = data.values.column(1);
+  data.x_scale = choose_time_scale(days, kind);
+  for (int i = days.lower(); i <= days.upper(); ++i) days(i) = (*data.x_scale)(days(i));
+  data.names(1) += " (" + data.x_scale->name + ')';
   warn_of_digits(survey, columns.names()[*choice.x], data);
 }
 
@@ -201,7 +204,7 @@ TableData make_table_data(TableColumns& columns, const Selection& selection,
   const Choice choice = choose_columns(columns, selection, path);
 
   const int width = 1 + static_cast<int>(choice.y.size());
-  TableData data{{1, width, 1, static_cast<int>(rows.size())}, {1, width}, {}};
+  TableData data{{1, width, 1, static_cast<int>(rows.size())}, {1, width}, {}, {}};
   const auto add_notes = [&](const std::vector<std::string>& notes) {
     data.warnings.insert(data.warnings.end(), notes.begin(), notes.end());
   };

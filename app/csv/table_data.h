@@ -4,12 +4,14 @@
 #include <KurvGraph/arrays.h>
 #include <KurvGraph/values.h>
 
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "app/csv/column_choice.h"
 #include "app/csv/csv_table.h"
 #include "app/csv/table_columns.h"
+#include "app/csv/time_axis.h"
 
 namespace kurv::app {
 
@@ -20,6 +22,8 @@ struct TableData {
   List<String> names;
   // Whole sentences about what was left out or guessed.
   std::vector<std::string> warnings;
+  // How the dates of x have become numbers; nothing where x has none.
+  std::optional<TimeScale> x_scale = {};
 };
 
 // Dates in the x column become numbers as rescale_dates() says. Commas in names become blanks. The

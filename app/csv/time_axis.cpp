@@ -58,13 +58,6 @@ Span span_of(const Column<Double>& days) {
   return span;
 }
 
-template <class Function>
-void convert(Column<Double> days, const Function& function) {
-  for (int i = days.lower(); i <= days.upper(); ++i) {
-    if (!std::isnan(days(i))) days(i) = function(days(i));
-  }
-}
-
 double months_since_year_0(double days) {
   const chrono::year_month_day date(day_of(days));
   return static_cast<int>(date.year()) * 12.0 + static_cast<unsigned>(date.month()) - 1;
@@ -91,27 +84,21 @@ const ClockUnit* clock_unit(double span) {
 }
 
 // Since the beginning of the unit in which the first instant is.
-std::string rescale_to_clock(Column<Double> days, const ClockUnit& unit, double first) {
+TimeScale clock_scale(const ClockUnit& unit, double first) {
   // Rounded, because a time of day is no exact part of a day.
   const double seconds = std::round(first * kSecondsPerDay * 1000) / 1000;
   const double step = kSecondsPerDay / unit.per_day;
   const double start = std::floor(seconds / step) * step;
-  convert(days, [&](double value) {
-    // A hundredth of a millisecond is what days can hold.
-    const double since = std::round((value * kSecondsPerDay - start) * 1e5) / 1e5;
-    return since / step;
-  });
   const double day = std::floor(start / kSecondsPerDay);
   const auto clock = static_cast<unsigned>(start - day * kSecondsPerDay);
-  return iso_date_text(day) + ' ' + clock_text(clock, step < 60);
+  return {TimeUnit::kClock, start, step, iso_date_text(day) + ' ' + clock_text(clock, step < 60)};
 }
 
 // Times of which some are beyond 24 hours: since they began, not since a time of day.
-std::string rescale_elapsed(Column<Double> days, double last) {
+TimeScale elapsed_scale(double last) {
   constexpr double kLongestInHours = 10;  // days
-  if (last >= kLongestInHours) return "days";
-  convert(days, [](double value) { return std::round(value * kSecondsPerDay * 1e5) / 3600e5; });
-  return "hours";
+  if (last >= kLongestInHours) return {TimeUnit::kDays, 0, 1, "days"};
+  return {TimeUnit::kElapsedHours, 0, 1, "hours"};
 }
 
 }  // namespace
@@ -147,33 +134,57 @@ bool within_two_years(double first_days, double last_days) {
   return last_days - first_days < static_cast<double>((limit - first).count());
 }
 
-std::string rescale_dates(Column<Double> days, DateKind kind) {
+double TimeScale::operator()(double days) const {
+  if (std::isnan(days)) return days;
+  switch (unit) {
+    case TimeUnit::kNone:
+      return days;
+    case TimeUnit::kYears:
+      return decimal_year(days);
+    case TimeUnit::kMonths:
+      return months_since_year_0(days) - start;
+    case TimeUnit::kDays:
+      return days - start;
+    case TimeUnit::kElapsedHours:
+      return std::round(days * kSecondsPerDay * 1e5) / 3600e5;
+    case TimeUnit::kClock:
+      break;
+  }
+  // A hundredth of a millisecond is what days can hold.
+  const double since = std::round((days * kSecondsPerDay - start) * 1e5) / 1e5;
+  return since / step;
+}
+
+TimeScale choose_time_scale(const Column<Double>& days, DateKind kind) {
   const Span span = span_of(days);
-  if (!(span.first <= span.last)) return "no dates";
-  if (kind == DateKind::kTimeOfDay && span.last >= 1) return rescale_elapsed(days, span.last);
+  if (!(span.first <= span.last)) return {TimeUnit::kNone, 0, 1, "no dates"};
+  if (kind == DateKind::kTimeOfDay && span.last >= 1) return elapsed_scale(span.last);
   if (kind == DateKind::kTimeOfDay) {
     const ClockUnit* unit = clock_unit(span.last - span.first);
     if (unit == nullptr) unit = &kClockUnits.back();
-    const std::string since = rescale_to_clock(days, *unit, span.first);
-    return std::string(unit->name) + " since " + since.substr(since.find(' ') + 1);
+    TimeScale scale = clock_scale(*unit, span.first);
+    scale.name = std::string(unit->name) + " since " + scale.name.substr(scale.name.find(' ') + 1);
+    return scale;
   }
-  if (!within_two_years(span.first, span.last)) {
-    convert(days, decimal_year);
-    return "decimal year";
-  }
+  if (!within_two_years(span.first, span.last)) return {TimeUnit::kYears, 0, 1, "decimal year"};
   if (kind == DateKind::kMonth) {
-    const double first = months_since_year_0(span.first);
-    convert(days, [&](double value) { return months_since_year_0(value) - first; });
-    return "months since " + iso_date_text(span.first).substr(0, 7);
+    return {TimeUnit::kMonths, months_since_year_0(span.first), 1,
+            "months since " + iso_date_text(span.first).substr(0, 7)};
   }
   const ClockUnit* const unit =
       kind == DateKind::kInstant ? clock_unit(span.last - span.first) : nullptr;
   if (unit != nullptr) {
-    const std::string since = rescale_to_clock(days, *unit, span.first);
-    return std::string(unit->name) + " since " + since;
+    TimeScale scale = clock_scale(*unit, span.first);
+    scale.name = std::string(unit->name) + " since " + scale.name;
+    return scale;
   }
-  convert(days, [&](double value) { return value - std::floor(span.first); });
-  return "days since " + iso_date_text(span.first);
+  return {TimeUnit::kDays, std::floor(span.first), 1, "days since " + iso_date_text(span.first)};
+}
+
+std::string rescale_dates(Column<Double> days, DateKind kind) {
+  const TimeScale scale = choose_time_scale(days, kind);
+  for (int i = days.lower(); i <= days.upper(); ++i) days(i) = scale(days(i));
+  return scale.name;
 }
 
 }  // namespace kurv::app

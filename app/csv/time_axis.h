@@ -21,11 +21,26 @@ std::string iso_instant_text(double days);
 // Whether the second instant is less than two calendar years after the first one.
 bool within_two_years(double first_days, double last_days);
 
-// Makes days since 1970, or since midnight, numbers in the unit that suits their span, and returns
-// what they are then, such as "days since 2012-01-31": years with their fraction from two years on;
-// months where the dates are months alone; days; or hours, minutes and seconds where the dates have
-// times and the span is below three days, three hours or five minutes. Times of which one is beyond
-// 24 hours are elapsed ones, in hours, or in days from ten days on.
+enum class TimeUnit { kNone, kYears, kMonths, kDays, kElapsedHours, kClock };
+
+// How the dates of a column become numbers of an axis.
+struct TimeScale {
+  TimeUnit unit = TimeUnit::kNone;
+  double start = 0;  // seconds for a unit of the clock, otherwise days or months
+  double step = 1;   // seconds
+  std::string name;  // such as "days since 2012-01-31"
+
+  // The number for days since 1970, or since midnight; NaN for NaN.
+  double operator()(double days) const;
+};
+
+// The unit that suits the span of the days: years with their fraction from two years on; months
+// where the dates are months alone; days; or hours, minutes and seconds where the dates have times
+// and the span is below three days, three hours or five minutes. Times of which one is beyond 24
+// hours are elapsed ones, in hours, or in days from ten days on.
+TimeScale choose_time_scale(const Column<Double>& days, DateKind kind);
+
+// Chooses the scale, makes the days numbers of it, and returns its name.
 std::string rescale_dates(Column<Double> days, DateKind kind);
 
 }  // namespace kurv::app
