@@ -15,6 +15,7 @@
 #include "app/base/user_error.h"
 #include "app/command_line/command_line.h"
 #include "app/command_line/eval_command.h"
+#include "app/command_line/follow_command.h"
 #include "app/command_line/info_command.h"
 #include "app/command_line/render_command.h"
 #include "app/command_line/window_command.h"
@@ -60,6 +61,9 @@ int run(int argc, char** argv) {
       evaluate_lines(std::cin, std::cout);
     }
     return 0;
+  }
+  if (const FollowRequest* following = std::get_if<FollowRequest>(&command)) {
+    return follow(*following, say);
   }
   if (const WindowRequest* windows = std::get_if<WindowRequest>(&command)) {
     return open_windows(*windows, say);

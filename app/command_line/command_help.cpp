@@ -51,8 +51,13 @@ the properties for --set. A plot in a window has the --size, too, unless the
 screen is too small for it. Without --size, a graph file has its own size in a
 window, and its toolbar takes a part of that.
 
+--follow shows one table while a program goes on writing it: "-" is standard
+input, and a FILE is read on as it grows. A graph holds 32767 points; when more
+have come, the newest are kept. Ctrl+C ends it without a question.
+
 Examples:
   kurv co2.csv --y co2,adjusted
+  ./measure | kurv --follow - --title "Live"
   kurv render co2.csv -o co2.png
   kurv convert co2.csv -o co2.gdf
   kurv info --check co2.gdf

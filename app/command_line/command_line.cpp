@@ -101,6 +101,7 @@ class Program {
           kUsageFailure);
     }
     refuse_files_before_commands();
+    refuse_follow_for_commands();
     for (const std::string& name : m_data_files) check_file_name(name);
     if (m_host->parsed()) return HostRequest();
     if (m_eval->parsed()) return EvalRequest{m_expression, m_values};
@@ -109,6 +110,7 @@ class Program {
     if (m_info->parsed()) return InfoRequest{m_file, m_check, m_choice.locale, m_choice.table};
     if (m_convert->parsed()) return convert_request();
     if (m_render->parsed()) return render_request();
+    if (m_follow) return follow_request();
     return window_request();
   }
 
@@ -134,6 +136,13 @@ class Program {
       command->add_option("FILE", m_file, "The data: a table or a graph file; - is standard input")
           ->required()
           ->type_name("");
+    }
+    m_app.add_flag("--follow", m_follow,
+                   "Draw the rows of one table as they come, from standard input or a file that "
+                   "grows");
+    // Known to the commands that have no window, so that a sentence says why it is refused.
+    for (CLI::App* command : {m_render, m_convert, m_info, m_eval, m_host}) {
+      command->add_flag("--follow", m_follow)->group("");
     }
     m_info->add_option("FILE", m_file, "The table or graph file")->required()->type_name("");
     m_render
@@ -215,6 +224,14 @@ class Program {
                     kUsageFailure);
   }
 
+  void refuse_follow_for_commands() const {
+    if (!m_follow || chosen() == nullptr) return;
+    throw UserError(
+        "--follow shows a table in a window while it grows; leave it out, or leave out " +
+            in_quotes(chosen()->get_name()) + ".",
+        kUsageFailure);
+  }
+
   void read_choice() {
     if (m_texts.size) m_choice.size = parse_size(*m_texts.size);
     if (m_texts.locale) m_choice.locale = parse_locale(*m_texts.locale);
@@ -276,6 +293,15 @@ class Program {
     return {m_choice, m_file, m_output};
   }
 
+  FollowRequest follow_request() const {
+    if (m_data_files.size() == 1) return {m_choice, m_data_files.front()};
+    throw UserError(m_data_files.empty()
+                        ? "--follow needs a file, as in \"kurv --follow -\" for standard input."
+                        : "--follow takes one file, and there are " +
+                              std::to_string(m_data_files.size()) + "; leave out the others.",
+                    kUsageFailure);
+  }
+
   WindowRequest window_request() const {
     if (m_data_files.empty()) {
       throw UserError("a file is missing, as in \"kurv data.csv\".", kUsageFailure);
@@ -288,6 +314,7 @@ class Program {
   std::string m_file;
   std::string m_output;
   bool m_check = false;
+  bool m_follow = false;
   std::optional<std::string> m_expression;
   std::vector<std::string> m_values;
   Texts m_texts;

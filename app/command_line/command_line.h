@@ -31,6 +31,11 @@ struct WindowRequest : GraphChoice {
   std::vector<std::string> data_files;
 };
 
+// A window whose graph grows with its table, a file or "-".
+struct FollowRequest : GraphChoice {
+  std::string data_file;
+};
+
 // The control on standard input and output.
 struct HostRequest {};
 
@@ -53,8 +58,8 @@ struct Notice {
   std::string text;
 };
 
-using Command = std::variant<RenderRequest, ConvertRequest, WindowRequest, HostRequest, InfoRequest,
-                             EvalRequest, Notice>;
+using Command = std::variant<RenderRequest, ConvertRequest, WindowRequest, FollowRequest,
+                             HostRequest, InfoRequest, EvalRequest, Notice>;
 
 // Throws UserError with kUsageFailure for what cannot be understood, before anything is read.
 Command parse_command_line(int argc, const char* const* argv);

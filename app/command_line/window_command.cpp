@@ -57,6 +57,16 @@ void exit_on_fatal_message(QtMsgType type, const QMessageLogContext&, const QStr
 
 }  // namespace
 
+std::unique_ptr<QApplication> new_window_application() {
+  static char name[] = "kurv";
+  static char* arguments[] = {name, nullptr};
+  static int count = 1;
+  qInstallMessageHandler(exit_on_fatal_message);
+  auto application = std::make_unique<QApplication>(count, arguments);
+  qInstallMessageHandler(nullptr);
+  return application;
+}
+
 int open_windows(const WindowRequest& request, const std::function<void(const std::string&)>& say) {
   std::vector<GraphSource> files;
   for (const std::string& path : request.data_files) files.push_back({path, std::nullopt});
@@ -72,12 +82,7 @@ int open_windows(const WindowRequest& request, const std::function<void(const st
   warn_of_commas(request.functions,
                  [&](const std::string& warning) { say("warning: " + warning); });
 
-  char name[] = "kurv";
-  char* arguments[] = {name, nullptr};
-  int count = 1;
-  qInstallMessageHandler(exit_on_fatal_message);
-  QApplication application(count, arguments);
-  qInstallMessageHandler(nullptr);
+  const std::unique_ptr<QApplication> application = new_window_application();
 
   // Draws each graph off-screen first, so that errors are reported on the terminal, as for a
   // picture, and not by message boxes over empty windows.

@@ -1,12 +1,17 @@
 // kurv FILE...: data files become graphs in windows.
 #pragma once
 
+#include <QApplication>
 #include <functional>
+#include <memory>
 #include <string>
 
 #include "app/command_line/command_line.h"
 
 namespace kurv::app {
+
+// The application that windows need. Without a display, ends the process with a message.
+std::unique_ptr<QApplication> new_window_application();
 
 // Shows a window for each file, or an empty one where there is none, and returns when the user has
 // closed the last of them. `say` gets a sentence for everything that was left out, and one for each

@@ -13,6 +13,7 @@
 #include "app/window/main_menu.h"
 #include "app/window/main_window_graph.h"
 #include "app/window/recent_files.h"
+#include "app/window/settings_text.h"
 #include "app/window/window_icon.h"
 #include "app/window/window_message.h"
 #include "app/window/window_texts.h"
@@ -26,10 +27,6 @@ namespace {
 // most of the time to the user.
 constexpr int kShortestDelay = 150;  // ms
 constexpr int kDelayPerTime = 8;
-
-QByteArray content_hash(const KurvGraph& graph) {
-  return fingerprint([&graph](const auto& sink) { graph.graph_text(sink); });
-}
 
 // Dark grey on any desktop, because the graph below it is white on any desktop.
 QLabel* new_hint() {
@@ -78,6 +75,13 @@ MainWindow::MainWindow(std::optional<QLocale> locale, Report report)
 
 MainWindow::~MainWindow() = default;
 
+QByteArray MainWindow::content_hash(const KurvGraph& graph) const {
+  const TextSource text = [&graph](const auto& sink) { graph.graph_text(sink); };
+  if (!m_is_following) return fingerprint(text);
+  const QByteArray hash = fingerprint(settings_text(text, graph.Autoscale()));
+  return hash.isEmpty() ? hash : hash + QByteArray::number(graph.cell_edits());
+}
+
 // Below the graph that is shown. It has that size at once, because a graph file may change it.
 KurvGraph* MainWindow::new_graph() {
   auto* const graph = new MainWindowGraph(*this);
@@ -119,8 +123,8 @@ void MainWindow::show_graph(const GraphChoice& choice, const GraphSource& source
   const QPointer<KurvGraph> graph = new_graph();
   const QPointer<MainWindow> alive(this);
   QByteArray saved;
-  const QMetaObject::Connection filed =
-      connect(graph, &KurvGraph::filed, this, [&saved, graph] { saved = content_hash(*graph); });
+  const QMetaObject::Connection filed = connect(
+      graph, &KurvGraph::filed, this, [this, &saved, graph] { saved = content_hash(*graph); });
   try {
     fill(choice, source, *graph);
     if (!alive) return;
@@ -153,6 +157,35 @@ void MainWindow::replace_graph(KurvGraph* graph, const QByteArray& saved, const 
   update_actions();
   update_modified();
   graph->setFocus();
+}
+
+// -- Data that grow -------------------------------------------------------------------------------
+
+void MainWindow::show_empty(std::optional<QSize> size) {
+  show();
+  if (size) resize_to_plot(*size);
+}
+
+void MainWindow::set_waiting_hint(const QString& text) {
+  m_waiting_hint = text;
+  update_actions();
+}
+
+void MainWindow::begin_following() {
+  m_is_following = true;
+}
+
+void MainWindow::end_following() {
+  const bool was_saved = is_saved();
+  m_is_following = false;
+  if (was_saved) m_clean_state.set_clean(content_hash(*m_graph));
+  update_modified();
+}
+
+void MainWindow::change_unnoticed(const std::function<void(KurvGraph&)>& work) {
+  const bool was_saved = is_saved();
+  work(*m_graph);
+  if (was_saved) m_clean_state.set_clean(content_hash(*m_graph));
 }
 
 // -- Size -----------------------------------------------------------------------------------------
@@ -189,7 +222,9 @@ void MainWindow::update_actions() {
   // The graph's context menu has entries that need data.
   m_graph->setContextMenuPolicy(has_data() ? Qt::DefaultContextMenu : Qt::PreventContextMenu);
   m_hint->setVisible(!has_graph);
-  m_hint->setText(has_data() ? refused_data_hint(m_path) : empty_window_hint());
+  m_hint->setText(has_data()                  ? refused_data_hint(m_path)
+                  : !m_waiting_hint.isEmpty() ? m_waiting_hint
+                                              : empty_window_hint());
   m_hint->raise();
   setWindowTitle(window_title(m_path));
   schedule_update_modified();

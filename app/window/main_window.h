@@ -47,6 +47,17 @@ class MainWindow final : public QMainWindow {
   // The same for several, each in a window of its own.
   void open_all(const std::vector<std::string>& paths);
 
+  // The window is shown without a graph yet, at the size that a plot will have.
+  void show_empty(std::optional<QSize> size);
+  // While there is no graph, this is shown in its place.
+  void set_waiting_hint(const QString& text);
+  // From here on the points of the graph come by themselves, so they are no changes that have to be
+  // saved, and other files open in windows of their own.
+  void begin_following();
+  void end_following();
+  // Changes the graph; one that had no unsaved changes has none afterwards.
+  void change_unnoticed(const std::function<void(KurvGraph&)>& work);
+
   // Compares the content as it is now.
   bool is_saved() const;
 
@@ -60,6 +71,7 @@ class MainWindow final : public QMainWindow {
 
   void make_menu();
   KurvGraph* new_graph();
+  QByteArray content_hash(const KurvGraph& graph) const;
   void replace_graph(KurvGraph* graph, const QByteArray& saved, const std::string& path);
   void connect_graph(KurvGraph* graph);
   void resize_to_graph();
@@ -100,6 +112,8 @@ class MainWindow final : public QMainWindow {
   QSet<QString> m_warned;  // functions
   bool m_showing_error = false;
   bool m_has_toolbar = true;
+  bool m_is_following = false;
+  QString m_waiting_hint;
 };
 
 }  // namespace kurv::app

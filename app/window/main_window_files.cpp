@@ -162,7 +162,7 @@ bool MainWindow::open_in(Target target, const std::string& path) {
     std::optional<GraphSource> source = GraphSource{path, std::nullopt};
     if (!is_graph_file(path)) source = ask_about_table(path, read_table_bytes(path), choice);
     if (!source || !alive) return false;
-    if (target == Target::kThisWindow && is_saved()) {
+    if (target == Target::kThisWindow && is_saved() && !m_is_following) {
       show_graph(choice, *source);
     } else {
       show_in_new_window(choice, *source);

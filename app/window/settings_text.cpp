@@ -1,0 +1,74 @@
+#include "app/window/settings_text.h"
+
+#include <KurvGraph/graph_file_fields.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace kurv::app {
+
+namespace {
+
+constexpr std::array<std::string_view, 3> kOfData{"NumData", "AxisLabelFormatX",
+                                                  "AxisLabelFormatY"};
+constexpr std::array<std::string_view, 4> kLimits{"xmin", "xmax", "ymin", "ymax"};
+// A text that is compared has no size in it.
+constexpr std::array<std::string_view, 2> kSize{"Height", "Width"};
+
+template <std::size_t count>
+bool is_in(const std::array<std::string_view, count>& names, std::string_view name) {
+  return std::find(names.begin(), names.end(), name) != names.end();
+}
+
+// Passes on the lines that are wanted, as they come.
+class LineFilter {
+ public:
+  explicit LineFilter(bool limits_follow) {
+    for (const GraphFileField& field : graph_file_fields()) {
+      if (is_in(kSize, field.name)) continue;
+      if (field.name == "NumY") m_curves_line = m_drops.size();
+      m_drops.push_back(is_in(kOfData, field.name) ||
+                        (limits_follow && is_in(kLimits, field.name)));
+    }
+  }
+
+  void pass(std::string_view piece, const std::function<void(std::string_view)>& sink) {
+    while (!piece.empty()) {
+      const std::size_t size = std::min(piece.find('\n'), piece.size() - 1) + 1;
+      const std::string_view part = piece.substr(0, size);
+      piece.remove_prefix(size);
+      if (!is_dropped()) sink(part);
+      if (m_line == m_curves_line) m_curves += part;
+      if (part.back() == '\n') ++m_line;
+    }
+  }
+
+ private:
+  bool is_dropped() const {
+    if (m_line < m_drops.size()) return m_drops[m_line];
+    // The values follow the fields, a line for x and for each curve.
+    const std::size_t columns = 1 + std::strtoul(m_curves.c_str(), nullptr, 10);
+    return m_line < m_drops.size() + columns;
+  }
+
+  std::vector<bool> m_drops;
+  std::size_t m_curves_line = 0;
+  std::string m_curves;
+  std::size_t m_line = 0;
+};
+
+}  // namespace
+
+TextSource settings_text(TextSource text, bool limits_follow) {
+  return
+      [text = std::move(text), limits_follow](const std::function<void(std::string_view)>& sink) {
+        LineFilter filter(limits_follow);
+        text([&](std::string_view piece) { filter.pass(piece, sink); });
+      };
+}
+
+}  // namespace kurv::app
