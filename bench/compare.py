@@ -13,8 +13,9 @@ import growth
 import memory
 import quality
 import report
+import tables
 from measure import measure
-from workloads import workloads
+from workloads import table_workloads, workloads
 
 OURS = "build/bench/bench/bench_ours"
 INNER_LOOPS = "build/bench/bench/core_bench"
@@ -38,9 +39,9 @@ def machine():
             f"{time.strftime('%Y-%m-%d')}; load at the start {load:.1f}.")
 
 
-def timings(folder, example, deadline):
+def timings(chosen, deadline):
     rows = []
-    for workload in workloads(folder, example):
+    for workload in chosen:
         if time.monotonic() > deadline:
             rows.append([workload.key, workload.title, "no time left"] + [""] * 7)
             continue
@@ -53,6 +54,19 @@ def inner_loops():
     answer = subprocess.run([INNER_LOOPS, "--benchmark_min_time=0.2", "--benchmark_color=false"],
                             check=True, capture_output=True, text=True).stdout
     return "```\n" + answer.rstrip() + "\n```"
+
+
+def table_section(folder, deadline):
+    for columns in (3, 150):
+        tables.write_table(f"{folder}/table{columns}.csv", columns)
+    return report.timing_table(timings(table_workloads(folder), deadline)) + "\n\n" + machine()
+
+
+def run_tables(options, folder):
+    section = table_section(folder, time.monotonic() + options.seconds)
+    if options.document:
+        report.replace_in_document(DOCUMENT, {"tables": section})
+    return section
 
 
 def run(options, folder):
@@ -70,7 +84,8 @@ def run(options, folder):
     print("inner loops", file=sys.stderr, flush=True)
     sections["inner loops"] = inner_loops()
     sections["timings"] = report.timing_table(
-        timings(folder, os.path.abspath("examples/data/co2.csv"), deadline - 15))
+        timings(workloads(folder, os.path.abspath("examples/data/co2.csv")), deadline - 15))
+    sections["tables"] = table_section(folder, deadline - 15)
     if options.document:
         growth.draw(times, folder, PICTURES + "/growth.png")
         quality.pictures(folder, PICTURES)
@@ -82,6 +97,7 @@ def main():
     parser = argparse.ArgumentParser(description=__doc__)
     parser.add_argument("--seconds", type=float, default=540, help="what there is for everything")
     parser.add_argument("--document", action="store_true", help="put the results into " + DOCUMENT)
+    parser.add_argument("--tables", action="store_true", help="only the rows about reading tables")
     options = parser.parse_args()
     for name in ("QT_SCALE_FACTOR", "QT_FONT_DPI"):
         os.environ.pop(name, None)
@@ -90,7 +106,7 @@ def main():
     # In memory, so that no disk is measured.
     with tempfile.TemporaryDirectory(dir="/dev/shm") as folder:
         os.environ["XDG_RUNTIME_DIR"] = folder
-        results = run(options, folder)
+        results = (run_tables if options.tables else run)(options, folder)
     with open(RESULTS, "w", encoding="utf-8") as file:
         file.write(results + "\n")
     print(results)

@@ -57,14 +57,16 @@ class Process:
     def __init__(self, subject):
         self.name = subject.name
         self.command = subject.command
+        self.own_time = subject.own_time
 
     def wait(self):
         pass
 
     def milliseconds(self):
         start = time.monotonic()
-        subprocess.run(self.command, check=True, capture_output=True)
-        return (time.monotonic() - start) * 1000
+        answer = subprocess.run(self.command, check=True, capture_output=True)
+        taken = (time.monotonic() - start) * 1000
+        return float(answer.stdout) if self.own_time else taken
 
     def end(self):
         return ""

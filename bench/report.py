@@ -10,12 +10,15 @@ def number(milliseconds):
 
 
 def timing_rows(workload, times):
-    ours = times[0].median
+    def time(subject):
+        return min(subject.milliseconds) if workload.by_minimum else subject.median
+
+    ours = time(times[0])
     goals = {goal.peer: goal for goal in workload.goals}
     rows = []
     for i, subject in enumerate(times):
         goal = goals.get(subject.name)
-        ratio = subject.median / ours
+        ratio = time(subject) / ours
         # A goal for another pen of ours bounds the other side of the ratio.
         bounded = ratio if subject.name.startswith("kurv") else 1 / ratio
         rows.append([workload.key if i == 0 else "", workload.title if i == 0 else "", subject.name,

@@ -2,7 +2,10 @@
 
 from dataclasses import dataclass, field
 
+import tables
+
 OURS = "build/bench/bench/bench_ours"
+KURV = "build/bench/app/kurv"
 PEERS = "build/peers/peer_"
 LARGE = ["149", "32767"]
 
@@ -11,6 +14,7 @@ LARGE = ["149", "32767"]
 class Subject:
     name: str
     command: list
+    own_time: bool = False  # of a process that prints the milliseconds of its work
 
 
 @dataclass
@@ -30,6 +34,7 @@ class Workload:
     goals: list = field(default_factory=list)
     seconds: float = 8
     whole_process: bool = False  # timed from its start to its end, by the clock
+    by_minimum: bool = False  # the ratios are those of the minima, not of the medians
     same_result: bool = False  # what the subjects print at their end must agree
 
 
@@ -129,10 +134,33 @@ def workloads(folder, example):
             ours("run_program"), peer("muParser, Eval", "muparser"),
         ], [faster("muParser, Eval", 1)], 3),
         Workload("K", "example data to PNG, process", [
-            Subject("kurv", ["build/bench/app/kurv", "render", example, "-o", folder + "/kurv.png"]),
+            Subject("kurv", [KURV, "render", example, "-o", folder + "/kurv.png"]),
             Subject("gnuplot, pngcairo", ["gnuplot", "-e", gnuplot_script(example, folder)]),
         ], [faster("gnuplot, pngcairo", 1)], 6, whole_process=True),
     ]
+
+
+def table_workloads(folder):
+    """Reading tables. kurv and gnuplot draw what they have read; numpy and csv stop at the numbers."""
+    result = []
+    for key, columns, curves in [("L", 3, 2), ("L'", 150, 2)]:
+        path = f"{folder}/table{columns}.csv"
+        numpy, csv = tables.numpy_script(path, columns), tables.csv_script(path, columns)
+        drawn = "" if curves == columns - 1 else f", {curves} curves"
+        title = f"CSV of {columns} x 32,767 to PNG, process"
+        result.append(Workload(key, title, [
+            Subject("kurv", [KURV, "render", path, "-o", folder + "/kurv.png"]),
+            Subject("gnuplot, pngcairo" + drawn, ["gnuplot", "-e", tables.gnuplot_script(
+                path, curves, folder + "/gnuplot.png")]),
+            python("numpy.loadtxt, no picture", numpy),
+            python("the same without starting Python", numpy, own_time=True),
+            python("csv.reader and float(), no picture", csv),
+        ], [], 8 if columns == 3 else 20, whole_process=True, by_minimum=True))
+    return result
+
+
+def python(name, script, own_time=False):
+    return Subject(name, ["/usr/bin/python3", "-c", script], own_time)
 
 
 def gnuplot_script(example, folder):
