@@ -55,7 +55,7 @@ _kurv() {
         --header) choices='yes no units' ;;
         --size|--every|--title|--subtitle|--function|--derive|--x|--y|--locale|--sheet|--separator|--decimal|--thousands|--skip|--comment|--missing|--encoding|--dates) ;;
         *)
-          if [[ $current == -* ]]; then choices='-h --help --version --size --every --sort --title --subtitle --function --derive --lines --no-lines --markers --no-markers --set --x --y --locale --sheet --separator --decimal --thousands --header --skip --comment --missing --encoding --dates'
+          if [[ $current == -* ]]; then choices='-h --help --version --follow --size --every --sort --title --subtitle --function --derive --lines --no-lines --markers --no-markers --set --x --y --locale --sheet --separator --decimal --thousands --header --skip --comment --missing --encoding --dates'
           else choices='render convert info eval host' files=1; fi ;;
       esac ;;
   esac

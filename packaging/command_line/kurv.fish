@@ -7,6 +7,7 @@ complete -c kurv -n "not __fish_seen_subcommand_from $commands" -a eval -d 'Prin
 complete -c kurv -n "not __fish_seen_subcommand_from $commands" -a host -d 'Serve the graph on standard input and output'
 complete -c kurv -n "not __fish_seen_subcommand_from $commands" -s h -l help -d 'Print this help message and exit'
 complete -c kurv -n "not __fish_seen_subcommand_from $commands" -l version -d 'Print the version and exit'
+complete -c kurv -n "not __fish_seen_subcommand_from $commands" -l follow -d 'Draw the rows of one table as they come, from standard input or a file that grows'
 complete -c kurv -n "not __fish_seen_subcommand_from $commands" -l size -x -d 'Size of the plot in logical pixels, up to 7680x4320 (1000x700)'
 complete -c kurv -n "not __fish_seen_subcommand_from $commands" -l every -x -d 'Take each N-th row: 1, N+1, 2N+1 and so on'
 complete -c kurv -n "not __fish_seen_subcommand_from $commands" -l sort -d 'Sort the points by x'
