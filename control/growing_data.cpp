@@ -56,23 +56,20 @@ Matrix<Double> with_derived(ControlState& state, const Matrix<Double>& points, i
   return all;
 }
 
-void choose_format_again(ChosenFormat& chosen, String& format) {
-  if (format == chosen.after) format = chosen.before;
-}
-
+// As an intake does, but a format that was set since stays.
 void choose_formats_again(ControlState& state) {
   GraphDocument& document = state.document;
   const String x = document.AxisLabelFormatX;
   const String y = document.AxisLabelFormatY;
-  const bool may_change_x = x == state.x_format.after;
-  const bool may_change_y = y == state.y_format.after;
-  choose_format_again(state.x_format, document.AxisLabelFormatX);
-  choose_format_again(state.y_format, document.AxisLabelFormatY);
+  const bool was_x_chosen = x == state.x_format.after;
+  const bool was_y_chosen = y == state.y_format.after;
+  if (was_x_chosen) document.AxisLabelFormatX = state.x_format.before;
+  if (was_y_chosen) document.AxisLabelFormatY = state.y_format.before;
   choose_label_formats(document, *state.services.numeric);
-  state.x_format.after = may_change_x ? document.AxisLabelFormatX : state.x_format.after;
-  state.y_format.after = may_change_y ? document.AxisLabelFormatY : state.y_format.after;
-  if (!may_change_x) document.AxisLabelFormatX = x;
-  if (!may_change_y) document.AxisLabelFormatY = y;
+  if (was_x_chosen) state.x_format.after = document.AxisLabelFormatX;
+  if (was_y_chosen) state.y_format.after = document.AxisLabelFormatY;
+  if (!was_x_chosen) document.AxisLabelFormatX = x;
+  if (!was_y_chosen) document.AxisLabelFormatY = y;
 }
 
 // `kept` of the points that are there, followed by the new ones.
