@@ -81,7 +81,7 @@ def measure(workload, deadline):
             subject.wait()
         times = {subject.name: [] for subject in subjects}
         in_goals = {goal.peer for goal in workload.goals} or set(times)
-        rounds = warm_up(subjects, times, in_goals)
+        rounds = warm_up(subjects, times, in_goals, workload.by_minimum)
         end = time.monotonic() + workload.seconds
         for turn in range(MOST_ROUNDS):
             now = time.monotonic()
@@ -99,7 +99,7 @@ def measure(workload, deadline):
     return [Times(name, values) for name, values in times.items() if values]
 
 
-def warm_up(subjects, times, in_goals):
+def warm_up(subjects, times, in_goals, by_minimum):
     """Returns the number of rounds of each subject. The first run is not counted, unless it is so slow
     that it is the only one."""
     rounds = {}
@@ -107,7 +107,8 @@ def warm_up(subjects, times, in_goals):
         is_measured = subject is subjects[0] or subject.name in in_goals
         rounds[subject.name] = MOST_ROUNDS if is_measured else ROUNDS_WITHOUT_GOAL
         taken = subject.milliseconds()
-        if taken > SLOW * 1000:
+        # A minimum of one round would be none.
+        if taken > SLOW * 1000 and not by_minimum:
             rounds[subject.name] = 0
             times[subject.name].append(taken)
     return rounds
