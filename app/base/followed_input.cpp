@@ -7,9 +7,9 @@
 
 #include <cerrno>
 #include <string_view>
-#include <system_error>
 #include <utility>
 
+#include "app/base/read_file.h"
 #include "app/base/user_error.h"
 
 namespace kurv::app {
@@ -19,23 +19,15 @@ namespace {
 constexpr std::size_t kPiece = std::size_t{1} << 18;
 constexpr std::string_view kStandardInputPath = "-";
 
-UserError unreadable(const std::string& path, int error) {
-  const std::string name = path == kStandardInputPath ? "standard input" : path;
-  const char* advice = "check the disk that it is on";
-  if (error == ENOENT || error == ENOTDIR || error == ENAMETOOLONG) advice = "check the name";
-  if (error == EACCES || error == EPERM) advice = "check its permissions";
-  return UserError(name + " cannot be read: " + std::generic_category().message(error) + "; " +
-                   advice + ".");
-}
-
 }  // namespace
 
 // A pipe that nobody writes to yet is opened without waiting for its writer.
-FollowedInput::FollowedInput(const std::string& path) : m_path(path) {
+FollowedInput::FollowedInput(const std::string& path)
+    : m_path(path), m_name(path == kStandardInputPath ? "standard input" : path) {
   struct stat about {};
   if (path == kStandardInputPath) {
     m_descriptor = STDIN_FILENO;
-    if (::fstat(m_descriptor, &about) != 0) throw unreadable(path, errno);
+    if (::fstat(m_descriptor, &about) != 0) throw unreadable(m_name, errno);
     return;
   }
   m_descriptor = ::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
@@ -69,7 +61,7 @@ bool FollowedInput::read_piece(std::string& bytes) {
   const ssize_t size = ::read(m_descriptor, bytes.data(), bytes.size());
   const int error = errno;
   bytes.resize(size > 0 ? static_cast<std::size_t>(size) : 0);
-  if (size < 0 && error != EINTR && error != EAGAIN) throw unreadable(m_path, error);
+  if (size < 0 && error != EINTR && error != EAGAIN) throw unreadable(m_name, error);
   return size != 0;
 }
 
@@ -85,7 +77,7 @@ FollowedInput::Event FollowedInput::read_file(std::string& bytes) {
   bytes.clear();
   struct stat about {};
   if (::fstat(m_descriptor, &about) == 0 && about.st_size < m_offset) {
-    if (::lseek(m_descriptor, 0, SEEK_SET) < 0) throw unreadable(m_path, errno);
+    if (::lseek(m_descriptor, 0, SEEK_SET) < 0) throw unreadable(m_name, errno);
     m_offset = 0;
     return Event::kTruncated;
   }

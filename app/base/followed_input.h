@@ -39,6 +39,7 @@ class FollowedInput {
   bool read_piece(std::string& bytes);
 
   std::string m_path;
+  std::string m_name;  // in messages
   int m_descriptor = -1;
   bool m_is_file = false;
   bool m_is_gone = false;

@@ -23,14 +23,6 @@ struct Close {
 };
 using File = std::unique_ptr<std::FILE, Close>;
 
-UserError unreadable(const std::string& path, int error) {
-  const char* advice = "check the disk that it is on";
-  if (error == ENOENT || error == ENOTDIR || error == ENAMETOOLONG) advice = "check the name";
-  if (error == EACCES || error == EPERM) advice = "check its permissions";
-  return UserError(path + " cannot be read: " + std::generic_category().message(error) + "; " +
-                   advice + ".");
-}
-
 UserError too_large(const std::string& path) {
   return UserError(path + " is larger than 2 GiB; cut it into smaller files first.");
 }
@@ -57,6 +49,14 @@ void append_rest(std::string& bytes, std::FILE* file, const std::string& name,
 }
 
 }  // namespace
+
+UserError unreadable(const std::string& path, int error) {
+  const char* advice = "check the disk that it is on";
+  if (error == ENOENT || error == ENOTDIR || error == ENAMETOOLONG) advice = "check the name";
+  if (error == EACCES || error == EPERM) advice = "check its permissions";
+  return UserError(path + " cannot be read: " + std::generic_category().message(error) + "; " +
+                   advice + ".");
+}
 
 std::string read_file(const std::string& path, const std::string& kind,
                       const std::function<void(std::string_view)>& check_block) {

@@ -5,7 +5,12 @@
 #include <string>
 #include <string_view>
 
+#include "app/base/user_error.h"
+
 namespace kurv::app {
+
+// The error for a file that cannot be read, by its errno.
+UserError unreadable(const std::string& path, int error);
 
 // The unchanged bytes of a file. `kind` is what the message about a directory asks for instead,
 // such as "table". `check_block` is called with each block as it is read; by throwing it refuses an
