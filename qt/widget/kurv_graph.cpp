@@ -137,14 +137,6 @@ QSize KurvGraph::minimumSizeHint() const {
   return {1, 1};
 }
 
-bool KurvGraph::design_mode() const {
-  return m_state->design_mode;
-}
-
-void KurvGraph::set_design_mode(bool on) {
-  m_state->set_design_mode(on);
-}
-
 bool KurvGraph::toolbar_visible() const {
   return !m_state->toolbar->isHidden();
 }
@@ -152,14 +144,6 @@ bool KurvGraph::toolbar_visible() const {
 void KurvGraph::set_toolbar_visible(bool on) {
   m_state->toolbar->setVisible(on);
   call([](Control&) {});
-}
-
-bool KurvGraph::shortcuts_enabled() const {
-  return m_state->shortcuts_enabled;
-}
-
-void KurvGraph::set_shortcuts_enabled(bool on) {
-  m_state->shortcuts_enabled = on;
 }
 
 // -- Calls of the host and of the toolkit ---------------------------------------------------------
@@ -283,10 +267,6 @@ void KurvGraph::append_points(const Matrix<Double>& points) {
 
 void KurvGraph::replace_points(const Matrix<Double>& points, const List<String>& names) {
   call([&](Control& control) { control.replace_points(points, names); });
-}
-
-unsigned KurvGraph::cell_edits() const {
-  return m_state->graph.cell_edits();
 }
 
 void KurvGraph::init() {

@@ -31,6 +31,10 @@ std::vector<QString> KurvGraph::functions() const {
   return expressions;
 }
 
+unsigned KurvGraph::cell_edits() const {
+  return m_state->graph.cell_edits();
+}
+
 void KurvGraph::graph_text(const std::function<void(std::string_view)>& sink) const {
   m_state->apply_locale();
   const ControlState& state = m_state->graph.state();

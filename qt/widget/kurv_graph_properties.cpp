@@ -1,4 +1,5 @@
-// The getters and setters of property_list.h: the control's own, in the toolkit's types.
+// The getters and setters of property_list.h: the control's own, in the toolkit's types; and those
+// of the widget alone that need no redraw.
 #include "qt/widget/kurv_graph_state.h"
 
 namespace kurv {
@@ -47,5 +48,21 @@ Value from_toolkit(const Given& value) {
   }
 KURV_PROPERTIES(KURV_QT_DEFINE)
 #undef KURV_QT_DEFINE
+
+bool KurvGraph::design_mode() const {
+  return m_state->design_mode;
+}
+
+void KurvGraph::set_design_mode(bool on) {
+  m_state->set_design_mode(on);
+}
+
+bool KurvGraph::shortcuts_enabled() const {
+  return m_state->shortcuts_enabled;
+}
+
+void KurvGraph::set_shortcuts_enabled(bool on) {
+  m_state->shortcuts_enabled = on;
+}
 
 }  // namespace kurv
