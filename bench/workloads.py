@@ -34,7 +34,7 @@ class Workload:
     goals: list = field(default_factory=list)
     seconds: float = 8
     whole_process: bool = False  # timed from its start to its end, by the clock
-    by_minimum: bool = False  # the ratios are those of the minima, not of the medians
+    by_minimum: bool = False  # processor time, and the ratios of the minima, not of the medians
     same_result: bool = False  # what the subjects print at their end must agree
 
 
