@@ -6,7 +6,6 @@
 #include "app/csv/csv_reader.h"
 #include "app/csv/csv_text.h"
 #include "app/sources/json_table.h"
-#include "app/sources/spreadsheet.h"
 
 namespace kurv::app {
 
@@ -24,20 +23,6 @@ TableOptions with_known_notation(TableOptions options) {
 void add_notes(TableSource& source, std::vector<std::string> notes) {
   source.notes.insert(source.notes.begin(), std::make_move_iterator(notes.begin()),
                       std::make_move_iterator(notes.end()));
-}
-
-CsvTable table_of_workbook(const std::string& bytes, const std::string& name,
-                           const TableOptions& options) {
-  SheetText sheet = read_spreadsheet(bytes, name, options.sheet);
-  CsvTable table = parse_csv(std::move(sheet.text), name, with_known_notation(options));
-  TableSource& source = table.source();
-  source.kind = "sheet " + in_quotes(sheet.sheets[sheet.sheet]);
-  if (sheet.sheets.size() > 1) source.kind += " of " + std::to_string(sheet.sheets.size());
-  if (sheet.sheets.size() > 1 && !options.sheet) {
-    sheet.notes.push_back(source.kind + " is read; --sheet chooses another one.");
-  }
-  add_notes(source, std::move(sheet.notes));
-  return table;
 }
 
 CsvTable table_of_json(const std::string& text, const std::string& name, TableOptions options) {
@@ -64,8 +49,22 @@ CsvTable table_of_text(DecodedText decoded, const std::string& name, const Table
 
 }  // namespace
 
+CsvTable parse_sheet(SheetText sheet, const std::string& name, const TableOptions& options) {
+  CsvTable table = parse_csv(std::move(sheet.text), name, with_known_notation(options));
+  TableSource& source = table.source();
+  source.kind = "sheet " + in_quotes(sheet.sheets[sheet.sheet]);
+  if (sheet.sheets.size() > 1) source.kind += " of " + std::to_string(sheet.sheets.size());
+  if (sheet.sheets.size() > 1 && !options.sheet) {
+    sheet.notes.push_back(source.kind + " is read; --sheet chooses another one.");
+  }
+  add_notes(source, std::move(sheet.notes));
+  return table;
+}
+
 CsvTable parse_table(std::string bytes, const std::string& name, const TableOptions& options) {
-  if (looks_like_spreadsheet(bytes)) return table_of_workbook(bytes, name, options);
+  if (looks_like_spreadsheet(bytes)) {
+    return parse_sheet(read_spreadsheet(bytes, name, options.sheet), name, options);
+  }
   DecodedText decoded = decode_csv_text(std::move(bytes), options.encoding, name);
   if (!options.separator && looks_like_json(decoded.text)) {
     return table_of_json(decoded.text, name, options);
