@@ -27,6 +27,18 @@ std::optional<std::size_t> default_x(TableColumns& columns, const std::vector<Co
   return choose_columns(columns, selection, {}).x;
 }
 
+// In "--x 3 takes the dates of "day"": the field has the names of the columns, not their numbers.
+void remove_column_numbers(std::string& sentence) {
+  constexpr std::string_view kOption = "--x ";
+  const std::size_t option = sentence.find(kOption);
+  if (option == std::string::npos) return;
+  const std::size_t number = option + kOption.size();
+  const std::size_t end = sentence.find_first_not_of("0123456789", number);
+  constexpr std::string_view kAdvice = " takes ";
+  if (end == std::string::npos || sentence.compare(end, kAdvice.size(), kAdvice) != 0) return;
+  sentence.erase(number - 1, end - number + 1);
+}
+
 }  // namespace
 
 TableSurvey survey_table(TableColumns& columns) {
@@ -77,20 +89,27 @@ std::string kind_name(ColumnKind kind) {
 }
 
 std::string in_dialog_words(std::string sentence) {
-  constexpr std::array<std::pair<std::string_view, std::string_view>, 3> kWords{{
+  constexpr std::array<std::pair<std::string_view, std::string_view>, 13> kWords{{
       {"--every", "\"Take every\""},
       {"--x", "\"X axis\""},
       {"--y", "\"Curves\""},
+      {"--sheet", "\"Worksheet\""},
+      {"--encoding", "\"Encoding\""},
+      {"--separator", "\"Separator\""},
+      {"--skip", "\"Lines to skip\""},
+      {"--comment", "\"Comments\""},
+      {"--header", "\"Header\""},
+      {"--decimal", "\"Decimal sign\""},
+      {"--thousands", "\"Thousands sign\""},
+      {"--missing", "\"Missing values\""},
+      {"--dates", "\"Dates\""},
   }};
+  remove_column_numbers(sentence);
   for (const auto& [option, field] : kWords) {
     for (std::size_t at = sentence.find(option); at != std::string::npos;
          at = sentence.find(option, at + field.size())) {
       sentence.replace(at, option.size(), field);
     }
-  }
-  // The dialog has no fields for the other options.
-  if (const std::size_t advice = sentence.find("; --"); advice != std::string::npos) {
-    sentence.replace(advice, std::string::npos, ".");
   }
   return sentence;
 }

@@ -31,8 +31,7 @@ std::string separator_text(char separator);
 std::string sign_text(char sign);
 std::string kind_name(ColumnKind kind);
 
-// Replaces the names of command line options by those of the fields of the import dialog, and
-// leaves out advice about options that it has no field for.
+// Replaces the names of command line options by those of the fields of the import dialog.
 std::string in_dialog_words(std::string sentence);
 
 }  // namespace kurv::app

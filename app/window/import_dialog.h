@@ -1,32 +1,35 @@
-// Lets the user choose which columns and rows of a table to draw, and shows the first rows.
+// Lets the user see how a table has been understood, correct that, and choose what to draw of it.
 #pragma once
 
 #include <QDialog>
 #include <QTimer>
+#include <memory>
 #include <optional>
 #include <string>
 
-#include "app/csv/table_survey.h"
 #include "app/graph/graph_intake.h"
+#include "app/window/table_reader.h"
 
-class QCheckBox;
-class QComboBox;
-class QDialogButtonBox;
+class QBoxLayout;
 class QLabel;
-class QLineEdit;
-class QListWidget;
 class QPushButton;
 class QScrollArea;
-class QSpinBox;
-class QVBoxLayout;
 
 namespace kurv::app {
 
-// Controls by name: tblPreview, cboX, lstCurves, cmdAll, cmdNone, spnEvery, chkSort, txtTitle,
+class DrawingFields;
+class ImportViews;
+class PicturePreview;
+class TableOptionFields;
+
+// Controls by name: those of ImportViews, DrawingFields and TableOptionFields, imgPreview,
 // lblDialect, lblSummary, lblNotes in scrNotes, cmdImport, cmdCancel.
 class ImportDialog final : public QDialog {
  public:
-  ImportDialog(const std::string& path, CsvTable table, QWidget* parent);
+  // The bytes are those of the file. Where they are no table, the window says so and offers the
+  // options that may help.
+  ImportDialog(const std::string& path, std::string bytes, QWidget* parent);
+  ~ImportDialog() override;
 
   // Once accepted: the choices, and the data, which can be drawn. Call take_source() once.
   GraphChoice choice() const;
@@ -36,39 +39,39 @@ class ImportDialog final : public QDialog {
   void accept() override;
 
  private:
-  QWidget* make_preview();
+  QWidget* make_page();
+  QBoxLayout* make_buttons();
   QScrollArea* make_notes();
-  QVBoxLayout* make_x_fields();
-  QVBoxLayout* make_curve_fields();
-  void fill_fields();
-  void connect_fields();
-  void hide_x_among_curves();
-  void check_all(Qt::CheckState state);
-  Selection selection() const;
-  // Reads the selected data and shows the result, warnings or the error.
+  void connect_parts();
+  // Reads the table in the way that the user chose for the last one of this folder, if that works.
+  void read_as_before();
+  // Reads the table as the options say, and shows it or the error.
+  void read();
+  void show_table(const QString& failure);
+  // Makes the data of the selection and shows the result, warnings or the error.
   void evaluate();
-  TableData read();
+  TableData selected_data();
   void show_result(const QString& summary, const QString& notes);
+  void show_picture();
 
   std::string m_path;
-  CsvTable m_table;
-  // Read with the N that was chosen last, so that ticking curves parses no cell twice.
-  TableColumns m_columns;
-  TableSurvey m_survey;
+  TableReader m_reader;
+  std::unique_ptr<ReadTable> m_read;
+  // Why there is no table.
+  QString m_failure;
   std::optional<TableData> m_data;
+  QTimer m_reading;
   QTimer m_evaluation;
 
-  QComboBox* m_x;
-  QListWidget* m_curves;
-  QPushButton* m_all;
-  QPushButton* m_none;
-  QSpinBox* m_every;
-  QCheckBox* m_sort;
-  QLineEdit* m_title;
+  ImportViews* m_views;
+  PicturePreview* m_picture;
+  TableOptionFields* m_options;
+  DrawingFields* m_drawing;
+  QLabel* m_dialect;
   QLabel* m_summary;
   QLabel* m_notes;
   QScrollArea* m_notes_area;
-  QPushButton* m_import;
+  QPushButton* m_import = nullptr;
 };
 
 }  // namespace kurv::app

@@ -19,7 +19,6 @@
 #include "app/base/message_text.h"
 #include "app/base/user_error.h"
 #include "app/csv/csv_text.h"
-#include "app/csv/table_file.h"
 #include "app/graph/picture_file.h"
 #include "app/window/import_dialog.h"
 #include "app/window/main_menu.h"
@@ -198,8 +197,7 @@ void MainWindow::show_in_new_window(const GraphChoice& choice, const GraphSource
 
 std::optional<GraphSource> MainWindow::ask_about_table(const std::string& path, std::string bytes,
                                                        GraphChoice& choice) {
-  CsvTable table = parse_table(std::move(bytes), path);
-  const QPointer<ImportDialog> dialog(new ImportDialog(path, std::move(table), this));
+  const QPointer<ImportDialog> dialog(new ImportDialog(path, std::move(bytes), this));
   std::optional<GraphSource> source;
   if (dialog->exec() == QDialog::Accepted && dialog) {
     choice = dialog->choice();

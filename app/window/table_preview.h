@@ -3,27 +3,30 @@
 
 #include <QAbstractTableModel>
 
-#include "app/csv/csv_table.h"
-#include "app/csv/table_survey.h"
+#include "app/csv/data_rows.h"
+#include "app/window/table_reader.h"
 
 namespace kurv::app {
 
-// Both must outlive the model.
+// The table must outlive the model.
 class TablePreview final : public QAbstractTableModel {
  public:
   static constexpr int kMaxRows = 100;
 
-  TablePreview(const CsvTable& table, const TableSurvey& survey, QObject* parent)
-      : QAbstractTableModel(parent), m_table(table), m_survey(survey) {}
+  TablePreview(ReadTable& read, QObject* parent)
+      : QAbstractTableModel(parent), m_read(read), m_rows(read.table, read.survey.dialect, 1) {}
 
   int rowCount(const QModelIndex& parent = {}) const override;
   int columnCount(const QModelIndex& parent = {}) const override;
   QVariant data(const QModelIndex& index, int role) const override;
+  // Of a column its name, and on a second line what it holds and in which unit.
   QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
  private:
-  const CsvTable& m_table;
-  const TableSurvey& m_survey;
+  QVariant missing_or_refused(std::string_view text, std::size_t column, int role) const;
+
+  ReadTable& m_read;
+  DataRows m_rows;
 };
 
 }  // namespace kurv::app

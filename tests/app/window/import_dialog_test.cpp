@@ -12,12 +12,12 @@
 #include <QScrollArea>
 #include <QSpinBox>
 #include <QStyle>
+#include <QTabWidget>
 #include <QTableView>
 #include <QTest>
 #include <algorithm>
 
-#include "app/csv/csv_reader.h"
-#include "app/window/import_dialog.h"
+#include "tests/app/window/import_fixture.h"
 
 namespace kurv::app {
 namespace {
@@ -26,35 +26,6 @@ using testing::AllOf;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::Not;
-
-struct Import {
-  explicit Import(const std::string& text)
-      : dialog("/data/a.csv", parse_csv(text, "a.csv"), nullptr) {
-    dialog.show();
-  }
-
-  template <class Widget>
-  Widget& get(const char* name) {
-    return *dialog.findChild<Widget*>(name);
-  }
-  std::string label(const char* name) { return get<QLabel>(name).text().toStdString(); }
-  std::string summary() { return label("lblSummary"); }
-  bool can_import() { return get<QPushButton>("cmdImport").isEnabled(); }
-  // The dialog waits a little for more changes before it reads the data anew.
-  bool comes_to_say(const std::string& part) {
-    return QTest::qWaitFor([&] { return summary().find(part) != std::string::npos; }, 5000);
-  }
-  QListWidgetItem* curve(const char* name) {
-    return get<QListWidget>("lstCurves").findItems(name, Qt::MatchExactly).value(0);
-  }
-  GraphSource taken() {
-    dialog.accept();
-    EXPECT_EQ(dialog.result(), QDialog::Accepted);
-    return dialog.take_source();
-  }
-
-  ImportDialog dialog;
-};
 
 std::vector<std::string> names_of(const GraphSource& source) {
   std::vector<std::string> names;
@@ -69,7 +40,7 @@ TEST(ImportDialog, ShowsTheTableAsItIsRead) {
   const QAbstractItemModel& rows = *import.get<QTableView>("tblPreview").model();
   EXPECT_EQ(rows.rowCount(), 3);
   EXPECT_EQ(rows.columnCount(), 4);
-  EXPECT_EQ(rows.headerData(1, Qt::Horizontal).toString(), "up");
+  EXPECT_EQ(rows.headerData(1, Qt::Horizontal).toString(), "up\nnumbers");
   EXPECT_EQ(rows.index(0, 1).data().toString(), "2,5");
   EXPECT_EQ(import.label("lblDialect"),
             "The fields are separated by semicolons, numbers have a decimal comma, and the first "
@@ -131,7 +102,7 @@ TEST(ImportDialog, WithoutACurveThereIsNothingToImport) {
 
 TEST(ImportDialog, AColumnOfWordsIsShownAndCannotBeChosen) {
   Import import(kTable);
-  EXPECT_EQ(import.curve("note (no numbers)")->flags(), Qt::NoItemFlags);
+  EXPECT_EQ(import.curve("note (words)")->flags(), Qt::NoItemFlags);
   EXPECT_EQ(import.get<QComboBox>("cboX").findText("note"), -1);
 }
 
@@ -194,8 +165,8 @@ TEST(ImportDialog, OfTooManyCurvesTheFirstAreTicked) {
 
 TEST(ImportDialog, OddTablesAreShownAndExplained) {
   const std::pair<const char*, const char*> cases[] = {
-      {"", "The file has no rows; it needs rows of numbers."},
-      {"\n\n\n", "The file has no rows; it needs rows of numbers."},
+      {"", "The file is empty; it needs a row of names and rows of numbers."},
+      {"\n\n\n", "The file is empty; it needs a row of names and rows of numbers."},
       {"x,y\n", "The file has a header and nothing below it; it needs rows of numbers."},
       {"a,b\nc,d\ne,f\n", "The file has no column of numbers to draw as a curve"},
       {"x,y\n1,2\n", "one row of data, and a graph needs at least two"},
@@ -213,22 +184,25 @@ TEST(ImportDialog, OddFieldsAreToldAboutAndLeftOut) {
   EXPECT_THAT(import.label("lblNotes"), HasSubstr("\"oops\" in line 4"));
 }
 
-TEST(ImportDialog, GuessesAreToldWithoutTheOptionsOfTheCommandLine) {
+TEST(ImportDialog, GuessesNameTheFieldsThatChangeThem) {
   Import import("t;p\n1;980\n2;990\n3;1.001\n");
   EXPECT_THAT(import.label("lblNotes"),
-              AllOf(HasSubstr("is read as a number with a thousands point"), Not(HasSubstr("--"))));
+              AllOf(HasSubstr("is read as a number with a thousands point"),
+                    HasSubstr("; \"Decimal sign\" changes that."), Not(HasSubstr("--"))));
 }
 
 TEST(ImportDialog, HostileTextIsShownAsItIs) {
   Import import("<b>x</b>,\"y\n2\"\n1,2\n2,3\n");
   const QAbstractItemModel& rows = *import.get<QTableView>("tblPreview").model();
-  EXPECT_EQ(rows.headerData(0, Qt::Horizontal).toString(), "<b>x</b>");
-  EXPECT_EQ(rows.headerData(1, Qt::Horizontal).toString(), "y 2");
+  EXPECT_EQ(rows.headerData(0, Qt::Horizontal).toString(), "<b>x</b>\nnumbers");
+  EXPECT_EQ(rows.headerData(1, Qt::Horizontal).toString(), "y 2\nnumbers");
 }
 
 TEST(ImportDialog, EveryFieldHasANameForScreenReaders) {
   Import import(kTable);
-  for (const char* name : {"tblPreview", "cboX", "lstCurves", "spnEvery", "txtTitle"}) {
+  for (const char* name : {"cboX", "lstCurves", "spnEvery", "txtTitle", "cboEncoding",
+                           "cboSeparator", "spnSkip", "cboComment", "cboHeader", "cboDecimal",
+                           "cboThousands", "cboMissing", "cboDates", "cboSheet"}) {
     const auto* const widget = import.dialog.findChild<QWidget*>(name);
     bool labelled = false;
     for (const QLabel* label : import.dialog.findChildren<QLabel*>()) {
@@ -236,7 +210,9 @@ TEST(ImportDialog, EveryFieldHasANameForScreenReaders) {
     }
     EXPECT_TRUE(labelled) << name;
   }
-  EXPECT_FALSE(import.get<QScrollArea>("scrNotes").accessibleName().isEmpty());
+  for (const char* name : {"scrNotes", "tblPreview", "tblLines", "imgPreview"}) {
+    EXPECT_FALSE(import.get<QWidget>(name).accessibleName().isEmpty()) << name;
+  }
 }
 
 TEST(ImportDialog, EveryLetterOfAMnemonicIsThereOnce) {
@@ -250,7 +226,8 @@ TEST(ImportDialog, EveryLetterOfAMnemonicIsThereOnce) {
     captions << button->text();
   }
   captions << import.get<QCheckBox>("chkSort").text();
-  EXPECT_EQ(captions.size(), 10);
+  for (int tab = 0; tab < 2; ++tab) captions << import.get<QTabWidget>("tabViews").tabText(tab);
+  EXPECT_EQ(captions.size(), 22);
   QSet<QString> letters;
   for (const QString& caption : captions) {
     const QString letter = QKeySequence::mnemonic(caption).toString();

@@ -1,0 +1,249 @@
+#include "app/window/drawing_fields.h"
+
+#include <KurvGraph/indicator_style.h>
+#include <KurvGraph/limits.h>
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QScopedValueRollback>
+#include <QSpinBox>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <limits>
+#include <utility>
+
+#include "app/base/message_text.h"
+#include "app/csv/cell_check.h"
+
+namespace kurv::app {
+
+namespace {
+
+constexpr int kRowNumber = -1;
+constexpr const char* kRowNumberText = "Row number";
+
+// A name may be as long as the file.
+QString shown(const std::string& text) {
+  constexpr qsizetype kMaxBytes = 200;
+  const auto size = static_cast<qsizetype>(text.size());
+  const QString result = QString::fromUtf8(text.data(), std::min(size, kMaxBytes));
+  return size > kMaxBytes ? result + QChar(0x2026) : result;
+}
+
+template <class Widget>
+Widget* named(const char* name, Widget* widget) {
+  widget->setObjectName(name);
+  return widget;
+}
+
+QLabel* caption(const QString& text, QWidget* buddy) {
+  auto* const label = new QLabel(text);
+  label->setBuddy(buddy);
+  return label;
+}
+
+// Rows beyond what a graph holds are thinned out from the start.
+int default_every(std::size_t rows) {
+  return rows <= kMaxPoints ? 1 : static_cast<int>((rows - 1) / kMaxPoints + 1);
+}
+
+// Qt's Fusion style outlines a check box in a darker shade of the window's colour, in which an
+// empty box on a dark desktop cannot be seen.
+void outline_boxes(QWidget& widget) {
+  QPalette colours = widget.palette();
+  colours.setColor(QPalette::Window, Qt::gray);
+  widget.setPalette(colours);
+}
+
+// The name of a column with what there is to know of it: "state (words)".
+QString label_of(ReadTable& read, std::size_t column) {
+  const QString name = shown(read.survey.names[column]);
+  const ColumnKind kind = read.survey.kinds[column];
+  const std::uint32_t refused = refused_cells(read.columns.survey(column));
+  QStringList remarks;
+  if (kind != ColumnKind::kNumbers) remarks << shown(kind_name(kind));
+  if (refused > 0) {
+    remarks << QString::number(refused) + " not understood";
+  }
+  return remarks.isEmpty() ? name : name + " (" + remarks.join(", ") + ')';
+}
+
+}  // namespace
+
+DrawingFields::DrawingFields(const QString& title, QWidget* parent)
+    : QWidget(parent),
+      m_x(named("cboX", new QComboBox)),
+      m_curves(named("lstCurves", new QListWidget)),
+      m_all(named("cmdAll", new QPushButton("&All"))),
+      m_none(named("cmdNone", new QPushButton("&None"))),
+      m_every(named("spnEvery", new QSpinBox)),
+      m_sort(named("chkSort", new QCheckBox("&Sort the points by x"))),
+      m_title(named("txtTitle", new QLineEdit(title))) {
+  // Return in a field presses "Import" only.
+  for (QPushButton* button : {m_all, m_none}) button->setAutoDefault(false);
+  for (QWidget* const widget : {static_cast<QWidget*>(m_curves), static_cast<QWidget*>(m_sort)}) {
+    outline_boxes(*widget);
+    scale_indicators(*widget);
+  }
+  m_x->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+  m_every->setRange(1, std::numeric_limits<int>::max());
+  auto* const columns = new QHBoxLayout(this);
+  columns->setContentsMargins(0, 0, 0, 0);
+  columns->addLayout(make_x_column(), 1);
+  columns->addLayout(make_curve_column(), 1);
+  connect_fields();
+}
+
+QBoxLayout* DrawingFields::make_x_column() {
+  auto* const column = new QVBoxLayout;
+  column->addWidget(caption("&X axis", m_x));
+  column->addWidget(m_x);
+  column->addWidget(m_sort);
+  column->addWidget(caption("Take &every N-th row, N =", m_every));
+  column->addWidget(m_every);
+  column->addWidget(caption("&Title", m_title));
+  column->addWidget(m_title);
+  column->addStretch();
+  return column;
+}
+
+QBoxLayout* DrawingFields::make_curve_column() {
+  auto* const column = new QVBoxLayout;
+  column->addWidget(caption("&Curves", m_curves));
+  column->addWidget(m_curves, 1);
+  auto* const buttons = new QHBoxLayout;
+  buttons->addWidget(m_all);
+  buttons->addWidget(m_none);
+  buttons->addStretch();
+  column->addLayout(buttons);
+  return column;
+}
+
+void DrawingFields::connect_fields() {
+  connect(m_x, &QComboBox::currentIndexChanged, this, [this] {
+    if (m_is_filling) return;
+    const int x = m_x->currentData().toInt();
+    m_has_chosen_rows = x == kRowNumber;
+    m_chosen_x.reset();
+    if (x >= 0) m_chosen_x = m_names[static_cast<std::size_t>(x)];
+    hide_x_among_curves();
+    m_selection_changed();
+  });
+  connect(m_curves, &QListWidget::itemChanged, this, [this](QListWidgetItem* item) {
+    if (m_is_filling) return;
+    const auto column = static_cast<std::size_t>(item->data(Qt::UserRole).toInt());
+    m_chosen_curves[m_names[column]] = item->checkState() == Qt::Checked;
+    m_selection_changed();
+  });
+  connect(m_every, &QSpinBox::valueChanged, this, [this] {
+    if (m_is_filling) return;
+    m_has_chosen_every = true;
+    m_selection_changed();
+  });
+  connect(m_all, &QPushButton::clicked, this, [this] { check_all(Qt::Checked); });
+  connect(m_none, &QPushButton::clicked, this, [this] { check_all(Qt::Unchecked); });
+  connect(m_title, &QLineEdit::textChanged, this, [this] { m_title_or_order_changed(); });
+  connect(m_sort, &QCheckBox::toggled, this, [this] { m_title_or_order_changed(); });
+}
+
+void DrawingFields::show_table(ReadTable* read) {
+  const QScopedValueRollback<bool> filling(m_is_filling, true);
+  m_x->clear();
+  m_curves->clear();
+  m_names.clear();
+  m_x->addItem(kRowNumberText, kRowNumber);
+  if (read == nullptr) return;
+  m_names = read->survey.names;
+  fill_columns(*read);
+  select_x(read->survey);
+  hide_x_among_curves();
+  check_all(Qt::Checked);
+  restore_checks();
+  if (!m_has_chosen_every) m_every->setValue(default_every(read->survey.rows));
+}
+
+void DrawingFields::fill_columns(ReadTable& read) {
+  for (std::size_t i = 0; i < m_names.size(); ++i) {
+    const ColumnKind kind = read.survey.kinds[i];
+    const int column = static_cast<int>(i);
+    if (kind == ColumnKind::kNumbers) m_x->addItem(shown(m_names[i]), column);
+    if (kind == ColumnKind::kDates) m_x->addItem(shown(m_names[i]) + " (dates)", column);
+    const bool drawable = kind == ColumnKind::kNumbers;
+    auto* const item = new QListWidgetItem(label_of(read, i), m_curves);
+    item->setData(Qt::UserRole, column);
+    item->setToolTip(item->text().toHtmlEscaped());
+    item->setFlags(drawable ? Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable
+                            : Qt::NoItemFlags);
+    if (drawable) item->setCheckState(Qt::Unchecked);
+  }
+}
+
+void DrawingFields::select_x(const TableSurvey& survey) {
+  int index = survey.x ? m_x->findData(static_cast<int>(*survey.x)) : 0;
+  if (m_has_chosen_rows) index = 0;
+  for (int i = 1; m_chosen_x && i < m_x->count(); ++i) {
+    if (m_names[static_cast<std::size_t>(m_x->itemData(i).toInt())] == *m_chosen_x) index = i;
+  }
+  m_x->setCurrentIndex(index);
+}
+
+// Those that the user has ticked or not, by their names.
+void DrawingFields::restore_checks() {
+  for (int row = 0; row < m_curves->count() && !m_chosen_curves.empty(); ++row) {
+    QListWidgetItem* const item = m_curves->item(row);
+    if (!item->flags().testFlag(Qt::ItemIsUserCheckable)) continue;
+    const auto column = static_cast<std::size_t>(item->data(Qt::UserRole).toInt());
+    const auto chosen = m_chosen_curves.find(m_names[column]);
+    if (chosen == m_chosen_curves.end()) continue;
+    item->setCheckState(chosen->second ? Qt::Checked : Qt::Unchecked);
+  }
+}
+
+void DrawingFields::hide_x_among_curves() {
+  const int x = m_x->currentData().toInt();
+  for (int row = 0; row < m_curves->count(); ++row) {
+    QListWidgetItem* const item = m_curves->item(row);
+    item->setHidden(item->data(Qt::UserRole).toInt() == x);
+  }
+}
+
+// As many as a graph holds.
+void DrawingFields::check_all(Qt::CheckState state) {
+  std::size_t count = 0;
+  for (int row = 0; row < m_curves->count(); ++row) {
+    QListWidgetItem* const item = m_curves->item(row);
+    if (!item->flags().testFlag(Qt::ItemIsUserCheckable)) continue;
+    const bool fits = item->isHidden() || ++count <= kMaxCurves;
+    item->setCheckState(fits ? state : Qt::Unchecked);
+  }
+}
+
+Selection DrawingFields::selection() const {
+  Selection selection;
+  selection.every = static_cast<std::size_t>(m_every->value());
+  const int x = m_x->currentData().toInt();
+  selection.row_numbers = x < 0;
+  if (x >= 0) selection.x = m_names[static_cast<std::size_t>(x)];
+  for (int row = 0; row < m_curves->count(); ++row) {
+    const QListWidgetItem& item = *m_curves->item(row);
+    if (item.isHidden() || item.checkState() != Qt::Checked) continue;
+    selection.y.push_back(m_names[static_cast<std::size_t>(item.data(Qt::UserRole).toInt())]);
+  }
+  return selection;
+}
+
+void DrawingFields::write_title_and_order(GraphChoice& choice) const {
+  choice.title = on_one_line(m_title->text().toStdString());
+  choice.sort = m_sort->isChecked();
+}
+
+void DrawingFields::focus_first() {
+  m_x->setFocus();
+}
+
+}  // namespace kurv::app
