@@ -15,6 +15,7 @@
 #include "control/mouse.h"
 #include "control/prompted_settings.h"
 #include "control/redraw.h"
+#include "io/comma_changes.h"
 #include "model/data_set.h"
 
 namespace kurv {
@@ -138,6 +139,10 @@ std::vector<String> Control::functions() const {
     expressions.push_back(m_state->document.y_func(k).expression);
   }
   return expressions;
+}
+
+std::vector<CommaChange> Control::comma_changes() const {
+  return kurv::comma_changes(m_state->document, m_state->decimal_separator);
 }
 
 void Control::press_mouse(Integer, Integer, Single x, Single Y) {

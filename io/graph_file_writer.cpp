@@ -29,18 +29,6 @@ constexpr std::string_view kBreaks = "\r\n";
 constexpr Single kMinPlace = std::numeric_limits<Integer>::min();
 constexpr Single kMaxPlace = std::numeric_limits<Integer>::max();
 
-// A text on one line: each break in it, CR LF or either alone, becomes a blank.
-void append_on_one_line(String& line, std::string_view text) {
-  std::size_t end = text.find_first_of(kBreaks);
-  while (end != text.npos) {
-    line.append(text.substr(0, end)) += ' ';
-    text.remove_prefix(end);
-    text.remove_prefix(text.starts_with(kLineEnd) ? kLineEnd.size() : 1);
-    end = text.find_first_of(kBreaks);
-  }
-  line += text;
-}
-
 // The forms in which a line is written.
 class Lines {
  public:
@@ -161,6 +149,17 @@ bool is_truncated(const String& path) {
 }
 
 }  // namespace
+
+void append_on_one_line(String& line, std::string_view text) {
+  std::size_t end = text.find_first_of(kBreaks);
+  while (end != text.npos) {
+    line.append(text.substr(0, end)) += ' ';
+    text.remove_prefix(end);
+    text.remove_prefix(text.starts_with(kLineEnd) ? kLineEnd.size() : 1);
+    end = text.find_first_of(kBreaks);
+  }
+  line += text;
+}
 
 String version_stamp(int major, int minor) {
   const std::string digits = std::to_string(major) + std::to_string(minor);

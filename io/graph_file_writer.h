@@ -16,6 +16,9 @@ namespace kurv {
 // writes the result in hexadecimal, "1E" for version 1.0.
 String version_stamp(int major, int minor);
 
+// Appends a text as a line holds it: each line break, CR LF or either alone, becomes a blank.
+void append_on_one_line(String& line, std::string_view text);
+
 // The control's outer size, twips.
 struct ControlSize {
   Single height = 0;

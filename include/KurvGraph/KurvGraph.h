@@ -30,6 +30,7 @@
 
 #include <KurvGraph/arrays.h>
 #include <KurvGraph/automation.h>
+#include <KurvGraph/comma_change.h>
 #include <KurvGraph/fault.h>
 #include <KurvGraph/limits.h>
 #include <KurvGraph/property_list.h>
@@ -232,6 +233,9 @@ class KurvGraph : public QWidget {
   void show_mended_data();
   // The expressions of the function curves, in the order of their slots.
   std::vector<QString> functions() const;
+  // The names, expressions and numbers that Save_graph() would write in such a way that they do not
+  // come back, because a graph file separates the entries of its lists by commas.
+  std::vector<CommaChange> comma_changes() const;
   // Passes to `sink`, piece by piece, the text of the graph file as it would be written now,
   // without the control's size: two graphs with the same text are the same graph, whatever the size
   // of their windows. Throws kSubscriptOutOfRange for more than kMaxFunctions function curves.

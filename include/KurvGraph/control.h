@@ -23,6 +23,7 @@
 #include <KurvGraph/arrays.h>
 #include <KurvGraph/automation.h>
 #include <KurvGraph/class_registry.h>
+#include <KurvGraph/comma_change.h>
 #include <KurvGraph/container.h>
 #include <KurvGraph/item.h>
 #include <KurvGraph/limits.h>
@@ -246,6 +247,9 @@ class Control {
 
   // The expressions of the function curves, in the order of their slots.
   std::vector<String> functions() const;
+  // The names, expressions and numbers that Save_graph() would write in such a way that they do not
+  // come back, because a graph file separates the entries of its lists by commas.
+  std::vector<CommaChange> comma_changes() const;
 
   // Paints the graph on another surface as the next redraw would show it, with ticks and grid as
   // wide as the last one has drawn them; blank while there is no graph. The surface should have the

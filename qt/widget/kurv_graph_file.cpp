@@ -35,6 +35,11 @@ unsigned KurvGraph::cell_edits() const {
   return m_state->graph.cell_edits();
 }
 
+std::vector<CommaChange> KurvGraph::comma_changes() const {
+  m_state->apply_locale();
+  return m_state->graph.comma_changes();
+}
+
 void KurvGraph::graph_text(const std::function<void(std::string_view)>& sink) const {
   m_state->apply_locale();
   const ControlState& state = m_state->graph.state();
