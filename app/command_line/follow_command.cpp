@@ -13,6 +13,7 @@
 #include "app/base/message_text.h"
 #include "app/base/user_error.h"
 #include "app/command_line/window_command.h"
+#include "app/graph/comma_warnings.h"
 #include "app/graph/graph_file.h"
 #include "app/graph/graph_intake.h"
 #include "app/window/follower.h"

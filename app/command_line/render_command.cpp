@@ -36,16 +36,15 @@ void render(const RenderRequest& request, const Warn& warn) {
 
 void convert(const ConvertRequest& request, const Warn& warn) {
   const GraphSource source = load_with_warnings(request.data_file, request, warn);
-  warn_of_commas(request.functions, warn);
   const auto application = headless_application();
   if (!is_standard_output(request.graph_file)) {
-    save_graph(request, source, request.graph_file);
+    save_graph(request, source, request.graph_file, warn);
     return;
   }
   // A graph is saved to a file with a name, as a whole.
   const QTemporaryDir folder;
   const std::string path = folder.filePath("graph.gdf").toStdString();
-  save_graph(request, source, path);
+  save_graph(request, source, path, warn);
   write_standard_output(read_graph_file_bytes(path));
 }
 

@@ -1,12 +1,14 @@
 #include "app/command_line/window_command.h"
 
 #include <QApplication>
+#include <QPointer>
 #include <cstdlib>
 #include <iostream>
 #include <optional>
 #include <vector>
 
 #include "app/base/user_error.h"
+#include "app/graph/comma_warnings.h"
 #include "app/graph/graph_intake.h"
 #include "app/window/main_window.h"
 

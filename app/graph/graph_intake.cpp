@@ -12,6 +12,7 @@
 #include "app/base/message_text.h"
 #include "app/base/user_error.h"
 #include "app/csv/csv_text.h"
+#include "app/graph/comma_warnings.h"
 #include "app/graph/message_recorder.h"
 
 namespace kurv::app {
@@ -48,6 +49,7 @@ class OffscreenGraph {
     return is_vector(format) ? vector_document(m_control, m_size, format)
                              : encoded(m_picture.image(), format);
   }
+  std::vector<CommaChange> comma_changes() const { return m_control.comma_changes(); }
   void save() { m_control.ChartOptions("saveas"); }
 
  private:
@@ -173,15 +175,6 @@ void set_locale(KurvGraph& graph, const QLocale& locale) {
   graph.setLocale(locale);
 }
 
-void warn_of_commas(const std::vector<std::string>& functions,
-                    const std::function<void(const std::string&)>& warn) {
-  for (const std::string& function : functions) {
-    if (function.find(',') == std::string::npos) continue;
-    warn("a graph file splits the function " + in_quotes(function) +
-         " at its comma, so it does not come back as it is.");
-  }
-}
-
 void add_curves(const GraphChoice& choice, Control& graph) {
   for (const auto& [name, expression] : choice.derivations) {
     refuse(graph.derive(name, expression), "--derive", name + '=' + expression);
@@ -214,9 +207,13 @@ void check_picture(const GraphChoice& choice, const GraphSource& source) {
   drawing(choice, source, [&] { OffscreenGraph(choice, 1).draw(choice, source); });
 }
 
-void save_graph(const GraphChoice& choice, const GraphSource& source, const std::string& path) {
+void save_graph(const GraphChoice& choice, const GraphSource& source, const std::string& path,
+                const std::function<void(const std::string&)>& warn) {
   OffscreenGraph graph(choice, 1, path);
   drawing(choice, source, [&] { graph.draw(choice, source); });
+  if (warn) {
+    for (const std::string& sentence : comma_warnings(graph.comma_changes())) warn(sentence);
+  }
   try {
     graph.save();
   } catch (const Fault& fault) {

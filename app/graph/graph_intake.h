@@ -90,10 +90,6 @@ void redraw(const GraphSource& source, AnyGraph& graph) {
   }
 }
 
-// Warns of functions that a graph file cannot hold, because it splits its lists at commas.
-void warn_of_commas(const std::vector<std::string>& functions,
-                    const std::function<void(const std::string&)>& warn);
-
 // Adds the curves that are computed from others and the functions of x. Throws UserError with the
 // evaluator's or the graph's own sentence about what cannot be one.
 void add_curves(const GraphChoice& choice, Control& graph);
@@ -130,6 +126,8 @@ QByteArray render_picture(const GraphChoice& choice, const GraphSource& source,
 void check_picture(const GraphChoice& choice, const GraphSource& source);
 
 // The same graph into a graph file. An existing one is kept as NAME~ until the new one is complete.
-void save_graph(const GraphChoice& choice, const GraphSource& source, const std::string& path);
+// Before it is written, `warn` gets a sentence for each text that does not come back from it.
+void save_graph(const GraphChoice& choice, const GraphSource& source, const std::string& path,
+                const std::function<void(const std::string&)>& warn = {});
 
 }  // namespace kurv::app

@@ -58,6 +58,9 @@ class HostContainer final : public Container {
   // Called when the control has given itself another size, as a loaded graph does.
   void on_resize(std::function<void()> resized) { m_resized = std::move(resized); }
 
+  // Called when the graph was loaded from its file or written to it.
+  void on_filed(std::function<void()> filed) { m_filed = std::move(filed); }
+
   // Stores the size that the host gives it. Returns whether it differs from the one before.
   bool store_size(Single width, Single height) {
     const bool other = width != m_width || height != m_height;
@@ -72,6 +75,7 @@ class HostContainer final : public Container {
   Single Width() const override { return m_width; }
   void set_Height(Single twips) override { set_side(m_height, twips); }
   void set_Width(Single twips) override { set_side(m_width, twips); }
+  void filed() override { m_filed(); }
   void MouseUp(Integer Button, Integer Shift, Single x, Single Y) override;
 
  private:
@@ -81,6 +85,7 @@ class HostContainer final : public Container {
   Single m_height;
   bool m_run_mode;
   std::function<void()> m_resized;
+  std::function<void()> m_filed = [] {};
   Integer m_pointer = kDefaultPointer;
   QJsonArray m_events;
 };

@@ -14,6 +14,7 @@
 #include <utility>
 #include <vector>
 
+#include "app/base/message_text.h"
 #include "app/base/user_error.h"
 #include "app/graph/graph_intake.h"
 #include "app/graph/picture_file.h"
@@ -50,7 +51,17 @@ HostedControl& HostSession::hosted() {
 void HostSession::end() {
   m_closed = true;
   const std::unique_ptr<HostedControl> ending = std::move(m_hosted);
-  if (ending) ending->control().terminate();
+  if (!ending) return;
+  ending->control().terminate();
+  take_warnings(*ending);
+}
+
+// What a graph file that was just written does not keep is for the answer and for a terminal.
+void HostSession::take_warnings(HostedControl& hosted) {
+  for (const std::string& warning : hosted.take_warnings()) {
+    std::cerr << "kurv: warning: " << on_one_line(warning) << '\n';
+    m_warnings.append(QString::fromStdString(warning));
+  }
 }
 
 HostSession::Result HostSession::place(const QJsonObject& request) {
@@ -82,13 +93,7 @@ HostSession::Result HostSession::call(const QJsonObject& request) {
   const Member& method = member_of(request["call"]);
   if (method.kind != MemberKind::kMethod) throw Fault(FaultKind::kNoSuchMember);
   std::vector<Variant> arguments = arguments_of(method, request["args"]);
-  const bool was_saved = bool(control.GraphSaved());
   call_method(control, method.dispatch_id, arguments);
-  if (!was_saved && control.GraphSaved()) {
-    warn_of_commas(control.functions(), [](const std::string& warning) {
-      std::cerr << "kurv: warning: " << warning << '\n';
-    });
-  }
   return {};
 }
 
@@ -256,6 +261,9 @@ QByteArray HostSession::answer(const QByteArray& line) {
   QJsonObject object;
   QJsonObject answer = outcome(line, object);
   if (object.contains("id")) answer["id"] = object["id"];
+  if (m_hosted) take_warnings(*m_hosted);
+  const QJsonArray warnings = std::exchange(m_warnings, {});
+  if (!warnings.isEmpty()) answer["warnings"] = warnings;
   const QJsonArray shown = m_shell.take_shown();
   if (!shown.isEmpty()) answer["shown"] = shown;
   const QJsonArray events = m_hosted ? m_hosted->container().take_events() : QJsonArray();

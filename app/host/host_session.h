@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QJsonArray>
 #include <QJsonObject>
 #include <QJsonValue>
 #include <array>
@@ -55,10 +56,12 @@ class HostSession {
   // The control, which the first request places with default values. Refuses after its end.
   HostedControl& hosted();
   void end();
+  void take_warnings(HostedControl& hosted);
 
   HostShell m_shell;
   std::unique_ptr<HostedControl> m_hosted;
   bool m_closed = false;
+  QJsonArray m_warnings;  // for the next answer
 };
 
 }  // namespace kurv::app

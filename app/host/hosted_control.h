@@ -6,7 +6,11 @@
 #include <KurvGraph/recording_surface.h>
 
 #include <cmath>
+#include <string>
+#include <utility>
+#include <vector>
 
+#include "app/graph/comma_warnings.h"
 #include "app/graph/picture_file.h"
 #include "app/host/host_desktop.h"
 
@@ -34,9 +38,12 @@ class HostedControl {
     m_control.first_placement();
     m_surface.clear_log();
     m_container.on_resize([this] { fit(); });
+    m_container.on_filed([this] { keep_warnings(); });
   }
 
   Control& control() { return m_control; }
+  // The sentences about what graph files that were written since the last call of this do not keep.
+  std::vector<std::string> take_warnings() { return std::exchange(m_warnings, {}); }
   HostContainer& container() { return m_container; }
   // The bytes of a picture file.
   QByteArray picture(PictureFormat format) const {
@@ -54,6 +61,12 @@ class HostedControl {
   }
 
  private:
+  // A graph that was loaded has none: its names have no commas any more.
+  void keep_warnings() {
+    for (const std::string& warning : comma_warnings(m_control.comma_changes())) {
+      m_warnings.push_back(warning);
+    }
+  }
   // Brings picture, surface and control to the container's size.
   void fit() {
     m_picture.resize(pixels(m_container.Width(), m_container.Height()), m_scale);
@@ -71,6 +84,7 @@ class HostedControl {
   Picture m_picture;
   RecordingSurface m_surface;
   HostContainer m_container;
+  std::vector<std::string> m_warnings;
   Control m_control;
 };
 
