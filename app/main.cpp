@@ -1,7 +1,8 @@
 // The program kurv: parses the command line, runs the command and returns the exit status.
 //
 // Messages go to standard error, one line each. The exit status is 0 when everything was done, 1
-// when it was not, and 2 when the command line is wrong.
+// when it was not, and 2 when the command line is wrong. Where nobody reads standard error, errors
+// of a program that is to open windows are in a message box as well.
 
 #include <KurvGraph/fault.h>
 
@@ -10,8 +11,10 @@
 #include <new>
 #include <string>
 #include <variant>
+#include <vector>
 
 #include "app/base/message_text.h"
+#include "app/base/standard_error_reader.h"
 #include "app/base/user_error.h"
 #include "app/command_line/command_line.h"
 #include "app/command_line/eval_command.h"
@@ -38,12 +41,12 @@ bool has_display() {
   return false;
 }
 
-int run(int argc, char** argv) {
+int run(int argc, char** argv, ErrorBox& box) {
   if (argc < 2 && !has_display()) {
     std::cerr << program_help();
     return kUsageFailure;
   }
-  if (argc < 2) return open_windows({}, say);
+  if (argc < 2) return open_windows({}, say, box);
   const Command command = parse_command_line(argc, argv);
   if (const Notice* notice = std::get_if<Notice>(&command)) {
     std::cout << notice->text;
@@ -66,7 +69,7 @@ int run(int argc, char** argv) {
     return follow(*following, say);
   }
   if (const WindowRequest* windows = std::get_if<WindowRequest>(&command)) {
-    return open_windows(*windows, say);
+    return open_windows(*windows, say, box);
   }
   if (const ConvertRequest* conversion = std::get_if<ConvertRequest>(&command)) {
     convert(*conversion, warn);
@@ -79,13 +82,21 @@ int run(int argc, char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  const bool wants_box = !has_error_reader(program_start()) && !names_command(argc, argv);
+  ErrorBox box(wants_box && has_display(),
+               std::vector<std::string>(argv + (argc > 0 ? 1 : 0), argv + argc));
+  const auto end = [&box](const std::string& sentence, int status) {
+    say(sentence);
+    box.add(sentence);
+    box.show_before_end(status);
+    return status;
+  };
   try {
-    return run(argc, argv);
+    return run(argc, argv, box);
   } catch (const UserError& error) {
-    say(error.what());
-    return error.exit_status();
+    return end(error.what(), error.exit_status());
   } catch (const std::bad_alloc&) {
-    say("there is not enough memory for this picture; make it smaller or the data fewer.");
-    return kFailure;
+    return end("there is not enough memory for this picture; make it smaller or the data fewer.",
+               kFailure);
   }
 }

@@ -116,6 +116,14 @@ class Program {
 
   std::string help() const { return m_app.help(); }
 
+  bool has_command_among(int argc, const char* const* argv) const {
+    for (const CLI::App* command : {m_render, m_convert, m_host, m_info, m_eval}) {
+      if (std::find(argv + std::min(argc, 1), argv + argc, command->get_name()) != argv + argc)
+        return true;
+    }
+    return false;
+  }
+
  private:
   // The command among the arguments, or nullptr for windows.
   const CLI::App* chosen() const {
@@ -331,6 +339,10 @@ class Program {
 
 Command parse_command_line(int argc, const char* const* argv) {
   return Program().parse(argc, argv);
+}
+
+bool names_command(int argc, const char* const* argv) {
+  return Program().has_command_among(argc, argv);
 }
 
 std::string program_help() {

@@ -64,6 +64,9 @@ using Command = std::variant<RenderRequest, ConvertRequest, WindowRequest, Follo
 // Throws UserError with kUsageFailure for what cannot be understood, before anything is read.
 Command parse_command_line(int argc, const char* const* argv);
 
+// Whether an argument is a command such as "render", so that no windows are asked for.
+bool names_command(int argc, const char* const* argv);
+
 // The help of the program as a whole.
 std::string program_help();
 

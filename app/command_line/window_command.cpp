@@ -69,7 +69,12 @@ std::unique_ptr<QApplication> new_window_application() {
   return application;
 }
 
-int open_windows(const WindowRequest& request, const std::function<void(const std::string&)>& say) {
+int open_windows(const WindowRequest& request, const std::function<void(const std::string&)>& say,
+                 ErrorBox& box) {
+  const auto say_failure = [&](const std::string& sentence) {
+    say(sentence);
+    box.add(sentence);
+  };
   std::vector<GraphSource> files;
   for (const std::string& path : request.data_files) files.push_back({path, std::nullopt});
   files = accepted(
@@ -79,7 +84,7 @@ int open_windows(const WindowRequest& request, const std::function<void(const st
         if (!file.data) return;
         for (const std::string& warning : file.data->warnings) say("warning: " + warning);
       },
-      say);
+      say_failure);
 
   warn_of_commas(request.functions,
                  [&](const std::string& warning) { say("warning: " + warning); });
@@ -97,11 +102,14 @@ int open_windows(const WindowRequest& request, const std::function<void(const st
       throw naming(error, file.path);
     }
   };
-  files = accepted(std::move(files), check, say);
+  files = accepted(std::move(files), check, say_failure);
+  QPointer<MainWindow> last;
   for (const GraphSource& file : files) {
-    (new MainWindow(request.locale, say))->show_graph(request, file);
+    last = new MainWindow(request.locale, say);
+    last->show_graph(request, file);
   }
   if (request.data_files.empty()) (new MainWindow(request.locale, say))->show();
+  box.show(last);
   const int status = QApplication::exec();
   return status == 0 && files.size() < request.data_files.size() ? kFailure : status;
 }
