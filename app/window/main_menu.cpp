@@ -37,6 +37,12 @@ void MainMenu::enable(bool has_data, bool has_graph) {
   }
 }
 
+void MainMenu::enable_paste(bool on) {
+  for (const Entry& entry : m_entries) {
+    if (entry.needs == Needs::kTableText) entry.action->setEnabled(on);
+  }
+}
+
 QMenu* MainMenu::menu(const QString& text, const char* name) {
   QMenu* const result = m_window.menuBar()->addMenu(text);
   result->setObjectName(name);
@@ -70,7 +76,7 @@ void MainMenu::make_file_menu() {
   add(file, "mnuSave", "&Save", QKeySequence("Ctrl+S"), Needs::kData,
       "Save the graph, with its data and formatting, in its graph file", m_commands.save);
   add(file, "mnuSaveAs", "Save &As\u2026", QKeySequence("Ctrl+Shift+S"), Needs::kData,
-      "Save the graph in another file", command("saveas"));
+      "Save the graph in another file", m_commands.save_as);
   add(file, "mnuExportPicture", "&Export Picture\u2026", QKeySequence("Ctrl+E"), Needs::kGraph,
       "Save a picture of the graph", m_commands.export_picture);
   add(file, "mnuPrint", "&Print\u2026", QKeySequence("Ctrl+P"), Needs::kGraph, "Print the graph",
@@ -86,6 +92,8 @@ void MainMenu::make_edit_menu() {
   QMenu* const edit = menu("&Edit", "mnuEdit");
   add(edit, "mnuCopy", "&Copy Picture", QKeySequence("Ctrl+C"), Needs::kGraph,
       "Copy a picture of the graph to the clipboard", command("copy"));
+  add(edit, "mnuPaste", "&Paste as New Graph\u2026", QKeySequence("Ctrl+Shift+V"),
+      Needs::kTableText, "Draw a table that was copied in another program", m_commands.paste);
   edit->addSeparator();
   add(edit, "mnuTable", "Data &Table\u2026", QKeySequence("Ctrl+T"), Needs::kData,
       "See and edit the numbers", command("table"));

@@ -19,6 +19,8 @@ struct MenuCommands {
   std::function<std::vector<std::string>()> recent;
   std::function<void()> clear_recent;
   std::function<void()> save;
+  std::function<void()> save_as;
+  std::function<void()> paste;
   std::function<void()> export_picture;
   std::function<void()> close;
   std::function<void()> quit;
@@ -29,7 +31,7 @@ struct MenuCommands {
 };
 
 // What an action needs to be enabled.
-enum class Needs { kNothing, kData, kGraph };
+enum class Needs { kNothing, kData, kGraph, kTableText };
 
 // Every action has an object name that begins with "mnu", such as mnuOpen, mnuSave, mnuSaveAs,
 // mnuExportPicture; the files of mnuRecent are mnuRecent1 and so on.
@@ -39,6 +41,7 @@ class MainMenu {
 
   // There may be data that cannot be plotted.
   void enable(bool has_data, bool has_graph);
+  void enable_paste(bool on);
 
  private:
   struct Entry {

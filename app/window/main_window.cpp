@@ -2,18 +2,23 @@
 
 #include <KurvGraph/screen_fit.h>
 
-#include <QCloseEvent>
+#include <QClipboard>
 #include <QElapsedTimer>
+#include <QGuiApplication>
 #include <QLabel>
 #include <QMenuBar>
 #include <QStackedLayout>
 #include <QStatusBar>
+#include <QVBoxLayout>
 #include <algorithm>
 
+#include "app/csv/table_survey.h"
 #include "app/window/main_menu.h"
 #include "app/window/main_window_graph.h"
+#include "app/window/notice_bar.h"
 #include "app/window/recent_files.h"
 #include "app/window/settings_text.h"
+#include "app/window/transferred_table.h"
 #include "app/window/window_icon.h"
 #include "app/window/window_message.h"
 #include "app/window/window_texts.h"
@@ -50,6 +55,8 @@ QLabel* new_hint() {
 MainWindow::MainWindow(std::optional<QLocale> locale, Report report)
     : m_locale(std::move(locale)),
       m_report(std::move(report)),
+      m_notices(new NoticeBar),
+      m_centre(new QWidget),
       m_layout(new QStackedLayout),
       m_hint(new_hint()) {
   setAttribute(Qt::WA_DeleteOnClose);
@@ -59,18 +66,27 @@ MainWindow::MainWindow(std::optional<QLocale> locale, Report report)
   statusBar()->setObjectName("barStatus");
 
   auto* const centre = new QWidget;
-  centre->setLayout(m_layout);
+  auto* const rows = new QVBoxLayout(centre);
+  rows->setContentsMargins(0, 0, 0, 0);
+  rows->setSpacing(0);
+  rows->addWidget(m_notices);
+  rows->addWidget(m_centre, 1);
+  m_notices->on_close([this] { show_notices({}); });
+  m_centre->setLayout(m_layout);
   m_layout->setStackingMode(QStackedLayout::StackAll);
   m_layout->addWidget(m_hint);
   setCentralWidget(centre);
   m_modified_timer.setSingleShot(true);
   connect(&m_modified_timer, &QTimer::timeout, this, [this] { update_modified(); });
 
+  connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, this, [this] { update_paste(); });
+
   m_graph = new_graph();
   connect_graph(m_graph);
   fit_to_screen(*this);
   resize_to_plot(kDefaultSize);
   update_actions();
+  update_paste();
 }
 
 MainWindow::~MainWindow() = default;
@@ -135,6 +151,7 @@ void MainWindow::show_graph(const GraphChoice& choice, const GraphSource& source
   }
   disconnect(filed);
   replace_graph(graph, saved.isNull() ? content_hash(*graph) : saved, source.path);
+  show_notices(source.data ? source.data->warnings : std::vector<std::string>());
   if (choice.size) {
     resize_to_plot(*choice.size);
   } else if (!source.data) {
@@ -151,9 +168,10 @@ void MainWindow::replace_graph(KurvGraph* graph, const QByteArray& saved, const 
   m_graph = graph;
   connect_graph(graph);
   m_path = path;
-  m_warned.clear();
-  m_clean_state.set_clean(saved);
-  RecentFiles().add(path);
+  m_accepted_changes.clear();
+  // A pasted table is in no file, so it is unsaved as it is; no content has an empty fingerprint.
+  m_clean_state.set_clean(path.empty() ? QByteArray("") : saved);
+  if (!path.empty()) RecentFiles().add(path);
   update_actions();
   update_modified();
   graph->setFocus();
@@ -192,17 +210,39 @@ void MainWindow::change_unnoticed(const std::function<void(KurvGraph&)>& work) {
 
 // A graph that has loaded a file has the size from that file; the window is resized to fit it.
 void MainWindow::resize_to_graph() {
-  resize_on_screen(*this, size() + m_graph->size() - centralWidget()->size());
-  m_graph->resize(centralWidget()->size());
+  resize_on_screen(*this, size() + m_graph->size() - m_centre->size());
+  m_graph->resize(m_centre->size());
 }
 
-// A picture has the size of the plot, without the menu, the toolbar and the status bar.
+// A picture has the size of the plot, without the menu, the toolbar, the notes and the status bar.
 void MainWindow::resize_to_plot(QSize plot) {
   ensurePolished();
-  layout()->activate();
-  m_graph->resize(centralWidget()->size());
+  activate_layouts();
+  m_graph->resize(m_centre->size());
   resize_on_screen(*this, size() + plot - m_graph->plot_rect().size());
+  activate_layouts();
+}
+
+void MainWindow::activate_layouts() {
   layout()->activate();
+  centralWidget()->layout()->activate();
+}
+
+// The window becomes higher or lower by the bar, so that the plot keeps its size.
+void MainWindow::show_notices(const std::vector<std::string>& warnings) {
+  QStringList notes;
+  for (const std::string& warning : warnings) {
+    notes << capitalised(QString::fromStdString(in_dialog_words(warning)));
+  }
+  const bool was_visible = !m_notices->isHidden();
+  const bool had_focus = m_notices->isAncestorOf(focusWidget());
+  m_notices->set_notes(notes);
+  if (was_visible == !notes.isEmpty()) return;
+  if (had_focus) m_graph->setFocus();
+  const int height = m_notices->sizeHint().height();
+  m_notices->setVisible(!was_visible);
+  resize_on_screen(*this, size() + QSize(0, was_visible ? -height : height));
+  activate_layouts();
 }
 
 // -- State ----------------------------------------------------------------------------------------
@@ -226,7 +266,7 @@ void MainWindow::update_actions() {
                   : !m_waiting_hint.isEmpty() ? m_waiting_hint
                                               : empty_window_hint());
   m_hint->raise();
-  setWindowTitle(window_title(m_path));
+  setWindowTitle(window_title(m_path, has_data()));
   schedule_update_modified();
 }
 
@@ -253,32 +293,26 @@ void MainWindow::graph_filed() {
   m_clean_state.set_clean(content_hash(*m_graph));
   m_path = m_graph->FileName();
   RecentFiles().add(m_path);
-  for (const QString& function : m_graph->functions()) {
-    if (m_warned.contains(function)) continue;
-    warn_of_commas({function.toStdString()}, [&](const std::string& warning) {
-      m_warned.insert(function);
-      m_warnings.push_back(warning);
-    });
-  }
   QMetaObject::invokeMethod(
       this,
       [this] {
-        if (m_graph->size() != centralWidget()->size()) resize_to_graph();
+        if (m_graph->size() != m_centre->size()) resize_to_graph();
         update_actions();
         update_modified();
-        show_warnings();
       },
       Qt::QueuedConnection);
 }
 
-void MainWindow::show_warnings() {
-  QStringList lines;
-  for (const std::string& warning : std::exchange(m_warnings, {})) {
-    m_report("warning: " + warning);
-    lines << QString::fromStdString(warning);
-  }
-  if (lines.isEmpty()) return;
-  show_message(this, QMessageBox::Warning, "kurv", capitalised(lines.join('\n')));
+// Not with each redraw, because the clipboard's owner may be another program.
+void MainWindow::update_paste() {
+  const QMimeData* const mime = QGuiApplication::clipboard()->mimeData();
+  m_menu->enable_paste(mime && (has_table_text(*mime) || !files_in(*mime).empty()));
+}
+
+// Some desktops tell only the active window what is on the clipboard.
+void MainWindow::changeEvent(QEvent* event) {
+  QMainWindow::changeEvent(event);
+  if (event->type() == QEvent::ActivationChange && isActiveWindow()) update_paste();
 }
 
 }  // namespace kurv::app

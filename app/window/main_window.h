@@ -5,7 +5,6 @@
 
 #include <QMainWindow>
 #include <QPointer>
-#include <QSet>
 #include <QTimer>
 #include <functional>
 #include <memory>
@@ -17,11 +16,13 @@
 #include "app/window/clean_state.h"
 
 class QLabel;
+class QMimeData;
 class QStackedLayout;
 
 namespace kurv::app {
 
 class MainMenu;
+class NoticeBar;
 
 using Report = std::function<void(const std::string&)>;
 
@@ -46,6 +47,9 @@ class MainWindow final : public QMainWindow {
   bool open(const std::string& path);
   // The same for several, each in a window of its own.
   void open_all(const std::vector<std::string>& paths);
+  // The same for what was copied or dragged: the files that it names, or else a table in its text,
+  // which has no file until it is saved. Says where there is none.
+  void open_transferred(const QMimeData& mime);
 
   // The window is shown without a graph yet, at the size that a plot will have.
   void show_empty(std::optional<QSize> size);
@@ -65,9 +69,12 @@ class MainWindow final : public QMainWindow {
   void closeEvent(QCloseEvent* event) override;
   void dragEnterEvent(QDragEnterEvent* event) override;
   void dropEvent(QDropEvent* event) override;
+  void changeEvent(QEvent* event) override;
 
  private:
   enum class Target { kThisWindow, kNewWindow };
+  // Asks the user what is to be asked. Nothing where the user cancels; throws UserError.
+  using Source = std::function<std::optional<GraphSource>(GraphChoice&)>;
 
   void make_menu();
   KurvGraph* new_graph();
@@ -76,6 +83,8 @@ class MainWindow final : public QMainWindow {
   void connect_graph(KurvGraph* graph);
   void resize_to_graph();
   void resize_to_plot(QSize size);
+  void activate_layouts();
+  void show_notices(const std::vector<std::string>& warnings);
 
   bool has_data() const;
   void update_actions();
@@ -83,18 +92,23 @@ class MainWindow final : public QMainWindow {
   void update_modified();
   void graph_changed();
   void graph_filed();
-  void show_warnings();
+  void update_paste();
 
   void run_guarded(const std::function<void()>& work);
   void run_command(const char* word);
   void new_window();
   void choose_files();
   bool open_in(Target target, const std::string& path);
+  bool show_source(Target target, const std::string& path, const Source& source);
+  void open_text(const std::string& text);
+  void paste();
   void show_in_new_window(const GraphChoice& choice, const GraphSource& source) const;
   std::optional<GraphSource> ask_about_table(const std::string& path, std::string bytes,
                                              GraphChoice& choice);
   void open_recent(const std::string& path);
   bool save();
+  void save_as();
+  bool confirm_commas();
   bool confirm_close();
   void export_picture();
   void show_error(const QString& text);
@@ -102,14 +116,16 @@ class MainWindow final : public QMainWindow {
   std::optional<QLocale> m_locale;
   Report m_report;
   std::unique_ptr<MainMenu> m_menu;
+  NoticeBar* m_notices;
+  QWidget* m_centre;  // all below the bar
   QStackedLayout* m_layout;
   QLabel* m_hint;
   QPointer<KurvGraph> m_graph;
   CleanState m_clean_state;
   QTimer m_modified_timer;
-  std::string m_path;  // what the graph was made from, or saved to since
-  std::vector<std::string> m_warnings;
-  QSet<QString> m_warned;  // functions
+  std::string m_path;  // what the graph was made from, or saved to since; empty for pasted text
+  // What the user knows that the graph's file does not keep.
+  std::vector<std::string> m_accepted_changes;
   bool m_showing_error = false;
   bool m_has_toolbar = true;
   bool m_is_following = false;

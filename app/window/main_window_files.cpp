@@ -1,18 +1,15 @@
-// Opening, saving and exporting files in the main window.
+// Opening files and text, and exporting pictures, in the main window.
 #include <KurvGraph/file_fault.h>
 #include <KurvGraph/screen_fit.h>
 
 #include <QApplication>
-#include <QCloseEvent>
+#include <QClipboard>
 #include <QDragEnterEvent>
 #include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QMessageBox>
 #include <QMimeData>
-#include <QPushButton>
 #include <QStatusBar>
-#include <QUrl>
 #include <filesystem>
 #include <new>
 
@@ -25,6 +22,7 @@
 #include "app/window/main_window.h"
 #include "app/window/picture_dialog.h"
 #include "app/window/recent_files.h"
+#include "app/window/transferred_table.h"
 #include "app/window/window_message.h"
 #include "app/window/window_texts.h"
 
@@ -32,18 +30,8 @@ namespace kurv::app {
 
 namespace {
 
-// QUrl::toLocalFile() changes names that are not UTF-8.
-std::vector<std::string> files_in(const QMimeData& data) {
-  std::vector<std::string> paths;
-  for (const QUrl& url : data.urls()) {
-    if (!url.isLocalFile()) continue;
-    const std::string path =
-        QByteArray::fromPercentEncoding(url.path(QUrl::FullyEncoded).toLatin1()).toStdString();
-    std::error_code ignored;
-    if (std::filesystem::is_regular_file(path, ignored)) paths.push_back(path);
-  }
-  return paths;
-}
+// What messages and the import window call a table that was pasted or dropped.
+constexpr const char* kClipboard = "clipboard";
 
 void quit_when_all_agree() {
   std::vector<QPointer<MainWindow>> windows;
@@ -65,6 +53,8 @@ void MainWindow::make_menu() {
   commands.recent = [] { return RecentFiles().paths(); };
   commands.clear_recent = [] { RecentFiles().clear(); };
   commands.save = [this] { save(); };
+  commands.save_as = [this] { save_as(); };
+  commands.paste = [this] { paste(); };
   commands.export_picture = [this] { export_picture(); };
   commands.close = [this] { close(); };
   commands.quit = [] { quit_when_all_agree(); };
@@ -86,7 +76,7 @@ void MainWindow::show_error(const QString& text) {
   show_message(this, QMessageBox::Critical, "kurv", text);
 }
 
-// Runs a command that the graph may fail at, and shows its warnings and errors in boxes.
+// Runs a command that the graph may fail at, and shows its errors in boxes.
 void MainWindow::run_guarded(const std::function<void()>& work) {
   const QPointer<MainWindow> alive(this);
   std::optional<Fault> failure;
@@ -101,8 +91,7 @@ void MainWindow::run_guarded(const std::function<void()>& work) {
   }
   if (!alive) return;
   update_actions();
-  show_warnings();
-  if (!alive || !failure) return;
+  if (!failure) return;
   show_error(failed_label(file, m_path) + ": " + failure->what() + '.');
 }
 
@@ -150,16 +139,22 @@ bool MainWindow::open(const std::string& path) {
   return open_in(Target::kThisWindow, path);
 }
 
+bool MainWindow::open_in(Target target, const std::string& path) {
+  return show_source(target, path, [&](GraphChoice& choice) -> std::optional<GraphSource> {
+    if (is_graph_file(path)) return GraphSource{path, std::nullopt};
+    return ask_about_table(path, read_table_bytes(path), choice);
+  });
+}
+
 // A new window appears with the graph in it, so whatever is asked or said before that is over this
 // one. A graph that has unsaved changes when all has been asked is not replaced.
-bool MainWindow::open_in(Target target, const std::string& path) {
+bool MainWindow::show_source(Target target, const std::string& path, const Source& read) {
   const QPointer<MainWindow> alive(this);
   QString failure;
   try {
     GraphChoice choice;
     choice.locale = m_locale;
-    std::optional<GraphSource> source = GraphSource{path, std::nullopt};
-    if (!is_graph_file(path)) source = ask_about_table(path, read_table_bytes(path), choice);
+    const std::optional<GraphSource> source = read(choice);
     if (!source || !alive) return false;
     if (target == Target::kThisWindow && is_saved() && !m_is_following) {
       show_graph(choice, *source);
@@ -219,21 +214,7 @@ void MainWindow::open_recent(const std::string& path) {
              " is not there any more, so the list of recent files forgets it.");
 }
 
-// -- Saving ---------------------------------------------------------------------------------------
-
-// False where the graph has unsaved changes still, because the user cancelled or writing failed.
-bool MainWindow::save() {
-  const QPointer<MainWindow> alive(this);
-  if (m_graph->GraphSaved() && !is_saved()) {
-    // The graph counts only changes that were drawn, so its "save" would write nothing.
-    run_guarded([this] { m_graph->save_to(m_graph->FileName()); });
-  } else {
-    run_command("save");
-  }
-  if (!alive) return false;
-  update_modified();
-  return !isWindowModified();
-}
+// -- Pictures -------------------------------------------------------------------------------------
 
 void MainWindow::export_picture() {
   const QPointer<MainWindow> alive(this);
@@ -249,48 +230,54 @@ void MainWindow::export_picture() {
   }
 }
 
-bool MainWindow::confirm_close() {
-  if (is_saved()) return true;
-  const QPointer<QMessageBox> box(new QMessageBox(this));
-  box->setIcon(QMessageBox::Warning);
-  box->setWindowTitle("kurv");
-  box->setTextFormat(Qt::PlainText);
-  box->setText("The graph " + file_label(m_path) + " has changes that are not saved.");
-  box->setInformativeText("Do you want to save them before it is closed?");
-  QPushButton* const save_button = box->addButton("&Save", QMessageBox::AcceptRole);
-  QPushButton* const lose = box->addButton("&Don't Save", QMessageBox::DestructiveRole);
-  box->setEscapeButton(box->addButton("&Cancel", QMessageBox::RejectRole));
-  box->setDefaultButton(save_button);
-  fit_text_to_screen(*box);
-  fit_to_screen(*box);
-  box->exec();
-  if (!box) return false;
-  const auto* const answer = box->clickedButton();
-  const bool wants_save = answer == save_button;
-  const bool wants_none = answer == lose;
-  delete box;
-  return wants_none || (wants_save && save());
+// -- Clipboard and drag and drop ------------------------------------------------------------------
+
+void MainWindow::paste() {
+  if (const QMimeData* const mime = QGuiApplication::clipboard()->mimeData()) {
+    open_transferred(*mime);
+  }
 }
 
-void MainWindow::closeEvent(QCloseEvent* event) {
-  const QPointer<MainWindow> alive(this);
-  const bool may_go = confirm_close();
-  event->setAccepted(may_go);
-  // The graph would ask again.
-  if (may_go && alive) m_graph->set_QueryForSave(false);
+void MainWindow::open_transferred(const QMimeData& mime) {
+  const std::vector<std::string> paths = files_in(mime);
+  if (!paths.empty()) return open_all(paths);
+  open_text(has_table_text(mime) ? table_text(mime) : std::string());
+}
+
+void MainWindow::open_text(const std::string& text) {
+  show_source(Target::kThisWindow, kClipboard,
+              [&](GraphChoice& choice) -> std::optional<GraphSource> {
+                if (!holds_numbers(text)) {
+                  throw UserError(
+                      "no table was found in this text. A table has at least two rows, and a "
+                      "column of numbers.");
+                }
+                std::optional<GraphSource> source = ask_about_table(kClipboard, text, choice);
+                // So it is untitled, and a save asks for a name.
+                if (source) source->path.clear();
+                return source;
+              });
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
-  if (!files_in(*event->mimeData()).empty()) event->acceptProposedAction();
+  const QMimeData& mime = *event->mimeData();
+  if (files_in(mime).empty() && !has_table_text(mime)) return;
+  // A program that moved its text here would delete it there.
+  event->setDropAction(Qt::CopyAction);
+  event->accept();
 }
 
-// The program that the files are dragged from waits until this returns, and opening shows dialogs.
+// The program that is dragged from waits until this returns, and opening shows dialogs.
 void MainWindow::dropEvent(QDropEvent* event) {
-  const std::vector<std::string> paths = files_in(*event->mimeData());
-  if (paths.empty()) return;
-  event->acceptProposedAction();
+  const QMimeData& mime = *event->mimeData();
+  const std::vector<std::string> paths = files_in(mime);
+  if (paths.empty() && !has_table_text(mime)) return;
+  event->setDropAction(Qt::CopyAction);
+  event->accept();
+  const std::string text = paths.empty() ? table_text(mime) : std::string();
   QMetaObject::invokeMethod(
-      this, [this, paths] { open_all(paths); }, Qt::QueuedConnection);
+      this, [this, paths, text] { paths.empty() ? open_text(text) : open_all(paths); },
+      Qt::QueuedConnection);
 }
 
 }  // namespace kurv::app

@@ -14,11 +14,12 @@ QString file_label(const std::string& path) {
   return QFile::decodeName(on_one_line(name).c_str());
 }
 
-QString window_title(const std::string& path) {
+QString window_title(const std::string& path, bool has_data) {
   constexpr const char* kProgram = "kurv";
-  if (path.empty()) return kProgram;
+  if (path.empty() && !has_data) return kProgram;
   // "[*]" is Qt's placeholder for the mark of unsaved changes; doubled, it is plain text.
-  const QString name = file_label(path).replace("[*]", "[*][*]");
+  const QString name =
+      path.empty() ? QString("Untitled") : file_label(path).replace("[*]", "[*][*]");
   return name + QStringLiteral("[*] \u2013 ") + kProgram;
 }
 
@@ -53,7 +54,7 @@ QString empty_window_hint() {
 }
 
 QString refused_data_hint(const std::string& path) {
-  return "Nothing is shown: the data of " + file_label(path) +
+  return "Nothing is shown: the data" + (path.empty() ? "" : " of " + file_label(path)) +
          " cannot be plotted.\n\nCorrect them in Edit > Data Table: at least two points need "
          "different values of x.";
 }

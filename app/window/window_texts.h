@@ -10,8 +10,9 @@ namespace kurv::app {
 // are shown as replacement characters.
 QString file_label(const std::string& path);
 
-// The title of a window, with Qt's placeholder "[*]" for the mark of unsaved changes.
-QString window_title(const std::string& path);
+// The title of a window, with Qt's placeholder "[*]" for the mark of unsaved changes. A graph
+// without a file is untitled.
+QString window_title(const std::string& path, bool has_data);
 
 // What an error is about: `file`, as it was named; without one the graph from `path`, which is
 // shown as file_label() does.
