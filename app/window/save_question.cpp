@@ -38,11 +38,10 @@ bool ask_to_save_anyway(QWidget* window, const std::vector<std::string>& changes
   box->setTextFormat(Qt::PlainText);
   box->setText("The graph file will not keep all of this graph.");
   box->setInformativeText(
-      "A graph file has commas between names and cannot have them within. When it is opened "
-      "again:\n\n" +
+      "A graph file has commas between names, functions and numbers, so it cannot hold commas in "
+      "them. When it is opened again:\n\n" +
       listed(changes) +
-      "\nTo keep everything, cancel and rename the curves without commas in Graph > Curves and "
-      "Functions.");
+      "\nNames and functions can be changed first in Graph > Curves and Functions.");
   QPushButton* const save = box->addButton("&Save Anyway", QMessageBox::AcceptRole);
   QPushButton* const cancel = box->addButton("&Cancel", QMessageBox::RejectRole);
   save->setObjectName("cmdSaveAnyway");
