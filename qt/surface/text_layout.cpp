@@ -7,6 +7,8 @@
 #include <cmath>
 #include <limits>
 
+#include "pixels/text_lines.h"
+
 namespace kurv {
 namespace {
 
@@ -37,16 +39,6 @@ QFont layout_font(const Font& font) {
 }
 
 }  // namespace
-
-std::vector<std::string_view> lines_of(std::string_view text) {
-  std::vector<std::string_view> lines;
-  for (;;) {
-    const std::size_t end = text.find_first_of("\r\n");
-    lines.push_back(text.substr(0, end));
-    if (end == std::string_view::npos) return lines;
-    text.remove_prefix(end + (text.substr(end, 2) == "\r\n" ? 2 : 1));
-  }
-}
 
 std::vector<QString> pieces_of(std::string_view line) {
   constexpr qsizetype kPiece = 200;
@@ -94,16 +86,10 @@ double TextLayout::text_height(std::string_view text) const {
 
 void TextLayout::place(SurfacePoint at, std::string_view text, QSizeF page,
                        const std::function<void(const PlacedPiece&)>& draw) const {
-  if (std::isnan(at.x) || std::isnan(at.y)) return;
-  constexpr Single kMaxSingle = std::numeric_limits<Single>::max();
-  const double left = std::clamp(at.x, -kMaxSingle, kMaxSingle);
-  double top = std::clamp(at.y, -kMaxSingle, kMaxSingle);
-  for (const std::string_view line : lines_of(text)) {
-    // Accents and descenders extend past their line by no more than the height of a line.
-    if (top > page.height() + line_height()) return;
-    if (top > -2 * line_height()) place_line(left, top, line, page, draw);
-    top += line_height();
-  }
+  place_lines(at, text, page.height(), line_height(),
+              [&](double left, double top, std::string_view line) {
+                place_line(left, top, line, page, draw);
+              });
 }
 
 void TextLayout::place_line(double left, double top, std::string_view line, QSizeF page,

@@ -17,10 +17,6 @@
 
 namespace kurv {
 
-// Splits at CR LF, LF or CR. A line end at the very end begins an empty line, and an empty text has
-// one.
-std::vector<std::string_view> lines_of(std::string_view text);
-
 // Splits a line into pieces that are measured and drawn one by one: Qt's text layout overflows its
 // 26.6 fixed-point numbers on long lines, and of a megabyte only a few pieces are ever visible.
 // Control characters become blanks.

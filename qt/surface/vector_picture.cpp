@@ -8,8 +8,9 @@
 #include <utility>
 
 #include "model/palette.h"
+#include "pixels/resolution.h"
+#include "pixels/text_lines.h"
 #include "qt/surface/clipped_paths.h"
-#include "qt/surface/resolution.h"
 #include "qt/surface/text_layout.h"
 #include "qt/surface/vector_page.h"
 
@@ -49,7 +50,7 @@ QString plain_title(const QString& title) {
 struct VectorPicture::Sheet {
   Sheet(VectorFormat wanted, const QString& title, QSize logical_size, double ratio)
       : format(wanted),
-        resolution(resolution_of(logical_size, ratio)),
+        resolution(resolution_of(logical_size.width(), logical_size.height(), ratio)),
         setup{plain_title(title), QSizeF(resolution.scale_width(), resolution.scale_height()),
               logical_size.expandedTo(QSize(1, 1))},
         page(make_page(format, setup)) {}

@@ -29,7 +29,7 @@ struct Source {
 const std::vector<std::vector<std::string>> kLayers = {
     {"model"},
     {"expr", "io", "raster", "render"},
-    {"control"},
+    {"control", "pixels"},
     {"dialogs", "qt/surface"},
     {"qt/widget"},
     {"app/base", "examples/headless", "examples/late_binding", "examples/minimal",

@@ -1,4 +1,4 @@
-#include "qt/surface/text_cache.h"
+#include "pixels/text_cache.h"
 
 #include <gtest/gtest.h>
 

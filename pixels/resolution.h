@@ -1,8 +1,6 @@
 // The size of a surface in twips and in pixels.
 #pragma once
 
-#include <QSize>
-
 namespace kurv {
 
 struct Resolution {
@@ -15,6 +13,8 @@ struct Resolution {
   double scale_width() const;
   double scale_height() const;
   double twips_per_logical_pixel() const { return twips_per_pixel * device_pixel_ratio; }
+  // At least one.
+  int pixels_per_metre() const;
 
   friend bool operator==(const Resolution&, const Resolution&) = default;
 };
@@ -22,6 +22,6 @@ struct Resolution {
 // The resolution of a surface of this size in logical pixels. Both sides have at least one device
 // pixel. A logical pixel has 15 twips, or fewer where a side would then exceed 32767 twips. The
 // ratio is lowered where there would be more than 4 x 7680 x 4320 device pixels.
-Resolution resolution_of(QSize logical_size, double device_pixel_ratio);
+Resolution resolution_of(int logical_width, int logical_height, double device_pixel_ratio);
 
 }  // namespace kurv

@@ -1,18 +1,19 @@
-// The state of a Picture: its pixels, and the pending strokes and sprites.
+// The state of a PixelPicture: its pixels, and the pending strokes and sprites.
 #pragma once
 
-#include <KurvGraph/picture.h>
+#include <KurvGraph/pixel_picture.h>
 
 #include <algorithm>
 #include <cmath>
 #include <memory>
 #include <optional>
+#include <utility>
 
 #include "model/palette.h"
 #include "model/vzeroupper.h"
-#include "qt/surface/resolution.h"
-#include "qt/surface/text_cache.h"
-#include "qt/surface/text_layout.h"
+#include "pixels/pixel_store.h"
+#include "pixels/resolution.h"
+#include "pixels/text_cache.h"
 #include "raster/boxes.h"
 #include "raster/canvas.h"
 #include "raster/coverage.h"
@@ -24,9 +25,6 @@
 
 namespace kurv {
 
-// Throws std::bad_alloc.
-QImage white_image(const Resolution& resolution);
-
 inline std::uint32_t pixel_of(int colour) {
   return 0xFF000000 | palette_rgb(colour);
 }
@@ -37,16 +35,26 @@ inline int to_pixel(double coordinate) {
   return static_cast<int>(std::clamp(coordinate, -kMaxCoordinate, kMaxCoordinate));
 }
 
-struct Picture::Pixels {
-  explicit Pixels(const Resolution& size)
+struct PixelPicture::State {
+  // Throws std::bad_alloc.
+  State(const Resolution& size, std::unique_ptr<PixelStore> where,
+        std::shared_ptr<TextPainter> painter)
       : resolution(size),
-        image(white_image(size)),
+        store(std::move(where)),
         mask(size.width, size.height),
         narrow_segments(size.width, size.height),
-        polylines(size.width, size.height) {}
+        polylines(size.width, size.height),
+        texts(std::move(painter)),
+        fonts(texts->generation()) {
+    store->reset(size);
+  }
+  static std::unique_ptr<State> of_memory(const Resolution& size,
+                                          std::shared_ptr<TextPainter> painter) {
+    return std::make_unique<State>(size, std::make_unique<MemoryStore>(), std::move(painter));
+  }
 
   Resolution resolution;
-  QImage image;
+  std::unique_ptr<PixelStore> store;
   // Pending are either strokes, all of one colour and pen, in `mask` and `narrow_segments`, or
   // sprites.
   raster::Coverage mask;
@@ -56,26 +64,21 @@ struct Picture::Pixels {
   std::optional<raster::FrontToBackLayer> front_to_back;  // made when first needed
   raster::SpriteBatch sprites;
   struct BackdropPictures {
-    std::unique_ptr<Picture> white;
-    std::unique_ptr<Picture> black;
+    std::unique_ptr<PixelPicture> white;
+    std::unique_ptr<PixelPicture> black;
   };
   BackdropPictures backdrops;  // small, for drawing figures that become sprites
 
   Integer draw_width = 1;
   int fore_color = kBlack;
   Font font;
-  int fonts = font_generation();  // of the cached layouts and texts
-  TextLayouts layouts;
-  TextCache texts;
+  std::shared_ptr<TextPainter> texts;
+  int fonts;  // the generation of the painted texts
+  TextCache painted_texts;
 
-  raster::Canvas canvas() {
-    // bits() detaches the image from copies that were handed out.
-    return {reinterpret_cast<std::uint32_t*>(image.bits()), image.width(), image.height(),
-            static_cast<std::ptrdiff_t>(image.bytesPerLine() / 4)};
-  }
+  raster::Canvas canvas() { return store->canvas(); }
 
   void fill(int colour) {
-    // Not QImage::fill(), which leaves the upper halves of the vector registers in use.
     const raster::Canvas all = canvas();
     raster::fill_rect(all, {0, 0, all.width, all.height}, pixel_of(colour));
   }
@@ -85,7 +88,7 @@ struct Picture::Pixels {
 
   void flush() {
     if (!sprites.is_empty()) {
-      issue_vzeroupper();  // Qt may have measured texts since the sprites were collected
+      issue_vzeroupper();  // a text may have been measured since the sprites were collected
       sprites.flush(canvas());
     }
     if (!pending_colour) return;
@@ -152,14 +155,13 @@ struct Picture::Pixels {
     return rect(box_edges(a.x, b.x, pen_pixels), box_edges(a.y, b.y, pen_pixels));
   }
 
-  const TextLayout& text_layout() {
-    const int fonts_now = font_generation();
+  TextCache& text_cache() {
+    const int fonts_now = texts->generation();
     if (fonts_now != fonts) {
-      layouts = {};
-      texts = {};
+      painted_texts = {};
       fonts = fonts_now;
     }
-    return layouts.of(font);
+    return painted_texts;
   }
 };
 

@@ -1,4 +1,4 @@
-#include "qt/surface/resolution.h"
+#include "pixels/resolution.h"
 
 #include <algorithm>
 #include <cmath>
@@ -15,9 +15,15 @@ double Resolution::scale_height() const {
   return std::min<double>(kMaxSide, height * twips_per_pixel);
 }
 
-Resolution resolution_of(QSize logical_size, double device_pixel_ratio) {
-  const double width = std::max(logical_size.width(), 1);
-  const double height = std::max(logical_size.height(), 1);
+int Resolution::pixels_per_metre() const {
+  constexpr double kTwipsPerInch = 1440;
+  const double per_metre = kTwipsPerInch / twips_per_pixel / 0.0254;
+  return static_cast<int>(std::clamp(std::round(per_metre), 1.0, 1e9));
+}
+
+Resolution resolution_of(int logical_width, int logical_height, double device_pixel_ratio) {
+  const double width = std::max(logical_width, 1);
+  const double height = std::max(logical_height, 1);
   const double longest = std::max(width, height);
   double ratio =
       device_pixel_ratio > 0 && std::isfinite(device_pixel_ratio) ? device_pixel_ratio : 1;
