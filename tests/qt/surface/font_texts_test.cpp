@@ -6,6 +6,7 @@
 #include <KurvGraph/font_text_painter.h>
 #include <KurvGraph/headless.h>
 #include <KurvGraph/picture.h>
+#include <KurvGraph/png_file.h>
 
 #include <algorithm>
 #include <cmath>
@@ -141,6 +142,15 @@ TEST(FontTexts, AGraphIsTheSameOutsideOfItsTexts) {
     EXPECT_EQ(differences(with_qt.pixels(), without.pixels(), texts->boxes), 0U) << ratio;
     EXPECT_GT(differences(with_qt.pixels(), PixelPicture(texts, 640, 480, ratio).pixels()), 1000U);
   }
+}
+
+TEST(FontTexts, APngFileIsReadByQt) {
+  Picture picture({64, 48}, 1.5);
+  picture.Print(100, 100, "Kurve");
+  const String bytes = png_bytes(picture.pixels());
+  const QImage read = QImage::fromData(QByteArray::fromStdString(bytes), "PNG");
+  EXPECT_EQ(read.convertToFormat(QImage::Format_RGB32), picture.image().copy());
+  EXPECT_EQ(read.dotsPerMeterX(), picture.image().dotsPerMeterX());
 }
 
 }  // namespace
