@@ -1,11 +1,8 @@
 #include "fonts/font_collection.h"
 
-#include <optional>
 #include <utility>
 
 #include <KurvGraph/text.h>
-
-#include "fonts/system_fonts.h"
 
 namespace kurv {
 namespace {
@@ -44,47 +41,50 @@ StyledFace FontCollection::added_face(const Font& font, char32_t character) cons
   return best ? styled(*best, font) : StyledFace{};
 }
 
-StyledFace FontCollection::open(const String& path, unsigned index, Synthesis synthesis) {
-  const auto [known, is_new] = m_opened.try_emplace({path, index});
+StyledFace FontCollection::open(const SystemFont& font) {
+  const auto [known, is_new] = m_opened.try_emplace({font.path, font.index});
   if (is_new) {
-    known->second = FontFace::open(
-        m_library.get(), FontBytes(hb_blob_create_from_file_or_fail(path.c_str())), index);
+    known->second =
+        FontFace::open(m_library.get(),
+                       FontBytes(hb_blob_create_from_file_or_fail(font.path.c_str())), font.index);
   }
-  return known->second ? StyledFace{known->second.get(), synthesis} : StyledFace{};
+  return known->second ? StyledFace{known->second.get(), font.synthesis} : StyledFace{};
+}
+
+StyledFace FontCollection::system_face(const Font& font, char32_t character) {
+  if (!m_uses_system_fonts) return {};
+  constexpr std::size_t kMaxStyles = 50;
+  const Style style{font.FontName, font.FontBold, font.FontItalic};
+  if (m_offered.size() >= kMaxStyles && !m_offered.contains(style)) m_offered.clear();
+  const auto [offered, is_new] = m_offered.try_emplace(style);
+  if (is_new) offered->second = system_fonts(font);
+  for (const SystemFont& each : offered->second) {
+    if (character != kAnyCharacter && !each.has(character)) continue;
+    const StyledFace opened = open(each);
+    if (opened.face && (character == kAnyCharacter || opened.face->has(character))) return opened;
+  }
+  return {};
 }
 
 StyledFace FontCollection::main_face(const Font& font) {
   const StyledFace added = added_face(font, kAnyCharacter);
   if (added.face && equals_ignoring_case(added.face->family(), font.FontName)) return added;
-  if (m_uses_system_fonts) {
-    if (const std::optional<SystemFont> found = system_font(font)) {
-      const StyledFace opened = open(found->path, found->index, found->synthesis);
-      if (opened.face) return opened;
-    }
-  }
-  return added;
+  const StyledFace found = system_face(font, kAnyCharacter);
+  return found.face ? found : added;
 }
 
 StyledFace FontCollection::face_for(const Font& font, StyledFace main, char32_t character) {
   if (!main.face || main.face->has(character)) return main;
-  const Style style{font.FontName, font.FontBold, font.FontItalic, character};
-  const auto known = m_others.find(style);
-  if (known != m_others.end()) return known->second.face ? known->second : main;
-  // A text may have any number of characters that no font has.
-  constexpr std::size_t kMaxOthers = 5000;
-  if (m_others.size() >= kMaxOthers) m_others.clear();
-  const StyledFace other = other_face(font, character);
-  m_others.emplace(style, other);
-  return other.face ? other : main;
-}
-
-StyledFace FontCollection::other_face(const Font& font, char32_t character) {
-  const StyledFace added = added_face(font, character);
-  if (added.face || !m_uses_system_fonts) return added;
-  const std::optional<SystemFont> found = system_font_with(font, character);
-  if (!found) return {};
-  const StyledFace opened = open(found->path, found->index, found->synthesis);
-  return opened.face && opened.face->has(character) ? opened : StyledFace{};
+  const std::pair key{Style{font.FontName, font.FontBold, font.FontItalic}, character};
+  auto known = m_others.find(key);
+  if (known == m_others.end()) {
+    // A text may have any number of characters that the main face lacks.
+    constexpr std::size_t kMaxOthers = 5000;
+    if (m_others.size() >= kMaxOthers) m_others.clear();
+    const StyledFace added = added_face(font, character);
+    known = m_others.emplace(key, added.face ? added : system_face(font, character)).first;
+  }
+  return known->second.face ? known->second : main;
 }
 
 }  // namespace kurv

@@ -5,11 +5,13 @@
 #include <memory>
 #include <string_view>
 #include <tuple>
+#include <utility>
 #include <vector>
 
 #include <KurvGraph/plot_surface.h>
 
 #include "fonts/font_face.h"
+#include "fonts/system_fonts.h"
 
 namespace kurv {
 
@@ -36,15 +38,17 @@ class FontCollection {
 
  private:
   StyledFace added_face(const Font& font, char32_t character) const;
-  StyledFace open(const String& path, unsigned index, Synthesis synthesis);
-  StyledFace other_face(const Font& font, char32_t character);
+  StyledFace system_face(const Font& font, char32_t character);
+  StyledFace open(const SystemFont& font);
 
-  using Style = std::tuple<String, bool, bool, char32_t>;
+  using Style = std::tuple<String, bool, bool>;
   bool m_uses_system_fonts;
   Library m_library;
   std::vector<std::shared_ptr<FontFace>> m_added;
   std::map<std::pair<String, unsigned>, std::shared_ptr<FontFace>> m_opened;  // null: unusable
-  std::map<Style, StyledFace> m_others;  // found for characters that main faces lack
+  std::map<Style, std::vector<SystemFont>> m_offered;
+  // Found for characters that main faces lack; null where no face has the character.
+  std::map<std::pair<Style, char32_t>, StyledFace> m_others;
 };
 
 }  // namespace kurv

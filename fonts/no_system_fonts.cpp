@@ -3,12 +3,8 @@
 
 namespace kurv {
 
-std::optional<SystemFont> system_font(const Font&) {
-  return std::nullopt;
-}
-
-std::optional<SystemFont> system_font_with(const Font&, char32_t) {
-  return std::nullopt;
+std::vector<SystemFont> system_fonts(const Font&) {
+  return {};
 }
 
 }  // namespace kurv

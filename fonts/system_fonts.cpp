@@ -3,12 +3,13 @@
 #include <fontconfig/fontconfig.h>
 
 #include <memory>
+#include <string_view>
 
 namespace kurv {
 namespace {
 
+using FontSet = std::unique_ptr<FcFontSet, Release<FcFontSetDestroy>>;
 using Pattern = std::unique_ptr<FcPattern, Release<FcPatternDestroy>>;
-using Characters = std::unique_ptr<FcCharSet, Release<FcCharSetDestroy>>;
 
 void add_family(FcPattern* pattern, const char* name) {
   FcPatternAddString(pattern, FC_FAMILY, reinterpret_cast<const FcChar8*>(name));
@@ -24,13 +25,6 @@ Pattern pattern_of(const Font& font) {
   }
   FcPatternAddInteger(pattern.get(), FC_WEIGHT, font.FontBold ? FC_WEIGHT_BOLD : FC_WEIGHT_REGULAR);
   FcPatternAddInteger(pattern.get(), FC_SLANT, font.FontItalic ? FC_SLANT_ITALIC : FC_SLANT_ROMAN);
-  FcPatternAddBool(pattern.get(), FC_SCALABLE, FcTrue);
-  FcPatternAddBool(pattern.get(), FC_OUTLINE, FcTrue);
-  FcPatternAddBool(pattern.get(), FC_COLOR, FcFalse);
-  FcPatternAddBool(pattern.get(), FC_VARIABLE, FcFalse);
-  for (const char* format : {"TrueType", "CFF"}) {
-    FcPatternAddString(pattern.get(), FC_FONTFORMAT, reinterpret_cast<const FcChar8*>(format));
-  }
   return pattern;
 }
 
@@ -40,48 +34,55 @@ bool is_at_least(const FcPattern* pattern, const char* object, int value) {
   return found >= value;
 }
 
-Pattern best_match(FcPattern* wanted) {
-  if (!wanted) return nullptr;
-  FcConfigSubstitute(nullptr, wanted, FcMatchPattern);
-  FcDefaultSubstitute(wanted);
-  FcResult result = FcResultNoMatch;
-  return Pattern(FcFontMatch(nullptr, wanted, &result));
+bool is_true(const FcPattern* pattern, const char* object) {
+  FcBool found = FcFalse;
+  return FcPatternGetBool(pattern, object, 0, &found) == FcResultMatch && found == FcTrue;
 }
 
-std::optional<SystemFont> file_of(const FcPattern* pattern, const Font& font) {
+// Of the formats that can be shaped. Of a variable font the instances are usable.
+bool is_usable(const FcPattern* pattern) {
+  FcChar8* format = nullptr;
+  if (FcPatternGetString(pattern, FC_FONTFORMAT, 0, &format) != FcResultMatch) return false;
+  const std::string_view name = reinterpret_cast<const char*>(format);
+  return (name == "TrueType" || name == "CFF") && is_true(pattern, FC_SCALABLE) &&
+         !is_true(pattern, FC_COLOR) && !is_true(pattern, FC_VARIABLE);
+}
+
+SystemFont described(FcPattern* pattern, const Font& font) {
   FcChar8* path = nullptr;
   int index = 0;
-  if (!pattern || FcPatternGetString(pattern, FC_FILE, 0, &path) != FcResultMatch) {
-    return std::nullopt;
-  }
+  FcCharSet* characters = nullptr;
+  FcPatternGetString(pattern, FC_FILE, 0, &path);
   FcPatternGetInteger(pattern, FC_INDEX, 0, &index);
-  // The upper half is the number of an instance of a variable font.
-  return SystemFont{reinterpret_cast<const char*>(path),
-                    static_cast<unsigned>(index) & 0xFFFF,
-                    {font.FontBold && !is_at_least(pattern, FC_WEIGHT, FC_WEIGHT_DEMIBOLD),
-                     font.FontItalic && !is_at_least(pattern, FC_SLANT, FC_SLANT_ITALIC)}};
+  FcPatternGetCharSet(pattern, FC_CHARSET, 0, &characters);
+  FcPatternReference(pattern);
+  const std::shared_ptr<FcPattern> owner(pattern, FcPatternDestroy);
+  return {path ? reinterpret_cast<const char*>(path) : "",
+          // The upper half is the number of an instance of a variable font.
+          static_cast<unsigned>(index) & 0xFFFF,
+          {font.FontBold && !is_at_least(pattern, FC_WEIGHT, FC_WEIGHT_DEMIBOLD),
+           font.FontItalic && !is_at_least(pattern, FC_SLANT, FC_SLANT_ITALIC)},
+          [owner, characters](char32_t character) {
+            return characters && FcCharSetHasChar(characters, character) == FcTrue;
+          }};
 }
 
 }  // namespace
 
-std::optional<SystemFont> system_font(const Font& font) {
+std::vector<SystemFont> system_fonts(const Font& font) {
+  std::vector<SystemFont> fonts;
   const Pattern wanted = pattern_of(font);
-  return file_of(best_match(wanted.get()).get(), font);
-}
-
-std::optional<SystemFont> system_font_with(const Font& font, char32_t character) {
-  const Pattern wanted = pattern_of(font);
-  const Characters characters(FcCharSetCreate());
-  if (!wanted || !characters) return std::nullopt;
-  FcCharSetAddChar(characters.get(), character);
-  FcPatternAddCharSet(wanted.get(), FC_CHARSET, characters.get());
-  const Pattern found = best_match(wanted.get());
-  FcCharSet* available = nullptr;
-  if (!found || FcPatternGetCharSet(found.get(), FC_CHARSET, 0, &available) != FcResultMatch ||
-      FcCharSetHasChar(available, character) == FcFalse) {
-    return std::nullopt;
+  if (!wanted) return fonts;
+  FcConfigSubstitute(nullptr, wanted.get(), FcMatchPattern);
+  FcDefaultSubstitute(wanted.get());
+  FcResult result = FcResultNoMatch;
+  const FontSet sorted(FcFontSort(nullptr, wanted.get(), FcFalse, nullptr, &result));
+  if (!sorted) return fonts;
+  for (int i = 0; i < sorted->nfont; ++i) {
+    FcPattern* const pattern = sorted->fonts[i];
+    if (is_usable(pattern)) fonts.push_back(described(pattern, font));
   }
-  return file_of(found.get(), font);
+  return fonts;
 }
 
 }  // namespace kurv

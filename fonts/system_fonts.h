@@ -1,7 +1,8 @@
 // The fonts of the system.
 #pragma once
 
-#include <optional>
+#include <functional>
+#include <vector>
 
 #include <KurvGraph/plot_surface.h>
 
@@ -13,12 +14,11 @@ struct SystemFont {
   String path;
   unsigned index = 0;  // in a collection
   Synthesis synthesis;
+  std::function<bool(char32_t)> has;
 };
 
-// The font of that name and style, or the most similar one. Nothing where the system has no fonts.
-std::optional<SystemFont> system_font(const Font& font);
-
-// A similar one that has the character.
-std::optional<SystemFont> system_font_with(const Font& font, char32_t character);
+// The fonts that the system offers for that name and style, the most similar one first. Empty where
+// the system has no fonts.
+std::vector<SystemFont> system_fonts(const Font& font);
 
 }  // namespace kurv

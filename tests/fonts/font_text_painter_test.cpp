@@ -189,6 +189,21 @@ TEST(FontTextPainter, AMegabyteTakesBoundedTime) {
               4000);
 }
 
+// Twenty thousand characters, most of which no font has.
+TEST(FontTextPainter, ManyDifferentCharactersTakeBoundedTime) {
+  std::string text;
+  for (int i = 0; i < 20000; ++i) {
+    const int character = 0x4E00 + i;
+    text += static_cast<char>(0xE0 | character >> 12);
+    text += static_cast<char>(0x80 | (character >> 6 & 0x3F));
+    text += static_cast<char>(0x80 | (character & 0x3F));
+  }
+  FontTextPainter texts;
+  const auto begin = std::chrono::steady_clock::now();
+  EXPECT_GT(texts.text_width(sized(8), text), 0);
+  EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(3));
+}
+
 TEST(FontTextPainter, FarAndHugeTextsDrawWhatIsVisible) {
   for (const Single at : {kInfinity, -kInfinity, kNaN, 3e38F, -3e38F}) {
     EXPECT_TRUE(Drawn("far", sized(8), at, 100).ink().is_empty());
