@@ -14,6 +14,11 @@ constexpr const char* kKey = "tables/folders";
 
 using Pairs = QList<std::pair<QByteArray, QByteArray>>;
 
+// A table from the clipboard has a name and is in no folder.
+bool has_folder(const std::string& table_path) {
+  return std::filesystem::path(table_path).has_parent_path();
+}
+
 // The folder, as text that holds any bytes of its name.
 QString folder_text(const std::string& table_path) {
   std::error_code error;
@@ -129,6 +134,7 @@ QStringList FolderOptions::entries() const {
 
 TableOptions FolderOptions::options_for(const std::string& table_path) const {
   TableOptions options;
+  if (!has_folder(table_path)) return options;
   const QString begin = folder_text(table_path) + '?';
   for (const QString& entry : entries()) {
     if (!entry.startsWith(begin)) continue;
@@ -140,6 +146,7 @@ TableOptions FolderOptions::options_for(const std::string& table_path) const {
 }
 
 void FolderOptions::remember(const std::string& table_path, const TableOptions& options) {
+  if (!has_folder(table_path)) return;
   const QString folder = folder_text(table_path);
   QStringList all = entries();
   const QStringList before = all;

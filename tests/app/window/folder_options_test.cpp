@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QDir>
 #include <QSettings>
 #include <QTemporaryDir>
 
@@ -55,6 +56,16 @@ TEST(FolderOptions, WhatIsAutomaticIsNotKept) {
   EXPECT_FALSE(found.skip);
   folders.options().remember("/data/a.csv", {});
   EXPECT_FALSE(folders.options().options_for("/data/a.csv").separator);
+}
+
+TEST(FolderOptions, ATableFromTheClipboardIsInNoFolder) {
+  const Folders folders;
+  TableOptions some;
+  some.separator = ';';
+  folders.options().remember("clipboard", some);
+  EXPECT_FALSE(folders.options().options_for("clipboard").separator);
+  folders.options().remember(QDir::current().filePath("a.csv").toStdString(), some);
+  EXPECT_FALSE(folders.options().options_for("clipboard").separator);
 }
 
 TEST(FolderOptions, FoldersAreApart) {
