@@ -167,11 +167,12 @@ void Follower::draw() {
 
 void Follower::show_news(GrowingTable::News news) {
   TableData& data = news.data;
-  warn(std::exchange(data.warnings, {}));
+  for (const std::string& warning : std::exchange(data.warnings, {})) warn(warning);
   const int columns = data.values.upper_column();
   if (data.values.upper_point() < 1) return;
   if (m_columns == 0) {
     m_window.show_graph(m_choice, {m_name, std::move(data)});
+    m_window.show_notices(m_warnings);
   } else if (!news.is_all) {
     m_window.graph().append_points(data.values);
   } else {
@@ -222,21 +223,20 @@ void Follower::show_hint() {
   m_window.set_waiting_hint(hint);
 }
 
-void Follower::warn(const std::vector<std::string>& warnings) {
-  for (const std::string& warning : warnings) {
-    if (m_warned.insert(warning).second) m_report("warning: " + warning);
-  }
+// Once for each, on standard error and in the bar above the plot.
+void Follower::warn(const std::string& warning) {
+  if (std::find(m_warnings.begin(), m_warnings.end(), warning) != m_warnings.end()) return;
+  m_warnings.push_back(warning);
+  m_report("warning: " + warning);
+  if (m_columns > 0) m_window.show_notices(m_warnings);
 }
 
 void Follower::warn_of_dropped_rows() {
   const std::size_t every = m_choice.table.selection.every;
   const std::size_t points = (m_table.rows() + every - 1) / every;
-  if (m_warned_of_dropped || points <= std::size_t{kMaxPoints}) return;
-  m_warned_of_dropped = true;
-  const QString text = "a graph holds " + grouped(kMaxPoints) +
-                       " points; of those that have come, the newest are kept.";
-  m_report("warning: " + text.toStdString());
-  say(capitalised(text));
+  if (points <= std::size_t{kMaxPoints}) return;
+  warn("a graph holds " + grouped(kMaxPoints).toStdString() +
+       " points; of those that have come, the newest are kept.");
 }
 
 void Follower::say(const QString& text) {

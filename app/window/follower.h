@@ -7,8 +7,8 @@
 #include <QTimer>
 #include <memory>
 #include <optional>
-#include <set>
 #include <string>
+#include <vector>
 
 #include "app/base/followed_input.h"
 #include "app/csv/growing_table.h"
@@ -40,7 +40,7 @@ class Follower final : public QObject {
   void show_news(GrowingTable::News news);
   void replace_columns(const TableData& data);
   void show_hint();
-  void warn(const std::vector<std::string>& warnings);
+  void warn(const std::string& warning);
   void warn_of_dropped_rows();
   void say(const QString& text);
   void stop_reading();
@@ -60,8 +60,7 @@ class Follower final : public QObject {
   QElapsedTimer m_since_drawing;
   qint64 m_pause;     // ms
   int m_columns = 0;  // 0 before the first picture
-  std::set<std::string> m_warned;
-  bool m_warned_of_dropped = false;
+  std::vector<std::string> m_warnings;
   bool m_has_failed = false;
 };
 

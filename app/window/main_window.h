@@ -59,6 +59,8 @@ class MainWindow final : public QMainWindow {
   // saved, and other files open in windows of their own.
   void begin_following();
   void end_following();
+  // The bar above the plot says these; it is hidden where there are none.
+  void show_notices(const std::vector<std::string>& warnings);
   // Changes the graph; one that had no unsaved changes has none afterwards.
   void change_unnoticed(const std::function<void(KurvGraph&)>& work);
 
@@ -84,7 +86,6 @@ class MainWindow final : public QMainWindow {
   void resize_to_graph();
   void resize_to_plot(QSize size);
   void activate_layouts();
-  void show_notices(const std::vector<std::string>& warnings);
 
   bool has_data() const;
   void update_actions();

@@ -138,6 +138,16 @@ TEST_F(Following, MoreRowsThanAGraphHoldsAreToldOnce) {
   EXPECT_TRUE(becomes([&] { return kurv->graph().xmax() == 40000; }));
   EXPECT_EQ(kurv->graph().xmin(), 40000 - kMaxPoints + 1);
   EXPECT_THAT(said, ElementsAre(HasSubstr("the newest are kept")));
+  EXPECT_TRUE(kurv->findChild<QWidget*>("barNotices")->isVisible());
+}
+
+TEST_F(Following, TheBarSaysWhatIsLeftOut) {
+  MainWindow* const kurv = follow_pipe();
+  auto* const bar = kurv->findChild<QWidget*>("barNotices");
+  write("t,up,state\n1,10,on\n2,20,off\n");
+  EXPECT_TRUE(becomes([&] { return kurv->graph().has_graph(); }));
+  EXPECT_TRUE(bar->isVisible());
+  EXPECT_THAT(said, ElementsAre(HasSubstr("column \"state\" holds words")));
 }
 
 TEST_F(Following, AFileIsReadOnAfterItWasTruncatedOrReplaced) {
