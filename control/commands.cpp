@@ -4,8 +4,8 @@
 #include <iterator>
 
 #include "control/control_state.h"
-#include "control/export.h"
 #include "control/graph_file_commands.h"
+#include "control/picture_export.h"
 #include "control/property_pages.h"
 #include "control/redraw.h"
 #include "render/legend_titles.h"

@@ -7,7 +7,7 @@
 
 #include "control/control_state.h"
 #include "control/data_intake.h"
-#include "control/export.h"
+#include "control/picture_export.h"
 #include "control/redraw.h"
 #include "io/graph_file_reader.h"
 #include "io/graph_file_writer.h"

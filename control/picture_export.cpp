@@ -1,4 +1,4 @@
-#include "control/export.h"
+#include "control/picture_export.h"
 
 #include "control/control_state.h"
 #include "control/graph_file_commands.h"

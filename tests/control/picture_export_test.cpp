@@ -1,4 +1,4 @@
-#include "control/export.h"
+#include "control/picture_export.h"
 
 #include <gtest/gtest.h>
 
