@@ -18,6 +18,8 @@ function(kurv_module)
     POSITION_INDEPENDENT_CODE ON
     CXX_VISIBILITY_PRESET hidden
     VISIBILITY_INLINES_HIDDEN ON)
+  # g++ may inline exported functions within a source as it does hidden ones.
+  target_compile_options(${name} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-fno-semantic-interposition>)
 endfunction()
 
 # Language level and warnings; also for programs and tests. Warnings are for those who work on this

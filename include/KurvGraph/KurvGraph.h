@@ -37,13 +37,13 @@
 #include <KurvGraph/values.h>
 
 #include <QByteArray>
+#include <QExplicitlySharedDataPointer>
 #include <QImage>
 #include <QPointF>
 #include <QRect>
 #include <QString>
 #include <QWidget>
 #include <functional>
-#include <memory>
 #include <optional>
 #include <span>
 #include <string_view>
@@ -83,7 +83,7 @@ struct Graph {
   KURV_QT_##Type name() const;                        \
   void set_##name(PropertyArgument<KURV_QT_##Type> value);
 
-class KurvGraph : public QWidget {
+class KURV_EXPORT KurvGraph : public QWidget {
   Q_OBJECT
   KURV_PROPERTIES(KURV_QT_PROPERTY)
   Q_PROPERTY(bool toolbar_visible READ toolbar_visible WRITE set_toolbar_visible)
@@ -318,8 +318,8 @@ class KurvGraph : public QWidget {
 
   // The widget's implementation, opaque to hosts. Calls in progress share it, so that it exists
   // until they return even if the widget is deleted meanwhile.
-  struct State;
-  std::shared_ptr<State> m_state;
+  struct KURV_HIDDEN State;
+  QExplicitlySharedDataPointer<State> m_state;
 
  private:
   KurvGraph(PlotSurface* lent, QWidget* parent);

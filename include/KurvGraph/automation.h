@@ -31,7 +31,7 @@ enum class ValueType {
 };
 
 // As hosts read it, such as "Integer" or "array of Double".
-std::string_view type_name(ValueType type);
+KURV_EXPORT std::string_view type_name(ValueType type);
 
 struct Parameter {
   std::string_view name;
@@ -74,33 +74,33 @@ struct Event {
 };
 
 // In interface order: methods, then properties.
-std::span<const Member> members();
+KURV_EXPORT std::span<const Member> members();
 // The properties among them.
-std::span<const Member> properties();
-std::span<const Event> events();
+KURV_EXPORT std::span<const Member> properties();
+KURV_EXPORT std::span<const Event> events();
 
 // A member by its name, in any letter case, or by its dispatch identifier.
 using MemberKey = std::variant<std::string_view, std::uint32_t>;
 
 // nullptr when there is none.
-const Member* find_member(const MemberKey& key);
-const Member* find_property(std::string_view name);
+KURV_EXPORT const Member* find_member(const MemberKey& key);
+KURV_EXPORT const Member* find_property(std::string_view name);
 
 // Late-bound calls. They throw kNoSuchMember also for a method that is read or set like a property
 // and for a property that is called, kArgumentMissing for too few arguments, kTooManyArguments for
 // too many, kTypeMismatch and kOverflow as the conversions of values.h do, and what the member
 // itself throws. An optional argument is omitted by an empty value or by a shorter list. Arguments
 // are passed by reference: a callee may write to them.
-Variant get_property(const Control& control, const MemberKey& key);
-void set_property(Control& control, const MemberKey& key, const Variant& value);
-void call_method(Control& control, const MemberKey& key, std::span<Variant> arguments);
+KURV_EXPORT Variant get_property(const Control& control, const MemberKey& key);
+KURV_EXPORT void set_property(Control& control, const MemberKey& key, const Variant& value);
+KURV_EXPORT void call_method(Control& control, const MemberKey& key, std::span<Variant> arguments);
 // The same for a widget, which does what its own members of these names do. Defined in
 // KurvGraph::KurvGraph, not in KurvGraph::Core.
-Variant get_property(const KurvGraph& graph, const MemberKey& key);
-void set_property(KurvGraph& graph, const MemberKey& key, const Variant& value);
-void call_method(KurvGraph& graph, const MemberKey& key, std::span<Variant> arguments);
+KURV_EXPORT Variant get_property(const KurvGraph& graph, const MemberKey& key);
+KURV_EXPORT void set_property(KurvGraph& graph, const MemberKey& key, const Variant& value);
+KURV_EXPORT void call_method(KurvGraph& graph, const MemberKey& key, std::span<Variant> arguments);
 // Throws as call_method() does where a method takes more or fewer arguments.
-void check_count(const Member& method, std::size_t count);
+KURV_EXPORT void check_count(const Member& method, std::size_t count);
 
 // A late-bound listener to the control's events, for add_listener() of a control or a widget; the
 // arguments are those of the event's row.

@@ -26,11 +26,11 @@ using ServiceFactory = std::function<std::unique_ptr<Service>()>;
 
 // Registers the class that is created for the identifier from now on; an empty factory restores the
 // built-in one. Not thread-safe.
-void register_class(std::string_view class_id, ServiceFactory factory);
+KURV_EXPORT void register_class(std::string_view class_id, ServiceFactory factory);
 
 // Identifiers are compared case-insensitively. Throws kCannotCreateObject for one without a class
 // or whose factory makes nothing, and what the factory throws.
-std::unique_ptr<Service> create_service(std::string_view class_id);
+KURV_EXPORT std::unique_ptr<Service> create_service(std::string_view class_id);
 
 // The same, cast to the interface. Throws kTypeMismatch when the class does not implement it.
 template <class Interface>
@@ -47,8 +47,8 @@ std::unique_ptr<Interface> create(std::string_view class_id) {
 // The library's set, shared by all controls of a process: created at its first use, from the
 // classes that are registered then. Where one cannot be created, its fault reaches the caller, and
 // the next use tries again.
-const Services& library_services();
+KURV_EXPORT const Services& library_services();
 // A fresh set of the classes that are registered now.
-Services make_services();
+KURV_EXPORT Services make_services();
 
 }  // namespace kurv

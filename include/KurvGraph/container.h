@@ -9,7 +9,7 @@ namespace kurv {
 inline constexpr Integer kDefaultPointer = 0;
 inline constexpr Integer kHourglassPointer = 11;
 
-class Container {
+class KURV_EXPORT Container {
  public:
   virtual ~Container() = default;
   // False while a form designer shows the control.

@@ -50,7 +50,7 @@ enum class PromptedSetting {
   kXAxisTitle = 8,
 };
 
-class Control {
+class KURV_EXPORT Control {
  public:
   // All four must outlive the control. The surface already has its size. Throws kOverflow for the
   // 32768th control of a process.

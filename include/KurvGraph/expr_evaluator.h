@@ -25,7 +25,7 @@ struct ParsedExpression {
   Integer place = 0;
 };
 
-class ExprEvaluator : public Service {
+class KURV_EXPORT ExprEvaluator : public Service {
  public:
   // Changes neither the current expression nor the variables. The variables that are set may decide
   // how a name is read that could be read in two ways; nothing else depends on them.

@@ -5,6 +5,8 @@
 // only at the outer edges; what was written before it was thrown is not undone.
 #pragma once
 
+#include <KurvGraph/export.h>
+
 #include <stdexcept>
 #include <string>
 
@@ -32,9 +34,9 @@ enum class FaultKind : int {
 };
 
 // The English text of a kind, such as "Subscript out of range", which hosts and users are shown.
-const char* fault_text(FaultKind kind);
+KURV_EXPORT const char* fault_text(FaultKind kind);
 
-class Fault : public std::runtime_error {
+class KURV_EXPORT Fault : public std::runtime_error {
  public:
   explicit Fault(FaultKind kind) : std::runtime_error(fault_text(kind)), m_kind(kind) {}
 

@@ -10,7 +10,7 @@ namespace kurv {
 
 // Thrown by a widget's member where the graph's file, or one that the user has chosen in a dialog,
 // cannot be read or written. A host that does not need the name catches Fault.
-class FileFault final : public Fault {
+class KURV_EXPORT FileFault final : public Fault {
  public:
   FileFault(FaultKind kind, const std::string& path)
       : Fault(kind), m_path(std::make_shared<const std::string>(path)) {}

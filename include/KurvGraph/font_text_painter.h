@@ -14,7 +14,7 @@
 
 namespace kurv {
 
-class FontTextPainter final : public TextPainter {
+class KURV_EXPORT FontTextPainter final : public TextPainter {
  public:
   enum class Source {
     kSystem,     // the fonts of the system, after those that are added
@@ -38,7 +38,7 @@ class FontTextPainter final : public TextPainter {
   int generation() override;
 
  private:
-  struct State;
+  struct KURV_HIDDEN State;
   std::unique_ptr<State> m_state;
 };
 

@@ -2,6 +2,8 @@
 // writer follow the same tables.
 #pragma once
 
+#include <KurvGraph/export.h>
+
 #include <cstddef>
 #include <span>
 #include <string_view>
@@ -33,9 +35,9 @@ struct GraphFileField {
 };
 
 // The fields that every graph file has, one a line from line 1 on. The lists follow.
-std::span<const GraphFileField> graph_file_fields();
+KURV_EXPORT std::span<const GraphFileField> graph_file_fields();
 // The line of the field with that name. Throws std::out_of_range where there is none.
-std::size_t graph_file_line(std::string_view name);
+KURV_EXPORT std::size_t graph_file_line(std::string_view name);
 
 // What a line of a list has an entry for.
 enum class GraphFileEntries {
@@ -56,10 +58,10 @@ struct GraphFileList {
 // The lists that follow the fields of a file with so many curves, in the order of their lines: the
 // values, a line for x and for each curve, then names, visibility flags and expressions, a line
 // each.
-std::vector<GraphFileList> graph_file_lists(int curves);
+KURV_EXPORT std::vector<GraphFileList> graph_file_lists(int curves);
 // The first line of the list with that name. Throws std::out_of_range where there is none.
-std::size_t graph_file_list_line(std::string_view name, int curves);
+KURV_EXPORT std::size_t graph_file_list_line(std::string_view name, int curves);
 // How many lines such a file has.
-std::size_t graph_file_length(int curves);
+KURV_EXPORT std::size_t graph_file_length(int curves);
 
 }  // namespace kurv

@@ -13,7 +13,7 @@
 namespace kurv {
 
 // The control is as large as its surface. It stays so when a graph file asks for another size.
-class HeadlessContainer : public Container {
+class KURV_EXPORT HeadlessContainer : public Container {
  public:
   explicit HeadlessContainer(const PlotSurface& surface)
       : m_height(to_single(surface.ScaleHeight())), m_width(to_single(surface.ScaleWidth())) {}
@@ -33,7 +33,7 @@ class HeadlessContainer : public Container {
 
 // Answers questions with No, and cancels prompts and dialogs. Message boxes are lost: they say why
 // data cannot be plotted, so a host that has to know overrides message_box().
-class HeadlessShell : public Shell {
+class KURV_EXPORT HeadlessShell : public Shell {
  public:
   Answer message_box(std::string_view, int flags, std::string_view) override {
     return flags == kYesNoQuestion ? Answer::kNo : Answer::kOk;

@@ -10,7 +10,7 @@ namespace kurv {
 
 // A PixelPicture in an image of Qt, with Qt's fonts. Needs a QGuiApplication for text, but no
 // window and no display server. To be used by one thread only.
-class Picture final : public PixelPicture {
+class KURV_EXPORT Picture final : public PixelPicture {
  public:
   // The size in logical pixels, and the device pixels per logical pixel in either direction.
   explicit Picture(QSize logical_size, double device_pixel_ratio = 1);

@@ -19,7 +19,7 @@ class Sprite;
 }
 
 // To be used by one thread only.
-class PixelPicture : public PlotSurface {
+class KURV_EXPORT PixelPicture : public PlotSurface {
  public:
   // The size in logical pixels, and the device pixels per logical pixel in either direction. A
   // painter may serve several pictures; it must not be null.
@@ -68,7 +68,7 @@ class PixelPicture : public PlotSurface {
   const PixelStore& store() const;
 
  private:
-  struct State;
+  struct KURV_HIDDEN State;
   explicit PixelPicture(std::unique_ptr<State> state);
   raster::Sprite make_sprite(const Figure& figure, FigureCentre centre, PixelPicture& white,
                              PixelPicture& black) const;

@@ -69,7 +69,7 @@ struct FigureCentres {
   bool has(std::size_t i) const { return x[i] == x[i] && y[i] == y[i]; }
 };
 
-class PlotSurface {
+class KURV_EXPORT PlotSurface {
  public:
   // Draws one figure around the centre, no further from it than the `reach` of the call.
   using Figure = std::function<void(PlotSurface&, FigureCentre)>;

@@ -22,7 +22,7 @@
 
 namespace kurv {
 
-class RecordingSurface final : public PlotSurface {
+class KURV_EXPORT RecordingSurface final : public PlotSurface {
  public:
   // Size in twips.
   RecordingSurface(Double width, Double height) : m_width(width), m_height(height) {}

@@ -1,6 +1,8 @@
 // Writing a file as a whole.
 #pragma once
 
+#include <KurvGraph/export.h>
+
 #include <QByteArray>
 #include <QString>
 #include <optional>
@@ -22,7 +24,7 @@ struct ReplaceFailure {
 // that may not is overwritten in place, if it can be read. Where a failure is returned, an older
 // file has its old content: also in place, because the bytes that were overwritten are put back and
 // those after them were never touched.
-[[nodiscard]] std::optional<ReplaceFailure> replace_file(const QString& path,
-                                                         const QByteArray& bytes);
+[[nodiscard]] KURV_EXPORT std::optional<ReplaceFailure> replace_file(const QString& path,
+                                                                     const QByteArray& bytes);
 
 }  // namespace kurv

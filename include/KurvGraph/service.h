@@ -1,9 +1,11 @@
 // The base class of every external service.
 #pragma once
 
+#include <KurvGraph/export.h>
+
 namespace kurv {
 
-class Service {
+class KURV_EXPORT Service {
  public:
   virtual ~Service() = default;
 };

@@ -14,7 +14,7 @@
 
 namespace kurv {
 
-class NumericService : public Service {
+class KURV_EXPORT NumericService : public Service {
  public:
   // The base-10 logarithm. Throws kInvalidProcedureCall where it is not defined (zero, negative).
   virtual Double decimal_logarithm(Double value) const = 0;
@@ -30,7 +30,7 @@ struct Exchange {
   int taken;
 };
 
-class SwapService : public Service {
+class KURV_EXPORT SwapService : public Service {
  public:
   virtual void exchange(Double& first, Double& second) const = 0;
   // The same for pairs of one column's values, in their order. By default an exchange() for each;
@@ -46,14 +46,14 @@ class SwapService : public Service {
   }
 };
 
-class TextFieldTool : public Service {
+class KURV_EXPORT TextFieldTool : public Service {
  public:
   // The field, counted from 1, of a text whose fields are separated by the delimiter. Empty where
   // there is no such field.
   virtual String GetField(std::string_view text, int field, std::string_view delimiter) const = 0;
 };
 
-class PicturePrinter : public Service {
+class KURV_EXPORT PicturePrinter : public Service {
  public:
   // Prints one picture, the bytes of a Windows bitmap file, scaled to the page, with a caption in
   // the font of that name and size in points.

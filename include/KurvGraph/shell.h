@@ -43,7 +43,7 @@ struct FileChoice {
 // its controls.
 enum class Window { kCurves, kTable, kProperties };
 
-class Shell {
+class KURV_EXPORT Shell {
  public:
   virtual ~Shell() = default;
   virtual Answer message_box(std::string_view text, int flags, std::string_view title) = 0;

@@ -46,7 +46,7 @@ struct TextTarget {
 };
 
 // Used by one thread at a time.
-class TextPainter {
+class KURV_EXPORT TextPainter {
  public:
   virtual ~TextPainter() = default;
 

@@ -47,7 +47,7 @@ using Variant = std::variant<std::monostate, Boolean, Integer, Single, Double, S
                              Matrix<Double>, List<String>, List<Boolean>>;
 
 // The nearest 16-bit integer, ties to even. Throws kOverflow where there is none (NaN included).
-Integer to_integer(Double value);
+KURV_EXPORT Integer to_integer(Double value);
 
 // Throws kDivisionByZero when `divisor` is zero, whatever the dividend.
 inline Double divide(Double dividend, Double divisor) {
@@ -56,17 +56,17 @@ inline Double divide(Double dividend, Double divisor) {
 }
 
 // Narrows for the drawing surface: out of range becomes an infinity, NaN stays NaN.
-Single to_single(Double value);
+KURV_EXPORT Single to_single(Double value);
 
 // Conversions of a self-describing value, as a dispatch interface makes them. Text is read as
 // text_to_number() reads it; an empty value is zero, False or the empty text; True counts as -1.
 // They throw kTypeMismatch for arrays and for text that is no number, kOverflow for a number that
 // does not fit; an infinite one fits into a Double alone.
-Integer to_integer(const Variant& value);
-Single to_single(const Variant& value);
-Double to_double(const Variant& value);
-String to_string(const Variant& value);
+KURV_EXPORT Integer to_integer(const Variant& value);
+KURV_EXPORT Single to_single(const Variant& value);
+KURV_EXPORT Double to_double(const Variant& value);
+KURV_EXPORT String to_string(const Variant& value);
 // Text may also be "True" or "False" in any letter case.
-Boolean to_boolean(const Variant& value);
+KURV_EXPORT Boolean to_boolean(const Variant& value);
 
 }  // namespace kurv

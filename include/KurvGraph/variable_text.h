@@ -11,6 +11,6 @@ namespace kurv {
 // name itself, or the name in brackets with each "]" doubled. So x is "x", body mass is
 // "[body mass]" and Temp [C] is "[Temp [C]]]". For a program that builds an expression from the
 // names of its data. An empty name and one of blanks cannot be written.
-String variable_text(std::string_view name);
+KURV_EXPORT String variable_text(std::string_view name);
 
 }  // namespace kurv

@@ -14,7 +14,7 @@ enum class VectorFormat { kSvg, kPdf };
 
 // Draws what Picture draws, with the same extents of texts, but rounds nothing to pixels. Needs a
 // QGuiApplication for text, but no window and no display server. To be used by one thread only.
-class VectorPicture final : public PlotSurface {
+class KURV_EXPORT VectorPicture final : public PlotSurface {
  public:
   // Has the size in twips of a Picture with the same arguments; the ratio affects nothing else. The
   // title goes into the document's metadata.
@@ -45,7 +45,7 @@ class VectorPicture final : public PlotSurface {
   void set_ForeColor(int colour) override;
 
  private:
-  struct Sheet;
+  struct KURV_HIDDEN Sheet;
   std::unique_ptr<Sheet> m_sheet;
 };
 

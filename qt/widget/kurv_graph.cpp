@@ -101,7 +101,7 @@ KurvGraph::KurvGraph(PlotSurface& lent, QWidget* parent) : KurvGraph(&lent, pare
 KurvGraph::KurvGraph(PlotSurface* lent, QWidget* parent) : QWidget(parent) {
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
   setMinimumSize(1, 1);
-  m_state = std::make_shared<State>(*this, lent);
+  m_state.reset(new State(*this, lent));
   connect(m_state->view, &PlotView::menu_wanted, this, &KurvGraph::open_menu);
   // Here and not at the first show, so that what the host sets in between stays.
   m_state->graph.first_placement();
@@ -109,7 +109,7 @@ KurvGraph::KurvGraph(PlotSurface* lent, QWidget* parent) : QWidget(parent) {
 }
 
 KurvGraph::~KurvGraph() {
-  const std::shared_ptr<State> state = m_state;
+  const QExplicitlySharedDataPointer<State> state = m_state;
   // The control may ask whether to save. That box gets no parent: the window around may already be
   // half destroyed.
   state->widget.clear();
@@ -154,7 +154,7 @@ template <class Work>
 void KurvGraph::call(Work work) {
   struct Held {
     ~Held() { state->finish(); }
-    std::shared_ptr<State> state;
+    QExplicitlySharedDataPointer<State> state;
   };
   const Held held{m_state};
   State& state = *held.state;
@@ -175,7 +175,7 @@ void KurvGraph::call(Work work) {
 // during its event: so signals and errors are queued until that is over.
 template <class Work>
 void KurvGraph::handle(Work work) {
-  const std::shared_ptr<State> state = m_state;
+  const QExplicitlySharedDataPointer<State> state = m_state;
   state->apply_locale();
   const PrintingFor printing(this);
   const std::optional<Failure> failure =
@@ -195,7 +195,7 @@ void KurvGraph::handle(Work work) {
 
 void KurvGraph::State::handle(const std::function<void(Control&)>& work) {
   if (!widget) return;
-  const std::shared_ptr<State> held = widget->m_state;
+  const QExplicitlySharedDataPointer<State> held = widget->m_state;
   widget->handle([&](State& state) { work(state.graph); });
   note_change();
 }
@@ -212,7 +212,7 @@ void KurvGraph::tell(int number, const QString& text) {
     return;
   }
   // One box at a time: dragging a window's edge would open one for every size in between.
-  const std::shared_ptr<State> state = m_state;
+  const QExplicitlySharedDataPointer<State> state = m_state;
   if (state->showing_error) return;
   state->showing_error = true;
   state->shell.message_box(text.toStdString(), kCriticalStop, kBoxTitle);

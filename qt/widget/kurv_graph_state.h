@@ -10,6 +10,7 @@
 
 #include <QPointer>
 #include <QRect>
+#include <QSharedData>
 #include <QSize>
 
 #include "dialogs/client.h"
@@ -23,7 +24,7 @@ namespace kurv {
 inline constexpr QSize kDefaultPlotSize(720, 480);
 
 // It outlives the widget while a call is in progress, so `widget` is checked before each use.
-struct KurvGraph::State final : Container, Client {
+struct KurvGraph::State final : QSharedData, Container, Client {
   State(KurvGraph& owner, PlotSurface* lent);
 
   // -- For the widget -------------------------------------------------------------------------

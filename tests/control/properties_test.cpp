@@ -17,6 +17,9 @@ static_assert(std::is_same_v<decltype(&Control::set_X_grid), void (Control::*)(B
 static_assert(std::is_same_v<decltype(&Control::set_FontSize), void (Control::*)(Single)>);
 static_assert(std::is_same_v<decltype(&Control::set_xmin), void (Control::*)(Double)>);
 
+// A new member of the state does not change the size that hosts have compiled.
+static_assert(sizeof(Control) == sizeof(void*));
+
 TEST(MarkerSizeProperty, IgnoresSizesOutsideTwoToFiveHundred) {
   test::TestHost host;
   for (const Integer ignored : {Integer{1}, Integer{501}, Integer{0}, Integer{-32768}}) {

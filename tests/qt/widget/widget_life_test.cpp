@@ -17,6 +17,11 @@
 namespace kurv::test {
 namespace {
 
+// A new member of the state does not change the size that hosts have compiled.
+TEST(WidgetLife, AWidgetIsOnePointerLargerThanItsBase) {
+  EXPECT_EQ(sizeof(KurvGraph), sizeof(QWidget) + sizeof(void*));
+}
+
 TEST(WidgetLife, WhatAHostSetsBeforeTheFirstShowStays) {
   KurvGraph graph;
   graph.set_NumTicks(4);
