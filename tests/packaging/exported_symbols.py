@@ -1,0 +1,49 @@
+"""Compares what a shared library exports with what its public headers declare as KURV_EXPORT."""
+
+import re
+import subprocess
+
+# What the compiler makes for a class besides its members.
+PREFIXES = ("typeinfo name for ", "typeinfo for ", "vtable for ", "VTT for ",
+            "non-virtual thunk to ", "virtual thunk to ")
+
+# Every member is inline, so only the hosts that use them have them.
+HEADER_ONLY = {"HeadlessContainer", "HeadlessShell"}
+
+
+def exported(library):
+    """The demangled symbols that the library defines."""
+    listing = subprocess.run(["nm", "--dynamic", "--demangle", "--defined-only", str(library)],
+                             capture_output=True, text=True, check=True).stdout
+    return [line.split(maxsplit=2)[2] for line in listing.splitlines()]
+
+
+def declared(headers):
+    """The names of the classes, and of the functions in namespace kurv, that the headers export."""
+    pattern = r"^(?:class KURV_EXPORT (\w+)|(?:\[\[nodiscard\]\] )?KURV_EXPORT [^(;]*?(\w+)\()"
+    names = set()
+    for header in sorted(headers.glob("*.h")):
+        for found in re.findall(pattern, header.read_text(), re.MULTILINE):
+            names.update(found)
+    return names - HEADER_ONLY - {""}
+
+
+def name_of(symbol):
+    """Without what precedes and follows the qualified name: "kurv::Control::show"."""
+    for prefix in PREFIXES:
+        symbol = symbol.removeprefix(prefix)
+    return re.sub(r"[(\[].*", "", symbol)
+
+
+def read(library, headers):
+    """The declared names that the library exports, and the symbols that belong to none."""
+    names = declared(headers)
+    found = set()
+    foreign = []
+    for symbol in exported(library):
+        parts = name_of(symbol).split("::")
+        if parts[0] == "kurv" and len(parts) <= 3 and parts[1] in names:
+            found.add(parts[1])
+        else:
+            foreign.append(symbol)
+    return found, foreign
