@@ -161,16 +161,6 @@ def test_pkg_config():
         check(folder / kind, env=env)
 
 
-def source_host(way, kind):
-    folder = write_host(way, kind)
-    if way == "add_subdirectory":
-        (folder / "KurvGraph").symlink_to(settings.source)
-    configure(folder, f"-DFETCHCONTENT_SOURCE_DIR_KURVGRAPH={settings.source}",
-              "-DCMAKE_EXPORT_COMPILE_COMMANDS=ON")
-    check_compilation(folder, kind)
-    return folder
-
-
 def check_compilation(folder, kind):
     """The host's own flags are untouched, and no test or program of the library is built."""
     commands = json.loads((folder / "build/compile_commands.json").read_text())
@@ -187,18 +177,19 @@ def check_compilation(folder, kind):
         expect("libkurvgraph" not in script.read_text(), "the host installs the library")
 
 
-def check_source_way(way):
-    source_host(way, "widget")
-    folder = source_host(way, "core")
-    check_core(build(folder, "core"))
-
-
-def test_add_subdirectory():
-    check_source_way("add_subdirectory")
-
-
-def test_fetch_content():
-    check_source_way("FetchContent")
+def test_source_tree():
+    """The widget is configured only. The tree is under one path for both ways to get the core, so that
+    the compiler cache has it for the second."""
+    tree = settings.work / "hosts/add_subdirectory/core/KurvGraph"
+    for way in ("add_subdirectory", "FetchContent"):
+        for kind in CHECKS:
+            folder = write_host(way, kind)
+            if way == "add_subdirectory":
+                (folder / "KurvGraph").symlink_to(settings.source)
+            configure(folder, f"-DFETCHCONTENT_SOURCE_DIR_KURVGRAPH={tree}",
+                      "-DCMAKE_EXPORT_COMPILE_COMMANDS=ON")
+            check_compilation(folder, kind)
+        check_core(build(folder, "core"))
 
 
 def test_static():
