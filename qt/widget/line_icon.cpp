@@ -9,7 +9,7 @@
 // Outside of any namespace, as Q_INIT_RESOURCE requires. Without it the resources of a static
 // library are not registered.
 static void load_drawings() {
-  Q_INIT_RESOURCE(icons);
+  Q_INIT_RESOURCE(kurvgraph_icons);
 }
 
 namespace kurv {

@@ -18,6 +18,15 @@ def exported(library):
     return [line.split(maxsplit=2)[2] for line in listing.splitlines()]
 
 
+def foreign_names(archive):
+    """The external names of its objects that are not in namespace kurv and do not contain its name."""
+    listing = subprocess.run(["nm", "--demangle", "--defined-only", "--extern-only", str(archive)],
+                             capture_output=True, text=True, check=True).stdout
+    strong = re.findall(r"^[0-9a-f]+ [TDBRC] (.+)$", listing, re.MULTILINE)
+    return [name for name in strong if not name_of(name).startswith("kurv::")
+            and "kurvgraph" not in name]
+
+
 def declared(headers):
     """The names of the classes, and of the functions in namespace kurv, that the headers export."""
     pattern = r"^(?:class KURV_EXPORT (\w+)|(?:\[\[nodiscard\]\] )?KURV_EXPORT [^(;]*?(\w+)\()"

@@ -261,6 +261,16 @@ def test_symbols():
     expect(exported["kurvgraph-core"] < exported["kurvgraph-pixels"], "so do the pixels")
 
 
+def test_object_names():
+    """A host that links the modules as static libraries may use every name that is not kurv's."""
+    modules = [path for path in settings.build.rglob("libkurv_*.a")
+               if path.relative_to(settings.build).parts[0] not in ("app", "bench", "tests")]
+    expect(len(modules) >= 9, f"only the modules {modules} are built")
+    for module in modules:
+        foreign = exported_symbols.foreign_names(module)
+        expect(not foreign, f"{module.name} defines {foreign}")
+
+
 def test_recipes():
     """What can be checked of the recipes without the tools that they are for."""
     packaging = settings.source / "packaging"
