@@ -12,7 +12,7 @@ namespace kurv {
 
 namespace {
 
-constexpr const char* kPromptTitle = "Add derived scatter curve";
+constexpr const char* kCurvePromptTitle = "Add derived scatter curve";
 constexpr const char* kNameText =
     "Step 1 of 2.\r\r"
     "Enter the name of derived function curve. This must be a valid and unique variable name.";
@@ -68,7 +68,7 @@ using Check = std::optional<String> (*)(ControlState&, const String&);
 String prompt_until_accepted(ControlState& state, const char* text, Check check) {
   String answer;
   while (true) {
-    answer = state.shell.input_prompt(text, kPromptTitle, answer);
+    answer = state.shell.input_prompt(text, kCurvePromptTitle, answer);
     if (answer.empty()) return answer;
     const std::optional<String> refusal = check(state, answer);
     if (!refusal) return answer;

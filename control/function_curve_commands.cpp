@@ -14,7 +14,7 @@ namespace kurv {
 namespace {
 
 constexpr const char* kMessageTitle = "KURV Guide";
-constexpr const char* kPromptTitle = "KURV";
+constexpr const char* kFunctionPromptTitle = "KURV";
 static_assert(kMaxFunctions == 30);
 // Two blanks before the number: hosts may compare the message with this text.
 constexpr const char* kTooMany =
@@ -75,7 +75,7 @@ void add_function(ControlState& state) {
     state.shell.message_box(kTooMany, kCriticalStop, kMessageTitle);
     return;
   }
-  const String answer = state.shell.input_prompt(kAddText, kPromptTitle, "");
+  const String answer = state.shell.input_prompt(kAddText, kFunctionPromptTitle, "");
   if (answer.empty()) return;
   const std::optional<String> refusal = add_function(state, answer);
   if (!refusal) return;
@@ -105,7 +105,7 @@ void edit_function(ControlState& state, const String& selected) {
   if (!has_functions(document)) return;
   FunctionCurve* const slot = find_function(document, selected);
   if (!slot) return;
-  const String answer = state.shell.input_prompt(kEditText, kPromptTitle, slot->expression);
+  const String answer = state.shell.input_prompt(kEditText, kFunctionPromptTitle, slot->expression);
   if (answer.empty()) return;
   const std::optional<String> refusal = check_function(*state.services.evaluator, answer);
   if (refusal) {

@@ -24,7 +24,7 @@ void mark_saved(ControlState& state, const String& path) {
   state.container.filed();
 }
 
-GraphFile read(ControlState& state, const String& path) {
+GraphFile read_from(ControlState& state, const String& path) {
   state.open_file.reset();
   InputFile& file = state.open_file.emplace(path);
   GraphFile graph =
@@ -57,7 +57,7 @@ bool begins_as_graph_file(const String& path) {
 // data in the table, and then saves, does not lose the rest of the file.
 void file_load(ControlState& state, const String& path) {
   state.used_file = path;
-  GraphFile graph = read(state, path);
+  GraphFile graph = read_from(state, path);
   pass_to_intake(state, graph);
   restore_view(state, graph);
   build_the_graph(state);

@@ -73,7 +73,7 @@ void choose_formats_again(ControlState& state) {
 }
 
 // `kept` of the points that are there, followed by the new ones.
-void store(ControlState& state, int kept, const Matrix<Double>& added) {
+void store_points(ControlState& state, int kept, const Matrix<Double>& added) {
   GraphDocument& document = state.document;
   const int count = kept + added.upper_point();
   const int dropped = document.NumData - kept;
@@ -141,14 +141,15 @@ void append_points(ControlState& state, const Matrix<Double>& points) {
   if (points.upper_point() < 1) return;
   const int first = std::max(1, points.upper_point() - kMaxPoints + 1);
   const Matrix<Double> added = with_derived(state, points, first);
-  store(state, std::min<int>(state.document.NumData, kMaxPoints - added.upper_point()), added);
+  store_points(state, std::min<int>(state.document.NumData, kMaxPoints - added.upper_point()),
+               added);
   draw(state);
 }
 
 void replace_points(ControlState& state, const Matrix<Double>& points, const List<String>& names) {
   check_columns(state, points);
   const int first = std::max(1, points.upper_point() - kMaxPoints + 1);
-  store(state, 0, with_derived(state, points, first));
+  store_points(state, 0, with_derived(state, points, first));
   ColumnSources& columns = state.columns;
   for (int c = 1; c <= static_cast<int>(columns.numbers.size()); ++c) {
     const int number = columns.numbers[static_cast<std::size_t>(c) - 1];

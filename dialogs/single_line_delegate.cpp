@@ -7,10 +7,10 @@ namespace kurv {
 namespace {
 
 // Longer names are cut off, because their layout would be slow.
-constexpr qsizetype kMaxShownLength = 1000;
+constexpr qsizetype kMaxLineLength = 1000;
 
 QString without_breaks(const QString& text) {
-  QString line = text.left(kMaxShownLength);
+  QString line = text.left(kMaxLineLength);
   for (QChar& character : line) {
     if (character.isSpace() || character.category() == QChar::Other_Control) character = u' ';
   }
@@ -24,7 +24,7 @@ QString on_one_line(const String& text) {
 }
 
 QString name_tip(const String& text) {
-  const QString shown = QString::fromStdString(text).left(kMaxShownLength);
+  const QString shown = QString::fromStdString(text).left(kMaxLineLength);
   return QStringLiteral("<p style='white-space:pre-wrap'>") + shown.toHtmlEscaped() +
          QStringLiteral("</p>");
 }

@@ -21,7 +21,7 @@ namespace {
 constexpr QRgb kMarkedBackground = 0xFFFFD7D7;
 constexpr QRgb kMarkedText = 0xFF7A0000;
 // Longer texts are cut off, because their layout would be slow and no cell is that wide.
-constexpr qsizetype kMaxShownLength = 200;
+constexpr qsizetype kMaxCellLength = 200;
 
 QString to_qstring(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
@@ -130,7 +130,7 @@ QVariant TableModel::data(const QModelIndex& index, int role) const {
   const int column = index.column() + 1;
   switch (role) {
     case Qt::DisplayRole:
-      return text_at(row, column).left(kMaxShownLength);
+      return text_at(row, column).left(kMaxCellLength);
     case Qt::EditRole:
       return text_at(row, column);
     case Qt::TextAlignmentRole:

@@ -11,10 +11,10 @@ namespace kurv::expr {
 
 namespace {
 
-constexpr Double kMissing = std::numeric_limits<Double>::quiet_NaN();
+constexpr Double kNoResult = std::numeric_limits<Double>::quiet_NaN();
 
 Double quotient(Double dividend, Double divisor) {
-  return divisor == 0 ? kMissing : dividend / divisor;
+  return divisor == 0 ? kNoResult : dividend / divisor;
 }
 
 }  // namespace
@@ -72,7 +72,7 @@ bool Program::fuse_with_last_push(Opcode opcode) {
 Double Program::run(const Double* const* operands) {
   const Function* const table = functions();
   Double* below = m_stack.data();
-  Double top = kMissing;
+  Double top = kNoResult;
   for (const Instruction instruction : m_code) {
     switch (instruction.opcode) {
       case Opcode::kPush:
@@ -116,7 +116,7 @@ Double Program::run(const Double* const* operands) {
         top = table[instruction.index].binary(*--below, top);
         break;
     }
-    if (!std::isfinite(top)) return kMissing;
+    if (!std::isfinite(top)) return kNoResult;
   }
   return top;
 }

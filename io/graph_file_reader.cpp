@@ -35,9 +35,9 @@ Boolean boolean_of(std::string_view text, char decimal_separator) {
 }
 
 // The forms in which a line is read, each from the next line.
-class Lines {
+class LineReader {
  public:
-  Lines(InputFile& file, char decimal_separator)
+  LineReader(InputFile& file, char decimal_separator)
       : m_file(file), m_decimal_separator(decimal_separator) {}
 
   void skip() { m_file.line(); }
@@ -110,7 +110,7 @@ struct FieldReader {
     FieldReader{lines, graph.deferred, graph}(deferred.line);
   }
 
-  Lines& lines;
+  LineReader& lines;
   GraphDocument& document;
   GraphFile& graph;
 };
@@ -160,7 +160,7 @@ std::vector<Double> read_column(std::string_view line, int count, char decimal_s
 
 // The matrix is allocated after all its values have been read: only then is it known that the file
 // is as large as it claims.
-Matrix<Double> read_columns(Lines& lines, int columns, int count) {
+Matrix<Double> read_columns(LineReader& lines, int columns, int count) {
   std::vector<std::vector<Double>> values;
   for (int c = 1; c <= columns; ++c) {
     const std::string_view line = lines.bytes();
@@ -200,13 +200,13 @@ struct ListReader {
     for (int k = 1; k <= used; ++k) expressions(k) = fields.next();
   }
 
-  Lines& lines;
+  LineReader& lines;
   GraphFile& graph;
   const TextFieldTool& tool;
   const int columns;
 };
 
-void read_lists(Lines& lines, GraphFile& graph, const TextFieldTool& tool) {
+void read_lists(LineReader& lines, GraphFile& graph, const TextFieldTool& tool) {
   const int columns = to_integer(Double(graph.num_y) + 1);
   // A count of -1 is that of an array without points, as 0 is.
   if (graph.num_data < -1 || graph.num_y < 0) throw Fault(FaultKind::kSubscriptOutOfRange);
@@ -219,7 +219,7 @@ void read_lists(Lines& lines, GraphFile& graph, const TextFieldTool& tool) {
 GraphFile read_graph_file(InputFile& file, GraphDocument& document, const TextFieldTool& tool,
                           char decimal_separator) {
   issue_vzeroupper();
-  Lines lines(file, decimal_separator);
+  LineReader lines(file, decimal_separator);
   GraphFile graph;
   const FieldReader read_field{lines, document, graph};
   for (const GraphFileRow& row : kGraphFileTable) std::visit(read_field, row.line);

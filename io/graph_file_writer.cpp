@@ -30,9 +30,9 @@ constexpr Single kMinPlace = std::numeric_limits<Integer>::min();
 constexpr Single kMaxPlace = std::numeric_limits<Integer>::max();
 
 // The forms in which a line is written.
-class Lines {
+class LineWriter {
  public:
-  Lines(const TextSink& sink, char decimal_separator)
+  LineWriter(const TextSink& sink, char decimal_separator)
       : m_sink(sink), m_decimal_separator(decimal_separator) {}
 
   void text(std::string_view value) {
@@ -97,7 +97,7 @@ struct FieldWriter {
     (*this)(deferred.line);
   }
 
-  Lines& lines;
+  LineWriter& lines;
   const GraphDocument& document;
   const Layout& layout;
   const std::optional<ControlSize>& size;
@@ -127,7 +127,7 @@ struct ListWriter {
                [&](String& line, int k) { append_on_one_line(line, curves(k).expression); });
   }
 
-  Lines& lines;
+  LineWriter& lines;
   const GraphDocument& document;
 };
 
@@ -176,7 +176,7 @@ String version_stamp(int major, int minor) {
 void write_graph_text(const TextSink& sink, const GraphDocument& document, const Layout& layout,
                       const std::optional<ControlSize>& size, char decimal_separator) {
   issue_vzeroupper();
-  Lines lines(sink, decimal_separator);
+  LineWriter lines(sink, decimal_separator);
   const FieldWriter write_field{lines, document, layout, size};
   for (const GraphFileRow& row : kGraphFileTable) std::visit(write_field, row.line);
   const ListWriter write_list{lines, document};

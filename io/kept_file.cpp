@@ -22,7 +22,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::size_t kBlock = std::size_t{1} << 16;
+constexpr std::size_t kCopyBlock = std::size_t{1} << 16;
 constexpr std::size_t kMaxName = 255;  // bytes
 
 // A file as it was when this process kept it: one of the same name that differs is another's.
@@ -105,7 +105,7 @@ FileFault fault_of_temporary_folder(const Fault& fault) {
 
 // Returns whether it succeeded; otherwise errno is set.
 bool transfer(std::FILE* from, std::FILE* to) {
-  String block(kBlock, '\0');
+  String block(kCopyBlock, '\0');
   std::size_t size = 0;
   do {
     size = std::fread(block.data(), 1, block.size(), from);

@@ -15,7 +15,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::size_t kBlock = std::size_t{1} << 16;
+constexpr std::size_t kBufferSize = std::size_t{1} << 16;
 
 std::string_view without_return(std::string_view line) {
   if (line.ends_with('\r')) line.remove_suffix(1);
@@ -48,7 +48,7 @@ InputFile::InputFile(const String& path) : m_file(open_file(path, "rb")) {
 }
 
 bool InputFile::fill() {
-  m_block.resize(kBlock);
+  m_block.resize(kBufferSize);
   m_block.resize(std::fread(m_block.data(), 1, m_block.size(), m_file.get()));
   m_unread = m_block;
   if (std::ferror(m_file.get()) != 0) throw transfer_fault();
@@ -105,7 +105,7 @@ OutputFile::~OutputFile() {
 
 void OutputFile::write(std::string_view bytes) {
   m_buffer += bytes;
-  if (m_buffer.size() >= kBlock) flush();
+  if (m_buffer.size() >= kBufferSize) flush();
 }
 
 void OutputFile::flush() {

@@ -16,7 +16,6 @@ double Resolution::scale_height() const {
 }
 
 int Resolution::pixels_per_metre() const {
-  constexpr double kTwipsPerInch = 1440;
   const double per_metre = kTwipsPerInch / twips_per_pixel / 0.0254;
   return static_cast<int>(std::clamp(std::round(per_metre), 1.0, 1e9));
 }

@@ -3,6 +3,9 @@
 
 namespace kurv {
 
+inline constexpr int kTwipsPerInch = 1440;
+inline constexpr double kTwipsPerPoint = 20;
+
 struct Resolution {
   int width = 1;  // in device pixels
   int height = 1;

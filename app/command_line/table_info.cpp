@@ -90,7 +90,8 @@ std::string use_of(const std::optional<Choice>& choice, std::size_t column) {
   return is_curve ? ", a curve" : ", not drawn";
 }
 
-void print_columns(TableColumns& columns, const std::optional<Choice>& choice, std::ostream& out) {
+void print_table_columns(TableColumns& columns, const std::optional<Choice>& choice,
+                         std::ostream& out) {
   for (std::size_t column = 0; column < columns.size(); ++column) {
     print_info_line(out, "Column " + std::to_string(column + 1),
                     column_text(columns, column, use_of(choice, column)));
@@ -116,7 +117,7 @@ void print_table_info(const std::string& path, const TableOptions& options, std:
   } catch (const UserError& error) {
     refusal = error;
   }
-  print_columns(columns, choice, out);
+  print_table_columns(columns, choice, out);
   if (data) print_info_line(out, "x", in_quotes(data->names(1)));
   for (const std::string& note : data ? data->warnings : std::vector<std::string>()) {
     print_info_line(out, "Note", note);

@@ -18,7 +18,7 @@ namespace {
 template <class Value, std::size_t kCount>
 using Words = std::array<std::pair<std::string_view, Value>, kCount>;
 
-UserError misuse(const std::string& option, const std::string& wanted, std::string_view text) {
+UserError wrong_value(const std::string& option, const std::string& wanted, std::string_view text) {
   return UserError(option + " takes " + wanted + ", not " + in_quotes(text) + ".", kUsageFailure);
 }
 
@@ -28,7 +28,7 @@ Value value_of_word(const Words<Value, kCount>& words, const std::string& option
   for (const auto& [word, value] : words) {
     if (equals_ignoring_case(text, word)) return value;
   }
-  throw misuse(option, wanted, text);
+  throw wrong_value(option, wanted, text);
 }
 
 char parse_separator(std::string_view text) {
@@ -85,7 +85,7 @@ std::size_t parse_skip(std::string_view text) {
   const char* const end = text.data() + text.size();
   const std::from_chars_result result = std::from_chars(text.data(), end, value);
   if (result.ec == std::errc() && result.ptr == end) return value;
-  throw misuse("--skip", "a number of lines", text);
+  throw wrong_value("--skip", "a number of lines", text);
 }
 
 // "dmy" of "dd.mm.yyyy": each letter once.
@@ -114,8 +114,8 @@ DateOrder parse_dates(std::string_view text) {
 Encoding parse_encoding(std::string_view text) {
   const std::optional<Encoding> encoding = encoding_named(text);
   if (encoding) return *encoding;
-  throw misuse("--encoding", "UTF-8, UTF-16LE, UTF-16BE, UTF-32LE, UTF-32BE, cp1252 or Latin-1",
-               text);
+  throw wrong_value("--encoding",
+                    "UTF-8, UTF-16LE, UTF-16BE, UTF-32LE, UTF-32BE, cp1252 or Latin-1", text);
 }
 
 }  // namespace

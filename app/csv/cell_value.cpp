@@ -12,8 +12,6 @@ namespace kurv::app {
 
 namespace {
 
-constexpr double kNoValue = std::numeric_limits<double>::quiet_NaN();
-
 CellValue of_kind(CellKind kind) {
   return {kind, DateKind::kDay, kNoValue, {}};
 }

@@ -24,12 +24,15 @@ enum class CellKind : std::uint8_t {
 };
 inline constexpr int kCellKinds = 8;
 
+// The value of a cell that has none.
+inline constexpr double kNoValue = std::numeric_limits<double>::quiet_NaN();
+
 struct CellValue {
   CellKind kind = CellKind::kMissing;
   // Of a date or time.
   DateKind date = DateKind::kDay;
   // The number; the days since the beginning of 1970, or since midnight; NaN for everything else.
-  double value = std::numeric_limits<double>::quiet_NaN();
+  double value = kNoValue;
   // What is written beside the number, such as "%".
   std::string_view unit = {};
 };

@@ -13,8 +13,6 @@ namespace kurv::app {
 
 namespace {
 
-constexpr std::size_t kNamesInASentence = 10;
-
 std::string quoted(const TableColumns& columns, std::size_t column) {
   return "column " + in_quotes(columns.names()[column]);
 }

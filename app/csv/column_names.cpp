@@ -16,7 +16,7 @@ namespace kurv::app {
 namespace {
 
 // Makes names unique. Keeps the last suffix of each name, so that many duplicates take linear time.
-class Names {
+class UniqueNames {
  public:
   std::string make_unique(const std::string& name) {
     std::string result = name;
@@ -32,7 +32,7 @@ class Names {
 
 ColumnNames names_of_header(const CsvTable& table, const CsvDialect& dialect) {
   ColumnNames result;
-  Names names;
+  UniqueNames names;
   const std::size_t width = table.width(0) + (dialect.first_has_no_name ? 1 : 0);
   for (std::size_t column = 0; column < width; ++column) {
     std::string name = on_one_line(to_utf8(header_text(table, dialect, column)));

@@ -14,8 +14,6 @@ namespace kurv::app {
 
 namespace {
 
-constexpr std::size_t kNamesInASentence = 10;
-
 std::optional<std::size_t> column_number(std::string_view text, std::size_t columns) {
   std::size_t number = 0;
   const char* const end = text.data() + text.size();

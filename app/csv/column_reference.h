@@ -8,6 +8,9 @@
 
 namespace kurv::app {
 
+// A message names at most so many columns.
+inline constexpr std::size_t kNamesInASentence = 10;
+
 // The column of this name, with or without its unit, or of this number, from 1 on. Throws
 // UserError, which begins with `path`, where there is none.
 std::size_t find_column(const std::vector<std::string>& names, const std::string& reference,

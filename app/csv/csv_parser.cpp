@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "app/base/user_error.h"
+#include "app/csv/characters.h"
 #include "app/csv/line_fields.h"
 
 namespace kurv::app {
@@ -16,10 +17,6 @@ namespace {
 
 constexpr bool is_line_end(char c) {
   return c == '\n' || c == '\r';
-}
-
-constexpr bool is_blank(char c) {
-  return c == ' ' || c == '\t';
 }
 
 std::size_t line_ends(std::string_view text) {

@@ -8,6 +8,7 @@
 #include <cmath>
 #include <vector>
 
+#include "app/csv/characters.h"
 #include "app/csv/month_names.h"
 #include "app/csv/time_axis.h"
 
@@ -16,10 +17,6 @@ namespace kurv::app {
 namespace {
 
 namespace chrono = std::chrono;
-
-constexpr bool is_digit(char c) {
-  return c >= '0' && c <= '9';
-}
 
 constexpr bool is_letter(char c) {
   const char lower = to_lower(c);

@@ -11,6 +11,8 @@ namespace kurv::app {
 
 enum class DateKind : std::uint8_t { kMonth, kDay, kInstant, kTimeOfDay };
 
+inline constexpr double kSecondsPerDay = 86400;
+
 struct DateValue {
   // Since the beginning of 1970, in UTC where the text has a zone; of a time of day, since
   // midnight.

@@ -27,7 +27,7 @@ constexpr std::size_t kMostLines = 32000;
 constexpr std::size_t kMostHeld = std::size_t{64} << 10;
 constexpr std::size_t kLongestBeginning = std::size_t{64} << 20;
 
-std::size_t count_lines(std::string_view text) {
+std::size_t count_line_feeds(std::string_view text) {
   return static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n'));
 }
 
@@ -121,7 +121,7 @@ void GrowingTable::read_text(const std::string& text) {
   if (text.empty()) return;
   if (m_reader) return read_rows(text);
   m_beginning += text;
-  m_beginning_lines += count_lines(text);
+  m_beginning_lines += count_line_feeds(text);
   m_is_undecided = true;
   if (!m_options.separator && looks_like_json(m_beginning)) {
     throw UserError(m_name + " is JSON, which is read as a whole; leave out --follow.");
@@ -158,7 +158,7 @@ void GrowingTable::decide(const std::string& text) {
     check_drawable(data, m_options.selection, m_name);
     if (m_rows >= kDecidingRows) {
       const Choice choice = choose_columns(columns, m_options.selection, m_name);
-      parsed.rules.line = 1 + count_lines(text);
+      parsed.rules.line = 1 + count_line_feeds(text);
       m_reader.emplace(columns, choice, data, std::move(parsed.rules), m_name);
     }
     m_data = std::move(data);

@@ -4,24 +4,17 @@
 
 #include <algorithm>
 
+#include "app/csv/characters.h"
 #include "app/csv/table_options.h"
 
 namespace kurv::app {
 
 namespace {
 
-constexpr bool is_digit(char c) {
-  return c >= '0' && c <= '9';
-}
-
 constexpr std::string_view kDigits = "0123456789";
 
-constexpr bool is_letter(char c) {
+constexpr bool is_ascii_letter(char c) {
   return to_lower(c) >= 'a' && to_lower(c) <= 'z';
-}
-
-constexpr bool is_blank(char c) {
-  return c == ' ' || c == '\t';
 }
 
 // Removes the first `length` bytes and the line end after them.
@@ -134,7 +127,7 @@ bool looks_like_value(std::string_view text) {
   const std::size_t first = text.find_first_of(kDigits);
   if (first == text.npos || first > kLongestStart) return false;
   const std::string_view start = text.substr(0, first);
-  if (std::any_of(start.begin(), start.end(), is_letter)) return false;
+  if (std::any_of(start.begin(), start.end(), is_ascii_letter)) return false;
   const std::size_t last = text.find_last_of(kDigits);
   const std::string_view unit = text.substr(last + 1);
   if (unit.size() > kLongestUnit || unit.find_first_of(",;|#_") != unit.npos) return false;

@@ -20,13 +20,13 @@ std::string key(const QString& name) {
   return text.toStdString();
 }
 
-struct Names {
+struct CollectedNames {
   std::map<std::string, unsigned> months;
   std::map<std::string, unsigned> weekdays;
 };
 
-Names collected_names() {
-  Names names;
+CollectedNames collected_names() {
+  CollectedNames names;
   // English last, so that it decides where languages differ.
   const QList<QLocale> locales{QLocale(),           QLocale::German,          QLocale::French,
                                QLocale::Spanish,    QLocale::Italian,         QLocale::Dutch,
@@ -48,8 +48,8 @@ Names collected_names() {
   return names;
 }
 
-const Names& names() {
-  static const Names collected = collected_names();
+const CollectedNames& names() {
+  static const CollectedNames collected = collected_names();
   return collected;
 }
 

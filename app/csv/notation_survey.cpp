@@ -8,16 +8,13 @@
 #include <KurvGraph/text.h>
 
 #include "app/base/message_text.h"
+#include "app/csv/characters.h"
 #include "app/csv/date_text.h"
 #include "app/csv/line_fields.h"
 
 namespace kurv::app {
 
 namespace {
-
-constexpr bool is_digit(char c) {
-  return c >= '0' && c <= '9';
-}
 
 // The kinds of characters in a cell, as bits.
 enum Characters : std::uint8_t {

@@ -7,15 +7,13 @@
 #include <array>
 #include <cstddef>
 
+#include "app/csv/characters.h"
+
 namespace kurv::app {
 
 namespace {
 
 constexpr std::string_view kMinus = "\u2212";
-
-constexpr bool is_digit(char c) {
-  return c >= '0' && c <= '9';
-}
 
 std::size_t thousands_length(std::string_view text, char thousands) {
   if (text.empty() || thousands == '\0') return 0;

@@ -12,7 +12,6 @@ namespace kurv::app {
 
 namespace {
 
-constexpr double kSecondsPerDay = 86400;
 // The beginnings of the years 2000 and 2040.
 constexpr double kFirstSecond = 946684800;
 constexpr double kLastSecond = 2208988800;

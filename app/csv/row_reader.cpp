@@ -6,22 +6,16 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 #include <utility>
 
 #include "app/base/message_text.h"
 #include "app/csv/cell_value.h"
+#include "app/csv/characters.h"
 #include "app/csv/number_pattern.h"
 
 namespace kurv::app {
 
 namespace {
-
-constexpr double kNoValue = std::numeric_limits<double>::quiet_NaN();
-
-bool begins_as_number(std::string_view text) {
-  return !text.empty() && ((text.front() >= '0' && text.front() <= '9') || text.front() == '-');
-}
 
 std::string_view shortened(std::string_view text) {
   constexpr std::size_t kMost = 40;

@@ -11,7 +11,7 @@ namespace kurv::app {
 
 namespace {
 
-constexpr std::size_t kSampleSize = 64 * 1024;
+constexpr std::size_t kSamplePart = 64 * 1024;
 constexpr std::size_t kSampleRows = 100;
 
 using Rows = std::vector<std::string_view>;
@@ -19,8 +19,8 @@ using Rows = std::vector<std::string_view>;
 // Complete rows of the text, at most so many. A row that is cut off is ignored, unless it is
 // the only one. Returns whether these are all.
 bool add_rows(std::string_view text, const std::string& comment, std::size_t most, Rows& rows) {
-  const bool is_cut = text.size() > kSampleSize;
-  text = text.substr(0, kSampleSize);
+  const bool is_cut = text.size() > kSamplePart;
+  text = text.substr(0, kSamplePart);
   std::size_t count = 0;
   while (!text.empty() && count < most) {
     const std::string_view row = take_row(text);
@@ -43,7 +43,7 @@ std::string_view from_line(std::string_view text) {
 // The last ones of the text.
 void add_last_rows(std::string_view text, const std::string& comment, Rows& rows) {
   Rows last;
-  add_rows(from_line(text.substr(text.size() - std::min(text.size(), kSampleSize))), comment,
+  add_rows(from_line(text.substr(text.size() - std::min(text.size(), kSamplePart))), comment,
            text.size(), last);
   const std::size_t kept = std::min(last.size(), kSampleRows);
   rows.insert(rows.end(), last.end() - static_cast<std::ptrdiff_t>(kept), last.end());

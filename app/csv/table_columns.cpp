@@ -4,10 +4,11 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 #include <numeric>
 #include <utility>
 
+#include "app/csv/cell_value.h"
+#include "app/csv/characters.h"
 #include "app/csv/number_pattern.h"
 
 namespace kurv::app {
@@ -19,11 +20,6 @@ constexpr int kMaxKept = 1 + kMaxCurves;
 // Columns that are read in one pass: enough to walk the rows in the order of the memory, few enough
 // that the values of columns which turn out to be words take little of it.
 constexpr std::size_t kColumnsAtOnce = 32;
-constexpr double kNoValue = std::numeric_limits<double>::quiet_NaN();
-
-bool begins_as_number(std::string_view text) {
-  return !text.empty() && ((text.front() >= '0' && text.front() <= '9') || text.front() == '-');
-}
 
 // Empty where the rows come in that order.
 std::vector<std::uint32_t> longest_rows_first(const CsvTable& table, const DataRows& rows) {

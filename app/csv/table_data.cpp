@@ -5,12 +5,13 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 #include <string_view>
 #include <unordered_set>
 
 #include "app/base/message_text.h"
 #include "app/base/user_error.h"
+#include "app/csv/cell_value.h"
+#include "app/csv/column_reference.h"
 #include "app/csv/csv_text.h"
 #include "app/csv/table_file.h"
 #include "app/csv/time_axis.h"
@@ -18,9 +19,6 @@
 namespace kurv::app {
 
 namespace {
-
-constexpr double kNoValue = std::numeric_limits<double>::quiet_NaN();
-constexpr std::size_t kNamesInASentence = 10;
 
 void check_row_count(const DataRows& rows, const std::string& path) {
   if (rows.size() == 0) {

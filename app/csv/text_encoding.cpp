@@ -13,7 +13,7 @@ namespace kurv::app {
 namespace {
 
 // NUL bytes are looked for in the beginning alone, which is enough to tell the encodings apart.
-constexpr std::size_t kSampleSize = 4096;
+constexpr std::size_t kEncodingSample = 4096;
 
 struct Mark {
   std::string_view bytes;
@@ -188,7 +188,7 @@ std::optional<Encoding> encoding_of_beginning(std::string_view bytes) {
     if (bytes.starts_with(mark.bytes)) return mark.encoding;
   }
   if (bytes.find('\0') == std::string_view::npos) return Encoding::kUtf8;
-  const std::string_view sample = bytes.substr(0, kSampleSize);
+  const std::string_view sample = bytes.substr(0, kEncodingSample);
   // NUL bytes by their position among four.
   std::array<std::size_t, 4> nuls{};
   for (std::size_t i = 0; i < sample.size(); ++i) {

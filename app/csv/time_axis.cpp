@@ -11,9 +11,7 @@ namespace {
 
 namespace chrono = std::chrono;
 
-constexpr double kSecondsPerDay = 86400;
-
-chrono::sys_days day_of(double days) {
+chrono::sys_days whole_day(double days) {
   return chrono::sys_days(chrono::days(static_cast<int>(std::floor(days))));
 }
 
@@ -59,7 +57,7 @@ Span span_of(const Column<Double>& days) {
 }
 
 double months_since_year_0(double days) {
-  const chrono::year_month_day date(day_of(days));
+  const chrono::year_month_day date(whole_day(days));
   return static_cast<int>(date.year()) * 12.0 + static_cast<unsigned>(date.month()) - 1;
 }
 
@@ -104,14 +102,14 @@ TimeScale elapsed_scale(double last) {
 }  // namespace
 
 double decimal_year(double days) {
-  const chrono::year year = chrono::year_month_day(day_of(days)).year();
+  const chrono::year year = chrono::year_month_day(whole_day(days)).year();
   const double start = count(chrono::sys_days(year / chrono::January / 1));
   const double end = count(chrono::sys_days((year + chrono::years(1)) / chrono::January / 1));
   return static_cast<int>(year) + (days - start) / (end - start);
 }
 
 std::string iso_date_text(double days) {
-  const chrono::year_month_day date(day_of(days));
+  const chrono::year_month_day date(whole_day(days));
   return padded(static_cast<unsigned>(static_cast<int>(date.year())), 4) + '-' +
          padded(static_cast<unsigned>(date.month()), 2) + '-' +
          padded(static_cast<unsigned>(date.day()), 2);
@@ -128,7 +126,7 @@ std::string iso_instant_text(double days) {
 }
 
 bool within_two_years(double first_days, double last_days) {
-  const chrono::sys_days first = day_of(first_days);
+  const chrono::sys_days first = whole_day(first_days);
   // Two years after the 29th of February is the 1st of March.
   const chrono::sys_days limit(chrono::year_month_day(first) + chrono::years(2));
   return last_days - first_days < static_cast<double>((limit - first).count());

@@ -13,7 +13,7 @@ namespace kurv::app {
 namespace {
 
 // The tables of real files nest a few levels; the parser calls itself for each.
-constexpr int kMaxDepth = 128;
+constexpr int kMaxNesting = 128;
 
 struct SyntaxError {
   std::size_t offset;
@@ -118,7 +118,7 @@ class Parser {
   }
 
   void enter() {
-    if (++m_depth > kMaxDepth) fail("it is nested too deeply");
+    if (++m_depth > kMaxNesting) fail("it is nested too deeply");
     ++m_at;
   }
 

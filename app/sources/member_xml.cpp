@@ -7,7 +7,7 @@ namespace kurv::app {
 namespace {
 
 // Spreadsheets nest about ten elements.
-constexpr int kMaxDepth = 256;
+constexpr int kMaxXmlDepth = 256;
 
 }  // namespace
 
@@ -17,7 +17,7 @@ MemberXml::MemberXml(ZipArchive& archive, const std::string& name)
 bool MemberXml::next() {
   if (m_xml.isEndElement()) --m_depth;
   const QXmlStreamReader::TokenType token = m_xml.readNext();
-  if (token == QXmlStreamReader::StartElement && ++m_depth > kMaxDepth) {
+  if (token == QXmlStreamReader::StartElement && ++m_depth > kMaxXmlDepth) {
     throw damaged_file(m_archive.path(), "its part " + m_name + " is nested too deeply");
   }
   if (token == QXmlStreamReader::EndDocument) return false;

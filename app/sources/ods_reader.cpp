@@ -13,8 +13,8 @@ namespace kurv::app {
 namespace {
 
 // No program has larger sheets; positions count from 0.
-constexpr std::size_t kMaxRows = std::size_t{1} << 24;
-constexpr std::size_t kMaxColumns = 16'384;
+constexpr std::size_t kMaxOdsRows = std::size_t{1} << 24;
+constexpr std::size_t kMaxOdsColumns = 16'384;
 
 struct Cell {
   std::size_t column;
@@ -86,7 +86,7 @@ class OdsReader {
       if (is_beside_the_cells(m_xml)) {
         m_xml.skip_element();
       } else if (m_xml.name() == u"table-row") {
-        const std::size_t count = repetitions(u"number-rows-repeated", kMaxRows + 1);
+        const std::size_t count = repetitions(u"number-rows-repeated", kMaxOdsRows + 1);
         read_row();
         write_row(row, count);
         row += count;
@@ -107,11 +107,11 @@ class OdsReader {
       const bool is_cell = m_xml.name() == u"table-cell";
       // Below a merged cell; what is in there is not shown.
       const bool is_covered = m_xml.name() == u"covered-table-cell";
-      const std::size_t count = repetitions(u"number-columns-repeated", kMaxColumns + 1);
+      const std::size_t count = repetitions(u"number-columns-repeated", kMaxOdsColumns + 1);
       std::string text = is_cell ? read_cell() : std::string();
       if (!is_cell) m_xml.skip_element();
       if (!text.empty()) {
-        if (column + count > kMaxColumns) throw outside_the_sheet();
+        if (column + count > kMaxOdsColumns) throw outside_the_sheet();
         m_cells.push_back({column, count, std::move(text)});
       }
       if (is_cell || is_covered) column += count;
@@ -124,7 +124,7 @@ class OdsReader {
 
   void write_row(std::size_t row, std::size_t count) {
     if (m_cells.empty()) return;
-    if (row + count > kMaxRows) throw outside_the_sheet();
+    if (row + count > kMaxOdsRows) throw outside_the_sheet();
     std::size_t cells = 0;
     for (const Cell& cell : m_cells) cells += cell.count;
     m_result.table.check_size(cells * count);

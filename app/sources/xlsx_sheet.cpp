@@ -13,8 +13,8 @@ namespace kurv::app {
 namespace {
 
 // The size of the largest sheet; positions count from 0.
-constexpr std::size_t kMaxRows = 1'048'576;
-constexpr std::size_t kMaxColumns = 16'384;
+constexpr std::size_t kMaxXlsxRows = 1'048'576;
+constexpr std::size_t kMaxXlsxColumns = 16'384;
 
 struct Position {
   std::size_t row;
@@ -27,11 +27,11 @@ std::optional<Position> position_of(QStringView reference) {
   qsizetype i = 0;
   for (; i < reference.size() && reference[i] >= u'A' && reference[i] <= u'Z'; ++i) {
     column = column * 26 + static_cast<std::size_t>(reference[i].unicode() - u'A') + 1;
-    if (column > kMaxColumns) return std::nullopt;
+    if (column > kMaxXlsxColumns) return std::nullopt;
   }
   bool is_number = false;
   const std::size_t row = reference.mid(i).toULongLong(&is_number);
-  if (column == 0 || !is_number || row == 0 || row > kMaxRows) return std::nullopt;
+  if (column == 0 || !is_number || row == 0 || row > kMaxXlsxRows) return std::nullopt;
   return Position{row - 1, column - 1};
 }
 
@@ -83,7 +83,7 @@ class SheetReader {
   }
 
   void check_position(bool is_position) const {
-    if (is_position && m_position.row < kMaxRows && m_position.column < kMaxColumns) return;
+    if (is_position && m_position.row < kMaxXlsxRows && m_position.column < kMaxXlsxColumns) return;
     throw damaged_file(m_path, "it has a cell outside the sheet");
   }
 

@@ -13,10 +13,6 @@ namespace {
 constexpr std::uint64_t kMaxRatio = 40;
 constexpr std::uint64_t kFreeSize = 100'000'000;
 
-struct CloseFile {
-  void operator()(zip_file_t* file) const { zip_fclose(file); }
-};
-
 }  // namespace
 
 UserError damaged_file(const std::string& path, const std::string& what) {
@@ -48,6 +44,10 @@ class ZipArchive::Member final : public QIODevice {
   qint64 writeData(const char*, qint64) override { return -1; }
 
  private:
+  struct CloseFile {
+    void operator()(zip_file_t* file) const { zip_fclose(file); }
+  };
+
   qint64 fail(const std::string& what) {
     m_archive.m_failure = what;
     return -1;

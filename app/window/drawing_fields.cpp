@@ -19,6 +19,7 @@
 
 #include "app/base/message_text.h"
 #include "app/csv/cell_check.h"
+#include "app/window/named_widget.h"
 
 namespace kurv::app {
 
@@ -28,17 +29,11 @@ constexpr int kRowNumber = -1;
 constexpr const char* kRowNumberText = "Row number";
 
 // A name may be as long as the file.
-QString shown(const std::string& text) {
+QString elided(const std::string& text) {
   constexpr qsizetype kMaxBytes = 200;
   const auto size = static_cast<qsizetype>(text.size());
   const QString result = QString::fromUtf8(text.data(), std::min(size, kMaxBytes));
   return size > kMaxBytes ? result + QChar(0x2026) : result;
-}
-
-template <class Widget>
-Widget* named(const char* name, Widget* widget) {
-  widget->setObjectName(name);
-  return widget;
 }
 
 QLabel* caption(const QString& text, QWidget* buddy) {
@@ -62,11 +57,11 @@ void outline_boxes(QWidget& widget) {
 
 // The name of a column with what there is to know of it: "state (words)".
 QString label_of(ReadTable& read, std::size_t column) {
-  const QString name = shown(read.survey.names[column]);
+  const QString name = elided(read.survey.names[column]);
   const ColumnKind kind = read.survey.kinds[column];
   const std::uint32_t refused = refused_cells(read.columns.survey(column));
   QStringList remarks;
-  if (kind != ColumnKind::kNumbers) remarks << shown(kind_name(kind));
+  if (kind != ColumnKind::kNumbers) remarks << elided(kind_name(kind));
   if (refused > 0) {
     remarks << QString::number(refused) + " not understood";
   }
@@ -171,8 +166,8 @@ void DrawingFields::fill_columns(ReadTable& read) {
   for (std::size_t i = 0; i < m_names.size(); ++i) {
     const ColumnKind kind = read.survey.kinds[i];
     const int column = static_cast<int>(i);
-    if (kind == ColumnKind::kNumbers) m_x->addItem(shown(m_names[i]), column);
-    if (kind == ColumnKind::kDates) m_x->addItem(shown(m_names[i]) + " (dates)", column);
+    if (kind == ColumnKind::kNumbers) m_x->addItem(elided(m_names[i]), column);
+    if (kind == ColumnKind::kDates) m_x->addItem(elided(m_names[i]) + " (dates)", column);
     const bool drawable = kind == ColumnKind::kNumbers;
     auto* const item = new QListWidgetItem(label_of(read, i), m_curves);
     item->setData(Qt::UserRole, column);

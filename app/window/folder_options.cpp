@@ -10,7 +10,7 @@ namespace kurv::app {
 namespace {
 
 constexpr int kMaxFolders = 100;
-constexpr const char* kKey = "tables/folders";
+constexpr const char* kFoldersKey = "tables/folders";
 
 using Pairs = QList<std::pair<QByteArray, QByteArray>>;
 
@@ -129,7 +129,7 @@ void set_option(TableOptions& options, const QByteArray& name, const QByteArray&
 
 QStringList FolderOptions::entries() const {
   const QSettings settings(m_place, QSettings::IniFormat);
-  return settings.value(kKey).toStringList();
+  return settings.value(kFoldersKey).toStringList();
 }
 
 TableOptions FolderOptions::options_for(const std::string& table_path) const {
@@ -157,7 +157,7 @@ void FolderOptions::remember(const std::string& table_path, const TableOptions& 
   while (all.size() > kMaxFolders) all.removeLast();
   if (all == before) return;
   QSettings settings(m_place, QSettings::IniFormat);
-  settings.setValue(kKey, all);
+  settings.setValue(kFoldersKey, all);
 }
 
 }  // namespace kurv::app

@@ -22,6 +22,7 @@
 #include "app/window/drawing_fields.h"
 #include "app/window/folder_options.h"
 #include "app/window/import_views.h"
+#include "app/window/named_widget.h"
 #include "app/window/picture_preview.h"
 #include "app/window/table_option_fields.h"
 #include "app/window/table_option_texts.h"
@@ -35,18 +36,12 @@ namespace {
 constexpr int kEvaluationDelay = 100;  // ms
 constexpr int kReadingDelay = 250;     // ms
 
-QString shown(const std::string& text) {
+QString qt_text(const std::string& text) {
   return QString::fromStdString(text);
 }
 
 QString shown_name(const std::filesystem::path& name) {
-  return shown(on_one_line(to_utf8(name.string())));
-}
-
-template <class Widget>
-Widget* named(const char* name, Widget* widget) {
-  widget->setObjectName(name);
-  return widget;
+  return qt_text(on_one_line(to_utf8(name.string())));
 }
 
 QString counted(int count, const QString& what) {
@@ -54,7 +49,7 @@ QString counted(int count, const QString& what) {
 }
 
 QString sentence_of(const std::string& text) {
-  return capitalised(shown(in_dialog_words(text)));
+  return capitalised(qt_text(in_dialog_words(text)));
 }
 
 QLabel* plain_label(const char* name) {
@@ -228,7 +223,7 @@ void ImportDialog::show_table(const QString& failure) {
   m_views->show_table(m_read.get(), m_reader.beginning(encoding));
   m_options->show_meaning(m_reader, m_read.get());
   m_drawing->show_table(m_read.get());
-  m_dialect->setText(m_read ? shown(description(m_read->survey.dialect, m_read->table.source()))
+  m_dialect->setText(m_read ? qt_text(description(m_read->survey.dialect, m_read->table.source()))
                             : QString());
 }
 

@@ -17,13 +17,13 @@ namespace {
 
 // A line may be as long as the file.
 constexpr qsizetype kMaxCharacters = 500;
-constexpr std::size_t kMaxBytes = 2000;
+constexpr std::size_t kMaxLineBytes = 2000;
 
 // Tabs can be seen, and other control characters do no harm.
 QString visible(std::string_view line) {
   constexpr qsizetype kTab = 8;
   const QString text =
-      QString::fromUtf8(line.data(), static_cast<qsizetype>(std::min(line.size(), kMaxBytes)));
+      QString::fromUtf8(line.data(), static_cast<qsizetype>(std::min(line.size(), kMaxLineBytes)));
   QString result;
   for (const QChar c : text) {
     if (result.size() >= kMaxCharacters) return result + QChar(0x2026);
@@ -34,7 +34,7 @@ QString visible(std::string_view line) {
       result += c.category() == QChar::Other_Control ? QChar(u' ') : c;
     }
   }
-  return line.size() > kMaxBytes ? result + QChar(0x2026) : result;
+  return line.size() > kMaxLineBytes ? result + QChar(0x2026) : result;
 }
 
 // The lines of rows that were read and are not drawn.

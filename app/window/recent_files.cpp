@@ -11,7 +11,7 @@ namespace kurv::app {
 namespace {
 
 constexpr std::size_t kMaxFiles = 10;
-constexpr const char* kKey = "recent/files";
+constexpr const char* kFilesKey = "recent/files";
 
 // A name may hold any bytes, and the list is text, so the names are percent-encoded.
 QString as_text(const std::string& path) {
@@ -38,7 +38,7 @@ QString recent_files_place() {
 std::vector<std::string> RecentFiles::paths() const {
   const QSettings settings(m_place, QSettings::IniFormat);
   std::vector<std::string> result;
-  for (const QString& text : settings.value(kKey).toStringList()) {
+  for (const QString& text : settings.value(kFilesKey).toStringList()) {
     const std::string path = as_path(text);
     const bool known = std::find(result.begin(), result.end(), path) != result.end();
     // The file may have been edited.
@@ -71,7 +71,7 @@ void RecentFiles::store(const std::vector<std::string>& paths) {
   QStringList texts;
   for (const std::string& path : paths) texts << as_text(path);
   QSettings settings(m_place, QSettings::IniFormat);
-  settings.setValue(kKey, texts);
+  settings.setValue(kFilesKey, texts);
 }
 
 }  // namespace kurv::app

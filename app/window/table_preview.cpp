@@ -13,12 +13,12 @@ namespace kurv::app {
 namespace {
 
 // One field may be as large as the file.
-constexpr std::size_t kMaxBytes = 200;
+constexpr std::size_t kMaxFieldBytes = 200;
 // A name must not fill the view.
 constexpr qsizetype kMaxName = 24;
 
-QString shown(std::string_view text) {
-  return QString::fromStdString(on_one_line(to_utf8(text.substr(0, kMaxBytes))));
+QString one_line(std::string_view text) {
+  return QString::fromStdString(on_one_line(to_utf8(text.substr(0, kMaxFieldBytes))));
 }
 
 QString shortened(const QString& name) {
@@ -44,7 +44,7 @@ QVariant TablePreview::data(const QModelIndex& index, int role) const {
   }
   const std::string_view text =
       m_read.table.cell(m_rows.row(static_cast<std::size_t>(index.row())), column);
-  if (role == Qt::DisplayRole) return shown(text);
+  if (role == Qt::DisplayRole) return one_line(text);
   const bool is_remark = role == Qt::ToolTipRole || role == Qt::AccessibleDescriptionRole;
   if (role != Qt::BackgroundRole && !is_remark) return {};
   return missing_or_refused(text, column, role);
@@ -59,17 +59,17 @@ QVariant TablePreview::missing_or_refused(std::string_view text, std::size_t col
   const std::string_view refusal = refusal_of(cell, m_read.columns.survey(column));
   if (refusal.empty()) return {};
   if (role == Qt::BackgroundRole) return refused_cell();
-  return shown(refusal) + ": counts as missing";
+  return one_line(refusal) + ": counts as missing";
 }
 
 QVariant TablePreview::headerData(int section, Qt::Orientation orientation, int role) const {
   if (orientation == Qt::Vertical) return role == Qt::DisplayRole ? section + 1 : QVariant();
   const auto column = static_cast<std::size_t>(section);
-  const QString name = shown(m_read.survey.names[column]);
+  const QString name = one_line(m_read.survey.names[column]);
   if (role == Qt::ToolTipRole) return name.toHtmlEscaped();
   if (role != Qt::DisplayRole) return {};
-  const QString unit = shown(m_read.columns.unit(column));
-  const QString kind = shown(kind_name(m_read.survey.kinds[column]));
+  const QString unit = one_line(m_read.columns.unit(column));
+  const QString kind = one_line(kind_name(m_read.survey.kinds[column]));
   return shortened(name) + '\n' + kind + (unit.isEmpty() ? "" : ", " + shortened(unit));
 }
 

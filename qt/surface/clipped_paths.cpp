@@ -21,7 +21,7 @@ struct ArcSweep {
   bool is_circle() const { return sweep >= kFullTurn; }
 };
 
-raster::Point to_point(SurfacePoint point) {
+raster::Point finite_point(SurfacePoint point) {
   return raster::finite(raster::Point{point.x, point.y});
 }
 
@@ -112,8 +112,8 @@ void add_arc_path(QPainterPath& path, const QRectF& page, raster::Point centre, 
 
 void add_clipped_segment(QPainterPath& path, const QRectF& page, SurfacePoint from,
                          SurfacePoint to) {
-  const raster::Point first = to_point(from);
-  const raster::Point last = to_point(to);
+  const raster::Point first = finite_point(from);
+  const raster::Point last = finite_point(to);
   if (raster::has_nan(first) || raster::has_nan(last)) return;
   const raster::Box box{{page.left(), page.top()}, {page.right(), page.bottom()}};
   const std::optional<raster::ClippedSegment> part = raster::clip_segment(first, last, box);
@@ -122,21 +122,21 @@ void add_clipped_segment(QPainterPath& path, const QRectF& page, SurfacePoint fr
 
 void add_clipped_circle(QPainterPath& path, const QRectF& page, SurfacePoint centre,
                         Single radius) {
-  const raster::Point middle = to_point(centre);
+  const raster::Point middle = finite_point(centre);
   if (raster::has_nan(middle) || !(radius >= 0)) return;
   if (radius == 0) return add_clipped_segment(path, page, centre, centre);
-  add_arc_path(path, page, middle, to_point({radius, 0}).x, {0, kFullTurn});
+  add_arc_path(path, page, middle, finite_point({radius, 0}).x, {0, kFullTurn});
 }
 
 void add_clipped_arc(QPainterPath& path, const QRectF& page, SurfacePoint centre, Single radius,
                      Single start, Single end) {
-  const raster::Point angles = to_point({start, end});
+  const raster::Point angles = finite_point({start, end});
   if (raster::has_nan(angles)) return;
   const ArcSweep arc{std::fmod(double(angles.x), kFullTurn), raster::sweep_of(angles.x, angles.y)};
   if (!(radius > 0) || arc.is_circle()) return add_clipped_circle(path, page, centre, radius);
-  const raster::Point middle = to_point(centre);
+  const raster::Point middle = finite_point(centre);
   if (raster::has_nan(middle)) return;
-  const Single finite_radius = to_point({radius, 0}).x;
+  const Single finite_radius = finite_point({radius, 0}).x;
   // A very short arc is a dot.
   if (arc.sweep * finite_radius < kDotLength) {
     const SurfacePoint dot{static_cast<Single>(middle.x + finite_radius * std::cos(arc.start)),
@@ -147,8 +147,8 @@ void add_clipped_arc(QPainterPath& path, const QRectF& page, SurfacePoint centre
 }
 
 std::optional<QRectF> clipped_box(const QRectF& page, SurfacePoint a, SurfacePoint b) {
-  const raster::Point first = to_point(a);
-  const raster::Point last = to_point(b);
+  const raster::Point first = finite_point(a);
+  const raster::Point last = finite_point(b);
   if (raster::has_nan(first) || raster::has_nan(last)) return std::nullopt;
   const QPointF low(std::max<double>(std::min(first.x, last.x), page.left()),
                     std::max<double>(std::min(first.y, last.y), page.top()));

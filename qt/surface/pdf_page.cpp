@@ -9,16 +9,14 @@
 #include <cmath>
 
 #include "model/palette.h"
+#include "pixels/resolution.h"
 #include "qt/surface/vector_page.h"
 
 namespace kurv {
 
 namespace {
 
-constexpr int kTwipsPerInch = 1440;
-constexpr double kTwipsPerPoint = 20;
-
-QColor colour_of(int index) {
+QColor painter_colour(int index) {
   return QColor::fromRgb(palette_rgb(index));
 }
 
@@ -44,21 +42,21 @@ class PdfPage final : public VectorPage {
 
   void stroke(const QPainterPath& path, int colour, double pen_width, Style style) override {
     const bool is_round = style == Style::kRound;
-    m_painter.strokePath(path, QPen(colour_of(colour), pen_width, Qt::SolidLine,
+    m_painter.strokePath(path, QPen(painter_colour(colour), pen_width, Qt::SolidLine,
                                     is_round ? Qt::RoundCap : Qt::SquareCap,
                                     is_round ? Qt::RoundJoin : Qt::MiterJoin));
   }
 
   // PDF has no equivalent of the style: viewers snap rectangles to pixels as they choose.
   void fill(const QRectF& rect, int colour, Style) override {
-    m_painter.fillRect(rect, colour_of(colour));
+    m_painter.fillRect(rect, painter_colour(colour));
   }
 
   void print(const PlacedPiece& piece, const TextLayout& layout, int colour) override {
     const double scale = layout.twips_per_font_pixel();
     m_painter.save();
     m_painter.setFont(layout.font());
-    m_painter.setPen(colour_of(colour));
+    m_painter.setPen(painter_colour(colour));
     m_painter.translate(piece.left, piece.baseline);
     m_painter.scale(scale, scale);
     m_painter.drawText(QPointF(0, 0), piece.text);

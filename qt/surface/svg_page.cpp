@@ -35,7 +35,7 @@ QString number(double twips) {
   return QString::fromLatin1(text);
 }
 
-QString colour_of(int index) {
+QString hex_colour(int index) {
   return u'#' + QString::number(0x1000000 | palette_rgb(index), 16).mid(1);
 }
 
@@ -179,7 +179,7 @@ class SvgPage final : public VectorPage {
 
   void stroke(const QPainterPath& path, int colour, double pen_width, Style style) override {
     begin("path");
-    attribute("stroke", colour_of(colour));
+    attribute("stroke", hex_colour(colour));
     attribute("stroke-width", number(pen_width));
     if (style != Style::kRound) {
       attribute("stroke-linecap", QStringLiteral("square"));
@@ -191,7 +191,7 @@ class SvgPage final : public VectorPage {
 
   void fill(const QRectF& rect, int colour, Style style) override {
     begin("rect");
-    attribute("fill", colour_of(colour));
+    attribute("fill", hex_colour(colour));
     make_crisp(style);
     attribute("x", number(rect.x()));
     attribute("y", number(rect.y()));
@@ -207,7 +207,7 @@ class SvgPage final : public VectorPage {
     m_xml.writeStartElement(QStringLiteral("text"));
     attribute("x", number(piece.left));
     attribute("y", number(piece.baseline));
-    attribute("fill", colour_of(colour));
+    attribute("fill", hex_colour(colour));
     // Viewers that cannot parse a list of families ignore the style and use the attributes.
     const QString size = number(font.pixelSize() * layout.twips_per_font_pixel());
     attribute("font-family", quoted(font.families().constFirst()));

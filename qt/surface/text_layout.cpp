@@ -7,12 +7,11 @@
 #include <cmath>
 #include <limits>
 
+#include "pixels/resolution.h"
 #include "pixels/text_lines.h"
 
 namespace kurv {
 namespace {
-
-constexpr double kTwipsPerPoint = 20;
 
 double size_in_twips(const Font& font) {
   return kTwipsPerPoint * (font.FontSize > 0 ? std::min<double>(font.FontSize, 1638) : 8);

@@ -17,7 +17,7 @@ namespace kurv {
 namespace {
 
 // The colour of the lines in the files.
-constexpr const char* kInk = "#000000";
+constexpr const char* kIconInk = "#000000";
 
 class LineIcon final : public QIconEngine {
  public:
@@ -27,7 +27,7 @@ class LineIcon final : public QIconEngine {
   void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State) override {
     const auto group = mode == QIcon::Disabled ? QPalette::Disabled : QPalette::Active;
     QByteArray drawing = m_drawing;
-    drawing.replace(kInk, m_palette.color(group, QPalette::ButtonText).name().toLatin1());
+    drawing.replace(kIconInk, m_palette.color(group, QPalette::ButtonText).name().toLatin1());
     QSvgRenderer(drawing).render(painter, rect);
   }
 

@@ -8,7 +8,7 @@ namespace kurv {
 
 namespace {
 
-struct Entry {
+struct MenuEntry {
   const char* name;
   const char* text;  // null: a separator
   PlotCommand command;
@@ -44,9 +44,9 @@ void add_derived_curve(Control& control) {
   control.add_derived_curve();
 }
 
-constexpr Entry kSeparator{nullptr, nullptr, nullptr};
+constexpr MenuEntry kSeparator{nullptr, nullptr, nullptr};
 // No mnemonic is used twice.
-constexpr Entry kEntries[] = {
+constexpr MenuEntry kMenuEntries[] = {
     {"mnuCurves", "&Curves and Functions…", curves},
     {"mnuTitles", "Titles and F&onts…", titles},
     {"mnuAxes", "Ax&es…", open_editor_of<Region::kXLabels>},
@@ -76,7 +76,7 @@ QMenu* new_plot_menu(QWidget& owner, bool can_derive, const std::function<void(P
   menu->setObjectName(QStringLiteral("mnuPlot"));
   menu->setAccessibleName(QStringLiteral("Graph"));
   menu->setAttribute(Qt::WA_DeleteOnClose);
-  for (const Entry& entry : kEntries) {
+  for (const MenuEntry& entry : kMenuEntries) {
     if (!entry.text) {
       menu->addSeparator();
       continue;

@@ -9,7 +9,7 @@ namespace kurv {
 namespace {
 
 // The picture is white on every desktop, and so the ink does not follow the palette.
-constexpr QRgb kInk = 0xFF003C8C;
+constexpr QRgb kOutlineInk = 0xFF003C8C;
 
 // Logical pixels; whole ones, so that the lines are crisp.
 constexpr int kFocusWidth = 2;
@@ -28,7 +28,7 @@ void outline(QPainter& painter, const QRect& rect, int width, Qt::PenStyle style
   pen.setJoinStyle(Qt::MiterJoin);
   painter.setPen(pen);
   painter.drawRect(rect);
-  pen.setColor(QColor::fromRgb(kInk));
+  pen.setColor(QColor::fromRgb(kOutlineInk));
   pen.setStyle(style);
   pen.setCapStyle(Qt::FlatCap);
   painter.setPen(pen);

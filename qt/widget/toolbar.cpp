@@ -13,13 +13,13 @@ namespace kurv {
 
 namespace {
 
-struct Entry {
+struct ToolbarEntry {
   const char* key;
   const char* tip;
   const char* image;  // null: a divider
 };
 
-constexpr Entry kEntries[] = {
+constexpr ToolbarEntry kEntries[] = {
     {"refresh", "Refresh", "refresh"}, {"save", "Save", "save"},
     {"saveas", "Save As", "saveas"},   {"open", "Open", "open"},
     {"print", "Print", "print"},       {"copy", "Copy", "copy"},
@@ -60,7 +60,7 @@ Toolbar::Toolbar(const std::function<void(const QString&)>& press, QWidget* pare
   setAccessibleName(QStringLiteral("Graph"));
   setMovable(false);
   setFloatable(false);
-  for (const Entry& entry : kEntries) {
+  for (const ToolbarEntry& entry : kEntries) {
     if (entry.image) {
       add_button(QLatin1String(entry.key), QLatin1String(entry.tip), QLatin1String(entry.image));
     } else {
