@@ -3,9 +3,14 @@
 # the modules alone. A module is a folder, and its target is named after it: qt/surface is
 # kurv_qt_surface.
 #
-#   kurv_module(SOURCES file... [LINKS target...])
+# With CMAKE_UNITY_BUILD, as in the preset release, all sources of a module are compiled as one, which
+# takes less than half the time: nearly all of it goes into the same headers. So no name may be
+# in the unnamed namespaces of two sources of a module; tests/architecture checks that. HOT_LOOPS keeps
+# the sources apart: a compiler decides anew what to inline when it sees more of the module.
+#
+#   kurv_module([HOT_LOOPS] SOURCES file... [LINKS target...])
 function(kurv_module)
-  cmake_parse_arguments(module "" "" "SOURCES;LINKS" ${ARGN})
+  cmake_parse_arguments(module "HOT_LOOPS" "" "SOURCES;LINKS" ${ARGN})
   file(RELATIVE_PATH folder "${KurvGraph_SOURCE_DIR}" "${CMAKE_CURRENT_SOURCE_DIR}")
   string(REPLACE "/" "_" name "kurv_${folder}")
   add_library(${name} STATIC ${module_SOURCES})
@@ -20,6 +25,9 @@ function(kurv_module)
     VISIBILITY_INLINES_HIDDEN ON)
   # g++ may inline exported functions within a source as it does hidden ones.
   target_compile_options(${name} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-fno-semantic-interposition>)
+  if(module_HOT_LOOPS)
+    set_target_properties(${name} PROPERTIES UNITY_BUILD OFF)
+  endif()
 endfunction()
 
 # Language level and warnings; also for programs and tests. Warnings are for those who work on this
