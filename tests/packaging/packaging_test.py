@@ -46,6 +46,10 @@ def is_shared():
     return bool(list(library_folder().glob("libkurvgraph.so")))
 
 
+def has_pixels():
+    return bool(list(library_folder().glob("libkurvgraph-pixels.*")))
+
+
 def new_folder(name):
     folder = settings.work / name
     shutil.rmtree(folder, ignore_errors=True)
@@ -136,6 +140,8 @@ def test_find_package():
 
 def check_pixels():
     """The host of the page for the core, with Pixels in the place of Core."""
+    if not has_pixels():
+        return
     folder = new_folder("hosts/find_package/pixels")
     shutil.copy(settings.source / "examples/without_qt_picture/main.cpp", folder / "core.cpp")
     text = snippets()["find_package/core/CMakeLists.txt"].replace("Core", "Pixels")
@@ -197,10 +203,12 @@ def test_static():
     folder = new_folder("static")
     run(settings.cmake, "-S", settings.source, "-B", folder / "build", "-G", settings.generator,
         f"-DCMAKE_CXX_COMPILER={settings.compiler}", "-DBUILD_SHARED_LIBS=OFF",
-        "-DKURV_PROGRAM=OFF", "-DKURV_TESTS=OFF")
+        "-DKURV_PROGRAM=OFF", "-DKURV_TESTS=OFF", f"-DKURV_PIXELS={has_pixels()}")
     required = {"kurvgraph": {"Qt6Gui", "Qt6PrintSupport", "Qt6Svg", "Qt6Widgets"},
                 "kurvgraph-core": set(),
                 "kurvgraph-pixels": {"fontconfig", "freetype2", "harfbuzz", "libpng"}}
+    if not has_pixels():
+        del required["kurvgraph-pixels"]
     for name, packages in required.items():
         text = (folder / f"build/{name}.pc").read_text()
         line = re.search(r"^Requires:(.*)$", text, re.MULTILINE)[1]
@@ -221,6 +229,7 @@ def test_core_alone():
     folder = write_host("find_package", "core")
     configure(folder, f"-DCMAKE_PREFIX_PATH={moved()}")
     check_core(build(folder, "core"))
+    check_pixels()
 
 
 def test_boundary():
@@ -248,7 +257,7 @@ def test_headers():
 
 
 def test_symbols():
-    if not is_shared():
+    if not is_shared() or not has_pixels():
         return
     headers = moved() / "include/KurvGraph"
     exported = {}
@@ -301,6 +310,8 @@ def test_recipes():
         for option in re.findall(r"KURV_[A-Z]+", text):
             expect(f"({option} " in project, f"there is no option {option}")
     for library in re.findall(r'libs = \["(.+?)"\]', recipe):
+        if library == "kurvgraph-pixels" and not has_pixels():
+            continue
         expect(list(library_folder().glob(f"lib{library}.*")), f"no library {library} is installed")
 
 
