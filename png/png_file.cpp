@@ -69,7 +69,7 @@ void write_rows(png_structp png, const PixelView& picture, png_byte* row) {
 
 // Returns whether it succeeded. The library leaves by a jump where it fails, so nothing here has a
 // destructor.
-bool write(const PixelView& picture, png_byte* row, Sink& sink) {
+bool write_png(const PixelView& picture, png_byte* row, Sink& sink) {
   png_structp png = png_create_write_struct(PNG_LIBPNG_VER_STRING, nullptr, fail, ignore);
   if (!png) return false;
   png_infop info = png_create_info_struct(png);
@@ -94,7 +94,7 @@ String png_bytes(const PixelView& picture) {
   String row(static_cast<std::size_t>(picture.width) * 3, '\0');
   String bytes(largest_file(picture), '\0');
   Sink sink{bytes.data(), bytes.size(), 0};
-  if (!write(picture, reinterpret_cast<png_byte*>(row.data()), sink)) {
+  if (!write_png(picture, reinterpret_cast<png_byte*>(row.data()), sink)) {
     throw Fault(FaultKind::kOutOfMemory);
   }
   bytes.resize(sink.size);

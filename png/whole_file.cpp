@@ -30,7 +30,7 @@ NewFile new_file_in(const fs::path& folder) {
   }
 }
 
-bool write(NewFile& target, std::string_view bytes) {
+bool write_bytes(NewFile& target, std::string_view bytes) {
   const bool is_written =
       std::fwrite(bytes.data(), 1, bytes.size(), target.file.get()) == bytes.size();
   const int error = errno;
@@ -60,7 +60,7 @@ void write_whole_file(const String& path, std::string_view bytes) {
   NewFile made = new_file_in(target.parent_path());
   if (!made.file) throw FileFault(open_fault(target.string()).kind(), path);
   std::error_code error;
-  if (!write(made, bytes)) {
+  if (!write_bytes(made, bytes)) {
     const FaultKind kind = transfer_fault().kind();
     fs::remove(made.path, error);
     throw FileFault(kind, path);
