@@ -20,8 +20,8 @@ double size_in_twips(const Font& font) {
 }
 
 int layout_size(double twips) {
-  constexpr int kMaxPixelSize = 8000;
-  return std::clamp(static_cast<int>(std::lround(twips)), 1, kMaxPixelSize);
+  constexpr int kLargestSize = 8000;
+  return std::clamp(static_cast<int>(std::lround(twips)), 1, kLargestSize);
 }
 
 }  // namespace

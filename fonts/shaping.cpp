@@ -93,16 +93,18 @@ void put_in_visual_order(std::vector<Run>& runs) {
 }
 
 void append_run(ShapedPiece& piece, const Run& run, int pixel_size, hb_buffer_t* shaped) {
-  constexpr double kUnit = 64;
+  constexpr double kUnitsPerPixel = 64;
   unsigned count = 0;
   const hb_glyph_info_t* const infos = hb_buffer_get_glyph_infos(shaped, &count);
   const hb_glyph_position_t* const positions = hb_buffer_get_glyph_positions(shaped, &count);
   const int bold_advance = run.face.synthesis.bold ? FontFace::bold_advance(pixel_size) : 0;
   for (unsigned i = 0; i < count; ++i) {
     const hb_glyph_position_t& position = positions[i];
-    piece.glyphs.push_back({run.face, infos[i].codepoint, piece.width + position.x_offset / kUnit,
-                            -position.y_offset / kUnit});
-    piece.width += (position.x_advance + (position.x_advance > 0 ? bold_advance : 0)) / kUnit;
+    piece.glyphs.push_back({run.face, infos[i].codepoint,
+                            piece.width + position.x_offset / kUnitsPerPixel,
+                            -position.y_offset / kUnitsPerPixel});
+    piece.width +=
+        (position.x_advance + (position.x_advance > 0 ? bold_advance : 0)) / kUnitsPerPixel;
   }
 }
 
