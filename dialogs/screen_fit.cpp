@@ -7,10 +7,12 @@
 #include <QScreen>
 #include <QTextDocument>
 #include <QTextEdit>
+#include <QTimer>
 #include <QVBoxLayout>
 #include <QWindow>
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace kurv {
 
@@ -37,7 +39,8 @@ QPoint moved_into(const QRect& area, const QRect& window) {
           std::max(area.y(), std::min(window.y(), bottom))};
 }
 
-// A filter of the window's events that lives until the frame is known.
+// A filter of the window's events that lives until the window manager has put a frame around the
+// window and left it in its place, which it may change a little later than the frame.
 class FrameWatch final : public QObject {
  public:
   explicit FrameWatch(QWidget& window) : QObject(&window), m_window(window) {
@@ -50,7 +53,7 @@ class FrameWatch final : public QObject {
                                  event->type() == QEvent::Resize ||
                                  event->type() == QEvent::WindowActivate;
     if (may_bring_frame && !known_frame(m_window).isNull()) {
-      fit_for_the_last_time();
+      fit_soon();
     } else if (is_shown) {
       fit();
     }
@@ -58,21 +61,20 @@ class FrameWatch final : public QObject {
   }
 
  private:
+  static constexpr int kSettlingTime = 500;  // ms
+
   void fit() { resize_on_screen(m_window, m_window.size()); }
 
   // Queued, because the window is still handling the event.
-  void fit_for_the_last_time() {
-    m_window.removeEventFilter(this);
+  void fit_soon() {
+    if (!std::exchange(m_has_frame, true))
+      QTimer::singleShot(kSettlingTime, this, &QObject::deleteLater);
     QMetaObject::invokeMethod(
-        this,
-        [this] {
-          fit();
-          deleteLater();
-        },
-        Qt::QueuedConnection);
+        this, [this] { fit(); }, Qt::QueuedConnection);
   }
 
   QWidget& m_window;
+  bool m_has_frame = false;
 };
 
 class Scroller final : public QScrollArea {

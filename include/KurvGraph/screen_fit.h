@@ -13,7 +13,7 @@ namespace kurv {
 // To be called before the window is shown: where it is too large for its screen when it is shown,
 // it becomes as large as fits, and is moved where it extends beyond the screen. The size of the
 // frame is known only when the window manager has put it around the window; the window is fitted
-// again then. After that its size is the user's. A window of a fixed size keeps it.
+// again then and for half a second. After that its size is the user's. One of fixed size keeps it.
 KURV_EXPORT void fit_to_screen(QWidget& window);
 
 // Resizes the window to `wanted`, or as close to it as its screen allows. A visible window is moved
