@@ -38,7 +38,9 @@ void WidgetGraph::watch() {
   });
   QObject::connect(m_widget, &QObject::destroyed, [own] {
     const auto graph = std::static_pointer_cast<WidgetGraph>(take_graph(own));
-    if (graph) graph->notify("destroyed", KURV_DESTROYED);
+    if (!graph) return;
+    graph->m_widget.clear();
+    graph->notify("destroyed", KURV_DESTROYED);
   });
 }
 
