@@ -31,7 +31,8 @@ const std::vector<std::vector<std::string>> kLayers = {
     {"expr", "io", "raster", "render"},
     {"control", "pixels"},
     {"dialogs", "fonts", "png", "qt/surface"},
-    {"qt/widget"},
+    {"bindings/c", "qt/widget"},
+    {"bindings/widget"},
     {"app/base", "examples/headless", "examples/late_binding", "examples/minimal",
      "examples/own_container", "examples/own_shell", "examples/without_qt_picture"},
     {"app/sources"},
@@ -149,7 +150,8 @@ bool is_host(const Source& source) {
 }
 
 bool may_know_the_toolkit(const Source& source) {
-  return source.module == "dialogs" || source.module.starts_with("qt/") || is_host(source);
+  return source.module == "dialogs" || source.module == "bindings/widget" ||
+         source.module.starts_with("qt/") || is_host(source);
 }
 
 TEST(Architecture, EverySourceIsInAModule) {
@@ -256,10 +258,12 @@ TEST(Architecture, ToolkitStaysInItsModules) {
   }
 }
 
-// Each of the two modules that a bare core is built without knows its own libraries.
+// Each of the two modules that a bare core is built without knows its own libraries, and the
+// headers for C include those of C.
 TEST(Architecture, CoreUsesTheStandardLibraryAlone) {
   const std::regex foreign(R"(<[^>]*(/|\.h).*)");
   const std::map<std::string, std::set<std::string>> known = {
+      {"bindings/c", {"<stddef.h", "<stdint.h"}},
       {"fonts", {"<fontconfig/fontconfig.h", "<ft2build.h", "<hb-ot.h", "<hb.h"}},
       {"png", {"<png.h"}},
   };
@@ -290,11 +294,11 @@ TEST(Architecture, NumbersAndTextsDependOnNoLocale) {
 }
 
 // Faults pass through the library to its caller. They are caught only where there is no caller to
-// pass them to: in a destructor, and in the widget and the program, which are called by the
-// toolkit's event loop and by the user.
+// pass them to: in a destructor, and in the widget, the program and the functions for C, which are
+// called by the toolkit's event loop, by the user and by other languages.
 TEST(Architecture, OnlyTheOuterEdgesCatch) {
   for (const Source& source : sources()) {
-    if (is_host(source) || source.module == "qt/widget") continue;
+    if (is_host(source) || source.module == "qt/widget" || source.module == "bindings/c") continue;
     std::string text = source.text;
     static const std::regex kDestructor(R"(\w+::~\w+\(\) \{[\s\S]*?\n\})");
     text = std::regex_replace(text, kDestructor, "");

@@ -19,16 +19,17 @@ def exported(library):
 
 
 def foreign_names(archive):
-    """The external names of its objects that are not in namespace kurv and do not contain its name."""
+    """The external names of its objects that are not in namespace kurv, do not begin like the functions
+    for C and do not contain the library's name."""
     listing = subprocess.run(["nm", "--demangle", "--defined-only", "--extern-only", str(archive)],
                              capture_output=True, text=True, check=True).stdout
     strong = re.findall(r"^[0-9a-f]+ [TDBRC] (.+)$", listing, re.MULTILINE)
-    return [name for name in strong if not name_of(name).startswith("kurv::")
+    return [name for name in strong if not name_of(name).startswith(("kurv::", "kurv_"))
             and "kurvgraph" not in name]
 
 
 def declared(headers):
-    """The names of the classes, and of the functions in namespace kurv, that the headers export."""
+    """The names of the classes and functions that the headers export."""
     pattern = r"^(?:class KURV_EXPORT (\w+)|(?:\[\[nodiscard\]\] )?KURV_EXPORT [^(;]*?(\w+)\()"
     names = set()
     for header in sorted(headers.glob("*.h")):
@@ -53,6 +54,8 @@ def read(library, headers):
         parts = name_of(symbol).split("::")
         if parts[0] == "kurv" and len(parts) <= 3 and parts[1] in names:
             found.add(parts[1])
+        elif symbol.startswith("kurv_") and symbol in names:
+            found.add(symbol)
         else:
             foreign.append(symbol)
     return found, foreign

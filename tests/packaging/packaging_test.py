@@ -205,10 +205,10 @@ def test_static():
         f"-DCMAKE_CXX_COMPILER={settings.compiler}", "-DBUILD_SHARED_LIBS=OFF",
         "-DKURV_PROGRAM=OFF", "-DKURV_TESTS=OFF", f"-DKURV_PIXELS={has_pixels()}")
     required = {"kurvgraph": {"Qt6Gui", "Qt6PrintSupport", "Qt6Svg", "Qt6Widgets"},
-                "kurvgraph-core": set(),
-                "kurvgraph-pixels": {"fontconfig", "freetype2", "harfbuzz", "libpng"}}
-    if not has_pixels():
-        del required["kurvgraph-pixels"]
+                "kurvgraph-core": set()}
+    if has_pixels():
+        required["kurvgraph-pixels"] = {"fontconfig", "freetype2", "harfbuzz", "libpng"}
+        required["kurvgraph"] |= required["kurvgraph-pixels"]
     for name, packages in required.items():
         text = (folder / f"build/{name}.pc").read_text()
         line = re.search(r"^Requires:(.*)$", text, re.MULTILINE)[1]
