@@ -2,6 +2,8 @@
 #include <KurvGraph/kurvgraph_c.h>
 
 #include <QApplication>
+#include <QPixmap>
+#include <QScreen>
 #include <QThread>
 #include <QWindow>
 
@@ -35,10 +37,12 @@ std::shared_ptr<WidgetGraph> create(QWidget* parent, kurv_graph* graph, void** w
   return bound;
 }
 
-// Null where there is no such window, or where the platform has none.
+// Null where there is no such window, or where the platform has none. The toolkit takes any number
+// for a window, but it takes a picture only of one that exists.
 std::unique_ptr<QWindow> native_window(std::uintptr_t window) {
-  std::unique_ptr<QWindow> found(QWindow::fromWinId(static_cast<WId>(window)));
-  if (found && found->geometry().isEmpty()) found.reset();
+  const auto id = static_cast<WId>(window);
+  std::unique_ptr<QWindow> found(QWindow::fromWinId(id));
+  if (found && QGuiApplication::primaryScreen()->grabWindow(id, 0, 0, 1, 1).isNull()) found.reset();
   return found;
 }
 

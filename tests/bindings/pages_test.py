@@ -13,7 +13,7 @@ SOURCE, LIBRARIES, COMPILER = sys.argv[1:]
 
 def blocks(page, language):
     text = (Path(SOURCE) / page).read_text()
-    return re.findall(rf"^```{language}[^\n]*\n(.*?)^```$", text, re.MULTILINE | re.DOTALL)
+    return re.findall(rf"^```{language}(?: [^\n]*)?\n(.*?)^```$", text, re.MULTILINE | re.DOTALL)
 
 
 class Pages(unittest.TestCase):
