@@ -23,7 +23,13 @@ struct DateSurvey {
   // The finest kind among them.
   DateKind kind = DateKind::kMonth;
   // They are not written as dates, but as numbers of this kind.
-  enum class Digits : std::uint8_t { kNone, kYearMonthDay, kUnixSeconds, kUnixMilliseconds };
+  enum class Digits : std::uint8_t {
+    kNone,
+    kYearMonthDay,
+    kYearMonthDayTime,
+    kUnixSeconds,
+    kUnixMilliseconds
+  };
   Digits digits = Digits::kNone;
 };
 

@@ -6,9 +6,11 @@
 #include <array>
 #include <chrono>
 #include <cmath>
+#include <string>
 #include <vector>
 
 #include "app/csv/characters.h"
+#include "app/csv/date_spelling.h"
 #include "app/csv/month_names.h"
 #include "app/csv/time_axis.h"
 
@@ -278,21 +280,7 @@ class TimeReader {
   std::string_view m_rest;
 };
 
-// Where the time begins in a text with a colon: after the last blank or "T" before it.
-std::size_t start_of_time(std::string_view text, std::size_t colon) {
-  const std::size_t before = text.find_last_not_of("0123456789", colon - 1);
-  return before == text.npos ? 0 : before + 1;
-}
-
-}  // namespace
-
-std::optional<DateValue> parse_date(std::string_view text, DateOrder order) {
-  constexpr std::size_t kLongest = 64;
-  if (order == DateOrder::kNone || text.size() > kLongest) return std::nullopt;
-  // Most words have no digit.
-  if (std::none_of(text.begin(), text.end(), is_digit)) return std::nullopt;
-  const std::size_t colon = text.find(':');
-  if (colon == text.npos) return parse_day(text, order);
+std::optional<DateValue> parse_instant(std::string_view text, std::size_t colon, DateOrder order) {
   if (colon == 0) return std::nullopt;
   const std::size_t begin = start_of_time(text, colon);
   const std::optional<double> time = TimeReader(text.substr(begin)).read(begin == 0);
@@ -310,6 +298,24 @@ std::optional<DateValue> parse_date(std::string_view text, DateOrder order) {
   return DateValue{result->days + *time, DateKind::kInstant};
 }
 
+}  // namespace
+
+std::optional<DateValue> parse_date(std::string_view text, DateOrder order) {
+  constexpr std::size_t kLongest = 64;
+  if (order == DateOrder::kNone || text.size() > kLongest) return std::nullopt;
+  // Most words have no digit.
+  if (std::none_of(text.begin(), text.end(), is_digit)) return std::nullopt;
+  const std::size_t colon = text.find(':');
+  if (colon == text.npos) {
+    const std::string instant = with_colons(text);
+    return instant.empty() ? parse_day(text, order) : parse_instant(instant, 11, order);
+  }
+  text = without_zone_name(text);
+  if (const std::string moved = with_year_before_time(text); !moved.empty())
+    return parse_instant(moved, moved.find(':'), order);
+  return parse_instant(text, colon, order);
+}
+
 std::optional<double> days_of_digits(double value) {
   constexpr double kFirst = 19000101;
   constexpr double kLast = 20991231;
@@ -318,6 +324,18 @@ std::optional<double> days_of_digits(double value) {
   const std::optional<DateValue> day =
       day_of(digits / 10000, static_cast<unsigned>(digits / 100 % 100), digits % 100);
   return day ? std::optional(day->days) : std::nullopt;
+}
+
+std::optional<double> instant_of_digits(double value) {
+  constexpr double kClock = 1000000;
+  const std::optional<double> day = days_of_digits(std::floor(value / kClock));
+  if (!day || value != std::floor(value)) return std::nullopt;
+  const int clock = static_cast<int>(std::fmod(value, kClock));
+  const int hour = clock / 10000;
+  const int minute = clock / 100 % 100;
+  const int second = clock % 100;
+  if (hour > 23 || minute > 59 || second > 59) return std::nullopt;
+  return *day + ((hour * 60 + minute) * 60 + second) / kSecondsPerDay;
 }
 
 std::optional<NumericDate> numeric_date(std::string_view text) {

@@ -32,12 +32,18 @@ void NumberPattern::check(Double value) {
     return value >= kFirstSecond * scale && value < kLastSecond * scale;
   };
   m_days = m_days && days_of_digits(value);
+  m_instants = m_instants && instant_of_digits(value);
   m_seconds = m_seconds && between(1);
   m_milliseconds = m_milliseconds && between(1000);
-  if (!m_any) m_first = value;
-  m_ascending = m_ascending && value >= m_last;
+  if (m_any && value > m_last) ++m_ups;
+  if (m_any && value < m_last) ++m_downs;
   m_last = value;
-  m_any_pattern = m_days || m_seconds || m_milliseconds;
+  m_any_pattern = m_days || m_instants || m_seconds || m_milliseconds;
+}
+
+// A few numbers out of order are late rows of a log.
+bool NumberPattern::is_in_order() const {
+  return std::min(m_ups, m_downs) * 4 <= std::max(m_ups, m_downs);
 }
 
 DateSurvey::Digits NumberPattern::dates(std::optional<DateOrder> chosen, std::string_view name,
@@ -47,8 +53,12 @@ DateSurvey::Digits NumberPattern::dates(std::optional<DateOrder> chosen, std::st
   if (column == 0 && chosen == DateOrder::kUnixSeconds) return Digits::kUnixSeconds;
   if (column == 0 && chosen == DateOrder::kUnixMilliseconds) return Digits::kUnixMilliseconds;
   const bool is_named = is_name_of_times(name);
-  if (m_days && (is_named || (m_ascending && m_last > m_first))) return Digits::kYearMonthDay;
-  if (!m_ascending || !is_named) return Digits::kNone;
+  const bool are_different = m_ups + m_downs > 0;
+  if (is_named || are_different || chosen == DateOrder::kYearFirst) {
+    if (m_days) return Digits::kYearMonthDay;
+    if (m_instants) return Digits::kYearMonthDayTime;
+  }
+  if (!is_in_order() || !is_named) return Digits::kNone;
   if (m_seconds) return Digits::kUnixSeconds;
   return m_milliseconds ? Digits::kUnixMilliseconds : Digits::kNone;
 }
@@ -56,6 +66,8 @@ DateSurvey::Digits NumberPattern::dates(std::optional<DateOrder> chosen, std::st
 Double days_of_number(Double value, DateSurvey::Digits digits) {
   if (digits == DateSurvey::Digits::kUnixSeconds) return value / kSecondsPerDay;
   if (digits == DateSurvey::Digits::kUnixMilliseconds) return value / (1000 * kSecondsPerDay);
+  if (digits == DateSurvey::Digits::kYearMonthDayTime)
+    return instant_of_digits(value).value_or(std::numeric_limits<Double>::quiet_NaN());
   return days_of_digits(value).value_or(std::numeric_limits<Double>::quiet_NaN());
 }
 

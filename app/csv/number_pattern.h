@@ -20,23 +20,25 @@ class NumberPattern {
     m_any = true;
   }
 
-  // Which dates the numbers are. Dates of eight digits where each of them is one, and they are in
-  // order or the column has a name of times; seconds since 1970 where they are between 2000 and
-  // 2040, in order, and the column has such a name. What is chosen counts for the first column and
-  // is not guessed.
+  // Which dates the numbers are. Dates of eight digits, or of fourteen with the time, where each of
+  // them is one and they are not all the same, or the column has a name of times; seconds since
+  // 1970 where they are between 2000 and 2040, ascend or descend except for one step in five, and
+  // the column has such a name. What is chosen counts for the first column and is not guessed.
   DateSurvey::Digits dates(std::optional<DateOrder> chosen, std::string_view name,
                            std::size_t column) const;
 
  private:
   void check(Double value);
+  bool is_in_order() const;
 
   bool m_any = false;
   bool m_any_pattern = true;
   bool m_days = true;
   bool m_seconds = true;
   bool m_milliseconds = true;
-  bool m_ascending = true;
-  Double m_first = 0;
+  bool m_instants = true;
+  std::size_t m_ups = 0;
+  std::size_t m_downs = 0;
   Double m_last = 0;
 };
 

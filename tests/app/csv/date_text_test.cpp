@@ -25,7 +25,6 @@ TEST(DateText, MayHaveATime) {
   EXPECT_EQ(days_of("1970-01-02 18:00:00 UTC"), 1.75);
   EXPECT_EQ(days_of("2.1.1970 6:00 PM"), 1.75);
   EXPECT_EQ(days_of("2/1/1970, 12:00 AM"), 1);
-  EXPECT_EQ(days_of("19700102T060000"), std::nullopt);
   EXPECT_DOUBLE_EQ(days_of("1970-01-01T00:00:43.2").value(), 0.0005);
   EXPECT_DOUBLE_EQ(days_of("1970-01-01T00:00:10,125Z").value(), 10.125 / 86400);
 }
@@ -69,6 +68,29 @@ TEST(DateText, MayNameTheMonth) {
     EXPECT_EQ(days_of(text), 1) << text;
   }
   EXPECT_EQ(days_of("Fri, 02 Jan 1970 12:00:00 +0600"), 1.25);
+}
+
+TEST(DateText, MayHaveATimeWithoutSigns) {
+  EXPECT_EQ(days_of("19700102T060000Z"), 1.25);
+  EXPECT_EQ(days_of("19700102T060000+0600"), 1);
+  EXPECT_EQ(days_of("19700102T0600"), 1.25);
+  for (const char* text : {"19700102T240000", "19700102T06000", "19700132T060000", "19700102T06"})
+    EXPECT_FALSE(days_of(text)) << text;
+  EXPECT_EQ(instant_of_digits(19700102060000), 1.25);
+}
+
+TEST(DateText, MayHaveItsYearAfterTheTime) {
+  EXPECT_EQ(days_of("Fri Jan  2 06:00:00 UTC 1970"), 1.25);
+  EXPECT_EQ(days_of("Fri Jan  2 06:00:00 1970"), 1.25);
+  EXPECT_EQ(days_of("Fri Jan  2 06:00:00 AM UTC 1970"), 1.25);
+  EXPECT_FALSE(days_of("Fri Jan  2 06:00:00 UTC 197"));
+  EXPECT_FALSE(days_of(": 1970"));
+}
+
+TEST(DateText, MayNameTheTimeZoneAfterItsOffset) {
+  EXPECT_EQ(days_of("1970-01-02T12:00+06:00[Asia/Omsk]"), 1.25);
+  EXPECT_EQ(days_of("1970-01-02T06:00Z[UTC]"), 1.25);
+  EXPECT_FALSE(days_of("1970-01-02T12:00[Asia/Omsk]"));
 }
 
 TEST(DateText, MayBeAMonthOrAQuarter) {

@@ -100,5 +100,49 @@ TEST(TableColumns, OfOneVeryLongRowCostNoTime) {
   EXPECT_EQ(table.columns.survey(1).filled(), 30001u);
 }
 
+DateSurvey::Digits digits_of(const std::string& bytes, std::size_t column,
+                             std::optional<DateOrder> order = {}) {
+  TableOptions options;
+  options.dates = order;
+  const CsvTable table = parse_csv(bytes, "data.csv", options);
+  TableColumns columns(table, detect_dialect(table), 1);
+  return columns.survey(column).dates().digits;
+}
+
+TEST(TableColumns, NumbersThatAreAllDatesAreDatesInAnyOrder) {
+  using Digits = DateSurvey::Digits;
+  for (const char* bytes :
+       {"n,v\n20230103,1\n20230102,2\n20230101,3\n", "n,v\n20230101,1\n20230215,2\n20230103,3\n"}) {
+    EXPECT_EQ(digits_of(bytes, 0), Digits::kYearMonthDay) << bytes;
+  }
+  EXPECT_EQ(digits_of("n,v\n1,20230103\n2,20230102\n", 1), Digits::kYearMonthDay);
+  EXPECT_EQ(digits_of("n,v\n1,20230103\n2,20230103\n", 1), Digits::kNone);
+  EXPECT_EQ(digits_of("n,v\n1,20230103\n2,20230132\n", 1), Digits::kNone);
+  EXPECT_EQ(digits_of("n,v\n1,20230103\n2,20230103\n", 1, DateOrder::kYearFirst),
+            Digits::kYearMonthDay);
+  EXPECT_EQ(digits_of("n,v\n20230103,1\n20230102,2\n", 0, DateOrder::kNone), Digits::kNone);
+}
+
+TEST(TableColumns, NumbersOfFourteenDigitsMayBeInstants) {
+  using Digits = DateSurvey::Digits;
+  Columns table("n,v\n19700102120000,1\n19700103060000,2\n");
+  EXPECT_EQ(table.columns.survey(0).dates().digits, Digits::kYearMonthDayTime);
+  EXPECT_EQ(table.columns.survey(0).dates().kind, DateKind::kInstant);
+  EXPECT_THAT(table.values(0), ElementsAre(1.5, 2.25));
+  for (const char* no : {"20230101240000", "20230101006000", "20230101000060", "20231301000000",
+                         "18991231000000", "21000101000000"}) {
+    EXPECT_EQ(digits_of(std::string("n,v\n20230101000000,1\n") + no + ",2\n", 0), Digits::kNone);
+  }
+}
+
+TEST(TableColumns, SecondsSince1970MayDescendAndHaveAFewOutOfOrder) {
+  using Digits = DateSurvey::Digits;
+  EXPECT_EQ(digits_of("ts,v\n1700000120,1\n1700000060,2\n1700000000,3\n", 0), Digits::kUnixSeconds);
+  std::string bytes = "ts,v\n";
+  for (int i = 0; i < 20; ++i) bytes += std::to_string(1700000000 + (i == 9 ? 0 : i)) + ",1\n";
+  EXPECT_EQ(digits_of(bytes, 0), Digits::kUnixSeconds);
+  EXPECT_EQ(digits_of("ts,v\n1700000120,1\n1700000000,2\n1700000060,3\n", 0), Digits::kNone);
+}
+
 }  // namespace
 }  // namespace kurv::app
