@@ -75,6 +75,12 @@ struct Shape {
   char last_sign = 0;
 };
 
+// "km/h", "€/t", "m/s2" and "m2" after a number. Two digits may be those of a year.
+bool is_compound_unit(std::string_view text) {
+  while (const std::size_t length = blank_length(text)) text.remove_prefix(length);
+  return std::count_if(text.begin(), text.end(), is_digit) < 2 && is_unit_of_cell(text);
+}
+
 // The number in a cell, as far as its characters show: from its first digit or sign on, up to what
 // belongs to no number.
 std::optional<Shape> shape_of(std::string_view text) {
@@ -127,9 +133,16 @@ std::optional<Shape> shape_of(std::string_view text) {
   // What goes on with digits is an exponent, or it is no number.
   std::string_view rest = text.substr(at);
   if (rest.starts_with('e') || rest.starts_with('E')) rest = {};
-  const bool goes_on = rest.find_first_of("0123456789:/") != rest.npos;
+  const bool goes_on = rest.find_first_of("0123456789:/") != rest.npos && !is_compound_unit(rest);
   if (goes_on || (shape.first_group == 0 && shape.last_group == 0)) return std::nullopt;
   return shape;
+}
+
+bool has_currency(std::string_view text) {
+  if (!take_currency(text).empty()) return true;
+  std::string_view after = text.substr(text.find_last_of("0123456789") + 1);
+  while (const std::size_t length = blank_length(after)) after.remove_prefix(length);
+  return !take_currency(after).empty();
 }
 
 // What the dates of a column say about their order.
@@ -203,6 +216,7 @@ class Survey {
       sign.decimal.add(row, column);
     } else {
       sign.either.add(row, column);
+      if (!m_has_ambiguous_amounts) m_has_ambiguous_amounts = has_currency(text);
     }
   }
 
@@ -300,8 +314,8 @@ class Survey {
                      : "because its column has numbers below a thousand as well",
            "--decimal");
     }
-    // Between commas, a decimal point is the rule.
-    const bool is_usual = !comma && m_table.separator() == ',';
+    // Between commas, a decimal point is the rule, but amounts of money seldom have thousandths.
+    const bool is_usual = !comma && m_table.separator() == ',' && !m_has_ambiguous_amounts;
     if (decimals.either.count > 0 && decimals.decimal.count == 0 && other.thousands.count == 0 &&
         !options.decimal && !is_usual) {
       note(decimals.either, "a number with a decimal " + std::string(comma ? "comma" : "point"),
@@ -334,6 +348,7 @@ class Survey {
   const CsvTable& m_table;
   SignEvidence m_points;
   SignEvidence m_commas;
+  bool m_has_ambiguous_amounts = false;
   Evidence m_blanks;
   Evidence m_apostrophes;
   Evidence m_day_first;

@@ -14,6 +14,27 @@ namespace kurv::app {
 namespace {
 
 constexpr std::string_view kMinus = "\u2212";
+// What typesetters write for it.
+constexpr std::string_view kEnDash = "\u2013";
+
+std::size_t minus_length(std::string_view text) {
+  if (text.starts_with('-')) return 1;
+  for (const std::string_view minus : {kMinus, kEnDash}) {
+    if (text.starts_with(minus)) return minus.size();
+  }
+  return 0;
+}
+
+// Removes the minus sign that bookkeepers write after a number; false without one.
+bool take_trailing_minus(std::string_view& text) {
+  if (text.empty() || !is_digit(text.front())) return false;
+  for (const std::string_view minus : {std::string_view("-"), kMinus, kEnDash}) {
+    if (!text.ends_with(minus)) continue;
+    text.remove_suffix(minus.size());
+    return is_digit(text.back());
+  }
+  return false;
+}
 
 std::size_t thousands_length(std::string_view text, char thousands) {
   if (text.empty() || thousands == '\0') return 0;
@@ -43,11 +64,11 @@ class PlainText {
   }
 
   bool take_sign(std::string_view& text) {
-    if (text.starts_with(kMinus)) {
-      text.remove_prefix(kMinus.size());
+    if (const std::size_t length = minus_length(text)) {
+      text.remove_prefix(length);
       return append("-");
     }
-    if (!text.starts_with('-') && !text.starts_with('+')) return true;
+    if (!text.starts_with('+')) return true;
     const bool done = append(text.substr(0, 1));
     text.remove_prefix(1);
     return done;
@@ -100,8 +121,8 @@ constexpr std::array<std::string_view, 13> kCurrencies{
 
 // The length of the number that the text begins with, as far as its characters show.
 std::size_t number_length(std::string_view text, const NumberNotation& notation) {
-  std::size_t at = text.starts_with(kMinus) ? kMinus.size() : 0;
-  if (at == 0 && !text.empty() && (text.front() == '-' || text.front() == '+')) at = 1;
+  std::size_t at = minus_length(text);
+  if (at == 0 && text.starts_with('+')) at = 1;
   for (;;) {
     if (at < text.size() && (is_digit(text[at]) || text[at] == '.' || text[at] == ',')) {
       ++at;
@@ -122,10 +143,11 @@ std::size_t number_length(std::string_view text, const NumberNotation& notation)
   return at;
 }
 
-// Letters, signs such as "°" and "%", a slash or a blank between them, and an exponent at the end.
-bool is_unit(std::string_view text) {
+}  // namespace
+
+bool is_unit_of_cell(std::string_view text) {
   constexpr std::size_t kLongest = 14;
-  if (text.empty() || text.size() > kLongest) return false;
+  if (text.empty() || text.size() > kLongest || minus_length(text) > 0) return false;
   const auto is_letter = [](char c) {
     const char lower = to_lower(c);
     return (lower >= 'a' && lower <= 'z') || static_cast<unsigned char>(c) >= 0x80;
@@ -137,6 +159,18 @@ bool is_unit(std::string_view text) {
     return is_letter(c) || c == '%' || c == '$' || c == '/' || c == ' ' || c == '^' || c == '*' ||
            c == '-' || c == '"' || c == '\'';
   });
+}
+
+namespace {
+
+// Digits directly before letters and digits are those of an identifier, except an exponent of one
+// digit: "5m2" is an area, "0x10" and "5A10" are none.
+bool is_identifier(std::string_view text, std::string_view rest) {
+  if (rest.empty() || text.size() == rest.size()) return false;
+  const bool is_hexadecimal = text.size() - rest.size() == 1 && text.front() == '0' &&
+                              (rest.front() == 'x' || rest.front() == 'X');
+  const auto digits = std::count_if(rest.begin(), rest.end(), is_digit);
+  return is_hexadecimal || digits > 1;
 }
 
 // "(12.50)", "$(12.50)" and "($12.50)".
@@ -182,7 +216,9 @@ std::optional<Double> read_number(std::string_view text, const NumberNotation& n
   if (notation.decimal == '.') {
     if (const std::optional<Double> value = text_to_number(text)) return value;
   }
-  return PlainText(text, notation).value();
+  if (!take_trailing_minus(text)) return PlainText(text, notation).value();
+  const std::optional<Double> value = PlainText(text, notation).value();
+  return value ? std::optional(-*value) : std::nullopt;
 }
 
 std::optional<Quantity> read_quantity(std::string_view text, const NumberNotation& notation) {
@@ -196,13 +232,15 @@ std::optional<Quantity> read_quantity(std::string_view text, const NumberNotatio
   if (length == 0) return std::nullopt;
   const std::optional<Double> value = read_number(rest.substr(0, length), notation);
   if (!value) return std::nullopt;
+  const std::string_view number = rest;
   rest.remove_prefix(length);
+  if (is_identifier(number, rest) && rest.find_first_of(" /^") == rest.npos) return std::nullopt;
   while (const std::size_t blank = blank_length(rest)) rest.remove_prefix(blank);
   if (!currency.empty()) {
     if (!rest.empty()) return std::nullopt;
     return Quantity{negative ? -*value : *value, currency};
   }
-  if (!is_unit(rest)) return std::nullopt;
+  if (!is_unit_of_cell(rest)) return std::nullopt;
   return Quantity{*value, rest};
 }
 

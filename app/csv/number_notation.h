@@ -15,8 +15,9 @@ struct NumberNotation {
   char thousands = '\0';
 };
 
-// The whole text as a number. A sign may be "−" (U+2212). The groups between thousands signs have
-// three digits, except the first one. Infinite where the text says so or the number is too large.
+// The whole text as a number. A minus sign may be "−" (U+2212) or "–" (U+2013), and after the
+// digits, "5-". The groups between thousands signs have three digits, except the first one.
+// Infinite where the text says so or the number is too large.
 std::optional<Double> read_number(std::string_view text, const NumberNotation& notation);
 
 // A number with a unit after it, or a currency before it: "12 %", "€ 3.50", "20 °C".
@@ -25,6 +26,10 @@ struct Quantity {
   std::string_view unit;
 };
 std::optional<Quantity> read_quantity(std::string_view text, const NumberNotation& notation);
+
+// Whether a text after a number may be its unit: letters, signs such as "°" and "%", a slash or a
+// blank between them, and an exponent at the end.
+bool is_unit_of_cell(std::string_view text);
 
 // The currency that the text begins with, which is removed together with the blanks after it; empty
 // without one.

@@ -129,8 +129,20 @@ TEST(CsvDialect, ReadsNumbersWithUnitsAndLimits) {
   for (const char* text : {"< 0.5", ">10", "<= 3", "\u2264 2 %"}) {
     EXPECT_EQ(read_cell(text, {}).kind, CellKind::kLimit) << text;
   }
-  for (const char* text : {"5-7", "A5", "1A2B", "5 of 7", "x < 3"}) {
+  for (const char* text : {"5-7", "A5", "1A2B", "5 of 7", "x < 3", "0x10", "0xA", "5A10"}) {
     EXPECT_EQ(read_cell(text, {}).kind, CellKind::kWord) << text;
+  }
+}
+
+TEST(CsvDialect, ReadsTheMinusSignsOfTypesettersAndBookkeepers) {
+  const CsvDialect points;
+  EXPECT_EQ(read_cell("\u20133", points).value, -3);
+  EXPECT_EQ(read_cell("\u20133.5 kg", points).value, -3.5);
+  EXPECT_EQ(read_cell("5-", points).value, -5);
+  EXPECT_EQ(read_cell("5\u2212", points).value, -5);
+  EXPECT_EQ(read_cell("1.234,5-", with_notation(',', '.')).value, -1234.5);
+  for (const char* text : {"-5-", "+5-", "5--", "3\u20135", "\u2013\u20133"}) {
+    EXPECT_EQ(read_cell(text, points).kind, CellKind::kWord) << text;
   }
 }
 

@@ -62,6 +62,13 @@ TEST(NotationSurvey, AColumnAroundAThousandHasGroups) {
   EXPECT_THAT(notation_of("p,q\n1.234,1\n2.345,2\n").notes, IsEmpty());
 }
 
+TEST(NotationSurvey, AmountsOfThreeDecimalsAreReportedBetweenCommasToo) {
+  for (const char* bytes : {"n,v\n1,$1.234\n2,$2.345\n", "n,v\n1,1.234 \u20AC\n2,2.345 \u20AC\n"}) {
+    EXPECT_THAT(notation_of(bytes).notes, ElementsAre(HasSubstr("--thousands changes that")));
+  }
+  EXPECT_THAT(notation_of("n,v\n1,$1.234\n2,$2.5\n").notes, IsEmpty());
+}
+
 TEST(NotationSurvey, ALeadingZeroIsNoGroup) {
   EXPECT_EQ(signs_of("p;q\n0.123;100\n1.234;200\n"), ".0");
   EXPECT_THAT(notation_of("p;q\n0.123;100\n1.234;200\n").notes, IsEmpty());
@@ -78,6 +85,15 @@ TEST(NotationSurvey, ADayAboveTwelveDecidesAboutTheOrderOfDates) {
   const Notation sorted = notation_of("d,v\n01/02/2020,1\n01/03/2020,2\n02/01/2020,3\n");
   EXPECT_EQ(sorted.dates, DateOrder::kMonthFirst);
   EXPECT_THAT(sorted.notes, ElementsAre(AllOf(HasSubstr("in order"), HasSubstr("--dates"))));
+}
+
+TEST(NotationSurvey, AUnitWithASlashOrAnExponentHidesNoDecimalComma) {
+  EXPECT_EQ(signs_of("t;v\n1;12,5 km/h\n2;13,5 km/h\n"), ",0");
+  EXPECT_EQ(signs_of("t;v\n1;12,5 \u20AC/t\n2;13,5 \u20AC/t\n"), ",0");
+  EXPECT_EQ(signs_of("t;v\n1;12,5 kg/m3\n2;13,5 m/s2\n"), ",0");
+  EXPECT_EQ(signs_of("t;v\n1;12,5km/h\n2;13,5km/h\n"), ",0");
+  // Dates are no numbers with units.
+  EXPECT_EQ(signs_of("d;v\n1.Jan2012;2\n2.Jan2012;3\n3.Jan2012;1,5\n"), ",0");
 }
 
 }  // namespace
