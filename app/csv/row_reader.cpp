@@ -51,6 +51,32 @@ RowReader::RowReader(TableColumns& columns, const Choice& choice, const TableDat
   if (choice.x) m_x = cell_column(columns, *choice.x);
   if (choice.time) m_time = cell_column(columns, *choice.time);
   for (const std::size_t column : choice.y) m_y.push_back(cell_column(columns, column));
+  follow_times(data.values);
+}
+
+// Finds out whether the times of day go on after midnight.
+void RowReader::follow_times(const Matrix<Double>& values) {
+  m_ascending_times =
+      m_x && m_x->only_times && !m_time && m_scale && m_scale->unit == TimeUnit::kClock;
+  if (!m_ascending_times) return;
+  m_last_time = 0;
+  for (int i = 1; i <= values.upper_point(); ++i) {
+    if (std::isnan(values(1, i))) continue;
+    m_ascending_times = m_ascending_times && values(1, i) >= m_last_time;
+    m_last_time = values(1, i);
+  }
+  m_midnights = std::floor((m_last_time * m_scale->step + m_scale->start) / kSecondsPerDay);
+}
+
+void RowReader::roll_over(Double& time) {
+  if (std::isnan(time)) return;
+  const Double day = kSecondsPerDay / m_scale->step;
+  time += m_midnights * day;
+  if (time < m_last_time - day / 2) {
+    time += day;
+    ++m_midnights;
+  }
+  m_last_time = time;
 }
 
 void RowReader::read(const std::string& text) {
@@ -63,6 +89,7 @@ void RowReader::read(const std::string& text) {
       note_row(table.line(row), table.cell(row, 0));
       continue;
     }
+    if (m_ascending_times) roll_over(values.values.front());
     if (values.unreadable != nullptr) note_cell(table, row, *values.unreadable);
     if (m_rows++ % m_every == 0) keep(std::move(values));
   }

@@ -54,6 +54,9 @@ class RowReader {
   Row read_row(const CsvTable& table, std::size_t row) const;
   Double read_value(const CsvTable& table, std::size_t row, const CellColumn& column,
                     Row& result) const;
+  void follow_times(const Matrix<Double>& values);
+  // Adds the days that have passed since the first time of day.
+  void roll_over(Double& time);
   Double x_value(const CsvTable& table, std::size_t row, Row& result) const;
   bool is_header(const CsvTable& table, std::size_t row) const;
   void keep(Row row);
@@ -75,6 +78,10 @@ class RowReader {
   std::vector<std::string> m_notes;
   bool m_noted_cell = false;
   bool m_noted_row = false;
+  // x has times of day that ascend and go on after midnight.
+  bool m_ascending_times = false;
+  Double m_last_time = 0;
+  Double m_midnights = 0;
 };
 
 }  // namespace kurv::app

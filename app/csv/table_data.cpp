@@ -120,7 +120,9 @@ void warn_of_digits(const ColumnSurvey& survey, const std::string& name, TableDa
   using Digits = DateSurvey::Digits;
   const Digits digits = survey.dates().digits;
   if (digits == Digits::kNone) return;
-  const char* const kind = digits == Digits::kYearMonthDay  ? "dates of eight digits"
+  const char* const kind = digits == Digits::kYearMonthDay ? "dates of eight digits"
+                           : digits == Digits::kYearMonthDayTime
+                               ? "dates and times of fourteen digits"
                            : digits == Digits::kUnixSeconds ? "seconds since 1970"
                                                             : "milliseconds since 1970";
   data.warnings.push_back("column " + in_quotes(name) + " is read as " + kind +
@@ -142,6 +144,20 @@ void add_times(TableColumns& columns, std::size_t time, TableData& data) {
   for (int i = days.lower(); i <= days.upper(); ++i) days(i) += times(1, i);
 }
 
+void warn_of_midnights(const TableColumns& columns, std::size_t x,
+                       const std::vector<int>& midnights, TableData& data) {
+  if (midnights.empty()) return;
+  const std::size_t row = columns.rows().row(static_cast<std::size_t>(midnights.front()) - 1);
+  const std::string line = std::to_string(columns.table().line(row));
+  const std::string times = std::to_string(midnights.size()) + " times (line " + line +
+                            " is the first); the times from there on are of the days that follow.";
+  data.warnings.push_back(
+      "column " + in_quotes(columns.names()[x]) + " goes past midnight " +
+      (midnights.size() > 1
+           ? times
+           : "in line " + line + "; the times from there on are of the next day."));
+}
+
 void add_x(TableColumns& columns, const Choice& choice, TableData& data) {
   if (!choice.x) {
     data.names(1) = "row";
@@ -156,7 +172,10 @@ void add_x(TableColumns& columns, const Choice& choice, TableData& data) {
     kind = DateKind::kInstant;
   }
   const Column<Double> days = data.values.column(1);
-  data.x_scale = choose_time_scale(days, kind);
+  std::vector<int> midnights;
+  if (kind == DateKind::kTimeOfDay) midnights = roll_over_midnights(days);
+  warn_of_midnights(columns, *choice.x, midnights, data);
+  data.x_scale = choose_time_scale(days, kind, !midnights.empty());
   for (int i = days.lower(); i <= days.upper(); ++i) days(i) = (*data.x_scale)(days(i));
   data.names(1) += " (" + data.x_scale->name + ')';
   warn_of_digits(survey, columns.names()[*choice.x], data);

@@ -153,10 +153,32 @@ double TimeScale::operator()(double days) const {
   return since / step;
 }
 
-TimeScale choose_time_scale(const Column<Double>& days, DateKind kind) {
+std::vector<int> roll_over_midnights(Column<Double> times) {
+  constexpr double kHalfADay = 0.5;
+  std::vector<int> midnights;
+  double last = 0;
+  for (int i = times.lower(); i <= times.upper(); ++i) {
+    if (std::isnan(times(i))) continue;
+    const bool is_elapsed = times(i) >= 1;
+    const bool is_back = times(i) < last;
+    if (is_elapsed || (is_back && times(i) >= last - kHalfADay)) return {};
+    if (is_back) midnights.push_back(i);
+    last = times(i);
+  }
+  auto next = midnights.begin();
+  int days = 0;
+  for (int i = times.lower(); i <= times.upper(); ++i) {
+    for (; next != midnights.end() && *next == i; ++next) ++days;
+    times(i) += days;
+  }
+  return midnights;
+}
+
+TimeScale choose_time_scale(const Column<Double>& days, DateKind kind, bool are_past_midnight) {
   const Span span = span_of(days);
   if (!(span.first <= span.last)) return {TimeUnit::kNone, 0, 1, "no dates"};
-  if (kind == DateKind::kTimeOfDay && span.last >= 1) return elapsed_scale(span.last);
+  if (kind == DateKind::kTimeOfDay && span.last >= 1 && !are_past_midnight)
+    return elapsed_scale(span.last);
   if (kind == DateKind::kTimeOfDay) {
     const ClockUnit* unit = clock_unit(span.last - span.first);
     if (unit == nullptr) unit = &kClockUnits.back();

@@ -5,6 +5,7 @@
 #include <KurvGraph/values.h>
 
 #include <string>
+#include <vector>
 
 #include "app/csv/date_text.h"
 
@@ -34,11 +35,17 @@ struct TimeScale {
   double operator()(double days) const;
 };
 
+// Where times of day ascend, except for steps back by more than twelve hours, adds a day after each
+// of these steps: they are past midnight. The indexes of the first times of a new day; none where
+// nothing is changed.
+std::vector<int> roll_over_midnights(Column<Double> times);
+
 // The unit that suits the span of the days: years with their fraction from two years on; months
 // where the dates are months alone; days; or hours, minutes and seconds where the dates have times
 // and the span is below three days, three hours or five minutes. Times of which one is beyond 24
-// hours are elapsed ones, in hours, or in days from ten days on.
-TimeScale choose_time_scale(const Column<Double>& days, DateKind kind);
+// hours are elapsed ones, in hours, or in days from ten days on, unless they are past midnight.
+TimeScale choose_time_scale(const Column<Double>& days, DateKind kind,
+                            bool are_past_midnight = false);
 
 // Chooses the scale, makes the days numbers of it, and returns its name.
 std::string rescale_dates(Column<Double> days, DateKind kind);

@@ -214,5 +214,26 @@ TEST_F(Growing, ManyLinesWithoutNumbersAreRefused) {
   EXPECT_THAT(refusal(text), HasSubstr("standard input"));
 }
 
+TEST(GrowingTable, TimesOfDayGoOnAfterMidnight) {
+  GrowingTable table({}, "data.csv");
+  const auto row = [](int minute) {
+    const int hour = minute / 60 % 24;
+    const auto digits = [](int value) {
+      return std::string(value < 10 ? "0" : "") + std::to_string(value);
+    };
+    return digits(hour) + ':' + digits(minute % 60) + ":00,1\n";
+  };
+  std::string bytes = "t,v\n";
+  for (int minute = 1300; minute < 1430; ++minute) bytes += row(minute);
+  table.append(bytes);
+  ASSERT_TRUE(table.take_news());
+  table.append(row(1430) + row(1450) + row(1451));
+  const std::optional<GrowingTable::News> news = table.take_news();
+  ASSERT_TRUE(news);
+  const Matrix<Double>& values = news->data.values;
+  EXPECT_LT(values(1, 1), values(1, 2));
+  EXPECT_LT(values(1, 2), values(1, 3));
+}
+
 }  // namespace
 }  // namespace kurv::app

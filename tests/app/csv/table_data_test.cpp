@@ -192,6 +192,13 @@ TEST(TableData, DatesOfAShorterTimeBecomeDaysSinceTheFirstOne) {
   EXPECT_THAT(column_of(data, 1), ElementsAre(2, 0.5, 29));
 }
 
+TEST(TableData, TimesOfDayAfterMidnightAreOfTheNextDay) {
+  const TableData data = data_of("t,v\n23:59:58,1\n23:59:59,2\n00:00:00,3\n00:00:01,4\n");
+  EXPECT_THAT(names_of(data), ElementsAre("t (seconds since 23:59:58)", "v"));
+  EXPECT_THAT(column_of(data, 1), ElementsAre(0, 1, 2, 3));
+  EXPECT_THAT(data.warnings, ElementsAre(AllOf(HasSubstr("midnight"), HasSubstr("line 4"))));
+}
+
 TEST(TableData, ChoosesByName) {
   Selection selection;
   selection.x = "b";

@@ -90,5 +90,22 @@ TEST(TimeAxis, WithoutADateIsLeftAsItIs) {
   EXPECT_EQ(rescaled({"x"}).first, "no dates");
 }
 
+TEST(TimeAxis, TimesOfDayGoOnAfterMidnight) {
+  const auto rolled = [](std::vector<double> hours) {
+    const int count = static_cast<int>(hours.size());
+    Matrix<Double> times(1, 1, 1, count);
+    for (int i = 1; i <= count; ++i) times(1, i) = hours[static_cast<std::size_t>(i) - 1] / 24;
+    roll_over_midnights(times.column(1));
+    for (int i = 1; i <= count; ++i) hours[static_cast<std::size_t>(i) - 1] = times(1, i) * 24;
+    return hours;
+  };
+  using testing::ElementsAre;
+  EXPECT_THAT(rolled({18, 21, 0, 3}), ElementsAre(18, 21, 24, 27));
+  EXPECT_THAT(rolled({12, 21, 3, 21, 3}), ElementsAre(12, 21, 27, 45, 51));
+  EXPECT_THAT(rolled({18, 15, 0, 3}), ElementsAre(18, 15, 0, 3)) << "unsorted";
+  EXPECT_THAT(rolled({21, 18}), ElementsAre(21, 18));
+  EXPECT_THAT(rolled({18, 36, 0}), ElementsAre(18, 36, 0)) << "elapsed";
+}
+
 }  // namespace
 }  // namespace kurv::app
