@@ -26,7 +26,9 @@ void ColumnSurvey::count(CellKind kind, std::size_t row) {
 void ColumnSurvey::add(const CellValue& cell, std::size_t row) {
   count(cell.kind, row);
   if (cell.kind == CellKind::kDate) m_dates.kind = std::max(m_dates.kind, cell.date);
-  if (cell.unit.empty() || cell.unit == m_unit) return;
+  if (cell.unit.empty()) return;
+  ++m_with_unit;
+  if (cell.unit == m_unit) return;
   if (m_unit.empty()) {
     m_unit = cell.unit;
   } else {
@@ -46,6 +48,14 @@ CellKind ColumnSurvey::main_kind() const {
   const std::uint32_t times = tally(CellKind::kTime).count;
   if (numbers >= std::max(dates, times)) return CellKind::kNumber;
   return dates >= times ? CellKind::kDate : CellKind::kTime;
+}
+
+std::uint32_t ColumnSurvey::without_unit() const {
+  return m_with_unit == 0 ? 0 : tally(CellKind::kNumber).count - m_with_unit;
+}
+
+void ColumnSurvey::add_rounded(std::size_t row) {
+  add_row(m_rounded, row);
 }
 
 ColumnKind ColumnSurvey::kind() const {

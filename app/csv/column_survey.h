@@ -58,6 +58,11 @@ class ColumnSurvey {
   const std::string& unit() const { return m_unit; }
   // The numbers with another unit than the first one.
   const Tally& other_units() const { return m_other_units; }
+  // The numbers without a unit in a column that has one.
+  std::uint32_t without_unit() const;
+  // The whole numbers with more digits than a value holds.
+  const Tally& rounded() const { return m_rounded; }
+  void add_rounded(std::size_t row);
   const DateSurvey& dates() const { return m_dates; }
   // The numbers of the column are dates.
   void read_numbers_as(DateSurvey::Digits digits);
@@ -71,6 +76,8 @@ class ColumnSurvey {
   std::array<Tally, kCellKinds> m_tallies{};
   std::string m_unit;
   Tally m_other_units;
+  std::uint32_t m_with_unit = 0;
+  Tally m_rounded;
   DateSurvey m_dates;
 };
 

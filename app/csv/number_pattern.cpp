@@ -47,11 +47,11 @@ bool NumberPattern::is_in_order() const {
 }
 
 DateSurvey::Digits NumberPattern::dates(std::optional<DateOrder> chosen, std::string_view name,
-                                        std::size_t column) const {
+                                        bool is_counted) const {
   using Digits = DateSurvey::Digits;
   if (!m_any || chosen == DateOrder::kNone) return Digits::kNone;
-  if (column == 0 && chosen == DateOrder::kUnixSeconds) return Digits::kUnixSeconds;
-  if (column == 0 && chosen == DateOrder::kUnixMilliseconds) return Digits::kUnixMilliseconds;
+  if (is_counted && chosen == DateOrder::kUnixSeconds) return Digits::kUnixSeconds;
+  if (is_counted && chosen == DateOrder::kUnixMilliseconds) return Digits::kUnixMilliseconds;
   const bool is_named = is_name_of_times(name);
   const bool are_different = m_ups + m_downs > 0;
   if (is_named || are_different || chosen == DateOrder::kYearFirst) {

@@ -23,9 +23,9 @@ class NumberPattern {
   // Which dates the numbers are. Dates of eight digits, or of fourteen with the time, where each of
   // them is one and they are not all the same, or the column has a name of times; seconds since
   // 1970 where they are between 2000 and 2040, ascend or descend except for one step in five, and
-  // the column has such a name. What is chosen counts for the first column and is not guessed.
+  // the column has such a name. What is chosen counts where `is_counted` and is not guessed.
   DateSurvey::Digits dates(std::optional<DateOrder> chosen, std::string_view name,
-                           std::size_t column) const;
+                           bool is_counted) const;
 
  private:
   void check(Double value);

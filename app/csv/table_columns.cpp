@@ -1,14 +1,17 @@
 #include "app/csv/table_columns.h"
 
 #include <KurvGraph/number_text.h>
+#include <KurvGraph/text.h>
 
 #include <algorithm>
 #include <cmath>
 #include <numeric>
 #include <utility>
 
+#include "app/base/user_error.h"
 #include "app/csv/cell_value.h"
 #include "app/csv/characters.h"
+#include "app/csv/column_reference.h"
 #include "app/csv/number_pattern.h"
 
 namespace kurv::app {
@@ -33,6 +36,29 @@ std::vector<std::uint32_t> longest_rows_first(const CsvTable& table, const DataR
   std::iota(result.begin(), result.end(), 0);
   std::stable_sort(result.begin(), result.end(), is_longer);
   return result;
+}
+
+// The column that the user chooses for x; the first one without a choice.
+std::size_t column_of_x(const CsvTable& table, const std::vector<std::string>& names) {
+  const std::optional<std::string>& x = table.source().options.selection.x;
+  if (!x || is_row_number(names, *x)) return 0;
+  try {
+    return find_column(names, *x, {});
+  } catch (const UserError&) {
+    return 0;  // The choice of the columns reports it.
+  }
+}
+
+// Whether a whole number has more digits than its value.
+bool is_rounded(std::string_view text, Double value) {
+  constexpr Double kLastExact = 9007199254740992;
+  constexpr Double kMost = 1e18;
+  if (std::abs(value) <= kLastExact) return false;
+  text = trim_whitespace(text);
+  if (text.starts_with('-')) text.remove_prefix(1);
+  while (text.starts_with('0')) text.remove_prefix(1);
+  if (!std::all_of(text.begin(), text.end(), is_digit)) return false;
+  return std::abs(value) > kMost * 9 || text != std::to_string(std::llround(std::abs(value)));
 }
 
 }  // namespace
@@ -162,16 +188,18 @@ std::vector<TableColumns::Reading> TableColumns::parsed(const std::vector<std::s
           has_points && begins_as_number(text) ? text_to_number(text) : std::nullopt;
       if (value && std::isfinite(*value)) {
         reading.add_number(*value, row, index);
+        if (is_rounded(text, *value)) reading.survey.add_rounded(row);
       } else {
         reading.add(read_cell(text, m_dialect), row, index);
       }
     }
   }
+  const std::size_t counted = column_of_x(*m_table, names());
   for (Reading& reading : readings) {
     reading.drop_mismatches();
     if (reading.survey.kind() != ColumnKind::kNumbers) continue;
-    reading.read_numbers_as(
-        reading.pattern.dates(m_dialect.chosen_dates, names()[reading.column], reading.column));
+    reading.read_numbers_as(reading.pattern.dates(m_dialect.chosen_dates, names()[reading.column],
+                                                  reading.column == counted));
   }
   return readings;
 }

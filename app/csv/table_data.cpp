@@ -90,6 +90,26 @@ void warn_of_short_rows(TableColumns& columns, TableData& data) {
       (count == 1 ? ")" : " is the first)") + "; the fields that are not there count as missing.");
 }
 
+void warn_of_numbers(TableColumns& columns, std::size_t column, TableData& data) {
+  const CsvTable& table = columns.table();
+  const ColumnSurvey& survey = columns.survey(column);
+  if (survey.kind() != ColumnKind::kNumbers) return;
+  const std::string name = "column " + in_quotes(columns.names()[column]);
+  const std::uint32_t all = survey.filled() - survey.mismatches().count;
+  if (survey.without_unit() > 0) {
+    data.warnings.push_back(name + " has no unit beside " + std::to_string(survey.without_unit()) +
+                            " of " + std::to_string(all) + " numbers and " +
+                            in_quotes(survey.unit()) +
+                            " beside the others; all are drawn as they are.");
+  }
+  const Tally& rounded = survey.rounded();
+  if (rounded.count == 0) return;
+  data.warnings.push_back(name + " has whole numbers with more digits than are kept, first " +
+                          in_quotes(trim_whitespace(table.cell(rounded.first_row, column))) +
+                          " in line " + std::to_string(table.line(rounded.first_row)) +
+                          "; they are rounded to 15 or 16 digits.");
+}
+
 void warn_of_unusable_cells(TableColumns& columns, std::size_t column, TableData& data) {
   const CsvTable& table = columns.table();
   const ColumnSurvey& survey = columns.survey(column);
@@ -105,6 +125,7 @@ void warn_of_unusable_cells(TableColumns& columns, std::size_t column, TableData
   warn(survey.limits(), "a limit");
   warn(survey.errors(), "an error of a spreadsheet");
   const bool dates = survey.kind() == ColumnKind::kDates;
+  warn_of_numbers(columns, column, data);
   warn(survey.mismatches(), dates ? "something else than a date" : "something else than a number");
 }
 

@@ -123,6 +123,17 @@ TEST(TableColumns, NumbersThatAreAllDatesAreDatesInAnyOrder) {
   EXPECT_EQ(digits_of("n,v\n20230103,1\n20230102,2\n", 0, DateOrder::kNone), Digits::kNone);
 }
 
+TEST(TableColumns, ChosenCountsOfSecondsAreThoseOfX) {
+  using Digits = DateSurvey::Digits;
+  TableOptions options;
+  options.dates = DateOrder::kUnixSeconds;
+  options.selection.x = "2";
+  const CsvTable table = parse_csv("n,s\n1,1700000000\n2,1700000060\n", "data.csv", options);
+  TableColumns columns(table, detect_dialect(table), 1);
+  EXPECT_EQ(columns.survey(0).dates().digits, Digits::kNone);
+  EXPECT_EQ(columns.survey(1).dates().digits, Digits::kUnixSeconds);
+}
+
 TEST(TableColumns, NumbersOfFourteenDigitsMayBeInstants) {
   using Digits = DateSurvey::Digits;
   Columns table("n,v\n19700102120000,1\n19700103060000,2\n");

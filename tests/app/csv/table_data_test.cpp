@@ -199,6 +199,18 @@ TEST(TableData, TimesOfDayAfterMidnightAreOfTheNextDay) {
   EXPECT_THAT(data.warnings, ElementsAre(AllOf(HasSubstr("midnight"), HasSubstr("line 4"))));
 }
 
+TEST(TableData, NumbersWithoutTheUnitOfTheOthersAreReported) {
+  EXPECT_THAT(data_of("t,v\n1,5\n2,6 kg\n3,7\n4,8\n").warnings,
+              ElementsAre(AllOf(HasSubstr("3 of 4 numbers"), HasSubstr("\"kg\""))));
+  EXPECT_THAT(data_of("t,v\n1,5 kg\n2,6 kg\n").warnings, IsEmpty());
+}
+
+TEST(TableData, WholeNumbersThatAreRoundedAreReported) {
+  EXPECT_THAT(data_of("t,v\n1,5\n2,1234567890123456789\n3,7\n").warnings,
+              ElementsAre(AllOf(HasSubstr("1234567890123456789"), HasSubstr("line 3"))));
+  EXPECT_THAT(data_of("t,v\n1,9007199254740992\n2,10000000000000000\n").warnings, IsEmpty());
+}
+
 TEST(TableData, ChoosesByName) {
   Selection selection;
   selection.x = "b";
