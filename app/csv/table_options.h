@@ -19,7 +19,7 @@ enum class DateOrder {
   kDayFirst,     // 31/12/2012
   kMonthFirst,   // 12/31/2012
   kYearFirst,    // 2012/12/31; so are the others where the year has four digits
-  kUnixSeconds,  // numbers of the first column are seconds since 1970
+  kUnixSeconds,  // the numbers of x are seconds since 1970
   kUnixMilliseconds,
   kNone,  // there are none: such texts are words, and numbers are numbers
 };
