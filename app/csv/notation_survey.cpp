@@ -165,9 +165,10 @@ class Survey {
   }
 
   Notation decide(const TableOptions& options) {
-    m_notation.numbers.decimal = options.decimal.value_or(decimal(options));
-    m_notation.numbers.thousands = options.thousands.value_or(thousands(options));
-    m_notation.dates = options.dates.value_or(date_order());
+    // What the user says is not guessed, so that there are no notes about it.
+    m_notation.numbers.decimal = options.decimal ? *options.decimal : decimal(options);
+    m_notation.numbers.thousands = options.thousands ? *options.thousands : thousands(options);
+    m_notation.dates = options.dates ? *options.dates : date_order();
     return m_notation;
   }
 
@@ -307,8 +308,8 @@ class Survey {
     const char sign = comma ? '.' : ',';
     const std::uint32_t signs = other.thousands.count + other.either.count;
     const std::string name = sign == '.' ? "point" : "comma";
-    if (signs > 0 && other.thousands.count == 0) {
-      const bool by_others = decimals.decimal.count > 0 || options.decimal;
+    if (signs > 0 && other.thousands.count == 0 && !options.decimal) {
+      const bool by_others = decimals.decimal.count > 0;
       note(other.either, "a number with a thousands " + name,
            by_others ? "because the table has decimal " + std::string(comma ? "commas" : "points")
                      : "because its column has numbers below a thousand as well",

@@ -136,17 +136,17 @@ void add_column(TableColumns& columns, std::size_t column, TableData& data, int 
   columns.copy_values(column, data.values, target);
 }
 
-// Dates that are written as numbers have been guessed.
-void warn_of_digits(const ColumnSurvey& survey, const std::string& name, TableData& data) {
+// Dates that are written as numbers have been guessed unless the user says so.
+void warn_of_digits(TableColumns& columns, std::size_t column, TableData& data) {
   using Digits = DateSurvey::Digits;
-  const Digits digits = survey.dates().digits;
-  if (digits == Digits::kNone) return;
+  const Digits digits = columns.survey(column).dates().digits;
+  if (digits == Digits::kNone || columns.dialect().chosen_dates) return;
   const char* const kind = digits == Digits::kYearMonthDay ? "dates of eight digits"
                            : digits == Digits::kYearMonthDayTime
                                ? "dates and times of fourteen digits"
                            : digits == Digits::kUnixSeconds ? "seconds since 1970"
                                                             : "milliseconds since 1970";
-  data.warnings.push_back("column " + in_quotes(name) + " is read as " + kind +
+  data.warnings.push_back("column " + in_quotes(columns.names()[column]) + " is read as " + kind +
                           "; --dates changes that.");
 }
 
@@ -199,7 +199,7 @@ void add_x(TableColumns& columns, const Choice& choice, TableData& data) {
   data.x_scale = choose_time_scale(days, kind, !midnights.empty());
   for (int i = days.lower(); i <= days.upper(); ++i) days(i) = (*data.x_scale)(days(i));
   data.names(1) += " (" + data.x_scale->name + ')';
-  warn_of_digits(survey, columns.names()[*choice.x], data);
+  warn_of_digits(columns, *choice.x, data);
 }
 
 // Graph files separate names by commas, so that a name with one would come back as two.

@@ -14,8 +14,8 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-Notation notation_of(const std::string& bytes) {
-  return find_notation(parse_csv(bytes, "data.csv"), {});
+Notation notation_of(const std::string& bytes, const TableOptions& options = {}) {
+  return find_notation(parse_csv(bytes, "data.csv"), options);
 }
 
 // The decimal sign and the thousands sign.
@@ -94,6 +94,26 @@ TEST(NotationSurvey, AUnitWithASlashOrAnExponentHidesNoDecimalComma) {
   EXPECT_EQ(signs_of("t;v\n1;12,5km/h\n2;13,5km/h\n"), ",0");
   // Dates are no numbers with units.
   EXPECT_EQ(signs_of("d;v\n1.Jan2012;2\n2.Jan2012;3\n3.Jan2012;1,5\n"), ",0");
+}
+
+TEST(NotationSurvey, WhatAnOptionDecidesIsNotTold) {
+  const std::string dates = "d,v\n01/02/2020,1\n01/03/2020,2\n02/01/2020,3\n";
+  for (const DateOrder order : {DateOrder::kDayFirst, DateOrder::kNone, DateOrder::kUnixSeconds}) {
+    TableOptions options;
+    options.dates = order;
+    EXPECT_THAT(notation_of(dates, options).notes, IsEmpty());
+  }
+  for (const char* numbers :
+       {"p;q\n1.234;1\n2.345;2\n", "p;t\n980;1,5\n1.001;2,5\n", "p;q\n980;1\n1.001;2\n"}) {
+    for (const char sign : {'.', ',', '\0'}) {
+      TableOptions options;
+      options.thousands = sign;
+      EXPECT_THAT(notation_of(numbers, options).notes, IsEmpty()) << numbers << sign;
+    }
+  }
+  TableOptions options;
+  options.decimal = ',';
+  EXPECT_THAT(notation_of("p;t\n980;1\n1.001;2\n", options).notes, IsEmpty());
 }
 
 }  // namespace

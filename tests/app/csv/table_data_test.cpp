@@ -112,6 +112,15 @@ TEST(TableData, ARowWithoutXIsKept) {
   EXPECT_THAT(column_of(data_of("x,y\n1,2\n,3\n4,5\n"), 1), ElementsAre(1, IsNan(), 4));
 }
 
+TEST(TableData, DatesOfDigitsAreNotToldWhereTheUserSaysSo) {
+  const std::string bytes = "ts,y\n1700000000,1\n1700000060,2\n";
+  EXPECT_THAT(data_of(bytes).warnings, ElementsAre(HasSubstr("--dates changes that")));
+  TableOptions options;
+  options.dates = DateOrder::kUnixSeconds;
+  const CsvTable table = parse_csv(bytes, "data.csv", options);
+  EXPECT_THAT(make_table_data(table, {}, "data.csv").warnings, IsEmpty());
+}
+
 TEST(TableData, InfiniteNumbersAreMissingAndTold) {
   const TableData data = data_of("x,y\n1,2\n2,1e999\n3,-inf\n");
   EXPECT_THAT(column_of(data, 2), ElementsAre(2, IsNan(), IsNan()));
