@@ -202,6 +202,53 @@ void add_x(TableColumns& columns, const Choice& choice, TableData& data) {
   warn_of_digits(columns, *choice.x, data);
 }
 
+// A row that is wholly missing is a gap in the lines, not a point that is lost.
+void warn_of_missing_x(TableColumns& columns, TableData& data) {
+  const Matrix<Double>& values = data.values;
+  std::size_t count = 0;
+  std::size_t first = 0;
+  for (int i = 1; i <= values.upper_point(); ++i) {
+    if (!std::isnan(values(1, i))) continue;
+    bool has_value = false;
+    for (int curve = 2; curve <= data.names.upper() && !has_value; ++curve) {
+      has_value = !std::isnan(values(curve, i));
+    }
+    if (has_value && count++ == 0) first = columns.rows().row(static_cast<std::size_t>(i) - 1);
+  }
+  if (count == 0) return;
+  data.warnings.push_back(std::to_string(count) + (count == 1 ? " row has" : " rows have") +
+                          " no value of x (line " + std::to_string(columns.table().line(first)) +
+                          (count == 1 ? ") and is" : " is the first) and are") + " not drawn.");
+}
+
+// Whether the curve has points, but none that a line could join to the one before.
+bool has_only_lone_points(const TableData& data, int curve) {
+  bool any = false;
+  bool before = false;
+  for (int i = 1; i <= data.values.upper_point(); ++i) {
+    const bool is_point = !std::isnan(data.values(1, i)) && !std::isnan(data.values(curve, i));
+    if (is_point && before) return false;
+    any = any || is_point;
+    before = is_point;
+  }
+  return any;
+}
+
+void warn_of_lone_points(TableData& data) {
+  if (data.values.upper_point() < 2) return;
+  std::vector<std::string> names;
+  for (int curve = 2; curve <= data.names.upper(); ++curve) {
+    if (has_only_lone_points(data, curve)) names.push_back(data.names(curve));
+  }
+  if (names.empty()) return;
+  const bool one = names.size() == 1;
+  data.warnings.push_back((one ? "column " : "columns ") + enumeration(names, kNamesInASentence) +
+                          (one ? " has" : " have") +
+                          " no two values in neighbouring rows, so no line is drawn; --markers "
+                          "shows " +
+                          (one ? "its" : "their") + " points.");
+}
+
 // Graph files separate names by commas, so that a name with one would come back as two.
 void remove_commas(TableData& data) {
   std::vector<std::string> changed;
@@ -255,6 +302,8 @@ TableData make_table_data(TableColumns& columns, const Selection& selection,
   for (int curve = 1; curve < width; ++curve) {
     add_column(columns, choice.y[static_cast<std::size_t>(curve) - 1], data, curve + 1);
   }
+  warn_of_missing_x(columns, data);
+  warn_of_lone_points(data);
   remove_commas(data);
   return data;
 }

@@ -89,7 +89,7 @@ std::string kind_name(ColumnKind kind) {
 }
 
 std::string in_dialog_words(std::string sentence) {
-  constexpr std::array<std::pair<std::string_view, std::string_view>, 13> kWords{{
+  constexpr std::array<std::pair<std::string_view, std::string_view>, 14> kWords{{
       {"--every", "\"Take every\""},
       {"--x", "\"X axis\""},
       {"--y", "\"Curves\""},
@@ -103,6 +103,7 @@ std::string in_dialog_words(std::string sentence) {
       {"--thousands", "\"Thousands sign\""},
       {"--missing", "\"Missing values\""},
       {"--dates", "\"Dates\""},
+      {"--markers", "\"Draw a marker at each point\""},
   }};
   remove_column_numbers(sentence);
   for (const auto& [option, field] : kWords) {

@@ -31,7 +31,8 @@ std::string separator_text(char separator);
 std::string sign_text(char sign);
 std::string kind_name(ColumnKind kind);
 
-// Replaces the names of command line options by those of the fields of the import dialog.
+// Replaces the names of command line options by those of the fields of the import dialog and of the
+// properties.
 std::string in_dialog_words(std::string sentence);
 
 }  // namespace kurv::app

@@ -105,11 +105,27 @@ TEST(TableData, EmptyFieldsNaAndNanAreMissing) {
   const TableData data = data_of("x,y\n1,\n2,NA\n3, nan \n4,\" NaN \"\n5,na\n6,7\n8,-\n");
   EXPECT_THAT(column_of(data, 2),
               ElementsAre(IsNan(), IsNan(), IsNan(), IsNan(), IsNan(), 7, IsNan()));
-  EXPECT_THAT(data.warnings, IsEmpty());
+  EXPECT_THAT(data.warnings, ElementsAre(HasSubstr("no two values in neighbouring rows")));
 }
 
-TEST(TableData, ARowWithoutXIsKept) {
-  EXPECT_THAT(column_of(data_of("x,y\n1,2\n,3\n4,5\n"), 1), ElementsAre(1, IsNan(), 4));
+TEST(TableData, ARowWithoutXIsKeptAndTold) {
+  const TableData data = data_of("x,y\n1,2\n2,3\n,3\n,4\n,\n4,5\n5,6\n");
+  EXPECT_THAT(column_of(data, 1), ElementsAre(1, 2, IsNan(), IsNan(), IsNan(), 4, 5));
+  EXPECT_THAT(data.warnings, ElementsAre("2 rows have no value of x (line 4 is the first) and are "
+                                         "not drawn."));
+  EXPECT_THAT(data_of("x,y\n1,2\n2,3\n,3\n").warnings,
+              ElementsAre("1 row has no value of x (line 4) and is not drawn."));
+}
+
+TEST(TableData, ColumnsWithoutNeighboursAreTold) {
+  EXPECT_THAT(data_of("x,v,w\n1,5,\n2,,6\n3,7,\n4,,8\n").warnings,
+              ElementsAre("columns \"v\" and \"w\" have no two values in neighbouring rows, so no "
+                          "line is drawn; --markers shows their points."));
+  EXPECT_THAT(data_of("x,u,v\n1,5,5\n2,6,\n3,7,7\n").warnings,
+              ElementsAre("column \"v\" has no two values in neighbouring rows, so no line is "
+                          "drawn; --markers shows its points."));
+  EXPECT_THAT(data_of("x,v\n1,5\n,6\n3,7\n").warnings,
+              ElementsAre(HasSubstr("no value of x"), HasSubstr("column \"v\" has no two")));
 }
 
 TEST(TableData, DatesOfDigitsAreNotToldWhereTheUserSaysSo) {
@@ -125,7 +141,8 @@ TEST(TableData, InfiniteNumbersAreMissingAndTold) {
   const TableData data = data_of("x,y\n1,2\n2,1e999\n3,-inf\n");
   EXPECT_THAT(column_of(data, 2), ElementsAre(2, IsNan(), IsNan()));
   EXPECT_THAT(data.warnings, ElementsAre(AllOf(HasSubstr("\"y\""), HasSubstr("2 of 3"),
-                                               HasSubstr("\"1e999\" in line 3"))));
+                                               HasSubstr("\"1e999\" in line 3")),
+                                         HasSubstr("no two values in neighbouring rows")));
 }
 
 TEST(TableData, AFewWordsInAColumnOfNumbersAreMissingAndTold) {

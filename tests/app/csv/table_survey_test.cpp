@@ -16,6 +16,7 @@ TEST(DialogWords, EachOptionHasItsField) {
       {"1; --encoding changes that.", "1; \"Encoding\" changes that."},
       {"--separator, --comment", "\"Separator\", \"Comments\""},
       {"--missing, --dates", "\"Missing values\", \"Dates\""},
+      {"; --markers shows its points.", "; \"Draw a marker at each point\" shows its points."},
       {"--every 3, --y", "\"Take every\" 3, \"Curves\""},
   };
   for (const auto& [sentence, words] : cases) EXPECT_EQ(in_dialog_words(sentence), words);
