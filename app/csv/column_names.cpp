@@ -45,6 +45,7 @@ ColumnNames names_of_header(const CsvTable& table, const CsvDialect& dialect) {
       name += " [" + unit + ']';
     }
     result.names.push_back(names.make_unique(name));
+    if (result.names.back() != name) result.repeated.push_back(result.names.back());
     result.units.push_back(std::move(unit));
   }
   return result;

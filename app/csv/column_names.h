@@ -13,6 +13,8 @@ struct ColumnNames {
   std::vector<std::string> names;
   // Empty where there is none.
   std::vector<std::string> units;
+  // The names that got a suffix because the header has them before.
+  std::vector<std::string> repeated;
 };
 
 // One name per column, all different: those of the header, or "x", "y1", "y2" and so on where there

@@ -32,6 +32,8 @@ class TableColumns {
   const DataRows& rows() const { return m_rows; }
   // All different: what the columns are drawn as.
   const std::vector<std::string>& names() const { return m_names.names; }
+  // Those of them that have a number because the header has the name before.
+  const std::vector<std::string>& repeated_names() const { return m_names.repeated; }
   std::size_t size() const { return m_names.names.size(); }
 
   // Reads several columns in one pass, which is faster than one pass for each. Columns that have

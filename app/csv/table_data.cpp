@@ -58,6 +58,15 @@ void warn_of_long_rows(const TableColumns& columns, TableData& data) {
                           "; the fields without a name are left out.");
 }
 
+void warn_of_repeated_names(const TableColumns& columns, TableData& data) {
+  const std::vector<std::string>& repeated = columns.repeated_names();
+  if (repeated.empty()) return;
+  data.warnings.push_back((repeated.size() == 1 ? "a name that comes again in the header has"
+                                                : "names that come again in the header have") +
+                          std::string(" a number: ") + enumeration(repeated, kNamesInASentence) +
+                          '.');
+}
+
 // The columns that count for the length of a row: those that have a name or a value.
 std::size_t expected_width(TableColumns& columns) {
   std::size_t width = columns.size();
@@ -295,6 +304,7 @@ TableData make_table_data(TableColumns& columns, const Selection& selection,
   };
   add_notes(columns.table().source().notes);
   add_notes(columns.dialect().notes);
+  warn_of_repeated_names(columns, data);
   add_notes(choice.warnings);
   warn_of_long_rows(columns, data);
   warn_of_short_rows(columns, data);

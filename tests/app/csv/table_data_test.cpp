@@ -128,6 +128,12 @@ TEST(TableData, ColumnsWithoutNeighboursAreTold) {
               ElementsAre(HasSubstr("no value of x"), HasSubstr("column \"v\" has no two")));
 }
 
+TEST(TableData, RepeatedNamesAreTold) {
+  EXPECT_THAT(data_of("t,v,v,w,w\n1,2,3,4,5\n2,3,4,5,6\n").warnings,
+              ElementsAre("names that come again in the header have a number: \"v (2)\" and \"w "
+                          "(2)\"."));
+}
+
 TEST(TableData, DatesOfDigitsAreNotToldWhereTheUserSaysSo) {
   const std::string bytes = "ts,y\n1700000000,1\n1700000060,2\n";
   EXPECT_THAT(data_of(bytes).warnings, ElementsAre(HasSubstr("--dates changes that")));
@@ -301,8 +307,9 @@ TEST(TableData, AWideHeaderAboveManyShortRowsCostsNoTime) {
   for (int i = 0; i < 30000; ++i) bytes += "1,2\n";
   const TableData data = data_of(bytes);
   EXPECT_THAT(names_of(data), ElementsAre("x", "y"));
-  EXPECT_THAT(data.warnings, ElementsAre(HasSubstr("more hold no values"),
-                                         HasSubstr("30000 rows are shorter than the header")));
+  EXPECT_THAT(data.warnings,
+              ElementsAre(HasSubstr("names that come again"), HasSubstr("more hold no values"),
+                          HasSubstr("30000 rows are shorter than the header")));
 }
 
 }  // namespace
