@@ -4,6 +4,7 @@
 #include <unordered_map>
 #include <utility>
 
+#include "app/base/message_text.h"
 #include "app/base/user_error.h"
 #include "app/sources/json_parser.h"
 #include "app/sources/json_path.h"
@@ -44,14 +45,38 @@ class ColumnNames {
   std::unordered_map<std::string, std::size_t> m_numbers;
 };
 
+// The keys that come again in the same object.
+class RepeatedKeys {
+ public:
+  void add(const std::string& key) {
+    if (m_first.empty()) m_first = key;
+    m_several = m_several || key != m_first;
+  }
+  // "The key "a" comes twice", and how that ends.
+  void note(const std::string& where, const std::string& what_counts,
+            std::vector<std::string>& notes) const {
+    if (m_first.empty()) return;
+    notes.push_back("The key " + in_quotes(m_first) +
+                    (m_several ? " and others come twice" : " comes twice") + where + "; " +
+                    what_counts + " counts.");
+  }
+
+ private:
+  std::string m_first;
+  bool m_several = false;
+};
+
 // The cells of one row, which come in any order.
 class RowCells {
  public:
-  void set(std::size_t column, std::string_view text) {
+  // False where the column has been set, so that its text is replaced.
+  bool set(std::size_t column, std::string_view text) {
     if (column >= m_cells.size()) m_cells.resize(column + 1);
-    if (!m_cells[column].is_set) m_columns.push_back(column);
+    const bool is_new = !m_cells[column].is_set;
+    if (is_new) m_columns.push_back(column);
     m_cells[column].is_set = true;
     m_cells[column].text = text;
+    return is_new;
   }
 
   void write(TsvWriter& table, std::size_t row) {
@@ -101,10 +126,12 @@ class RowHandler final : public JsonHandler {
   }
 
   JsonRows take() {
-    if (m_has_names) return {m_table.take(m_names.all()), true};
+    std::vector<std::string> notes;
+    m_repeated.note(" in a row", "the last value", notes);
+    if (m_has_names) return {m_table.take(m_names.all()), true, std::move(notes)};
     std::string text = m_table.take();
     if (!text.empty()) text.erase(0, 1);  // the line of the names
-    return {std::move(text), false};
+    return {std::move(text), false, std::move(notes)};
   }
 
  private:
@@ -134,7 +161,7 @@ class RowHandler final : public JsonHandler {
 
   void set_cell(const std::string& name, std::string_view text) {
     const std::size_t column = m_names.number_of(name, m_next_column);
-    m_row.set(column, text);
+    if (!m_row.set(column, text)) m_repeated.add(name);
     m_next_column = column + 1;
   }
 
@@ -152,6 +179,7 @@ class RowHandler final : public JsonHandler {
   bool m_has_names = false;
   std::size_t m_next_column = 0;
   RowCells m_row;
+  RepeatedKeys m_repeated;
   std::size_t m_rows = 0;
   TsvWriter m_table;
 };
@@ -180,6 +208,7 @@ class ColumnHandler final : public JsonHandler {
     m_path.begin_value();
     if (m_depth > 0 && m_path.depth() == m_depth) {
       m_column = m_names.number_of(m_key);
+      if (m_column < m_columns.size()) m_repeated.add(m_key);
       m_columns.resize(m_names.size());
       m_columns[m_column] = {};
     }
@@ -194,22 +223,40 @@ class ColumnHandler final : public JsonHandler {
   JsonRows take() {
     std::size_t rows = 0;
     for (const TextList& column : m_columns) rows = std::max(rows, column.size());
+    std::vector<std::string> notes;
+    m_repeated.note("", "the last array", notes);
+    note_short_columns(rows, notes);
     for (std::size_t row = 0; row < rows; ++row) {
       for (std::size_t i = 0; i < m_columns.size(); ++i) {
         if (row < m_columns[i].size()) m_table.add(row + 1, i, m_columns[i][row]);
       }
     }
     m_columns = {};
-    return {m_table.take(m_names.all()), true};
+    return {m_table.take(m_names.all()), true, std::move(notes)};
   }
 
  private:
+  void note_short_columns(std::size_t rows, std::vector<std::string>& notes) const {
+    std::size_t count = 0;
+    std::size_t first = 0;
+    for (std::size_t i = 0; i < m_columns.size(); ++i) {
+      if (m_columns[i].size() < rows && count++ == 0) first = i;
+    }
+    if (count == 0) return;
+    notes.push_back(std::to_string(count) + (count == 1 ? " column is" : " columns are") +
+                    " shorter than the longest one, which has " + std::to_string(rows) +
+                    " values (first " + in_quotes(m_names.all()[first]) + " with " +
+                    std::to_string(m_columns[first].size()) +
+                    "); the values that are not there count as missing.");
+  }
+
   const JsonShape& m_shape;
   JsonPath m_path;
   std::size_t m_depth = 0;  // in the object of the table; 0 outside
   std::string m_key;
   ColumnNames m_names;
   std::vector<TextList> m_columns;
+  RepeatedKeys m_repeated;
   std::size_t m_column = 0;
   TsvWriter m_table;
 };

@@ -3,6 +3,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "app/sources/json_shape.h"
 
@@ -11,6 +12,8 @@ namespace kurv::app {
 struct JsonRows {
   std::string text;
   bool has_header = false;
+  // Whole sentences about what was left out.
+  std::vector<std::string> notes = {};
 };
 
 // The table at `shape` as tab-separated text. Keys are the names of columns, in the order in which

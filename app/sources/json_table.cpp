@@ -65,7 +65,7 @@ JsonTable read_json_table(std::string_view bytes, const std::string& path) {
         " holds no table; it needs an array of objects, an array of arrays, or an object "
         "of arrays.");
   }
-  JsonTable table{std::move(rows.text), rows.has_header, {}};
+  JsonTable table{std::move(rows.text), rows.has_header, std::move(rows.notes)};
   if (shape.complete_size < text.size()) {
     table.notes.push_back("Line " + std::to_string(line_of(text, shape.complete_size)) +
                           ", the last one, is incomplete or wrong and left out.");

@@ -50,6 +50,20 @@ TEST(JsonTable, AnObjectOfArraysHasColumns) {
   EXPECT_TRUE(table.has_header);
 }
 
+TEST(JsonTable, WhatIsLostOfRepeatedKeysIsTold) {
+  EXPECT_THAT(read_json_table(R"([{"t":1,"a":2,"a":3},{"t":2,"t":3,"a":4}])", "").notes,
+              ElementsAre("The key \"a\" and others come twice in a row; the last value counts."));
+  EXPECT_THAT(read_json_table(R"({"t":[1,2],"a":[3,4],"t":[5,6]})", "").notes,
+              ElementsAre("The key \"t\" comes twice; the last array counts."));
+}
+
+TEST(JsonTable, ShorterColumnsAreTold) {
+  EXPECT_THAT(read_json_table(R"({"a":[1,2,3],"b":[1,2],"c":[]})", "").notes,
+              ElementsAre("2 columns are shorter than the longest one, which has 3 values (first "
+                          "\"b\" with 2); the values that are not there count as missing."));
+  EXPECT_THAT(read_json_table(R"({"a":[1,2,3],"b":[1,2,null]})", "").notes, IsEmpty());
+}
+
 TEST(JsonTable, IsFoundInsideObjects) {
   EXPECT_EQ(outcome(R"({"n":2,"tags":["x","y"],"data":[{"t":1},{"t":2}],"end":0})"), "t\n1\n2\n");
   EXPECT_EQ(outcome(R"({"a":{"b":{"data":[[1,2],[3,4]]}},"c":{}})"), "1\t2\n3\t4\n");
