@@ -277,3 +277,8 @@ CsvDialect detect_dialect(const CsvTable& table) {
 }
 
 }  // namespace kurv::app
+  if (dialect.first_has_no_name) {
+    dialect.notes.push_back(
+        "each row has one field more than the header, so the first column is read as the one "
+        "without a name.");
+  }

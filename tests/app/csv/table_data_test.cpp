@@ -134,6 +134,12 @@ TEST(TableData, RepeatedNamesAreTold) {
                           "(2)\"."));
 }
 
+TEST(TableData, AFirstColumnWithoutANameIsTold) {
+  EXPECT_THAT(data_of("a b\n1 2 3\n2 3 4\n").warnings,
+              ElementsAre("each row has one field more than the header, so the first column is "
+                          "read as the one without a name."));
+}
+
 TEST(TableData, DatesOfDigitsAreNotToldWhereTheUserSaysSo) {
   const std::string bytes = "ts,y\n1700000000,1\n1700000060,2\n";
   EXPECT_THAT(data_of(bytes).warnings, ElementsAre(HasSubstr("--dates changes that")));
