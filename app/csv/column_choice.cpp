@@ -135,7 +135,9 @@ class Chooser {
       advice = "; --x " + std::to_string(column + 1) + " takes the dates of " +
                in_quotes(m_columns.names()[column]);
     }
-    warn(quoted(m_columns, 0) + " does not hold numbers or dates, so x is the row number" + advice +
+    const std::string first = first_word(m_columns, 0);
+    warn(quoted(m_columns, 0) + " does not hold numbers or dates" +
+         (first.empty() ? "" : " (first " + first + ")") + ", so x is the row number" + advice +
          ".");
   }
 
