@@ -34,7 +34,7 @@ void print_text(const TableSource& source, const NumberNotation& numbers,
                 const TableOptions& options, std::ostream& out) {
   print_info_line(
       out, "Encoding",
-      chosen(std::string(encoding_name(source.encoding)), options.encoding.has_value()));
+      chosen(std::string(encoding_name(source.encoding)), options.encoding == source.encoding));
   print_info_line(out, "Separator",
                   chosen(separator_text(source.separator), options.separator.has_value()));
   print_info_line(out, "Decimal sign",

@@ -25,6 +25,12 @@ void add_notes(TableSource& source, std::vector<std::string> notes) {
                       std::make_move_iterator(notes.end()));
 }
 
+// What the user says about a file of another kind.
+void note_idle_option(bool is_set, const std::string& option, const std::string& kind,
+                      TableSource& source) {
+  if (is_set) add_notes(source, {option + " has no effect, because the table is " + kind + "."});
+}
+
 CsvTable table_of_json(const std::string& text, const std::string& name, TableOptions options) {
   JsonTable json = read_json_table(text, name);
   options.skip = 0;
@@ -32,6 +38,7 @@ CsvTable table_of_json(const std::string& text, const std::string& name, TableOp
   CsvTable table = parse_csv(std::move(json.text), name, with_known_notation(std::move(options)));
   table.source().kind = "JSON";
   add_notes(table.source(), std::move(json.notes));
+  note_idle_option(table.source().options.sheet.has_value(), "--sheet", "JSON", table.source());
   return table;
 }
 
@@ -43,7 +50,12 @@ CsvTable table_of_text(DecodedText decoded, const std::string& name, const Table
               {"line " + std::to_string(decoded.first_foreign_line) +
                " is not UTF-8 although others are, and is read as code page 1252; --encoding "
                "changes that."});
+  } else if (options.encoding && *options.encoding != decoded.encoding) {
+    add_notes(table.source(),
+              {"the text is not " + std::string(encoding_name(*options.encoding)) +
+               ", and is read as " + std::string(encoding_name(decoded.encoding)) + "."});
   }
+  note_idle_option(options.sheet.has_value(), "--sheet", "text", table.source());
   return table;
 }
 
@@ -58,6 +70,8 @@ CsvTable parse_sheet(SheetText sheet, const std::string& name, const TableOption
     sheet.notes.push_back(source.kind + " is read; --sheet chooses another one.");
   }
   add_notes(source, std::move(sheet.notes));
+  note_idle_option(options.separator.has_value(), "--separator", "a sheet of a workbook", source);
+  note_idle_option(options.encoding.has_value(), "--encoding", "a sheet of a workbook", source);
   return table;
 }
 

@@ -15,7 +15,9 @@
 namespace kurv::app {
 namespace {
 
+using testing::AllOf;
 using testing::Contains;
+using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::Not;
 
@@ -76,6 +78,30 @@ TEST(TableFile, OfAWorkbookRefusesASheetThatIsNotThere) {
   } catch (const UserError& error) {
     EXPECT_THAT(error.what(), HasSubstr("nowhere"));
   }
+}
+
+TEST(TableFile, OptionsWithoutEffectAreTold) {
+  TableOptions options;
+  options.separator = ';';
+  options.encoding = Encoding::kUtf8;
+  EXPECT_THAT(read_table(test::source_path("types.xlsx"), options).source().notes,
+              AllOf(Contains("--separator has no effect, because the table is a sheet of a "
+                             "workbook."),
+                    Contains("--encoding has no effect, because the table is a sheet of a "
+                             "workbook.")));
+  TableOptions sheet;
+  sheet.sheet = "1";
+  EXPECT_THAT(parse_table("x,y\n1,2\n", "data.csv", sheet).source().notes,
+              ElementsAre("--sheet has no effect, because the table is text."));
+  EXPECT_THAT(parse_table("[[1,2],[2,3]]", "data.json", sheet).source().notes,
+              ElementsAre("--sheet has no effect, because the table is JSON."));
+}
+
+TEST(TableFile, OfTextThatIsNotAsTheEncodingSaysIsTold) {
+  TableOptions options;
+  options.encoding = Encoding::kUtf8;
+  EXPECT_THAT(parse_table("x,\xE4\n1,2\n", "data.csv", options).source().notes,
+              ElementsAre("the text is not UTF-8, and is read as code page 1252."));
 }
 
 // A decimal point in a workbook is one, whatever the numbers around it look like.
