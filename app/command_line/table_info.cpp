@@ -98,6 +98,15 @@ void print_table_columns(TableColumns& columns, const std::optional<Choice>& cho
   }
 }
 
+// The columns have been printed above the error.
+UserError without_info_advice(const UserError& error) {
+  std::string sentence = error.what();
+  const std::size_t advice = sentence.find(kInfoAdvice);
+  if (advice == std::string::npos) return error;
+  sentence.replace(advice, kInfoAdvice.size(), "its columns are listed above");
+  return UserError(sentence);
+}
+
 }  // namespace
 
 void print_table_info(const std::string& path, const TableOptions& options, std::ostream& out) {
@@ -111,11 +120,12 @@ void print_table_info(const std::string& path, const TableOptions& options, std:
   std::optional<TableData> data;
   std::optional<UserError> refusal;
   try {
+    check_has_rows(columns, name);
     choice = choose_columns(columns, options.selection, name);
     data = make_table_data(columns, options.selection, name);
     check_drawable(*data, options.selection, name);
   } catch (const UserError& error) {
-    refusal = error;
+    refusal = without_info_advice(error);
   }
   print_table_columns(columns, choice, out);
   if (data) print_info_line(out, "x", in_quotes(data->names(1)));

@@ -213,7 +213,7 @@ class Chooser {
 
   // What may be wrong with a table that has no numbers.
   std::string advice() const {
-    if (!m_columns.table().source().kind.empty()) return "\"kurv info\" says what its columns hold";
+    if (!m_columns.table().source().kind.empty()) return std::string(kInfoAdvice);
     return "check the separator between its fields and the decimal sign of its numbers";
   }
 

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "app/csv/table_columns.h"
@@ -19,6 +20,9 @@ struct Choice {
   // Whole sentences.
   std::vector<std::string> warnings;
 };
+
+// What errors advise about a table whose columns hold no numbers.
+inline constexpr std::string_view kInfoAdvice = "\"kurv info\" says what its columns hold";
 
 // Unless the selection says otherwise, the first column is x and all other columns of numbers are
 // curves. Where the first column holds neither numbers nor dates, x is the row number, as it is in

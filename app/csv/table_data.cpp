@@ -21,9 +21,6 @@ namespace kurv::app {
 namespace {
 
 void check_row_count(const DataRows& rows, const std::string& path) {
-  if (rows.size() == 0) {
-    throw UserError(path + " has a header and nothing below it; it needs rows of numbers.");
-  }
   if (rows.size() <= std::size_t{kMaxPoints}) return;
   const std::size_t enough = (rows.total() - 1) / kMaxPoints + 1;
   const std::string kept = rows.every() > 1
@@ -291,9 +288,7 @@ void remove_commas(TableData& data) {
 TableData make_table_data(TableColumns& columns, const Selection& selection,
                           const std::string& path) {
   const DataRows& rows = columns.rows();
-  if (columns.table().rows() == 0) {
-    throw UserError(path + " has no rows; it needs rows of numbers.");
-  }
+  check_has_rows(columns, path);
   check_row_count(rows, path);
   const Choice choice = choose_columns(columns, selection, path);
 
@@ -331,6 +326,22 @@ TableData read_table_data(const std::string& path, const TableOptions& options) 
   TableData data = make_table_data(columns, options.selection, name);
   check_drawable(data, options.selection, name);
   return data;
+}
+
+void check_has_rows(const TableColumns& columns, const std::string& path) {
+  const TableSource& source = columns.table().source();
+  const std::size_t skip = source.options.skip.value_or(0);
+  if (columns.table().rows() == 0 && skip > 0 && skip >= source.skipped_lines) {
+    throw UserError(path + " has " + std::to_string(source.skipped_lines) +
+                    (source.skipped_lines == 1 ? " line" : " lines") + ", and --skip " +
+                    std::to_string(skip) + " leaves none of them; choose a smaller number.");
+  }
+  if (columns.table().rows() == 0) {
+    throw UserError(path + " has no rows; it needs rows of numbers.");
+  }
+  if (columns.rows().size() == 0) {
+    throw UserError(path + " has a header and nothing below it; it needs rows of numbers.");
+  }
 }
 
 void check_drawable(const TableData& data, const Selection& selection, const std::string& path) {

@@ -40,6 +40,9 @@ TableData make_table_data(const CsvTable& table, const Selection& selection,
 // read_table(), make_table_data() and check_drawable() do.
 TableData read_table_data(const std::string& path, const TableOptions& options);
 
+// Throws UserError for a table without rows of data.
+void check_has_rows(const TableColumns& columns, const std::string& path);
+
 // Throws UserError for data that would leave the graph empty: it needs two rows, and values of x
 // that differ.
 void check_drawable(const TableData& data, const Selection& selection, const std::string& path);

@@ -87,6 +87,21 @@ TEST_F(TableProgram, InfoMarksWhatIsChosenAndEndsWithTheErrorOfWhatCannotBeDrawn
   EXPECT_THAT(outcome.err, HasSubstr("no column of numbers"));
 }
 
+TEST_F(TableProgram, InfoDoesNotAdviseItself) {
+  const Outcome words = run({"info", written("w.json", "[{\"a\":\"b\"},{\"a\":\"c\"}]")});
+  EXPECT_THAT(words.err,
+              AllOf(HasSubstr("its columns are listed above"), Not(HasSubstr("kurv info"))));
+  EXPECT_THAT(run({"info", written("h.csv", "x,y\n")}).err,
+              HasSubstr("has a header and nothing below it"));
+}
+
+TEST_F(TableProgram, InfoMarksNoEncodingAsChosenThatIsNotTheTexts) {
+  const Outcome outcome =
+      run({"info", written("l.csv", "x,\xE4\n1,2\n2,3\n"), "--encoding", "utf-8"});
+  EXPECT_THAT(outcome.out, AllOf(HasSubstr("Encoding            code page 1252\n"),
+                                 HasSubstr("the text is not UTF-8")));
+}
+
 TEST_F(TableProgram, ReadsStandardInputAndWritesStandardOutput) {
   const QByteArray table = "x,y\n1,2\n2,3\n";
   const Outcome picture = run_with_input({"render", "-", "-o", "-"}, table);

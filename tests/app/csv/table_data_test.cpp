@@ -268,6 +268,19 @@ TEST(TableData, NamesThatDoNotFitAreRefused) {
   EXPECT_THAT(refusal_of(bytes, {.x = {}, .y = {"w"}}), HasSubstr("does not hold numbers"));
 }
 
+TEST(TableData, SkippingAllLinesIsRefusedWithTheirNumber) {
+  TableOptions options;
+  options.skip = 99;
+  try {
+    make_table_data(parse_csv("x,y\n1,2\n2,3\n", "data.csv", options), {}, "data.csv");
+    FAIL() << "nothing was refused";
+  } catch (const UserError& error) {
+    EXPECT_STREQ(error.what(),
+                 "data.csv has 3 lines, and --skip 99 leaves none of them; choose a smaller "
+                 "number.");
+  }
+}
+
 TEST(TableData, EachNthRowIsTakenFromTheFirstOn) {
   const TableData data = data_of("x,y\n1,1\n2,2\n3,3\n4,4\n5,5\n", {.x = {}, .y = {}, .every = 2});
   EXPECT_THAT(column_of(data, 1), ElementsAre(1, 3, 5));
