@@ -44,6 +44,27 @@ UserError no_column(const std::vector<std::string>& names, const std::string& re
                    enumeration(names, kNamesInASentence) + ".");
 }
 
+bool is_whole_number(std::string_view text) {
+  return !text.empty() && text.find_first_not_of("0123456789") == text.npos;
+}
+
+// A range such as "3-99", of which a bound is no column, or "7-3".
+UserError no_range(const std::vector<std::string>& names, const std::string& reference,
+                   const std::vector<std::string_view>& bounds, const std::string& path) {
+  for (const std::string_view bound : bounds) {
+    if (!is_whole_number(bound)) return no_column(names, reference, path);
+  }
+  for (const std::string_view bound : bounds) {
+    if (column_number(bound, names.size())) continue;
+    return UserError(path + " has no column " + std::string(bound) + ", which " +
+                     in_quotes(reference) + " names; it has " + std::to_string(names.size()) +
+                     (names.size() == 1 ? " column." : " columns."));
+  }
+  return UserError(path + " has no columns " + in_quotes(reference) +
+                   ", because the range ends before it begins; write " + std::string(bounds[1]) +
+                   '-' + std::string(bounds[0]) + '.');
+}
+
 }  // namespace
 
 std::size_t find_column(const std::vector<std::string>& names, const std::string& reference,
@@ -62,11 +83,11 @@ std::vector<std::size_t> find_columns(const std::vector<std::string>& names,
     return {find_column(names, reference, path)};
   }
   const std::string_view text = reference;
-  const std::optional<std::size_t> first =
-      column_number(trim_blanks(text.substr(0, dash)), names.size());
-  const std::optional<std::size_t> last =
-      column_number(trim_blanks(text.substr(dash + 1)), names.size());
-  if (!first || !last || *first > *last) throw no_column(names, reference, path);
+  const std::string_view from = trim_blanks(text.substr(0, dash));
+  const std::string_view to = trim_blanks(text.substr(dash + 1));
+  const std::optional<std::size_t> first = column_number(from, names.size());
+  const std::optional<std::size_t> last = column_number(to, names.size());
+  if (!first || !last || *first > *last) throw no_range(names, reference, {from, to}, path);
   std::vector<std::size_t> result;
   for (std::size_t column = *first; column <= *last; ++column) result.push_back(column);
   return result;

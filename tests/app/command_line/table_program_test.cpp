@@ -53,7 +53,7 @@ TEST_F(TableProgram, ColumnsAreChosenByNumberAndRange) {
   const QString table = written("c.csv", "a,b,c,d\n1,2,3,4\n2,3,4,5\n");
   EXPECT_TRUE(graph_lines(table, {"--x", "2", "--y", "3-4"}).contains("b,c,d"));
   EXPECT_TRUE(graph_lines(table, {"--x", "row", "--y", "1,d"}).contains("row,a,d"));
-  expect_refusal(render(table, {"--y", "3-9"}), 1, "has no column \"3-9\"");
+  expect_refusal(render(table, {"--y", "3-9"}), 1, "has no column 9, which \"3-9\" names");
   expect_refusal(render(table, {"--x", "5"}), 1, "has no column \"5\"");
 }
 

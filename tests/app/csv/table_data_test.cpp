@@ -268,6 +268,17 @@ TEST(TableData, NamesThatDoNotFitAreRefused) {
   EXPECT_THAT(refusal_of(bytes, {.x = {}, .y = {"w"}}), HasSubstr("does not hold numbers"));
 }
 
+TEST(TableData, TheBadBoundOfARangeIsNamed) {
+  const std::string bytes = "a,b,c\n1,2,3\n3,4,5\n";
+  EXPECT_EQ(refusal_of(bytes, {.x = {}, .y = {"2-99"}}),
+            "data.csv has no column 99, which \"2-99\" names; it has 3 columns.");
+  EXPECT_EQ(refusal_of(bytes, {.x = {}, .y = {"0-2"}}),
+            "data.csv has no column 0, which \"0-2\" names; it has 3 columns.");
+  EXPECT_EQ(refusal_of(bytes, {.x = {}, .y = {"3-2"}}),
+            "data.csv has no columns \"3-2\", because the range ends before it begins; write 2-3.");
+  EXPECT_THAT(refusal_of(bytes, {.x = {}, .y = {"a-b"}}), HasSubstr("no column \"a-b\""));
+}
+
 TEST(TableData, SkippingAllLinesIsRefusedWithTheirNumber) {
   TableOptions options;
   options.skip = 99;
