@@ -1,9 +1,12 @@
 #include "app/csv/missing_text.h"
 
+#include <KurvGraph/number_text.h>
 #include <KurvGraph/text.h>
 
 #include <algorithm>
 #include <array>
+
+#include "app/csv/characters.h"
 
 namespace kurv::app {
 
@@ -21,7 +24,13 @@ bool is_usual_missing_text(std::string_view text) {
 
 bool is_missing_text(std::string_view text, const std::optional<std::vector<std::string>>& chosen) {
   if (!chosen) return is_usual_missing_text(text);
-  return text.empty() || std::find(chosen->begin(), chosen->end(), text) != chosen->end();
+  if (text.empty() || std::find(chosen->begin(), chosen->end(), text) != chosen->end()) return true;
+  // "-9999.0" is also written "-9999" and "-9999.00".
+  if (!begins_as_number(text)) return false;
+  const std::optional<double> value = text_to_number(text);
+  return value && std::any_of(chosen->begin(), chosen->end(), [&](const std::string& missing) {
+           return begins_as_number(missing) && text_to_number(missing) == value;
+         });
 }
 
 }  // namespace kurv::app

@@ -163,6 +163,16 @@ TEST(CsvDialect, DoesNotGuessWhatIsChosen) {
   options.header = HeaderChoice::kNone;
   EXPECT_FALSE(dialect_of("a,b\n1,2\n", options).header);
   options.header = HeaderChoice::kNamesAndUnits;
+TEST(CsvDialect, AChosenMissingNumberIsMissingHoweverItIsWritten) {
+  CsvDialect chosen;
+  chosen.missing = {"-9999.0", "x"};
+  for (const char* text : {"-9999.0", "-9999", "-9999.00"}) {
+    EXPECT_EQ(read_cell(text, chosen).kind, CellKind::kMissing) << text;
+  }
+  EXPECT_EQ(read_cell("-999", chosen).kind, CellKind::kNumber);
+  EXPECT_EQ(read_cell("9999", chosen).kind, CellKind::kNumber);
+}
+
   EXPECT_EQ(dialect_of("1,2\n3,4\n5,6\n", options).first_row, 2u);
   options.decimal = ',';
   options.thousands = ' ';
