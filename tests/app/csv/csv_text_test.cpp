@@ -65,6 +65,14 @@ TEST_F(CsvText, IsRefusedWhenItIsNoText) {
   EXPECT_THAT(refusal_of(written(std::string("x,y\n1,\0\n", 8))), HasSubstr("is no text"));
 }
 
+TEST_F(CsvText, OfOtherKindsIsRefusedByWhatItIs) {
+  EXPECT_THAT(refusal_of(written("%PDF-1.7\n1 0 obj")), HasSubstr("is a PDF document"));
+  EXPECT_THAT(refusal_of(written(std::string("PAR1\0\1", 6))), HasSubstr("is a Parquet file"));
+  for (const char* bytes : {"<!DOCTYPE html>\n<html>", "\xEF\xBB\xBF\n<HTML lang=en>", "<table>"}) {
+    EXPECT_THAT(refusal_of(written(bytes)), HasSubstr("is a web page (HTML)")) << bytes;
+  }
+}
+
 // The text in units of this many bytes.
 std::string in_units(std::string_view text, std::size_t size, bool big_endian) {
   std::string bytes;
