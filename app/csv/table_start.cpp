@@ -131,14 +131,26 @@ class StartFinder {
         break;
       }
     }
-    // Of the lines above the values, the first that has a name for each column.
-    while (first + 1 < end && (m_rows[first].fields != m_width || m_rows[first].has_empty_field) &&
-           m_rows[first + 1].fields == m_width && !m_rows[first + 1].has_empty_field) {
-      ++first;
-    }
+    first = first_complete(first, end);
     if (first < end) return {m_rows[first].offset, m_rows[first].line, false};
     if (m_comments.empty()) return values;
     return {m_comments.back().offset, m_comments.back().line, true};
+  }
+
+  // Of the lines above the values, the first that has a name for each column. Below more than one
+  // line without, it must have words alone.
+  std::size_t first_complete(std::size_t first, std::size_t end) const {
+    std::size_t row = first;
+    while (row < end && (m_rows[row].fields != m_width || m_rows[row].has_empty_field)) ++row;
+    if (row == end) return first;
+    return row <= first + 1 || has_words_alone(m_rows[row]) ? row : first;
+  }
+
+  bool has_words_alone(const UpperRow& row) const {
+    const Fields fields = fields_of(row);
+    return std::none_of(fields.begin(), fields.end(), [](std::string_view field) {
+      return looks_like_value(field) || is_usual_missing_text(field);
+    });
   }
 
   Fields fields_of(const UpperRow& row) const {

@@ -32,6 +32,10 @@ TEST(TableStart, IsBelowWordsOfAnInstrument) {
   EXPECT_EQ(line_of("Sample: quartz\nAxis: 2 theta\n20 105\n21 110\n22 131\n23 118\n", ' '), 3u);
 }
 
+TEST(TableStart, IsTheLineOfNamesBelowSeveralLinesWithFewerFields) {
+  EXPECT_EQ(line_of("Device,ABC-12\nSerial,00123\nInterval,60\nTime,T1,T2\n0,1,2\n1,2,3\n"), 4u);
+}
+
 TEST(TableStart, IsTheFirstOfSeveralLinesOfNames) {
   EXPECT_EQ(line_of("time,speed,load\ns,m/s,N\n0,1,2\n1,2,3\n"), 1u);
   EXPECT_EQ(line_of("time;speed\n[s];m/s\n0;1\n1;2\n", ';'), 1u);
