@@ -187,9 +187,11 @@ class LeftOutRows {
     }
     // A table of empty rows alone stays as it is.
     if (end == m_dialect.first_row) return;
-    if (empty > 0) note(empty, first_empty, "at the end is empty", "at the end are empty");
-    find_totals(end, rows);
+    find_lines_below(end, rows);
     find_repeated_headers(end, rows);
+    note_lines(m_totals, "holds totals", "hold totals");
+    note_lines(m_footnotes, "is a text below the table", "are texts below the table");
+    if (empty > 0) note(empty, first_empty, "at the end is empty", "at the end are empty");
     std::sort(rows.begin(), rows.end());
     for (const std::size_t row : rows) {
       m_dialect.left_out.push_back(static_cast<std::uint32_t>(row));
@@ -204,15 +206,38 @@ class LeftOutRows {
                               (count == 1 ? " and is left out." : " and are left out."));
   }
 
-  void find_totals(std::size_t& end, std::vector<std::size_t>& rows) {
+  // "lines 4 ("Min") and 5 ("Max") are left out, because they hold totals."
+  void note_lines(const std::vector<std::size_t>& rows, const std::string& is,
+                  const std::string& are) {
+    if (rows.empty()) return;
+    const auto line = [&](std::size_t row) { return std::to_string(m_table.line(row)); };
+    const auto text = [&](std::size_t row) { return in_quotes(first_text(m_table, row)); };
+    if (rows.size() == 1) {
+      m_dialect.notes.push_back("line " + line(rows[0]) + ", " + text(rows[0]) +
+                                ", is left out, because it " + is + '.');
+      return;
+    }
+    std::string lines;
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+      if (i > 0) lines += i + 1 == rows.size() ? " and " : ", ";
+      lines += line(rows[i]) + " (" + text(rows[i]) + ')';
+    }
+    m_dialect.notes.push_back("lines " + lines + " are left out, because they " + are + '.');
+  }
+
+  // They are found from the last one up.
+  static void prepend(std::vector<std::size_t>& lines, std::size_t row) {
+    lines.insert(lines.begin(), row);
+  }
+
+  // Totals, and texts below the table.
+  void find_lines_below(std::size_t& end, std::vector<std::size_t>& rows) {
     constexpr std::size_t kMost = 4;
     for (std::size_t count = 0; count < kMost && end > m_dialect.first_row + 1; ++count) {
       const std::size_t row = end - 1;
       const bool total = is_total(m_table, row, m_dialect);
       if (!total && !is_footnote(m_table, row, m_dialect)) return;
-      m_dialect.notes.push_back("line " + std::to_string(m_table.line(row)) + ", " +
-                                in_quotes(first_text(m_table, row)) + ", is left out, because it " +
-                                (total ? "holds totals." : "is a text below the table."));
+      prepend(total ? m_totals : m_footnotes, row);
       rows.push_back(row);
       --end;
     }
@@ -232,6 +257,9 @@ class LeftOutRows {
 
   const CsvTable& m_table;
   CsvDialect& m_dialect;
+  // In the order of the file.
+  std::vector<std::size_t> m_totals;
+  std::vector<std::size_t> m_footnotes;
 };
 
 // Whether each row has one field more than the header, and not merely a separator at its end.
@@ -272,13 +300,13 @@ CsvDialect detect_dialect(const CsvTable& table) {
   dialect.notes = dialect.notation.notes;
   find_header(table, options, dialect);
   dialect.first_has_no_name = dialect.header && is_header_one_short(table, dialect);
-  LeftOutRows(table, dialect).find();
-  return dialect;
-}
-
-}  // namespace kurv::app
   if (dialect.first_has_no_name) {
     dialect.notes.push_back(
         "each row has one field more than the header, so the first column is read as the one "
         "without a name.");
   }
+  LeftOutRows(table, dialect).find();
+  return dialect;
+}
+
+}  // namespace kurv::app

@@ -56,9 +56,14 @@ TEST(CsvDialect, RepeatedHeadersTotalsAndEmptyRowsAtTheEndAreToldAndLeftOut) {
   const CsvDialect dialect = dialect_of("x,y\n1,2\nx,y\n2,3\nTotal,5\n,\n,\n");
   EXPECT_THAT(dialect.left_out, ElementsAre(2, 4, 5, 6));
   EXPECT_THAT(dialect.notes,
-              ElementsAre("2 rows at the end are empty (line 6 is the first) and are left out.",
+              ElementsAre("1 row repeats the header (line 3) and is left out.",
                           "line 5, \"Total\", is left out, because it holds totals.",
-                          "1 row repeats the header (line 3) and is left out."));
+                          "2 rows at the end are empty (line 6 is the first) and are left out."));
+  EXPECT_THAT(dialect_of("x,y\n1,2\n2,3\nMin,2\nMax,3\nTotal,5\nmade by hand\n").notes,
+              ElementsAre("lines 4 (\"Min\"), 5 (\"Max\") and 6 (\"Total\") are left out, because "
+                          "they hold totals.",
+                          "line 7, \"made by hand\", is left out, because it is a text below the "
+                          "table."));
   EXPECT_THAT(dialect_of("who,y\nAnna,2\nMax,3\n").left_out, IsEmpty());
   EXPECT_THAT(dialect_of("x,y\n1,2\n,\n2,3\n").left_out, IsEmpty()) << "a gap is data";
 }
@@ -158,11 +163,6 @@ TEST(CsvDialect, KnowsTheTextsOfMissingValues) {
   EXPECT_EQ(read_cell("NA", chosen).kind, CellKind::kWord);
 }
 
-TEST(CsvDialect, DoesNotGuessWhatIsChosen) {
-  TableOptions options;
-  options.header = HeaderChoice::kNone;
-  EXPECT_FALSE(dialect_of("a,b\n1,2\n", options).header);
-  options.header = HeaderChoice::kNamesAndUnits;
 TEST(CsvDialect, AChosenMissingNumberIsMissingHoweverItIsWritten) {
   CsvDialect chosen;
   chosen.missing = {"-9999.0", "x"};
@@ -173,6 +173,11 @@ TEST(CsvDialect, AChosenMissingNumberIsMissingHoweverItIsWritten) {
   EXPECT_EQ(read_cell("9999", chosen).kind, CellKind::kNumber);
 }
 
+TEST(CsvDialect, DoesNotGuessWhatIsChosen) {
+  TableOptions options;
+  options.header = HeaderChoice::kNone;
+  EXPECT_FALSE(dialect_of("a,b\n1,2\n", options).header);
+  options.header = HeaderChoice::kNamesAndUnits;
   EXPECT_EQ(dialect_of("1,2\n3,4\n5,6\n", options).first_row, 2u);
   options.decimal = ',';
   options.thousands = ' ';
