@@ -46,6 +46,11 @@ SheetText read_xlsx(ZipArchive& archive, const std::string& main_part, const Wan
                            std::to_string(formulas) +
                            "); open the file in a spreadsheet program and save it there.");
   }
+  if (result.text.empty() && formulas > 0) {
+    throw UserError(archive.path() +
+                    " has formulas without stored results and no other cells; open it in a "
+                    "spreadsheet program and save it there.");
+  }
   if (result.text.empty()) throw no_cells(archive.path());
   return result;
 }

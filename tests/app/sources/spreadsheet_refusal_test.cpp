@@ -54,6 +54,11 @@ TEST(SpreadsheetRefusal, CellsWithoutPositionsFollowEachOther) {
             "1\t2\n3\t\n");
 }
 
+TEST(SpreadsheetRefusal, FormulasWithoutResultsAloneAreNamed) {
+  EXPECT_THAT(outcome(xlsx("<row><c><f>A2+1</f></c></row>")),
+              HasSubstr("has formulas without stored results"));
+}
+
 TEST(SpreadsheetRefusal, EscapedCharactersAreRead) {
   EXPECT_EQ(outcome(xlsx("<row><c t='str'><v>a_x0042_c_x00_ _xZZZZ_ _x</v></c></row>")),
             "aBc_x00_ _xZZZZ_ _x\n");
