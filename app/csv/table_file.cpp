@@ -1,5 +1,7 @@
 #include "app/csv/table_file.h"
 
+#include <algorithm>
+#include <string_view>
 #include <utility>
 
 #include "app/base/message_text.h"
@@ -18,6 +20,26 @@ TableOptions with_known_notation(TableOptions options) {
   if (!options.decimal) options.decimal = '.';
   if (!options.thousands) options.thousands = '\0';
   return options;
+}
+
+// Whether the texts among the cells of a sheet have decimal commas: the numbers of the sheet, which
+// are written with decimal points, must be whole then. "1,234" could be either and does not count.
+bool has_decimal_commas(std::string_view cells) {
+  bool any = false;
+  while (!cells.empty()) {
+    const std::size_t end = std::min(cells.find_first_of("\t\n"), cells.size());
+    const std::string_view cell = cells.substr(0, end);
+    cells.remove_prefix(std::min(end + 1, cells.size()));
+    const std::size_t comma = cell.find(',');
+    const std::size_t last_digits = cell.size() - std::min(comma + 1, cell.size());
+    if (cell.empty() || cell.find_first_not_of("0123456789+-.,eE%") != cell.npos) continue;
+    // Two points are in a date.
+    if (comma == cell.npos && std::count(cell.begin(), cell.end(), '.') == 1) return false;
+    if (comma == cell.npos || comma == 0 || last_digits == 0) continue;
+    if (cell.find_first_of(".,", comma + 1) != cell.npos) return false;
+    any = any || last_digits != 3 || cell.starts_with("0,");
+  }
+  return any;
 }
 
 void add_notes(TableSource& source, std::vector<std::string> notes) {
@@ -62,7 +84,14 @@ CsvTable table_of_text(DecodedText decoded, const std::string& name, const Table
 }  // namespace
 
 CsvTable parse_sheet(SheetText sheet, const std::string& name, const TableOptions& options) {
-  CsvTable table = parse_csv(std::move(sheet.text), name, with_known_notation(options));
+  TableOptions known = with_known_notation(options);
+  if (!options.decimal && has_decimal_commas(sheet.text)) {
+    known.decimal = ',';
+    known.thousands = options.thousands;
+    sheet.notes.push_back(
+        "the texts of the sheet are read as numbers with decimal commas; --decimal changes that.");
+  }
+  CsvTable table = parse_csv(std::move(sheet.text), name, known);
   TableSource& source = table.source();
   source.kind = "sheet " + in_quotes(sheet.sheets[sheet.sheet]);
   if (sheet.sheets.size() > 1) source.kind += " of " + std::to_string(sheet.sheets.size());

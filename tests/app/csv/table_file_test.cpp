@@ -104,6 +104,24 @@ TEST(TableFile, OfTextThatIsNotAsTheEncodingSaysIsTold) {
               ElementsAre("the text is not UTF-8, and is read as code page 1252."));
 }
 
+TEST(TableFile, TextsOfASheetMayHaveDecimalCommas) {
+  const auto decimal_of = [](const std::string& cells, const TableOptions& options = {}) {
+    const CsvTable table = parse_sheet({cells, {"A"}, 0, {}}, "file", options);
+    return detect_dialect(table).notation.numbers.decimal;
+  };
+  EXPECT_EQ(decimal_of("t\tv\n1\t1,5\n2\t1.234,75\n"), ',');
+  EXPECT_EQ(decimal_of("t\tv\n0.5\t1,5\n1.5\t2,5\n"), '.') << "numbers of the sheet have points";
+  EXPECT_EQ(decimal_of("t\tv\n1.2.2021\t1,5\n2.2.2021\t2,5\n"), ',');
+  EXPECT_EQ(decimal_of("t\tv\n1\t1,234\n2\t2,345\n"), '.');
+  EXPECT_EQ(decimal_of("t\tv\n1\tJune 1,5\n2\t2\n"), '.');
+  const CsvTable table = parse_sheet({"t\tv\n1\t1.234,75\n2\t2,5\n", {"A"}, 0, {}}, "file", {});
+  EXPECT_THAT(table.source().notes, ElementsAre(HasSubstr("--decimal changes that")));
+  EXPECT_EQ(make_table_data(table, {}, "file").values(2, 1), 1234.75);
+  TableOptions options;
+  options.decimal = '.';
+  EXPECT_EQ(decimal_of("t\tv\n1\t1,5\n2\t2,5\n", options), '.');
+}
+
 // A decimal point in a workbook is one, whatever the numbers around it look like.
 TEST(TableFile, OfJsonDoesNotTakeAPointForAThousandsSign) {
   const std::string path =
