@@ -18,6 +18,7 @@
 #include <utility>
 
 #include "app/base/message_text.h"
+#include "app/base/user_error.h"
 #include "app/csv/cell_check.h"
 #include "app/window/named_widget.h"
 
@@ -66,6 +67,15 @@ QString label_of(ReadTable& read, std::size_t column) {
     remarks << QString::number(refused) + " not understood";
   }
   return remarks.isEmpty() ? name : name + " (" + remarks.join(", ") + ')';
+}
+
+bool lacks_curves(ReadTable& read) {
+  try {
+    check_has_curves(read);
+    return false;
+  } catch (const UserError&) {
+    return true;
+  }
 }
 
 }  // namespace
@@ -155,7 +165,7 @@ void DrawingFields::show_table(ReadTable* read) {
   if (read == nullptr) return;
   m_names = read->survey.names;
   fill_columns(*read);
-  select_x(read->survey);
+  select_x(*read);
   hide_x_among_curves();
   check_all(Qt::Checked);
   restore_checks();
@@ -178,8 +188,9 @@ void DrawingFields::fill_columns(ReadTable& read) {
   }
 }
 
-void DrawingFields::select_x(const TableSurvey& survey) {
-  int index = survey.x ? m_x->findData(static_cast<int>(*survey.x)) : 0;
+void DrawingFields::select_x(ReadTable& read) {
+  const std::optional<std::size_t> x = lacks_curves(read) ? 0 : read.survey.x;
+  int index = x ? m_x->findData(static_cast<int>(*x)) : 0;
   if (m_has_chosen_rows) index = 0;
   for (int i = 1; m_chosen_x && i < m_x->count(); ++i) {
     if (m_names[static_cast<std::size_t>(m_x->itemData(i).toInt())] == *m_chosen_x) index = i;
@@ -230,6 +241,14 @@ Selection DrawingFields::selection() const {
     selection.y.push_back(m_names[static_cast<std::size_t>(item.data(Qt::UserRole).toInt())]);
   }
   return selection;
+}
+
+bool DrawingFields::offers_curves() const {
+  for (int row = 0; row < m_curves->count(); ++row) {
+    const QListWidgetItem& item = *m_curves->item(row);
+    if (!item.isHidden() && item.flags().testFlag(Qt::ItemIsUserCheckable)) return true;
+  }
+  return false;
 }
 
 void DrawingFields::write_title_and_order(GraphChoice& choice) const {

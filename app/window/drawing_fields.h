@@ -35,6 +35,8 @@ class DrawingFields final : public QWidget {
   }
 
   Selection selection() const;
+  // Whether there is a curve to tick.
+  bool offers_curves() const;
   void write_title_and_order(GraphChoice& choice) const;
   void focus_first();
 
@@ -44,7 +46,7 @@ class DrawingFields final : public QWidget {
   void connect_fields();
   void keep_choice();
   void fill_columns(ReadTable& read);
-  void select_x(const TableSurvey& survey);
+  void select_x(ReadTable& read);
   void hide_x_among_curves();
   void check_all(Qt::CheckState state);
   void restore_checks();

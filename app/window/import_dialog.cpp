@@ -48,7 +48,13 @@ QString counted(int count, const QString& what) {
   return QString::number(count) + ' ' + what + (count == 1 ? "" : "s");
 }
 
-QString sentence_of(const std::string& text) {
+// What the command line takes to draw the only column of numbers is a choice of x here.
+QString sentence_of(std::string text) {
+  constexpr std::string_view kAdvice = "choose --x row --y 1";
+  const std::size_t at = text.find(kAdvice);
+  if (at != std::string::npos) {
+    text.replace(at, kAdvice.size(), "choose the row number as \"X axis\"");
+  }
   return capitalised(qt_text(in_dialog_words(text)));
 }
 
@@ -233,7 +239,10 @@ TableData ImportDialog::selected_data() {
   const std::vector<ColumnKind>& kinds = m_read->survey.kinds;
   const bool has_curves = std::any_of(kinds.begin(), kinds.end(), has_numbers);
   // An empty list of names would select all columns.
-  if (has_curves && chosen.y.empty()) throw UserError("choose at least one curve.");
+  if (has_curves && chosen.y.empty()) {
+    if (!m_drawing->offers_curves()) check_has_curves(*m_read);
+    throw UserError("choose at least one curve.");
+  }
   if (chosen.every != m_read->columns.rows().every()) {
     m_read->columns = TableColumns(m_read->table, m_read->survey.dialect, chosen.every);
   }

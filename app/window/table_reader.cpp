@@ -6,6 +6,7 @@
 #include <string_view>
 #include <utility>
 
+#include "app/csv/column_choice.h"
 #include "app/csv/table_file.h"
 
 namespace kurv::app {
@@ -32,6 +33,14 @@ ReadTable::ReadTable(CsvTable read)
     : table(std::move(read)),
       columns(table, detect_dialect(table), 1),
       survey(survey_table(columns)) {}
+
+void check_has_curves(ReadTable& read) {
+  const std::vector<ColumnKind>& kinds = read.survey.kinds;
+  const auto curves = std::count(kinds.begin(), kinds.end(), ColumnKind::kNumbers);
+  if (curves == 1 && kinds.front() == ColumnKind::kNumbers) {
+    choose_columns(read.columns, {}, TableReader::kName);
+  }
+}
 
 TableReader::TableReader(std::string bytes)
     : m_bytes(std::move(bytes)), m_is_workbook(looks_like_spreadsheet(m_bytes)) {}

@@ -25,6 +25,10 @@ struct ReadTable {
   TableSurvey survey;
 };
 
+// Throws UserError, as the command line does, where only the first column has numbers although it
+// is not the only column: it is x, and nothing is left to draw.
+void check_has_curves(ReadTable& read);
+
 class TableReader {
  public:
   // What messages call the file.

@@ -305,6 +305,25 @@ TEST(ImportDialog, EmptyBoxesAreSeenOnDarkDesktops) {
   QApplication::setPalette(usual);
 }
 
+TEST(ImportDialog, DrawsTheOnlyColumnOfNumbersOnlyWhereTheUserSaysSo) {
+  Import import("t;v\n1;fast\n2;slow\n3;fast\n");
+  EXPECT_FALSE(import.can_import());
+  EXPECT_THAT(import.summary(),
+              AllOf(HasSubstr("no column of numbers beside x, the column \"t\""),
+                    HasSubstr("first \"fast\" in line 2"),
+                    HasSubstr("choose the row number as \"X axis\"")));
+  EXPECT_EQ(import.get<QComboBox>("cboX").currentText(), "t");
+  import.get<QComboBox>("cboX").setCurrentText("Row number");
+  EXPECT_TRUE(import.comes_to_say("3 points, 1 curve"));
+  EXPECT_THAT(names_of(import.taken()), ElementsAre("row", "t"));
+}
+
+TEST(ImportDialog, ASingleColumnIsDrawnWithoutAQuestion) {
+  Import import("v\n1\n2\n3\n");
+  EXPECT_EQ(import.summary(), "3 points, 1 curve");
+  EXPECT_TRUE(import.can_import());
+}
+
 TEST(ImportDialog, BoxesAreAsLargeAsTheLettersBesideThem) {
   const QFont usual = QApplication::font();
   const int usual_height = QApplication::style()->pixelMetric(QStyle::PM_IndicatorHeight);
