@@ -101,6 +101,8 @@ void GrowingTable::finish() {
   std::string rest = m_lines.take_rest();
   if (!rest.empty()) rest += '\n';
   read_text(rest);
+  // The warnings are given now, also where all rows have been in news already.
+  if (!m_reader && !m_beginning.empty()) m_is_undecided = true;
   if (m_reader && !m_held.empty()) read_line_by_line();
 }
 
@@ -209,7 +211,11 @@ std::optional<GrowingTable::News> GrowingTable::news_of_beginning() {
   // Of a table that is still being decided, the next data may have other warnings.
   const bool gives_warnings = m_reader || m_has_ended;
   News news{is_all, {joined(data.values, first, {}), data.names, {}, data.x_scale}};
-  if (gives_warnings && !std::exchange(m_gave_warnings, true)) news.data.warnings = data.warnings;
+  if (!gives_warnings) {
+    news.warnings_so_far = data.warnings;
+  } else if (!std::exchange(m_gave_warnings, true)) {
+    news.data.warnings = data.warnings;
+  }
   m_given = std::move(data);
   return news;
 }

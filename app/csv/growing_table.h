@@ -24,6 +24,9 @@ class GrowingTable {
     // The points are all that there are, in place of those before; otherwise more of them.
     bool is_all = false;
     TableData data;
+    // While it is not decided yet how the table is written: the warnings of all points so far, in
+    // place of those before.
+    std::vector<std::string> warnings_so_far = {};
   };
 
   // `name` begins the messages.

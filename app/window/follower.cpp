@@ -167,12 +167,14 @@ void Follower::draw() {
 
 void Follower::show_news(GrowingTable::News news) {
   TableData& data = news.data;
+  m_warnings_so_far = std::move(news.warnings_so_far);
   for (const std::string& warning : std::exchange(data.warnings, {})) warn(warning);
   const int columns = data.values.upper_column();
   if (data.values.upper_point() < 1) return;
   if (m_columns == 0) {
     m_window.show_graph(m_choice, {m_name, std::move(data)});
-    m_window.show_notices(m_warnings);
+    // Those that change with more rows are only in the bar.
+    for (const std::string& warning : m_warnings_so_far) report_once(warning);
   } else if (!news.is_all) {
     m_window.graph().append_points(data.values);
   } else {
@@ -185,6 +187,7 @@ void Follower::show_news(GrowingTable::News news) {
     });
   }
   m_columns = columns;
+  show_warnings();
   warn_of_dropped_rows();
 }
 
@@ -227,8 +230,23 @@ void Follower::show_hint() {
 void Follower::warn(const std::string& warning) {
   if (std::find(m_warnings.begin(), m_warnings.end(), warning) != m_warnings.end()) return;
   m_warnings.push_back(warning);
+  report_once(warning);
+  if (m_columns > 0) show_warnings();
+}
+
+void Follower::report_once(const std::string& warning) {
+  if (std::find(m_reported.begin(), m_reported.end(), warning) != m_reported.end()) return;
+  m_reported.push_back(warning);
   m_report("warning: " + warning);
-  if (m_columns > 0) m_window.show_notices(m_warnings);
+}
+
+// Not with each row, because the user may have closed the bar.
+void Follower::show_warnings() {
+  std::vector<std::string> shown = m_warnings_so_far;
+  shown.insert(shown.end(), m_warnings.begin(), m_warnings.end());
+  if (shown == m_shown) return;
+  m_window.show_notices(shown);
+  m_shown = std::move(shown);
 }
 
 void Follower::warn_of_dropped_rows() {

@@ -41,6 +41,8 @@ class Follower final : public QObject {
   void replace_columns(const TableData& data);
   void show_hint();
   void warn(const std::string& warning);
+  void report_once(const std::string& warning);
+  void show_warnings();
   void warn_of_dropped_rows();
   void say(const QString& text);
   void stop_reading();
@@ -61,6 +63,9 @@ class Follower final : public QObject {
   qint64 m_pause;     // ms
   int m_columns = 0;  // 0 before the first picture
   std::vector<std::string> m_warnings;
+  std::vector<std::string> m_warnings_so_far;  // until it is decided how the table is written
+  std::vector<std::string> m_reported;
+  std::vector<std::string> m_shown;  // in the bar, unless the user has closed it
   bool m_has_failed = false;
 };
 

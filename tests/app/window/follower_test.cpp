@@ -200,5 +200,21 @@ TEST_F(Following, AFileThatCannotBeOpenedIsAnError) {
   EXPECT_THROW(Follower(*kurv, {}, path("none.csv"), {}), UserError);
 }
 
+TEST_F(Following, NotesComeWithTheFirstPicture) {
+  MainWindow* const kurv = follow_pipe();
+  write("t,v,state\n1,10,on\n2,20,off\n");
+  const auto* const bar = kurv->findChild<QWidget*>("barNotices");
+  ASSERT_TRUE(becomes([&] { return kurv->graph().has_graph(); }));
+  EXPECT_TRUE(bar->isVisible());
+  ASSERT_EQ(said.size(), 1u);
+  EXPECT_THAT(said[0], HasSubstr("warning: column \"state\" holds words"));
+  write("3,30,on\n");
+  ASSERT_TRUE(becomes([&] { return kurv->graph().xmax() == 3; }));
+  end();
+  ASSERT_TRUE(becomes([&] { return status(kurv).contains("has ended"); }));
+  EXPECT_EQ(said.size(), 1u) << "each is said once";
+  EXPECT_TRUE(bar->isVisible());
+}
+
 }  // namespace
 }  // namespace kurv::app
