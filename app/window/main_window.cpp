@@ -11,6 +11,7 @@
 #include <QStatusBar>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <filesystem>
 
 #include "app/csv/table_survey.h"
 #include "app/window/main_menu.h"
@@ -48,6 +49,11 @@ QLabel* new_hint() {
   colours.setColor(QPalette::WindowText, QColor(0x50, 0x50, 0x50));
   hint->setPalette(colours);
   return hint;
+}
+
+bool is_regular_file(const std::string& path) {
+  std::error_code ignored;
+  return std::filesystem::is_regular_file(path, ignored);
 }
 
 }  // namespace
@@ -151,6 +157,7 @@ void MainWindow::show_graph(const GraphChoice& choice, const GraphSource& source
   }
   disconnect(filed);
   replace_graph(graph, saved.isNull() ? content_hash(*graph) : saved, source.path);
+  m_table = source.data && !m_is_following && is_regular_file(source.path) ? source.path : "";
   show_notices(source.data ? source.data->warnings : std::vector<std::string>());
   if (choice.size) {
     resize_to_plot(*choice.size);
@@ -232,8 +239,11 @@ void MainWindow::activate_layouts() {
 void MainWindow::show_notices(const std::vector<std::string>& warnings) {
   QStringList notes;
   for (const std::string& warning : warnings) {
-    notes << capitalised(QString::fromStdString(in_dialog_words(warning)));
+    notes << capitalised(QString::fromStdString(
+        in_dialog_words(m_table.empty() ? without_advice(warning) : warning)));
   }
+  m_notices->on_change(m_table.empty() ? std::function<void()>()
+                                       : [this] { open(std::string(m_table)); });
   const bool was_visible = !m_notices->isHidden();
   const bool had_focus = m_notices->isAncestorOf(focusWidget());
   m_notices->set_notes(notes);

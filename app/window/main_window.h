@@ -59,7 +59,8 @@ class MainWindow final : public QMainWindow {
   // saved, and other files open in windows of their own.
   void begin_following();
   void end_following();
-  // The bar above the plot says these; it is hidden where there are none.
+  // The bar above the plot says these; it is hidden where there are none. Where the graph was drawn
+  // from the file of a table, they can be changed by importing that again.
   void show_notices(const std::vector<std::string>& warnings);
   // Changes the graph; one that had no unsaved changes has none afterwards.
   void change_unnoticed(const std::function<void(KurvGraph&)>& work);
@@ -124,7 +125,8 @@ class MainWindow final : public QMainWindow {
   QPointer<KurvGraph> m_graph;
   CleanState m_clean_state;
   QTimer m_modified_timer;
-  std::string m_path;  // what the graph was made from, or saved to since; empty for pasted text
+  std::string m_table;  // the file that the graph was drawn from; empty where it is no such table
+  std::string m_path;   // what the graph was made from, or saved to since; empty for pasted text
   // What the user knows that the graph's file does not keep.
   std::vector<std::string> m_accepted_changes;
   bool m_showing_error = false;

@@ -133,6 +133,7 @@ void NoticeBar::keyPressEvent(QKeyEvent* event) {
 }
 
 void NoticeBar::show_notes() {
+  const QPointer<NoticeBar> alive(this);
   const QPointer<QDialog> dialog(new QDialog(this));
   dialog->setWindowTitle("Notes about this table");
   auto* const text = new QPlainTextEdit(m_notes.join("\n\n"));
@@ -148,10 +149,21 @@ void NoticeBar::show_notes() {
   layout->addWidget(text);
   layout->addWidget(buttons);
   connect(buttons, &QDialogButtonBox::rejected, dialog, &QDialog::reject);
+  if (m_change) {
+    auto* const change =
+        buttons->addButton(QStringLiteral("C&hange\u2026"), QDialogButtonBox::AcceptRole);
+    change->setObjectName("cmdChange");
+    change->setToolTip("Shows how the table has been read, and lets you correct it");
+    connect(change, &QPushButton::clicked, dialog, &QDialog::accept);
+  }
   dialog->resize(fontMetrics().averageCharWidth() * 80, fontMetrics().height() * 16);
   fit_to_screen(*dialog);
-  dialog->exec();
+  const bool changes = dialog->exec() == QDialog::Accepted;
   delete dialog;
+  if (!changes || !alive) return;
+  // A copy, because the next notes replace what is called.
+  const std::function<void()> change = m_change;
+  change();
 }
 
 }  // namespace kurv::app

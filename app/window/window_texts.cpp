@@ -49,6 +49,12 @@ QString sentence(const std::string& text, const std::string& path) {
   return text.starts_with(path) ? shown : capitalised(shown);
 }
 
+// As in "...; --dates changes that." or "...; --x 3 takes the dates of "day"."
+std::string without_advice(const std::string& note) {
+  const std::size_t advice = note.rfind("; --");
+  return advice == std::string::npos ? note : note.substr(0, advice) + '.';
+}
+
 QString empty_window_hint() {
   return "Open or drop a table or a graph file here";
 }

@@ -30,6 +30,9 @@ QString capitalised(QString text);
 // A message of the command line for a box: capitalised, unless it begins with the file's path.
 QString sentence(const std::string& text, const std::string& path);
 
+// A note about a table without what it says about an option that changes it.
+std::string without_advice(const std::string& note);
+
 QString empty_window_hint();
 QString refused_data_hint(const std::string& path);
 QString getting_started();

@@ -9,6 +9,7 @@ namespace kurv::app {
 namespace {
 
 using testing::HasSubstr;
+using testing::Not;
 using testing::StartsWith;
 
 class NoticeBarTest : public Windows {
@@ -20,6 +21,19 @@ class NoticeBarTest : public Windows {
     return written(path("twice.csv"), "x,y,state\n1,2,on\n2,3,off\n3\n4,6,on,9\n");
   }
 
+  // Of which it is not known whether the day or the month is first.
+  std::string guessed() const {
+    return written(path("guessed.csv"), "day,v\n01/02/2023,1\n02/02/2023,2\n03/02/2023,5\n");
+  }
+
+  static void press_button(QDialog& dialog, const char* name) {
+    auto* const button = dialog.findChild<QPushButton*>(name);
+    if (!button) {
+      ADD_FAILURE() << "no button " << name;
+      return dialog.reject();
+    }
+    button->click();
+  }
   static QWidget& bar(MainWindow* window) { return *window->findChild<QWidget*>("barNotices"); }
   static QAbstractButton& line(MainWindow* window) {
     return *window->findChild<QAbstractButton*>("cmdNotices");
@@ -162,6 +176,35 @@ TEST_F(NoticeBarTest, TakesTheNotesInWordsOfTheWindow) {
   if (bar(kurv).isVisible()) {
     EXPECT_EQ(line(kurv).text().indexOf("--"), -1) << line(kurv).text().toStdString();
   }
+}
+
+TEST_F(NoticeBarTest, WhatItSaysCanBeChangedInTheImportWindow) {
+  MainWindow* const kurv = window_of(guessed());
+  EXPECT_THAT(line(kurv).text().toStdString(), HasSubstr("\"Dates\" changes that"));
+  const QPointer<KurvGraph> before = &kurv->graph();
+  answer<QDialog>([](QDialog& notes) { press_button(notes, "cmdChange"); });
+  answer<ImportDialog>([](ImportDialog& dialog) {
+    EXPECT_EQ(dialog.windowTitle(), "Import guessed.csv");
+    dialog.accept();
+  });
+  line(kurv).click();
+  ASSERT_TRUE(QTest::qWaitFor([&] { return &kurv->graph() != before; }, 5000));
+  EXPECT_EQ(all().size(), 1u);
+  EXPECT_TRUE(kurv->is_saved());
+}
+
+TEST_F(NoticeBarTest, GivesNoAdviceThatCannotBeFollowed) {
+  MainWindow* const kurv = window();
+  GraphSource source = load(guessed(), {});
+  source.path.clear();
+  kurv->show_graph({}, source);
+  EXPECT_THAT(line(kurv).text().toStdString(), HasSubstr("the month first"));
+  EXPECT_THAT(line(kurv).text().toStdString(), Not(HasSubstr("changes that")));
+  answer<QDialog>([](QDialog& notes) {
+    EXPECT_EQ(notes.findChild<QPushButton*>("cmdChange"), nullptr);
+    notes.reject();
+  });
+  line(kurv).click();
 }
 
 }  // namespace
