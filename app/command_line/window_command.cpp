@@ -2,15 +2,20 @@
 
 #include <QApplication>
 #include <QPointer>
+#include <QTimer>
 #include <cstdlib>
 #include <iostream>
 #include <optional>
+#include <utility>
 #include <vector>
 
 #include "app/base/user_error.h"
+#include "app/csv/csv_text.h"
 #include "app/graph/comma_warnings.h"
 #include "app/graph/graph_intake.h"
+#include "app/window/folder_options.h"
 #include "app/window/main_window.h"
+#include "app/window/table_option_texts.h"
 
 namespace kurv::app {
 
@@ -45,6 +50,40 @@ UserError naming(const UserError& error, const std::string& path) {
   return UserError(path + ": " + sentence, error.exit_status());
 }
 
+// Who opens files in a file manager cannot give options, so that those of the import window for the
+// last table of the folder hold, unless they do not fit this one.
+GraphSource load_as_before(const std::string& path, const WindowRequest& request) {
+  if (is_graph_file(path)) return load(path, request);
+  WindowRequest before = request;
+  const Selection selection = request.table.selection;
+  before.table = FolderOptions().options_for(path);
+  before.table.selection = selection;
+  const std::string words = described(before.table).toStdString();
+  if (words.empty()) return load(path, request);
+  try {
+    GraphSource source = load(path, before);
+    source.data->warnings.insert(source.data->warnings.begin(),
+                                 "as for the last table of this folder: " + words + '.');
+    return source;
+  } catch (const UserError&) {
+    return load(path, request);
+  }
+}
+
+// A table that cannot be drawn as it is read may be corrected in the import window, where there is
+// a screen for that.
+bool can_be_imported(const std::string& path) {
+  const QString platform = qEnvironmentVariable("QT_QPA_PLATFORM");
+  if (platform.startsWith("offscreen") || platform.startsWith("minimal")) return false;
+  try {
+    if (is_graph_file(path)) return false;
+    read_table_bytes(path);
+    return true;
+  } catch (const UserError&) {
+    return false;
+  }
+}
+
 // Without a display, Qt would abort with a core dump, after messages that do not help the user.
 [[noreturn]] void end_without_display() {
   std::cerr << "kurv: there is no display to open a window on; \"kurv render\" draws a picture "
@@ -77,14 +116,31 @@ int open_windows(const WindowRequest& request, const std::function<void(const st
   };
   std::vector<GraphSource> files;
   for (const std::string& path : request.data_files) files.push_back({path, std::nullopt});
-  files = accepted(
-      std::move(files),
-      [&](GraphSource& file) {
-        file = load(file.path, request);
-        if (!file.data) return;
-        for (const std::string& warning : file.data->warnings) say("warning: " + warning);
-      },
-      say_failure);
+  std::vector<std::string> imports;
+  const auto or_import = [&](const auto& work) {
+    return [&, work](GraphSource& file) {
+      try {
+        work(file);
+      } catch (const UserError& error) {
+        const bool is_choice = error.exit_status() == kUsageFailure;
+        if (is_choice || !box.is_needed() || !can_be_imported(file.path)) throw;
+        say(error.what());
+        imports.push_back(std::exchange(file.path, {}));
+      }
+    };
+  };
+  const auto leave_imports = [&files] {
+    std::erase_if(files, [](const GraphSource& file) { return file.path.empty(); });
+  };
+  files = accepted(std::move(files), or_import([&](GraphSource& file) {
+                     file = box.is_needed() ? load_as_before(file.path, request)
+                                            : load(file.path, request);
+                     if (!file.data) return;
+                     for (const std::string& warning : file.data->warnings)
+                       say("warning: " + warning);
+                   }),
+                   say_failure);
+  leave_imports();
 
   warn_of_commas(request.functions,
                  [&](const std::string& warning) { say("warning: " + warning); });
@@ -102,7 +158,8 @@ int open_windows(const WindowRequest& request, const std::function<void(const st
       throw naming(error, file.path);
     }
   };
-  files = accepted(std::move(files), check, say_failure);
+  files = accepted(std::move(files), or_import(check), say_failure);
+  leave_imports();
   QPointer<MainWindow> last;
   for (const GraphSource& file : files) {
     last = new MainWindow(request.locale, say);
@@ -110,6 +167,12 @@ int open_windows(const WindowRequest& request, const std::function<void(const st
   }
   if (request.data_files.empty()) (new MainWindow(request.locale, say))->show();
   box.show(last);
+  const QPointer<MainWindow> importing =
+      imports.empty() ? nullptr : new MainWindow(request.locale, say);
+  if (importing) {
+    importing->show();
+    QTimer::singleShot(0, importing, [&] { importing->open_all(imports); });
+  }
   const int status = QApplication::exec();
   return status == 0 && files.size() < request.data_files.size() ? kFailure : status;
 }

@@ -17,6 +17,9 @@ class ErrorBox {
   ErrorBox(bool is_needed, std::vector<std::string> arguments)
       : m_is_needed(is_needed), m_arguments(std::move(arguments)) {}
 
+  // Whether nobody reads standard error, as where a file manager has started the program.
+  bool is_needed() const { return m_is_needed; }
+
   void add(const std::string& sentence);
   // Shows what was added, until the user answers, and forgets it. Needs a QApplication.
   void show(QWidget* window);

@@ -1,4 +1,5 @@
 // Errors of the program in a window where nobody reads its standard error, on a real screen.
+#include <QDir>
 #include <QElapsedTimer>
 #include <QThread>
 
@@ -153,6 +154,32 @@ TEST_F(ErrorBoxes, NeverComeWithoutAScreen) {
   start_unread({"--nonsense"});
   EXPECT_TRUE(m_process.waitForFinished(20000));
   EXPECT_EQ(m_process.exitCode(), 2);
+}
+
+TEST_F(ErrorBoxes, LeaveATableThatCannotBeDrawnToTheImportWindow) {
+  start_unread({written("words.csv", "t;v\n1;fast\n2;slow\n")});
+  EXPECT_TRUE(shows("^Import words.csv$", 1));
+  EXPECT_TRUE(shows("^kurv$", 1)) << "an empty window below it";
+}
+
+TEST_F(ErrorBoxes, AreAlsoWhereTheOptionsOfTheFolderHold) {
+  m_environment.insert("XDG_CONFIG_HOME", m_folder.filePath("config"));
+  QDir(m_folder.path()).mkpath("config/kurv");
+  written("config/kurv/kurv.ini",
+          "[tables]\nfolders=\"" + m_folder.path().toUtf8() + "?decimal=%2C\"\n");
+  const QString table = written("a.csv", "x;y\n1;3.500\n2;4.500\n");
+  m_environment.insert("DESKTOP_STARTUP_ID", "files-1_TIME0");
+  m_process.setProcessEnvironment(m_environment);
+  m_process.setStandardInputFile(QProcess::nullDevice());
+  m_process.setStandardOutputFile(QProcess::nullDevice());
+  m_process.setStandardErrorFile(m_folder.filePath("errors"));
+  m_process.start(KURV_PROGRAM, {table});
+  EXPECT_TRUE(shows("a.csv", 1));
+  ASSERT_TRUE(press("a.csv", "ctrl+q", [&] { return m_process.waitForFinished(500); }));
+  QFile errors(m_folder.filePath("errors"));
+  ASSERT_TRUE(errors.open(QIODevice::ReadOnly));
+  EXPECT_THAT(errors.readAll().toStdString(),
+              HasSubstr("as for the last table of this folder: decimal comma."));
 }
 
 }  // namespace
