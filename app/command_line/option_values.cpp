@@ -11,6 +11,7 @@
 #include <limits>
 #include <optional>
 
+#include "app/base/edit_distance.h"
 #include "app/base/message_text.h"
 #include "app/base/user_error.h"
 #include "app/csv/csv_parser.h"
@@ -74,22 +75,6 @@ void convert(ValueType type, const Variant& value) {
   } else if (type == ValueType::kDouble) {
     if (!std::isfinite(to_double(value))) throw Fault(FaultKind::kOverflow);
   }
-}
-
-// The Levenshtein distance: how many characters to change, remove or add to get the other text.
-std::size_t levenshtein_distance(std::string_view one, std::string_view other) {
-  std::vector<std::size_t> row(other.size() + 1);
-  for (std::size_t j = 0; j < row.size(); ++j) row[j] = j;
-  for (std::size_t i = 1; i <= one.size(); ++i) {
-    std::size_t diagonal = row[0];
-    row[0] = i;
-    for (std::size_t j = 1; j < row.size(); ++j) {
-      const std::size_t changed = diagonal + (one[i - 1] == other[j - 1] ? 0 : 1);
-      diagonal = row[j];
-      row[j] = std::min({changed, row[j] + 1, row[j - 1] + 1});
-    }
-  }
-  return row.back();
 }
 
 // Names that contain the text or are almost the same.
