@@ -5,7 +5,9 @@
 #include <algorithm>
 #include <utility>
 
+#include "app/host/host_fault.h"
 #include "app/host/host_values.h"
+#include "app/host/value_detail.h"
 
 namespace kurv::app {
 
@@ -18,7 +20,13 @@ QString qt_text(std::string_view text) {
 Single size_in(const QJsonObject& font, Single preset) {
   const QJsonValue size = font["size"];
   const bool is_given = !size.isUndefined() && !size.isNull();
-  return font_size_from(is_given ? from_json(size, ValueType::kSingle) : Variant(preset));
+  return with_detail(
+      [&] {
+        return font_size_from(is_given ? from_json(size, ValueType::kSingle) : Variant(preset));
+      },
+      [&](const Fault&) {
+        return is_given ? "the 'size' of an answer " + font_size_detail(size) : std::string();
+      });
 }
 
 }  // namespace

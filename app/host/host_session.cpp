@@ -2,14 +2,14 @@
 
 #include <KurvGraph/automation.h>
 #include <KurvGraph/fault.h>
-#include <KurvGraph/limits.h>
 
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QStorageInfo>
-#include <algorithm>
+#include <array>
 #include <iostream>
+#include <iterator>
 #include <new>
 #include <utility>
 #include <vector>
@@ -18,8 +18,12 @@
 #include "app/base/user_error.h"
 #include "app/graph/graph_intake.h"
 #include "app/graph/picture_file.h"
+#include "app/host/file_detail.h"
+#include "app/host/host_fault.h"
 #include "app/host/host_shapes.h"
 #include "app/host/host_values.h"
+#include "app/host/json_error.h"
+#include "app/host/value_detail.h"
 
 namespace kurv::app {
 
@@ -35,14 +39,39 @@ Fault unwritable(const QFileInfo& file) {
   return Fault(disk.bytesAvailable() == 0 ? FaultKind::kDiskFull : FaultKind::kDeviceIoError);
 }
 
-QJsonObject failure(int number, const char* text) {
-  return {{"ok", false}, {"error", QJsonObject{{"number", number}, {"text", text}}}};
+QJsonObject failure(int number, const char* text, const std::string& detail) {
+  QJsonObject error{{"number", number}, {"text", text}};
+  if (!detail.empty()) error["detail"] = QString::fromStdString(detail);
+  return {{"ok", false}, {"error", error}};
+}
+
+// Throws HostFault for a line that is no object.
+QJsonObject object_in(const QByteArray& line) {
+  QJsonParseError error;
+  const QJsonDocument document = QJsonDocument::fromJson(line, &error);
+  if (error.error != QJsonParseError::NoError) refuse(json_error(line));
+  if (document.isObject()) return document.object();
+  refuse(R"(a request is an object such as {"get":"Title"}, not an array)");
+}
+
+[[noreturn]] void refuse_prompt(const QString& name) {
+  const std::string meant = suggestion(name, prompt_names());
+  refuse(quote(name) + " is no prompt" +
+         (meant.empty() ? "; prompts are " + listed(prompt_names()) : meant));
+}
+
+// Why a redraw has divided by zero.
+std::string division_detail(const Control& control) {
+  if (control.NumTicks() == 0) return "'NumTicks' is 0";
+  if (control.xmin() == control.xmax()) return "'xmin' and 'xmax' are equal";
+  if (control.ymin() == control.ymax()) return "'ymin' and 'ymax' are equal";
+  return {};
 }
 
 }  // namespace
 
 HostedControl& HostSession::hosted() {
-  if (m_closed) refuse();
+  if (m_closed) refuse("the control is closed; 'place' makes a new one");
   if (!m_hosted) m_hosted = std::make_unique<HostedControl>(m_shell, Placement());
   return *m_hosted;
 }
@@ -64,9 +93,22 @@ void HostSession::take_warnings(HostedControl& hosted) {
   }
 }
 
+// As end(), with a detail that names the file.
+void HostSession::end_by_request() {
+  const std::string own_file = m_hosted ? m_hosted->control().FileName() : String();
+  static_cast<void>(m_shell.take_chosen_file());
+  with_detail([&] { end(); },
+              [&](const Fault& fault) { return unwritable_detail(written_file(own_file), fault); });
+}
+
+// The file that was written to since the choice was forgotten.
+std::string HostSession::written_file(const std::string& own_file) {
+  return own_file.empty() ? m_shell.take_chosen_file() : own_file;
+}
+
 HostSession::Result HostSession::place(const QJsonObject& request) {
   const Placement wanted = placement_from(request["place"]);
-  end();
+  end_by_request();
   m_hosted = std::make_unique<HostedControl>(m_shell, wanted);
   m_closed = false;
   return {};
@@ -74,69 +116,100 @@ HostSession::Result HostSession::place(const QJsonObject& request) {
 
 HostSession::Result HostSession::get(const QJsonObject& request) {
   const Control& control = hosted().control();
-  return to_json(get_property(control, member_of(request["get"]).dispatch_id));
+  const Member& property = member_of(request, "get", MemberKind::kProperty);
+  return to_json(get_property(control, property.dispatch_id));
 }
 
 HostSession::Result HostSession::set(const QJsonObject& request) {
   Control& control = hosted().control();
-  const Member& member = member_of(request["set"]);
-  if (member.kind != MemberKind::kProperty) throw Fault(FaultKind::kNoSuchMember);
-  if (!request.contains("to")) throw Fault(FaultKind::kArgumentMissing);
-  const Variant value = from_json(request["to"], member.type);
-  if (member.name.ends_with("FontSize")) static_cast<void>(font_size_from(value));
-  set_property(control, member.dispatch_id, value);
+  const Member& property = member_of(request, "set", MemberKind::kProperty);
+  if (!request.contains("to")) throw HostFault(FaultKind::kArgumentMissing, "'to' is missing");
+  const QJsonValue json = request["to"];
+  const auto store = [&] {
+    const Variant value = from_json(json, property.type);
+    if (property.name.ends_with("FontSize")) static_cast<void>(font_size_from(value));
+    set_property(control, property.dispatch_id, value);
+  };
+  with_detail(store, [&](const Fault&) { return property_detail(property, json); });
   return {};
 }
 
 HostSession::Result HostSession::call(const QJsonObject& request) {
   Control& control = hosted().control();
-  const Member& method = member_of(request["call"]);
-  if (method.kind != MemberKind::kMethod) throw Fault(FaultKind::kNoSuchMember);
+  const Member& method = member_of(request, "call", MemberKind::kMethod);
   std::vector<Variant> arguments = arguments_of(method, request["args"]);
-  call_method(control, method.dispatch_id, arguments);
+  const std::string own_file = control.FileName();
+  static_cast<void>(m_shell.take_chosen_file());
+  with_detail([&] { call_method(control, method.dispatch_id, arguments); },
+              [&](const Fault& fault) {
+                return call_detail(method, request["args"].toArray(), own_file, fault);
+              });
   return {};
+}
+
+// Why a method has failed. Its body has not run where an argument is not taken.
+std::string HostSession::call_detail(const Member& method, const QJsonArray& arguments,
+                                     const std::string& own_file, const Fault& fault) {
+  const std::string detail = argument_detail(method, arguments);
+  if (!detail.empty()) return detail;
+  const std::string text = arguments.first().toString().toStdString();
+  if (method.name == "file_load") return unloadable_detail(text, fault);
+  if (method.name == "ChartOptions" && text == "open") {
+    return unloadable_detail(m_shell.take_chosen_file(), fault);
+  }
+  if (method.name == "ChartOptions" && text == "saveas") {
+    return unwritable_detail(m_shell.take_chosen_file(), fault);
+  }
+  if (fault.kind() == FaultKind::kCannotCreateObject) {
+    return "there is no printer on a pipe; use 'picture'";
+  }
+  if (fault.kind() == FaultKind::kSubscriptOutOfRange) return array_size_detail(method, arguments);
+  return unwritable_detail(written_file(own_file), fault);
 }
 
 HostSession::Result HostSession::answers(const QJsonObject& request) {
   hosted();
-  if (!request["answers"].isArray()) refuse();
-  m_shell.queue(request["answers"].toArray());
+  const QJsonValue queued = request["answers"];
+  if (!queued.isArray()) refuse("'answers' takes an array, not " + shown(queued));
+  m_shell.queue(queued.toArray());
   return {};
 }
 
 HostSession::Result HostSession::show(const QJsonObject& request) {
-  require_true(request["show"]);
+  require_true(request, "show");
   hosted().control().show();
   return {};
 }
 
 HostSession::Result HostSession::resize(const QJsonObject& request) {
-  const QJsonArray size = request["resize"].toArray();
-  if (size.size() != 2) refuse();
-  hosted().resize(number_between(1, size[0], kMaxSide), number_between(1, size[1], kMaxSide));
+  const HostSize size = size_from(request["resize"]);
+  hosted().resize(size.width, size.height);
   return {};
 }
 
 HostSession::Result HostSession::pointer(const QJsonObject& request) {
-  require_true(request["pointer"]);
+  require_true(request, "pointer");
   return QJsonValue(hosted().container().pointer());
 }
 
 HostSession::Result HostSession::picture(const QJsonObject& request) {
-  const std::string path = request["picture"].toString().toStdString();
+  const QJsonValue json = request["picture"];
+  if (!json.isString()) refuse("'picture' takes the path of a file, not " + shown(json));
+  const std::string path = json.toString().toStdString();
   const std::optional<PictureFormat> format = picture_format(path);
-  if (!format) refuse();
+  if (!format) refuse(quote(path) + " does not end in " + picture_extensions());
   const QByteArray bytes = hosted().picture(*format);
   try {
     write_picture(bytes, path);
   } catch (const UserError&) {
-    throw unwritable(QFileInfo(QString::fromStdString(path)));
+    const Fault fault = unwritable(QFileInfo(QString::fromStdString(path)));
+    throw HostFault(fault.kind(), unwritable_detail(path, fault));
   }
   return {};
 }
 
 HostSession::Result HostSession::drawn(const QJsonObject& request) {
-  require_true(request["drawn"]);
+  require_true(request, "drawn");
   QJsonArray lines;
   const std::string_view log = hosted().drawn();
   for (std::size_t start = 0; start < log.size();) {
@@ -148,29 +221,33 @@ HostSession::Result HostSession::drawn(const QJsonObject& request) {
 }
 
 HostSession::Result HostSession::prompt(const QJsonObject& request) {
-  const QString name = request["prompt"].toString();
+  const QString name = text_from(request, "prompt");
   const bool is_edit = name == "edit function";
-  const QJsonValue selected = request["select"];
   // Without it nothing is selected.
-  if (!selected.isUndefined() && !(is_edit && selected.isString())) refuse();
+  const bool is_selected = request.contains("select");
+  if (is_selected && !is_edit) refuse("'select' belongs to 'edit function' alone");
+  const QString selected = is_selected ? text_from(request, "select") : QString();
+  const std::optional<PromptedSetting> setting = setting_of(name);
   Control& control = hosted().control();
   if (is_edit) {
-    control.edit_function(selected.toString().toStdString());
+    control.edit_function(selected.toStdString());
   } else if (name == "add function") {
     control.add_function();
   } else if (name == "derive") {
     control.add_derived_curve();
+  } else if (setting) {
+    control.prompt(*setting);
   } else {
-    control.prompt(setting_of(name));
+    refuse_prompt(name);
   }
   return {};
 }
 
 HostSession::Result HostSession::mouse(const QJsonObject& request) {
-  const QString what = text_from(request["mouse"]);
-  const Integer button = integer_from(request["button"], 1);
-  const Integer shift = integer_from(request["shift"], 0);
-  const SurfacePoint at = point_from(request["at"]);
+  const QString what = text_from(request, "mouse");
+  const Integer button = integer_from(request, "button", 1);
+  const Integer shift = integer_from(request, "shift", 0);
+  const SurfacePoint at = point_from(request, "at");
   Control& control = hosted().control();
   if (what == "down") {
     control.press_mouse(button, shift, at.x, at.y);
@@ -179,81 +256,75 @@ HostSession::Result HostSession::mouse(const QJsonObject& request) {
   } else if (what == "double") {
     control.double_click(at.x, at.y);
   } else {
-    refuse();
+    refuse("'mouse' takes 'down', 'up' or 'double', not " + quote(what));
   }
   return {};
 }
 
 HostSession::Result HostSession::drag(const QJsonObject& request) {
-  const std::optional<Item> item = item_of(text_from(request["drag"]));
-  const SurfacePoint grab = point_from(request["grab"]);
-  const SurfacePoint drop = point_from(request["drop"]);
-  const QString on = request.contains("on") ? text_from(request["on"]) : QString();
+  const std::optional<Item> item = item_of(text_from(request, "drag"));
+  const SurfacePoint grab = point_from(request, "grab");
+  const SurfacePoint drop = point_from(request, "drop");
+  const QString on = request.contains("on") ? text_from(request, "on") : QString();
   Control& control = hosted().control();
   const std::optional<Item> target = item_of(on);
   // An unknown item is ignored, but an unknown target is an error even then.
-  if (!target && !on.isEmpty()) refuse();
+  if (!target && !on.isEmpty()) {
+    refuse("'on' takes 'legend', 'Title' or 'SubTitle', not " + quote(on));
+  }
   if (item) control.drag(*item, grab, drop, target);
   return {};
 }
 
 HostSession::Result HostSession::close(const QJsonObject& request) {
-  require_true(request["close"]);
+  require_true(request, "close");
   hosted();
-  end();
+  end_by_request();
   return {};
 }
 
-bool HostSession::Request::has_companion(const QString& key) const {
-  return std::any_of(companions.begin(), companions.end(), [&key](const char* companion) {
-    return companion && key == QLatin1String(companion);
-  });
-}
-
-// The request that the object holds: exactly one of the words, and no key that it does not have.
-const HostSession::Request* HostSession::request_in(const QJsonObject& object) {
+const HostSession::Request& HostSession::request_of(const QJsonObject& object) {
   static constexpr Request kRequests[] = {
-      {"answers", {}, &HostSession::answers},
-      {"call", {"args"}, &HostSession::call},
-      {"close", {}, &HostSession::close},
-      {"drag", {"grab", "drop", "on"}, &HostSession::drag},
-      {"drawn", {}, &HostSession::drawn},
-      {"get", {}, &HostSession::get},
-      {"mouse", {"at", "button", "shift"}, &HostSession::mouse},
-      {"picture", {}, &HostSession::picture},
-      {"place", {}, &HostSession::place},
-      {"pointer", {}, &HostSession::pointer},
-      {"prompt", {"select"}, &HostSession::prompt},
-      {"resize", {}, &HostSession::resize},
-      {"set", {"to"}, &HostSession::set},
-      {"show", {}, &HostSession::show},
+      {{"answers", {}}, &HostSession::answers},
+      {{"call", {"args"}}, &HostSession::call},
+      {{"close", {}}, &HostSession::close},
+      {{"drag", {"grab", "drop", "on"}}, &HostSession::drag},
+      {{"drawn", {}}, &HostSession::drawn},
+      {{"get", {}}, &HostSession::get},
+      {{"mouse", {"at", "button", "shift"}}, &HostSession::mouse},
+      {{"picture", {}}, &HostSession::picture},
+      {{"place", {}}, &HostSession::place},
+      {{"pointer", {}}, &HostSession::pointer},
+      {{"prompt", {"select"}}, &HostSession::prompt},
+      {{"resize", {}}, &HostSession::resize},
+      {{"set", {"to"}}, &HostSession::set},
+      {{"show", {}}, &HostSession::show},
   };
-  for (const Request& request : kRequests) {
-    if (!object.contains(QLatin1String(request.word))) continue;
-    const QStringList keys = object.keys();
-    const auto is_known = [&request](const QString& key) {
-      return key == QLatin1String(request.word) || key == "id" || request.has_companion(key);
-    };
-    return std::all_of(keys.begin(), keys.end(), is_known) ? &request : nullptr;
-  }
-  return nullptr;
+  static constexpr auto kKeys = [] {
+    std::array<RequestKeys, std::size(kRequests)> keys{};
+    for (std::size_t i = 0; i < keys.size(); ++i) keys[i] = kRequests[i].keys;
+    return keys;
+  }();
+  return kRequests[request_in(object, kKeys)];
 }
 
 // Runs the request in the line and returns the answer to it; `object` becomes the parsed line.
 QJsonObject HostSession::outcome(const QByteArray& line, QJsonObject& object) {
   try {
-    const QJsonDocument document = QJsonDocument::fromJson(line);
-    if (!document.isObject()) refuse();
-    object = document.object();
-    const Request* request = request_in(object);
-    if (request == nullptr) refuse();
+    object = object_in(line);
+    const Request& request = request_of(object);
     QJsonObject answer{{"ok", true}};
-    if (const Result result = (this->*request->run)(object)) answer["result"] = *result;
+    if (const Result result = (this->*request.run)(object)) answer["result"] = *result;
     return answer;
+  } catch (const HostFault& fault) {
+    return failure(fault.number(), fault.what(), fault.detail());
   } catch (const Fault& fault) {
-    return failure(fault.number(), fault.what());
+    const bool is_redraw = m_hosted && fault.kind() == FaultKind::kDivisionByZero;
+    const std::string detail = is_redraw ? division_detail(m_hosted->control()) : std::string();
+    return failure(fault.number(), fault.what(), detail);
   } catch (const std::bad_alloc&) {
-    return failure(static_cast<int>(FaultKind::kOutOfMemory), fault_text(FaultKind::kOutOfMemory));
+    constexpr FaultKind kKind = FaultKind::kOutOfMemory;
+    return failure(static_cast<int>(kKind), fault_text(kKind), {});
   }
 }
 

@@ -1,15 +1,19 @@
 // The control on a pipe: one JSON object a line in, one a line out.
 #pragma once
 
+#include <KurvGraph/automation.h>
+#include <KurvGraph/fault.h>
+
 #include <QByteArray>
 #include <QJsonArray>
 #include <QJsonObject>
 #include <QJsonValue>
-#include <array>
 #include <memory>
 #include <optional>
+#include <string>
 
 #include "app/host/host_desktop.h"
+#include "app/host/host_requests.h"
 #include "app/host/hosted_control.h"
 
 namespace kurv::app {
@@ -27,14 +31,11 @@ class HostSession {
  private:
   using Result = std::optional<QJsonValue>;
   struct Request {
-    const char* word;
-    std::array<const char*, 3> companions;  // the other keys that it may have, or nullptr
+    RequestKeys keys;
     Result (HostSession::*run)(const QJsonObject&);
-
-    bool has_companion(const QString& key) const;
   };
 
-  static const Request* request_in(const QJsonObject& object);
+  static const Request& request_of(const QJsonObject& object);
   QJsonObject outcome(const QByteArray& line, QJsonObject& object);
 
   // One handler for each request. Returns the result where it has one; throws Fault.
@@ -56,6 +57,10 @@ class HostSession {
   // The control, which the first request places with default values. Refuses after its end.
   HostedControl& hosted();
   void end();
+  void end_by_request();
+  std::string call_detail(const Member& method, const QJsonArray& arguments,
+                          const std::string& own_file, const Fault& fault);
+  std::string written_file(const std::string& own_file);
   void take_warnings(HostedControl& hosted);
 
   HostShell m_shell;
