@@ -1,29 +1,17 @@
 // The examples that need no window: what they print and write, and that the pages show their code.
 #include <KurvGraph/headless.h>
 
-#include <sys/wait.h>
-
 #include <algorithm>
-#include <cstdio>
 
+#include "tests/examples/example_run.h"
 #include "tests/support/golden.h"
 #include "tests/support/graph_files.h"
 
 namespace kurv {
 namespace {
 
-struct Ended {
-  int status;
-  std::string output;  // standard output and error
-};
-
-Ended run(const std::string& command) {
-  std::FILE* const pipe = popen((command + " 2>&1").c_str(), "r");
-  std::string output;
-  for (int c = std::fgetc(pipe); c != EOF; c = std::fgetc(pipe)) output += static_cast<char>(c);
-  const int status = pclose(pipe);
-  return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, output};
-}
+using test::Ended;
+using test::run;
 
 std::string read(const std::string& path) {
   std::ifstream file(KURV_SOURCE_DIR "/" + path, std::ios::binary);
