@@ -308,10 +308,9 @@ TEST(ImportDialog, EmptyBoxesAreSeenOnDarkDesktops) {
 TEST(ImportDialog, DrawsTheOnlyColumnOfNumbersOnlyWhereTheUserSaysSo) {
   Import import("t;v\n1;fast\n2;slow\n3;fast\n");
   EXPECT_FALSE(import.can_import());
-  EXPECT_THAT(import.summary(),
-              AllOf(HasSubstr("no column of numbers beside x, the column \"t\""),
-                    HasSubstr("first \"fast\" in line 2"),
-                    HasSubstr("choose the row number as \"X axis\"")));
+  EXPECT_THAT(import.summary(), AllOf(HasSubstr("no column of numbers beside x, the column \"t\""),
+                                      HasSubstr("first \"fast\" in line 2"),
+                                      HasSubstr("choose the row number as \"X axis\"")));
   EXPECT_EQ(import.get<QComboBox>("cboX").currentText(), "t");
   import.get<QComboBox>("cboX").setCurrentText("Row number");
   EXPECT_TRUE(import.comes_to_say("3 points, 1 curve"));
