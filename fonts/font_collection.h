@@ -34,7 +34,7 @@ class FontCollection {
   // The main face, or another one that has the character. The main face where none has it.
   StyledFace face_for(const Font& font, StyledFace main, char32_t character);
 
-  FT_Library library() const { return m_library.get(); }
+  FT_Library freetype() const { return m_library.get(); }
 
  private:
   StyledFace added_face(const Font& font, char32_t character) const;

@@ -11,7 +11,7 @@
 namespace kurv {
 
 struct FontTextPainter::State {
-  explicit State(bool uses_system_fonts) : fonts(uses_system_fonts), glyphs(fonts.library()) {}
+  explicit State(bool uses_system_fonts) : fonts(uses_system_fonts), glyphs(fonts.freetype()) {}
 
   bool add(FontBytes bytes) {
     if (!fonts.add(std::move(bytes))) return false;
