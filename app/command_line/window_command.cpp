@@ -96,6 +96,82 @@ void exit_on_fatal_message(QtMsgType type, const QMessageLogContext&, const QStr
   if (type == QtFatalMsg) end_without_display();
 }
 
+// The files of a request on their way into windows.
+class Opening {
+ public:
+  Opening(const WindowRequest& request, const Report& say, ErrorBox& box)
+      : m_request(request), m_say(say), m_box(box) {
+    for (const std::string& path : request.data_files) m_files.push_back({path, std::nullopt});
+  }
+
+  void load_files() {
+    keep([this](GraphSource& file) {
+      file = m_box.is_needed() ? load_as_before(file.path, m_request) : load(file.path, m_request);
+      if (!file.data) return;
+      for (const std::string& warning : file.data->warnings) m_say("warning: " + warning);
+    });
+  }
+
+  // Draws each graph off-screen first, so that errors are reported on the terminal, as for a
+  // picture, and not by message boxes over empty windows.
+  void check_files() {
+    const bool are_several = m_request.data_files.size() > 1;
+    keep([this, are_several](const GraphSource& file) {
+      try {
+        check_picture(m_request, file);
+      } catch (const UserError& error) {
+        if (!are_several) throw;
+        throw naming(error, file.path);
+      }
+    });
+  }
+
+  void show_windows() {
+    QPointer<MainWindow> last;
+    for (const GraphSource& file : m_files) {
+      last = new MainWindow(m_request.locale, m_say);
+      last->show_graph(m_request, file);
+    }
+    if (m_request.data_files.empty()) (new MainWindow(m_request.locale, m_say))->show();
+    m_box.show(last);
+    if (m_imports.empty()) return;
+    auto* const importing = new MainWindow(m_request.locale, m_say);
+    importing->show();
+    QTimer::singleShot(0, importing, [this, importing] { importing->open_all(m_imports); });
+  }
+
+  bool has_all() const { return m_files.size() == m_request.data_files.size(); }
+
+ private:
+  // Keeps the files for which `work` succeeds, and those that the user can correct for the import.
+  template <class Work>
+  void keep(const Work& work) {
+    m_files = accepted(
+        std::move(m_files),
+        [&](GraphSource& file) {
+          try {
+            work(file);
+          } catch (const UserError& error) {
+            const bool is_choice = error.exit_status() == kUsageFailure;
+            if (is_choice || !m_box.is_needed() || !can_be_imported(file.path)) throw;
+            m_say(error.what());
+            m_imports.push_back(std::exchange(file.path, {}));
+          }
+        },
+        [this](const std::string& sentence) {
+          m_say(sentence);
+          m_box.add(sentence);
+        });
+    std::erase_if(m_files, [](const GraphSource& file) { return file.path.empty(); });
+  }
+
+  const WindowRequest& m_request;
+  const Report& m_say;
+  ErrorBox& m_box;
+  std::vector<GraphSource> m_files;
+  std::vector<std::string> m_imports;
+};
+
 }  // namespace
 
 std::unique_ptr<QApplication> new_window_application() {
@@ -110,71 +186,15 @@ std::unique_ptr<QApplication> new_window_application() {
 
 int open_windows(const WindowRequest& request, const std::function<void(const std::string&)>& say,
                  ErrorBox& box) {
-  const auto say_failure = [&](const std::string& sentence) {
-    say(sentence);
-    box.add(sentence);
-  };
-  std::vector<GraphSource> files;
-  for (const std::string& path : request.data_files) files.push_back({path, std::nullopt});
-  std::vector<std::string> imports;
-  const auto or_import = [&](const auto& work) {
-    return [&, work](GraphSource& file) {
-      try {
-        work(file);
-      } catch (const UserError& error) {
-        const bool is_choice = error.exit_status() == kUsageFailure;
-        if (is_choice || !box.is_needed() || !can_be_imported(file.path)) throw;
-        say(error.what());
-        imports.push_back(std::exchange(file.path, {}));
-      }
-    };
-  };
-  const auto leave_imports = [&files] {
-    std::erase_if(files, [](const GraphSource& file) { return file.path.empty(); });
-  };
-  files = accepted(std::move(files), or_import([&](GraphSource& file) {
-                     file = box.is_needed() ? load_as_before(file.path, request)
-                                            : load(file.path, request);
-                     if (!file.data) return;
-                     for (const std::string& warning : file.data->warnings)
-                       say("warning: " + warning);
-                   }),
-                   say_failure);
-  leave_imports();
-
+  Opening opening(request, say, box);
+  opening.load_files();
   warn_of_commas(request.functions,
                  [&](const std::string& warning) { say("warning: " + warning); });
-
   const std::unique_ptr<QApplication> application = new_window_application();
-
-  // Draws each graph off-screen first, so that errors are reported on the terminal, as for a
-  // picture, and not by message boxes over empty windows.
-  const bool are_several = request.data_files.size() > 1;
-  const auto check = [&](const GraphSource& file) {
-    try {
-      check_picture(request, file);
-    } catch (const UserError& error) {
-      if (!are_several) throw;
-      throw naming(error, file.path);
-    }
-  };
-  files = accepted(std::move(files), or_import(check), say_failure);
-  leave_imports();
-  QPointer<MainWindow> last;
-  for (const GraphSource& file : files) {
-    last = new MainWindow(request.locale, say);
-    last->show_graph(request, file);
-  }
-  if (request.data_files.empty()) (new MainWindow(request.locale, say))->show();
-  box.show(last);
-  const QPointer<MainWindow> importing =
-      imports.empty() ? nullptr : new MainWindow(request.locale, say);
-  if (importing) {
-    importing->show();
-    QTimer::singleShot(0, importing, [&] { importing->open_all(imports); });
-  }
+  opening.check_files();
+  opening.show_windows();
   const int status = QApplication::exec();
-  return status == 0 && files.size() < request.data_files.size() ? kFailure : status;
+  return status == 0 && !opening.has_all() ? kFailure : status;
 }
 
 }  // namespace kurv::app
