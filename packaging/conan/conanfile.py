@@ -57,6 +57,7 @@ class KurvGraphConan(ConanFile):
     def generate(self):
         CMakeDeps(self).generate()
         toolchain = CMakeToolchain(self)
+        toolchain.cache_variables["KURV_DESIGNER"] = False
         toolchain.cache_variables["KURV_PIXELS"] = bool(self.options.pixels)
         toolchain.cache_variables["KURV_PROGRAM"] = False
         toolchain.cache_variables["KURV_QT"] = bool(self.options.widget)

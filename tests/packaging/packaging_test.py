@@ -119,6 +119,17 @@ def test_install():
     if is_shared():
         link = library_folder() / "libkurvgraph.so.1"
         expect(link.is_symlink() and link.exists(), "there is no libkurvgraph.so.1")
+    if list(settings.build.glob("qt/designer/plugins/designer/*.so")):
+        check_designer_plugin()
+
+
+def check_designer_plugin():
+    """The form designer finds it, and the loader the library that it links to."""
+    plugin = library_folder() / "qt6/plugins/designer/kurvgraph_designer.so"
+    expect(plugin.exists(), "there is no plugin for the form designer")
+    linked = run("ldd", plugin)
+    expect("not found" not in linked, f"the plugin lacks a library:\n{linked}")
+    expect(("libkurvgraph.so.1" in linked) == is_shared(), f"the plugin links to\n{linked}")
 
 
 def test_find_package():

@@ -5,7 +5,7 @@ get_filename_component(SOURCE_PATH "${CMAKE_CURRENT_LIST_DIR}/../../.." ABSOLUTE
 vcpkg_check_features(OUT_FEATURE_OPTIONS FEATURE_OPTIONS FEATURES pixels KURV_PIXELS widget KURV_QT)
 vcpkg_cmake_configure(
   SOURCE_PATH "${SOURCE_PATH}"
-  OPTIONS ${FEATURE_OPTIONS} -DKURV_PROGRAM=OFF -DKURV_TESTS=OFF)
+  OPTIONS ${FEATURE_OPTIONS} -DKURV_DESIGNER=OFF -DKURV_PROGRAM=OFF -DKURV_TESTS=OFF)
 vcpkg_cmake_install()
 vcpkg_cmake_config_fixup(PACKAGE_NAME KurvGraph CONFIG_PATH lib/cmake/KurvGraph)
 vcpkg_fixup_pkgconfig()
