@@ -1,5 +1,5 @@
 # The libraries for hosts, and what cmake --install copies of them: a tree that works wherever it is
-# moved. A host links to one of them: each contains all of kurvgraph-core.
+# moved. A host links to one of them: the widget contains all of the core.
 include(CMakePackageConfigHelpers)
 include(GNUInstallDirs)
 include(KurvLibrary)
@@ -53,16 +53,12 @@ function(kurv_install target output_name export_name description)
   install(FILES "${CMAKE_CURRENT_BINARY_DIR}/${output_name}.pc" DESTINATION "${pkgconfig_folder}")
 endfunction()
 
-kurv_library(kurvgraph_core MODULES kurv_control)
+get_target_property(core_modules kurv_core INTERFACE_LINK_LIBRARIES)
+kurv_library(kurvgraph_core MODULES ${core_modules})
 kurv_install(kurvgraph_core kurvgraph-core Core
   "An embeddable two-dimensional graph control, without a toolkit")
-if(KURV_PIXELS)
-  kurv_library(kurvgraph_pixels MODULES kurv_bindings_c kurv_control kurv_fonts kurv_png)
-  kurv_install(kurvgraph_pixels kurvgraph-pixels Pixels
-    "An embeddable two-dimensional graph control, with pictures without a toolkit")
-  if(NOT BUILD_SHARED_LIBS)
-    install(FILES "${KurvGraph_SOURCE_DIR}/cmake/FindHarfBuzz.cmake" DESTINATION "${package_folder}")
-  endif()
+if(KURV_PIXELS AND NOT BUILD_SHARED_LIBS)
+  install(FILES "${KurvGraph_SOURCE_DIR}/cmake/FindHarfBuzz.cmake" DESTINATION "${package_folder}")
 endif()
 if(KURV_QT)
   set(widget_modules kurv_qt_widget)

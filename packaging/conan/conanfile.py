@@ -23,7 +23,7 @@ class KurvGraphConan(ConanFile):
     default_options = {
         "shared": True,
         "fPIC": True,
-        "pixels": False,
+        "pixels": True,
         "widget": True,
         "qt/*:gui": True,
         "qt/*:qtsvg": True,
@@ -83,16 +83,14 @@ class KurvGraphConan(ConanFile):
         core.libs = ["kurvgraph-core"]
         core.set_property("cmake_target_name", "KurvGraph::Core")
         core.set_property("pkg_config_name", "kurvgraph-core")
+        pixels = []
         if self.options.pixels:
-            pixels = self.cpp_info.components["Pixels"]
-            pixels.libs = ["kurvgraph-pixels"]
-            pixels.requires = ["fontconfig::fontconfig", "freetype::freetype",
-                               "harfbuzz::harfbuzz", "libpng::libpng"]
-            pixels.set_property("cmake_target_name", "KurvGraph::Pixels")
-            pixels.set_property("pkg_config_name", "kurvgraph-pixels")
+            pixels = ["fontconfig::fontconfig", "freetype::freetype", "harfbuzz::harfbuzz",
+                      "libpng::libpng"]
+        core.requires = pixels
         if self.options.widget:
             widget = self.cpp_info.components["KurvGraph"]
             widget.libs = ["kurvgraph"]
-            widget.requires = ["qt::qtWidgets", "qt::qtPrintSupport", "qt::qtSvg"]
+            widget.requires = ["qt::qtWidgets", "qt::qtPrintSupport", "qt::qtSvg"] + pixels
             widget.set_property("cmake_target_name", "KurvGraph::KurvGraph")
             widget.set_property("pkg_config_name", "kurvgraph")

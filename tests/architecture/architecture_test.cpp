@@ -225,8 +225,7 @@ TEST(Architecture, HostsSeeThePublicHeadersAlone) {
 
 // One target a folder, named like it, so that the linker checks the layers as well.
 TEST(Architecture, EveryModuleIsATargetThatLinksDownwards) {
-  std::map<std::string, std::string> modules = {{"KurvGraph::Core", "control"},
-                                                {"KurvGraph::Pixels", "png"},
+  std::map<std::string, std::string> modules = {{"KurvGraph::Core", "bindings/c"},
                                                 {"KurvGraph::KurvGraph", "qt/widget"}};
   for (const auto& layer : kLayers) {
     for (const std::string& module : layer) {

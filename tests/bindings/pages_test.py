@@ -34,7 +34,7 @@ class Pages(unittest.TestCase):
         (self.folder / "squares.c").write_text(program)
         self.run_here(COMPILER, "-std=c99", "-Wall", "-Wextra", "-pedantic", "-Werror", "squares.c",
                       "-o", "squares", f"-I{SOURCE}/include", f"-L{LIBRARIES}",
-                      "-lkurvgraph-pixels")
+                      "-lkurvgraph-core")
         self.run_here("./squares", "picture.png")
         picture = (self.folder / "picture.png").read_bytes()
         self.assertEqual(picture[:8], b"\x89PNG\r\n\x1a\n")

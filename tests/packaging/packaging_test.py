@@ -47,7 +47,7 @@ def is_shared():
 
 
 def has_pixels():
-    return bool(list(library_folder().glob("libkurvgraph-pixels.*")))
+    return "KURV_PIXELS:BOOL=ON" in (settings.build / "CMakeCache.txt").read_text()
 
 
 def new_folder(name):
@@ -85,18 +85,13 @@ def build(folder, target):
     return folder / "build" / target
 
 
-def check_widget(program, env=None):
+def check_picture(program, env=None):
     picture = program.parent / "squares.png"
     run(program, picture, env=env)
     expect(picture.read_bytes().startswith(b"\x89PNG"), f"{program} writes no picture")
 
 
-def check_core(program, env=None):
-    log = run(program, env=env)
-    expect('print' in log and '"Squares"' in log, f"{program} prints no drawing:\n{log}")
-
-
-CHECKS = {"widget": check_widget, "core": check_core}
+HOSTS = ("widget", "core")
 
 
 def test_install():
@@ -133,11 +128,10 @@ def check_designer_plugin():
 
 
 def test_find_package():
-    for kind, check in CHECKS.items():
+    for kind in HOSTS:
         folder = write_host("find_package", kind)
         configure(folder, f"-DCMAKE_PREFIX_PATH={moved()}")
-        check(build(folder, kind))
-    check_pixels()
+        check_picture(build(folder, kind))
     # The core alone needs no Qt, and another major version is refused.
     configure(folder, f"-DCMAKE_PREFIX_PATH={moved()}", "-DCMAKE_DISABLE_FIND_PACKAGE_Qt6=ON")
     text = (folder / "CMakeLists.txt").read_text().replace("KurvGraph 1 ", "KurvGraph 2 ")
@@ -147,19 +141,6 @@ def test_find_package():
                               settings.generator, f"-DCMAKE_PREFIX_PATH={moved()}"],
                              capture_output=True, text=True)
     expect(refused.returncode != 0 and "KurvGraph" in refused.stderr, "version 2 is accepted")
-
-
-def check_pixels():
-    """The host of the page for the core, with Pixels in the place of Core."""
-    if not has_pixels():
-        return
-    folder = new_folder("hosts/find_package/pixels")
-    shutil.copy(settings.source / "examples/without_qt_picture/main.cpp", folder / "core.cpp")
-    text = snippets()["find_package/core/CMakeLists.txt"].replace("Core", "Pixels")
-    (folder / "CMakeLists.txt").write_text(text)
-    configure(folder, f"-DCMAKE_PREFIX_PATH={moved()}", "-DCMAKE_DISABLE_FIND_PACKAGE_Qt6=ON")
-    run(build(folder, "core"), folder / "squares.png")
-    expect((folder / "squares.png").read_bytes().startswith(b"\x89PNG"), "Pixels write no picture")
 
 
 def test_pkg_config():
@@ -172,10 +153,10 @@ def test_pkg_config():
                PKG_CONFIG_PATH=str(library_folder() / "pkgconfig"),
                LD_LIBRARY_PATH=str(library_folder()))
     expect(run("pkg-config", "--modversion", "kurvgraph", env=env) == "1.0.0\n", "the version")
-    for kind, check in CHECKS.items():
+    for kind in HOSTS:
         folder = write_host("pkg-config", kind)
         run("sh", "-e", "build.sh", cwd=folder, env=env)
-        check(folder / kind, env=env)
+        check_picture(folder / kind, env=env)
 
 
 def check_compilation(folder, kind):
@@ -199,14 +180,14 @@ def test_source_tree():
     the compiler cache has it for the second."""
     tree = settings.work / "hosts/add_subdirectory/core/KurvGraph"
     for way in ("add_subdirectory", "FetchContent"):
-        for kind in CHECKS:
+        for kind in HOSTS:
             folder = write_host(way, kind)
             if way == "add_subdirectory":
                 (folder / "KurvGraph").symlink_to(settings.source)
             configure(folder, f"-DFETCHCONTENT_SOURCE_DIR_KURVGRAPH={tree}",
                       "-DCMAKE_EXPORT_COMPILE_COMMANDS=ON")
             check_compilation(folder, kind)
-        check_core(build(folder, "core"))
+        check_picture(build(folder, "core"))
 
 
 def test_static():
@@ -218,8 +199,8 @@ def test_static():
     required = {"kurvgraph": {"Qt6Gui", "Qt6PrintSupport", "Qt6Svg", "Qt6Widgets"},
                 "kurvgraph-core": set()}
     if has_pixels():
-        required["kurvgraph-pixels"] = {"fontconfig", "freetype2", "harfbuzz", "libpng"}
-        required["kurvgraph"] |= required["kurvgraph-pixels"]
+        required["kurvgraph-core"] = {"fontconfig", "freetype2", "harfbuzz", "libpng"}
+        required["kurvgraph"] |= required["kurvgraph-core"]
     for name, packages in required.items():
         text = (folder / f"build/{name}.pc").read_text()
         line = re.search(r"^Requires:(.*)$", text, re.MULTILINE)[1]
@@ -239,8 +220,7 @@ def test_core_alone():
     expect(not list(moved().glob("**/*kurvgraph.*")), "there is something of the widget")
     folder = write_host("find_package", "core")
     configure(folder, f"-DCMAKE_PREFIX_PATH={moved()}")
-    check_core(build(folder, "core"))
-    check_pixels()
+    check_picture(build(folder, "core"))
 
 
 def test_boundary():
@@ -272,14 +252,13 @@ def test_symbols():
         return
     headers = moved() / "include/KurvGraph"
     exported = {}
-    for name in ("kurvgraph", "kurvgraph-core", "kurvgraph-pixels"):
+    for name in ("kurvgraph", "kurvgraph-core"):
         exported[name], foreign = exported_symbols.read(library_folder() / f"lib{name}.so", headers)
         expect(not foreign, f"{name} exports\n" + "\n".join(foreign))
     missing = (exported_symbols.declared(headers) - exported_symbols.HEADER_ONLY
                - set.union(*exported.values()))
     expect(not missing, f"no library exports {missing}")
     expect(exported["kurvgraph-core"] < exported["kurvgraph"], "the widget lacks a part of the core")
-    expect(exported["kurvgraph-core"] < exported["kurvgraph-pixels"], "so do the pixels")
 
 
 def test_object_names():
@@ -322,8 +301,6 @@ def test_recipes():
         for option in re.findall(r"KURV_[A-Z]+", text):
             expect(f"({option} " in project, f"there is no option {option}")
     for library in re.findall(r'libs = \["(.+?)"\]', recipe):
-        if library == "kurvgraph-pixels" and not has_pixels():
-            continue
         expect(list(library_folder().glob(f"lib{library}.*")), f"no library {library} is installed")
 
 

@@ -19,7 +19,7 @@ RGBA8 = 2
 DESTROYED = 0x7F000003
 
 # The library with the widget, then the one without.
-_NAMES = ("libkurvgraph.so", "libkurvgraph.so.1", "libkurvgraph-pixels.so", "libkurvgraph-pixels.so.1")
+_NAMES = ("libkurvgraph.so", "libkurvgraph.so.1", "libkurvgraph-core.so", "libkurvgraph-core.so.1")
 
 
 class Text(Structure):
