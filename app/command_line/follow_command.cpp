@@ -8,7 +8,6 @@
 #include <QSocketNotifier>
 #include <array>
 #include <csignal>
-#include <vector>
 
 #include "app/base/message_text.h"
 #include "app/base/user_error.h"
@@ -42,17 +41,9 @@ bool catch_signals() {
   return true;
 }
 
-std::vector<QPointer<MainWindow>> main_windows() {
-  std::vector<QPointer<MainWindow>> windows;
-  for (QWidget* widget : QApplication::topLevelWidgets()) {
-    if (auto* const window = dynamic_cast<MainWindow*>(widget)) windows.emplace_back(window);
-  }
-  return windows;
-}
-
 // Ends the event loops of open dialogs, too.
 void quit_without_questions() {
-  for (const QPointer<MainWindow>& window : main_windows()) {
+  for (const QPointer<MainWindow>& window : MainWindow::all()) {
     window->graph().set_QueryForSave(false);
   }
   QApplication::exit(0);
@@ -86,7 +77,7 @@ int follow(const FollowRequest& request, const std::function<void(const std::str
     throw;
   }
   const int status = QApplication::exec();
-  for (const QPointer<MainWindow>& left : main_windows()) delete left.data();
+  for (const QPointer<MainWindow>& left : MainWindow::all()) delete left.data();
   return status == 0 && has_failed ? kFailure : status;
 }
 

@@ -35,6 +35,9 @@ class MainWindow final : public QMainWindow {
   MainWindow(std::optional<QLocale> locale, Report report);
   ~MainWindow() override;
 
+  // Those of the program. One may be closed, and so deleted, while the others are gone through.
+  static std::vector<QPointer<MainWindow>> all();
+
   // The graph that is shown. Opening another file replaces it.
   KurvGraph& graph() const { return *m_graph; }
 

@@ -34,16 +34,20 @@ namespace {
 constexpr const char* kClipboard = "clipboard";
 
 void quit_when_all_agree() {
-  std::vector<QPointer<MainWindow>> windows;
-  for (QWidget* widget : QApplication::topLevelWidgets()) {
-    if (auto* const window = dynamic_cast<MainWindow*>(widget)) windows.emplace_back(window);
-  }
-  for (const QPointer<MainWindow>& window : windows) {
+  for (const QPointer<MainWindow>& window : MainWindow::all()) {
     if (window && !window->close()) return;
   }
 }
 
 }  // namespace
+
+std::vector<QPointer<MainWindow>> MainWindow::all() {
+  std::vector<QPointer<MainWindow>> windows;
+  for (QWidget* widget : QApplication::topLevelWidgets()) {
+    if (auto* const window = dynamic_cast<MainWindow*>(widget)) windows.emplace_back(window);
+  }
+  return windows;
+}
 
 void MainWindow::make_menu() {
   MenuCommands commands;
