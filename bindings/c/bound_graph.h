@@ -27,6 +27,8 @@ class BoundGraph : public std::enable_shared_from_this<BoundGraph> {
   // As those of Control.
   virtual std::optional<String> add_function(const String& expression) = 0;
   virtual std::optional<String> derive(const String& name, const String& expression) = 0;
+  virtual void append_points(const Matrix<Double>& points) = 0;
+  virtual void replace_points(const Matrix<Double>& points, const List<String>& names) = 0;
 
   // Valid until the next call.
   virtual PixelView pixels() = 0;

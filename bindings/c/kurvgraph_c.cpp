@@ -4,6 +4,7 @@
 
 #include <cstring>
 #include <utility>
+#include <variant>
 #include <vector>
 
 #include "bindings/c/bound_graph.h"
@@ -52,6 +53,14 @@ void call(BoundGraph& graph, const MemberKey& key, kurv_value* arguments, std::s
   for (std::size_t i = 0; i < count; ++i) {
     kurv::c::return_argument(values[i], passed[i], arguments[i]);
   }
+}
+
+// The content of a value that has to be of this type.
+template <class T>
+T content(const kurv_value* value) {
+  kurv::Variant variant = kurv::c::to_variant(required(value));
+  if (T* const found = std::get_if<T>(&variant)) return std::move(*found);
+  throw kurv::Fault(kurv::FaultKind::kTypeMismatch);
 }
 
 void accept(const std::optional<kurv::String>& objection) {
@@ -151,6 +160,20 @@ std::int32_t kurv_add_function(kurv_graph graph, const char* expression) {
 std::int32_t kurv_derive(kurv_graph graph, const char* name, const char* expression) {
   return on_graph(graph,
                   [&](BoundGraph& bound) { accept(bound.derive(text(name), text(expression))); });
+}
+
+std::int32_t kurv_append_points(kurv_graph graph, const kurv_value* points) {
+  return on_graph(graph, [&](BoundGraph& bound) {
+    bound.append_points(content<kurv::Matrix<kurv::Double>>(points));
+  });
+}
+
+std::int32_t kurv_replace_points(kurv_graph graph, const kurv_value* points,
+                                 const kurv_value* names) {
+  return on_graph(graph, [&](BoundGraph& bound) {
+    bound.replace_points(content<kurv::Matrix<kurv::Double>>(points),
+                         content<kurv::List<kurv::String>>(names));
+  });
 }
 
 std::int32_t kurv_get_pixels(kurv_graph graph, kurv_pixels* pixels) {

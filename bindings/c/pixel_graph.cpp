@@ -95,6 +95,14 @@ std::optional<String> PixelGraph::derive(const String& name, const String& expre
   return m_control->derive(name, expression);
 }
 
+void PixelGraph::append_points(const Matrix<Double>& points) {
+  m_control->append_points(points);
+}
+
+void PixelGraph::replace_points(const Matrix<Double>& points, const List<String>& names) {
+  m_control->replace_points(points, names);
+}
+
 PixelView PixelGraph::pixels() {
   return m_picture.pixels();
 }

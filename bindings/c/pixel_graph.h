@@ -21,6 +21,8 @@ class PixelGraph final : public BoundGraph, private Container, private HeadlessS
   void call(const MemberKey& key, std::span<Variant> arguments) override;
   std::optional<String> add_function(const String& expression) override;
   std::optional<String> derive(const String& name, const String& expression) override;
+  void append_points(const Matrix<Double>& points) override;
+  void replace_points(const Matrix<Double>& points, const List<String>& names) override;
   PixelView pixels() override;
   void resize(int width, int height, double ratio) override;
   void save_graph(const String& path) override;

@@ -69,6 +69,14 @@ std::optional<String> WidgetGraph::derive(const String& name, const String& expr
   return utf8(graph().derive(QString::fromStdString(name), QString::fromStdString(expression)));
 }
 
+void WidgetGraph::append_points(const Matrix<Double>& points) {
+  graph().append_points(points);
+}
+
+void WidgetGraph::replace_points(const Matrix<Double>& points, const List<String>& names) {
+  graph().replace_points(points, names);
+}
+
 PixelView WidgetGraph::pixels() {
   m_image = graph().image().convertToFormat(QImage::Format_RGB32);
   const auto stride = m_image.bytesPerLine() / qsizetype{sizeof(std::uint32_t)};

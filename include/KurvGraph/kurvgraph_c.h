@@ -167,6 +167,16 @@ KURV_EXPORT int32_t kurv_call_by_id(kurv_graph graph, uint32_t dispatch_id, kurv
 KURV_EXPORT int32_t kurv_add_function(kurv_graph graph, const char* expression);
 KURV_EXPORT int32_t kurv_derive(kurv_graph graph, const char* name, const char* expression);
 
+// For data that grow while they are shown. `points` is a KURV_MATRIX of all columns that were
+// loaded, x first, both indices from 1; `names` are the names of these columns, as KURV_STRINGS.
+// kurv_append_points() adds points at the end, and drops the first ones beyond 32767.
+// kurv_replace_points() puts them in the place of all points, and the names in the place of those
+// that nobody has changed. Derived curves follow, and what has been set stays. Both redraw.
+// KURV_OUT_OF_RANGE for another number of columns.
+KURV_EXPORT int32_t kurv_append_points(kurv_graph graph, const kurv_value* points);
+KURV_EXPORT int32_t kurv_replace_points(kurv_graph graph, const kurv_value* points,
+                                        const kurv_value* names);
+
 // -- Pictures and files -------------------------------------------------------------------------
 
 // The formats of pixels.

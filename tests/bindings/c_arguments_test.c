@@ -134,6 +134,35 @@ static void curves_from_expressions(kurv_graph graph) {
   CHECK(number(graph, "ymax") == 40);
 }
 
+// Of graphs that show 10, 20, 30 and 40, 30, 20 over 1, 2, 3.
+static void points_that_come_later(kurv_graph graph) {
+  static const double later[] = {4, 50, 10}; /* x, up, down */
+  static const double others[] = {1, 2, 7, 8, 9, 5};
+  static const kurv_text names[] = {
+      {"time", KURV_TERMINATED}, {"first", KURV_TERMINATED}, {"second", KURV_TERMINATED}};
+  const kurv_value added = kurv_matrix(later, 3, 1);
+  const kurv_value narrow = kurv_matrix(later, 2, 1);
+  const kurv_value replaced = kurv_matrix(others, 3, 2);
+  const kurv_value new_names = kurv_strings(names, 3);
+  const kurv_value few_names = kurv_strings(names, 1);
+  const kurv_value text = kurv_string("4");
+  kurv_value arguments[11];
+  fill(arguments);
+  CHECK_OK(kurv_call(graph, "scatter_graph", arguments, 11));
+  CHECK_OK(kurv_append_points(graph, &added));
+  CHECK(number(graph, "ymax") == 50);
+  CHECK(number(graph, "xmax") == 4);
+  CHECK_CALL(KURV_OUT_OF_RANGE, kurv_append_points(graph, &narrow));
+  CHECK_CALL(KURV_TYPE_MISMATCH, kurv_append_points(graph, &text));
+  CHECK_CALL(KURV_INVALID_CALL, kurv_append_points(graph, NULL));
+  CHECK_OK(kurv_replace_points(graph, &replaced, &new_names));
+  CHECK(number(graph, "ymax") == 9);
+  CHECK(number(graph, "xmax") == 2);
+  CHECK_OK(kurv_derive(graph, "difference", "first-second"));
+  CHECK_CALL(KURV_TYPE_MISMATCH, kurv_replace_points(graph, &replaced, &text));
+  CHECK_CALL(KURV_OUT_OF_RANGE, kurv_replace_points(graph, &replaced, &few_names));
+}
+
 void test_arguments(void) {
   const kurv_graph graph = new_graph();
   optional_arguments_may_be_omitted(graph);
@@ -142,5 +171,6 @@ void test_arguments(void) {
   wrong_arguments(graph);
   missing_values_are_nan(graph);
   curves_from_expressions(graph);
+  points_that_come_later(graph);
   CHECK_OK(kurv_destroy(graph));
 }

@@ -62,6 +62,8 @@ static void invalid_handles(kurv_graph graph) {
   CHECK_CALL(KURV_INVALID_HANDLE, kurv_call_by_id(graph, 0x600300CF, NULL, 0));
   CHECK_CALL(KURV_INVALID_HANDLE, kurv_add_function(graph, "x"));
   CHECK_CALL(KURV_INVALID_HANDLE, kurv_derive(graph, "a", "x"));
+  CHECK_CALL(KURV_INVALID_HANDLE, kurv_append_points(graph, &value));
+  CHECK_CALL(KURV_INVALID_HANDLE, kurv_replace_points(graph, &value, &value));
   CHECK_CALL(KURV_INVALID_HANDLE, kurv_get_pixels(graph, &pixels));
   CHECK_CALL(KURV_INVALID_HANDLE, kurv_copy_pixels(graph, KURV_RGBA8, buffer, sizeof buffer));
   CHECK_CALL(KURV_INVALID_HANDLE, kurv_save_png(graph, "/tmp/never.png"));

@@ -197,6 +197,24 @@ class Data(unittest.TestCase):
             self.graph.add_function(1)
 
 
+    def test_points_that_come_later(self):
+        self.graph.plot([1, 2], {"up": [1, 2], "down": [5, 4]})
+        self.graph.append_points([3, 4], [[3, 9], [3, 2]])
+        self.assertEqual((self.graph.xmax, self.graph.ymax), (4, 9))
+        self.graph.append_points([5], {"up": [10], "down": [0]})
+        self.assertEqual((self.graph.xmax, self.graph.ymax), (5, 10))
+        self.graph.replace_points([1, 2], {"a": [1, 2], "b": [3, 7]}, x_name="time")
+        self.graph.derive("c", "a+b")
+        self.assertEqual((self.graph.xmax, self.graph.ymax), (2, 9))
+        with self.assertRaises(IndexError):
+            self.graph.append_points([6], [1])  # two curves were loaded
+        with self.assertRaises(ValueError):
+            self.graph.append_points([6, 7], [1])
+        self.graph.plot([1, 2], [1, 2])
+        self.graph.append_points([3], [8])
+        self.assertEqual(self.graph.ymax, 8)
+
+
 class Pictures(unittest.TestCase):
     def setUp(self):
         self.folder = tempfile.TemporaryDirectory()

@@ -62,6 +62,9 @@ TEST_F(Widgets, AreChildrenWithEveryMember) {
   EXPECT_EQ(kurv_add_function(graph, "x^2"), KURV_OK);
   EXPECT_EQ(kurv_add_function(graph, "x^"), KURV_INVALID_CALL);
   EXPECT_EQ(kurv_derive(graph, "twice", "2*y"), KURV_OK);
+  const double later[] = {4, 16};
+  const kurv_value points = kurv_matrix(later, 2, 1);
+  EXPECT_EQ(kurv_append_points(graph, &points), KURV_OK);
   EXPECT_EQ(kurv_press_mouse(graph, 1, 0, 0, 0), KURV_INVALID_CALL);
   EXPECT_EQ(kurv_release_mouse(graph, 1, 0, 0, 0), KURV_INVALID_CALL);
   EXPECT_EQ(kurv_destroy(graph), KURV_OK);

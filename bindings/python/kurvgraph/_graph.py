@@ -38,6 +38,30 @@ def _is_one_curve(y: Any) -> bool:
     return not any(hasattr(value, "__len__") for value in y)
 
 
+def _curves(x: Any, y: Any, names: Optional[Sequence[str]]) -> Tuple[Any, Any, List[str]]:
+    """The values of x, those of several curves and their names, from what plot() takes."""
+    if isinstance(y, Mapping):
+        names = list(y) if names is None else names
+        y = list(y.values())
+    elif not hasattr(y, "__len__"):
+        y = list(y)
+    if _is_one_curve(y) and len(y):
+        y = y[None, :] if hasattr(y, "ndim") else [y]
+    if not hasattr(x, "__len__"):
+        x = list(x)
+    curves, points = len(y), len(x)
+    if names is None:
+        names = ["y"] if curves == 1 else [f"y{k}" for k in range(1, curves + 1)]
+    if isinstance(names, str):
+        raise TypeError("names has to be a list of texts")
+    if len(names) != curves:
+        raise ValueError(f"{len(names)} names for {curves} curves")
+    for curve in y:
+        if len(curve) != points:
+            raise ValueError(f"a curve of {len(curve)} values for {points} values of x")
+    return x, y, list(names)
+
+
 class _WidgetMethod:
     """KurvGraph.widget(), on a graph and on the class."""
 
@@ -137,30 +161,30 @@ class KurvGraph:
         """Loads data and draws them. `x` are the values of x; `y` the values of one curve, a list
         or two-dimensional array of several, or a mapping of their names to their values. None and
         NaN are missing values. `functions` are expressions of x, such as "x^2"."""
-        if isinstance(y, Mapping):
-            names = list(y) if names is None else names
-            y = list(y.values())
-        elif not hasattr(y, "__len__"):
-            y = list(y)
-        if _is_one_curve(y) and len(y):
-            y = y[None, :] if hasattr(y, "ndim") else [y]
-        if not hasattr(x, "__len__"):
-            x = list(x)
-        curves, points = len(y), len(x)
-        if names is None:
-            names = ["y"] if curves == 1 else [f"y{k}" for k in range(1, curves + 1)]
-        if isinstance(names, str):
-            raise TypeError("names has to be a list of texts")
-        if len(names) != curves:
-            raise ValueError(f"{len(names)} names for {curves} curves")
-        for curve in y:
-            if len(curve) != points:
-                raise ValueError(f"a curve of {len(curve)} values for {points} values of x")
+        x, y, names = _curves(x, y, names)
         expressions = [functions] if isinstance(functions, str) else list(functions)
         load: Any = getattr(self, "scatter_graph")
-        load(y, x, points, curves, title, x_name, list(names), 0, [], connected, markers)
+        load(y, x, len(x), len(y), title, x_name, names, 0, [], connected, markers)
         for expression in expressions:
             self.add_function(expression)
+
+    def append_points(self, x: Any, y: Any) -> None:
+        """Adds points to the curves that were loaded, and redraws: `x` and `y` as those of plot(),
+        in the same order. The first points beyond 32,767 are dropped, and derived curves follow."""
+        x, y, _ = _curves(x, y, None)
+        points, owner = encoded([x, *y], lib.MATRIX)
+        self._do("kurv_append_points", ctypes.byref(points))
+        del owner
+
+    def replace_points(self, x: Any, y: Any, *, x_name: str = "x",
+                       names: Optional[Sequence[str]] = None) -> None:
+        """Puts these points in the place of all points, and redraws: as plot(), but what the user
+        has set stays, and so do names that somebody has changed."""
+        x, y, names = _curves(x, y, names)
+        points, owner = encoded([x, *y], lib.MATRIX)
+        texts, text_owner = encoded([x_name, *names], lib.STRINGS)
+        self._do("kurv_replace_points", ctypes.byref(points), ctypes.byref(texts))
+        del owner, text_owner
 
     def add_function(self, expression: str) -> None:
         """Adds a function curve, an expression of x, and redraws. InvalidCall says why an
