@@ -1,4 +1,5 @@
-// A run-time error that is about a file, with the file.
+/// @file
+/// A run-time error that is about a file, with the file.
 #pragma once
 
 #include <memory>
@@ -8,14 +9,15 @@
 
 namespace kurv {
 
-// Thrown by a widget's member where the graph's file, or one that the user has chosen in a dialog,
-// cannot be read or written. A host that does not need the name catches Fault.
+/// Thrown by a widget's member where the graph's file, or one that the user has chosen in a dialog,
+/// cannot be read or written. A host that does not need the name catches Fault.
 class KURV_EXPORT FileFault final : public Fault {
  public:
+  /// A fault of that kind about the file.
   FileFault(FaultKind kind, const std::string& path)
       : Fault(kind), m_path(std::make_shared<const std::string>(path)) {}
 
-  // As it was named.
+  /// The path of the file, as it was named.
   const std::string& path() const { return *m_path; }
 
  private:

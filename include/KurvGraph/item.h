@@ -1,8 +1,14 @@
-// The parts of the picture that a user can drag.
+/// @file
+/// The parts of the picture that a user can drag.
 #pragma once
 
 namespace kurv {
 
-enum class Item { kLegend, kTitle, kSubTitle };
+/// A part of the picture that can be dragged.
+enum class Item {
+  kLegend,   ///< the legend
+  kTitle,    ///< the title
+  kSubTitle  ///< the subtitle
+};
 
 }  // namespace kurv

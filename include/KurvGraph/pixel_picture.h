@@ -1,4 +1,5 @@
-// A drawing surface of real pixels, at device resolution, that needs no toolkit.
+/// @file
+/// A drawing surface of real pixels, at device resolution, that needs no toolkit.
 #pragma once
 
 #include <functional>
@@ -18,25 +19,26 @@ namespace raster {
 class Sprite;
 }
 
-// To be used by one thread only.
+/// A drawing surface of pixels in memory. To be used by one thread only.
 class KURV_EXPORT PixelPicture : public PlotSurface {
  public:
-  // The size in logical pixels, and the device pixels per logical pixel in either direction. A
-  // painter may serve several pictures; it must not be null.
+  /// The size in logical pixels, and the device pixels per logical pixel in either direction. A
+  /// painter may serve several pictures; it must not be null.
   PixelPicture(std::shared_ptr<TextPainter> texts, int width, int height,
                double device_pixel_ratio = 1);
   ~PixelPicture() override;
   PixelPicture(const PixelPicture&) = delete;
   PixelPicture& operator=(const PixelPicture&) = delete;
 
-  // Drops the contents and starts white. Both sides have at least one device pixel. A logical pixel
-  // has 15 twips, or fewer where a side would then exceed 32767 twips. A picture that would have
-  // more than 4 x 7680 x 4320 device pixels gets a lower resolution.
+  /// Drops the contents and starts white. Both sides have at least one device pixel. A logical
+  /// pixel has 15 twips, or fewer where a side would then exceed 32767 twips. A picture that would
+  /// have more than 4 x 7680 x 4320 device pixels gets a lower resolution.
   void resize(int width, int height, double device_pixel_ratio);
 
-  // What has been drawn. Valid until the picture is drawn on or resized.
+  /// What has been drawn. Valid until the picture is drawn on or resized.
   PixelView pixels() const;
 
+  /// The width and height of a device pixel, in twips.
   double twips_per_device_pixel() const;
 
   Double ScaleWidth() const override;
@@ -61,10 +63,10 @@ class KURV_EXPORT PixelPicture : public PlotSurface {
   void set_ForeColor(int colour) override;
 
  protected:
-  // Draws into a store of another kind.
+  /// Draws into a store of another kind.
   PixelPicture(std::unique_ptr<PixelStore> store, std::shared_ptr<TextPainter> texts, int width,
                int height, double device_pixel_ratio);
-  // The store, with everything that has been drawn.
+  /// The store, with everything that has been drawn.
   const PixelStore& store() const;
 
  private:

@@ -1,31 +1,32 @@
-// The properties of a graph, each written down once. From this list come the getters and setters of
-// Control and of the widget, the widget's Qt properties and the member table of automation.h; from
-// that, the reference page docs/automation.md and the tables of properties in control.h and
-// KurvGraph.h.
-//
-//   X(name, dispatch identifier, type, rule, initially, unit, summary)
-//
-// name        of the property, and of its field in the GraphDocument
-// identifier  by which hosts reach it late-bound; never changes and never serves another property
-// type        of values.h; the widget has int, double, bool and QString instead
-// rule        what its setter does with a value, a PropertyRule
-// initially   the value that a new control has: a number, True, False, a text in backticks, or
-//               empty               the empty text
-//               random              that of random data, which are never drawn
-//               the surface's       from the font that the surface has when the control is made
-//               the surface's + 3   the same, and three points more
-// unit        of a number, in the plural; empty for a limit, which has that of the data, and for
-//             a count
-// summary     one short sentence for the reference page and the tables
-//
-// The order of the rows is that of members() and of the widget's Qt properties. No setter redraws:
-// a host calls build_the_graph() after changing what the picture shows.
-//
-// A new property is a field in model/graph_document.h and a row here; one that is saved in the
-// graph file has a row in the table of its fields as well, in io/. UPDATE_GOLDENS=1 then rewrites
-// what is made from the table.
-//
-// It is a macro because nothing else can declare a member function or a Qt property for each row.
+/// @file
+/// The properties of a graph, each written down once. From this list come the getters and setters
+/// of Control and of the widget, the widget's Qt properties and the member table of automation.h;
+/// from that, the reference page docs/automation.md and the tables of properties in control.h and
+/// KurvGraph.h.
+///
+///     X(name, identifier, type, rule, initially, unit, summary)
+///
+/// - name: of the property, and of its field in the GraphDocument
+/// - identifier: by which hosts reach it late-bound; never changes and never serves another
+/// property
+/// - type: of values.h; the widget has int, double, bool and QString instead
+/// - rule: what its setter does with a value, a PropertyRule
+/// - initially: the value that a new control has: a number, True, False, a text in backticks,
+///   `empty` for the empty text, `random` for that of random data, which are never drawn,
+///   `the surface's` for that of the font that the surface has when the control is made, or
+///   `the surface's + 3` for three points more
+/// - unit: of a number, in the plural; empty for a limit, which has that of the data, and for a
+///   count
+/// - summary: one short sentence for the reference page and the tables
+///
+/// The order of the rows is that of members() and of the widget's Qt properties. No setter redraws:
+/// a host calls build_the_graph() after changing what the picture shows.
+///
+/// A new property is a field in model/graph_document.h and a row here; one that is saved in the
+/// graph file has a row in the table of its fields as well, in io/. UPDATE_GOLDENS=1 then rewrites
+/// what is made from the table.
+///
+/// It is a macro because nothing else can declare a member function or a Qt property for each row.
 #pragma once
 
 #include <type_traits>
@@ -34,19 +35,23 @@
 
 namespace kurv {
 
+/// What the setter of a property does with a value.
 enum class PropertyRule {
-  kStored,       // any value of the type, NaN too, is stored; an infinite Single throws kOverflow
-  kMarkerRange,  // an Integer outside kMinMarkerSize..kMaxMarkerSize is ignored; the getter rounds
-                 // what is stored to the nearest integer, ties to even
+  /// Any value of the type, NaN too, is stored; an infinite Single throws kOverflow.
+  kStored,
+  /// An Integer outside kMinMarkerSize..kMaxMarkerSize is ignored; the getter rounds what is stored
+  /// to the nearest integer, ties to even.
+  kMarkerRange,
 };
 
-// How a setter takes a value: texts by reference.
+/// How a setter takes a value: texts by reference.
 template <class Value>
 using PropertyArgument =
     std::conditional_t<std::is_trivially_copyable_v<Value>, Value, const Value&>;
 
 }  // namespace kurv
 
+/// Calls X for each property, with the seven arguments that are described above.
 #define KURV_PROPERTIES(X)                                                                         \
   X(ymin, 0x680300CD, Double, kStored, "random", "", "Lower limit of y.")                          \
   X(ymax, 0x680300CC, Double, kStored, "random", "", "Upper limit of y.")                          \
