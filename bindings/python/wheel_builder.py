@@ -47,8 +47,8 @@ def _build() -> Path:
                          "KURVGRAPH_LIBRARY can name one that is built already.")
     for tool in ("cmake", "ninja"):
         if not shutil.which(tool):
-            raise SystemExit(f"{tool} is missing. bindings/python/make-venv installs what is needed on "
-                             "Debian and Ubuntu; docs/building.md names the packages of others.")
+            raise SystemExit(f"{tool} is missing. bindings/python/make-venv installs what is needed "
+                             "on Debian and Ubuntu; docs/building.md names the packages of others.")
     configure = ["cmake", "--preset", "release"]
     if shutil.which("ccache"):
         configure.append("-DCMAKE_CXX_COMPILER_LAUNCHER=ccache")
@@ -103,7 +103,7 @@ def build_wheel(wheel_directory, config_settings=None, metadata_directory=None):
     record.append(f"{DIST_INFO}/RECORD,,")
     files[f"{DIST_INFO}/RECORD"] = "\n".join([*record, ""]).encode()
     wheel = f"{NAME}-{VERSION}-{TAG}.whl"
-    with zipfile.ZipFile(Path(wheel_directory) / wheel, "w", zipfile.ZIP_DEFLATED, compresslevel=1) as pack:
+    with zipfile.ZipFile(Path(wheel_directory) / wheel, "w", zipfile.ZIP_DEFLATED) as pack:
         for name, data in files.items():
             pack.writestr(name, data)
     return wheel

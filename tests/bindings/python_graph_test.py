@@ -1,6 +1,7 @@
 """The Python module without a window."""
 
 import array
+import datetime
 import gc
 import math
 import os
@@ -16,7 +17,7 @@ from pathlib import Path
 import numpy
 
 import kurvgraph
-from kurvgraph import _library
+from kurvgraph import _data, _library
 
 SQUARES = [1, 4, 9, 16]
 
@@ -30,6 +31,42 @@ def new_graph():
 def ink(graph):
     """How many pixels are not white."""
     return int((numpy.asarray(graph.pixels())[:, :, :3] != 255).any(axis=2).sum())
+
+
+class Series:
+    """A column with a name, which is no array of NumPy."""
+    ndim = 1
+
+    def __init__(self, name, values):
+        self.name = name
+        self.values = values
+
+    def __len__(self):
+        return len(self.values)
+
+    def __iter__(self):
+        return iter(self.values)
+
+    def __array__(self, dtype=None):
+        return numpy.array(self.values, dtype=dtype)
+
+
+class Frame:
+    """Columns with names."""
+    ndim = 2
+
+    def __init__(self, **series):
+        self.columns = list(series)
+        self.series = series
+
+    def __getitem__(self, name):
+        return self.series[name]
+
+    def __len__(self):
+        return len(self.series[self.columns[0]])
+
+    def __array__(self, dtype=None):
+        return numpy.array([column.values for column in self.series.values()], dtype=dtype).T
 
 
 class Members(unittest.TestCase):
@@ -174,6 +211,84 @@ class Data(unittest.TestCase):
         with self.assertRaises(TypeError):
             self.graph.scatter_graph2("", [[1, 2], [1, 2]], ["x", "y"], 2, 1, ["yes"], 0, [])
 
+    def expect(self, sentence, x, y, **options):
+        with self.assertRaises((TypeError, ValueError)) as caught:
+            self.graph.plot(x, y, **options)
+        self.assertIn(sentence, str(caught.exception))
+
+    def test_errors_say_what_and_where(self):
+        self.expect("the curve 'down' has 2 values for 3 values of x", [1, 2, 3],
+                    {"up": [1, 2, 3], "down": [1, 2]})
+        rows = [(1, 4), (2, 5), (3, 6)]
+        self.expect("each row is a curve, so pass list(zip(*y))", [1, 2, 3], rows)
+        self.expect("each row is a curve, so pass y.T", [1, 2, 3], numpy.array(rows))
+        self.expect("the curve 'y': 'two' at index 1 is not a number", [1, 2], [1, "two"])
+        self.expect("the curve 'y': '1' at index 0 is not a number", [1, 2], ["1", "2"])
+        self.expect("x: 'a' at index 0 is not a number", ["a", "b"], [1, 2])
+        self.expect("x: 'b' at index 1 is not a number", numpy.array([1, "b"], dtype=object), [1, 2])
+        self.expect("the curve 'y2': int instead of a list", [1, 2], [[1, 2], 3])
+        self.expect("y has to be a list or an array of numbers, not int", [1], 2)
+        self.expect("y has to be a list or an array of numbers, not str", [1, 2], "12")
+        self.expect("x has to be a list or an array of numbers, not int", 1, [2])
+        self.expect("x: an array of 2 dimensions instead of 1", numpy.ones((2, 1)), [1, 2])
+        with self.assertRaisesRegex(OverflowError, "40000 points; a graph has at most 32767"):
+            self.graph.plot(range(40000), range(40000))
+        with self.assertRaisesRegex(IndexError, "150 curves; a graph has at most 149"):
+            self.graph.plot([1, 2], numpy.ones((150, 2)))
+        with self.assertRaisesRegex(OverflowError, "NumTicks cannot be 40000"):
+            self.graph.NumTicks = 40000
+        with self.assertRaisesRegex(TypeError, "xmin cannot be 'left'"):
+            self.graph.xmin = "left"
+        with self.assertRaisesRegex(TypeError, "two whole numbers, such as"):
+            kurvgraph.KurvGraph(300)
+        with self.assertRaisesRegex(TypeError, "two whole numbers, such as"):
+            self.graph.resize((300.5, 200))
+        self.graph.plot([1, 2], [[1, 2], [3, 4]])
+        with self.assertRaisesRegex(IndexError, "another number of curves than 1"):
+            self.graph.append_points([3], [4])
+
+    def test_dates_say_how_they_become_numbers(self):
+        days = numpy.array(["2026-01-01", "2026-01-03"], dtype="datetime64[D]")
+        self.expect("(t - t.min()) / numpy.timedelta64(1, 'h')", days, [1, 2])
+        self.graph.plot((days - days.min()) / numpy.timedelta64(1, "h"), [1, 2])
+        self.assertEqual(self.limits()[:2], (0, 48))
+        times = [datetime.datetime(2026, 1, 1), datetime.datetime(2026, 1, 1, 6)]
+        self.expect("(t - first) / datetime.timedelta(hours=1)", times, [1, 2])
+        self.graph.plot([(t - times[0]) / datetime.timedelta(hours=1) for t in times], [1, 2])
+        self.assertEqual(self.limits()[:2], (0, 6))
+
+    def test_the_limits_are_those_of_the_library(self):
+        header = Path(__file__).parents[2] / "include" / "KurvGraph" / "limits.h"
+        self.assertIn(f"kMaxCurves = {_data.MOST_CURVES};", header.read_text())
+        self.graph.plot(numpy.arange(_data.MOST_POINTS),
+                        numpy.ones((_data.MOST_CURVES, _data.MOST_POINTS)))
+
+    def test_masked_values_are_missing(self):
+        self.graph.plot([1, 2, 3], numpy.ma.array([1, 99, 3], mask=[False, True, False]))
+        self.assertEqual(self.graph.ymax, 3)
+
+    def test_appended_curves_are_found_by_their_names(self):
+        self.graph.plot([1, 2], {"up": [1, 2], "down": [5, 4]})
+        self.graph.append_points([3], {"down": [3], "up": [5]})
+        self.graph.derive("twice", "2*up")
+        self.assertEqual(self.graph.ymax, 10)
+
+    def test_series_and_frames(self):
+        self.graph.plot([0, 1, 2], {"up": [1, 2, 3], "down": [5, 4, 3]}, x_name="time")
+        expected = bytes(self.graph.pixels())
+        time, up, down = (Series(name, values) for name, values in
+                          (("time", [0, 1, 2]), ("up", [1, 2, 3]), ("down", [5, 4, 3])))
+        for y in (Frame(up=up, down=down), [up, down], {"up": up, "down": down}):
+            self.graph.plot(time, y)
+            self.assertEqual(bytes(self.graph.pixels()), expected)
+        self.graph.plot(Series(None, [0, 1]), Series("up", [1, None]))
+        self.graph.append_points([2], Frame(up=Series("up", [5])))
+        self.graph.derive("twice", "2*up")
+        self.assertEqual((self.graph.xmax, self.graph.ymax), (2, 10))
+        self.graph.plot([1, 2], {1: [1, 2], 2: [1, 2]})
+        self.graph.derive("sum", "[1]+[2]")
+        self.assertEqual(self.graph.ymax, 4)
+
     def test_data_that_cannot_be_plotted_are_a_warning(self):
         with self.assertWarnsRegex(kurvgraph.Message, "all x values are the same"):
             self.graph.plot([1, 1], [1, 2])
@@ -183,6 +298,15 @@ class Data(unittest.TestCase):
             warnings.simplefilter("error")
             self.graph.plot([1, 1], [1, 2])
         self.assertEqual(texts, [(16, "KURV Guide")])
+
+    def test_a_warning_names_the_line_of_the_program(self):
+        scatter = self.graph.scatter_graph
+        for call in (lambda: self.graph.plot([1, 1], [1, 2]),
+                     lambda: scatter([[1, 2]], [1, 1], 2, 1, "", "x", ["y"], 0, [])):
+            with warnings.catch_warnings(record=True) as caught:
+                warnings.simplefilter("always")
+                call()
+            self.assertEqual([warning.filename for warning in caught], [__file__])
 
     def test_expressions(self):
         self.graph.plot([1, 2, 3], {"up": [1, 2, 3]}, functions=["x^2", "sin(x)"])
@@ -248,6 +372,15 @@ class Pictures(unittest.TestCase):
                     graph.save(name)
         begin = (self.path / "squares.png").read_bytes()[:8]
         self.assertEqual(begin, b"\x89PNG\r\n\x1a\n")
+
+    def test_png_bytes(self):
+        with new_graph() as graph:
+            graph.save(self.path / "squares.png")
+            self.assertEqual(graph.png(), (self.path / "squares.png").read_bytes())
+            self.assertEqual(graph._repr_png_(), (graph.png(), {"width": 360}))
+            graph.resize((100, 50), 2)
+            self.assertEqual(graph._repr_png_()[1], {"width": 100})
+        self.assertIsNone(graph._repr_png_())
 
     def test_names_that_are_not_utf8(self):
         with new_graph() as graph:

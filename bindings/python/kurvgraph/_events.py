@@ -2,6 +2,7 @@
 
 from __future__ import annotations
 
+import os
 import re
 import sys
 import weakref
@@ -22,6 +23,15 @@ NOTICES = {
 def attribute_name(event: str) -> str:
     """on_mouse_up for MouseUp."""
     return "on_" + re.sub(r"(?<!^)(?=[A-Z])", "_", event).lower()
+
+
+def stack_level() -> int:
+    """For a warning of the caller: the line of the program that has called this package."""
+    package = os.path.dirname(__file__)
+    frame, level = sys._getframe(1), 1
+    while frame.f_back is not None and os.path.dirname(frame.f_code.co_filename) == package:
+        frame, level = frame.f_back, level + 1
+    return level
 
 
 class Listener:

@@ -4,15 +4,19 @@ from __future__ import annotations
 
 import atexit
 import ctypes
+import operator
 import os
+import reprlib
+import tempfile
 import warnings
 import weakref
-from typing import Any, Dict, Iterable, List, Mapping, Optional, Sequence, Tuple, Union
+from typing import Any, Dict, Iterable, List, Optional, Sequence, Tuple, Union
 
 from . import _library as lib
 from . import _widget
-from ._errors import INVALID_HANDLE, InvalidCall, Message, new_error
-from ._events import Listener
+from ._data import check_counts, has_names, in_order, read_curves
+from ._errors import INVALID_HANDLE, Error, InvalidCall, Message, OutOfRange, new_error
+from ._events import Listener, stack_level
 from ._members import make_members
 from ._values import decoded, encoded
 
@@ -31,35 +35,14 @@ def _text(text: Any, what: str = "a text") -> bytes:
     return lib.encode(text)
 
 
-def _is_one_curve(y: Any) -> bool:
-    """Whether these are the values of one curve, not of several."""
-    if hasattr(y, "ndim"):
-        return y.ndim == 1
-    return not any(hasattr(value, "__len__") for value in y)
-
-
-def _curves(x: Any, y: Any, names: Optional[Sequence[str]]) -> Tuple[Any, Any, List[str]]:
-    """The values of x, those of several curves and their names, from what plot() takes."""
-    if isinstance(y, Mapping):
-        names = list(y) if names is None else names
-        y = list(y.values())
-    elif not hasattr(y, "__len__"):
-        y = list(y)
-    if _is_one_curve(y) and len(y):
-        y = y[None, :] if hasattr(y, "ndim") else [y]
-    if not hasattr(x, "__len__"):
-        x = list(x)
-    curves, points = len(y), len(x)
-    if names is None:
-        names = ["y"] if curves == 1 else [f"y{k}" for k in range(1, curves + 1)]
-    if isinstance(names, str):
-        raise TypeError("names has to be a list of texts")
-    if len(names) != curves:
-        raise ValueError(f"{len(names)} names for {curves} curves")
-    for curve in y:
-        if len(curve) != points:
-            raise ValueError(f"a curve of {len(curve)} values for {points} values of x")
-    return x, y, list(names)
+def _whole_size(size: Any) -> Tuple[int, int]:
+    """Width and height as the library takes them, which says what it refuses."""
+    try:
+        width, height = (max(-1, min(operator.index(side), 1 << 30)) for side in size)
+    except (TypeError, ValueError):
+        raise TypeError("size has to be two whole numbers, such as (720, 480), not "
+                        f"{size!r}") from None
+    return width, height
 
 
 class _WidgetMethod:
@@ -94,8 +77,10 @@ class KurvGraph:
         self._toolkit_widget: Any = None
         self._handle = 0
         self._is_used = False
-        width, height = size
-        lib.call("kurv_create_pixels", width, height, ratio, ctypes.byref(handle))
+        self._names: List[str] = []  # of the curves that plot() or replace_points() has loaded
+        self._ratio = float(ratio)
+        width, height = _whole_size(size)
+        lib.call("kurv_create_pixels", width, height, self._ratio, ctypes.byref(handle))
         self._take(handle.value)
         self._finalizer = weakref.finalize(self, lib.release, "kurv_destroy", self._handle)
 
@@ -143,7 +128,13 @@ class KurvGraph:
         if value is None:
             raise TypeError(f"{member.name} cannot be None")
         converted, owner = encoded(value, member.type)
-        self._do("kurv_let_by_id", member.dispatch_id, ctypes.byref(converted))
+        try:
+            self._do("kurv_let_by_id", member.dispatch_id, ctypes.byref(converted))
+        except Error as error:
+            if error.detail:
+                raise
+            detail = f"{member.name} cannot be {reprlib.repr(value)}"
+            raise new_error(error.number, error.text, detail) from None
         del owner
 
     def _call(self, member: lib.Member, values: Sequence[Any]) -> None:
@@ -155,35 +146,45 @@ class KurvGraph:
 
     # -- Data -----------------------------------------------------------------------------------
 
-    def plot(self, x: Any, y: Any, *, title: str = "", x_name: str = "x",
+    def plot(self, x: Any, y: Any, *, title: str = "", x_name: Optional[str] = None,
              names: Optional[Sequence[str]] = None, functions: Iterable[str] = (),
              connected: bool = True, markers: bool = False) -> None:
         """Loads data and draws them. `x` are the values of x; `y` the values of one curve, a list
-        or two-dimensional array of several, or a mapping of their names to their values. None and
-        NaN are missing values. `functions` are expressions of x, such as "x^2"."""
-        x, y, names = _curves(x, y, names)
+        or two-dimensional array of several, each of them a row, or a mapping of their names to
+        their values; or Series and a DataFrame, which have names. None and NaN are missing values.
+        `functions` are expressions of x, such as "x^2"."""
+        data = read_curves(x, y, names, x_name)
+        check_counts(data)
         expressions = [functions] if isinstance(functions, str) else list(functions)
         load: Any = getattr(self, "scatter_graph")
-        load(y, x, len(x), len(y), title, x_name, names, 0, [], connected, markers)
+        load(data.y, data.x, len(data.x), len(data.y), title, data.x_name, data.names, 0, [],
+             connected, markers)
+        self._names = data.names
         for expression in expressions:
             self.add_function(expression)
 
     def append_points(self, x: Any, y: Any) -> None:
         """Adds points to the curves that were loaded, and redraws: `x` and `y` as those of plot(),
-        in the same order. The first points beyond 32,767 are dropped, and derived curves follow."""
-        x, y, _ = _curves(x, y, None)
-        points, owner = encoded([x, *y], lib.MATRIX)
-        self._do("kurv_append_points", ctypes.byref(points))
+        in the same order, or with the same names. The first points beyond 32,767 are dropped, and
+        derived curves follow."""
+        data = in_order(read_curves(x, y), self._names if has_names(y) else [])
+        points, owner = encoded([data.x, *data.y], lib.MATRIX)
+        try:
+            self._do("kurv_append_points", ctypes.byref(points))
+        except OutOfRange as error:
+            detail = f"the graph has another number of curves than {len(data.y)}"
+            raise new_error(error.number, error.text, error.detail or detail) from None
         del owner
 
-    def replace_points(self, x: Any, y: Any, *, x_name: str = "x",
+    def replace_points(self, x: Any, y: Any, *, x_name: Optional[str] = None,
                        names: Optional[Sequence[str]] = None) -> None:
         """Puts these points in the place of all points, and redraws: as plot(), but what the user
         has set stays, and so do names that somebody has changed."""
-        x, y, names = _curves(x, y, names)
-        points, owner = encoded([x, *y], lib.MATRIX)
-        texts, text_owner = encoded([x_name, *names], lib.STRINGS)
+        data = read_curves(x, y, names, x_name)
+        points, owner = encoded([data.x, *data.y], lib.MATRIX)
+        texts, text_owner = encoded([data.x_name, *data.names], lib.STRINGS)
         self._do("kurv_replace_points", ctypes.byref(points), ctypes.byref(texts))
+        self._names = data.names
         del owner, text_owner
 
     def add_function(self, expression: str) -> None:
@@ -209,6 +210,22 @@ class KurvGraph:
             raise ValueError(f"{name} ends neither in .png nor in .gdf")
         self._do(functions[suffix], _text(name, "a path"))
 
+    def png(self) -> bytes:
+        """The picture as the bytes of a PNG file."""
+        with tempfile.TemporaryDirectory() as folder:
+            path = os.path.join(folder, "graph.png")
+            self.save(path)
+            with open(path, "rb") as file:
+                return file.read()
+
+    def _repr_png_(self) -> Any:
+        """What a notebook shows of a graph: the picture, in logical pixels."""
+        if self.closed:
+            return None
+        data = self.png()
+        width = int.from_bytes(data[16:20], "big")
+        return data, {"width": round(width / self._ratio)}
+
     def pixels(self) -> memoryview:
         """A copy of the picture: rows from top to bottom, in each of them pixels, in each of them
         red, green, blue and 255. numpy.asarray() makes an array of it without another copy."""
@@ -221,8 +238,9 @@ class KurvGraph:
 
     def resize(self, size: Tuple[int, int], ratio: float = 1.0) -> None:
         """Another size; draws anew. A widget has the ratio of its screen."""
-        width, height = size
-        self._do("kurv_resize", width, height, ratio)
+        width, height = _whole_size(size)
+        self._do("kurv_resize", width, height, float(ratio))
+        self._ratio = float(ratio)
 
     # -- Mouse and events -----------------------------------------------------------------------
 
@@ -242,7 +260,7 @@ class KurvGraph:
             function(*arguments)
         elif name == "message":
             text = " ".join(arguments[0].split())
-            warnings.warn(text, Message, stacklevel=6)
+            warnings.warn(text, Message, stacklevel=stack_level())
 
     # -- Widget ---------------------------------------------------------------------------------
 

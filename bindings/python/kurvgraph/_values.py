@@ -4,11 +4,13 @@ from __future__ import annotations
 
 import array
 import ctypes
+import datetime
 import numbers
+import reprlib
 from typing import Any, List, Sequence, Tuple
 
 from . import _library as lib
-from ._errors import InvalidCall, mismatch
+from ._errors import InvalidCall, TypeMismatch, mismatch
 
 # A value, and what must live as long as it is used.
 Encoded = Tuple[lib.Value, Any]
@@ -20,21 +22,41 @@ def _new(kind: int) -> lib.Value:
     return lib.Value(type=kind, lower=1, lower_point=1)
 
 
-def _is_array(value: Any) -> bool:
+def is_array(value: Any) -> bool:
     """Whether NumPy makes an array of it without a loop; then NumPy is there."""
     return hasattr(value, "__array_interface__") or hasattr(value, "__array__")
+
+
+def _described(dtype: Any) -> str:
+    """What an array holds instead of numbers."""
+    if dtype.kind in "mM":
+        return (f"{dtype} is not a number; subtract a time and divide by a unit, such as "
+                "(t - t.min()) / numpy.timedelta64(1, 'h')")
+    return f"an array of {dtype} instead of numbers"
 
 
 def _float_array(value: Any) -> Any:
     import numpy
 
     found = numpy.asarray(value)
-    if found.dtype.kind not in "biuf" and found.dtype != object:
-        raise mismatch(f"an array of {found.dtype}")
-    try:
-        return numpy.asarray(found, dtype=numpy.float64)
-    except (TypeError, ValueError) as error:
-        raise mismatch(str(error)) from None
+    if isinstance(value, numpy.ma.MaskedArray) and found.dtype.kind in "biuf":
+        return value.astype(numpy.float64).filled(numpy.nan)
+    if found.dtype.kind in "OUS":
+        return _floats_of_objects(found)
+    if found.dtype.kind not in "biuf":
+        raise mismatch(_described(found.dtype))
+    return numpy.asarray(found, dtype=numpy.float64)
+
+
+def _floats_of_objects(found: Any) -> Any:
+    import numpy
+
+    if found.dtype == object:
+        try:
+            return numpy.asarray(found, dtype=numpy.float64)
+        except (TypeError, ValueError):
+            pass  # the loop finds out which of them it is, and knows more kinds of missing values
+    return numpy.array(_numbers(found.ravel().tolist())).reshape(found.shape)
 
 
 def _scalar(value: Any) -> Encoded:
@@ -70,16 +92,36 @@ def _items(value: Any) -> Sequence[Any]:
 
 
 def _number(value: Any) -> float:
-    if value is None:
+    if value is None or type(value).__name__ == "NAType":  # pandas.NA
         return float("nan")
     if isinstance(value, (str, bytes)):
-        raise mismatch("a text among numbers")
+        raise TypeError
     return float(value)
+
+
+def _not_a_number(item: Any, index: int) -> str:
+    if isinstance(item, (datetime.date, datetime.timedelta)):
+        return (f"a {type(item).__name__} at index {index} is not a number; subtract a time and "
+                "divide by a unit, such as (t - first) / datetime.timedelta(hours=1)")
+    is_short = isinstance(item, (str, bytes, complex))
+    shown = reprlib.repr(item) if is_short else f"a {type(item).__name__}"
+    return f"{shown} at index {index} is not a number"
+
+
+def _numbers(items: Sequence[Any]) -> List[float]:
+    """One by one, to say which of them is no number."""
+    found = []
+    for index, item in enumerate(items):
+        try:
+            found.append(_number(item))
+        except (TypeError, ValueError):
+            raise mismatch(_not_a_number(item, index)) from None
+    return found
 
 
 def _double_buffer(value: Any) -> Tuple[int, int, Any]:
     """Address, count and owner of numbers that follow each other in memory."""
-    if _is_array(value):
+    if is_array(value):
         import numpy
 
         found = numpy.ascontiguousarray(_float_array(value))
@@ -89,16 +131,29 @@ def _double_buffer(value: Any) -> Tuple[int, int, Any]:
     if isinstance(value, array.array) and value.typecode == "d":
         address, count = value.buffer_info()
         return address, count, value
+    if isinstance(value, ctypes.Array) and value._type_ is ctypes.c_double:
+        return ctypes.addressof(value), len(value), value
     items = _items(value)
     buffer = (ctypes.c_double * len(items))()
     try:
         buffer[:] = items  # without a loop in Python where all are numbers
     except TypeError:
-        try:
-            buffer[:] = [_number(item) for item in items]
-        except (TypeError, ValueError):
-            raise mismatch("a list with something that is no number") from None
+        buffer[:] = _numbers(items)
     return ctypes.addressof(buffer), len(items), buffer
+
+
+def numbers_of(value: Any, what: str, dimensions: int = 1) -> Any:
+    """Numbers as an array or a buffer, which is encoded without another conversion. An error names
+    `what` they are."""
+    try:
+        if not is_array(value):
+            return _double_buffer(value)[2]
+        found = _float_array(value)
+        if found.ndim != dimensions:
+            raise mismatch(f"an array of {found.ndim} dimensions instead of {dimensions}")
+        return found
+    except TypeMismatch as error:
+        raise mismatch(f"{what}: {error.detail}") from None
 
 
 def _doubles(value: Any) -> Encoded:
@@ -135,7 +190,7 @@ def _array_matrix(value: Any) -> Encoded:
 
 
 def _matrix(value: Any) -> Encoded:
-    if _is_array(value):
+    if is_array(value):
         return _array_matrix(value)
     columns = [_double_buffer(column) for column in _items(value)]
     points = columns[0][1] if columns else 0

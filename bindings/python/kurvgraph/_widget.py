@@ -8,7 +8,7 @@ import sys
 from typing import Any, Tuple
 
 from . import _library as lib
-from ._errors import NO_APPLICATION, NO_WIDGET, CannotCreate, Error, new_error
+from ._errors import NO_APPLICATION, NO_WIDGET, CannotCreate, new_error
 
 
 def _create(parent_address: int) -> Tuple[int, int]:
@@ -101,4 +101,4 @@ def toolkit(parent: Any) -> _Toolkit:
     for name, kind in _KINDS.items():
         if f"{name}.QtWidgets" in sys.modules:
             return kind()
-    raise Error(NO_APPLICATION, "A widget needs PyQt6 or PySide6: import its QtWidgets first")
+    raise new_error(NO_APPLICATION, "A widget needs PyQt6 or PySide6: import its QtWidgets first")
