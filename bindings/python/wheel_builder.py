@@ -92,6 +92,15 @@ def get_requires_for_build_wheel(config_settings=None):
     return []
 
 
+def prepare_metadata_for_build_wheel(metadata_directory, config_settings=None):
+    """Without it pip builds a wheel to find out what is in it."""
+    for name, data in _dist_info().items():
+        path = Path(metadata_directory) / name
+        path.parent.mkdir(exist_ok=True)
+        path.write_bytes(data)
+    return DIST_INFO
+
+
 def build_wheel(wheel_directory, config_settings=None, metadata_directory=None):
     """Writes the wheel and returns its name."""
     library = _library()

@@ -45,6 +45,7 @@ class Pages(unittest.TestCase):
         programs += blocks("bindings/python/README.md", "python")
         for program in programs:
             with self.subTest(program):
+                program = program.replace("application.exec()", "application.processEvents()")
                 self.run_here(sys.executable, "-B", "-W", "error", "-c", program)
         for name in ("squares.png", "waves.png", "line.gdf"):
             self.assertTrue((self.folder / name).exists(), name)

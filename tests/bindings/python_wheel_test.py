@@ -58,6 +58,14 @@ class Wheel(unittest.TestCase):
                 self.assertEqual(digest, "sha256=" + expected.rstrip("="))
                 self.assertEqual(int(size), len(data))
 
+    def test_the_metadata_are_those_that_were_prepared(self):
+        prepared = self.folder / "prepared"
+        prepared.mkdir()
+        self.assertEqual(backend.prepare_metadata_for_build_wheel(str(prepared)), backend.DIST_INFO)
+        with zipfile.ZipFile(self.path) as wheel:
+            for path in (prepared / backend.DIST_INFO).iterdir():
+                self.assertEqual(path.read_bytes(), wheel.read(f"{backend.DIST_INFO}/{path.name}"))
+
     def test_the_tag_is_in_the_name(self):
         tag = self.name[:-len(".whl")].split("-", 2)[2]
         with zipfile.ZipFile(self.path) as wheel:
@@ -83,6 +91,14 @@ class Refusals(unittest.TestCase):
     def test_outside_of_the_source_tree(self):
         with mock.patch.object(backend, "SOURCE", Path("/nowhere")):
             self.assertIn("/nowhere is none", self.refusal(KURVGRAPH_LIBRARY=""))
+
+
+class Environment(unittest.TestCase):
+    def test_the_script_says_what_it_takes(self):
+        for arguments in ([], ["--help"], ["one", "two"]):
+            result = subprocess.run([FOLDER / "make-venv", *arguments], capture_output=True, text=True)
+            self.assertEqual((result.returncode, result.stdout), (2, ""))
+            self.assertIn("make-venv FOLDER", result.stderr)
 
 
 if __name__ == "__main__":

@@ -123,7 +123,7 @@ class Widgets(unittest.TestCase):
     def test_a_graph_that_has_been_used_stays_in_pixels(self):
         with kurvgraph.KurvGraph() as graph:
             graph.Title = "used"
-            with self.assertRaisesRegex(kurvgraph.InvalidCall, "before its other members"):
+            with self.assertRaisesRegex(kurvgraph.InvalidCall, "before the other members"):
                 graph.widget()
 
     def test_parents_that_are_none(self):

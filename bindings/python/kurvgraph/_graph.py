@@ -270,7 +270,7 @@ class KurvGraph:
         if not self._handle:
             raise new_error(INVALID_HANDLE, "The graph is closed")
         if self._is_used:
-            raise InvalidCall(5, "A graph becomes a widget before its other members are used")
+            raise InvalidCall(5, "Call widget() before the other members of the graph")
         toolkit = _widget.toolkit(parent)
         handle, widget = toolkit.create(parent)
         functions = self._listener.functions

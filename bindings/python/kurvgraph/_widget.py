@@ -38,8 +38,9 @@ class _Toolkit:
         except CannotCreate as error:
             if error.number != NO_APPLICATION:
                 raise
-            raise new_error(NO_APPLICATION, f"{self._widgets.__name__} uses another copy of Qt than "
-                            f"{lib.LIBRARY_PATH}") from None
+            package = self._widgets.__name__.partition(".")[0]
+            raise new_error(NO_APPLICATION, f"{package} uses another copy of Qt than "
+                            f"{lib.LIBRARY_PATH}; use the {package} of the distribution") from None
         return handle, self.wrap(widget)
 
     def address(self, widget: Any) -> int:
