@@ -10,7 +10,7 @@ import reprlib
 import tempfile
 import warnings
 import weakref
-from typing import Any, Dict, Iterable, List, Optional, Sequence, Tuple, Union
+from typing import TYPE_CHECKING, Any, Dict, Iterable, List, Optional, Sequence, Tuple, Union
 
 from . import _library as lib
 from . import _widget
@@ -71,6 +71,10 @@ class KurvGraph:
     """
 
     widget = _WidgetMethod()
+
+    if TYPE_CHECKING:  # which does not see the members that are made from the library's table
+
+        def __getattr__(self, name: str) -> Any: ...
 
     def __init__(self, size: Tuple[int, int] = (720, 480), ratio: float = 1.0) -> None:
         handle = ctypes.c_void_p()
