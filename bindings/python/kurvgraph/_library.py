@@ -134,8 +134,9 @@ def _load() -> tuple[ctypes.CDLL, str]:
             return library, path
         except (OSError, AttributeError) as error:
             reasons.append(str(error))
-    raise ImportError("The library libkurvgraph.so cannot be loaded. Set KURVGRAPH_LIBRARY to it or to "
-                      f"its folder. ({'; '.join(reasons)})")
+    raise ImportError("The library libkurvgraph.so cannot be loaded. Install the module with pip, which "
+                      "builds it, or set KURVGRAPH_LIBRARY to it or to its folder. "
+                      f"({'; '.join(reasons)})")
 
 
 _library, LIBRARY_PATH = _load()
