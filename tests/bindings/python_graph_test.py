@@ -446,7 +446,7 @@ class Life(unittest.TestCase):
                 call()
 
     def test_sizes(self):
-        for size in ((0, 10), (10, -1), (40000, 10)):
+        for size in ((0, 10), (10, -1), (40000, 10), (2**32 + 10, 10)):
             with self.assertRaises(ValueError):
                 kurvgraph.KurvGraph(size)
         for ratio in (0, math.nan, math.inf):
@@ -454,6 +454,7 @@ class Life(unittest.TestCase):
                 kurvgraph.KurvGraph(ratio=ratio)
         with self.assertRaises((TypeError, ValueError)):
             kurvgraph.KurvGraph(7)
+        kurvgraph.KurvGraph(numpy.array([20, 10])).close()
         gc.collect()
 
     def test_graphs_that_nobody_needs_end(self):

@@ -36,7 +36,8 @@ def _text(text: Any, what: str = "a text") -> bytes:
 
 
 def _whole_size(size: Any) -> Tuple[int, int]:
-    """Width and height as the library takes them, which says what it refuses."""
+    """Width and height for the library, which checks their range. ctypes would cut off the upper
+    bits of a number that is too large."""
     try:
         width, height = (max(-1, min(operator.index(side), 1 << 30)) for side in size)
     except (TypeError, ValueError):
@@ -72,8 +73,8 @@ class KurvGraph:
 
     widget = _WidgetMethod()
 
-    if TYPE_CHECKING:  # which does not see the members that are made from the library's table
-
+    if TYPE_CHECKING:
+        # Type checkers do not see the members that are made from the library's table.
         def __getattr__(self, name: str) -> Any: ...
 
     def __init__(self, size: Tuple[int, int] = (720, 480), ratio: float = 1.0) -> None:
