@@ -1,8 +1,9 @@
 // Live data: two signals at 30 redraws a second, of which the last ten seconds are shown. What the
 // user sets meanwhile, such as fonts, hidden curves and limits, stays.
 //
-//   kurv_live                      until the window is closed
-//   kurv_live SECONDS [PICTURE]    that long; prints how often it was drawn, and saves a picture
+//   kurv_live                    until the window is closed
+//   kurv_live SECONDS            that long; prints how often it was drawn
+//   kurv_live SECONDS PICTURE    saves a picture of what it shows then, without waiting for it
 #include <KurvGraph/KurvGraph.h>
 
 #include <QApplication>
@@ -68,6 +69,12 @@ int main(int argc, char** argv) {
               .x_name = "seconds",
               .x = window.time,
               .y = {{"swing", window.swing}, {"decay", window.decay}}});
+  const double seconds = argc > 1 ? QByteArray(argv[1]).toDouble() : 0;
+  if (argc > 2) {
+    const int points = int(seconds * kRedrawsPerSecond);
+    for (int i = 0; i <= points; ++i) add_point(graph, window, double(i) / kRedrawsPerSecond);
+    return graph.grab().save(argv[2]) ? 0 : 1;
+  }
   int redraws = 0;
   QObject::connect(&graph, &kurv::KurvGraph::redrawn, [&] { ++redraws; });
 
@@ -87,13 +94,9 @@ int main(int argc, char** argv) {
   });
   timer.start(1000 / kRedrawsPerSecond);
 
-  if (argc > 1) {
-    QTimer::singleShot(int(1000 * QByteArray(argv[1]).toDouble()), &application,
-                       &QApplication::quit);
-  }
+  if (argc > 1) QTimer::singleShot(int(1000 * seconds), &application, &QApplication::quit);
   graph.show();
   const int status = QApplication::exec();
   if (argc > 1) std::cout << redraws << " redraws\n";
-  if (argc > 2 && !graph.grab().save(argv[2])) return 1;
   return status;
 }

@@ -11,7 +11,7 @@ class LiveExample : public test::GraphFileTest {};
 
 // A busy machine draws less often; the exact rate is for the eye.
 TEST_F(LiveExample, DrawsAgainAndAgainAndEnds) {
-  const test::Ended ended = test::run(KURV_LIVE " 2 " + path("live.png"));
+  const test::Ended ended = test::run(KURV_LIVE " 2");
   EXPECT_EQ(ended.status, 0) << ended.output;
   ASSERT_TRUE(ended.output.ends_with(" redraws\n")) << ended.output;
   // The toolkit may have warned before.
@@ -19,7 +19,17 @@ TEST_F(LiveExample, DrawsAgainAndAgainAndEnds) {
   const int redraws = std::stoi(lines.substr(lines.rfind('\n', lines.size() - 2) + 1));
   EXPECT_GT(redraws, 10);
   EXPECT_LT(redraws, 75);
-  EXPECT_TRUE(exists("live.png"));
+}
+
+TEST_F(LiveExample, SavesThePictureOfAFixedTime) {
+  for (const char* name : {"a.png", "b.png", "other.png"}) {
+    const std::string seconds = std::string(name) == "other.png" ? " 15.5 " : " 15 ";
+    const test::Ended ended = test::run(KURV_LIVE + seconds + path(name));
+    EXPECT_EQ(ended.status, 0) << ended.output;
+  }
+  EXPECT_GT(read("a.png").size(), 4000U);
+  EXPECT_TRUE(read("a.png") == read("b.png"));
+  EXPECT_FALSE(read("a.png") == read("other.png"));
 }
 
 TEST_F(LiveExample, MovesOnWhenItsWindowIsFull) {
