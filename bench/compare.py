@@ -87,9 +87,11 @@ def run(options, folder):
         timings(workloads(folder, os.path.abspath("examples/data/co2.csv")), deadline - 15))
     sections["tables"] = table_section(folder, deadline - 15)
     if options.document:
-        growth.draw(times, folder, PICTURES + "/growth.png")
-        quality.pictures(folder, PICTURES)
+        growth.write(times, PICTURES + "/growth.csv")
+        quality.write_peers(folder, PICTURES)
         report.replace_in_document(DOCUMENT, sections)
+        subprocess.run(["docs/make-pictures", "performance"], check=True,
+                       env={**os.environ, "KURV_BUILD": "build/bench"})
     return "\n\n".join(sections.values())
 
 

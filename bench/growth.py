@@ -1,10 +1,8 @@
 """How the time of a redraw grows with points and curves."""
 
-import math
 import subprocess
 
 OURS = "build/bench/bench/bench_ours"
-KURV = "build/bench/app/kurv"
 
 
 def measure():
@@ -37,19 +35,11 @@ def fit(times):
     return base, curve, point, max(errors)
 
 
-def draw(times, folder, picture):
-    """Both axes are logarithmic."""
+def write(times, path):
+    """The figures from which docs/make-pictures draws the chart, rounded as in the table of the page."""
     counts = sorted({curves for curves, _, _ in times})
     table = {(curves, points): t for curves, points, t in times}
-    path = folder + "/growth.csv"
     with open(path, "w", encoding="ascii") as file:
-        file.write("log10 points," + ",".join("1 curve" if c == 1 else f"{c} curves" for c in counts) + "\n")
+        file.write("points," + ",".join("1 curve" if c == 1 else f"{c} curves" for c in counts) + "\n")
         for points in sorted({points for _, points, _ in times}):
-            cells = [f"{math.log10(table[c, points]):.4f}" for c in counts]
-            file.write(f"{math.log10(points):.4f}," + ",".join(cells) + "\n")
-    # The limits give round labels, and room for the legend.
-    settings = ["X_grid=true", "Y_grid=true", "NumTicks=8", "xmin=3", "xmax=4.6", "ymin=-1", "ymax=3"]
-    subprocess.run([KURV, "render", path, "-o", picture, "--markers", "--size", "800x520",
-                    "--title", "A whole redraw",
-                    "--subtitle", "log10 of milliseconds over log10 of points",
-                    *[word for setting in settings for word in ("--set", setting)]], check=True)
+            file.write(f"{points}," + ",".join(f"{table[c, points]:.3g}" for c in counts) + "\n")

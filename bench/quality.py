@@ -1,6 +1,5 @@
-"""The errors of the pixels, and the pictures that show them."""
+"""The errors of the pixels, and what the pictures need that show them."""
 
-import os
 import subprocess
 
 QUALITY = "build/bench/bench/bench_quality"
@@ -18,6 +17,9 @@ SUBJECTS = [
 SHAPES = ["dense smooth", "sparse", "dense noise"]
 WIDTHS = ["1", "2", "4"]
 MOST_MEAN, MOST = 3, 24
+# In the order of docs/make-pictures.
+SHOWN_SHAPES = ["noise", "sine", "spikes", "flat", "steep"]
+SHOWN_PEERS = {"qpainter": SUBJECTS[2][1], "cairo": SUBJECTS[6][1]}
 
 
 def draw(command, shape, width, path):
@@ -46,22 +48,15 @@ def rows(folder):
     return result
 
 
-def pictures(folder, target):
-    """The enlarged comparison at each width."""
-    shapes = ["noise", "sine", "spikes", "flat", "steep"]
-    shown = [("exact", [QUALITY, "exact"]), SUBJECTS[0], SUBJECTS[2], SUBJECTS[6]]
-    os.makedirs(target, exist_ok=True)
-    for width in WIDTHS:
-        columns = []
-        for i, (name, command) in enumerate(shown):
-            subject_folder = f"{folder}/column{i}"
-            os.makedirs(subject_folder, exist_ok=True)
-            for shape in shapes:
-                path = f"{subject_folder}/{shape}-{width}"
-                if name == "exact":
-                    subprocess.run([*command, shape, width, path], check=True)
-                else:
-                    draw(command, shape, width, path)
-            columns.append(f"{name.split(',')[0]}={subject_folder}")
-        subprocess.run([QUALITY, "sheet", f"{target}/lines-{width}px.png", width, ",".join(shapes),
-                        *columns], check=True, stderr=subprocess.DEVNULL)
+def write_peers(folder, target):
+    """What docs/make-pictures needs for the enlarged comparisons: the coverages by the peers, those of
+    all shapes in one PGM file. It draws its own anew, and the exact ones."""
+    for name, subject in SHOWN_PEERS.items():
+        for width in WIDTHS:
+            coverages = []
+            for shape in SHOWN_SHAPES:
+                draw(subject, shape, width, folder + "/shown")
+                with open(folder + "/shown", "rb") as file:
+                    coverages.append(file.read())
+            with open(f"{target}/{name}-{width}px.pgm", "wb") as file:
+                file.write(b"P5 72 %d 255\n" % (48 * len(SHOWN_SHAPES)) + b"".join(coverages))

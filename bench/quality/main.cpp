@@ -3,8 +3,10 @@
 //   bench_quality exact SHAPE WIDTH FILE       writes the exact coverage
 //   bench_quality compare SHAPE WIDTH FILE...  prints mean and largest error of each, 0..255, over
 //                                              the pixels that are touched in either picture
-//   bench_quality sheet PICTURE WIDTH SHAPE,... LABEL=FOLDER...
-//                                              draws FOLDER/SHAPE-WIDTH of each side by side
+//   bench_quality sheet PICTURE SHAPE,... LABEL=FILE...
+//                                              draws the coverages side by side: a column for each
+//                                              PGM file, in which the shapes are one below the
+//                                              other
 #include <QColor>
 #include <QGuiApplication>
 #include <QImage>
@@ -28,6 +30,22 @@ CoverageBytes read_coverage(const std::string& path, const bench::Shape& shape) 
   if (bytes.size() !=
       static_cast<std::size_t>(shape.width) * static_cast<std::size_t>(shape.height)) {
     throw std::runtime_error("no picture of this shape: " + path);
+  }
+  return bytes;
+}
+
+// The coverages of several shapes of the same size, in a PGM file as high as all of them.
+CoverageBytes read_column(const std::string& path, const bench::Shape& shape, std::size_t shapes) {
+  std::ifstream file(path, std::ios::binary);
+  std::string format;
+  std::size_t width = 0, height = 0, white = 0;
+  file >> format >> width >> height >> white;
+  file.get();
+  CoverageBytes bytes(std::istreambuf_iterator<char>(file), {});
+  if (format != "P5" || width != static_cast<std::size_t>(shape.width) ||
+      height != static_cast<std::size_t>(shape.height) * shapes || white != 255 ||
+      bytes.size() != width * height) {
+    throw std::runtime_error("no picture of these shapes: " + path);
   }
   return bytes;
 }
@@ -92,6 +110,7 @@ class Sheet {
   void write(QRect box, const std::string& text) {
     QPainter painter(&m_image);
     QFont font("Liberation Sans");
+    font.setHintingPreference(QFont::PreferNoHinting);
     font.setPixelSize(18);
     painter.setFont(font);
     painter.setPen(Qt::black);
@@ -114,20 +133,19 @@ Arguments split(const std::string& text, char separator) {
 }
 
 void draw_sheet(const Arguments& arguments) {
-  const std::string& width = arguments.at(2);
-  const Arguments shapes = split(arguments.at(3), ',');
-  const bench::Shape first = bench::shape_of(shapes.at(0));
-  const int columns = static_cast<int>(arguments.size()) - 4;
-  Sheet sheet(columns, static_cast<int>(shapes.size()), first);
+  const Arguments shapes = split(arguments.at(2), ',');
+  const bench::Shape shape = bench::shape_of(shapes.at(0));
+  const auto size = static_cast<std::ptrdiff_t>(shape.width) * shape.height;
+  const int columns = static_cast<int>(arguments.size()) - 3;
+  Sheet sheet(columns, static_cast<int>(shapes.size()), shape);
   for (int column = 0; column < columns; ++column) {
-    const Arguments subject = split(arguments[static_cast<std::size_t>(column) + 4], '=');
-    sheet.label(column, subject.at(0), first);
-    int row = 0;
-    for (const std::string& name : shapes) {
-      const bench::Shape shape = bench::shape_of(name);
-      if (column == 0) sheet.name(row, name, shape);
-      sheet.draw(column, row++, shape,
-                 read_coverage(subject.at(1) + "/" + name + "-" + width, shape));
+    const Arguments subject = split(arguments[static_cast<std::size_t>(column) + 3], '=');
+    const CoverageBytes coverages = read_column(subject.at(1), shape, shapes.size());
+    sheet.label(column, subject.at(0), shape);
+    auto coverage = coverages.begin();
+    for (int row = 0; row < static_cast<int>(shapes.size()); ++row, coverage += size) {
+      if (column == 0) sheet.name(row, shapes[static_cast<std::size_t>(row)], shape);
+      sheet.draw(column, row, shape, CoverageBytes(coverage, coverage + size));
     }
   }
   sheet.save(arguments.at(1));
