@@ -6,7 +6,7 @@ import numpy
 
 import kurvgraph
 
-time = numpy.linspace(0, 10, 400)
+time = numpy.linspace(0, 10, 300)
 noise = numpy.random.default_rng(1).normal(0, 0.1, (2, time.size))
 waves = numpy.array([numpy.sin(time), 0.5 * numpy.cos(2 * time)]) + noise
 

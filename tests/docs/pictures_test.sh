@@ -1,32 +1,56 @@
 #!/usr/bin/env bash
-# Checks that the pictures of the documentation are what docs/make-pictures draws, byte for byte, and
-# that each page shows pictures that exist, and no picture is shown by no page:
-# pictures_test.sh SOURCE_DIR KURV
+# Checks that the pictures of the documentation and of the examples are what docs/make-pictures makes:
+#
+#   pictures_test.sh SOURCE_DIR BUILD_DIR drawn      those that need no screen, and that each page shows
+#                                                    pictures that exist, and no picture is shown by no page
+#   pictures_test.sh SOURCE_DIR BUILD_DIR windows    those that are taken on a virtual screen
+#
+# Drawn ones are compared byte for byte. Of a window the picture in the project is kept where the window
+# shows the same within the tolerance of tools/picture_files.py. What differs is left in the build folder.
 set -euo pipefail
 source_dir=$1
-export KURV=$2
-work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
+export KURV_BUILD=$2
+kind=$3
+made=$KURV_BUILD/pictures/$kind
 failures=0
 fail() {
   echo "$1" >&2
   ((++failures))
 }
 
-mkdir -p "$work/examples"
-cp -r "$source_dir/docs" "$work/docs"
-cp -r "$source_dir/examples/data" "$work/examples/data"
-find "$work/docs/pictures" -maxdepth 1 -name '*.png' -delete
-rm -f "$work"/docs/pictures/gallery/*.png
-"$work/docs/make-pictures" 2>/dev/null
+is_of_kind() {
+  [[ -z ${KURV_WITHOUT_PYTHON:-} || $1 != examples/python_* ]] || return 1
+  case $1 in
+    docs/pictures/window/* | examples/minimal/* | examples/own_menus/* | examples/python_window/*)
+      [[ $kind == windows ]] ;;
+    *) [[ $kind == drawn ]] ;;
+  esac
+}
+
+rm -rf "$made"
+mkdir -p "$made"
+export KURV_INTO=$made
+if [[ $kind == windows ]]; then
+  "$source_dir/docs/make-pictures" windows >/dev/null
+else
+  "$source_dir/docs/make-pictures" pages performance examples >/dev/null
+fi
 
 cd "$source_dir"
-for picture in docs/pictures/*.png docs/pictures/gallery/*.png; do
-  cmp "$picture" "$work/$picture" || fail "$picture differs; docs/make-pictures draws it anew"
-done
 while read -r picture; do
-  [[ -e $source_dir/$picture ]] || fail "make-pictures draws $picture, which is not in the project"
-done < <(cd "$work" && find docs/pictures -name '*.png')
+  is_of_kind "$picture" || continue
+  if [[ ! -e $made/$picture ]]; then
+    fail "docs/make-pictures does not make $picture"
+  elif cmp -s "$picture" "$made/$picture"; then
+    rm "$made/$picture"
+  else
+    fail "$picture differs from $made/$picture; if that is right, docs/make-pictures replaces it"
+  fi
+done < <(find docs examples -name '*.png')
+while read -r picture; do
+  [[ -e $picture ]] || fail "docs/make-pictures makes $picture, which is not in the project"
+done < <(cd "$made" && find . -name '*.png')
+[[ $kind == drawn ]] || exit "$((failures > 0))"
 
 # Where a page links to, from the project's folder.
 shown() {
@@ -36,6 +60,8 @@ shown() {
       sed "s|^|$(dirname "$page")/|; s|^\./||"
   done
 }
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
 shown | sort -u >"$work/shown"
 while read -r picture; do
   [[ -e $picture ]] || fail "a page shows $picture, which does not exist"
@@ -44,4 +70,12 @@ while read -r picture; do
   grep -qx "$picture" "$work/shown" || fail "no page shows $picture"
 done < <(find docs/pictures -name '*.png')
 [[ $(wc -l <"$work/shown") -gt 30 ]] || fail "only $(wc -l <"$work/shown") pictures were found"
+
+# The chart of the growth shows the figures of the table on its page.
+while IFS=, read -r -a row; do
+  curves=$(printf ' | %s' "${row[@]:1}")
+  grep -qF "| ${row[0]}$curves |" docs/performance.md || fail "docs/performance.md has another row of ${row[0]}"
+done < <(awk -F, '{ for (i = 1; i <= NF; i++) cell[i, NR] = $i }
+  END { for (i = 2; i <= NF; i++) { printf "%s", cell[i, 1]; for (k = 2; k <= NR; k++) printf ",%s", cell[i, k]; print "" } }' \
+  docs/pictures/performance/growth.csv)
 [[ $failures == 0 ]]
