@@ -119,6 +119,30 @@ TEST(LateBindingExample, NamesWhatCannotBeSet) {
   EXPECT_EQ(run(KURV_LATE_BINDING " nothing=1").status, 1);
 }
 
+// A program that only prints has no picture; its page shows what it prints.
+class PrintingExamples : public test::GraphFileTest {
+ protected:
+  static void expect_shown(const std::string& example, const std::string& command) {
+    const Ended ended = run(command);
+    std::string shown = "\n    " + ended.output;
+    for (std::size_t at = shown.find('\n', 1); at + 1 < shown.size();
+         at = shown.find('\n', at + 1)) {
+      shown.insert(at + 1, "    ");
+    }
+    EXPECT_GT(shown.size(), 40U) << example;
+    EXPECT_NE(kurv::read("examples/" + example + "/README.md").find(shown), std::string::npos)
+        << example << " prints:" << shown;
+  }
+};
+
+TEST_F(PrintingExamples, ThePagesShowWhatTheyPrint) {
+  const std::string squares = path("squares.gdf");
+  run("seq 1 9 | awk '{ print $1, $1 * $1 }' | " KURV_OWN_SHELL " " + squares);
+  expect_shown("headless", KURV_HEADLESS " | head");
+  expect_shown("late_binding", KURV_LATE_BINDING " NumTicks=5 Title=Growth");
+  expect_shown("own_container", KURV_OWN_CONTAINER " " + squares);
+}
+
 // What headless.h says of a host without a window and a user.
 TEST(Headless, ContainerHasTheSizeOfTheSurfaceAndKeepsIt) {
   const RecordingSurface surface(12000, 9000);
