@@ -32,7 +32,8 @@ def is_similar(taken, expected):
 
 def save(taken, path):
     """As a PNG file of at most 256 colours, which is a third as large as one of all colours. The frequent
-    ones stay as they are; the others, which are those of antialiased edges, are rounded."""
+    ones stay as they are; the others, which are those of antialiased edges, are rounded. A picture that
+    still has more of them is saved without a palette."""
     colours, index, count = numpy.unique(taken.reshape(-1, 3), axis=0, return_inverse=True, return_counts=True)
     is_rare = numpy.ones(len(colours), bool)
     is_rare[numpy.argsort(-count, kind="stable")[:128]] = False
@@ -43,12 +44,15 @@ def save(taken, path):
         if len(palette) <= 256:
             break
     height, width = taken.shape[:2]
-    indices = rounded_index[index].astype(numpy.uint8).reshape(height, width)
-    image = QImage(indices.tobytes(), width, height, width, QImage.Format.Format_Indexed8)
-    image.setColorTable([0xFF000000 | red << 16 | green << 8 | blue for blue, green, red in palette.tolist()])
+    if len(palette) <= 256:
+        indices = rounded_index[index].astype(numpy.uint8)
+        image = QImage(indices.tobytes(), width, height, width, QImage.Format.Format_Indexed8)
+        image.setColorTable([0xFF000000 | red << 16 | green << 8 | blue for blue, green, red in palette.tolist()])
+    else:
+        image = QImage(palette[rounded_index[index]].astype(numpy.uint8).tobytes(), width, height, 3 * width, QImage.Format.Format_BGR888)
     image.setDotsPerMeterX(0)
     image.setDotsPerMeterY(0)
-    if len(palette) > 256 or not image.save(str(path), "PNG", 0):
+    if not image.save(str(path), "PNG", 0):
         raise RuntimeError(f"{path} could not be saved")
 
 

@@ -19,9 +19,12 @@ fail() {
 }
 
 is_of_kind() {
-  [[ -z ${KURV_WITHOUT_PYTHON:-} || $1 != examples/python_* ]] || return 1
   case $1 in
-    docs/pictures/window/* | examples/minimal/* | examples/own_menus/* | examples/python_window/*)
+    docs/pictures/designer/*) [[ -z ${KURV_WITHOUT_FOREIGN:-} && -d $KURV_BUILD/qt/designer/plugins ]] || return 1 ;;
+    examples/python_*) [[ -z ${KURV_WITHOUT_FOREIGN:-} ]] || return 1 ;;
+  esac
+  case $1 in
+    docs/pictures/window/* | docs/pictures/designer/* | examples/minimal/* | examples/own_menus/* | examples/python_window/*)
       [[ $kind == windows ]] ;;
     *) [[ $kind == drawn ]] ;;
   esac
