@@ -1,19 +1,20 @@
 """Runs the programs of the pages about C and Python:  pages_test.py SOURCE LIBRARY_FOLDER CC"""
 
 import os
-import re
 import subprocess
 import sys
 import tempfile
 import unittest
 from pathlib import Path
 
+sys.path.append(str(Path(__file__).parents[1] / "support"))
+import pages  # noqa: E402
+
 SOURCE, LIBRARIES, COMPILER = sys.argv[1:]
 
 
 def blocks(page, language):
-    text = (Path(SOURCE) / page).read_text()
-    return re.findall(rf"^```{language}(?: [^\n]*)?\n(.*?)^```$", text, re.MULTILINE | re.DOTALL)
+    return [block.text for block in pages.blocks(Path(SOURCE), page) if block.language == language]
 
 
 class Pages(unittest.TestCase):

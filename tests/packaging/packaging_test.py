@@ -15,7 +15,10 @@ import subprocess
 import sys
 from pathlib import Path
 
-import exported_symbols
+sys.path.append(str(Path(__file__).parents[1] / "support"))
+import exported_symbols  # noqa: E402
+import pages  # noqa: E402
+import tutorial  # noqa: E402
 
 settings = None
 
@@ -59,8 +62,7 @@ def new_folder(name):
 
 def snippets():
     """The files of the page, by their names."""
-    page = (settings.source / "docs/embedding.md").read_text()
-    return dict(re.findall(r"^```\w+ (\S+)\n(.*?)^```$", page, re.MULTILINE | re.DOTALL))
+    return pages.named_files(settings.source, "docs/embedding.md")
 
 
 def write_host(way, kind):
@@ -245,6 +247,18 @@ def test_headers():
     (folder / "CMakeLists.txt").write_text(text.replace("(widget ", "(headers "))
     configure(folder, f"-DCMAKE_PREFIX_PATH={moved()}")
     run(settings.cmake, "--build", folder / "build")
+
+
+def test_tutorial():
+    """What docs/tutorial.md has its reader do, in an empty folder, with the tree in the reader's home."""
+    home = new_folder("hosts/tutorial")
+    (home / "kurvgraph").symlink_to(moved())
+    (home / "plotter").mkdir()
+    env = dict(os.environ, CMAKE_GENERATOR=settings.generator, CXX=settings.compiler,
+               CXXFLAGS=settings.flags, CMAKE_CXX_COMPILER_LAUNCHER=settings.launcher)
+    tutorial.Tutorial(settings.source, home, env, run).follow()
+    for file in ("window.png", "squares.gdf", "a.svg", "a.pdf", "a.png"):
+        expect((home / "plotter" / file).stat().st_size > 0, f"the programs write no {file}")
 
 
 def test_symbols():
