@@ -53,7 +53,7 @@ def timings(chosen, deadline):
 def inner_loops():
     answer = subprocess.run([INNER_LOOPS, "--benchmark_min_time=0.2", "--benchmark_color=false"],
                             check=True, capture_output=True, text=True).stdout
-    return "```\n" + answer.rstrip() + "\n```"
+    return "```text\n" + answer.rstrip() + "\n```"
 
 
 def table_section(folder, deadline):
