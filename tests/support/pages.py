@@ -21,8 +21,8 @@ class Block:
 
 
 def pages(source):
-    """The paths of all pages, from the project's folder on."""
-    found = [*source.glob("*.md"), *source.glob("docs/**/*.md"), *source.glob("examples/**/*.md"),
+    """The paths of all pages, from the project's folder on; the list of changes is about other times."""
+    found = [source / "README.md", source / "CONTRIBUTING.md", *source.glob("docs/**/*.md"), *source.glob("examples/**/*.md"),
              *source.glob("bindings/**/*.md")]
     return sorted(str(path.relative_to(source)) for path in found)
 
