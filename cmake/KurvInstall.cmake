@@ -4,6 +4,9 @@ include(CMakePackageConfigHelpers)
 include(GNUInstallDirs)
 include(KurvLibrary)
 
+# The parts that KurvPackages makes packages of: everything here is for those who build hosts, but for
+# the shared libraries themselves.
+set(CMAKE_INSTALL_DEFAULT_COMPONENT_NAME development)
 set(package_folder "${CMAKE_INSTALL_LIBDIR}/cmake/KurvGraph")
 set(pkgconfig_folder "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
 # The public headers that need Qt.
@@ -19,7 +22,8 @@ set(pc_PNG libpng)
 # the packages that its hosts link to, and a file for pkg-config.
 function(kurv_install target output_name export_name description)
   set_target_properties(${target} PROPERTIES OUTPUT_NAME ${output_name} EXPORT_NAME ${export_name})
-  install(TARGETS ${target} EXPORT ${output_name})
+  install(TARGETS ${target} EXPORT ${output_name}
+    LIBRARY COMPONENT libraries NAMELINK_COMPONENT development)
   install(EXPORT ${output_name}
     FILE ${export_name}-targets.cmake
     NAMESPACE KurvGraph::
@@ -85,4 +89,4 @@ install(FILES
   "${CMAKE_CURRENT_BINARY_DIR}/KurvGraphConfig.cmake"
   "${CMAKE_CURRENT_BINARY_DIR}/KurvGraphConfigVersion.cmake"
   DESTINATION "${package_folder}")
-install(FILES "${KurvGraph_SOURCE_DIR}/LICENSE" DESTINATION "${CMAKE_INSTALL_DOCDIR}")
+install(FILES "${KurvGraph_SOURCE_DIR}/LICENSE" DESTINATION "${CMAKE_INSTALL_DOCDIR}" COMPONENT licence)
