@@ -132,6 +132,21 @@ goes_on_without_apt_where_the_tools_are_there() {
   expect_status 0
 }
 
+installs_what_the_packaging_scripts_need_before_they_build() {
+  local script
+  for script in make-packages:dpkg-dev; do
+    new_debian
+    tool apt-get 'echo "E: Unable to fetch some archives" >&2; exit 100'
+    mkdir "$work/tree/packaging"
+    cp "$source_dir/packaging/${script%:*}" "$work/tree/packaging/"
+    run "packaging/${script%:*}"
+    expect_status 1
+    expect_call "${script#*:}"
+    expect_error 'no package server can be reached'
+    expect_no_call 'ninja -C'
+  done
+}
+
 shows_the_progress_of_a_build_and_where_it_is() {
   new_machine
   tool cmake '/bin/mkdir -p build/release; : >build/release/build.ninja'
@@ -177,6 +192,6 @@ for test in $(declare -F | sed -n 's/^declare -f \([a-z]*s_.*\)$/\1/p'); do
   "$test"
   ((++tests))
 done
-[[ $tests -ge 13 ]] || { echo "only $tests tests were found" >&2; exit 1; }
+[[ $tests -ge 14 ]] || { echo "only $tests tests were found" >&2; exit 1; }
 echo "$tests tests, $failures failures"
 [[ $failures == 0 ]]
