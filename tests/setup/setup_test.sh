@@ -134,7 +134,7 @@ goes_on_without_apt_where_the_tools_are_there() {
 
 installs_what_the_packaging_scripts_need_before_they_build() {
   local script
-  for script in make-packages:dpkg-dev; do
+  for script in make-packages:dpkg-dev make-bundle:patchelf; do
     new_debian
     tool apt-get 'echo "E: Unable to fetch some archives" >&2; exit 100'
     mkdir "$work/tree/packaging"
