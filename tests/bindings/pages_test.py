@@ -31,7 +31,9 @@ class Pages(unittest.TestCase):
         return result.stdout
 
     def test_the_program_in_c(self):
-        (program,) = blocks("docs/c.md", "c")
+        program, *fragments = blocks("docs/c.md", "c")
+        for number, fragment in enumerate(fragments):
+            program += f"void fragment_{number}(kurv_graph graph) {{\n{fragment}}}\n"
         (self.folder / "squares.c").write_text(program)
         self.run_here(COMPILER, "-std=c99", "-Wall", "-Wextra", "-pedantic", "-Werror", "squares.c",
                       "-o", "squares", f"-I{SOURCE}/include", f"-L{LIBRARIES}",

@@ -27,16 +27,17 @@ SOURCE, BUILD = (Path(argument).resolve() for argument in sys.argv[1:3])
 # The files that commands read, in the folder of each page and in that of the project.
 TABLE = "time,up,down\n0,1.0,6.1\n1,1.8,5.2\n2,3.1,4.4\n3,4.9,2.9\n4,5.6,2.2\n"
 SAMPLES = {"measurements.csv": TABLE, "log.csv": TABLE, "table.csv": TABLE,
+           "YOUR_SCRIPT.py": "import kurvgraph\nkurvgraph.KurvGraph().close()\n",
            "measure": "#!/bin/sh\nprintf 'time,up\\n0,1\\n1,2\\n2,4\\n'\n"}
 SAMPLE_GRAPH = "squares.gdf"
 
 # Commands that may run in the copy; any other one is a failure and does not run.
 RUNS_HERE = re.compile(r"([A-Z_]+=\S+ )*(kurv|kurv_\w+|\./run|\./measure|\./draw_all\.sh|\./graph\.(py|sh)"
-                       r"|python3|seq|build/dev/tests/\S+)( |$)")
+                       r"|python3|~/graphs/bin/python|seq|build/dev/tests/\S+)( |$)")
 # Commands that show a window until the user closes it.
 WINDOWS = {"./run measurements.csv", "kurv measurements.csv", "kurv squares.gdf", "kurv_live",
            "kurv_minimal", "kurv_own_menus", "python3 window.py", "./measure | kurv --follow -",
-           "kurv --follow log.csv"}
+           "kurv --follow log.csv", "~/graphs/bin/python examples/python_window/window.py"}
 SECONDS_OF_A_WINDOW = 3
 
 # Blocks that others run or compare: by page, or by page and language.
@@ -47,6 +48,7 @@ TESTED_BLOCKS = {
     ("docs/python.md", "python"): "tests/bindings/pages_test.py",
     ("docs/c.md", "c"): "tests/bindings/pages_test.py",
     ("docs/gallery.md", ""): "tests/docs/pictures_test.sh",
+    ("docs/designer.md", "cmake"): "tests/qt/designer/CMakeLists.txt",
     ("docs/tutorial.md", None): "tests/packaging/tutorial.py",
 }
 # Files that are in docs/embedding.md, as tests/packaging takes them from there.
@@ -61,23 +63,30 @@ ELSEWHERE = {
         "a whole build; its preset and target are looked up",
     r"cmake --build --preset \w+ --target \w+": "a whole build; its preset and target are looked up",
     r"ctest --preset \w+ -R '\^\w+\$'": "this test may be run by it; preset and test are looked up",
-    r"cmake -S \. -B build( -DKURV_TESTS=OFF)?|cmake --build build": "a whole build",
+    r"cmake -S \. -B build( -DKURV_TESTS=OFF)?|cmake --build (build|--preset release)": "a whole build",
     r"cmake -S KurvGraph -B build -DCMAKE_BUILD_TYPE=Release -DKURV_TESTS=OFF": "a whole build",
-    r"cmake --install build(/release)? --prefix /opt/kurvgraph|cmake --install build(/release)?":
+    r"(sudo )?cmake --install build(/release)?( --prefix /opt/kurvgraph)?":
         "tests/packaging installs into a folder of its own",
     r"cmake -S examples/minimal -B out && cmake --build out": "a whole build",
-    r"sudo apt-get install .*": "root alone may; lists_test.py compares the packages with tools/setup",
+    r"sudo apt-get install --no-install-recommends .*":
+        "root alone may; lists_test.py compares the packages with tools/setup",
+    r"sudo apt-get (install|purge) (\./build/packages|kurv ).*|sudo xargs rm < build/release/install_manifest\.txt":
+        "root alone may; packaging/check-debian does it",
+    r"packaging/(make-packages( && packaging/check-debian)?|make-bundle|check-debian)|tar -xf kurv-1\.0\.0-\S+|kurv-1\.0\.0-\w+-\w+/kurv":
+        "tests/packaging/deb_test.py and bundle_test.py make them and look into them",
+    r"QT_PLUGIN_PATH=\S+ /usr/lib/qt6/bin/designer": "tests/qt/designer loads the plugin",
+    r"bindings/python/make-venv ~/graphs": "it would install packages; the environment is there",
     r"sudo (dnf|pacman) .*": "other distributions",
     r"pip install bindings/python": "it would install into this machine",
     r"cc -std=c99 .* kurvgraph-\w+\)": "tests/bindings/pages_test.py compiles the program",
     r"QT_QPA_PLATFORM=offscreen \./widget squares\.png|\./widget": "tests/packaging runs the program",
     r"cmake -S \. -B build --toolchain \$VCPKG_ROOT/.*": "vcpkg is not here",
     r"conan (create|install) .*|cmake --preset conan-release": "Conan is not here",
-    r"tools/check( --tidy)?|tools/fuzz \w+ \d+|bench/run( --\w+)?|tools/screenshots|docs/make-pictures":
+    r"tools/check( --tidy)?|tools/fuzz \w+ \d+|bench/run( --\w+)?|tools/screenshots|docs/make-(pictures|api)":
         "takes minutes, or a screen; the script and its name are looked up",
 }
 SPAN = re.compile(r"(kurv (render|convert|info|eval|--follow)|\./(run|test|widget)|tools/(check|screenshots)|tools/fuzz "
-                  r"|docs/make|bench/run|cmake -|ctest|pip |python3 |UPDATE_GOLDENS=1 \.|QT_QPA_PLATFORM=\w+ \.)")
+                  r"|docs/make|packaging/(make|check)-|bindings/python/make-|bench/run|cmake -|ctest|pip install \w|python3 |UPDATE_GOLDENS=1 \.|QT_QPA_PLATFORM=\w+ \.)")
 PLACEHOLDER = re.compile(r"\b[A-Z]{2,}\b(?!=)|\.\.\.|^kurv \S+$|^cmake --install$|--follow( -)?$|--check$|name=value")
 MAGIC = {".png": b"\x89PNG", ".bmp": b"BM", ".svg": b"<?xml", ".pdf": b"%PDF", ".gdf": b"QXPLOT/V500//"}
 
@@ -105,7 +114,7 @@ DECLARATIONS = {
 def logical_lines(text):
     """The commands of a block, each with its continuation lines; comments alone are none."""
     joined = re.sub(r"\\\n\s*", "", text)
-    return [line for line in joined.splitlines() if line.strip() and not line.startswith("#")]
+    return [line.strip() for line in joined.splitlines() if line.strip() and not line.startswith("#")]
 
 
 def without_comment(command):
@@ -132,6 +141,8 @@ class Sandbox:
             (self.root / "build" / preset).symlink_to(BUILD)
         # The distribution's own, which has NumPy and PyQt6.
         (self.bin / "python3").symlink_to("/usr/bin/python3")
+        (self.home / "graphs/bin").mkdir(parents=True)
+        (self.home / "graphs/bin/python").symlink_to("/usr/bin/python3")
         (self.bin / "kurv").symlink_to(BUILD / "app/kurv")
         for program in BUILD.glob("examples/*/kurv_*"):
             if os.access(program, os.X_OK) and program.is_file():
@@ -153,7 +164,7 @@ class Sandbox:
         for name, text in {**SAMPLES, **named}.items():
             (folder / name).write_text(text)
         (folder / "measure").chmod(0o755)
-        self.run("kurv convert measurements.csv -o " + SAMPLE_GRAPH, folder)
+        self.run("seq 1 9 | awk '{ print $1, $1 * $1 }' | kurv_own_shell " + SAMPLE_GRAPH, folder)
 
     def run(self, script, folder, seconds=120, **env):
         """The exit status, or None for a command that still runs after that time, and what it says."""
@@ -260,7 +271,7 @@ class Page:
 
     def look_up(self, place, command):
         """The names in a command that does not run here: scripts, presets, targets, tests, fuzzers."""
-        for script in re.findall(r"(?:^|\s)((?:tools|bench|docs)/[\w-]+|\./test)", command):
+        for script in re.findall(r"(?:^|\s)((?:tools|bench|docs|packaging|bindings/python)/[\w-]+|\./test)(?= |$)", command):
             if not os.access(SOURCE / script, os.X_OK):
                 self.fail(place, f"{command}\nnames no script of the project")
         presets = json.loads((SOURCE / "CMakePresets.json").read_text())

@@ -128,11 +128,7 @@ class PrintingExamples : public test::GraphFileTest {
  protected:
   static void expect_shown(const std::string& example, const std::string& command) {
     const Ended ended = run(command);
-    std::string shown = "\n    " + ended.output;
-    for (std::size_t at = shown.find('\n', 1); at + 1 < shown.size();
-         at = shown.find('\n', at + 1)) {
-      shown.insert(at + 1, "    ");
-    }
+    const std::string shown = "\n" + ended.output + "```\n";
     EXPECT_GT(shown.size(), 40U) << example;
     EXPECT_NE(kurv::read("examples/" + example + "/README.md").find(shown), std::string::npos)
         << example << " prints:" << shown;
