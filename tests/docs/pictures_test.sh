@@ -22,8 +22,6 @@ is_of_kind() {
   case $1 in
     docs/pictures/tutorial/*) return 1 ;; # the test of the tutorial compares them
     docs/pictures/designer/*) [[ -z ${KURV_WITHOUT_FOREIGN:-} && -d $KURV_BUILD/qt/designer/plugins ]] || return 1 ;;
-    # Those of the programs of the tutorial; tests/packaging/tutorial.py compares them.
-    docs/pictures/tutorial/*) return 1 ;;
     examples/python_*) [[ -z ${KURV_WITHOUT_FOREIGN:-} ]] || return 1 ;;
   esac
   case $1 in
