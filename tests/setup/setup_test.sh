@@ -65,6 +65,18 @@ installs_only_what_is_missing_with_a_line_for_each() {
   expect_error '  ninja-build'
 }
 
+# The stand-in speaks German unless it is asked for the locale C.
+has_a_line_for_each_package_in_any_language() {
+  new_debian
+  tool apt-get 'case "$LC_ALL" in
+    C) echo "Setting up libone:amd64 (1.2) ..." ;;
+    *) echo "libone:amd64 (1.2) wird eingerichtet ..." ;;
+  esac'
+  LC_ALL=C.UTF-8 run 'need cmake ninja-build'
+  expect_status 0
+  expect_error '  libone:amd64'
+}
+
 does_nothing_where_nothing_is_missing() {
   new_debian
   run 'need cmake'
@@ -88,7 +100,7 @@ asks_sudo_where_it_is_there() {
   tool sudo '"$@"'
   run 'need cmake ninja-build'
   expect_status 0
-  expect_call 'sudo env DEBIAN_FRONTEND=noninteractive apt-get -y --no-install-recommends install ninja-build'
+  expect_call 'sudo env DEBIAN_FRONTEND=noninteractive LC_ALL=C apt-get -y --no-install-recommends install ninja-build'
 }
 
 says_that_no_server_can_be_reached() {
