@@ -32,6 +32,26 @@ in_bash() {
 in_fish() {
   HOME=$work fish --no-config -c "source '$folder/kurv.fish'; complete -C'$1'" | cut -f1 | sort | xargs
 }
+# Types words, the key Tab and more into a zsh of its own, where kurv is a function that prints its arguments.
+cat >"$work/settings.zsh" <<'ZSH'
+fpath=("$FOLDER" $fpath)
+autoload -U compinit && compinit -u -D
+kurv() { print -r -- "<$*>" }
+print "is ready"
+ZSH
+cat >"$work/type.zsh" <<'ZSH'
+zmodload zsh/zpty
+zpty shell zsh -f -i
+zpty -w shell "source $HOME/settings.zsh"
+zpty -r shell said "*is ready*"
+zpty -w -n shell "$1"$'\t'"$2"$'\n'
+zpty -r shell said "*<*>*"
+said=${said##*<}
+print -r -- "${said%%>*}"
+ZSH
+in_zsh() {
+  FOLDER=$folder HOME=$work timeout 60 zsh -f "$work/type.zsh" "$@"
+}
 cd "$work"
 : >graph.gdf
 expect 'kurv re' "$(in_bash kurv re)" render
@@ -43,3 +63,6 @@ expect 'kurv --heade' "$(in_bash kurv --heade)" --header
 expect 'kurv re' "$(in_fish 'kurv re')" render
 expect 'kurv render --format ' "$(in_fish 'kurv render --format ')" 'bmp pdf png svg'
 expect 'kurv convert --dec' "$(in_fish 'kurv convert --dec')" --decimal
+expect 'kurv re' "$(in_zsh 'kurv re')" render
+expect 'kurv convert --dec' "$(in_zsh 'kurv convert --dec')" 'convert --decimal'
+expect 'kurv render --set NumT' "$(in_zsh 'kurv render --set NumT' 7)" 'render --set NumTicks=7'
