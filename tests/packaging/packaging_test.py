@@ -134,15 +134,24 @@ def test_find_package():
         folder = write_host("find_package", kind)
         configure(folder, f"-DCMAKE_PREFIX_PATH={moved()}")
         check_picture(build(folder, kind))
-    # The core alone needs no Qt, and another major version is refused.
+    # The core alone needs no Qt, and the host looks for its own modules where it did before.
+    (folder / "CMakeLists.txt").write_text((folder / "CMakeLists.txt").read_text() + 'if(CMAKE_MODULE_PATH)\n'
+                                           '  message(FATAL_ERROR "${CMAKE_MODULE_PATH}")\nendif()\n')
     configure(folder, f"-DCMAKE_PREFIX_PATH={moved()}", "-DCMAKE_DISABLE_FIND_PACKAGE_Qt6=ON")
-    text = (folder / "CMakeLists.txt").read_text().replace("KurvGraph 1 ", "KurvGraph 2 ")
-    other = new_folder("hosts/find_package/other_version")
+    check_refusal("1 CONFIG", "2 CONFIG", "version")
+    check_refusal("COMPONENTS Core", "COMPONENTS Cores", "no component Cores; its components are: Core")
+
+
+def check_refusal(found, wanted, reason):
+    """That the core's host is not configured where it wants something else, and that the reason is said."""
+    other = new_folder("hosts/find_package/refused")
+    text = snippets()["find_package/core/CMakeLists.txt"].replace(found, wanted)
     (other / "CMakeLists.txt").write_text(text)
     refused = subprocess.run([settings.cmake, "-S", other, "-B", other / "build", "-G",
                               settings.generator, f"-DCMAKE_PREFIX_PATH={moved()}"],
                              capture_output=True, text=True)
-    expect(refused.returncode != 0 and "KurvGraph" in refused.stderr, "version 2 is accepted")
+    said = " ".join(refused.stderr.split())
+    expect(refused.returncode != 0 and "KurvGraph" in said and reason in said, f"{wanted} ends with\n{said}")
 
 
 def test_pkg_config():
