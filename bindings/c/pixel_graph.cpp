@@ -17,13 +17,17 @@ constexpr int kLongestSide = 32767;
 constexpr double kHighestRatio = 16;
 
 int checked_side(int side) {
-  if (side < 1 || side > kLongestSide) throw CallError(KURV_INVALID_CALL, "the size");
+  if (side < 1 || side > kLongestSide) {
+    throw CallError(KURV_INVALID_CALL, "width and height take numbers from 1 to 32767");
+  }
   return side;
 }
 
 // Written so that NaN is refused.
 double checked_ratio(double ratio) {
-  if (!(ratio > 0 && ratio <= kHighestRatio)) throw CallError(KURV_INVALID_CALL, "the ratio");
+  if (!(ratio > 0 && ratio <= kHighestRatio)) {
+    throw CallError(KURV_INVALID_CALL, "the ratio takes a number above 0 and up to 16");
+  }
   return ratio;
 }
 

@@ -61,7 +61,7 @@ std::int32_t kurv_create_in_window(std::uintptr_t window, std::int32_t width, st
   return guarded([&] {
     required(graph);
     if (width < 1 || height < 1 || width > kLongestSide || height > kLongestSide) {
-      throw CallError(KURV_INVALID_CALL, "the size");
+      throw CallError(KURV_INVALID_CALL, "width and height take numbers from 1 to 16777215");
     }
     kurv::c::make_application();
     require_application();

@@ -23,9 +23,11 @@ static void graphs_are_made_within_limits(void) {
   CHECK_CALL(KURV_INVALID_CALL, kurv_create_pixels(0, 10, 1, &graph));
   CHECK_CALL(KURV_INVALID_CALL, kurv_create_pixels(10, -1, 1, &graph));
   CHECK_CALL(KURV_INVALID_CALL, kurv_create_pixels(32768, 10, 1, &graph));
+  CHECK(detail_has("from 1 to 32767"));
   CHECK_CALL(KURV_INVALID_CALL, kurv_create_pixels(10, 10, 0, &graph));
   CHECK_CALL(KURV_INVALID_CALL, kurv_create_pixels(10, 10, NAN, &graph));
   CHECK_CALL(KURV_INVALID_CALL, kurv_create_pixels(10, 10, INFINITY, &graph));
+  CHECK(detail_has("up to 16"));
   CHECK_CALL(KURV_INVALID_CALL, kurv_create_pixels(10, 10, 1, NULL));
   CHECK(graph == NULL && kurv_living() == 0);
   CHECK_OK(kurv_create_pixels(1, 1, 1, &graph));
