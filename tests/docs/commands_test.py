@@ -68,6 +68,7 @@ ELSEWHERE = {
     r"(sudo )?cmake --install build(/release)?( --prefix /opt/kurvgraph)?":
         "tests/packaging installs into a folder of its own",
     r"cmake -S examples/minimal -B out && cmake --build out": "a whole build",
+    r"sudo (ldconfig|update-mime-database /usr/local/share/mime)": "root alone may",
     r"sudo apt-get install --no-install-recommends .*":
         "root alone may; lists_test.py compares the packages with tools/setup",
     r"sudo apt-get (install|purge) (\./build/packages|kurv ).*|sudo xargs rm < build/release/install_manifest\.txt":
