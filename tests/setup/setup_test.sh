@@ -128,12 +128,12 @@ shows_why_a_package_cannot_be_installed() {
   expect_error 'The packages could not be installed: x.'
 }
 
-names_the_page_where_there_is_no_apt() {
+names_what_is_missing_and_the_page_where_there_is_no_apt() {
   new_machine
   tool cmake ''
   run 'need cmake'
   expect_status 1
-  expect_error 'ccache is missing, and there is no apt-get to install it; docs/building.md'
+  expect_error 'Missing, and there is no apt-get to install them: ccache g++ ninja. docs/building.md'
 }
 
 goes_on_without_apt_where_the_tools_are_there() {
