@@ -190,6 +190,18 @@ class Building(unittest.TestCase):
         self.assertLessEqual(set(designer), set(self.packages_in_setup("kurv_deb_packages")))
         self.assertLessEqual(set(designer), set(self.packages_in_setup("kurv_test_packages")))
 
+    def test_generator(self):
+        """What the pages have built is built by the generator that CMake takes by itself, which needs make."""
+        configured = [line for page in pages.pages(SOURCE) for block in pages.blocks(SOURCE, page)
+                      for line in block.text.splitlines() if re.match(r"cmake -S (?!.* -G )", line)]
+        self.assertGreater(len(configured), 3)
+        packages = re.search(r"^kurv_packages=\((.*?)^\)", read("tools/setup"), re.MULTILINE | re.DOTALL)[1]
+        self.assertIn("make", packages.split())
+        for row in rows("docs/building.md", "On other distributions", ""):
+            if row[0] == "To build":
+                for listed in row[1:]:
+                    self.assertIn("make", listed.strip("`").split())
+
     def test_limits_of_the_first_page(self):
         limits = read("include/KurvGraph/limits.h")
         self.assertIn("kMaxCurves = 149;", limits)
