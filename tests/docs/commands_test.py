@@ -64,13 +64,15 @@ ELSEWHERE = {
     r"cmake --build --preset \w+ --target \w+": "a whole build; its preset and target are looked up",
     r"ctest --preset \w+ -R '\^\w+\$'": "this test may be run by it; preset and test are looked up",
     r"cmake -S \. -B build( -DKURV_TESTS=OFF)?|cmake --build (build|--preset release)": "a whole build",
-    r"cmake -S KurvGraph -B build -DCMAKE_BUILD_TYPE=Release -DKURV_TESTS=OFF": "a whole build",
+    r"cmake --preset release -DBUILD_SHARED_LIBS=OFF": "a whole build",
+    r"cmake -S \. -B build -DCMAKE_PREFIX_PATH=/opt/kurvgraph": "tests/packaging builds the programs of the page",
     r"(sudo )?cmake --install build(/release)?( --prefix /opt/kurvgraph)?":
         "tests/packaging installs into a folder of its own",
     r"cmake -S examples/minimal -B out && cmake --build out": "a whole build",
     r"sudo (ldconfig|update-mime-database /usr/local/share/mime)": "root alone may",
     r"sudo apt-get install --no-install-recommends .*":
         "root alone may; lists_test.py compares the packages with tools/setup",
+    r"sudo apt-get install cmake g\+\+ make pkgconf": "root alone may; packaging/check-debian installs them",
     r"sudo apt-get (install|purge) (\./build/packages|kurv ).*|sudo xargs rm < build/release/install_manifest\.txt":
         "root alone may; packaging/check-debian does it",
     r"packaging/(make-packages( && packaging/check-debian)?|make-bundle|check-debian)|tar -xf kurv-1\.0\.0-\S+|kurv-1\.0\.0-\w+-\w+/kurv":
@@ -80,13 +82,13 @@ ELSEWHERE = {
     r"sudo (dnf|pacman) .*": "other distributions",
     r"pip install bindings/python": "it would install into this machine",
     r"cc -std=c99 .* kurvgraph-\w+\)": "tests/bindings/pages_test.py compiles the program",
-    r"QT_QPA_PLATFORM=offscreen \./widget squares\.png|\./widget": "tests/packaging runs the program",
+    r"QT_QPA_PLATFORM=offscreen build/widget squares\.png|build/widget": "tests/packaging runs the program",
     r"cmake -S \. -B build --toolchain \$VCPKG_ROOT/.*": "vcpkg is not here",
     r"conan (create|install) .*|cmake --preset conan-release": "Conan is not here",
     r"tools/check( --tidy)?|tools/fuzz \w+ \d+|bench/run( --\w+)?|tools/screenshots|docs/make-(pictures|api)":
         "takes minutes, or a screen; the script and its name are looked up",
 }
-SPAN = re.compile(r"(kurv (render|convert|info|eval|--follow)|\./(run|test|widget)|tools/(check|screenshots)|tools/fuzz "
+SPAN = re.compile(r"(kurv (render|convert|info|eval|--follow)|\./(run|test)|build/widget|tools/(check|screenshots)|tools/fuzz "
                   r"|docs/make|packaging/(make|check)-|bindings/python/make-|bench/run|cmake -|ctest|pip install \w|python3 |UPDATE_GOLDENS=1 \.|QT_QPA_PLATFORM=\w+ \.)")
 PLACEHOLDER = re.compile(r"\b[A-Z]{2,}\b(?!=)|\.\.\.|^kurv \S+$|^cmake --install$|--follow( -)?$|--check$|name=value")
 MAGIC = {".png": b"\x89PNG", ".bmp": b"BM", ".svg": b"<?xml", ".pdf": b"%PDF", ".gdf": b"QXPLOT/V500//"}
@@ -98,6 +100,7 @@ FRAGMENT = """#include <KurvGraph/KurvGraph.h>
 #include <KurvGraph/headless.h>
 #include <KurvGraph/pixel_picture.h>
 #include <KurvGraph/png_file.h>
+#include <QLayout>
 using namespace kurv;
 void fragment({declarations}) {{
   {{
@@ -107,7 +110,7 @@ void fragment({declarations}) {{
 """
 DECLARATIONS = {
     "docs/widget.md": "QWidget& window, std::vector<double> days, std::vector<double> heights, "
-                      "std::vector<double> widths, kurv::KurvGraph* graph",
+                      "std::vector<double> widths, kurv::KurvGraph* graph, QLayout* layout",
     "docs/control.md": "kurv::Control& graph",
 }
 

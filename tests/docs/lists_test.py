@@ -194,7 +194,7 @@ class Building(unittest.TestCase):
         """What the pages have built is built by the generator that CMake takes by itself, which needs make."""
         configured = [line for page in pages.pages(SOURCE) for block in pages.blocks(SOURCE, page)
                       for line in block.text.splitlines() if re.match(r"cmake -S (?!.* -G )", line)]
-        self.assertGreater(len(configured), 3)
+        self.assertTrue(configured)
         packages = re.search(r"^kurv_packages=\((.*?)^\)", read("tools/setup"), re.MULTILINE | re.DOTALL)[1]
         self.assertIn("make", packages.split())
         for row in rows("docs/building.md", "On other distributions", ""):

@@ -262,7 +262,6 @@ def test_tutorial():
     """What docs/tutorial.md has its reader do, in an empty folder, with the tree in the reader's home."""
     home = new_folder("hosts/tutorial")
     (home / "kurvgraph").symlink_to(moved())
-    (home / "plotter").mkdir()
     env = dict(os.environ, CMAKE_GENERATOR=settings.generator, CXX=settings.compiler,
                CXXFLAGS=settings.flags, CMAKE_CXX_COMPILER_LAUNCHER=settings.launcher)
     tutorial.Tutorial(settings.source, home, env, run).follow()

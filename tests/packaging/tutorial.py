@@ -35,7 +35,7 @@ class Tutorial:
     def __init__(self, source, home, env, run):
         """`home` is the reader's: the library is in its folder kurvgraph."""
         self.source, self.home, self.env, self.run = source, home, env, run
-        self.folder = home / "plotter"
+        self.folder = home
         self.step = ""
         self.steps = []
         self.commands = []
@@ -74,6 +74,9 @@ class Tutorial:
 
     def obey(self, command):
         """Runs a command; a program that would show its window writes its picture instead."""
+        if command.startswith("cd "):
+            self.folder = Path(command.removeprefix("cd ").replace("$HOME", str(self.home)))
+            return
         if not command.startswith("build/plotter"):
             self.shell(command)
             return
