@@ -1,8 +1,10 @@
 // The entry points of the C interface for graphs of either kind.
+#include <KurvGraph/file_fault.h>
 #include <KurvGraph/kurvgraph_c.h>
 #include <KurvGraph/png_file.h>
 
 #include <cstring>
+#include <string>
 #include <utility>
 #include <variant>
 #include <vector>
@@ -33,26 +35,49 @@ std::int32_t on_graph(kurv_graph graph, Work work) noexcept {
   return guarded([&] { work(*find_graph(graph)); });
 }
 
+// The name of a member in the interface's own letter case, or what was asked for.
+std::string name_of(const MemberKey& key) {
+  if (const kurv::Member* const member = kurv::find_member(key)) return std::string(member->name);
+  if (const auto* const name = std::get_if<std::string_view>(&key)) return std::string(*name);
+  return "the identifier " + std::to_string(std::get<std::uint32_t>(key));
+}
+
+// Does work with a member; an error that has no detail of its own names it.
+template <class Work>
+void on_member(const MemberKey& key, Work work) {
+  try {
+    work();
+  } catch (const kurv::FileFault&) {
+    throw;
+  } catch (const kurv::Fault& fault) {
+    throw CallError(fault.number(), name_of(key));
+  }
+}
+
 void get(BoundGraph& graph, const MemberKey& key, kurv_value* value) {
-  required(value) = kurv::c::owned_value(graph.get(key));
+  required(value);
+  on_member(key, [&] { *value = kurv::c::owned_value(graph.get(key)); });
 }
 
 void let(BoundGraph& graph, const MemberKey& key, const kurv_value* value) {
-  graph.let(key, kurv::c::to_variant(required(value)));
+  required(value);
+  on_member(key, [&] { graph.let(key, kurv::c::to_variant(*value)); });
 }
 
 void call(BoundGraph& graph, const MemberKey& key, kurv_value* arguments, std::size_t count) {
   // No member has more; this also refuses a count that no memory holds.
   constexpr std::size_t kMostArguments = 64;
-  if (count > kMostArguments) throw kurv::Fault(kurv::FaultKind::kTooManyArguments);
   if (count > 0) required(arguments);
-  std::vector<kurv::Variant> values;
-  for (std::size_t i = 0; i < count; ++i) values.push_back(kurv::c::to_variant(arguments[i]));
-  const std::vector<kurv::Variant> passed = values;
-  graph.call(key, values);
-  for (std::size_t i = 0; i < count; ++i) {
-    kurv::c::return_argument(values[i], passed[i], arguments[i]);
-  }
+  on_member(key, [&] {
+    if (count > kMostArguments) throw kurv::Fault(kurv::FaultKind::kTooManyArguments);
+    std::vector<kurv::Variant> values;
+    for (std::size_t i = 0; i < count; ++i) values.push_back(kurv::c::to_variant(arguments[i]));
+    const std::vector<kurv::Variant> passed = values;
+    graph.call(key, values);
+    for (std::size_t i = 0; i < count; ++i) {
+      kurv::c::return_argument(values[i], passed[i], arguments[i]);
+    }
+  });
 }
 
 // The content of a value that has to be of this type.

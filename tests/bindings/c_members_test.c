@@ -104,7 +104,8 @@ static void values_are_converted(kurv_graph graph) {
   CHECK_OK(let(graph, "FontSize", kurv_single(9.5f)));
   CHECK_OK(kurv_get(graph, "FontSize", &value));
   CHECK(value.type == KURV_SINGLE && value.as.single == 9.5f);
-  CHECK_CALL(KURV_OVERFLOW, let(graph, "NumTicks", kurv_double(1e9)));
+  CHECK_CALL(KURV_OVERFLOW, let(graph, "numticks", kurv_double(1e9)));
+  CHECK(detail_has("NumTicks"));
   CHECK_CALL(KURV_TYPE_MISMATCH, let(graph, "NumTicks", kurv_string("twelve")));
   CHECK_CALL(KURV_TYPE_MISMATCH, let(graph, "Title", kurv_doubles(NULL, 0)));
   CHECK_CALL(KURV_TYPE_MISMATCH, let(graph, "Title", kurv_value_of(77)));
@@ -128,10 +129,12 @@ static void texts_may_contain_nul(kurv_graph graph) {
 static void members_that_are_not_there(kurv_graph graph) {
   kurv_value value = kurv_missing();
   CHECK_CALL(KURV_NO_SUCH_MEMBER, kurv_get(graph, "nothing", &value));
+  CHECK(detail_has("nothing"));
   CHECK_CALL(KURV_NO_SUCH_MEMBER, kurv_get(graph, "", &value));
   CHECK_CALL(KURV_NO_SUCH_MEMBER, kurv_get_by_id(graph, 1, &value));
   CHECK_CALL(KURV_NO_SUCH_MEMBER, kurv_let(graph, "build_the_graph", &value));
   CHECK_CALL(KURV_NO_SUCH_MEMBER, kurv_call(graph, "Title", NULL, 0));
+  CHECK(detail_has("Title"));
   CHECK_CALL(KURV_INVALID_CALL, kurv_get(graph, NULL, &value));
   CHECK_CALL(KURV_INVALID_CALL, kurv_get(graph, "Title", NULL));
   CHECK_CALL(KURV_INVALID_CALL, kurv_let(graph, "Title", NULL));

@@ -136,7 +136,7 @@ class KurvGraph:
         try:
             self._do("kurv_let_by_id", member.dispatch_id, ctypes.byref(converted))
         except Error as error:
-            if error.detail:
+            if error.detail not in ("", member.name):
                 raise
             detail = f"{member.name} cannot be {reprlib.repr(value)}"
             raise new_error(error.number, error.text, detail) from None
