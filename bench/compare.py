@@ -35,7 +35,7 @@ def machine():
     with open("/etc/os-release", encoding="utf-8") as file:
         system = next(line.split('"')[1] for line in file if line.startswith("PRETTY_NAME"))
     load = os.getloadavg()[0]
-    return (f"{model}, {os.cpu_count()} processors, {system}, Linux {platform.release()}, "
+    return (f"{model}, {os.cpu_count()} processors, {system}, Linux {platform.release().split('-')[0]}, "
             f"{time.strftime('%Y-%m-%d')}; load at the start {load:.1f}.")
 
 
