@@ -64,7 +64,6 @@ ELSEWHERE = {
     r"cmake --build --preset \w+ --target \w+": "a whole build; its preset and target are looked up",
     r"ctest --preset \w+ -R '\^\w+\$'": "this test may be run by it; preset and test are looked up",
     r"cmake -S \. -B build( -DKURV_TESTS=OFF)?|cmake --build (build|--preset release)": "a whole build",
-    r"cmake --preset release -DBUILD_SHARED_LIBS=OFF": "a whole build",
     r"cmake -S \. -B build -DCMAKE_PREFIX_PATH=/opt/kurvgraph": "tests/packaging builds the programs of the page",
     r"(sudo )?cmake --install build(/release)?( --prefix /opt/kurvgraph)?":
         "tests/packaging installs into a folder of its own",
