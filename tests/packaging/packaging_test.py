@@ -271,7 +271,8 @@ def test_tutorial():
 
 def test_symbols():
     if not is_shared() or not has_pixels():
-        return
+        print("Only shared libraries with everything in them have the list of symbols that is compared.")
+        sys.exit(77)  # skipped
     headers = moved() / "include/KurvGraph"
     exported = {}
     for name in ("kurvgraph", "kurvgraph-core"):
