@@ -74,7 +74,7 @@ ELSEWHERE = {
     r"sudo apt-get install cmake g\+\+ make pkgconf": "root alone may; packaging/check-debian installs them",
     r"sudo apt-get (install|purge) (\./build/packages|kurv ).*|sudo xargs rm < build/release/install_manifest\.txt":
         "root alone may; packaging/check-debian does it",
-    r"packaging/(make-packages( && packaging/check-debian)?|make-bundle|check-debian)|tar -xf kurv-1\.0\.0-\S+|kurv-1\.0\.0-\w+-\w+/kurv":
+    r"packaging/(make-packages( && packaging/check-debian)?|make-bundle( && packaging/check-bundle)?|check-(debian|bundle))|tar -xf kurv-1\.0\.0-\S+|kurv-1\.0\.0-\w+-\w+/kurv":
         "tests/packaging/deb_test.py and bundle_test.py make them and look into them",
     r"QT_PLUGIN_PATH=\S+ /usr/lib/qt6/bin/designer": "tests/qt/designer loads the plugin",
     r"bindings/python/make-venv ~/graphs": "it would install packages; the environment is there",
