@@ -48,7 +48,8 @@ TESTED_BLOCKS = {
     ("docs/python.md", "python"): "tests/bindings/pages_test.py",
     ("docs/c.md", "c"): "tests/bindings/pages_test.py",
     ("docs/gallery.md", ""): "tests/docs/pictures_test.sh",
-    ("docs/designer.md", "cmake"): "tests/qt/designer/CMakeLists.txt",
+    ("docs/designer.md", "cmake"): "tests/packaging/packaging_test.py",
+    ("docs/designer.md", "cpp"): "tests/packaging/packaging_test.py",
     ("docs/tutorial.md", None): "tests/packaging/tutorial.py",
 }
 # Files that are in docs/embedding.md, as tests/packaging takes them from there.

@@ -1,7 +1,7 @@
 """Tests of what cmake --install copies, and of the ways to embed the libraries.
 
 packaging_test.py NAME --source ... runs the function test_NAME. The programs are those of
-docs/embedding.md, in code blocks that are marked with a language and a file name.
+docs/embedding.md and docs/designer.md, in code blocks that are marked with a language and a file name.
 """
 
 import argparse
@@ -256,6 +256,17 @@ def test_headers():
     (folder / "CMakeLists.txt").write_text(text.replace("(widget ", "(headers "))
     configure(folder, f"-DCMAKE_PREFIX_PATH={moved()}")
     run(settings.cmake, "--build", folder / "build")
+
+
+def test_form():
+    """The program of docs/designer.md, with a form that has the names of the page."""
+    folder = new_folder("hosts/form")
+    for name, text in pages.named_files(settings.source, "docs/designer.md").items():
+        (folder / name).write_text(text)
+    shutil.copy(settings.source / "tests/qt/designer/growth.ui", folder)
+    configure(folder, f"-DCMAKE_PREFIX_PATH={moved()}")
+    run(settings.cmake, "--build", folder / "build")
+    expect((folder / "build/growth").exists(), "there is no program")
 
 
 def test_tutorial():
