@@ -52,6 +52,7 @@ fail() {
 }
 expect_status() { [[ $status == "$1" ]] || fail "status $status instead of $1"; }
 expect_error() { grep -qF -- "$1" "$work/err" || fail "does not say: $1"; }
+expect_no_error() { ! grep -qF -- "$1" "$work/err" || fail "says: $1"; }
 expect_call() { grep -qF -- "$1" "$work/calls" || fail "does not call: $1"; }
 expect_no_call() { ! grep -qF -- "$1" "$work/calls" || fail "calls: $1"; }
 
@@ -101,6 +102,36 @@ asks_sudo_where_it_is_there() {
   run 'need cmake ninja-build'
   expect_status 0
   expect_call 'sudo env DEBIAN_FRONTEND=noninteractive LC_ALL=C apt-get -y --no-install-recommends install ninja-build'
+}
+
+says_the_command_where_sudo_refuses() {
+  new_debian
+  tool id 'echo 1000'
+  tool sudo 'echo "anna is not in the sudoers file." >&2; exit 1'
+  run 'need cmake ninja-build'
+  expect_status 1
+  expect_error 'anna is not in the sudoers file.'
+  expect_error 'as root, run: apt-get install --no-install-recommends ninja-build'
+  expect_no_call 'apt-get -qq'
+}
+
+says_why_where_apt_fails_without_a_word() {
+  new_debian
+  tool apt-get 'exit 100'
+  run 'need cmake ninja-build'
+  expect_status 1
+  expect_error 'The packages could not be installed'
+}
+
+shows_one_line_of_many_failed_downloads() {
+  new_debian
+  tool apt-get 'echo "E: Failed to fetch http://a  No route" >&2
+    echo "E: Failed to fetch http://b  No route" >&2; exit 100'
+  run 'need cmake ninja-build'
+  expect_status 1
+  expect_error 'E: Failed to fetch http://a  No route'
+  expect_no_error 'http://b'
+  expect_error 'Check the network'
 }
 
 says_that_no_server_can_be_reached() {
@@ -204,6 +235,6 @@ for test in $(declare -F | sed -n 's/^declare -f \([a-z]*s_.*\)$/\1/p'); do
   "$test"
   ((++tests))
 done
-[[ $tests -ge 14 ]] || { echo "only $tests tests were found" >&2; exit 1; }
+[[ $tests -ge 17 ]] || { echo "only $tests tests were found" >&2; exit 1; }
 echo "$tests tests, $failures failures"
 [[ $failures == 0 ]]
