@@ -125,7 +125,7 @@ void print_table_info(const std::string& path, const TableOptions& options, std:
     data = make_table_data(columns, options.selection, name);
     check_drawable(*data, options.selection, name);
   } catch (const UserError& error) {
-    refusal = without_info_advice(error);
+    refusal = with_sheet_advice(without_info_advice(error), table.source());
   }
   print_table_columns(columns, choice, out);
   if (data) print_info_line(out, "x", in_quotes(data->names(1)));

@@ -17,6 +17,8 @@ struct TableSource {
   TableOptions options;
   // Such as "JSON", or the name of a sheet; empty for text.
   std::string kind;
+  // A workbook has other sheets, and the user has chosen none.
+  bool has_other_sheets = false;
   Encoding encoding = Encoding::kUtf8;
   char separator = ',';
   // What comment lines begin with; empty where there are none.

@@ -323,9 +323,13 @@ TableData read_table_data(const std::string& path, const TableOptions& options) 
   const CsvTable table = read_table(path, options);
   TableColumns columns(table, detect_dialect(table), options.selection.every);
   const std::string name = name_of_source(path);
-  TableData data = make_table_data(columns, options.selection, name);
-  check_drawable(data, options.selection, name);
-  return data;
+  try {
+    TableData data = make_table_data(columns, options.selection, name);
+    check_drawable(data, options.selection, name);
+    return data;
+  } catch (const UserError& error) {
+    throw with_sheet_advice(error, table.source());
+  }
 }
 
 void check_has_rows(const TableColumns& columns, const std::string& path) {
@@ -342,6 +346,13 @@ void check_has_rows(const TableColumns& columns, const std::string& path) {
   if (columns.rows().size() == 0) {
     throw UserError(path + " has a header and nothing below it; it needs rows of numbers.");
   }
+}
+
+UserError with_sheet_advice(const UserError& error, const TableSource& source) {
+  if (!source.has_other_sheets) return error;
+  return UserError(
+      std::string(error.what()) + " Only " + source.kind + " is read; --sheet chooses another one.",
+      error.exit_status());
 }
 
 void check_drawable(const TableData& data, const Selection& selection, const std::string& path) {

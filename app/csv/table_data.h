@@ -15,6 +15,8 @@
 
 namespace kurv::app {
 
+class UserError;
+
 // Column 1 is x and the others are curves; columns and points count from 1. A missing value is NaN,
 // in x too: a row that cannot be drawn still is a row.
 struct TableData {
@@ -42,6 +44,10 @@ TableData read_table_data(const std::string& path, const TableOptions& options);
 
 // Throws UserError for a table without rows of data.
 void check_has_rows(const TableColumns& columns, const std::string& path);
+
+// `error` about a table that cannot be drawn, with advice where the table is one of several sheets
+// and nobody has chosen it.
+UserError with_sheet_advice(const UserError& error, const TableSource& source);
 
 // Throws UserError for data that would leave the graph empty: it needs two rows, and values of x
 // that differ.

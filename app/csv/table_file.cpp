@@ -96,6 +96,7 @@ CsvTable parse_sheet(SheetText sheet, const std::string& name, const TableOption
   source.kind = "sheet " + in_quotes(sheet.sheets[sheet.sheet]);
   if (sheet.sheets.size() > 1) source.kind += " of " + std::to_string(sheet.sheets.size());
   if (sheet.sheets.size() > 1 && !options.sheet) {
+    source.has_other_sheets = true;
     sheet.notes.push_back(source.kind + " is read; --sheet chooses another one.");
   }
   add_notes(source, std::move(sheet.notes));

@@ -95,6 +95,11 @@ TEST_F(TableProgram, InfoDoesNotAdviseItself) {
               HasSubstr("has a header and nothing below it"));
 }
 
+TEST_F(TableProgram, InfoAdvisesAnotherSheetWhereTheFirstCannotBeDrawn) {
+  const QString workbook = KURV_SOURCE_DIR "/tests/tables/sources/types.xlsx";
+  EXPECT_THAT(run({"info", workbook, "--x", "nowhere"}).err, HasSubstr("--sheet chooses another"));
+}
+
 TEST_F(TableProgram, InfoMarksNoEncodingAsChosenThatIsNotTheTexts) {
   const Outcome outcome =
       run({"info", written("l.csv", "x,\xE4\n1,2\n2,3\n"), "--encoding", "utf-8"});

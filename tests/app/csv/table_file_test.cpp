@@ -18,6 +18,7 @@ namespace {
 using testing::AllOf;
 using testing::Contains;
 using testing::ElementsAre;
+using testing::EndsWith;
 using testing::HasSubstr;
 using testing::Not;
 
@@ -67,6 +68,24 @@ TEST(TableFile, OfAWorkbookWithoutNumbersIsNotRefusedForItsSeparator) {
     EXPECT_THAT(error.what(), HasSubstr("no column of numbers"));
     EXPECT_THAT(error.what(), Not(HasSubstr("separator")));
   }
+}
+
+TEST(TableFile, OfAWorkbookThatCannotBeDrawnNamesTheSheetUnlessItWasChosen) {
+  TableOptions options;
+  options.selection.every = 1000;
+  const auto refusal = [&options] {
+    try {
+      read_table_data(test::source_path("types.xlsx"), options);
+    } catch (const UserError& error) {
+      return std::string(error.what());
+    }
+    return std::string("it was read");
+  };
+  EXPECT_THAT(refusal(), AllOf(HasSubstr("one row of data"),
+                               EndsWith(" Only sheet \"Data\" of 3 is read; --sheet chooses "
+                                        "another one.")));
+  options.sheet = "2";
+  EXPECT_THAT(refusal(), AllOf(HasSubstr("one row of data"), Not(HasSubstr("--sheet"))));
 }
 
 TEST(TableFile, OfAWorkbookRefusesASheetThatIsNotThere) {
