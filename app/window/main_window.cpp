@@ -176,6 +176,8 @@ void MainWindow::replace_graph(KurvGraph* graph, const QByteArray& saved, const 
   connect_graph(graph);
   m_path = path;
   m_accepted_changes.clear();
+  // A message about the graph before; while one grows, the bar says what is read.
+  if (!m_is_following) statusBar()->clearMessage();
   // A pasted table is in no file, so it is unsaved as it is; no content has an empty fingerprint.
   m_clean_state.set_clean(path.empty() ? QByteArray("") : saved);
   if (!path.empty()) RecentFiles().add(path);

@@ -1,4 +1,6 @@
 // Pictures that a main window writes: their names, and what is asked about them.
+#include <QStatusBar>
+
 #include "tests/app/window/window_fixture.h"
 
 namespace kurv::app {
@@ -48,6 +50,15 @@ TEST_F(MainWindowExport, ProposesTheWholeNameAndFollowsTheFilter) {
     press(kurv, "mnuExportPicture");
     EXPECT_TRUE(content(file.c_str()).startsWith(kFilters[i].beginning)) << file;
   }
+}
+
+TEST_F(MainWindowExport, TheStatusBarNamesThePictureUntilAnotherGraphIsShown) {
+  MainWindow* const kurv = window_of(table());
+  choose_file(path("picture.png"));
+  press(kurv, "mnuExportPicture");
+  EXPECT_TRUE(kurv->statusBar()->currentMessage().contains("picture.png"));
+  kurv->show_graph({}, load(graph_file(), {}));
+  EXPECT_EQ(kurv->statusBar()->currentMessage(), "");
 }
 
 TEST_F(MainWindowExport, CompletesEveryNameThatIsNotThatOfAPicture) {
