@@ -46,6 +46,13 @@ std::vector<std::string> reversed_arguments(int argc, const char* const* argv) {
   return result;
 }
 
+std::string unexpected_arguments(const std::vector<std::string>& arguments) {
+  std::string sentence = arguments.size() > 1 ? "The following arguments were not expected:"
+                                              : "The following argument was not expected:";
+  for (const std::string& argument : arguments) sentence += " " + argument;
+  return sentence;
+}
+
 void check_file_name(const std::string& name) {
   if (!name.empty()) return;
   throw UserError("the name of a file is empty; name one, as in \"kurv data.csv\".", kUsageFailure);
@@ -92,13 +99,14 @@ class Program {
   Command parse(int argc, const char* const* argv) {
     try {
       m_app.parse(reversed_arguments(argc, argv));
+    } catch (const CLI::ExtrasError&) {
+      // The message of the library names them from the last to the first.
+      throw usage_error(unexpected_arguments(m_app.remaining(true)));
     } catch (const CLI::ParseError& stop) {
       std::ostringstream text;
       std::ostringstream ignored;
       if (m_app.exit(stop, text, ignored) == 0) return Notice{text.str()};
-      throw UserError(
-          on_one_line(stop.what()) + "; \"" + command_name() + " --help\" explains the options.",
-          kUsageFailure);
+      throw usage_error(stop.what());
     }
     refuse_files_before_commands();
     refuse_follow_for_commands();
@@ -135,6 +143,12 @@ class Program {
 
   std::string command_name() const {
     return chosen() ? "kurv " + chosen()->get_name() : std::string("kurv");
+  }
+
+  UserError usage_error(const std::string& sentence) const {
+    return UserError(
+        on_one_line(sentence) + "; \"" + command_name() + " --help\" explains the options.",
+        kUsageFailure);
   }
 
   void add_files() {

@@ -100,6 +100,16 @@ TEST_F(TableProgram, InfoAdvisesAnotherSheetWhereTheFirstCannotBeDrawn) {
   EXPECT_THAT(run({"info", workbook, "--x", "nowhere"}).err, HasSubstr("--sheet chooses another"));
 }
 
+TEST_F(TableProgram, NamesArgumentsWithoutMeaningInTheirOrder) {
+  const Outcome outcome = run({"info", small(), "-y", "up"});
+  EXPECT_EQ(outcome.status, 2);
+  EXPECT_THAT(outcome.err, HasSubstr("arguments were not expected: -y up; \"kurv info --help\""));
+  EXPECT_THAT(run({"-z", "-w"}).err,
+              HasSubstr("arguments were not expected: -z -w; \"kurv --help\""));
+  EXPECT_THAT(run({"info", small(), "-y"}).err,
+              HasSubstr("argument was not expected: -y; \"kurv info --help\""));
+}
+
 TEST_F(TableProgram, InfoMarksNoEncodingAsChosenThatIsNotTheTexts) {
   const Outcome outcome =
       run({"info", written("l.csv", "x,\xE4\n1,2\n2,3\n"), "--encoding", "utf-8"});
