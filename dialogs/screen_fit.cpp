@@ -40,7 +40,9 @@ QPoint moved_into(const QRect& area, const QRect& window) {
 }
 
 // A filter of the window's events that lives until the window manager has put a frame around the
-// window and left it in its place, which it may change a little later than the frame.
+// window and left it in its place, which it may change a little later than the frame. Until then
+// the window keeps the size that the program last gave it: a window manager that is still opening
+// the window can put an earlier size back.
 class FrameWatch final : public QObject {
  public:
   explicit FrameWatch(QWidget& window) : QObject(&window), m_window(window) {
@@ -48,6 +50,8 @@ class FrameWatch final : public QObject {
   }
 
   bool eventFilter(QObject*, QEvent* event) override {
+    // The program's own resize; one by the window manager may still answer an earlier request.
+    if (event->type() == QEvent::Resize && !event->spontaneous()) m_wanted = m_window.size();
     const bool is_shown = event->type() == QEvent::Show;
     const bool may_bring_frame = is_shown || event->type() == QEvent::Move ||
                                  event->type() == QEvent::Resize ||
@@ -63,7 +67,7 @@ class FrameWatch final : public QObject {
  private:
   static constexpr int kSettlingTime = 500;  // ms
 
-  void fit() { resize_on_screen(m_window, m_window.size()); }
+  void fit() { resize_on_screen(m_window, m_wanted.isValid() ? m_wanted : m_window.size()); }
 
   // Queued, because the window is still handling the event.
   void fit_soon() {
@@ -74,6 +78,7 @@ class FrameWatch final : public QObject {
   }
 
   QWidget& m_window;
+  QSize m_wanted;
   bool m_has_frame = false;
 };
 

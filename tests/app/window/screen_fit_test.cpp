@@ -1,4 +1,6 @@
 // Windows on a screen that is too small for their usual sizes.
+#include <KurvGraph/screen_fit.h>
+
 #include <QDialogButtonBox>
 #include <QFontDialog>
 #include <QInputDialog>
@@ -110,6 +112,19 @@ class ScreenFit : public Windows {
     }
   }
 };
+
+// A window manager that is still opening a window may answer to the size before the last one.
+TEST_F(ScreenFit, AnEarlierSizeThatComesLateIsNotKept) {
+  QWidget window;
+  fit_to_screen(window);
+  window.resize(300, 180);
+  window.show();
+  window.resize(200, 150);
+  ASSERT_TRUE(QTest::qWaitFor([&] { return has_frame(window); }, 5000));
+  window.windowHandle()->resize(300, 180);
+  ASSERT_TRUE(QTest::qWaitFor([&] { return window.width() == 300; }, 2000));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return window.size() == QSize(200, 150); }, 2000));
+}
 
 TEST_F(ScreenFit, AnEmptyWindowIsNotLargerThanTheScreen) {
   expect_to_fill_screen(*window());
