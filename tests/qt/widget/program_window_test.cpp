@@ -1,6 +1,7 @@
 // Programs with windows, as their users see them.
 #include <gmock/gmock.h>
 
+#include <QDir>
 #include <QGuiApplication>
 #include <QImage>
 #include <QPixmap>
@@ -28,10 +29,18 @@ WId visible_window(const QString& text, const QString& what) {
   return found.split('\n').first().toULongLong();
 }
 
+// A picture of the whole screen, for whoever reads a failure.
+std::string screen_saved() {
+  const QString path =
+      QDir::tempPath() + QString("/kurv_screen_%1.png").arg(QCoreApplication::applicationPid());
+  QGuiApplication::primaryScreen()->grabWindow(0).save(path);
+  return "what the screen shows is in " + path.toStdString();
+}
+
 WId wait_for_window(const QString& text, const QString& what = "--name") {
   WId id = 0;
   EXPECT_TRUE(QTest::qWaitFor([&] { return (id = visible_window(text, what)) != 0; }, 20000))
-      << text.toStdString();
+      << text.toStdString() << ": " << screen_saved();
   return id;
 }
 
@@ -93,6 +102,17 @@ void type(const QString& text) {
   QTest::qWait(300);
 }
 
+// The first Return may go to the list of names that the dialog offers.
+void answer_file_dialog(WId dialog, const QString& path) {
+  type(path);
+  const auto is_closed = [dialog] {
+    const QByteArray shown = output_of("xdotool", {"search", "--onlyvisible", "--name", ""});
+    return !shown.split('\n').contains(QByteArray::number(dialog));
+  };
+  keys({"Return"});
+  if (!QTest::qWaitFor(is_closed, 2000)) keys({"Return"});
+}
+
 // Also where it has ended already.
 bool has_ended(const QProcess& process) {
   return QTest::qWaitFor([&] { return process.state() == QProcess::NotRunning; }, 10000);
@@ -141,7 +161,7 @@ TEST(ProgramWindow, ShowsThePixelsThatRenderWrites) {
   const Ended ended(kurv);
   kurv.start(KURV_PROGRAM, QStringList{example("co2.csv")} + choice);
   const WId window = wait_for_window(title("co2.csv"));
-  EXPECT_TRUE(QTest::qWaitFor([&] { return shows(window, expected); }, 10000));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return shows(window, expected); }, 10000)) << screen_saved();
 }
 
 TEST(ProgramWindow, AFileThatCannotBeReadIsSaidAndTheOtherOpens) {
@@ -169,9 +189,9 @@ TEST(ProgramWindow, WithoutAFileItBeginsEmptyAndImportsATable) {
   const WId window = wait_for_window("kurv");
   activate(window);
   keys({"ctrl+o"});
-  activate(wait_for_window("Open"));
-  type(table);
-  keys({"Return"});
+  const WId dialog = wait_for_window("Open");
+  activate(dialog);
+  answer_file_dialog(dialog, table);
   activate(wait_for_window("Import a.csv"));
   keys({"Return"});
   EXPECT_EQ(wait_for_window(title("a.csv")), window);
@@ -189,12 +209,9 @@ TEST(ProgramWindow, SavesByKeysAndIsFoundSavedAfterwards) {
   const WId before = wait_for_window(title("co2.csv"));
   activate(before);
   keys({"ctrl+s"});
-  // The dialog has no title of its own.
-  EXPECT_TRUE(QTest::qWaitFor(
-      [before] { return output_of("xdotool", {"getactivewindow"}).toULongLong() != before; },
-      10000));
-  type(folder.filePath("kept"));
-  keys({"Return"});
+  const WId dialog = wait_for_window("Save As");
+  activate(dialog);
+  answer_file_dialog(dialog, folder.filePath("kept"));
   const WId window = wait_for_window(title("kept.gdf"));
   EXPECT_TRUE(QFile::exists(folder.filePath("kept.gdf")));
   close_window(window);
