@@ -167,7 +167,8 @@ constexpr std::array kMembers = {
     method<&Control::ChartOptions, kChartOptions>(
         "ChartOptions", 0x600300FD,
         "Runs one command by its word, in small letters: `refresh`, `print`, `copy`, `save`, "
-        "`saveas`, `open`, `setup`, `titles`, `curves` or `table`. Other words do nothing."),
+        "`saveas`, `open`, `setup`, `titles`, `curves`, `table`, `undo` or `redo`. Other words do "
+        "nothing."),
     method<&Control::Restore_Grf, kNone>(
         "Restore_Grf", 0x60030105,
         "Default marker size and margins, limits from the data, and a redraw."),

@@ -2,11 +2,13 @@
 
 #include "control/control_state.h"
 #include "control/redraw.h"
+#include "control/undo.h"
 #include "model/axis_range.h"
 
 namespace kurv::basKurvGraph01 {
 
 void Restore_Grf(ControlState& state) {
+  const StepRecorder step(state, {"Restore Limits and Margins"});
   GraphDocument& document = state.document;
   set_marker_size(document, kDefaultMarkerSize);
   document.Top_margine = kDefaultTopMargine;
@@ -18,12 +20,14 @@ void Restore_Grf(ControlState& state) {
 }
 
 void set_XLimitsExact(ControlState& state, Boolean exact) {
+  const StepRecorder step(state, {"Change X Limits"});
   state.document.XLimitsExact = exact;
   compute_axis_range(state.document, *state.services.numeric);
   build_the_graph(state);
 }
 
 void set_YLimitsExact(ControlState& state, Boolean exact) {
+  const StepRecorder step(state, {"Change Y Limits"});
   state.document.YLimitsExact = exact;
   compute_axis_range(state.document, *state.services.numeric);
   build_the_graph(state);

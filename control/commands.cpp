@@ -8,6 +8,7 @@
 #include "control/picture_export.h"
 #include "control/property_pages.h"
 #include "control/redraw.h"
+#include "control/undo.h"
 #include "render/legend_titles.h"
 
 namespace kurv {
@@ -15,10 +16,19 @@ namespace kurv {
 namespace {
 
 void refresh(ControlState& state) {
+  const StepRecorder step(state, {"Reset Positions"});
   SizeTitleHandles(state.document, state.layout, state.surface);
   place_titles(state.document, state.layout);
   place_legend(state.document, state.layout);
   build_the_graph(state);
+}
+
+void undo_step(ControlState& state) {
+  undo(state);
+}
+
+void redo_step(ControlState& state) {
+  redo(state);
 }
 
 template <Window window, Integer page>
@@ -43,6 +53,8 @@ constexpr Command kCommands[] = {
     {"titles", show_window<Window::kProperties, kTitlesPage>},
     {"curves", show_window<Window::kCurves, 0>},
     {"table", show_window<Window::kTable, 0>},
+    {"undo", undo_step},
+    {"redo", redo_step},
 };
 
 }  // namespace

@@ -15,6 +15,7 @@
 #include "control/mouse.h"
 #include "control/prompted_settings.h"
 #include "control/redraw.h"
+#include "control/undo.h"
 #include "io/comma_changes.h"
 #include "model/data_set.h"
 
@@ -23,6 +24,10 @@ namespace kurv {
 namespace {
 
 constexpr const char* kNotSaved = "The graph could not be saved.";
+
+std::optional<String> name_of(const Step* step) {
+  return step ? std::optional(step->name) : std::nullopt;
+}
 
 }  // namespace
 
@@ -159,6 +164,36 @@ void Control::drag(Item item, SurfacePoint grab, SurfacePoint drop, std::optiona
 }
 void Control::add_listener(EventListener listener) {
   m_state->listeners.push_back(std::move(listener));
+}
+
+bool Control::undo_enabled() const {
+  return m_state->history.is_on();
+}
+void Control::set_undo_enabled(bool on) {
+  kurv::set_undo_enabled(*m_state, on);
+}
+bool Control::undo() {
+  return kurv::undo(*m_state);
+}
+bool Control::redo() {
+  return kurv::redo(*m_state);
+}
+std::optional<String> Control::undo_text() const {
+  return name_of(m_state->history.last_done());
+}
+std::optional<String> Control::redo_text() const {
+  return name_of(m_state->history.first_undone());
+}
+void Control::clear_undo() {
+  m_state->history.clear();
+  m_state->history.notify();
+}
+void Control::make_step(const String& name, const std::function<void()>& work) {
+  const StepRecorder step(*m_state, {name});
+  work();
+}
+void Control::add_undo_listener(std::function<void()> listener) {
+  m_state->history.add_listener(std::move(listener));
 }
 
 String Control::FileName() const {

@@ -13,6 +13,7 @@
 #include <KurvGraph/shell.h>
 
 #include "control/growing_data.h"
+#include "control/history.h"
 #include "control/lazy_evaluator.h"
 #include "control/mouse_state.h"
 #include "io/text_file.h"
@@ -55,6 +56,7 @@ struct ControlState {
   ChosenFormat x_format{};
   ChosenFormat y_format{};
   unsigned cell_edits = 0;  // since the last intake
+  History history{};
   bool is_terminated = false;
   std::vector<EventListener> listeners = {};
   std::unique_ptr<PicturePrinter> printer = {};  // made at the first print

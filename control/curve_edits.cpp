@@ -9,6 +9,7 @@
 #include "control/control_state.h"
 #include "control/growing_data.h"
 #include "control/redraw.h"
+#include "control/undo.h"
 #include "model/axis_range.h"
 #include "model/data_set.h"
 
@@ -65,8 +66,9 @@ void compute_range(ControlState& state) {
   basKurvGraph01::compute_axis_range(state.document, *state.services.numeric);
 }
 
-void set_visible(ControlState& state, Boolean& flag, bool visible) {
+void set_visible(ControlState& state, Boolean& flag, bool visible, const char* name) {
   if (static_cast<bool>(flag) == visible) return;
+  const StepRecorder step(state, {name});
   flag = visible;
   if (state.document.Autoscale) compute_range(state);
   build_the_graph(state);
@@ -111,6 +113,7 @@ void choose_x(ControlState& state, const String& name) {
   GraphDocument& document = state.document;
   const int column = column_to_choose(document, name);
   if (column <= 1) return;
+  const StepRecorder step(state, {"Choose X"});
   document.xyArr = document.xyArrUnsorted;
   exchange_with_x(document, column);
   exchange_sources_with_x(state, column);
@@ -122,14 +125,17 @@ void choose_x(ControlState& state, const String& name) {
 }
 
 void set_curve_visible(ControlState& state, int curve, bool visible) {
-  set_visible(state, state.document.y_visible(curve), visible);
+  set_visible(state, state.document.y_visible(curve), visible,
+              visible ? "Show Curve" : "Hide Curve");
 }
 
 void set_function_visible(ControlState& state, int slot, bool visible) {
-  set_visible(state, state.document.y_func(slot).visible, visible);
+  set_visible(state, state.document.y_func(slot).visible, visible,
+              visible ? "Show Function" : "Hide Function");
 }
 
 void set_all_curves_visible(ControlState& state, bool visible) {
+  const StepRecorder step(state, {visible ? "Show All Curves" : "Hide All Curves"});
   GraphDocument& document = state.document;
   for (int k = 1; k <= document.NumY; ++k) document.y_visible(k) = visible;
   build_the_graph(state);
@@ -141,6 +147,7 @@ void rename_curve(ControlState& state, int curve) {
   if (trim_blanks(answer).empty()) return;
   // The host may have loaded another graph while the prompt was open.
   if (curve_name(state.document, curve) != name) return;
+  const StepRecorder step(state, {"Rename Curve"});
   state.document.yVarName(curve + 1) = answer;
   build_the_graph(state);
 }

@@ -7,6 +7,7 @@
 #include "control/control_state.h"
 #include "control/growing_data.h"
 #include "control/redraw.h"
+#include "control/undo.h"
 #include "model/axis_range.h"
 #include "model/data_set.h"
 
@@ -121,6 +122,7 @@ void finish_combined(ControlState& state, const List<Boolean>& visible) {
 void scatter_graph(ControlState& state, const IntakeSettings& settings, const Matrix<Double>& yarr,
                    const List<Double>& xarr, const String& x_name, const List<String>& y_names,
                    const List<String>& functions) {
+  const NewHistory history(state.history);
   store_settings(state.document, settings, functions);
   store_separate(state, kUpperColumn, yarr, xarr, x_name, y_names);
   validate_and_draw(state);
@@ -129,6 +131,7 @@ void scatter_graph(ControlState& state, const IntakeSettings& settings, const Ma
 void scatter_graph2(ControlState& state, const IntakeSettings& settings,
                     const Matrix<Double>& xyarr, const List<String>& names,
                     const List<Boolean>& visible, const List<String>& functions) {
+  const NewHistory history(state.history);
   begin_combined(state.document, settings, names, functions);
   copy_columns(state.document, xyarr, 1, state.document.NumY + 1, 1);
   finish_combined(state, visible);
@@ -137,6 +140,7 @@ void scatter_graph2(ControlState& state, const IntakeSettings& settings,
 void load_data(ControlState& state, const IntakeSettings& settings, Matrix<Double> xyarr,
                const List<String>& names, const List<Boolean>& visible,
                const List<String>& functions) {
+  const NewHistory history(state.history);
   begin_combined(state.document, settings, names, functions);
   share_columns(state.document, xyarr, state.document.NumY + 1);
   xyarr = {};  // from here on the document alone has them
@@ -151,6 +155,7 @@ bool has_repaired_data(const GraphDocument& document) {
 // GraphValid is set before anything can throw, so that a fault is reported once, like that of any
 // redraw.
 void show_repaired_data(ControlState& state) {
+  const StepRecorder step(state, {.name = "Edit Cells", .is_part_of_last = true});
   state.document.GraphValid = true;
   compute_limits(state);
   draw_first_time(state);

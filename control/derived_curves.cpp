@@ -3,6 +3,7 @@
 #include "control/control_state.h"
 #include "control/growing_data.h"
 #include "control/redraw.h"
+#include "control/undo.h"
 #include "model/axis_range.h"
 #include "model/data_set.h"
 #include "model/vzeroupper.h"
@@ -21,6 +22,7 @@ void set_variables(const GraphDocument& document, int curves, int i, ExprEvaluat
 }  // namespace
 
 void append_derived_curve(ControlState& state, const String& name, const String& expression) {
+  const StepRecorder step(state, {"Add Derived Curve"});
   GraphDocument& document = state.document;
   add_derivation(state, expression);
   const int curves = document.NumY;

@@ -8,6 +8,7 @@
 
 #include "control/control_state.h"
 #include "control/redraw.h"
+#include "control/undo.h"
 
 namespace kurv {
 
@@ -89,6 +90,7 @@ std::optional<String> add_function(ControlState& state, const String& expression
   if (is_full(document)) return kTooMany;
   const std::optional<String> refusal = check_function(expression);
   if (refusal) return refusal;
+  const StepRecorder step(state, {"Add Function"});
   ++document.NumYFunc;
   set_function(document.y_func(document.NumYFunc), expression);
   build_the_graph(state);
@@ -112,6 +114,7 @@ void edit_function(ControlState& state, const String& selected) {
     state.shell.message_box(*refusal, kExclamation, kMessageTitle);
     return;
   }
+  const StepRecorder step(state, {"Edit Function"});
   set_function(*slot, answer);
   build_the_graph(state);
 }

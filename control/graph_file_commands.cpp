@@ -21,6 +21,7 @@ void mark_saved(ControlState& state, const String& path) {
   document.FileName = path;
   document.SavedTitle = document.Title;
   document.GraphSaved = true;
+  state.history.note_saved(state);
   state.container.filed();
 }
 

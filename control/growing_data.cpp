@@ -94,6 +94,7 @@ void store_points(ControlState& state, int kept, const Matrix<Double>& added) {
 }
 
 void draw(ControlState& state) {
+  state.history.notify();
   GraphDocument& document = state.document;
   if (has_repaired_data(document)) return show_repaired_data(state);
   // Limits that no picture has are worse than those of the points before.
@@ -139,6 +140,7 @@ void exchange_sources_with_x(ControlState& state, int column) {
 void append_points(ControlState& state, const Matrix<Double>& points) {
   check_columns(state, points);
   if (points.upper_point() < 1) return;
+  state.history.forget_data();
   const int first = std::max(1, points.upper_point() - kMaxPoints + 1);
   const Matrix<Double> added = with_derived(state, points, first);
   store_points(state, std::min<int>(state.document.NumData, kMaxPoints - added.upper_point()),
@@ -148,6 +150,7 @@ void append_points(ControlState& state, const Matrix<Double>& points) {
 
 void replace_points(ControlState& state, const Matrix<Double>& points, const List<String>& names) {
   check_columns(state, points);
+  state.history.forget_data();
   const int first = std::max(1, points.upper_point() - kMaxPoints + 1);
   store_points(state, 0, with_derived(state, points, first));
   ColumnSources& columns = state.columns;
@@ -158,7 +161,10 @@ void replace_points(ControlState& state, const Matrix<Double>& points, const Lis
     if (name == columns.host_names[static_cast<std::size_t>(number) - 1]) name = names(number);
   }
   for (int n = 1; n <= columns.host_columns; ++n) {
-    columns.host_names[static_cast<std::size_t>(n) - 1] = names(n);
+    String& known = columns.host_names[static_cast<std::size_t>(n) - 1];
+    // A step that has changed a name would bring back the others of before.
+    if (known != names(n)) state.history.clear();
+    known = names(n);
   }
   draw(state);
 }

@@ -21,6 +21,8 @@ struct ColumnSources {
     int number;
     String expression;
     std::vector<std::pair<String, int>> variables;
+
+    friend bool operator==(const Derivation&, const Derivation&) = default;
   };
 
   // Columns of the host, x among them; they have the numbers 1 to this one, and derived curves
@@ -31,6 +33,8 @@ struct ColumnSources {
   // Element c - 1 is the number of column c of the document.
   std::vector<int> numbers;
   std::vector<Derivation> derivations;
+
+  friend bool operator==(const ColumnSources&, const ColumnSources&) = default;
 };
 
 // The label format of an axis before the control chose one that suits the data, and after. A format

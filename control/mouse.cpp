@@ -8,6 +8,7 @@
 #include "control/events.h"
 #include "control/property_pages.h"
 #include "control/redraw.h"
+#include "control/undo.h"
 
 namespace kurv {
 
@@ -191,7 +192,20 @@ void drag(ControlState& state, Item item, SurfacePoint grab, SurfacePoint at,
   drop(state, item, at);
 }
 
+const char* drop_name(Item item) {
+  switch (item) {
+    case Item::kTitle:
+      return "Move Title";
+    case Item::kSubTitle:
+      return "Move Subtitle";
+    case Item::kLegend:
+      break;
+  }
+  return "Move Legend";
+}
+
 void drop(ControlState& state, Item item, SurfacePoint at) {
+  const StepRecorder step(state, {drop_name(item)});
   state.mouse.owner(MouseButton::kAny) = PressOwner::kNobody;
   const Single left = kept_in_16_bits(moved(at.x, -state.mouse.press_x));
   const Single top = kept_in_16_bits(moved(at.y, -state.mouse.press_y));

@@ -87,6 +87,8 @@ void double_click(ControlState& state, SurfacePoint at);
 // the item `on`. Does nothing for an item that is not shown.
 void drag(ControlState& state, Item item, SurfacePoint grab, SurfacePoint at,
           std::optional<Item> on = {});
+// What moving the item is called.
+const char* drop_name(Item item);
 // Moves the item so that the point at which it was grabbed is at `at`, and redraws. Throws
 // kOverflow, and moves nothing, for a position that no Single holds.
 void drop(ControlState& state, Item item, SurfacePoint at);

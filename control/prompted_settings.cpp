@@ -9,6 +9,7 @@
 
 #include "control/control_state.h"
 #include "control/redraw.h"
+#include "control/undo.h"
 
 namespace kurv {
 
@@ -37,6 +38,7 @@ void prompt_marker_size(ControlState& state) {
     return;
   }
   if (answer == proposal) return;
+  const StepRecorder step(state, {"Change Marker Size"});
   set_marker_size(state.document, *size);
   build_the_graph(state);
 }
@@ -87,6 +89,7 @@ void prompt_margin(ControlState& state, Margin margin) {
   if (answer.empty()) return;
   const std::optional<Integer> twips = whole_number(state, answer);
   if (!twips) return refuse_margin(state);
+  const StepRecorder step(state, {step_name(margin)});
   if (set_margin(state, margin, *twips)) build_the_graph(state);
 }
 
@@ -94,6 +97,7 @@ void prompt_x_title(ControlState& state) {
   const String proposal = state.document.yVarName(1);
   const String answer = state.shell.input_prompt("Enter x axis title.", "KURV", proposal);
   if (answer.empty()) return;
+  const StepRecorder step(state, {"Change X Axis Title"});
   state.document.yVarName(1) = answer;
   build_the_graph(state);
 }
@@ -119,10 +123,11 @@ void store_subtitle_font(GraphDocument& document, const Font& font) {
   document.SubTitleFontItalic = font.FontItalic;
 }
 
-void prompt_font(ControlState& state, const Font& preset,
+void prompt_font(ControlState& state, const Font& preset, const char* name,
                  void (*store)(GraphDocument&, const Font&)) {
   const std::optional<Font> font = state.shell.choose_font(preset);
   if (!font) return;
+  const StepRecorder step(state, {name});
   store(state.document, *font);
   build_the_graph(state);
 }
@@ -144,12 +149,27 @@ void prompt(ControlState& state, PromptedSetting setting) {
     case PromptedSetting::kXAxisTitle:
       return prompt_x_title(state);
     case PromptedSetting::kAxisFont:
-      return prompt_font(state, axis_font(state.document), store_axis_font);
+      return prompt_font(state, axis_font(state.document), "Change Axis Font", store_axis_font);
     case PromptedSetting::kTitleFont:
-      return prompt_font(state, title_font(state.document), store_title_font);
+      return prompt_font(state, title_font(state.document), "Change Title Font", store_title_font);
     case PromptedSetting::kSubtitleFont:
-      return prompt_font(state, subtitle_font(state.document), store_subtitle_font);
+      return prompt_font(state, subtitle_font(state.document), "Change Subtitle Font",
+                         store_subtitle_font);
   }
+}
+
+const char* step_name(Margin margin) {
+  switch (margin) {
+    case Margin::kLeft:
+      return "Change Left Margin";
+    case Margin::kRight:
+      return "Change Right Margin";
+    case Margin::kTop:
+      return "Change Top Margin";
+    case Margin::kBottom:
+      break;
+  }
+  return "Change Bottom Margin";
 }
 
 bool accepts_margin(const ControlState& state, Margin margin, Integer twips) {

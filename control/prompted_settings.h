@@ -14,6 +14,9 @@ void prompt(ControlState& state, PromptedSetting setting);
 
 enum class Margin { kLeft, kRight, kTop, kBottom };
 
+// What a change of it is called in the history.
+const char* step_name(Margin margin);
+
 // Whether a margin of this many twips leaves some space for the plot.
 bool accepts_margin(const ControlState& state, Margin margin, Integer twips);
 

@@ -6,6 +6,7 @@
 
 #include "control/control_state.h"
 #include "control/redraw.h"
+#include "control/undo.h"
 #include "model/axis_range.h"
 #include "model/data_set.h"
 
@@ -41,10 +42,11 @@ std::optional<String> apply_table_edits(ControlState& state, std::vector<CellEdi
   GraphDocument& document = state.document;
   Matrix<Double>& data = document.xyArrUnsorted;
   std::erase_if(edits, [&](const CellEdit& edit) {
-    return is_same(data(edit.column, edit.point), edit.value);
+    return is_same(std::as_const(data)(edit.column, edit.point), edit.value);
   });
   if (edits.empty()) return std::nullopt;
 
+  const StepRecorder step(state, {"Edit Cells"});
   // After the exchange an edit holds the old value, so a second exchange undoes it.
   const auto exchange = [&](CellEdit& edit) {
     std::swap(data(edit.column, edit.point), edit.value);

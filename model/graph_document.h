@@ -24,6 +24,8 @@ struct FunctionCurve {
   String label;  // intake sets it to the expression
   Integer colour = 0;
   Boolean visible;
+
+  friend bool operator==(const FunctionCurve&, const FunctionCurve&) = default;
 };
 
 struct GraphDocument {

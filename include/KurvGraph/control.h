@@ -17,6 +17,7 @@
 /// shows.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string_view>
@@ -51,6 +52,9 @@ enum class PromptedSetting {
   kSubtitleFont = 7,  ///< the font of the subtitle
   kXAxisTitle = 8,    ///< the title of the x axis
 };
+
+/// How many changes can be undone; the oldest are forgotten.
+inline constexpr int kMaxUndoSteps = 100;
 
 /// One graph, with everything that a host can do with it.
 ///
@@ -145,9 +149,9 @@ class KURV_EXPORT Control {
   /// the graph or its picture; "open" asks for a graph file, loads it and redraws once more, so
   /// that the graph counts as not saved; "print" sends the picture to the control's printer and
   /// throws kCannotCreateObject where there is none; "copy" copies it to the clipboard; "setup" and
-  /// "titles" show the properties, "curves" the curves and functions, "table" the numbers. Other
-  /// words do nothing, "help" among them. The pointer is an hourglass meanwhile, and stays one when
-  /// a command throws.
+  /// "titles" show the properties, "curves" the curves and functions, "table" the numbers; "undo"
+  /// and "redo" are the members of these names. Other words do nothing, "help" among them. The
+  /// pointer is an hourglass meanwhile, and stays one when a command throws.
   void ChartOptions(std::string_view command);
   /// Restores the default marker size and margins and the limits from the data, and redraws.
   void Restore_Grf();
@@ -288,6 +292,37 @@ class KURV_EXPORT Control {
   /// the size of the control's own. Works on copies: nothing of the control changes, GraphSaved
   /// included, and no event is raised. Throws what a redraw throws.
   void draw_on(PlotSurface& surface) const;
+
+  /// @}
+  /// @name Undo
+  /// @{
+
+  /// Whether changes can be undone.
+  bool undo_enabled() const;
+  /// Off until a host turns it on, and then the last kMaxUndoSteps changes by the user are kept,
+  /// each as a step with a name such as "Rename Curve": drags, prompts, the windows, and the
+  /// members drag(), add_function(), derive(), Restore_Grf() and the command "refresh". What a host
+  /// sets is no step of its own; it stays when a step is undone, unless the step has changed the
+  /// same. Loading data or a graph file forgets all steps; append_points() and replace_points()
+  /// forget those that have changed data, with the steps before them. Turned off, it forgets all.
+  void set_undo_enabled(bool on);
+  /// Takes back the last step and redraws. Where that leads to the graph as it was last saved,
+  /// GraphSaved() is True again. Returns false where there is no such step, and during another.
+  /// Throws what a redraw throws; the step is undone all the same.
+  bool undo();
+  /// Does again what was taken back last, as undo() does.
+  bool redo();
+  /// The name of the step that undo() would take back; nothing where there is none.
+  std::optional<String> undo_text() const;
+  /// The name of the step that redo() would do again; nothing where there is none.
+  std::optional<String> redo_text() const;
+  /// Forgets all steps.
+  void clear_undo();
+  /// Runs a change of the host's own as one step of this name. Does the same without undo, too.
+  void make_step(const String& name, const std::function<void()>& work);
+  /// The listener is called whenever a step has been added, undone, done again or forgotten. It
+  /// stays as long as the control does, and must not throw.
+  void add_undo_listener(std::function<void()> listener);
 
   /// @}
   /// @name The graph's file
