@@ -9,6 +9,7 @@
 #include <QScreen>
 #include <QVBoxLayout>
 
+#include "control/control_state.h"
 #include "control/property_pages.h"
 #include "dialogs/propert_pages.h"
 
@@ -67,7 +68,7 @@ frmPropert::frmPropert(QWidget* parent) : GraphWindow(parent), m_tabs(new QTabWi
 
   connect(restore, &QPushButton::clicked, this, &frmPropert::restore);
   connect(apply, &QPushButton::clicked, this,
-          [this] { edit([](Control& control) { control.build_the_graph(); }); });
+          [this] { handle([](Control& control) { control.build_the_graph(); }); });
   connect(close, &QPushButton::clicked, this, &frmPropert::reject);
   // On a narrow screen the buttons need two rows.
   if (minimumSizeHint().width() > screen()->availableSize().width() - kWidestFrame) {
@@ -87,9 +88,13 @@ void frmPropert::add_page(const char* caption, void (*build)(PropertPage&)) {
 
 // Text that is being typed must not be applied over the limits and margins that are restored.
 void frmPropert::restore() {
-  if (!edit([](Control& control) { control.Restore_Grf(); })) return;
+  if (!handle([](Control& control) { control.Restore_Grf(); })) return;
   for (QLineEdit* box : findChildren<QLineEdit*>()) box->setModified(false);
   refill();
+}
+
+void frmPropert::end_merging() {
+  if (client()) client()->control().state().history.end_merging();
 }
 
 void frmPropert::fill() {

@@ -22,8 +22,11 @@ class frmPropert final : public GraphWindow {
  public:
   explicit frmPropert(QWidget* parent);
 
-  // handle() for the pages.
-  bool edit(const std::function<void(Control&)>& work) { return handle(work); }
+  // For the pages.
+  using GraphWindow::edit;
+  using GraphWindow::handle;
+  // What is typed into a field from here on is a step of its own.
+  void end_merging();
 
   // First applies a margin that has been typed but not entered.
   void done(int result) override;

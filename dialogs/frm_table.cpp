@@ -124,6 +124,7 @@ QMenuBar* frmTable::new_menu_bar() {
   file->actions().constFirst()->setObjectName(QStringLiteral("mnuFileItem_0"));
 
   QMenu* const menu = bar->addMenu(tr("&Edit"));
+  add_undo(*menu);
   const auto add = [&](int index, const QString& caption, QKeySequence::StandardKey key) {
     QAction* const item =
         menu->addAction(caption, this, [this, index] { mnuEditItem_Click(index); });
@@ -203,6 +204,7 @@ void frmTable::fill() {
   if (was_empty || m_model.columnCount() != columns) fit_columns();
   if (!m_grid->currentIndex().isValid()) m_grid->setCurrentIndex(m_model.index(0, 0));
   show_status();
+  update_undo();
   resize_table_form();
 }
 
@@ -253,8 +255,8 @@ void frmTable::edit(int index) {
   if (index == kCopy || index == kCut) copy(block);
   if (index == kPaste) paste(block);
   if (index != kCut && index != kDelete) return;
-  const std::optional<TableModel::Outcome> outcome =
-      commit([&](const SetCell& set) { clear_block(block, set); });
+  const std::optional<TableModel::Outcome> outcome = commit(
+      index == kCut ? "Cut" : "Delete", [&](const SetCell& set) { clear_block(block, set); });
   if (outcome && outcome->refusal) show_messages({{*outcome->refusal, kCriticalStop}});
 }
 
@@ -274,7 +276,7 @@ void frmTable::paste(const CellBlock& block) {
   if (!offered || !offered->hasText()) return;
   const String text = offered->text().toStdString();
   bool left_out = false;
-  const std::optional<TableModel::Outcome> outcome = commit([&](const SetCell& set) {
+  const std::optional<TableModel::Outcome> outcome = commit("Paste", [&](const SetCell& set) {
     left_out = paste_text(text, block.first_row, block.first_column, m_model.rowCount(),
                           m_model.columnCount(), set);
   });
@@ -295,7 +297,7 @@ void frmTable::paste(const CellBlock& block) {
 void frmTable::commit_typed(int row, int column, const QString& text) {
   const String typed = text.trimmed().toStdString();
   const std::optional<TableModel::Outcome> outcome =
-      commit([&](const SetCell& set) { set(row, column, typed); });
+      commit("Edit Cell", [&](const SetCell& set) { set(row, column, typed); });
   if (!outcome || !outcome->refusal) return;
   QMetaObject::invokeMethod(
       this,
@@ -322,9 +324,9 @@ CellBlock frmTable::selected_block() const {
   return block;
 }
 
-std::optional<TableModel::Outcome> frmTable::commit(const SetCells& set_cells) {
+std::optional<TableModel::Outcome> frmTable::commit(const char* step, const SetCells& set_cells) {
   std::optional<TableModel::Outcome> outcome;
-  const bool is_still_open = handle([&](Control& control) {
+  const bool is_still_open = GraphWindow::edit({step}, [&](Control& control) {
     // Where the data have been replaced since the last fill, nothing is written: the user has
     // selected cells of the old data. The outcome is set before a redraw can throw: the client
     // reports the fault, and the caller shows the messages.

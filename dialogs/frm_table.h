@@ -7,7 +7,9 @@
 #include "dialogs/graph_window.h"
 #include "dialogs/table_model.h"
 
+class QAction;
 class QLabel;
+class QMenu;
 class QMenuBar;
 
 namespace kurv {
@@ -52,11 +54,20 @@ class frmTable final : public GraphWindow {
   CellBlock selected_block() const;
   // Nothing where it was not done or the window may be gone; then the caller must not use any
   // member.
-  std::optional<TableModel::Outcome> commit(const SetCells& set_cells);
+  std::optional<TableModel::Outcome> commit(const char* step, const SetCells& set_cells);
   void show_messages(const std::vector<Message>& messages);
+
+  // -- In frm_table_undo.cpp --------------------------------------------------------------------
+  void add_undo(QMenu& menu);
+  void update_undo();
+  void undo_in_table();
+  void redo_in_table();
 
   TableModel m_model{*this};
   QTableView* m_grid;
+  QAction* m_undo = nullptr;
+  QAction* m_redo = nullptr;
+  QAction* m_undo_separator = nullptr;
   QLabel* m_status;
 };
 

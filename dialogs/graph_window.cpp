@@ -2,11 +2,24 @@
 
 #include <KurvGraph/screen_fit.h>
 
+#include <QKeyEvent>
 #include <QPointer>
 #include <QScopedValueRollback>
 #include <utility>
 
+#include "control/control_state.h"
+#include "control/undo.h"
+
 namespace kurv {
+
+namespace {
+
+bool is_redo(const QKeyEvent& event) {
+  return event.matches(QKeySequence::Redo) ||
+         (event.key() == Qt::Key_Y && event.modifiers() == Qt::ControlModifier);
+}
+
+}  // namespace
 
 GraphWindow::GraphWindow(QWidget* parent) : QDialog(parent) {
   fit_to_screen(*this);
@@ -34,6 +47,32 @@ void GraphWindow::refill() {
 }
 
 void GraphWindow::show_page(Integer) {}
+
+void GraphWindow::keyPressEvent(QKeyEvent* event) {
+  const bool can_undo = m_client && m_client->control().undo_enabled();
+  if (can_undo && event->matches(QKeySequence::Undo)) {
+    undo();
+  } else if (can_undo && is_redo(*event)) {
+    redo();
+  } else {
+    QDialog::keyPressEvent(event);
+  }
+}
+
+void GraphWindow::undo() {
+  if (handle([](Control& control) { control.undo(); })) refill();
+}
+
+void GraphWindow::redo() {
+  if (handle([](Control& control) { control.redo(); })) refill();
+}
+
+bool GraphWindow::edit(const StepLabel& label, const std::function<void(Control&)>& work) {
+  return handle([&](Control& control) {
+    const StepRecorder step(control.state(), label);
+    work(control);
+  });
+}
 
 bool GraphWindow::handle(const std::function<void(Control&)>& work) {
   if (!m_client || m_filling) return false;

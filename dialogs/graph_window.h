@@ -6,6 +6,7 @@
 #include <QDialog>
 #include <functional>
 
+#include "control/history.h"
 #include "dialogs/client.h"
 
 namespace kurv {
@@ -31,11 +32,19 @@ class GraphWindow : public QDialog {
   // Called by init() and refill().
   virtual void fill() = 0;
   virtual void show_page(Integer page);
+  // Ctrl+Z undoes the last change of the graph, Ctrl+Y and Ctrl+Shift+Z do it again, where the host
+  // has turned that on.
+  void keyPressEvent(QKeyEvent* event) override;
 
   // For handlers: runs `work` on the client's graph, unless the window is being filled or has no
   // client. False where it was not run or the client is gone; then the caller must not use any
   // member.
   bool handle(const std::function<void(Control&)>& work);
+  // The same for a change of the graph, as one step.
+  bool edit(const StepLabel& label, const std::function<void(Control&)>& work);
+  // Undoes the last step, or does it again, and fills the window.
+  void undo();
+  void redo();
   bool is_filling() const { return m_filling; }
   // For handlers that refill a part of the window: runs `filling`, which calls no handler.
   void fill_quietly(const std::function<void()>& filling);

@@ -36,17 +36,17 @@ LimitFields::LimitFields(PropertPage& page) : QObject(&page), m_page(page) {
   });
 }
 
-LimitFields::Axis LimitFields::add_axis(const Limit& min, const Limit& max) {
-  const Field low = new_field(min);
-  const Field high = new_field(max);
+LimitFields::Axis LimitFields::add_axis(const char* step, const Limit& min, const Limit& max) {
+  const Field low = new_field(step, min);
+  const Field high = new_field(step, max);
   const Axis axis{low.box, high.box};
   store_when_changed(low, high, axis);
   store_when_changed(high, low, axis);
   return axis;
 }
 
-LimitFields::Field LimitFields::new_field(const Limit& limit) {
-  const Field field{m_page.text_box(limit.name, limit.description), &limit};
+LimitFields::Field LimitFields::new_field(const char* step, const Limit& limit) {
+  const Field field{m_page.text_box(limit.name, limit.description), &limit, step};
   field.box->setToolTip(
       QStringLiteral("Stored while the minimum is below the maximum; drawn by Apply"));
   m_page.on_filling([this, field](Control& control) {
@@ -61,7 +61,7 @@ LimitFields::Field LimitFields::new_field(const Limit& limit) {
 // graph with a range that the user does not want.
 void LimitFields::store_when_changed(const Field& changed, const Field& other, const Axis& axis) {
   connect(changed.box, &QLineEdit::textChanged, this, [this, changed, other, axis] {
-    m_page.edit([&](Control& control) {
+    m_page.edit(typing(changed.limit->name, changed.step), [&](Control& control) {
       const auto limit_in = [&](const QLineEdit& box) {
         return axis_limit(text_of(box), text_of(*axis.min), text_of(*axis.max),
                           control.decimal_separator());

@@ -36,16 +36,17 @@ class LimitFields final : public QObject {
     QLineEdit* min;
     QLineEdit* max;
   };
-  // The limits must outlive the page.
-  Axis add_axis(const Limit& min, const Limit& max);
+  // The limits must outlive the page. `step` is what a change of them is called.
+  Axis add_axis(const char* step, const Limit& min, const Limit& max);
 
  private:
   struct Field {
     QLineEdit* box;
     const Limit* limit;
+    const char* step;
   };
 
-  Field new_field(const Limit& limit);
+  Field new_field(const char* step, const Limit& limit);
   void store_when_changed(const Field& changed, const Field& other, const Axis& axis);
   void show_stored(const Field& field, const Control& control) const;
   void mark(const Field& field, const Control& control);

@@ -18,6 +18,7 @@ namespace {
 struct Axis {
   const char* frame;
   const char* caption;
+  const char* limits_step;
   Limit min;
   Limit max;
 
@@ -30,6 +31,7 @@ struct Axis {
   const char* format_label;
   const char* format_caption;
   const char* format_description;
+  const char* format_step;
   String (Control::*format)() const;
   void (Control::*set_format)(const String&);
 };
@@ -37,6 +39,7 @@ struct Axis {
 constexpr Axis kX{
     .frame = "Frame3",
     .caption = "X axis",
+    .limits_step = "Change X Limits",
     .min = {"txtXAxis_2", "&Minimum:", "Minimum of the x axis", &Control::xmin, &Control::set_xmin},
     .max = {"txtXAxis_1", "Maxim&um:", "Maximum of the x axis", &Control::xmax, &Control::set_xmax},
     .exact_box = "chkXZoom",
@@ -47,6 +50,7 @@ constexpr Axis kX{
     .format_label = "Label12",
     .format_caption = "Number &format:",
     .format_description = "Number format of the x axis",
+    .format_step = "Change X Number Format",
     .format = &Control::AxisLabelFormatX,
     .set_format = &Control::set_AxisLabelFormatX,
 };
@@ -54,6 +58,7 @@ constexpr Axis kX{
 constexpr Axis kY{
     .frame = "Frame4",
     .caption = "Y axis",
+    .limits_step = "Change Y Limits",
     .min = {"txtYAxis_2", "Mi&nimum:", "Minimum of the y axis", &Control::ymin, &Control::set_ymin},
     .max = {"txtYAxis_1", "Max&imum:", "Maximum of the y axis", &Control::ymax, &Control::set_ymax},
     .exact_box = "chkYZoom",
@@ -64,6 +69,7 @@ constexpr Axis kY{
     .format_label = "Label13",
     .format_caption = "Num&ber format:",
     .format_description = "Number format of the y axis",
+    .format_step = "Change Y Number Format",
     .format = &Control::AxisLabelFormatY,
     .set_format = &Control::set_AxisLabelFormatY,
 };
@@ -75,7 +81,7 @@ QStringList formats() {
 
 QCheckBox* exact_box(PropertPage& page, const Axis& axis) {
   QCheckBox* const box = page.check_box(
-      axis.exact_box, axis.exact_caption,
+      axis.exact_box, axis.exact_caption, axis.limits_step,
       [&axis](Control& control) { return control.state().document.*axis.is_exact; },
       [&axis](Control& control, Boolean exact) { axis.set_exact(control.state(), exact); });
   box->setToolTip(QStringLiteral("Otherwise the limits are widened to round numbers"));
@@ -86,12 +92,12 @@ QCheckBox* exact_box(PropertPage& page, const Axis& axis) {
 QGroupBox* axis_frame(PropertPage& page, LimitFields& limits, const Axis& axis) {
   QGroupBox* const frame = page.frame(axis.frame, axis.caption);
   auto* const form = new QFormLayout(frame);
-  const auto [min, max] = limits.add_axis(axis.min, axis.max);
+  const auto [min, max] = limits.add_axis(axis.limits_step, axis.min, axis.max);
   form->addRow(QString::fromUtf8(axis.min.caption), min);
   form->addRow(QString::fromUtf8(axis.max.caption), max);
   form->addRow(exact_box(page, axis));
   QComboBox* const format = page.list_box(
-      axis.format_box, axis.format_description, formats(),
+      axis.format_box, axis.format_description, axis.format_step, formats(),
       [&axis](Control& control) { return QString::fromStdString((control.*axis.format)()); },
       store_and_draw(axis.set_format));
   form->addRow(page.label(axis.format_label, axis.format_caption, format), format);
@@ -108,16 +114,17 @@ void build_axes_page(PropertPage& page) {
 
   auto* const ticks = new QFormLayout;
   static_assert(kMinEnteredTicks == 5 && kMaxEnteredTicks == 100);
-  QLineEdit* const count = page.number_box("txtAxisTicks", "Number of tick intervals, 5 to 100",
-                                           &Control::NumTicks, &Control::set_NumTicks, tick_count);
+  QLineEdit* const count =
+      page.number_box("txtAxisTicks", "Number of tick intervals, 5 to 100", "Change Tick Intervals",
+                      &Control::NumTicks, &Control::set_NumTicks, tick_count);
   ticks->addRow(page.label("Label14", "Tic&k intervals, 5 to 100:", count), count);
   grid->addLayout(ticks, 1, 0);
 
   auto* const lines = new QVBoxLayout;
-  lines->addWidget(page.check_box("chkXGrids", "&Horizontal grid lines", &Control::X_grid,
-                                  store_and_draw(&Control::set_X_grid)));
-  lines->addWidget(page.check_box("chkYGrids", "&Vertical grid lines", &Control::Y_grid,
-                                  store_and_draw(&Control::set_Y_grid)));
+  lines->addWidget(page.check_box("chkXGrids", "&Horizontal grid lines", "Change Horizontal Grid",
+                                  &Control::X_grid, store_and_draw(&Control::set_X_grid)));
+  lines->addWidget(page.check_box("chkYGrids", "&Vertical grid lines", "Change Vertical Grid",
+                                  &Control::Y_grid, store_and_draw(&Control::set_Y_grid)));
   grid->addLayout(lines, 1, 2);
   grid->setColumnStretch(0, 1);
   grid->setColumnStretch(2, 1);

@@ -42,7 +42,8 @@ QLineEdit* margin_box(PropertPage& page, const char* name, const char* descripti
   });
   const auto apply = [&page, box, margin, get] {
     if (!box->isModified()) return;
-    page.edit([=](Control& control) { apply_margin(control, box, margin, get); });
+    page.edit({step_name(margin)},
+              [=](Control& control) { apply_margin(control, box, margin, get); });
   };
   // Queued, so that a message is not opened from the box's own event handler: the window may be
   // destroyed while it is open.
@@ -80,13 +81,13 @@ QGroupBox* margins(PropertPage& page) {
 
 void build_general_page(PropertPage& page) {
   auto* const rows = new QVBoxLayout(&page);
-  QCheckBox* const sort = page.check_box("chkSort", "&Sort the points by x", &Control::SortXY,
-                                         store_and_draw(&Control::set_SortXY));
+  QCheckBox* const sort = page.check_box("chkSort", "&Sort the points by x", "Change Sorting",
+                                         &Control::SortXY, store_and_draw(&Control::set_SortXY));
   rows->addWidget(sort);
-  rows->addWidget(page.check_box("chkConnected", "Co&nnect the points with lines",
+  rows->addWidget(page.check_box("chkConnected", "Co&nnect the points with lines", "Change Lines",
                                  &Control::Connected, store_and_draw(&Control::set_Connected)));
-  QCheckBox* const autoscale =
-      page.check_box("chkAutoScale", "Limits &follow the data", &Control::Autoscale, set_autoscale);
+  QCheckBox* const autoscale = page.check_box("chkAutoScale", "Limits &follow the data",
+                                              "Change Limits", &Control::Autoscale, set_autoscale);
   QObject::connect(autoscale, &QCheckBox::toggled, &page, &PropertPage::refill);
   rows->addWidget(autoscale);
   rows->addWidget(margins(page));

@@ -10,11 +10,11 @@ namespace kurv {
 
 namespace {
 
-QComboBox* width_box(PropertPage& page, const char* name, const char* description,
+QComboBox* width_box(PropertPage& page, const char* name, const char* description, const char* step,
                      Integer (Control::*get)() const, void (Control::*set)(Integer)) {
   static_assert(kMinEnteredLineWidth == 1 && kMaxEnteredLineWidth == 4);
   return page.list_box(
-      name, description,
+      name, description, step,
       {QStringLiteral("1"), QStringLiteral("2"), QStringLiteral("3"), QStringLiteral("4")},
       [get](Control& control) { return shown_number(control, (control.*get)()); },
       [set](Control& control, const String& chosen) {
@@ -32,10 +32,10 @@ static_assert(kMinEnteredMarkerSize == 10 && kMaxEnteredMarkerSize == 200);
 
 QLineEdit* marker_box(PropertPage& page) {
   QLineEdit* const box =
-      page.number_box("txtMarkerSize", "Marker size in twips, 10 to 200", &Control::MarkerSize,
-                      &Control::set_MarkerSize, marker_size);
+      page.number_box("txtMarkerSize", "Marker size in twips, 10 to 200", "Change Marker Size",
+                      &Control::MarkerSize, &Control::set_MarkerSize, marker_size);
   QObject::connect(box, &QLineEdit::returnPressed, &page,
-                   [&page] { page.edit([](Control& control) { control.build_the_graph(); }); });
+                   [&page] { page.handle([](Control& control) { control.build_the_graph(); }); });
   return box;
 }
 
@@ -43,17 +43,18 @@ QLineEdit* marker_box(PropertPage& page) {
 
 void build_lines_page(PropertPage& page) {
   auto* const form = new QFormLayout(&page);
-  QComboBox* const curves = width_box(page, "cmbCurvesWidth", "Width of the curves in pixels",
-                                      &Control::CurvesWidth, &Control::set_CurvesWidth);
+  QComboBox* const curves =
+      width_box(page, "cmbCurvesWidth", "Width of the curves in pixels", "Change Curve Width",
+                &Control::CurvesWidth, &Control::set_CurvesWidth);
   form->addRow(page.label("Label15", "C&urve width in pixels:", curves), curves);
   QComboBox* const border =
       width_box(page, "cmbBorderWidth", "Width of the plot's border in pixels",
-                &Control::BorderWidth, &Control::set_BorderWidth);
+                "Change Border Width", &Control::BorderWidth, &Control::set_BorderWidth);
   form->addRow(page.label("Label16", "&Border width in pixels:", border), border);
 
   QCheckBox* const draw =
-      page.check_box("chkDrawPoints", "&Draw a marker at each point", &Control::DrawMarkers,
-                     store_and_draw(&Control::set_DrawMarkers));
+      page.check_box("chkDrawPoints", "&Draw a marker at each point", "Change Markers",
+                     &Control::DrawMarkers, store_and_draw(&Control::set_DrawMarkers));
   form->addRow(draw);
   QLineEdit* const size = marker_box(page);
   QLabel* const label = page.label("lblMarkerSize", "Marker &size in twips, 10 to 200:", size);

@@ -89,12 +89,20 @@ std::string text_of(const QLineEdit& box) {
   return box.text().toStdString();
 }
 
+StepLabel typing(const char* name, const char* step) {
+  return {.name = step, .key = name};
+}
+
 void PropertPage::fill(Control& control) {
   for (const Work& show : m_shows) show(control);
 }
 
-bool PropertPage::edit(const Work& work) {
-  return m_window.edit(work);
+bool PropertPage::handle(const Work& work) {
+  return m_window.handle(work);
+}
+
+bool PropertPage::edit(const StepLabel& label, const Work& work) {
+  return m_window.edit(label, work);
 }
 
 void PropertPage::refill() {
@@ -105,6 +113,7 @@ QLineEdit* PropertPage::text_box(const char* name, const char* description) {
   auto* const box = new QLineEdit(this);
   set_object_name(*box, name);
   box->setAccessibleName(QString::fromUtf8(description));
+  connect(box, &QLineEdit::editingFinished, &m_window, &frmPropert::end_merging);
   return box;
 }
 
@@ -115,7 +124,7 @@ QLineEdit* PropertPage::text_box(const char* name, const char* description, Show
   return box;
 }
 
-QLineEdit* PropertPage::number_box(const char* name, const char* description,
+QLineEdit* PropertPage::number_box(const char* name, const char* description, const char* step,
                                    Integer (Control::*get)() const, void (Control::*set)(Integer),
                                    Rule rule) {
   QLineEdit* const box = text_box(name, description, [get](Control& control) {
@@ -124,8 +133,8 @@ QLineEdit* PropertPage::number_box(const char* name, const char* description,
   on_filling([box](Control&) {
     if (!is_being_typed(*box)) show_validity(*box, true);
   });
-  connect(box, &QLineEdit::textChanged, this, [this, box, get, set, rule] {
-    edit([&](Control& control) {
+  connect(box, &QLineEdit::textChanged, this, [=, this] {
+    edit(typing(name, step), [&](Control& control) {
       const std::optional<Integer> number = rule(text_of(*box), control.decimal_separator());
       show_validity(*box, number.has_value());
       if (!number) return;
@@ -137,7 +146,7 @@ QLineEdit* PropertPage::number_box(const char* name, const char* description,
   return box;
 }
 
-QCheckBox* PropertPage::check_box(const char* name, const char* caption,
+QCheckBox* PropertPage::check_box(const char* name, const char* caption, const char* step,
                                   std::function<Boolean(Control&)> is_on,
                                   std::function<void(Control&, Boolean)> turn) {
   auto* const box = new QCheckBox(QString::fromUtf8(caption), this);
@@ -149,13 +158,13 @@ QCheckBox* PropertPage::check_box(const char* name, const char* caption,
   scale_indicators(*box);
   on_filling(
       [box, is_on = std::move(is_on)](Control& control) { box->setChecked(bool(is_on(control))); });
-  connect(box, &QCheckBox::toggled, this, [this, turn = std::move(turn)](bool on) {
-    edit([&](Control& control) { turn(control, on); });
+  connect(box, &QCheckBox::toggled, this, [this, step, turn = std::move(turn)](bool on) {
+    edit({step}, [&](Control& control) { turn(control, on); });
   });
   return box;
 }
 
-QComboBox* PropertPage::list_box(const char* name, const char* description,
+QComboBox* PropertPage::list_box(const char* name, const char* description, const char* step,
                                  const QStringList& items, Shown shown,
                                  std::function<void(Control&, const String&)> choose) {
   auto* const box = new QComboBox(this);
@@ -169,8 +178,8 @@ QComboBox* PropertPage::list_box(const char* name, const char* description,
     box->setPlaceholderText(text);
   });
   connect(box, &QComboBox::currentTextChanged, this,
-          [this, choose = std::move(choose)](const QString& chosen) {
-            edit([&](Control& control) { choose(control, chosen.toStdString()); });
+          [this, step, choose = std::move(choose)](const QString& chosen) {
+            edit({step}, [&](Control& control) { choose(control, chosen.toStdString()); });
           });
   return box;
 }

@@ -19,6 +19,8 @@
 #include <utility>
 #include <vector>
 
+#include "control/history.h"
+
 namespace kurv {
 
 class frmPropert;
@@ -35,26 +37,30 @@ class PropertPage final : public QWidget {
 
   // Sets all fields from the graph, except one that is being typed in.
   void fill(Control& control);
-  // See GraphWindow::handle().
-  bool edit(const Work& work);
+  // Runs an action that is no change of the graph or is recorded elsewhere, and a change of the
+  // graph as one step; see GraphWindow.
+  bool handle(const Work& work);
+  bool edit(const StepLabel& label, const Work& work);
   // Sets all fields of the window again, after a change that affects other fields.
   void refill();
   // `show` is called whenever the window is filled.
   void on_filling(Work show) { m_shows.push_back(std::move(show)); }
 
-  // Without a handler; the caller connects one. The first is not filled either.
+  // Without a handler; the caller connects one. The first is not filled either. Here and below
+  // `step` is what a change by the user is called; what is typed into a field is one step.
   QLineEdit* text_box(const char* name, const char* description);
   QLineEdit* text_box(const char* name, const char* description, Shown shown);
   // On every change of the text, `set` is called with a number that the rule accepts and the graph
   // is drawn; the text is red while the rule refuses it.
-  QLineEdit* number_box(const char* name, const char* description, Integer (Control::*get)() const,
-                        void (Control::*set)(Integer), Rule rule);
-  QCheckBox* check_box(const char* name, const char* caption,
+  QLineEdit* number_box(const char* name, const char* description, const char* step,
+                        Integer (Control::*get)() const, void (Control::*set)(Integer), Rule rule);
+  QCheckBox* check_box(const char* name, const char* caption, const char* step,
                        std::function<Boolean(Control&)> is_on,
                        std::function<void(Control&, Boolean)> turn);
   // Shows a text that is not among the items too, but does not offer it.
-  QComboBox* list_box(const char* name, const char* description, const QStringList& items,
-                      Shown shown, std::function<void(Control&, const String&)> choose);
+  QComboBox* list_box(const char* name, const char* description, const char* step,
+                      const QStringList& items, Shown shown,
+                      std::function<void(Control&, const String&)> choose);
   QPushButton* button(const char* name, const char* caption);
   // Legible on any desktop, also while it is disabled.
   QLabel* label(const char* name, const char* caption, QWidget* buddy);
@@ -86,5 +92,7 @@ void show_text(QLineEdit& box, const QString& text);
 // Shows the text in black where it is accepted, in red where it is not.
 void show_validity(QLineEdit& box, bool accepted);
 std::string text_of(const QLineEdit& box);
+// The label of what is typed into the field `name`.
+StepLabel typing(const char* name, const char* step);
 
 }  // namespace kurv

@@ -8,13 +8,13 @@ namespace kurv {
 
 namespace {
 
-QLineEdit* title_box(PropertPage& page, const char* name, const char* description,
+QLineEdit* title_box(PropertPage& page, const char* name, const char* description, const char* step,
                      String (Control::*get)() const, void (Control::*set)(const String&)) {
   QLineEdit* const box = page.text_box(name, description, [get](Control& control) {
     return QString::fromStdString((control.*get)());
   });
-  QObject::connect(box, &QLineEdit::textChanged, &page, [&page, box, set] {
-    page.edit([=](Control& control) {
+  QObject::connect(box, &QLineEdit::textChanged, &page, [=, &page] {
+    page.edit(typing(name, step), [=](Control& control) {
       box->setModified(false);
       store_and_draw(set)(control, text_of(*box));
     });
@@ -29,7 +29,7 @@ QPushButton* font_button(PropertPage& page, const char* name, const char* captio
   QObject::connect(button, &QPushButton::clicked, &page, [&page, font] {
     page.window()->setCursor(Qt::WaitCursor);
     const QPointer<QWidget> window(page.window());
-    page.edit([font](Control& control) { control.prompt(font); });
+    page.handle([font](Control& control) { control.prompt(font); });
     // The window may be gone. The cursor is restored also where the prompt has failed.
     if (window) window->unsetCursor();
   });
@@ -53,10 +53,10 @@ QGroupBox* fonts(PropertPage& page) {
 void build_titles_page(PropertPage& page) {
   auto* const form = new QFormLayout(&page);
   QLineEdit* const title =
-      title_box(page, "txtTitle", "Title", &Control::Title, &Control::set_Title);
+      title_box(page, "txtTitle", "Title", "Change Title", &Control::Title, &Control::set_Title);
   form->addRow(page.label("Label10", "T&itle:", title), title);
-  QLineEdit* const subtitle =
-      title_box(page, "txtSubTitle", "Subtitle", &Control::SubTitle, &Control::set_SubTitle);
+  QLineEdit* const subtitle = title_box(page, "txtSubTitle", "Subtitle", "Change Subtitle",
+                                        &Control::SubTitle, &Control::set_SubTitle);
   form->addRow(page.label("Label11", "S&ubtitle:", subtitle), subtitle);
   form->addRow(fonts(page));
   page.setFocusProxy(title);

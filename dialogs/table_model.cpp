@@ -48,6 +48,12 @@ void append_value(String& text, const ControlState& state, int row, int column) 
   if (value && !std::isnan(*value)) append_number(text, *value, state.decimal_separator);
 }
 
+// 0 where there is none.
+unsigned last_step(const ControlState& state) {
+  const Step* const step = state.history.last_done();
+  return step ? step->number : 0;
+}
+
 std::string_view name_of(const GraphDocument& document, int column) {
   if (column < document.yVarName.lower() || column > document.yVarName.upper()) return {};
   return trim_blanks(document.yVarName(column));
@@ -198,7 +204,10 @@ void TableModel::refresh() {
   const ControlState* const graph = state();
   const TableSize size = graph ? table_size(graph->document) : TableSize();
   const unsigned revision = graph ? graph->document.data_revision : 0;
-  if (size != m_size || revision != m_revision) m_marks.resize(size.rows, size.columns);
+  if (size != m_size || revision != m_revision) {
+    m_marks.resize(size.rows, size.columns);
+    m_earlier_marks.reset();
+  }
   m_revision = revision;
   set_columns(size.columns);
   set_rows(size.rows);
@@ -207,6 +216,8 @@ void TableModel::refresh() {
 
 void TableModel::commit(ControlState& state, const SetCells& set_cells, Outcome& outcome) {
   const GraphDocument& document = state.document;
+  m_earlier_marks.reset();
+  EarlierMarks earlier{m_marks, last_step(state)};
   // Updated also where the redraw throws, because the edits and the marks are made by then.
   const auto update_revision =
       qScopeGuard([this, &document] { m_revision = document.data_revision; });
@@ -227,6 +238,19 @@ void TableModel::commit(ControlState& state, const SetCells& set_cells, Outcome&
       m_marks.set(point_of_row(document, row), column, to_qstring(text));
     });
   }
+  const bool has_changed_data = document.data_revision != m_revision;
+  if (!has_changed_data && earlier.marks != m_marks) m_earlier_marks = std::move(earlier);
+}
+
+bool TableModel::can_take_back_marks() const {
+  const ControlState* const graph = state();
+  return graph && m_earlier_marks && m_earlier_marks->last_step == last_step(*graph) &&
+         is_current();
+}
+
+void TableModel::take_back_marks() {
+  m_marks = std::move(m_earlier_marks->marks);
+  m_earlier_marks.reset();
 }
 
 }  // namespace kurv

@@ -50,6 +50,11 @@ class TableModel final : public QAbstractTableModel {
   // been made, and the outcome is set.
   void commit(ControlState& state, const SetCells& set_cells, Outcome& outcome);
 
+  // Whether the last command has marked cells and changed no data, and the graph is as it was then.
+  // Its marks can be taken back; views are updated by the next refresh().
+  bool can_take_back_marks() const;
+  void take_back_marks();
+
   int mark_count() const { return m_marks.count(); }
 
  Q_SIGNALS:
@@ -68,8 +73,14 @@ class TableModel final : public QAbstractTableModel {
 
   const GraphWindow& m_window;
   TableSize m_size;
+  struct EarlierMarks {
+    CellMarks marks;
+    unsigned last_step;
+  };
+
   CellMarks m_marks;
-  unsigned m_revision = 0;  // of the data that the marks belong to
+  std::optional<EarlierMarks> m_earlier_marks;  // before the last command
+  unsigned m_revision = 0;                      // of the data that the marks belong to
 };
 
 }  // namespace kurv
