@@ -50,6 +50,8 @@
 #include <string_view>
 #include <vector>
 
+class QUndoStack;
+
 namespace kurv {
 
 class PlotSurface;
@@ -161,8 +163,9 @@ class KURV_EXPORT KurvGraph : public QWidget {
   Q_INVOKABLE void Sort_xy();
   /// Runs one command by its word: "refresh" puts title, subtitle and legend back in their home
   /// positions and redraws; "save", "saveas" and "open" work with graph files; "print" and "copy"
-  /// take the picture; "setup" and "titles", "curves" and "table" open the windows. Other words do
-  /// nothing. The pointer stays an hourglass after a command that fails.
+  /// take the picture; "setup" and "titles", "curves" and "table" open the windows; "undo" and
+  /// "redo" work once undo_stack() has been called. Other words do nothing. The pointer stays an
+  /// hourglass after a command that fails.
   Q_INVOKABLE void ChartOptions(const QString& command);
   /// Restores the default marker size and margins and the limits from the data, and redraws.
   Q_INVOKABLE void Restore_Grf();
@@ -295,6 +298,15 @@ class KURV_EXPORT KurvGraph : public QWidget {
   bool shortcuts_enabled() const;
   /// Switches these shortcuts on or off.
   void set_shortcuts_enabled(bool on);
+
+  /// The changes by the user, to be undone and done again: for the Edit menu or a QUndoGroup of the
+  /// host. The first call turns them on, see Control::set_undo_enabled(). While they are on, the
+  /// context menu has them too, and so do Ctrl+Z, Ctrl+Y and Ctrl+Shift+Z. The stack belongs to the
+  /// widget; it is clean where the graph is as it was last loaded or saved. Clearing it forgets all
+  /// steps. A host must not push commands of its own.
+  QUndoStack* undo_stack();
+  /// Runs a change of the host's own as one step of this name. Does the same without undo, too.
+  void make_step(const QString& name, const std::function<void()>& work);
 
   /// For hosts that bind late. A listener is called after the signal of the same name, as long as
   /// the widget exists. It may delete the widget; a Fault that it throws is reported by

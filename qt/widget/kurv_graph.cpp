@@ -7,8 +7,6 @@
 #include <QFile>
 #include <QKeyEvent>
 #include <QMetaMethod>
-#include <algorithm>
-#include <iterator>
 #include <new>
 #include <utility>
 
@@ -18,6 +16,7 @@
 #include "qt/widget/kurv_graph_state.h"
 #include "qt/widget/picture_printer.h"
 #include "qt/widget/plot_menu.h"
+#include "qt/widget/shortcuts.h"
 #include "render/mapping.h"
 
 namespace kurv {
@@ -25,27 +24,6 @@ namespace kurv {
 namespace {
 
 constexpr const char* kBoxTitle = "KURV Guide";
-
-struct Shortcut {
-  Qt::Key key;
-  Qt::KeyboardModifier modifier;
-  const char* word;
-};
-
-constexpr Shortcut kShortcuts[] = {
-    {Qt::Key_S, Qt::ControlModifier, "save"},  {Qt::Key_O, Qt::ControlModifier, "open"},
-    {Qt::Key_P, Qt::ControlModifier, "print"}, {Qt::Key_C, Qt::ControlModifier, "copy"},
-    {Qt::Key_F5, Qt::NoModifier, "refresh"},
-};
-
-// The command word of a key, null where it has none.
-const char* word_of(const QKeyEvent& event) {
-  const auto is_it = [&](const Shortcut& shortcut) {
-    return event.key() == shortcut.key && event.modifiers() == shortcut.modifier;
-  };
-  const auto* const found = std::find_if(std::begin(kShortcuts), std::end(kShortcuts), is_it);
-  return found == std::end(kShortcuts) ? nullptr : found->word;
-}
 
 std::optional<QString> shown(const std::optional<String>& sentence) {
   if (!sentence) return std::nullopt;
@@ -269,6 +247,14 @@ void KurvGraph::replace_points(const Matrix<Double>& points, const List<String>&
   call([&](Control& control) { control.replace_points(points, names); });
 }
 
+QUndoStack* KurvGraph::undo_stack() {
+  return m_state->undo_stack();
+}
+
+void KurvGraph::make_step(const QString& name, const std::function<void()>& work) {
+  call([&](Control& control) { control.make_step(name.toStdString(), work); });
+}
+
 void KurvGraph::init() {
   m_state->graph.init();
 }
@@ -366,7 +352,8 @@ void KurvGraph::keyPressEvent(QKeyEvent* event) {
     open_menu(m_state->view->menu_point());
     return;
   }
-  const char* const word = m_state->shortcuts_enabled ? word_of(*event) : nullptr;
+  const char* const word =
+      m_state->shortcuts_enabled ? shortcut_word(*event, m_state->graph.undo_enabled()) : nullptr;
   if (!word) return QWidget::keyPressEvent(event);
   // A key that is held down is one command.
   if (!event->isAutoRepeat()) run_command(QLatin1String(word));
@@ -381,8 +368,7 @@ void KurvGraph::contextMenuEvent(QContextMenuEvent* event) {
 
 void KurvGraph::open_menu(QPoint at) {
   if (contextMenuPolicy() != Qt::DefaultContextMenu || m_state->design_mode) return;
-  const bool can_derive = m_state->graph.state().document.NumY < kMaxCurves;
-  QMenu* const menu = new_plot_menu(*this, can_derive, [this](PlotCommand command) {
+  QMenu* const menu = new_plot_menu(*this, m_state->graph, [this](PlotCommand command) {
     handle([command](State& state) { command(state.graph); });
   });
   menu->popup(at);

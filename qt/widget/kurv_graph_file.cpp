@@ -47,6 +47,7 @@ void KurvGraph::graph_text(const std::function<void(std::string_view)>& sink) co
 }
 
 void KurvGraph::State::filed() {
+  if (steps) steps->note_saved();
   if (widget) Q_EMIT widget->filed();
 }
 

@@ -8,7 +8,10 @@
 #include <stdexcept>
 #include <string>
 
+#include "control/control_state.h"
 #include "control/function_curve_commands.h"
+#include "control/undo.h"
+#include "qt/widget/kurv_graph_state.h"
 
 namespace kurv {
 
@@ -106,6 +109,9 @@ void KurvGraph::plot(const Graph& graph) {
     expressions(k++) = expression.toStdString();
   }
   const QPointer<KurvGraph> alive = this;
+  const QExplicitlySharedDataPointer<State> held = m_state;
+  // The intake begins a new history, and what follows is a part of it.
+  const StepRecorder loading(held->graph.state(), {"Plot"});
   scatter_graph(values, {1, graph.x}, points, curves, graph.title.toStdString(),
                 graph.x_name.toStdString(), names, count, expressions, graph.connected,
                 graph.markers);

@@ -97,7 +97,9 @@ int KurvGraph::State::finish(bool has_failed) {
   const qint64 drawn = picture.image().cacheKey();
   if (std::exchange(last_image_key, drawn) != drawn && widget) view->picture_changed();
   const unsigned revision = graph.state().document.data_revision;
-  if (std::exchange(last_data_revision, revision) != revision || redrawn || has_failed) {
+  const bool has_new_steps = steps && steps->follow();
+  const bool has_new_data = std::exchange(last_data_revision, revision) != revision;
+  if (has_new_data || has_new_steps || redrawn || has_failed) {
     refill_windows(*this);
   }
   if (widget) view->describe();
@@ -108,6 +110,14 @@ int KurvGraph::State::finish(bool has_failed) {
 void KurvGraph::State::changed_from_outside() {
   refill_windows(*this);
   note_change();
+}
+
+GraphUndoStack* KurvGraph::State::undo_stack() {
+  if (!steps && widget) {
+    graph.set_undo_enabled(true);
+    steps = new GraphUndoStack(*this, widget);
+  }
+  return steps;
 }
 
 void KurvGraph::State::note_change() {

@@ -14,6 +14,7 @@
 #include <QSize>
 
 #include "dialogs/client.h"
+#include "qt/widget/graph_undo_stack.h"
 #include "qt/widget/plot_view.h"
 #include "qt/widget/qt_shell.h"
 #include "qt/widget/redraw_counter.h"
@@ -45,6 +46,8 @@ struct KurvGraph::State final : QSharedData, Container, Client {
   // The host has changed the graph: updates its windows, whether or not the picture has changed.
   void changed_from_outside();
   double twips_per_logical_pixel() const;
+  // The first call turns the history on.
+  GraphUndoStack* undo_stack();
   // The graph as a vector document. Changes nothing.
   QByteArray document_in(VectorFormat format) const;
 
@@ -79,6 +82,7 @@ struct KurvGraph::State final : QSharedData, Container, Client {
   bool change_queued = false;       // the signal is queued
   int whole_redraws = 0;            // since the last finish()
   bool showing_error = false;       // a message box about a run-time error is open
+  QPointer<GraphUndoStack> steps;   // null until it is asked for, and after the widget is gone
   Picture picture;
   RedrawCounter surface;
   QtShell shell;

@@ -2,6 +2,7 @@
 
 #include <QAction>
 
+#include "control/control_state.h"
 #include "control/mouse.h"
 
 namespace kurv {
@@ -44,6 +45,14 @@ void add_derived_curve(Control& control) {
   control.add_derived_curve();
 }
 
+void undo_last(Control& control) {
+  control.undo();
+}
+
+void redo_next(Control& control) {
+  control.redo();
+}
+
 constexpr MenuEntry kSeparator{nullptr, nullptr, nullptr};
 // No mnemonic is used twice.
 constexpr MenuEntry kMenuEntries[] = {
@@ -69,25 +78,49 @@ constexpr MenuEntry kMenuEntries[] = {
     {"mnuAddDerivedCurve", "Add &Derived Curve…", add_derived_curve},
 };
 
+// No letter is left for the mnemonic of redo.
+constexpr MenuEntry kUndo{"mnuUndo", "&Undo", undo_last};
+constexpr MenuEntry kRedo{"mnuRedo", "Redo", redo_next};
+
+using RunCommand = std::function<void(PlotCommand)>;
+
+// Queued, so that no prompt is open inside the menu's own code, under which the window may go.
+QAction* add_entry(QMenu& menu, const MenuEntry& entry, QWidget& owner, const RunCommand& run) {
+  QAction* const action = menu.addAction(QString::fromUtf8(entry.text));
+  action->setObjectName(QLatin1String(entry.name));
+  QObject::connect(
+      action, &QAction::triggered, &owner, [run, command = entry.command] { run(command); },
+      Qt::QueuedConnection);
+  return action;
+}
+
+void name_step(QAction& action, const std::optional<String>& step) {
+  action.setEnabled(step.has_value());
+  if (!step) return;
+  const QString name = QString::fromStdString(*step).replace(u'&', QStringLiteral("&&"));
+  action.setText(action.text() + u' ' + name);
+}
+
 }  // namespace
 
-QMenu* new_plot_menu(QWidget& owner, bool can_derive, const std::function<void(PlotCommand)>& run) {
+QMenu* new_plot_menu(QWidget& owner, Control& graph, const RunCommand& run) {
   auto* const menu = new QMenu(&owner);
   menu->setObjectName(QStringLiteral("mnuPlot"));
   menu->setAccessibleName(QStringLiteral("Graph"));
   menu->setAttribute(Qt::WA_DeleteOnClose);
+  if (graph.undo_enabled()) {
+    name_step(*add_entry(*menu, kUndo, owner, run), graph.undo_text());
+    name_step(*add_entry(*menu, kRedo, owner, run), graph.redo_text());
+    menu->addSeparator();
+  }
+  const bool can_derive = graph.state().document.NumY < kMaxCurves;
   for (const MenuEntry& entry : kMenuEntries) {
     if (!entry.text) {
       menu->addSeparator();
       continue;
     }
-    QAction* const action = menu->addAction(QString::fromUtf8(entry.text));
-    action->setObjectName(QLatin1String(entry.name));
+    QAction* const action = add_entry(*menu, entry, owner, run);
     action->setEnabled(can_derive || entry.command != add_derived_curve);
-    // Queued, so that no prompt is open inside the menu's own code, under which the window may go.
-    QObject::connect(
-        action, &QAction::triggered, &owner, [run, command = entry.command] { run(command); },
-        Qt::QueuedConnection);
   }
   return menu;
 }

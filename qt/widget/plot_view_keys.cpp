@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "control/control_state.h"
+#include "control/undo.h"
 #include "qt/widget/plot_accessible.h"
 #include "qt/widget/plot_view.h"
 
@@ -40,6 +41,7 @@ void PlotView::focus_on(const HitTarget& target) {
 }
 
 void PlotView::set_focused(const std::optional<HitTarget>& target) {
+  control_state().history.end_merging();
   m_focused = target;
   update();
   notify_focus(*this);
@@ -114,6 +116,8 @@ std::optional<SurfacePoint> PlotView::step_of(const QKeyEvent& event) const {
 void PlotView::move_focused(SurfacePoint step) {
   const Item item = std::get<Item>(*m_focused);
   m_client.handle([&](Control& control) {
+    // The presses that move an item to its place are one step.
+    const StepRecorder recorder(control.state(), {.name = drop_name(item), .key = drop_name(item)});
     const Rect& rect = rect_of(state(), item);
     control.drag(item, {0, 0}, {rect.left + step.x, rect.top + step.y});
   });

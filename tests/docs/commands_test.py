@@ -101,6 +101,7 @@ FRAGMENT = """#include <KurvGraph/KurvGraph.h>
 #include <KurvGraph/pixel_picture.h>
 #include <KurvGraph/png_file.h>
 #include <QLayout>
+#include <QUndoStack>
 using namespace kurv;
 void fragment({declarations}) {{
   {{
