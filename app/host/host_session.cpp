@@ -243,6 +243,22 @@ HostSession::Result HostSession::prompt(const QJsonObject& request) {
   return {};
 }
 
+HostSession::Result HostSession::undo(const QJsonObject& request) {
+  require_true(request, "undo");
+  Control& control = hosted().control();
+  const std::optional<String> step = control.undo_text();
+  control.undo();
+  return step ? QJsonValue(QString::fromStdString(*step)) : QJsonValue();
+}
+
+HostSession::Result HostSession::redo(const QJsonObject& request) {
+  require_true(request, "redo");
+  Control& control = hosted().control();
+  const std::optional<String> step = control.redo_text();
+  control.redo();
+  return step ? QJsonValue(QString::fromStdString(*step)) : QJsonValue();
+}
+
 HostSession::Result HostSession::mouse(const QJsonObject& request) {
   const QString what = text_from(request, "mouse");
   const Integer button = integer_from(request, "button", 1);
@@ -296,9 +312,11 @@ const HostSession::Request& HostSession::request_of(const QJsonObject& object) {
       {{"place", {}}, &HostSession::place},
       {{"pointer", {}}, &HostSession::pointer},
       {{"prompt", {"select"}}, &HostSession::prompt},
+      {{"redo", {}}, &HostSession::redo},
       {{"resize", {}}, &HostSession::resize},
       {{"set", {"to"}}, &HostSession::set},
       {{"show", {}}, &HostSession::show},
+      {{"undo", {}}, &HostSession::undo},
   };
   static constexpr auto kKeys = [] {
     std::array<RequestKeys, std::size(kRequests)> keys{};

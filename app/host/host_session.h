@@ -50,9 +50,11 @@ class HostSession {
   Result place(const QJsonObject& request);
   Result pointer(const QJsonObject& request);
   Result prompt(const QJsonObject& request);
+  Result redo(const QJsonObject& request);
   Result resize(const QJsonObject& request);
   Result set(const QJsonObject& request);
   Result show(const QJsonObject& request);
+  Result undo(const QJsonObject& request);
 
   // The control, which the first request places with default values. Refuses after its end.
   HostedControl& hosted();

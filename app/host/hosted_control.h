@@ -37,6 +37,7 @@ class HostedControl {
     m_surface.keep_last_redraw_only();
     m_control.first_placement();
     m_surface.clear_log();
+    m_control.set_undo_enabled(true);
     m_container.on_resize([this] { fit(); });
     m_container.on_filed([this] { keep_warnings(); });
   }

@@ -102,10 +102,12 @@ TEST_F(HostDetail, KeysThatAreNoRequest) {
       {R"({"Get":"Title","id":1})", 5, "'Get' is no request; did you mean 'get'?"},
       {R"({"colour":1})", 5,
        "'colour' is no request; requests are 'answers', 'call', 'close', 'drag', 'drawn', 'get', "
-       "'mouse', 'picture', 'place', 'pointer', 'prompt', 'resize', 'set' and 'show'"},
+       "'mouse', 'picture', 'place', 'pointer', 'prompt', 'redo', 'resize', 'set', 'show' and "
+       "'undo'"},
       {"{}", 5,
        "the object holds no request; requests are 'answers', 'call', 'close', 'drag', 'drawn', "
-       "'get', 'mouse', 'picture', 'place', 'pointer', 'prompt', 'resize', 'set' and 'show'"},
+       "'get', 'mouse', 'picture', 'place', 'pointer', 'prompt', 'redo', 'resize', 'set', 'show' "
+       "and 'undo'"},
       {R"({"at":[1,2]})", 5, "'at' is no request; it belongs to 'mouse'"},
       {R"({"get":"Title","set":"Title"})", 5,
        "'get' and 'set' are two requests; send each on a line of its own"},
