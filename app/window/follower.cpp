@@ -5,6 +5,7 @@
 
 #include <QLocale>
 #include <QStatusBar>
+#include <QUndoStack>
 #include <algorithm>
 
 #include "app/base/user_error.h"
@@ -215,6 +216,8 @@ void Follower::replace_columns(const TableData& data) {
     graph.set_ymax(limits[3]);
   }
   graph.build_the_graph();
+  // The functions are the user's, but they have not been added just now.
+  graph.undo_stack()->clear();
 }
 
 // -- Messages -------------------------------------------------------------------------------------

@@ -3,6 +3,7 @@
 #include <QFile>
 #include <QMainWindow>
 #include <QMenuBar>
+#include <QUndoGroup>
 #include <filesystem>
 
 #include "app/base/message_text.h"
@@ -90,6 +91,8 @@ void MainMenu::make_file_menu() {
 
 void MainMenu::make_edit_menu() {
   QMenu* const edit = menu("&Edit", "mnuEdit");
+  add_undo(*edit);
+  edit->addSeparator();
   add(edit, "mnuCopy", "&Copy Picture", QKeySequence("Ctrl+C"), Needs::kGraph,
       "Copy a picture of the graph to the clipboard", command("copy"));
   add(edit, "mnuPaste", "&Paste as New Graph\u2026", QKeySequence("Ctrl+Shift+V"),
@@ -97,6 +100,20 @@ void MainMenu::make_edit_menu() {
   edit->addSeparator();
   add(edit, "mnuTable", "Data &Table\u2026", QKeySequence("Ctrl+T"), Needs::kData,
       "See and edit the numbers", command("table"));
+}
+
+// The group enables the two and names the step in their texts.
+void MainMenu::add_undo(QMenu& edit) {
+  QAction* const undo = m_commands.undo->createUndoAction(&m_window, "&Undo");
+  undo->setObjectName("mnuUndo");
+  undo->setShortcut(QKeySequence("Ctrl+Z"));
+  undo->setStatusTip("Take back the last change of the graph");
+  edit.addAction(undo);
+  QAction* const redo = m_commands.undo->createRedoAction(&m_window, "&Redo");
+  redo->setObjectName("mnuRedo");
+  redo->setShortcuts({QKeySequence("Ctrl+Shift+Z"), QKeySequence("Ctrl+Y")});
+  redo->setStatusTip("Make the change again that was taken back");
+  edit.addAction(redo);
 }
 
 void MainMenu::make_graph_menu() {

@@ -8,6 +8,7 @@
 #include <vector>
 
 class QMainWindow;
+class QUndoGroup;
 
 namespace kurv::app {
 
@@ -20,6 +21,7 @@ struct MenuCommands {
   std::function<void()> clear_recent;
   std::function<void()> save;
   std::function<void()> save_as;
+  QUndoGroup* undo;
   std::function<void()> paste;
   std::function<void()> export_picture;
   std::function<void()> close;
@@ -51,6 +53,7 @@ class MainMenu {
 
   void make_file_menu();
   void make_edit_menu();
+  void add_undo(QMenu& edit);
   void make_graph_menu();
   void make_help_menu();
   QMenu* menu(const QString& text, const char* name);

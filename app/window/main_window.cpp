@@ -9,6 +9,7 @@
 #include <QMenuBar>
 #include <QStackedLayout>
 #include <QStatusBar>
+#include <QUndoStack>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <filesystem>
@@ -174,6 +175,9 @@ void MainWindow::replace_graph(KurvGraph* graph, const QByteArray& saved, const 
   m_graph->deleteLater();
   m_graph = graph;
   connect_graph(graph);
+  // From here on, so that nothing that has made the graph can be undone.
+  m_undo.addStack(graph->undo_stack());
+  m_undo.setActiveStack(graph->undo_stack());
   m_path = path;
   m_accepted_changes.clear();
   // A message about the graph before; while one grows, the bar says what is read.

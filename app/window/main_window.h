@@ -6,6 +6,7 @@
 #include <QMainWindow>
 #include <QPointer>
 #include <QTimer>
+#include <QUndoGroup>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -120,6 +121,7 @@ class MainWindow final : public QMainWindow {
 
   std::optional<QLocale> m_locale;
   Report m_report;
+  QUndoGroup m_undo;
   std::unique_ptr<MainMenu> m_menu;
   NoticeBar* m_notices;
   QWidget* m_centre;  // all below the bar

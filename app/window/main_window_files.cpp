@@ -58,6 +58,7 @@ void MainWindow::make_menu() {
   commands.clear_recent = [] { RecentFiles().clear(); };
   commands.save = [this] { save(); };
   commands.save_as = [this] { save_as(); };
+  commands.undo = &m_undo;
   commands.paste = [this] { paste(); };
   commands.export_picture = [this] { export_picture(); };
   commands.close = [this] { close(); };
