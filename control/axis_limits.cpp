@@ -1,9 +1,13 @@
 #include "control/axis_limits.h"
 
+#include <utility>
+
 #include "control/control_state.h"
+#include "control/growing_data.h"
 #include "control/redraw.h"
 #include "control/undo.h"
 #include "model/axis_range.h"
+#include "model/round_axis_range.h"
 
 namespace kurv::basKurvGraph01 {
 
@@ -30,6 +34,33 @@ void set_YLimitsExact(ControlState& state, Boolean exact) {
   const StepRecorder step(state, {"Change Y Limits"});
   state.document.YLimitsExact = exact;
   compute_axis_range(state.document, *state.services.numeric);
+  build_the_graph(state);
+}
+
+void set_round_limits(ControlState& state, bool on) {
+  if (std::exchange(state.document.round_limits.is_on, on) == on) return;
+  if (on) {
+    begin_round_limits(state.document);
+  } else {
+    end_round_limits(state.document);
+    keep_formats_as_chosen(state);
+  }
+}
+
+void update_limits(ControlState& state) {
+  compute_axis_range(state.document, *state.services.numeric);
+  if (!state.document.round_limits.is_on) choose_formats_again(state);
+  build_the_graph(state);
+}
+
+void round_limits_once(ControlState& state) {
+  GraphDocument& document = state.document;
+  document.XLimitsExact = false;
+  document.YLimitsExact = false;
+  document.round_limits.ticks = document.NumTicks;
+  round_axis_range(document);
+  choose_exact_label_formats(document);
+  keep_formats_as_chosen(state);
   build_the_graph(state);
 }
 

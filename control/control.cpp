@@ -99,6 +99,19 @@ unsigned Control::cell_edits() const {
   return m_state->cell_edits;
 }
 
+bool Control::round_limits() const {
+  return m_state->document.round_limits.is_on;
+}
+void Control::set_round_limits(bool on) {
+  basKurvGraph01::set_round_limits(*m_state, on);
+}
+void Control::set_x_unit(AxisUnit unit) {
+  m_state->document.round_limits.x_unit = unit;
+}
+void Control::update_limits() {
+  basKurvGraph01::update_limits(*m_state);
+}
+
 void Control::file_load(const String& filename) {
   kurv::file_load(*m_state, filename);
 }

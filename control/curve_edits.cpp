@@ -51,6 +51,12 @@ void exchange_with_x(GraphDocument& document, int column) {
   const auto y = document.xyArr.column(column);
   for (int i = 1; i <= document.NumData; ++i) std::swap(x(i), y(i));
   std::swap(document.yVarName(1), document.yVarName(column));
+  int& unit_column = document.round_limits.x_unit_column;
+  if (unit_column == 1) {
+    unit_column = column;
+  } else if (unit_column == column) {
+    unit_column = 1;
+  }
 }
 
 // Unlike choose_label_formats(), changes the format only where a fixed one would be unreadable,
@@ -60,6 +66,11 @@ void choose_format(Double lo, Double hi, String& format) {
   const Double magnitude = std::abs(lo) + std::abs(hi);
   const bool needs_exponent = magnitude < 0.001 || magnitude > 10000 || std::abs(hi - lo) <= 0.01;
   if (needs_exponent) format = "0.00E-0";
+}
+
+void choose_readable_formats(GraphDocument& document) {
+  choose_format(document.ymin, document.ymax, document.AxisLabelFormatY);
+  choose_format(document.xmin, document.xmax, document.AxisLabelFormatX);
 }
 
 void compute_range(ControlState& state) {
@@ -119,8 +130,7 @@ void choose_x(ControlState& state, const String& name) {
   exchange_sources_with_x(state, column);
   refresh_sorted_data(document, *state.services.swap);
   compute_range(state);
-  choose_format(document.ymin, document.ymax, document.AxisLabelFormatY);
-  choose_format(document.xmin, document.xmax, document.AxisLabelFormatX);
+  if (!document.round_limits.is_on) choose_readable_formats(document);
   build_the_graph(state);
 }
 

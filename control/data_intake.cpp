@@ -3,6 +3,7 @@
 #include <chrono>
 #include <cmath>
 #include <random>
+#include <utility>
 
 #include "control/control_state.h"
 #include "control/growing_data.h"
@@ -28,6 +29,7 @@ void store_settings(GraphDocument& document, const IntakeSettings& settings,
   document.Connected = settings.connected;
   document.DrawMarkers = settings.draw_markers;
   document.NumYFunc = settings.num_functions;
+  document.round_limits.x_unit_column = 1;
   for (int k = 1; k <= kMaxFunctions; ++k) {
     FunctionCurve& slot = document.y_func(k);
     const bool used = k <= document.NumYFunc;
@@ -73,6 +75,22 @@ void store_separate(ControlState& state, int upper_column, const Matrix<Double>&
   }
   reset_column_sources(state);
 }
+
+// The limits, the ticks and the formats of a file are its own.
+class RoundLimitsPause {
+ public:
+  explicit RoundLimitsPause(GraphDocument& document)
+      : m_is_on(document.round_limits.is_on), m_was_on(std::exchange(m_is_on, false)) {
+    document.round_limits.x_unit = AxisUnit::kNumbers;
+  }
+  ~RoundLimitsPause() { m_is_on = m_was_on; }
+  RoundLimitsPause(const RoundLimitsPause&) = delete;
+  RoundLimitsPause& operator=(const RoundLimitsPause&) = delete;
+
+ private:
+  bool& m_is_on;
+  bool m_was_on;
+};
 
 void compute_limits(ControlState& state) {
   if (state.document.NumTicks == 0) state.document.NumTicks = kDefaultNumTicks;
@@ -144,6 +162,7 @@ void load_data(ControlState& state, const IntakeSettings& settings, Matrix<Doubl
   begin_combined(state.document, settings, names, functions);
   share_columns(state.document, xyarr, state.document.NumY + 1);
   xyarr = {};  // from here on the document alone has them
+  const RoundLimitsPause pause(state.document);
   finish_combined(state, visible);
 }
 

@@ -11,6 +11,7 @@
 #include "control/redraw.h"
 #include "io/graph_file_reader.h"
 #include "io/graph_file_writer.h"
+#include "model/round_axis_range.h"
 
 namespace kurv {
 
@@ -45,6 +46,7 @@ void restore_view(ControlState& state, const GraphFile& graph) {
   state.container.set_Height(graph.height);
   state.container.set_Width(graph.width);
   apply_deferred(graph, state.document, state.layout);
+  keep_settings_as_chosen(state.document);
 }
 
 bool begins_as_graph_file(const String& path) {

@@ -56,22 +56,6 @@ Matrix<Double> with_derived(ControlState& state, const Matrix<Double>& points, i
   return all;
 }
 
-// As an intake does, but a format that was set since stays.
-void choose_formats_again(ControlState& state) {
-  GraphDocument& document = state.document;
-  const String x = document.AxisLabelFormatX;
-  const String y = document.AxisLabelFormatY;
-  const bool was_x_chosen = x == state.x_format.after;
-  const bool was_y_chosen = y == state.y_format.after;
-  if (was_x_chosen) document.AxisLabelFormatX = state.x_format.before;
-  if (was_y_chosen) document.AxisLabelFormatY = state.y_format.before;
-  choose_label_formats(document, *state.services.numeric);
-  if (was_x_chosen) state.x_format.after = document.AxisLabelFormatX;
-  if (was_y_chosen) state.y_format.after = document.AxisLabelFormatY;
-  if (!was_x_chosen) document.AxisLabelFormatX = x;
-  if (!was_y_chosen) document.AxisLabelFormatY = y;
-}
-
 // `kept` of the points that are there, followed by the new ones.
 void store_points(ControlState& state, int kept, const Matrix<Double>& added) {
   GraphDocument& document = state.document;
@@ -176,6 +160,27 @@ void choose_first_formats(ControlState& state) {
   choose_label_formats(document, *state.services.numeric);
   state.x_format.after = document.AxisLabelFormatX;
   state.y_format.after = document.AxisLabelFormatY;
+}
+
+void choose_formats_again(ControlState& state) {
+  GraphDocument& document = state.document;
+  const String x = document.AxisLabelFormatX;
+  const String y = document.AxisLabelFormatY;
+  const bool was_x_chosen = x == state.x_format.after;
+  const bool was_y_chosen = y == state.y_format.after;
+  if (was_x_chosen) document.AxisLabelFormatX = state.x_format.before;
+  if (was_y_chosen) document.AxisLabelFormatY = state.y_format.before;
+  choose_label_formats(document, *state.services.numeric);
+  if (was_x_chosen) state.x_format.after = document.AxisLabelFormatX;
+  if (was_y_chosen) state.y_format.after = document.AxisLabelFormatY;
+  if (!was_x_chosen) document.AxisLabelFormatX = x;
+  if (!was_y_chosen) document.AxisLabelFormatY = y;
+}
+
+void keep_formats_as_chosen(ControlState& state) {
+  const GraphDocument& document = state.document;
+  state.x_format = {document.AxisLabelFormatX, document.AxisLabelFormatX};
+  state.y_format = {document.AxisLabelFormatY, document.AxisLabelFormatY};
 }
 
 }  // namespace kurv

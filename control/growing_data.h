@@ -57,5 +57,9 @@ void replace_points(ControlState& state, const Matrix<Double>& points, const Lis
 
 // Chooses label formats as an intake does, and keeps in mind which ones.
 void choose_first_formats(ControlState& state);
+// The same for limits that have changed; formats that the user has set stay.
+void choose_formats_again(ControlState& state);
+// From now on the formats that there are count as chosen, not as set by the user.
+void keep_formats_as_chosen(ControlState& state);
 
 }  // namespace kurv

@@ -1,6 +1,7 @@
 #include "control/redraw.h"
 
 #include "control/control_state.h"
+#include "model/round_axis_range.h"
 #include "model/vzeroupper.h"
 #include "render/axes.h"
 #include "render/curves.h"
@@ -12,8 +13,9 @@ namespace kurv {
 
 namespace {
 
-void select_data_copy(GraphDocument& document) {
+void update_document(GraphDocument& document) {
   document.xyArr = document.SortXY ? document.xyArrSorted : document.xyArrUnsorted;
+  renew_exact_label_formats(document);
 }
 
 void paint(const GraphDocument& document, const NumericService& numeric, Layout& layout,
@@ -39,7 +41,7 @@ void build_the_graph(ControlState& state) {
   document.GraphSaved = false;
   surface.Cls();
   state.last_picture.reset();
-  select_data_copy(document);
+  update_document(document);
   paint(document, *state.services.numeric, layout, state.function_evaluator, surface);
   state.last_picture = LastPicture{layout, has_legend(document)};
   state.container.redrawn();
@@ -52,7 +54,7 @@ void draw_on(const ControlState& state, PlotSurface& surface) {
   Layout layout = state.layout;
   LazyEvaluator function_evaluator;
   SizeTitleHandles(document, layout, surface);
-  select_data_copy(document);
+  update_document(document);
   // The pen that the last redraw has left may be another one than it has drawn its ticks with.
   set_pen_width(layout, surface, layout.tick_pen_width);
   paint(document, *state.services.numeric, layout, function_evaluator, surface);

@@ -2,6 +2,8 @@
 
 #include <cmath>
 
+#include "model/round_axis_range.h"
+
 namespace kurv::basKurvGraph01 {
 
 namespace {
@@ -54,6 +56,7 @@ int count_visible_curves(const GraphDocument& document) {
 
 void compute_axis_range(GraphDocument& document, const NumericService& numeric) {
   if (count_visible_curves(document) == 0) return;
+  if (document.round_limits.is_on) return round_axis_range(document);
 
   Limits x{document.xmin, document.xmax};
   Limits y{document.ymin, document.ymax};

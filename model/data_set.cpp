@@ -4,6 +4,7 @@
 #include <cmath>
 #include <utility>
 
+#include "model/round_axis_range.h"
 #include "model/selection_order.h"
 #include "model/vzeroupper.h"
 
@@ -87,6 +88,7 @@ std::optional<String> validate_points(const GraphDocument& document) {
 }
 
 void choose_label_formats(GraphDocument& document, const NumericService& numeric) {
+  if (document.round_limits.is_on) return choose_exact_label_formats(document);
   choose_format(document.ymin, document.ymax, numeric, document.AxisLabelFormatY);
   choose_format(document.xmin, document.xmax, numeric, document.AxisLabelFormatX);
 }

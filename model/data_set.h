@@ -30,7 +30,7 @@ std::optional<String> Validate(const GraphDocument& document);
 std::optional<String> validate_points(const GraphDocument& document);
 
 // Picks number formats that suit the ranges of the axes, y first; a range of medium size keeps the
-// format that there is.
+// format that there is. Where round_limits is on, the formats show all ticks exactly.
 void choose_label_formats(GraphDocument& document, const NumericService& numeric);
 
 }  // namespace kurv

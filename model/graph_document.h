@@ -5,6 +5,7 @@
 #pragma once
 
 #include <KurvGraph/arrays.h>
+#include <KurvGraph/axis_unit.h>
 #include <KurvGraph/limits.h>
 #include <KurvGraph/plot_surface.h>
 #include <KurvGraph/values.h>
@@ -26,6 +27,42 @@ struct FunctionCurve {
   Boolean visible;
 
   friend bool operator==(const FunctionCurve&, const FunctionCurve&) = default;
+};
+
+// What decides where the ticks of both axes are.
+struct TickPlaces {
+  Double xmin = 0;
+  Double xmax = 0;
+  Double ymin = 0;
+  Double ymax = 0;
+  Integer NumTicks = 0;
+
+  friend bool operator==(const TickPlaces&, const TickPlaces&) = default;
+};
+
+// What round limits replace.
+struct LimitSettings {
+  Boolean XLimitsExact;
+  Boolean YLimitsExact;
+  Integer NumTicks = kDefaultNumTicks;
+  String AxisLabelFormatX;
+  String AxisLabelFormatY;
+};
+
+// Whether limits that are computed from the data are round, together with NumTicks and the label
+// formats.
+struct RoundLimitsSwitch {
+  bool is_on = false;
+  // Of the column that was loaded as x, and which column that is after another one was made x.
+  AxisUnit x_unit = AxisUnit::kNumbers;
+  int x_unit_column = 1;
+  // What was chosen last. Another number of ticks was set by the user and stays; another format
+  // stays until other data are loaded.
+  Integer ticks = kDefaultNumTicks;
+  String x_format;
+  String y_format;
+  TickPlaces labelled;   // the ticks for which these formats are
+  LimitSettings before;  // settings that return when it is turned off
 };
 
 struct GraphDocument {
@@ -60,6 +97,7 @@ struct GraphDocument {
   // False: the computed limits are widened outward to round values.
   Boolean XLimitsExact = true;
   Boolean YLimitsExact;
+  RoundLimitsSwitch round_limits;
   Boolean SortXY;  // plot the copy sorted by x
 
   // Twips. MarkerDrawSize is MarkerSize x 5 / 6 always; set_marker_size() keeps it so.

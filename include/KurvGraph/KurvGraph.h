@@ -31,6 +31,7 @@
 
 #include <KurvGraph/arrays.h>
 #include <KurvGraph/automation.h>
+#include <KurvGraph/axis_unit.h>
 #include <KurvGraph/comma_change.h>
 #include <KurvGraph/fault.h>
 #include <KurvGraph/limits.h>
@@ -138,6 +139,15 @@ class KURV_EXPORT KurvGraph : public QWidget {
   void replace_points(const Matrix<Double>& points, const List<String>& names);
   /// How many times the table window has changed cells since data were loaded.
   unsigned cell_edits() const;
+
+  /// Limits that are computed from data at round numbers, with labels that show them exactly; see
+  /// Control::set_round_limits(). Off by default.
+  bool round_limits() const;
+  void set_round_limits(bool on);
+  /// What the x values count that are loaded next.
+  void set_x_unit(AxisUnit unit);
+  /// Limits from the data, and a redraw.
+  void update_limits();
 
   /// Adds a visible function curve, an expression of x, and redraws. Returns nothing on success,
   /// otherwise one sentence that says what is wrong; then nothing has changed.

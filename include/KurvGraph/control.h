@@ -25,6 +25,7 @@
 
 #include <KurvGraph/arrays.h>
 #include <KurvGraph/automation.h>
+#include <KurvGraph/axis_unit.h>
 #include <KurvGraph/class_registry.h>
 #include <KurvGraph/comma_change.h>
 #include <KurvGraph/container.h>
@@ -155,6 +156,26 @@ class KURV_EXPORT Control {
   void ChartOptions(std::string_view command);
   /// Restores the default marker size and margins and the limits from the data, and redraws.
   void Restore_Grf();
+
+  /// @}
+  /// @name Round limits
+  /// @{
+
+  /// Whether limits that are computed from data are chosen together with NumTicks and the label
+  /// formats such that every tick of both axes is a round number and its label shows it exactly.
+  /// Off by default. It acts the next time that limits are computed: by an intake, by
+  /// update_limits(), and wherever Autoscale makes them follow the data. An axis whose limits are
+  /// made exact in the properties window stays exact; so does a number of ticks that is set after
+  /// turning it on, to which the limits are fitted, and until the next intake a format that is set.
+  /// A graph file keeps its own limits, ticks and formats. Turning it off restores the exact
+  /// limits, NumTicks and formats from before. Does not redraw.
+  bool round_limits() const;
+  void set_round_limits(bool on);
+  /// What the x values count that are loaded next, for the ticks of round limits. kNumbers by
+  /// default, and after a graph file was loaded.
+  void set_x_unit(AxisUnit unit);
+  /// Limits from the data, whatever Autoscale says, and a redraw.
+  void update_limits();
 
   /// @}
   /// @name Properties

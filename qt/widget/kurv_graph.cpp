@@ -247,6 +247,10 @@ void KurvGraph::replace_points(const Matrix<Double>& points, const List<String>&
   call([&](Control& control) { control.replace_points(points, names); });
 }
 
+void KurvGraph::update_limits() {
+  call([](Control& control) { control.update_limits(); });
+}
+
 QUndoStack* KurvGraph::undo_stack() {
   return m_state->undo_stack();
 }

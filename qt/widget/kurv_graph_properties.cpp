@@ -65,4 +65,16 @@ void KurvGraph::set_shortcuts_enabled(bool on) {
   m_state->shortcuts_enabled = on;
 }
 
+bool KurvGraph::round_limits() const {
+  return m_state->graph.round_limits();
+}
+
+void KurvGraph::set_round_limits(bool on) {
+  m_state->graph.set_round_limits(on);
+}
+
+void KurvGraph::set_x_unit(AxisUnit unit) {
+  m_state->graph.set_x_unit(unit);
+}
+
 }  // namespace kurv
