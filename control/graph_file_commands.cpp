@@ -46,7 +46,25 @@ void restore_view(ControlState& state, const GraphFile& graph) {
   state.container.set_Height(graph.height);
   state.container.set_Width(graph.width);
   apply_deferred(graph, state.document, state.layout);
-  keep_settings_as_chosen(state.document);
+}
+
+struct LabelFormats {
+  String x;
+  String y;
+};
+
+// The intake has chosen formats as without round limits. Those of the file return where it was
+// saved with round limits.
+void restore_round_limits(GraphDocument& document, const LabelFormats& of_file) {
+  bool& is_on = document.round_limits.is_on;
+  const LabelFormats chosen{document.AxisLabelFormatX, document.AxisLabelFormatY};
+  if (!is_on) return;
+  document.AxisLabelFormatX = of_file.x;
+  document.AxisLabelFormatY = of_file.y;
+  is_on = has_exact_labels(document);
+  if (is_on) return keep_settings_as_chosen(document);
+  document.AxisLabelFormatX = chosen.x;
+  document.AxisLabelFormatY = chosen.y;
 }
 
 bool begins_as_graph_file(const String& path) {
@@ -61,8 +79,10 @@ bool begins_as_graph_file(const String& path) {
 void file_load(ControlState& state, const String& path) {
   state.used_file = path;
   GraphFile graph = read_from(state, path);
+  const LabelFormats formats{state.document.AxisLabelFormatX, state.document.AxisLabelFormatY};
   pass_to_intake(state, graph);
   restore_view(state, graph);
+  restore_round_limits(state.document, formats);
   build_the_graph(state);
   mark_saved(state, path);
   state.used_file.clear();

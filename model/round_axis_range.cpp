@@ -101,6 +101,13 @@ void round_axis_range(GraphDocument& document) {
   rounding.labelled = {};
 }
 
+bool has_exact_labels(const GraphDocument& document) {
+  const int ticks = document.NumTicks;
+  return !document.XLimitsExact && !document.YLimitsExact &&
+         document.AxisLabelFormatX == exact_label_format(document.xmin, document.xmax, ticks) &&
+         document.AxisLabelFormatY == exact_label_format(document.ymin, document.ymax, ticks);
+}
+
 void renew_exact_label_formats(GraphDocument& document) {
   RoundLimitsSwitch& rounding = document.round_limits;
   if (!rounding.is_on || rounding.labelled == tick_places(document)) return;

@@ -13,6 +13,10 @@ void end_round_limits(GraphDocument& document);
 // From here on the number of ticks and the label formats count as chosen, not as set by the user.
 void keep_settings_as_chosen(GraphDocument& document);
 
+// Whether the limits of neither axis are exact, and the label formats are those of
+// choose_exact_label_formats(): so is a graph that was saved with round limits.
+bool has_exact_labels(const GraphDocument& document);
+
 // Sets the limits of the axes that are not exact as choose_round_limits() says, and NumTicks where
 // the user has not set it since. Infinities do not count. Where all x values are equal, both limits
 // of x are this value, so that an intake refuses the data.

@@ -167,7 +167,8 @@ class KURV_EXPORT Control {
   /// update_limits(), and wherever Autoscale makes them follow the data. An axis whose limits are
   /// made exact in the properties window stays exact; so does a number of ticks that is set after
   /// turning it on, to which the limits are fitted, and until the next intake a format that is set.
-  /// A graph file keeps its own limits, ticks and formats. Turning it off restores the exact
+  /// A graph file keeps its own limits and ticks; one that was saved with round limits keeps its
+  /// formats too, and any other turns the switch off. Turning it off otherwise restores the exact
   /// limits, NumTicks and formats from before. Does not redraw.
   bool round_limits() const;
   void set_round_limits(bool on);

@@ -175,23 +175,50 @@ TEST_F(RoundLimitsSwitch, TimeHasWholeUnitsAlsoAfterAnotherXWasChosenAndTakenBac
   EXPECT_EQ(control.xmax(), 72);
 }
 
-TEST_F(RoundLimitsSwitch, AGraphFileKeepsItsLimitsTicksAndFormats) {
-  const std::filesystem::path path = std::filesystem::temp_directory_path() / "kurv_round.gdf";
+class RoundLimitsOfFiles : public RoundLimitsSwitch {
+ protected:
+  RoundLimitsOfFiles() {
+    host.shell.files.push_back({m_path, 1});
+    other.control.set_round_limits(true);
+  }
+  ~RoundLimitsOfFiles() override { std::filesystem::remove(m_path); }
+  void save_and_load() {
+    control.ChartOptions("saveas");
+    other.control.file_load(m_path);
+  }
+
+  test::TestHost other;
+
+ private:
+  const std::string m_path =
+      (std::filesystem::temp_directory_path() / "kurv_round_limits.gdf").string();
+};
+
+TEST_F(RoundLimitsOfFiles, AnyGraphFileKeepsItsLimitsAndTicks) {
   load_example();
   control.set_NumTicks(17);
   control.set_ymax(180);
-  host.shell.files.push_back({path.string(), 1});
-  control.ChartOptions("saveas");
-
-  test::TestHost other;
-  other.control.set_round_limits(true);
-  other.control.file_load(path.string());
-  EXPECT_TRUE(other.control.round_limits());
+  save_and_load();
+  EXPECT_FALSE(other.control.round_limits());
   EXPECT_EQ(other.control.NumTicks(), 17);
   EXPECT_EQ(other.control.xmin(), 1.3);
   EXPECT_EQ(other.control.ymax(), 180);
+  EXPECT_EQ(other.control.AxisLabelFormatX(), control.AxisLabelFormatX());
   EXPECT_EQ(other.control.AxisLabelFormatY(), control.AxisLabelFormatY());
-  std::filesystem::remove(path);
+  EXPECT_TRUE(other.document().XLimitsExact);
+}
+
+TEST_F(RoundLimitsOfFiles, AGraphThatWasSavedWithThemKeepsThem) {
+  control.set_round_limits(true);
+  load({0.1, 0.2, 0.5}, {0, 137500, 3}, {1, 2, 3});
+  save_and_load();
+  EXPECT_TRUE(other.control.round_limits());
+  EXPECT_EQ(other.control.AxisLabelFormatX(), "0.0");
+  EXPECT_EQ(other.control.AxisLabelFormatY(), "#,##0");
+  EXPECT_EQ(other.control.NumTicks(), control.NumTicks());
+  EXPECT_EQ(other.control.ymax(), control.ymax());
+  set_curve_visible(other.control.state(), 1, false);
+  EXPECT_EQ(other.control.ymax(), 3);
 }
 
 TEST_F(RoundLimitsSwitch, OnceRoundsBothAxesAndLeavesItOff) {
