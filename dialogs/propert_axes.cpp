@@ -104,6 +104,28 @@ QGroupBox* axis_frame(PropertPage& page, LimitFields& limits, const Axis& axis) 
   return frame;
 }
 
+// Round limits that follow the data are fitted to the number of ticks.
+auto store_ticks(PropertPage& page) {
+  return [&page](Control& control, Integer ticks) {
+    control.set_NumTicks(ticks);
+    if (!control.round_limits() || !control.Autoscale()) return;
+    control.update_limits();
+    page.refill();
+  };
+}
+
+QPushButton* round_limits_button(PropertPage& page) {
+  QPushButton* const button = page.button("cmdRoundLimits", "Roun&d Limits");
+  button->setToolTip(
+      QStringLiteral("Fit both axes to the data, so that all their ticks are round numbers"));
+  QObject::connect(button, &QPushButton::clicked, &page, [&page] {
+    page.edit({"Round Limits"},
+              [](Control& control) { basKurvGraph01::round_limits_once(control.state()); });
+    page.refill();
+  });
+  return button;
+}
+
 }  // namespace
 
 void build_axes_page(PropertPage& page) {
@@ -116,8 +138,9 @@ void build_axes_page(PropertPage& page) {
   static_assert(kMinEnteredTicks == 5 && kMaxEnteredTicks == 100);
   QLineEdit* const count =
       page.number_box("txtAxisTicks", "Number of tick intervals, 5 to 100", "Change Tick Intervals",
-                      &Control::NumTicks, &Control::set_NumTicks, tick_count);
+                      &Control::NumTicks, store_ticks(page), tick_count);
   ticks->addRow(page.label("Label14", "Tic&k intervals, 5 to 100:", count), count);
+  ticks->addRow(round_limits_button(page));
   grid->addLayout(ticks, 1, 0);
 
   auto* const lines = new QVBoxLayout;

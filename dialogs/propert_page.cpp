@@ -125,20 +125,20 @@ QLineEdit* PropertPage::text_box(const char* name, const char* description, Show
 }
 
 QLineEdit* PropertPage::number_box(const char* name, const char* description, const char* step,
-                                   Integer (Control::*get)() const, void (Control::*set)(Integer),
-                                   Rule rule) {
+                                   Integer (Control::*get)() const,
+                                   std::function<void(Control&, Integer)> set, Rule rule) {
   QLineEdit* const box = text_box(name, description, [get](Control& control) {
     return shown_number(control, (control.*get)());
   });
   on_filling([box](Control&) {
     if (!is_being_typed(*box)) show_validity(*box, true);
   });
-  connect(box, &QLineEdit::textChanged, this, [=, this] {
+  connect(box, &QLineEdit::textChanged, this, [=, this, set = std::move(set)] {
     edit(typing(name, step), [&](Control& control) {
       const std::optional<Integer> number = rule(text_of(*box), control.decimal_separator());
       show_validity(*box, number.has_value());
       if (!number) return;
-      (control.*set)(*number);
+      set(control, *number);
       finish_text(*box, shown_number(control, (control.*get)()));
       control.build_the_graph();
     });

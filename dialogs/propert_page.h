@@ -53,7 +53,8 @@ class PropertPage final : public QWidget {
   // On every change of the text, `set` is called with a number that the rule accepts and the graph
   // is drawn; the text is red while the rule refuses it.
   QLineEdit* number_box(const char* name, const char* description, const char* step,
-                        Integer (Control::*get)() const, void (Control::*set)(Integer), Rule rule);
+                        Integer (Control::*get)() const, std::function<void(Control&, Integer)> set,
+                        Rule rule);
   QCheckBox* check_box(const char* name, const char* caption, const char* step,
                        std::function<Boolean(Control&)> is_on,
                        std::function<void(Control&, Boolean)> turn);

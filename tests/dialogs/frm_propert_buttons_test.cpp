@@ -37,6 +37,34 @@ TEST_F(FrmPropert, RestoreShowsLimitsMarginsAndMarkerSizeOfANewGraph) {
   EXPECT_EQ(graph().MarkerSize(), 40);
 }
 
+TEST_F(FrmPropert, RoundLimitsFitsBothAxesAndTheirTicksOnce) {
+  open(kAxesPage);
+  type("txtYAxis_1", "99");
+  client.surface.clear_log();
+  click("cmdRoundLimits");
+  EXPECT_EQ(client.redraws(), 1);
+  EXPECT_EQ(text("txtXAxis_2"), "1.5");
+  EXPECT_EQ(text("txtXAxis_1"), "3");
+  EXPECT_EQ(text("txtYAxis_2"), "2");
+  EXPECT_EQ(text("txtYAxis_1"), "5");
+  EXPECT_EQ(text("txtAxisTicks"), "6");
+  EXPECT_EQ(graph().AxisLabelFormatX(), "0.00");
+  EXPECT_EQ(graph().AxisLabelFormatY(), "0.0");
+  EXPECT_FALSE(window->findChild<QCheckBox>("chkXZoom")->isChecked());
+  EXPECT_FALSE(graph().round_limits());
+}
+
+TEST_F(FrmPropert, RoundLimitsThatFollowTheDataAreFittedToTheTicksThatAreTyped) {
+  graph().set_round_limits(true);
+  graph().update_limits();
+  open(kAxesPage);
+  type("txtAxisTicks", "10");
+  EXPECT_EQ(graph().NumTicks(), 10);
+  EXPECT_EQ(text("txtXAxis_1"), "3.2");
+  EXPECT_EQ(text("txtYAxis_1"), "4.5");
+  EXPECT_EQ(text("txtAxisTicks"), "10");
+}
+
 TEST_F(FrmPropert, RestoreByItsLetterReplacesTheMarginThatIsBeingTyped) {
   open(kGeneralPage);
   type("txtMarginTop", "9");
