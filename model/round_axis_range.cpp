@@ -12,10 +12,10 @@ namespace kurv {
 
 namespace {
 
-constexpr Double kInfinity = std::numeric_limits<Double>::infinity();
+constexpr Double kBeyond = std::numeric_limits<Double>::infinity();
 
 // The minimum is above the maximum where there is no value.
-void include_column(const GraphDocument& document, int column, DataRange& range) {
+void include_finite(const GraphDocument& document, int column, DataRange& range) {
   if (document.NumData < 1) return;
   const auto values = document.xyArr.column(column);
   for (int i = 1; i <= document.NumData; ++i) {
@@ -27,8 +27,8 @@ void include_column(const GraphDocument& document, int column, DataRange& range)
 }
 
 DataRange x_range(const GraphDocument& document) {
-  DataRange range{kInfinity, -kInfinity};
-  include_column(document, 1, range);
+  DataRange range{kBeyond, -kBeyond};
+  include_finite(document, 1, range);
   if (range.min > range.max) range = {0, 0};
   const RoundLimitsSwitch& rounding = document.round_limits;
   if (rounding.x_unit_column == 1) range.unit = rounding.x_unit;
@@ -37,9 +37,9 @@ DataRange x_range(const GraphDocument& document) {
 }
 
 DataRange y_range(const GraphDocument& document) {
-  DataRange range{kInfinity, -kInfinity};
+  DataRange range{kBeyond, -kBeyond};
   for (int k = 1; k <= document.NumY; ++k) {
-    if (document.y_visible(k)) include_column(document, k + 1, range);
+    if (document.y_visible(k)) include_finite(document, k + 1, range);
   }
   if (range.min > range.max) return {0, 1};
   range.is_rounded = !document.YLimitsExact;

@@ -8,9 +8,9 @@ namespace kurv {
 namespace {
 
 // Labels have at most fifteen significant digits, and the last one is needed for rounding errors.
-constexpr int kMostDigits = 14;
+constexpr int kMostPlaces = 14;
 
-int decimal_exponent(Double magnitude) {
+int first_place(Double magnitude) {
   return static_cast<int>(std::floor(std::log10(magnitude)));
 }
 
@@ -31,13 +31,13 @@ bool are_multiples(Double min, Double max, int ticks, int place) {
 
 // The power of ten of the last digit that labels need.
 int last_place(Double min, Double max, int ticks) {
-  const int first = decimal_exponent(largest_magnitude(min, max));
-  for (int place = first; place > first - kMostDigits; --place) {
+  const int first = first_place(largest_magnitude(min, max));
+  for (int place = first; place > first - kMostPlaces; --place) {
     if (are_multiples(min, max, ticks, place)) return place;
   }
   const Double distance = std::abs(max / ticks - min / ticks);
-  const int hundredth = distance > 0 ? decimal_exponent(distance) - 2 : first;
-  return std::clamp(hundredth, first - kMostDigits, first);
+  const int hundredth = distance > 0 ? first_place(distance) - 2 : first;
+  return std::clamp(hundredth, first - kMostPlaces, first);
 }
 
 String with_decimals(const String& pattern, int decimals) {
@@ -68,7 +68,7 @@ String exact_label_format(Double min, Double max, int ticks) {
   if (ticks < 1 || !std::isfinite(max - min) || largest == 0) return "0.00E+0";
   const int place = last_place(min, max, ticks);
   if (needs_exponent(min, max)) {
-    return exponent_format(decimal_exponent(largest) - place, min <= 0 && max >= 0);
+    return exponent_format(first_place(largest) - place, min <= 0 && max >= 0);
   }
   return with_decimals(largest >= kFirstGrouped ? "#,##0" : "0", -place);
 }
