@@ -4,6 +4,7 @@
 #include <iterator>
 
 #include "control/control_state.h"
+#include "control/fitted_items.h"
 #include "control/graph_file_commands.h"
 #include "control/picture_export.h"
 #include "control/property_pages.h"
@@ -18,8 +19,12 @@ namespace {
 void refresh(ControlState& state) {
   const StepRecorder step(state, {"Reset Positions"});
   SizeTitleHandles(state.document, state.layout, state.surface);
-  place_titles(state.document, state.layout);
-  place_legend(state.document, state.layout);
+  if (state.document.fitted_items.is_on) {
+    fit_items(state);
+  } else {
+    place_titles(state.document, state.layout);
+    place_legend(state.document, state.layout);
+  }
   build_the_graph(state);
 }
 

@@ -9,6 +9,7 @@
 #include "control/control_state.h"
 #include "control/data_intake.h"
 #include "control/derived_curve_wizard.h"
+#include "control/fitted_items.h"
 #include "control/function_curve_commands.h"
 #include "control/graph_file_commands.h"
 #include "control/lifecycle.h"
@@ -18,6 +19,7 @@
 #include "control/undo.h"
 #include "io/comma_changes.h"
 #include "model/data_set.h"
+#include "render/legend_titles.h"
 
 namespace kurv {
 
@@ -110,6 +112,19 @@ void Control::set_x_unit(AxisUnit unit) {
 }
 void Control::update_limits() {
   basKurvGraph01::update_limits(*m_state);
+}
+
+bool Control::fitted_items() const {
+  return m_state->document.fitted_items.is_on;
+}
+void Control::set_fitted_items(bool on) {
+  kurv::set_fitted_items(*m_state, on);
+}
+bool Control::has_items_in_fitted_places() const {
+  return kurv::has_items_in_fitted_places(*m_state);
+}
+int Control::unlisted_curves() const {
+  return kurv::unlisted_curves(m_state->document);
 }
 
 void Control::file_load(const String& filename) {

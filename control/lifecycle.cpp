@@ -6,6 +6,7 @@
 
 #include "control/control_state.h"
 #include "control/data_intake.h"
+#include "control/fitted_items.h"
 #include "control/graph_file_commands.h"
 #include "control/redraw.h"
 #include "render/legend_titles.h"
@@ -86,6 +87,7 @@ void resize(ControlState& state) {
   const Double height = state.surface.ScaleHeight() - document.Bottom_margine - plot.PlotTop;
   plot.PlotWidth = to_integer(numeric.larger_of(width, kMinPlotSide));
   plot.PlotHeight = to_integer(numeric.larger_of(height, kMinPlotSide));
+  if (document.GraphValid && has_items_in_fitted_places(state)) fit_items(state);
   if (!state.container.run_mode() || document.DataFromHost) build_the_graph(state);
 }
 

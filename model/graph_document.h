@@ -65,6 +65,25 @@ struct RoundLimitsSwitch {
   LimitSettings before;  // settings that return when it is turned off
 };
 
+// A setting that is changed to fit something, and what it was before. A value that is neither was
+// set by the user.
+template <class Value>
+struct FittedSetting {
+  Value before{};
+  Value fitted{};
+};
+
+// Whether "refresh" moves title, subtitle and legend to where they fit, and what it has changed for
+// that.
+struct FittedItems {
+  bool is_on = false;
+  // The legend has at most so many rows; 0 is no limit.
+  int legend_rows = 0;
+  FittedSetting<Integer> right_margin;
+  FittedSetting<Integer> top_margin;
+  FittedSetting<Single> title_size;
+};
+
 struct GraphDocument {
   // True once the last public data intake could be plotted; nothing is drawn while it is False.
   Boolean GraphValid;
@@ -98,6 +117,7 @@ struct GraphDocument {
   Boolean XLimitsExact = true;
   Boolean YLimitsExact;
   RoundLimitsSwitch round_limits;
+  FittedItems fitted_items;
   Boolean SortXY;  // plot the copy sorted by x
 
   // Twips. MarkerDrawSize is MarkerSize x 5 / 6 always; set_marker_size() keeps it so.

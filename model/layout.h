@@ -2,7 +2,9 @@
 #pragma once
 
 #include <array>
+#include <optional>
 
+#include <KurvGraph/plot_surface.h>
 #include <KurvGraph/values.h>
 
 namespace kurv {
@@ -24,6 +26,13 @@ struct PlotRect {
   Integer PlotHeight = 0;
 };
 
+// The top left corners of what the user can drag.
+struct ItemPlaces {
+  SurfacePoint title;
+  SurfacePoint subtitle;
+  SurfacePoint legend;
+};
+
 struct Layout {
   PlotRect plot;
 
@@ -38,6 +47,8 @@ struct Layout {
   Rect imgTitle;
   Rect imgSubTitle;
   Rect picLegend;
+  // Where fitting has put them; nothing before the first time.
+  std::optional<ItemPlaces> fitted_places;
 
   // Where a press or a double click finds the parts of the axes; written by the axis pass.
   std::array<Rect, 2> shpGraphBorder;  // 0 along the x axis, 1 along the y axis

@@ -25,7 +25,7 @@ constexpr const char* kEntryLead = "   ";
 constexpr const char* kEntryTail = "    ";
 
 struct Entry {
-  int curve;
+  int curve;  // 0 for the row that counts the curves without one
   String text;
 };
 
@@ -33,6 +33,13 @@ struct Entry {
 // shows only the part before the first blank.
 String entry_text(const String& name) {
   return name.find(kDefinitionSign) == String::npos ? name : name.substr(0, name.find(' '));
+}
+
+void shorten(std::vector<Entry>& entries, int rows) {
+  if (rows < 1 || std::ssize(entries) <= rows) return;
+  const std::ptrdiff_t left_out = std::ssize(entries) - rows + 1;
+  entries.resize(static_cast<std::size_t>(rows) - 1);
+  entries.push_back({0, "and " + std::to_string(left_out) + " more"});
 }
 
 // A curve whose flag is neither True nor False is drawn but not listed: a host that passes such a
@@ -44,6 +51,7 @@ std::vector<Entry> legend_entries(const GraphDocument& document) {
       entries.push_back({k, entry_text(document.yVarName(k + 1))});
     }
   }
+  shorten(entries, document.fitted_items.legend_rows);
   return entries;
 }
 
@@ -52,8 +60,8 @@ void keep_on_surface(Rect& handle, const PlotRect& plot, const PlotSurface& surf
   if (handle.left > surface.ScaleWidth()) handle.left = to_single(plot.PlotWidth / 3.0);
 }
 
-void size_legend(const GraphDocument& document, const std::vector<Entry>& entries, Rect& legend,
-                 const PlotSurface& surface) {
+void size_to_entries(const GraphDocument& document, const std::vector<Entry>& entries, Rect& legend,
+                     const PlotSurface& surface) {
   String measured;
   for (const Entry& entry : entries) measured += kEntryLead + entry.text + kEntryTail + "\r\n";
   const Double count = static_cast<Double>(entries.size());
@@ -77,9 +85,11 @@ void paint_legend(const GraphDocument& document, const std::vector<Entry>& entri
   Double row = 0.5;
   for (const Entry& entry : entries) {
     const Double centre = legend.top + row * row_height;
-    DrawMarker(document, surface, entry.curve, legend.left + kSymbolInset + document.MarkerSize,
-               centre, !document.DrawMarkers.is_exactly_true());
-    surface.set_ForeColor(curve_colour(entry.curve));
+    if (entry.curve > 0) {
+      DrawMarker(document, surface, entry.curve, legend.left + kSymbolInset + document.MarkerSize,
+                 centre, !document.DrawMarkers.is_exactly_true());
+    }
+    surface.set_ForeColor(entry.curve > 0 ? curve_colour(entry.curve) : kBlack);
     surface.Print(to_single(legend.left + kTextInset + 2 * document.MarkerSize),
                   to_single(centre - kTextRise), entry.text + kEntryTail);
     row += 1;
@@ -113,7 +123,7 @@ void DrawLegendAndTitles(const GraphDocument& document, Layout& layout, PlotSurf
   }
   const std::vector<Entry> entries = legend_entries(document);
   if (!entries.empty()) {
-    size_legend(document, entries, layout.picLegend, surface);
+    size_to_entries(document, entries, layout.picLegend, surface);
     paint_legend(document, entries, layout.picLegend, surface);
   }
   paint_title(title_font(document), layout.imgTitle, document.Title, surface);
@@ -128,6 +138,25 @@ void place_titles(const GraphDocument& document, Layout& layout) {
   title.left = document.Left_margine;
   subtitle.top = Single(document.Top_margine) - subtitle.height - kHomeGap;
   subtitle.left = title.left + title.width + kTitleGap;
+}
+
+void size_legend(const GraphDocument& document, Layout& layout, const PlotSurface& surface) {
+  size_to_entries(document, legend_entries(document), layout.picLegend, surface);
+}
+
+int legend_rows(const GraphDocument& document, Double height, const PlotSurface& surface) {
+  const Double line = surface.TextHeight("Mg\r\nMg") - surface.TextHeight("Mg");
+  const Double pitch = std::max(line, kRowPitchPerMarkerSize * document.MarkerSize);
+  return std::max(1, static_cast<int>((height - pitch) / pitch));
+}
+
+int unlisted_curves(const GraphDocument& document) {
+  const int rows = document.fitted_items.legend_rows;
+  int curves = 0;
+  for (int k = 1; k <= document.NumY; ++k) {
+    if (document.y_visible(k).is_exactly_true()) ++curves;
+  }
+  return rows < 1 || curves <= rows ? 0 : curves - rows + 1;
 }
 
 bool has_legend(const GraphDocument& document) {

@@ -16,6 +16,13 @@ void SizeTitleHandles(const GraphDocument& document, Layout& layout, PlotSurface
 // entry for each curve whose visibility flag is exactly True. Leaves the axis font current.
 void DrawLegendAndTitles(const GraphDocument& document, Layout& layout, PlotSurface& surface);
 
+// How large the legend will be. The axis font is current on the surface.
+void size_legend(const GraphDocument& document, Layout& layout, const PlotSurface& surface);
+// How many rows have room in this height, at least one.
+int legend_rows(const GraphDocument& document, Double height, const PlotSurface& surface);
+// How many visible curves have no row.
+int unlisted_curves(const GraphDocument& document);
+
 // Whether any curve is listed, and so a legend is visible.
 bool has_legend(const GraphDocument& document);
 

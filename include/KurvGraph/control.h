@@ -179,6 +179,25 @@ class KURV_EXPORT Control {
   void update_limits();
 
   /// @}
+  /// @name Places that fit
+  /// @{
+
+  /// Whether "refresh" puts title, subtitle and legend where they fit, instead of in their home
+  /// places. Off by default. The legend goes where it hides the fewest points and lines, or to the
+  /// right of the plot where it would hide more than a tenth of the points; then the right margin
+  /// grows. Names that have no room are counted in its last row. A subtitle that has no room beside
+  /// the title goes below it, and the top margin grows; a title that is too long has a smaller
+  /// font, but not below 9 points. What was changed returns with the next "refresh" that does not
+  /// need it, and when this is turned off. Does not redraw.
+  bool fitted_items() const;
+  void set_fitted_items(bool on);
+  /// Whether all of them are where they were put so, and nothing of it has been set since. A resize
+  /// then puts them where they fit the new size.
+  bool has_items_in_fitted_places() const;
+  /// How many visible curves have no row in the legend.
+  int unlisted_curves() const;
+
+  /// @}
   /// @name Properties
   /// A getter and a setter for each row of property_list.h. For the row NumTicks they are
   ///

@@ -73,6 +73,22 @@ void KurvGraph::set_round_limits(bool on) {
   m_state->graph.set_round_limits(on);
 }
 
+bool KurvGraph::fitted_items() const {
+  return m_state->graph.fitted_items();
+}
+
+void KurvGraph::set_fitted_items(bool on) {
+  m_state->graph.set_fitted_items(on);
+}
+
+bool KurvGraph::has_items_in_fitted_places() const {
+  return m_state->graph.has_items_in_fitted_places();
+}
+
+int KurvGraph::unlisted_curves() const {
+  return m_state->graph.unlisted_curves();
+}
+
 void KurvGraph::set_x_unit(AxisUnit unit) {
   m_state->graph.set_x_unit(unit);
 }

@@ -1,0 +1,160 @@
+#include "control/fitted_items.h"
+
+#include <algorithm>
+#include <optional>
+
+#include "control/control_state.h"
+#include "render/legend_place.h"
+#include "render/legend_titles.h"
+#include "render/mapping.h"
+
+namespace kurv {
+
+namespace {
+
+constexpr Double kGap = 100;          // twips, around what is outside of the plot
+constexpr Single kSmallestTitle = 9;  // points
+constexpr Double kMostHidden = 0.1;
+
+template <class Value>
+void restore(FittedSetting<Value>& setting, Value& value) {
+  if (value == setting.fitted) value = setting.before;
+  setting.before = value;
+  setting.fitted = value;
+}
+
+template <class Value>
+void fit(FittedSetting<Value>& setting, Value& value, Value fitted) {
+  value = fitted;
+  setting.fitted = fitted;
+}
+
+void restore_all(GraphDocument& document) {
+  FittedItems& items = document.fitted_items;
+  restore(items.right_margin, document.Right_margine);
+  restore(items.top_margin, document.Top_margine);
+  restore(items.title_size, document.TitleFontSize);
+  items.legend_rows = 0;
+}
+
+// -- Titles ---------------------------------------------------------------------------------------
+
+bool has_room(const ControlState& state, const Rect& item) {
+  return item.left + item.width <= state.surface.ScaleWidth() - kGap;
+}
+
+void shrink_title(ControlState& state) {
+  GraphDocument& document = state.document;
+  while (!has_room(state, state.layout.imgTitle) && document.TitleFontSize > kSmallestTitle) {
+    fit(document.fitted_items.title_size, document.TitleFontSize,
+        std::max(kSmallestTitle, document.TitleFontSize - 1));
+    SizeTitleHandles(document, state.layout, state.surface);
+    place_titles(document, state.layout);
+  }
+}
+
+// The subtitle in a row of its own between the title and the plot.
+void place_subtitle_below(ControlState& state) {
+  GraphDocument& document = state.document;
+  Layout& layout = state.layout;
+  const Single above = layout.imgTitle.height + layout.imgSubTitle.height + Single(kGap);
+  if (document.Top_margine < above) {
+    fit(document.fitted_items.top_margin, document.Top_margine, to_integer(Double(above)));
+  }
+  place_titles(document, layout);
+  layout.imgTitle.top = layout.imgSubTitle.top - layout.imgTitle.height;
+  layout.imgSubTitle.left = layout.imgTitle.left;
+}
+
+void fit_titles(ControlState& state) {
+  GraphDocument& document = state.document;
+  SizeTitleHandles(document, state.layout, state.surface);
+  place_titles(document, state.layout);
+  if (document.SubTitle.empty()) return shrink_title(state);
+  if (has_room(state, state.layout.imgSubTitle)) return;
+  shrink_title(state);
+  place_subtitle_below(state);
+}
+
+// -- The legend -----------------------------------------------------------------------------------
+
+void update_plot(ControlState& state) {
+  update_plot_rect(state.layout.plot, state.document, state.surface.ScaleWidth(),
+                   state.surface.ScaleHeight());
+}
+
+// Right of the plot, unless that would take half of the surface.
+bool place_outside(ControlState& state) {
+  GraphDocument& document = state.document;
+  Layout& layout = state.layout;
+  const Double margin = layout.picLegend.width + 2 * kGap;
+  if (margin > state.surface.ScaleWidth() / 2) return false;
+  if (document.Right_margine < margin) {
+    fit(document.fitted_items.right_margin, document.Right_margine, to_integer(margin));
+    update_plot(state);
+  }
+  layout.picLegend.left =
+      static_cast<Single>(Double(layout.plot.PlotLeft) + layout.plot.PlotWidth + kGap);
+  layout.picLegend.top = layout.plot.PlotTop;
+  return true;
+}
+
+void fit_legend(ControlState& state) {
+  GraphDocument& document = state.document;
+  Layout& layout = state.layout;
+  update_plot(state);
+  place_legend(document, layout);
+  if (!has_legend(document)) return;
+  document.fitted_items.legend_rows = legend_rows(document, layout.plot.PlotHeight, state.surface);
+  size_legend(document, layout, state.surface);
+  const std::optional<LegendPlace> place = find_legend_place(document, layout);
+  if ((!place || place->hidden > kMostHidden) && place_outside(state)) return;
+  if (!place) return;
+  layout.picLegend.left = place->left;
+  layout.picLegend.top = place->top;
+}
+
+// -- Whether they are still there -----------------------------------------------------------------
+
+ItemPlaces places(const Layout& layout) {
+  const auto corner = [](const Rect& item) { return SurfacePoint{item.left, item.top}; };
+  return {corner(layout.imgTitle), corner(layout.imgSubTitle), corner(layout.picLegend)};
+}
+
+bool are_equal(SurfacePoint a, SurfacePoint b) {
+  return a.x == b.x && a.y == b.y;
+}
+
+}  // namespace
+
+bool has_items_in_fitted_places(const ControlState& state) {
+  const GraphDocument& document = state.document;
+  const FittedItems& items = document.fitted_items;
+  const std::optional<ItemPlaces>& fitted = state.layout.fitted_places;
+  const ItemPlaces now = places(state.layout);
+  return items.is_on && fitted && are_equal(now.title, fitted->title) &&
+         are_equal(now.subtitle, fitted->subtitle) && are_equal(now.legend, fitted->legend) &&
+         document.Right_margine == items.right_margin.fitted &&
+         document.Top_margine == items.top_margin.fitted &&
+         document.TitleFontSize == items.title_size.fitted;
+}
+
+void set_fitted_items(ControlState& state, bool on) {
+  GraphDocument& document = state.document;
+  FittedItems& items = document.fitted_items;
+  if (items.is_on == on) return;
+  items.is_on = on;
+  if (!on) return restore_all(document);
+  items.right_margin = {document.Right_margine, document.Right_margine};
+  items.top_margin = {document.Top_margine, document.Top_margine};
+  items.title_size = {document.TitleFontSize, document.TitleFontSize};
+}
+
+void fit_items(ControlState& state) {
+  restore_all(state.document);
+  fit_titles(state);
+  if (state.document.GraphValid) fit_legend(state);
+  state.layout.fitted_places = places(state.layout);
+}
+
+}  // namespace kurv

@@ -1,0 +1,139 @@
+#include "control/fitted_items.h"
+
+#include <gtest/gtest.h>
+
+#include "control/control_state.h"
+#include "tests/support/test_host.h"
+
+namespace kurv {
+namespace {
+
+bool overlap(const Rect& a, const Rect& b) {
+  return a.left < b.left + b.width && b.left < a.left + a.width && a.top < b.top + b.height &&
+         b.top < a.top + a.height;
+}
+
+class FittedItemsSwitch : public testing::Test {
+ protected:
+  // Points all over the plot where `is_dense`.
+  void load(int curves, bool is_dense = false) {
+    const int count = is_dense ? 2500 : 2;
+    std::vector<std::vector<Double>> columns(static_cast<std::size_t>(curves) + 1);
+    std::vector<String> names{"x"};
+    for (int i = 0; i < count; ++i) columns[0].push_back(is_dense ? i % 50 : i);
+    for (int k = 1; k <= curves; ++k) {
+      names.push_back("curve " + std::to_string(k));
+      for (int i = 0; i < count; ++i) columns[static_cast<std::size_t>(k)].push_back(i / 50);
+    }
+    control.scatter_graph2(
+        "Title", test::columns(columns), test::names(names), static_cast<Integer>(count),
+        static_cast<Integer>(curves),
+        List<Boolean>(1, std::vector<Boolean>(static_cast<std::size_t>(curves), true)), 0, {},
+        !is_dense, is_dense);
+  }
+  void refresh() { control.ChartOptions("refresh"); }
+  const Rect& legend() { return host.layout().picLegend; }
+  Double plot_right() { return Double(host.layout().plot.PlotLeft) + host.layout().plot.PlotWidth; }
+
+  test::TestHost host;
+  Control& control = host.control;
+};
+
+TEST_F(FittedItemsSwitch, IsOffByDefault) {
+  EXPECT_FALSE(control.fitted_items());
+  load(2, true);
+  refresh();
+  EXPECT_EQ(legend().left, 1000);
+  EXPECT_EQ(legend().top, 680);
+  EXPECT_EQ(control.Right_margine(), 800);
+}
+
+TEST_F(FittedItemsSwitch, TheLegendIsOutsideWhereItWouldHideATenthOfThePoints) {
+  load(30, true);
+  control.set_fitted_items(true);
+  refresh();
+  EXPECT_GE(legend().left, plot_right());
+  EXPECT_LE(legend().left + legend().width, host.surface.ScaleWidth());
+  EXPECT_GT(control.Right_margine(), 800);
+}
+
+TEST_F(FittedItemsSwitch, TheMarginReturnsWhereTheLegendFitsInside) {
+  load(30, true);
+  control.set_fitted_items(true);
+  refresh();
+  load(1);
+  refresh();
+  EXPECT_EQ(control.Right_margine(), 800);
+  EXPECT_LT(legend().left + legend().width, plot_right());
+}
+
+TEST_F(FittedItemsSwitch, AMarginThatTheUserHasSetStays) {
+  control.set_fitted_items(true);
+  load(30, true);
+  refresh();
+  control.set_Right_margine(5000);
+  refresh();
+  refresh();
+  EXPECT_EQ(control.Right_margine(), 5000);
+}
+
+TEST_F(FittedItemsSwitch, TurningItOffRestoresWhatItHasChanged) {
+  load(30, true);
+  const Single size = control.TitleFontSize();
+  control.set_Title(String(200, 'm'));
+  control.set_SubTitle(String(50, 'm'));
+  control.set_fitted_items(true);
+  refresh();
+  EXPECT_LT(control.TitleFontSize(), size);
+  control.set_fitted_items(false);
+  EXPECT_EQ(control.TitleFontSize(), size);
+  EXPECT_EQ(control.Top_margine(), 480);
+  EXPECT_EQ(control.Right_margine(), 800);
+}
+
+TEST_F(FittedItemsSwitch, NamesThatHaveNoRoomAreCounted) {
+  load(149);
+  EXPECT_EQ(control.unlisted_curves(), 0);
+  control.set_fitted_items(true);
+  refresh();
+  const int unlisted = control.unlisted_curves();
+  EXPECT_GT(unlisted, 0);
+  EXPECT_LE(legend().top + legend().height,
+            host.layout().plot.PlotTop + host.layout().plot.PlotHeight);
+  EXPECT_NE(host.surface.log().find("\"and " + std::to_string(unlisted) + " more    \""),
+            std::string::npos);
+  load(3);
+  refresh();
+  EXPECT_EQ(control.unlisted_curves(), 0);
+}
+
+TEST_F(FittedItemsSwitch, TheSubtitleIsBesideTheTitleWhereItHasRoom) {
+  load(1);
+  control.set_SubTitle("short");
+  control.set_fitted_items(true);
+  refresh();
+  EXPECT_GE(host.layout().imgSubTitle.left,
+            host.layout().imgTitle.left + host.layout().imgTitle.width);
+  EXPECT_EQ(control.Top_margine(), 480);
+}
+
+TEST_F(FittedItemsSwitch, TitlesAreNeverOnTopOfEachOther) {
+  for (const std::size_t title : {1, 20, 60, 100, 300}) {
+    for (const std::size_t subtitle : {1, 20, 60, 100, 300}) {
+      test::TestHost own;
+      own.load({1, 2}, {1, 2});
+      own.control.set_Title(String(title, 'm'));
+      own.control.set_SubTitle(String(subtitle, 'm'));
+      own.control.set_fitted_items(true);
+      own.control.ChartOptions("refresh");
+      const Layout& layout = own.layout();
+      EXPECT_FALSE(overlap(layout.imgTitle, layout.imgSubTitle)) << title << ' ' << subtitle;
+      EXPECT_GE(layout.imgTitle.top, 0);
+      EXPECT_LE(layout.imgSubTitle.top + layout.imgSubTitle.height, layout.plot.PlotTop);
+      EXPECT_GE(own.control.TitleFontSize(), 9);
+    }
+  }
+}
+
+}  // namespace
+}  // namespace kurv
