@@ -14,8 +14,8 @@ constexpr const char* kChoiceNotes = R"(
 Defaults are in parentheses. Columns are named as in the file, and one with a
 comma in its name is quoted: --y 'co2,"adjusted, ppm"'. The letter case of a
 property does not matter. A graph file has its columns, rows and formatting in
-it: --x, --y, --every and --sort are refused for it, and the other options
-override what it says.
+it: --x, --y, --every, --sort and --limits are refused for it, and the other
+options override what it says.
 )";
 
 // All properties as a paragraph.

@@ -24,6 +24,7 @@ struct Texts {
   std::optional<std::string> scale;
   std::optional<std::string> format;
   std::string every = "1";
+  std::optional<std::string> limits;
   std::vector<std::string> y;
   std::vector<std::string> derivations;
   std::vector<std::string> settings;
@@ -185,6 +186,11 @@ class Program {
     command.add_option("--every", m_texts.every, "Take each N-th row: 1, N+1, 2N+1 and so on")
         ->type_name("N");
     command.add_flag("--sort", m_choice.sort, "Sort the points by x");
+    command
+        .add_option("--limits", m_texts.limits,
+                    "The limits of a table: round, with ticks at round numbers, or rule, as the "
+                    "control sets them (round)")
+        ->type_name("round|rule");
   }
 
   void add_columns(CLI::App& command) {
@@ -259,6 +265,7 @@ class Program {
     if (m_texts.locale) m_choice.locale = parse_locale(*m_texts.locale);
     parse_table_options(m_texts.table, m_choice.table);
     m_choice.table.selection.every = parse_every(m_texts.every);
+    if (m_texts.limits) m_choice.round_limits = parse_limits(*m_texts.limits);
     for (const std::string& list : m_texts.y) {
       for (const std::string& name : parse_names(list, "--y"))
         m_choice.table.selection.y.push_back(name);

@@ -127,6 +127,12 @@ std::size_t parse_every(std::string_view text) {
   throw misuse("--every takes a whole number from 1 upwards, not " + in_quotes(text) + ".");
 }
 
+bool parse_limits(std::string_view text) {
+  if (text == "round") return true;
+  if (text == "rule") return false;
+  throw misuse("--limits takes round or rule, not " + in_quotes(text) + ".");
+}
+
 std::vector<std::string> parse_names(std::string_view text, const std::string& option) {
   std::vector<std::string> names;
   try {

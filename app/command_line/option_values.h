@@ -21,6 +21,9 @@ double parse_scale(std::string_view text);
 // A whole number above zero.
 std::size_t parse_every(std::string_view text);
 
+// Whether limits are round: "round" or "rule".
+bool parse_limits(std::string_view text);
+
 // Names between commas; one that holds a comma is in quotation marks.
 std::vector<std::string> parse_names(std::string_view text, const std::string& option);
 

@@ -26,7 +26,7 @@ GraphSource load_with_warnings(const std::string& path, const GraphChoice& choic
 void render(const RenderRequest& request, const Warn& warn) {
   const GraphSource source = load_with_warnings(request.data_file, request, warn);
   const auto application = headless_application();
-  const QByteArray picture = render_picture(request, source, request.format, request.scale);
+  const QByteArray picture = render_picture(request, source, request.format, request.scale, warn);
   if (is_standard_output(request.picture_file)) {
     write_standard_output({picture.data(), static_cast<std::size_t>(picture.size())});
   } else {

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <string_view>
 #include <unordered_set>
 
@@ -284,6 +285,28 @@ void remove_commas(TableData& data) {
 }
 
 }  // namespace
+
+AxisUnit x_unit(const TableData& data) {
+  if (data.x_scale) return axis_unit(*data.x_scale);
+  const std::string& name = data.names(1);
+  const std::string word = name.substr(0, name.find_first_of(" (["));
+  const bool is_year = equals_ignoring_case(word, "year") || equals_ignoring_case(word, "years");
+  return is_year ? AxisUnit::kYears : AxisUnit::kNumbers;
+}
+
+bool has_unsorted_x(const TableData& data) {
+  const Column<const Double> x = data.values.column(1);
+  bool rises = false;
+  bool falls = false;
+  double last = std::numeric_limits<double>::quiet_NaN();
+  for (int i = 1; i <= x.upper(); ++i) {
+    if (std::isnan(x(i))) continue;
+    rises = rises || x(i) > last;
+    falls = falls || x(i) < last;
+    last = x(i);
+  }
+  return rises && falls;
+}
 
 TableData make_table_data(TableColumns& columns, const Selection& selection,
                           const std::string& path) {

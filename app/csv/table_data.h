@@ -28,6 +28,13 @@ struct TableData {
   std::optional<TimeScale> x_scale = {};
 };
 
+// Whether x goes back and forth from row to row, so that lines between the points would cross the
+// plot in all directions.
+bool has_unsorted_x(const TableData& data);
+
+// What the values of x count: the unit of its dates, and years where the column is called "year".
+AxisUnit x_unit(const TableData& data);
+
 // Dates in the x column become numbers as rescale_dates() says. Commas in names become blanks. The
 // columns must have been made with the selection's `every`. Throws UserError, which begins with
 // `path`, when the table cannot be drawn.

@@ -153,6 +153,25 @@ double TimeScale::operator()(double days) const {
   return since / step;
 }
 
+AxisUnit axis_unit(const TimeScale& scale) {
+  switch (scale.unit) {
+    case TimeUnit::kNone:
+      return AxisUnit::kNumbers;
+    case TimeUnit::kYears:
+      return AxisUnit::kYears;
+    case TimeUnit::kMonths:
+      return AxisUnit::kMonths;
+    case TimeUnit::kDays:
+      return AxisUnit::kDays;
+    case TimeUnit::kElapsedHours:
+      return AxisUnit::kHours;
+    case TimeUnit::kClock:
+      break;
+  }
+  if (scale.step < 60) return AxisUnit::kSeconds;
+  return scale.step < 3600 ? AxisUnit::kMinutes : AxisUnit::kHours;
+}
+
 std::vector<int> roll_over_midnights(Column<Double> times) {
   constexpr double kHalfADay = 0.5;
   std::vector<int> midnights;

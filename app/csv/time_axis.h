@@ -2,6 +2,7 @@
 #pragma once
 
 #include <KurvGraph/arrays.h>
+#include <KurvGraph/axis_unit.h>
 #include <KurvGraph/values.h>
 
 #include <string>
@@ -34,6 +35,9 @@ struct TimeScale {
   // The number for days since 1970, or since midnight; NaN for NaN.
   double operator()(double days) const;
 };
+
+// What the numbers of an axis with this scale count.
+AxisUnit axis_unit(const TimeScale& scale);
 
 // Where times of day ascend, except for steps back by more than twelve hours, adds a day after each
 // of these steps: they are past midnight. The indexes of the first times of a new day; none where

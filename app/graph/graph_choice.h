@@ -34,9 +34,12 @@ struct GraphChoice {
   TableOptions table;
   std::optional<std::string> title;     // the data file's name
   std::optional<std::string> subtitle;  // none
-  std::optional<bool> lines;            // yes
-  std::optional<bool> markers;          // no
+  // Where neither is given, lines; markers where x goes back and forth and is not sorted. Where one
+  // is given, lines are on and markers off otherwise.
+  std::optional<bool> lines;
+  std::optional<bool> markers;
   bool sort = false;
+  std::optional<bool> round_limits;  // yes; no is the control's own rule for limits
   std::vector<Derivation> derivations;
   std::vector<std::string> functions;  // expressions of x
   std::vector<Setting> settings;

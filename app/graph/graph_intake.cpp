@@ -50,6 +50,7 @@ class OffscreenGraph {
                              : encoded(m_picture.image(), format);
   }
   std::vector<CommaChange> comma_changes() const { return m_control.comma_changes(); }
+  int unlisted_curves() const { return m_control.unlisted_curves(); }
   void save() { m_control.ChartOptions("saveas"); }
 
  private:
@@ -152,6 +153,7 @@ GraphSource load(const std::string& path, const GraphChoice& choice) {
   if (is_graph_file(path)) {
     refuse_table_options(choice.table, path);
     if (choice.sort) refuse_for_graph_file("--sort", path);
+    if (choice.round_limits) refuse_for_graph_file("--limits", path);
     return {path, std::nullopt};
   }
   GraphSource source{name_of_source(path), read_table_data(path, choice.table)};
@@ -194,11 +196,19 @@ void add_curves(const GraphChoice& choice, KurvGraph& graph) {
   }
 }
 
+std::optional<std::string> legend_warning(int unlisted_curves) {
+  if (unlisted_curves == 0) return std::nullopt;
+  return "the legend has no room for " + std::to_string(unlisted_curves) +
+         " of the curves; its last row says so.";
+}
+
 QByteArray render_picture(const GraphChoice& choice, const GraphSource& source,
-                          PictureFormat format, double scale) {
+                          PictureFormat format, double scale, const WarningSink& warn) {
   return drawing(choice, source, [&] {
     OffscreenGraph graph(choice, scale);
     graph.draw(choice, source);
+    const std::optional<std::string> warning = legend_warning(graph.unlisted_curves());
+    if (warn && warning) warn(*warning);
     return graph.picture(format);
   });
 }
@@ -208,7 +218,7 @@ void check_picture(const GraphChoice& choice, const GraphSource& source) {
 }
 
 void save_graph(const GraphChoice& choice, const GraphSource& source, const std::string& path,
-                const std::function<void(const std::string&)>& warn) {
+                const WarningSink& warn) {
   OffscreenGraph graph(choice, 1, path);
   drawing(choice, source, [&] { graph.draw(choice, source); });
   if (warn) {

@@ -51,10 +51,15 @@ void plot_table(const GraphChoice& choice, const std::string& path, const TableD
   const std::string title = choice.title.value_or(std::filesystem::path(path).stem().string());
   set_property_value(graph, *find_property("SortXY"), Variant(Boolean(choice.sort)));
   set_property_value(graph, *find_property("SubTitle"), Variant(choice.subtitle.value_or("")));
+  graph.set_round_limits(choice.round_limits.value_or(true));
+  graph.set_x_unit(x_unit(data));
+  graph.set_fitted_items(true);
+  const bool is_scattered =
+      !choice.lines && !choice.markers && !choice.sort && has_unsorted_x(data);
   graph.scatter_graph2(title, data.values, data.names,
                        static_cast<Integer>(data.values.upper_point()),
-                       static_cast<Integer>(curves), visible, 0, {}, choice.lines.value_or(true),
-                       choice.markers.value_or(false));
+                       static_cast<Integer>(curves), visible, 0, {},
+                       choice.lines.value_or(!is_scattered), choice.markers.value_or(is_scattered));
 }
 
 // Overrides what a graph file says by what was chosen.
@@ -75,6 +80,8 @@ void fill(const GraphChoice& choice, const GraphSource& source, AnyGraph& graph)
   if (source.data) {
     plot_table(choice, source.path, *source.data, graph);
   } else {
+    // Stays on for a file that was saved with it.
+    graph.set_round_limits(true);
     load_graph_file(graph, source.path);
     apply_overrides(choice, graph);
   }
@@ -95,6 +102,18 @@ void redraw(const GraphSource& source, AnyGraph& graph) {
 void add_curves(const GraphChoice& choice, Control& graph);
 void add_curves(const GraphChoice& choice, KurvGraph& graph);
 
+// Round limits are fitted to the number of ticks that was chosen; limits that were chosen too come
+// after that.
+template <class AnyGraph>
+void fit_to_ticks(const GraphChoice& choice, AnyGraph& graph) {
+  if (!graph.round_limits()) return;
+  for (const Setting& setting : choice.settings) {
+    if (setting.property->name != "NumTicks") continue;
+    set_property_value(graph, *setting.property, Variant(setting.value));
+    graph.update_limits();
+  }
+}
+
 // Adds the curves, sets the properties, which need the data, and redraws. Some of a picture depends
 // on the redraw before, such as the length of the grid lines, so it is drawn until it stays the
 // same. `drawn` is what the graph is drawn in.
@@ -103,6 +122,7 @@ void apply_settings(const GraphChoice& choice, const GraphSource& source, AnyGra
                     const Drawn& drawn) {
   constexpr int kMaxRedraws = 8;
   add_curves(choice, graph);
+  fit_to_ticks(choice, graph);
   for (const Setting& setting : choice.settings) {
     set_property_value(graph, *setting.property, Variant(setting.value));
   }
@@ -117,17 +137,23 @@ void apply_settings(const GraphChoice& choice, const GraphSource& source, AnyGra
   }
 }
 
+// A sentence where the legend has no room for as many curves as this; nothing for none.
+std::optional<std::string> legend_warning(int unlisted_curves);
+
+// Gets sentences about what the user would not expect.
+using WarningSink = std::function<void(const std::string&)>;
+
 // The bytes of a picture of the graph, drawn without a window at `scale` device pixels per logical
 // one (ignored for vector formats). Needs a QGuiApplication. Throws UserError where the graph
-// would show a message box or fail.
+// would show a message box or fail. `warn` gets the legend_warning().
 QByteArray render_picture(const GraphChoice& choice, const GraphSource& source,
-                          PictureFormat format, double scale);
+                          PictureFormat format, double scale, const WarningSink& warn = {});
 // Throws as render_picture() does, and makes no picture.
 void check_picture(const GraphChoice& choice, const GraphSource& source);
 
 // The same graph into a graph file. An existing one is kept as NAME~ until the new one is complete.
 // Before it is written, `warn` gets a sentence for each text that does not come back from it.
 void save_graph(const GraphChoice& choice, const GraphSource& source, const std::string& path,
-                const std::function<void(const std::string&)>& warn = {});
+                const WarningSink& warn = {});
 
 }  // namespace kurv::app

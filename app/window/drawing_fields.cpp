@@ -11,6 +11,7 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QScopedValueRollback>
+#include <QSignalBlocker>
 #include <QSpinBox>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -28,6 +29,10 @@ namespace {
 
 constexpr int kRowNumber = -1;
 constexpr const char* kRowNumberText = "Row number";
+
+// The styles, in the order of their box; the third is both.
+constexpr int kLines = 0;
+constexpr int kMarkers = 1;
 
 // A name may be as long as the file.
 QString elided(const std::string& text) {
@@ -88,7 +93,9 @@ DrawingFields::DrawingFields(const QString& title, QWidget* parent)
       m_none(named("cmdNone", new QPushButton("&None"))),
       m_every(named("spnEvery", new QSpinBox)),
       m_sort(named("chkSort", new QCheckBox("&Sort the points by x"))),
+      m_style(named("cboStyle", new QComboBox)),
       m_title(named("txtTitle", new QLineEdit(title))) {
+  m_style->addItems({"Lines", "Markers", "Both"});
   // Return in a field presses "Import" only.
   for (QPushButton* button : {m_all, m_none}) button->setAutoDefault(false);
   for (QWidget* const widget : {static_cast<QWidget*>(m_curves), static_cast<QWidget*>(m_sort)}) {
@@ -111,6 +118,8 @@ QBoxLayout* DrawingFields::make_x_column() {
   column->addWidget(m_sort);
   column->addWidget(caption("Take &every N-th row, N =", m_every));
   column->addWidget(m_every);
+  column->addWidget(caption("St&yle", m_style));
+  column->addWidget(m_style);
   column->addWidget(caption("&Title", m_title));
   column->addWidget(m_title);
   column->addStretch();
@@ -152,8 +161,15 @@ void DrawingFields::connect_fields() {
   });
   connect(m_all, &QPushButton::clicked, this, [this] { check_all(Qt::Checked); });
   connect(m_none, &QPushButton::clicked, this, [this] { check_all(Qt::Unchecked); });
-  connect(m_title, &QLineEdit::textChanged, this, [this] { m_title_or_order_changed(); });
-  connect(m_sort, &QCheckBox::toggled, this, [this] { m_title_or_order_changed(); });
+  connect(m_title, &QLineEdit::textChanged, this, [this] { m_title_or_style_changed(); });
+  connect(m_sort, &QCheckBox::toggled, this, [this] {
+    select_style();
+    m_title_or_style_changed();
+  });
+  connect(m_style, &QComboBox::currentIndexChanged, this, [this] {
+    m_has_chosen_style = true;
+    m_title_or_style_changed();
+  });
 }
 
 void DrawingFields::show_table(ReadTable* read) {
@@ -251,9 +267,22 @@ bool DrawingFields::offers_curves() const {
   return false;
 }
 
-void DrawingFields::write_title_and_order(GraphChoice& choice) const {
+void DrawingFields::write_title_and_style(GraphChoice& choice) const {
   choice.title = on_one_line(m_title->text().toStdString());
   choice.sort = m_sort->isChecked();
+  choice.lines = m_style->currentIndex() != kMarkers;
+  choice.markers = m_style->currentIndex() != kLines;
+}
+
+void DrawingFields::show_order(bool is_unsorted) {
+  m_is_unsorted = is_unsorted;
+  select_style();
+}
+
+void DrawingFields::select_style() {
+  if (m_has_chosen_style) return;
+  const QSignalBlocker not_the_user(m_style);
+  m_style->setCurrentIndex(m_is_unsorted && !m_sort->isChecked() ? kMarkers : kLines);
 }
 
 void DrawingFields::focus_first() {

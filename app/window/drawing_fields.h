@@ -19,7 +19,7 @@ class QSpinBox;
 
 namespace kurv::app {
 
-// Controls by name: cboX, lstCurves, cmdAll, cmdNone, spnEvery, chkSort, txtTitle.
+// Controls by name: cboX, lstCurves, cmdAll, cmdNone, spnEvery, chkSort, cboStyle, txtTitle.
 class DrawingFields final : public QWidget {
  public:
   explicit DrawingFields(const QString& title, QWidget* parent = nullptr);
@@ -28,16 +28,20 @@ class DrawingFields final : public QWidget {
   // where the table has columns of these names.
   void show_table(ReadTable* read);
 
-  // Called when other data are to be drawn, and when only the title or the order changes.
+  // Whether x goes back and forth: markers are offered then, lines otherwise, unless the user has
+  // chosen the style.
+  void show_order(bool is_unsorted);
+
+  // Called when other data are to be drawn, and when only title, order or style changes.
   void on_selection(std::function<void()> changed) { m_selection_changed = std::move(changed); }
-  void on_title_or_order(std::function<void()> changed) {
-    m_title_or_order_changed = std::move(changed);
+  void on_title_or_style(std::function<void()> changed) {
+    m_title_or_style_changed = std::move(changed);
   }
 
   Selection selection() const;
   // Whether there is a curve to tick.
   bool offers_curves() const;
-  void write_title_and_order(GraphChoice& choice) const;
+  void write_title_and_style(GraphChoice& choice) const;
   void focus_first();
 
  private:
@@ -51,6 +55,7 @@ class DrawingFields final : public QWidget {
   void check_all(Qt::CheckState state);
   void restore_checks();
   void select_changed();
+  void select_style();
 
   // Of the table that is shown.
   std::vector<std::string> m_names;
@@ -59,9 +64,11 @@ class DrawingFields final : public QWidget {
   bool m_has_chosen_rows = false;
   std::map<std::string, bool> m_chosen_curves;
   bool m_has_chosen_every = false;
+  bool m_has_chosen_style = false;
+  bool m_is_unsorted = false;
   bool m_is_filling = false;
   std::function<void()> m_selection_changed;
-  std::function<void()> m_title_or_order_changed;
+  std::function<void()> m_title_or_style_changed;
 
   QComboBox* m_x;
   QListWidget* m_curves;
@@ -69,6 +76,7 @@ class DrawingFields final : public QWidget {
   QPushButton* m_none;
   QSpinBox* m_every;
   QCheckBox* m_sort;
+  QComboBox* m_style;
   QLineEdit* m_title;
 };
 

@@ -201,15 +201,23 @@ void Follower::replace_columns(const TableData& data) {
   choice.lines = graph.Connected();
   choice.markers = graph.DrawMarkers();
   choice.sort = graph.SortXY();
+  choice.round_limits = graph.round_limits();
   choice.functions.clear();
   for (const QString& function : graph.functions()) {
     choice.functions.push_back(function.toStdString());
   }
   const bool follows = graph.Autoscale();
+  const int ticks = graph.NumTicks();
+  const QString formats[] = {graph.AxisLabelFormatX(), graph.AxisLabelFormatY()};
   const double limits[] = {graph.xmin(), graph.xmax(), graph.ymin(), graph.ymax()};
   plot_table(choice, m_name, data, graph);
   add_curves(choice, graph);
   if (!follows) {
+    if (graph.round_limits()) {
+      graph.set_NumTicks(ticks);
+      graph.set_AxisLabelFormatX(formats[0]);
+      graph.set_AxisLabelFormatY(formats[1]);
+    }
     graph.set_xmin(limits[0]);
     graph.set_xmax(limits[1]);
     graph.set_ymin(limits[2]);

@@ -186,7 +186,7 @@ void ImportDialog::connect_parts() {
   connect(&m_reading, &QTimer::timeout, this, [this] { read(); });
   m_options->on_change([this] { m_reading.start(); });
   m_drawing->on_selection([this] { m_evaluation.start(); });
-  m_drawing->on_title_or_order([this] { show_picture(); });
+  m_drawing->on_title_or_style([this] { show_picture(); });
 }
 
 void ImportDialog::read_as_before() {
@@ -257,6 +257,7 @@ void ImportDialog::evaluate() {
   if (m_read) {
     try {
       m_data = selected_data();
+      m_drawing->show_order(has_unsorted_x(*m_data));
       const int curves = m_data->values.upper_column() - 1;
       QStringList notes;
       for (const std::string& warning : m_data->warnings) notes << sentence_of(warning);
@@ -296,7 +297,7 @@ void ImportDialog::accept() {
 GraphChoice ImportDialog::choice() const {
   GraphChoice choice;
   choice.table.selection = m_drawing->selection();
-  m_drawing->write_title_and_order(choice);
+  m_drawing->write_title_and_style(choice);
   return choice;
 }
 

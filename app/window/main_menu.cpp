@@ -50,14 +50,19 @@ QMenu* MainMenu::menu(const QString& text, const char* name) {
   return result;
 }
 
-void MainMenu::add(QMenu* menu, const char* name, const QString& text, const QKeySequence& key,
-                   Needs needs, const QString& tip, std::function<void()> work) {
+void MainMenu::check_round_limits(bool on) {
+  m_round_limits->setChecked(on);
+}
+
+QAction* MainMenu::add(QMenu* menu, const char* name, const QString& text, const QKeySequence& key,
+                       Needs needs, const QString& tip, std::function<void()> work) {
   QAction* const action = menu->addAction(text);
   action->setObjectName(name);
   action->setShortcut(key);
   action->setStatusTip(tip);
   QObject::connect(action, &QAction::triggered, &m_window, std::move(work));
   m_entries.push_back({action, needs});
+  return action;
 }
 
 std::function<void()> MainMenu::command(const char* word) const {
@@ -128,6 +133,10 @@ void MainMenu::make_graph_menu() {
   add(graph, "mnuRefresh", "&Refresh", QKeySequence("F5"), Needs::kGraph,
       "Move the titles and the legend back to their places, and redraw", command("refresh"));
   graph->addSeparator();
+  m_round_limits = add(graph, "mnuRoundLimits", "Round &Limits", QKeySequence(), Needs::kGraph,
+                       "Keep the limits of the axes, and all ticks between them, round numbers",
+                       [this] { m_commands.set_round_limits(m_round_limits->isChecked()); });
+  m_round_limits->setCheckable(true);
   QAction* const toolbar = graph->addAction("Show Tool&bar");
   toolbar->setObjectName("mnuShowToolbar");
   toolbar->setStatusTip("Show or hide the buttons above the graph");

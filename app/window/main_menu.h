@@ -28,6 +28,7 @@ struct MenuCommands {
   std::function<void()> quit;
   std::function<void(const char* word)> run_command;
   std::function<void(bool on)> show_toolbar;
+  std::function<void(bool on)> set_round_limits;
   std::function<void()> getting_started;
   std::function<void()> about;
 };
@@ -44,6 +45,7 @@ class MainMenu {
   // There may be data that cannot be plotted.
   void enable(bool has_data, bool has_graph);
   void enable_paste(bool on);
+  void check_round_limits(bool on);
 
  private:
   struct Entry {
@@ -57,14 +59,15 @@ class MainMenu {
   void make_graph_menu();
   void make_help_menu();
   QMenu* menu(const QString& text, const char* name);
-  void add(QMenu* menu, const char* name, const QString& text, const QKeySequence& key, Needs needs,
-           const QString& tip, std::function<void()> work);
+  QAction* add(QMenu* menu, const char* name, const QString& text, const QKeySequence& key,
+               Needs needs, const QString& tip, std::function<void()> work);
   std::function<void()> command(const char* word) const;
   void fill_recent(QMenu* menu);
 
   QMainWindow& m_window;
   MenuCommands m_commands;
   std::vector<Entry> m_entries;
+  QAction* m_round_limits = nullptr;
 };
 
 }  // namespace kurv::app

@@ -57,6 +57,12 @@ bool is_regular_file(const std::string& path) {
   return std::filesystem::is_regular_file(path, ignored);
 }
 
+NotTheUsers not_the_users(const KurvGraph& graph, bool is_following) {
+  const bool limits_follow = is_following && graph.Autoscale();
+  return {is_following, limits_follow, limits_follow && graph.round_limits(),
+          graph.has_items_in_fitted_places()};
+}
+
 }  // namespace
 
 MainWindow::MainWindow(std::optional<QLocale> locale, Report report)
@@ -100,9 +106,9 @@ MainWindow::~MainWindow() = default;
 
 QByteArray MainWindow::content_hash(const KurvGraph& graph) const {
   const TextSource text = [&graph](const auto& sink) { graph.graph_text(sink); };
-  if (!m_is_following) return fingerprint(text);
-  const QByteArray hash = fingerprint(settings_text(text, graph.Autoscale()));
-  return hash.isEmpty() ? hash : hash + QByteArray::number(graph.cell_edits());
+  const QByteArray hash = fingerprint(settings_text(text, not_the_users(graph, m_is_following)));
+  if (!m_is_following || hash.isEmpty()) return hash;
+  return hash + QByteArray::number(graph.cell_edits());
 }
 
 // Below the graph that is shown. It has that size at once, because a graph file may change it.
@@ -159,7 +165,10 @@ void MainWindow::show_graph(const GraphChoice& choice, const GraphSource& source
   disconnect(filed);
   replace_graph(graph, saved.isNull() ? content_hash(*graph) : saved, source.path);
   m_table = source.data && !m_is_following && is_regular_file(source.path) ? source.path : "";
-  show_notices(source.data ? source.data->warnings : std::vector<std::string>());
+  std::vector<std::string> notices;
+  if (source.data) notices = source.data->warnings;
+  if (const auto warning = legend_warning(graph->unlisted_curves())) notices.push_back(*warning);
+  show_notices(notices);
   if (choice.size) {
     resize_to_plot(*choice.size);
   } else if (!source.data) {
@@ -275,6 +284,7 @@ bool MainWindow::is_saved() const {
 void MainWindow::update_actions() {
   const bool has_graph = m_graph->has_graph();
   m_menu->enable(has_data(), has_graph);
+  m_menu->check_round_limits(m_graph->round_limits());
   // The graph's context menu has entries that need data.
   m_graph->setContextMenuPolicy(has_data() ? Qt::DefaultContextMenu : Qt::PreventContextMenu);
   m_hint->setVisible(!has_graph);

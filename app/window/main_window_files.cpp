@@ -68,6 +68,12 @@ void MainWindow::make_menu() {
     m_has_toolbar = on;
     m_graph->setProperty("toolbar_visible", on);
   };
+  commands.set_round_limits = [this](bool on) {
+    run_guarded([this, on] {
+      m_graph->set_round_limits(on);
+      m_graph->update_limits();
+    });
+  };
   commands.getting_started = [this] {
     show_message(this, QMessageBox::Information, "Getting Started", getting_started());
   };

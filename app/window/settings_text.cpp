@@ -16,6 +16,9 @@ namespace {
 constexpr std::array<std::string_view, 3> kOfData{"NumData", "AxisLabelFormatX",
                                                   "AxisLabelFormatY"};
 constexpr std::array<std::string_view, 4> kLimits{"xmin", "xmax", "ymin", "ymax"};
+constexpr std::array<std::string_view, 9> kPlaces{
+    "Title, top",   "Title, left", "SubTitle, top", "SubTitle, left", "Legend, top",
+    "Legend, left", "Top_margine", "Right_margine", "TitleFontSize"};
 // A text that is compared has no size in it.
 constexpr std::array<std::string_view, 2> kSize{"Height", "Width"};
 
@@ -27,12 +30,14 @@ bool is_in(const std::array<std::string_view, count>& names, std::string_view na
 // Passes on the lines that are wanted, as they come.
 class LineFilter {
  public:
-  explicit LineFilter(bool limits_follow) {
+  explicit LineFilter(const NotTheUsers& dropped) : m_drops_values(dropped.data) {
     for (const GraphFileField& field : graph_file_fields()) {
       if (is_in(kSize, field.name)) continue;
       if (field.name == "NumY") m_curves_line = m_drops.size();
-      m_drops.push_back(is_in(kOfData, field.name) ||
-                        (limits_follow && is_in(kLimits, field.name)));
+      m_drops.push_back((dropped.data && is_in(kOfData, field.name)) ||
+                        (dropped.limits && is_in(kLimits, field.name)) ||
+                        (dropped.ticks && field.name == "NumTicks") ||
+                        (dropped.places && is_in(kPlaces, field.name)));
     }
   }
 
@@ -50,11 +55,13 @@ class LineFilter {
  private:
   bool is_dropped() const {
     if (m_line < m_drops.size()) return m_drops[m_line];
+    if (!m_drops_values) return false;
     // The values follow the fields, a line for x and for each curve.
     const std::size_t columns = 1 + std::strtoul(m_curves.c_str(), nullptr, 10);
     return m_line < m_drops.size() + columns;
   }
 
+  bool m_drops_values;
   std::vector<bool> m_drops;
   std::size_t m_curves_line = 0;
   std::string m_curves;
@@ -63,12 +70,11 @@ class LineFilter {
 
 }  // namespace
 
-TextSource settings_text(TextSource text, bool limits_follow) {
-  return
-      [text = std::move(text), limits_follow](const std::function<void(std::string_view)>& sink) {
-        LineFilter filter(limits_follow);
-        text([&](std::string_view piece) { filter.pass(piece, sink); });
-      };
+TextSource settings_text(TextSource text, const NotTheUsers& dropped) {
+  return [text = std::move(text), dropped](const std::function<void(std::string_view)>& sink) {
+    LineFilter filter(dropped);
+    text([&](std::string_view piece) { filter.pass(piece, sink); });
+  };
 }
 
 }  // namespace kurv::app

@@ -1,12 +1,21 @@
-// What a user sets about a graph whose data grow.
+// What a user sets about a graph, without what the program or the data decide.
 #pragma once
 
 #include "app/window/clean_state.h"
 
 namespace kurv::app {
 
-// The text of a graph file without what its data decide: the number of points, their values, the
-// formats of the labels, and the limits where these follow the data.
-TextSource settings_text(TextSource text, bool limits_follow);
+// What is not the user's.
+struct NotTheUsers {
+  // The number of points, their values, and the formats of the labels: they come by themselves.
+  bool data = false;
+  bool limits = false;
+  bool ticks = false;
+  // Where title, subtitle and legend are, and the settings that change with them.
+  bool places = false;
+};
+
+// The text of a graph file without the lines that are not the user's.
+TextSource settings_text(TextSource text, const NotTheUsers& dropped);
 
 }  // namespace kurv::app

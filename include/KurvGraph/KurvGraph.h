@@ -148,12 +148,12 @@ class KURV_EXPORT KurvGraph : public QWidget {
   void set_x_unit(AxisUnit unit);
   /// Limits from the data, and a redraw.
   void update_limits();
-  // "refresh" puts title, subtitle and legend where they fit; see Control::set_fitted_items(). Off
-  // by default.
+  /// "refresh" puts title, subtitle and legend where they fit; see Control::set_fitted_items(). Off
+  /// by default.
   bool fitted_items() const;
   void set_fitted_items(bool on);
   bool has_items_in_fitted_places() const;
-  // How many visible curves have no row in the legend.
+  /// How many visible curves have no row in the legend.
   int unlisted_curves() const;
 
   /// Adds a visible function curve, an expression of x, and redraws. Returns nothing on success,

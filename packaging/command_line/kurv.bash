@@ -11,22 +11,24 @@ _kurv() {
     render)
       case $before in
         -o|--output) files=1 ;;
+        --limits) choices='round rule' ;;
         --set) choices=$properties; compopt -o nospace ;;
         --format) choices='png bmp svg pdf' ;;
         --header) choices='yes no units' ;;
         --size|--every|--title|--subtitle|--function|--derive|--x|--y|--locale|--scale|--sheet|--separator|--decimal|--thousands|--skip|--comment|--missing|--encoding|--dates) ;;
         *)
-          if [[ $current == -* ]]; then choices='-h --help -o --output --size --every --sort --title --subtitle --function --derive --lines --no-lines --markers --no-markers --set --x --y --locale --scale --format --sheet --separator --decimal --thousands --header --skip --comment --missing --encoding --dates'
+          if [[ $current == -* ]]; then choices='-h --help -o --output --size --every --sort --limits --title --subtitle --function --derive --lines --no-lines --markers --no-markers --set --x --y --locale --scale --format --sheet --separator --decimal --thousands --header --skip --comment --missing --encoding --dates'
           else choices='' files=1; fi ;;
       esac ;;
     convert)
       case $before in
         -o|--output) files=1 ;;
+        --limits) choices='round rule' ;;
         --set) choices=$properties; compopt -o nospace ;;
         --header) choices='yes no units' ;;
         --size|--every|--title|--subtitle|--function|--derive|--x|--y|--locale|--sheet|--separator|--decimal|--thousands|--skip|--comment|--missing|--encoding|--dates) ;;
         *)
-          if [[ $current == -* ]]; then choices='-h --help -o --output --size --every --sort --title --subtitle --function --derive --lines --no-lines --markers --no-markers --set --x --y --locale --sheet --separator --decimal --thousands --header --skip --comment --missing --encoding --dates'
+          if [[ $current == -* ]]; then choices='-h --help -o --output --size --every --sort --limits --title --subtitle --function --derive --lines --no-lines --markers --no-markers --set --x --y --locale --sheet --separator --decimal --thousands --header --skip --comment --missing --encoding --dates'
           else choices='' files=1; fi ;;
       esac ;;
     info)
@@ -51,11 +53,12 @@ _kurv() {
       esac ;;
     *)
       case $before in
+        --limits) choices='round rule' ;;
         --set) choices=$properties; compopt -o nospace ;;
         --header) choices='yes no units' ;;
         --size|--every|--title|--subtitle|--function|--derive|--x|--y|--locale|--sheet|--separator|--decimal|--thousands|--skip|--comment|--missing|--encoding|--dates) ;;
         *)
-          if [[ $current == -* ]]; then choices='-h --help --version --follow --size --every --sort --title --subtitle --function --derive --lines --no-lines --markers --no-markers --set --x --y --locale --sheet --separator --decimal --thousands --header --skip --comment --missing --encoding --dates'
+          if [[ $current == -* ]]; then choices='-h --help --version --follow --size --every --sort --limits --title --subtitle --function --derive --lines --no-lines --markers --no-markers --set --x --y --locale --sheet --separator --decimal --thousands --header --skip --comment --missing --encoding --dates'
           else choices='render convert info eval host' files=1; fi ;;
       esac ;;
   esac

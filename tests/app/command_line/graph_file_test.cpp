@@ -77,7 +77,7 @@ TEST_F(GraphFile, LooksThatAreGivenComeOnTopOfIt) {
 TEST_F(GraphFile, ChoicesOfColumnsAndRowsMakeNoSense) {
   const QString file = graph();
   for (const QStringList& choice :
-       QList<QStringList>{{"--x", "x"}, {"--y", "y"}, {"--every", "2"}, {"--sort"}}) {
+       QList<QStringList>{{"--x", "x"}, {"--y", "y"}, {"--every", "2"}, {"--sort"}, {"--limits", "round"}}) {
     expect_refusal(render(file, choice), 2, "leave out " + choice[0].toStdString() + ".");
     expect_refusal(run(QStringList{file} + choice), 2, "leave out");
   }

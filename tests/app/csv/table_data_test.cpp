@@ -343,5 +343,23 @@ TEST(TableData, AWideHeaderAboveManyShortRowsCostsNoTime) {
                           HasSubstr("30000 rows are shorter than the header")));
 }
 
+TEST(TableData, XCountsTheUnitOfItsDatesOrYears) {
+  EXPECT_EQ(x_unit(data_of("x,y\n1,1\n2,1\n")), AxisUnit::kNumbers);
+  EXPECT_EQ(x_unit(data_of("Year (AD),y\n1958.2,1\n1960.4,1\n")), AxisUnit::kYears);
+  EXPECT_EQ(x_unit(data_of("yearly,y\n1958.2,1\n1960.4,1\n")), AxisUnit::kNumbers);
+  EXPECT_EQ(x_unit(data_of("day,y\n2020-01-01,1\n2020-03-01,1\n")), AxisUnit::kDays);
+}
+
+TEST(TableData, XIsUnsortedWhereItGoesBackAndForth) {
+  const auto is_unsorted = [](const char* rows) {
+    return has_unsorted_x(data_of(std::string("x,y\n") + rows));
+  };
+  EXPECT_TRUE(is_unsorted("1,1\n3,1\n2,1\n"));
+  EXPECT_TRUE(is_unsorted("3,1\n1,1\n1,1\n2,1\n"));
+  EXPECT_FALSE(is_unsorted("1,1\n2,1\n2,1\n3,1\n"));
+  EXPECT_FALSE(is_unsorted("3,1\n2,1\n1,1\n"));
+  EXPECT_FALSE(is_unsorted("1,1\n,1\n2,1\n"));
+}
+
 }  // namespace
 }  // namespace kurv::app

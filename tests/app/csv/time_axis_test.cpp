@@ -107,5 +107,16 @@ TEST(TimeAxis, TimesOfDayGoOnAfterMidnight) {
   EXPECT_THAT(rolled({18, 36, 0}), ElementsAre(18, 36, 0)) << "elapsed";
 }
 
+TEST(TimeAxis, HasTheUnitOfItsScale) {
+  EXPECT_EQ(axis_unit(TimeScale{}), AxisUnit::kNumbers);
+  EXPECT_EQ(axis_unit(TimeScale{TimeUnit::kYears}), AxisUnit::kYears);
+  EXPECT_EQ(axis_unit(TimeScale{TimeUnit::kMonths}), AxisUnit::kMonths);
+  EXPECT_EQ(axis_unit(TimeScale{TimeUnit::kDays}), AxisUnit::kDays);
+  EXPECT_EQ(axis_unit(TimeScale{TimeUnit::kElapsedHours}), AxisUnit::kHours);
+  EXPECT_EQ(axis_unit(TimeScale{TimeUnit::kClock, 0, 3600}), AxisUnit::kHours);
+  EXPECT_EQ(axis_unit(TimeScale{TimeUnit::kClock, 0, 60}), AxisUnit::kMinutes);
+  EXPECT_EQ(axis_unit(TimeScale{TimeUnit::kClock, 0, 1}), AxisUnit::kSeconds);
+}
+
 }  // namespace
 }  // namespace kurv::app

@@ -342,5 +342,24 @@ TEST(ImportDialog, BoxesAreAsLargeAsTheLettersBesideThem) {
   QApplication::setFont(usual);
 }
 
+TEST(ImportDialog, OffersMarkersWhereXGoesBackAndForth) {
+  Import scattered("x,y\n1,2\n3,1\n2,5\n");
+  EXPECT_EQ(scattered.shown_in("cboStyle"), "Markers");
+  EXPECT_EQ(scattered.dialog.choice().lines, false);
+  EXPECT_EQ(scattered.dialog.choice().markers, true);
+  auto& sort = scattered.get<QCheckBox>("chkSort");
+  sort.click();
+  EXPECT_EQ(scattered.shown_in("cboStyle"), "Lines");
+  scattered.choose("cboStyle", "Both");
+  sort.click();
+  EXPECT_EQ(scattered.shown_in("cboStyle"), "Both");
+  EXPECT_EQ(scattered.dialog.choice().lines, true);
+  EXPECT_EQ(scattered.dialog.choice().markers, true);
+
+  Import ascending("x,y\n1,2\n2,1\n3,5\n");
+  EXPECT_EQ(ascending.shown_in("cboStyle"), "Lines");
+  EXPECT_EQ(ascending.dialog.choice().markers, false);
+}
+
 }  // namespace
 }  // namespace kurv::app
