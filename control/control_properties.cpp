@@ -35,6 +35,15 @@ void store(GraphDocument& document, Field GraphDocument::*field, const Value& va
   }
 }
 
+// A format that is set is the user's, also where it is the one that round limits have chosen.
+template <class Field>
+void keep_format(GraphDocument& document, Field GraphDocument::*field) {
+  if constexpr (std::is_same_v<Field, String>) {
+    if (field == &GraphDocument::AxisLabelFormatX) document.round_limits.x_format.clear();
+    if (field == &GraphDocument::AxisLabelFormatY) document.round_limits.y_format.clear();
+  }
+}
+
 }  // namespace
 
 #define KURV_DEFINE(name, dispatch_id, Type, rule, ...)                        \
@@ -43,6 +52,7 @@ void store(GraphDocument& document, Field GraphDocument::*field, const Value& va
   }                                                                            \
   void Control::set_##name(PropertyArgument<Type> value) {                     \
     store<PropertyRule::rule>(m_state->document, &GraphDocument::name, value); \
+    keep_format(m_state->document, &GraphDocument::name);                      \
   }
 KURV_PROPERTIES(KURV_DEFINE)
 #undef KURV_DEFINE

@@ -95,6 +95,15 @@ TEST_F(RoundLimitsSwitch, LabelFormatsFollowUnlessTheUserHasSetThem) {
   EXPECT_EQ(control.AxisLabelFormatX(), "0");
 }
 
+TEST_F(RoundLimitsSwitch, AFormatThatTheUserHasSetStaysAlsoWhereItWasChosen) {
+  control.set_round_limits(true);
+  load_example();
+  control.set_AxisLabelFormatX("0");
+  control.set_xmax(15);
+  control.build_the_graph();
+  EXPECT_EQ(control.AxisLabelFormatX(), "0");
+}
+
 TEST_F(RoundLimitsSwitch, ANumberOfTicksThatTheUserHasSetStays) {
   control.set_round_limits(true);
   load_example();

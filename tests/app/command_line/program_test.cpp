@@ -60,7 +60,7 @@ TEST_F(Program, DrawsTheSmallestPicture) {
 
 TEST_F(Program, EachChoiceShowsInThePicture) {
   const QString data = written("data.csv", "x,y,z\n3,2,5\n1,3,4\n2,5,3\n4,4,4\n");
-  const QImage plain = rendered(data);
+  const QImage plain = rendered(data, {"--lines"});
   EXPECT_EQ(rendered(data, {"--lines", "--no-markers"}), plain);
   const QList<QStringList> choices = {{"--x", "y"},
                                       {"--y", "y"},
@@ -75,7 +75,8 @@ TEST_F(Program, EachChoiceShowsInThePicture) {
                                       {"--set", "x_grid=true", "--set", "Y_GRID=-1"},
                                       {"--set", "NumTicks=3"}};
   for (const QStringList& choice : choices) {
-    EXPECT_NE(rendered(data, choice), plain) << choice.join(' ').toStdString();
+    EXPECT_NE(rendered(data, QStringList{"--lines"} + choice), plain)
+        << choice.join(' ').toStdString();
   }
 }
 
@@ -129,7 +130,7 @@ TEST_F(Program, DataWithoutAnAxisAreRefusedWithTheWayOut) {
 
 TEST_F(Program, WithoutPropertiesOneRedrawIsEnough) {
   // The value is the usual one, and a picture with a property is drawn until it stays the same.
-  const QImage settled = rendered(small(), {"--set", "NumTicks=10"});
+  const QImage settled = rendered(small(), {"--set", "CurvesWidth=1"});
   EXPECT_EQ(rendered(small()), settled);
 }
 
