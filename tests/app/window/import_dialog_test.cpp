@@ -227,7 +227,7 @@ TEST(ImportDialog, EveryLetterOfAMnemonicIsThereOnce) {
   }
   captions << import.get<QCheckBox>("chkSort").text();
   for (int tab = 0; tab < 2; ++tab) captions << import.get<QTabWidget>("tabViews").tabText(tab);
-  EXPECT_EQ(captions.size(), 22);
+  EXPECT_EQ(captions.size(), 23);
   QSet<QString> letters;
   for (const QString& caption : captions) {
     const QString letter = QKeySequence::mnemonic(caption).toString();
