@@ -29,15 +29,16 @@ constexpr auto kFields = std::make_tuple(
     &D::GraphValid, &D::NumData, &D::NumY, &D::NumYFunc, &D::Connected, &D::Autoscale, &D::ymin,
     &D::ymax, &D::xmin, &D::xmax, &D::Top_margine, &D::Left_margine, &D::Right_margine,
     &D::Bottom_margine, &D::Title, &D::SubTitle, &D::NumTicks, &D::AxisLabelFormatX,
-    &D::AxisLabelFormatY, &D::DrawMarkers, &D::XLimitsExact, &D::YLimitsExact, &D::SortXY,
-    &D::MarkerSize, &D::MarkerDrawSize, &D::BorderWidth, &D::CurvesWidth, &D::Y_grid, &D::X_grid,
-    &D::FontName, &D::FontBold, &D::FontItalic, &D::FontSize, &D::TitleFontName, &D::TitleFontBold,
-    &D::TitleFontItalic, &D::TitleFontSize, &D::SubTitleFontName, &D::SubTitleFontBold,
-    &D::SubTitleFontItalic, &D::SubTitleFontSize, &D::DataFromHost, &D::xyArrUnsorted, &D::yVarName,
-    &D::y_visible, &D::y_func, Place{&Layout::imgTitle, &Rect::left},
-    Place{&Layout::imgTitle, &Rect::top}, Place{&Layout::imgSubTitle, &Rect::left},
-    Place{&Layout::imgSubTitle, &Rect::top}, Place{&Layout::picLegend, &Rect::left},
-    Place{&Layout::picLegend, &Rect::top}, &ControlState::columns, &ControlState::cell_edits);
+    &D::AxisLabelFormatY, &D::DrawMarkers, &D::XLimitsExact, &D::YLimitsExact, &D::round_limits,
+    &D::fitted_items, &D::SortXY, &D::MarkerSize, &D::MarkerDrawSize, &D::BorderWidth,
+    &D::CurvesWidth, &D::Y_grid, &D::X_grid, &D::FontName, &D::FontBold, &D::FontItalic,
+    &D::FontSize, &D::TitleFontName, &D::TitleFontBold, &D::TitleFontItalic, &D::TitleFontSize,
+    &D::SubTitleFontName, &D::SubTitleFontBold, &D::SubTitleFontItalic, &D::SubTitleFontSize,
+    &D::DataFromHost, &D::xyArrUnsorted, &D::yVarName, &D::y_visible, &D::y_func,
+    Place{&Layout::imgTitle, &Rect::left}, Place{&Layout::imgTitle, &Rect::top},
+    Place{&Layout::imgSubTitle, &Rect::left}, Place{&Layout::imgSubTitle, &Rect::top},
+    Place{&Layout::picLegend, &Rect::left}, Place{&Layout::picLegend, &Rect::top},
+    &ControlState::columns, &ControlState::cell_edits);
 
 struct AnyValue {
   template <class T>

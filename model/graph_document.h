@@ -47,6 +47,8 @@ struct LimitSettings {
   Integer NumTicks = kDefaultNumTicks;
   String AxisLabelFormatX;
   String AxisLabelFormatY;
+
+  friend bool operator==(const LimitSettings&, const LimitSettings&) = default;
 };
 
 // Whether limits that are computed from the data are round, together with NumTicks and the label
@@ -63,6 +65,8 @@ struct RoundLimitsSwitch {
   String y_format;
   TickPlaces labelled;   // the ticks for which these formats are
   LimitSettings before;  // settings that return when it is turned off
+
+  friend bool operator==(const RoundLimitsSwitch&, const RoundLimitsSwitch&) = default;
 };
 
 // A setting that is changed to fit something, and what it was before. A value that is neither was
@@ -71,6 +75,8 @@ template <class Value>
 struct FittedSetting {
   Value before{};
   Value fitted{};
+
+  friend bool operator==(const FittedSetting&, const FittedSetting&) = default;
 };
 
 // Whether "refresh" moves title, subtitle and legend to where they fit, and what it has changed for
@@ -82,6 +88,8 @@ struct FittedItems {
   FittedSetting<Integer> right_margin;
   FittedSetting<Integer> top_margin;
   FittedSetting<Single> title_size;
+
+  friend bool operator==(const FittedItems&, const FittedItems&) = default;
 };
 
 struct GraphDocument {
