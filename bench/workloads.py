@@ -120,6 +120,9 @@ def workloads(folder, example):
         Workload("F'", "the same, already sorted", [
             ours("sort", "waves"), peer("a look at each x", "plain", "scan"),
         ], [], 2),
+        Workload("U", "undo of a cell, the largest graph", [
+            ours("undo", *largest), Subject("kurv, a redraw", [OURS, "redraw", *largest, "1"]),
+        ], [at_most("kurv, a redraw", 1.2)], 6),
         Workload("G", "load the largest graph", [
             ours("load", graph), peer("read, from_chars", "plain", "read", graph),
         ], [at_most("read, from_chars", 1.6)], 14),

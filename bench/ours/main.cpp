@@ -2,6 +2,7 @@
 //
 //   bench_ours redraw KIND CURVES POINTS WIDTH [moving]    lines
 //   bench_ours markers KIND CURVES POINTS 1
+//   bench_ours undo KIND CURVES POINTS            a cell that was edited, back and forth
 //   bench_ours growth                             prints curves, points, milliseconds
 //   bench_ours sort KIND [shared], load FILE, save FILE CURVES POINTS, evaluate, run_program
 //   bench_ours write FILE KIND CURVES POINTS
@@ -21,6 +22,7 @@
 #include "bench/common/sorting.h"
 #include "bench/common/subject.h"
 #include "bench/ours/control_fixture.h"
+#include "control/table_edits.h"
 #include "expr/evaluator.h"
 #include "expr/parser.h"
 #include "model/data_set.h"
@@ -47,6 +49,18 @@ void redraw(const Arguments& arguments) {
   bench::serve([&] {
     if (drawing.is_moving) fixture.control.set_xmax(end.next());
     fixture.redraw();
+  });
+}
+
+void undo(const Arguments& arguments) {
+  ControlFixture fixture;
+  fixture.load(
+      bench::table(arguments.at(1), std::stoi(arguments.at(2)), std::stoi(arguments.at(3))));
+  fixture.control.set_undo_enabled(true);
+  apply_table_edits(fixture.control.state(), {{kurv::kMaxPoints / 2, 2, 0.5}});
+  bench::serve([&] {
+    if (!fixture.control.undo()) fixture.control.redo();
+    static_cast<void>(fixture.picture.image());
   });
 }
 
@@ -197,6 +211,7 @@ void run(const Arguments& all_arguments) {
   const std::string& what = arguments.at(0);
   if (arguments.size() > 1 && arguments[1] == "shape") return draw_shape(arguments);
   if (what == "redraw" || what == "markers") return redraw(arguments);
+  if (what == "undo") return undo(arguments);
   if (what == "growth") return growth();
   if (what == "sort") return sort(arguments);
   if (what == "load") return load(arguments);
