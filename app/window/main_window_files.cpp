@@ -70,8 +70,10 @@ void MainWindow::make_menu() {
   };
   commands.set_round_limits = [this](bool on) {
     run_guarded([this, on] {
-      m_graph->set_round_limits(on);
-      m_graph->update_limits();
+      m_graph->make_step("Round Limits", [this, on] {
+        m_graph->set_round_limits(on);
+        m_graph->update_limits();
+      });
     });
   };
   commands.getting_started = [this] {
