@@ -1,6 +1,7 @@
 #include "control/fitted_items.h"
 
 #include <algorithm>
+#include <cmath>
 #include <optional>
 
 #include "control/control_state.h"
@@ -83,6 +84,12 @@ void update_plot(ControlState& state) {
                    state.surface.ScaleHeight());
 }
 
+// At whole twips, because a graph file is read with these.
+void put_legend(Layout& layout, Double left, Double top) {
+  layout.picLegend.left = static_cast<Single>(std::round(left));
+  layout.picLegend.top = static_cast<Single>(std::round(top));
+}
+
 // Right of the plot, unless that would take half of the surface.
 bool place_outside(ControlState& state) {
   GraphDocument& document = state.document;
@@ -93,9 +100,8 @@ bool place_outside(ControlState& state) {
     fit(document.fitted_items.right_margin, document.Right_margine, to_integer(margin));
     update_plot(state);
   }
-  layout.picLegend.left =
-      static_cast<Single>(Double(layout.plot.PlotLeft) + layout.plot.PlotWidth + kGap);
-  layout.picLegend.top = layout.plot.PlotTop;
+  put_legend(layout, Double(layout.plot.PlotLeft) + layout.plot.PlotWidth + kGap,
+             layout.plot.PlotTop);
   return true;
 }
 
@@ -110,8 +116,7 @@ void fit_legend(ControlState& state) {
   const std::optional<LegendPlace> place = find_legend_place(document, layout);
   if ((!place || place->hidden > kMostHidden) && place_outside(state)) return;
   if (!place) return;
-  layout.picLegend.left = place->left;
-  layout.picLegend.top = place->top;
+  put_legend(layout, place->left, place->top);
 }
 
 // -- Whether they are still there -----------------------------------------------------------------
