@@ -34,6 +34,7 @@
 #include <KurvGraph/axis_unit.h>
 #include <KurvGraph/comma_change.h>
 #include <KurvGraph/fault.h>
+#include <KurvGraph/kurv_graph_plot.h>
 #include <KurvGraph/limits.h>
 #include <KurvGraph/property_list.h>
 #include <KurvGraph/values.h>
@@ -56,23 +57,6 @@ class QUndoStack;
 namespace kurv {
 
 class PlotSurface;
-
-/// The values of one curve, one for each x. NaN is a missing value.
-struct Series {
-  QString name = {};                ///< in the legend and in expressions
-  std::vector<double> values = {};  ///< in the order of Graph::x, and as many
-};
-
-/// A whole graph, for plot().
-struct Graph {
-  QString title = {};                     ///< above the plot
-  QString x_name = QStringLiteral("x");   ///< the name of x and the title of its axis
-  std::vector<double> x = {};             ///< of each point
-  std::vector<Series> y = {};             ///< the scatter curves
-  std::vector<QString> expressions = {};  ///< functions of x, such as "x^2"
-  bool connected = true;                  ///< lines between the points
-  bool markers = false;                   ///< a marker at each point
-};
 
 /// @cond
 // The toolkit's type for each type of property_list.h, and what a row becomes in the class. moc
@@ -143,6 +127,7 @@ class KURV_EXPORT KurvGraph : public QWidget {
   /// Limits that are computed from data at round numbers, with labels that show them exactly; see
   /// Control::set_round_limits(). Off by default.
   bool round_limits() const;
+  /// Turns round limits on or off.
   void set_round_limits(bool on);
   /// What the x values count that are loaded next.
   void set_x_unit(AxisUnit unit);
@@ -151,7 +136,9 @@ class KURV_EXPORT KurvGraph : public QWidget {
   /// "refresh" puts title, subtitle and legend where they fit; see Control::set_fitted_items(). Off
   /// by default.
   bool fitted_items() const;
+  /// Turns it on or off.
   void set_fitted_items(bool on);
+  /// See Control::has_items_in_fitted_places().
   bool has_items_in_fitted_places() const;
   /// How many visible curves have no row in the legend.
   int unlisted_curves() const;

@@ -171,6 +171,7 @@ class KURV_EXPORT Control {
   /// formats too, and any other turns the switch off. Turning it off otherwise restores the exact
   /// limits, NumTicks and formats from before. Does not redraw.
   bool round_limits() const;
+  /// Turns round limits on or off.
   void set_round_limits(bool on);
   /// What the x values count that are loaded next, for the ticks of round limits. kNumbers by
   /// default, and after a graph file was loaded.
@@ -190,6 +191,7 @@ class KURV_EXPORT Control {
   /// font, but not below 9 points. What was changed returns with the next "refresh" that does not
   /// need it, and when this is turned off. Does not redraw.
   bool fitted_items() const;
+  /// Turns them on or off.
   void set_fitted_items(bool on);
   /// Whether all of them are where they were put so, and nothing of it has been set since. A resize
   /// then puts them where they fit the new size.
