@@ -50,7 +50,7 @@ TEST_F(FrmPropert, RoundLimitsFitsBothAxesAndTheirTicksOnce) {
   EXPECT_EQ(text("txtAxisTicks"), "6");
   EXPECT_EQ(graph().AxisLabelFormatX(), "0.00");
   EXPECT_EQ(graph().AxisLabelFormatY(), "0.0");
-  EXPECT_FALSE(window->findChild<QCheckBox>("chkXZoom")->isChecked());
+  EXPECT_FALSE(window->findChild<QCheckBox*>("chkXZoom")->isChecked());
   EXPECT_FALSE(graph().round_limits());
 }
 

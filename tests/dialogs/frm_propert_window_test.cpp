@@ -113,10 +113,10 @@ TEST_F(FrmPropert, MnemonicsFocusTheirFields) {
 
 TEST_F(FrmPropert, TabGoesDownThePageAndToTheButtons) {
   open(kAxesPage);
-  const char* const way[] = {"txtXAxis_2",   "txtXAxis_1", "chkXZoom",  "cmbXFormat",
-                             "txtYAxis_2",   "txtYAxis_1", "chkYZoom",  "cmbYFormat",
-                             "txtAxisTicks", "chkXGrids",  "chkYGrids", "cmdRestoreXY",
-                             "cmdApply",     "cmdClose"};
+  const char* const way[] = {"txtXAxis_2",   "txtXAxis_1",     "chkXZoom",  "cmbXFormat",
+                             "txtYAxis_2",   "txtYAxis_1",     "chkYZoom",  "cmbYFormat",
+                             "txtAxisTicks", "cmdRoundLimits", "chkXGrids", "chkYGrids",
+                             "cmdRestoreXY", "cmdApply",       "cmdClose"};
   for (const char* name : way) {
     EXPECT_EQ(window->focusWidget()->objectName(), name);
     QTest::keyClick(window->focusWidget(), Qt::Key_Tab);

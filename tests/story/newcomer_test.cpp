@@ -18,7 +18,7 @@ constexpr int kTitle = 2, kLegendTop = 19, kLegendLeft = 20;
 constexpr int kLimits = 23, kColumns = 48;
 
 constexpr int kTwipsPerPixel = 15;
-constexpr QPoint kDragged(300, 120);  // pixels
+constexpr QPoint kDragged(-300, 120);  // pixels
 
 QStringList lines_of(const QString& path) {
   QFile file(path);

@@ -108,14 +108,20 @@ TEST(TimeAxis, TimesOfDayGoOnAfterMidnight) {
 }
 
 TEST(TimeAxis, HasTheUnitOfItsScale) {
-  EXPECT_EQ(axis_unit(TimeScale{}), AxisUnit::kNumbers);
-  EXPECT_EQ(axis_unit(TimeScale{TimeUnit::kYears}), AxisUnit::kYears);
-  EXPECT_EQ(axis_unit(TimeScale{TimeUnit::kMonths}), AxisUnit::kMonths);
-  EXPECT_EQ(axis_unit(TimeScale{TimeUnit::kDays}), AxisUnit::kDays);
-  EXPECT_EQ(axis_unit(TimeScale{TimeUnit::kElapsedHours}), AxisUnit::kHours);
-  EXPECT_EQ(axis_unit(TimeScale{TimeUnit::kClock, 0, 3600}), AxisUnit::kHours);
-  EXPECT_EQ(axis_unit(TimeScale{TimeUnit::kClock, 0, 60}), AxisUnit::kMinutes);
-  EXPECT_EQ(axis_unit(TimeScale{TimeUnit::kClock, 0, 1}), AxisUnit::kSeconds);
+  const auto unit = [](TimeUnit of, double step = 1) {
+    TimeScale scale;
+    scale.unit = of;
+    scale.step = step;
+    return axis_unit(scale);
+  };
+  EXPECT_EQ(axis_unit(TimeScale()), AxisUnit::kNumbers);
+  EXPECT_EQ(unit(TimeUnit::kYears), AxisUnit::kYears);
+  EXPECT_EQ(unit(TimeUnit::kMonths), AxisUnit::kMonths);
+  EXPECT_EQ(unit(TimeUnit::kDays), AxisUnit::kDays);
+  EXPECT_EQ(unit(TimeUnit::kElapsedHours), AxisUnit::kHours);
+  EXPECT_EQ(unit(TimeUnit::kClock, 3600), AxisUnit::kHours);
+  EXPECT_EQ(unit(TimeUnit::kClock, 60), AxisUnit::kMinutes);
+  EXPECT_EQ(unit(TimeUnit::kClock, 1), AxisUnit::kSeconds);
 }
 
 }  // namespace
