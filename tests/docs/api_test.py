@@ -15,7 +15,7 @@ GAPS = [
     ("KurvGraph.h", "Q_INVOKABLE void file_load(", "file_load"),
     ("KurvGraph.h", "explicit KurvGraph(QWidget", "KurvGraph(QWidget"),
     ("KurvGraph.h", "void redrawn();", "redrawn"),
-    ("KurvGraph.h", "bool markers = false;", "markers"),
+    ("kurv_graph_plot.h", "bool markers = false;", "markers"),
     ("automation.h", "struct Member {", "kurv::Member"),
     ("automation.h", "using EventListener", "EventListener"),
     ("fault.h", "kOverflow = 6,", "kOverflow"),
