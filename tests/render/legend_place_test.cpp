@@ -25,12 +25,8 @@ class LegendPlacing : public testing::Test {
     host.layout().picLegend = {0, 0, 2000, 1000};
   }
   LegendPlace place() { return find_legend_place(host.document(), host.layout()).value(); }
-  bool is_left(const LegendPlace& found) {
-    return found.left < host.layout().plot.PlotLeft + 400;
-  }
-  bool is_top(const LegendPlace& found) {
-    return found.top < host.layout().plot.PlotTop + 400;
-  }
+  bool is_left(const LegendPlace& found) { return found.left < host.layout().plot.PlotLeft + 400; }
+  bool is_top(const LegendPlace& found) { return found.top < host.layout().plot.PlotTop + 400; }
 
   test::TestHost host;
 };
