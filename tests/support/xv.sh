@@ -4,7 +4,7 @@
 #
 # A missing tool fails the test rather than passing it over: these tests are the only ones that see
 # real windows.
-for tool in Xvfb openbox xprop xdotool wmctrl; do
+for tool in Xvfb openbox xdotool wmctrl; do
   command -v $tool >/dev/null || { echo "xv.sh: $tool is missing" >&2; exit 1; }
 done
 T=$(mktemp -d) || exit 1
@@ -26,7 +26,7 @@ wait_for() {
   exit 1
 }
 display_is_known() { [ -s "$T/display" ]; }
-window_manager_runs() { xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q 0x; }
+window_manager_runs() { [ -e "$T/ready" ]; }
 
 # Without -noreset the server starts anew when its last client goes, which is the one that looks
 # whether the window manager is there, and it takes along who is just coming.
@@ -39,6 +39,7 @@ unset WAYLAND_DISPLAY QT_QPA_PLATFORM
 mkdir "$T/config" "$T/runtime"
 chmod 700 "$T/runtime"
 export XDG_CONFIG_HOME="$T/config" XDG_RUNTIME_DIR="$T/runtime"
-openbox --sm-disable >/dev/null 2>&1 & O=$!
+# While it starts, it loses windows that are opened; it runs this command afterwards.
+openbox --sm-disable --startup "touch $T/ready" >/dev/null 2>&1 & O=$!
 wait_for window_manager_runs
 "$@"
