@@ -192,10 +192,10 @@ struct GraphChanges::Fields {
  private:
   template <class Values, class Work>
   static void for_each_of(Values& values, const Work& work) {
-    const auto visit = [&]<std::size_t... index>(std::index_sequence<index...>) {
-      (work(std::get<index>(values), std::get<index>(kFields)), ...);
+    const auto visit = [&](auto&... value) {
+      std::apply([&](const auto&... field) { (work(value, field), ...); }, kFields);
     };
-    visit(std::make_index_sequence<std::tuple_size_v<Values>>());
+    std::apply(visit, values);
   }
 };
 
@@ -216,13 +216,13 @@ void GraphChanges::keep_differences(const ControlState& state) {
 }
 
 void GraphChanges::merge_into(GraphChanges& earlier) {
-  const auto merge = [&]<std::size_t... index>(std::index_sequence<index...>) {
-    const auto add = [](auto& kept, auto& added) {
-      if (!kept) kept = std::move(added);
-    };
-    (add(std::get<index>(earlier.m_fields->values), std::get<index>(m_fields->values)), ...);
+  const auto add = [](auto& kept, auto& added) {
+    if (!kept) kept = std::move(added);
   };
-  merge(std::make_index_sequence<std::tuple_size_v<decltype(m_fields->values)>>());
+  const auto merge = [&](auto&... kept) {
+    std::apply([&](auto&... added) { (add(kept, added), ...); }, m_fields->values);
+  };
+  std::apply(merge, earlier.m_fields->values);
 }
 
 bool GraphChanges::is_empty() const {
