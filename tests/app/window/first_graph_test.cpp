@@ -11,7 +11,7 @@ class FirstGraph : public Windows {
     constexpr int kCurves = 12;
     QByteArray text = "x";
     for (int k = 1; k <= kCurves; ++k) text += ",curve " + QByteArray::number(k);
-    for (int i = 0; i < 400; ++i) {
+    for (int i = 0; i < 450; ++i) {
       text += '\n' + QByteArray::number(i);
       for (int k = 1; k <= kCurves; ++k) text += ',' + QByteArray::number(i * k * 7 % 23);
     }

@@ -37,7 +37,9 @@ class Following : public Windows {
     return kurv;
   }
 
-  MainWindow* follow(const std::string& file, const GraphChoice& choice = {}) {
+  // Limits that are no round numbers say which rows have come.
+  MainWindow* follow(const std::string& file, GraphChoice choice = {}) {
+    choice.round_limits = false;
     auto* const kurv =
         new MainWindow(std::nullopt, [this](const std::string& text) { said.push_back(text); });
     auto* const follower = new Follower(*kurv, choice, file,

@@ -157,7 +157,7 @@ TEST_F(MainWindowFilesTest, AFileThatCannotBeOpenedIsSaidOverUnsavedWorkWithoutA
 
 // Its title is not in the default place, to which showing a graph moves it.
 TEST_F(MainWindowFilesTest, AGraphThatCannotBePlottedOverUnsavedWorkIsInItsWindowWhenThatAppears) {
-  const std::string file = graph_file();
+  const std::string file = exact_graph_file();
   QFile text(QFile::decodeName(file.c_str()));
   ASSERT_TRUE(text.open(QIODevice::ReadOnly));
   const QByteArray good = text.readAll().replace("\n 174.21875 ", "\n 99 ");

@@ -94,7 +94,7 @@ TEST_F(MainWindowSave, TheTitleIsMarkedForWhatIsNotDrawn) {
 class RefusedData : public MainWindowSave {
  protected:
   MainWindow* flat() {
-    QFile stored(QFile::decodeName(graph_file().c_str()));
+    QFile stored(QFile::decodeName(exact_graph_file().c_str()));
     EXPECT_TRUE(stored.open(QIODevice::ReadOnly));
     QByteArray bytes = stored.readAll();
     bytes.replace("\r\n1,2,3\r\n", "\r\n1,1,1\r\n");

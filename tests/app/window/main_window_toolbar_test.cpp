@@ -55,7 +55,7 @@ TEST_F(MainWindowToolbar, OffersEverythingForAGraph) {
 }
 
 TEST_F(MainWindowToolbar, OffersWhatTheMenuOffersForRefusedData) {
-  QFile stored(QFile::decodeName(graph_file().c_str()));
+  QFile stored(QFile::decodeName(exact_graph_file().c_str()));
   ASSERT_TRUE(stored.open(QIODevice::ReadOnly));
   QByteArray bytes = stored.readAll();
   bytes.replace("\r\n1,2,3\r\n", "\r\n1,1,1\r\n");

@@ -126,7 +126,7 @@ TEST_F(Paste, DrawsTheTableInAnEmptyWindow) {
   import_as_it_is();
   press(kurv, "mnuPaste");
   EXPECT_TRUE(kurv->graph().has_graph());
-  EXPECT_EQ(kurv->graph().xmax(), 3);
+  EXPECT_EQ(kurv->graph().xmax(), 3.2) << "a round limit";
   EXPECT_EQ(kurv->windowTitle(), QStringLiteral("Untitled[*] \u2013 kurv"));
   EXPECT_THAT(RecentFiles().paths(), ElementsAre());
 }

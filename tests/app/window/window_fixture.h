@@ -45,9 +45,15 @@ class Windows : public testing::Test {
   std::string table() const { return written(path("small.csv"), "x,y,z\n1,2,5\n2,3,4\n3,5,3\n"); }
 
   // A graph file of that table.
-  std::string graph_file(const char* name = "small.gdf") const {
-    save_graph({}, load(table(), {}), path(name));
+  std::string graph_file(const char* name = "small.gdf", const GraphChoice& choice = {}) const {
+    save_graph(choice, load(table(), choice), path(name));
     return path(name);
+  }
+  // Other limits of x than exact ones cannot be computed where all x values are equal.
+  std::string exact_graph_file() const {
+    GraphChoice choice;
+    choice.round_limits = false;
+    return graph_file("exact.gdf", choice);
   }
 
   MainWindow* window() {
