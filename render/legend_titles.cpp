@@ -159,6 +159,15 @@ int unlisted_curves(const GraphDocument& document) {
   return rows < 1 || curves <= rows ? 0 : curves - rows + 1;
 }
 
+std::optional<int> legend_curve_at(const GraphDocument& document, const Rect& legend, Single y) {
+  const std::vector<Entry> entries = legend_entries(document);
+  if (entries.empty() || !(legend.height > 0)) return std::nullopt;
+  const Double rows = static_cast<Double>(entries.size());
+  const Double row = std::clamp((y - legend.top) / legend.height * rows, 0.0, rows - 1);
+  const int curve = entries[static_cast<std::size_t>(row)].curve;
+  return curve > 0 ? std::optional(curve) : std::nullopt;
+}
+
 bool has_legend(const GraphDocument& document) {
   // Called at every mouse move, also after an intake that failed between the count of curves and
   // their flags, so it must not throw where there are fewer flags than curves.

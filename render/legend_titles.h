@@ -3,6 +3,8 @@
 
 #include <KurvGraph/plot_surface.h>
 
+#include <optional>
+
 #include "model/graph_document.h"
 #include "model/layout.h"
 
@@ -22,6 +24,10 @@ void size_legend(const GraphDocument& document, Layout& layout, const PlotSurfac
 int legend_rows(const GraphDocument& document, Double height, const PlotSurface& surface);
 // How many visible curves have no row.
 int unlisted_curves(const GraphDocument& document);
+
+// The curve whose row is at this height, for a height inside the legend. Nothing for the row that
+// counts the curves without one.
+std::optional<int> legend_curve_at(const GraphDocument& document, const Rect& legend, Single y);
 
 // Whether any curve is listed, and so a legend is visible.
 bool has_legend(const GraphDocument& document);
