@@ -73,14 +73,11 @@ void show(ControlState& state) {
   build_the_graph(state);
 }
 
-void resize(ControlState& state) {
-  GraphDocument& document = state.document;
+void lay_out(ControlState& state) {
+  const GraphDocument& document = state.document;
   PlotRect& plot = state.layout.plot;
   const NumericService& numeric = *state.services.numeric;
 
-  // A surface is blank once it has another size.
-  state.last_picture.reset();
-  document.GraphSaved = false;
   plot.PlotTop = document.Top_margine;
   plot.PlotLeft = document.Left_margine;
   const Double width = state.surface.ScaleWidth() - document.Right_margine - plot.PlotLeft;
@@ -88,6 +85,14 @@ void resize(ControlState& state) {
   plot.PlotWidth = to_integer(numeric.larger_of(width, kMinPlotSide));
   plot.PlotHeight = to_integer(numeric.larger_of(height, kMinPlotSide));
   if (document.GraphValid && has_items_in_fitted_places(state)) fit_items(state);
+}
+
+void resize(ControlState& state) {
+  GraphDocument& document = state.document;
+  // A surface is blank once it has another size.
+  state.last_picture.reset();
+  document.GraphSaved = false;
+  lay_out(state);
   if (!state.container.run_mode() || document.DataFromHost) build_the_graph(state);
 }
 

@@ -22,6 +22,10 @@ void show(ControlState& state);
 // the next redraw. Redraws in design mode and when the data are the host's.
 void resize(ControlState& state);
 
+// The part of resize() that only computes: the plot for the size of the surface, and fitted items
+// in their places.
+void lay_out(ControlState& state);
+
 // Once, before the control is destroyed: releases the windows that serve it, so that the user
 // cannot edit a graph that is being destroyed; then, where QueryForSave is set and the graph is not
 // saved, asks the user whether to save it. After the answer No there is no further question.
