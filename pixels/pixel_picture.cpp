@@ -8,7 +8,7 @@ namespace kurv {
 PixelPicture::PixelPicture(std::unique_ptr<State> state) : m_state(std::move(state)) {}
 
 PixelPicture::PixelPicture(std::unique_ptr<PixelStore> store, std::shared_ptr<TextPainter> texts,
-                           int width, int height, double device_pixel_ratio)
+                           double width, double height, double device_pixel_ratio)
     : m_state(std::make_unique<State>(resolution_of(width, height, device_pixel_ratio),
                                       std::move(store), std::move(texts))) {}
 

@@ -20,9 +20,9 @@ int Resolution::pixels_per_metre() const {
   return static_cast<int>(std::clamp(std::round(per_metre), 1.0, 1e9));
 }
 
-Resolution resolution_of(int logical_width, int logical_height, double device_pixel_ratio) {
-  const double width = std::max(logical_width, 1);
-  const double height = std::max(logical_height, 1);
+Resolution resolution_of(double logical_width, double logical_height, double device_pixel_ratio) {
+  const double width = logical_width > 0 ? logical_width : 1;
+  const double height = logical_height > 0 ? logical_height : 1;
   const double longest = std::max(width, height);
   double ratio =
       device_pixel_ratio > 0 && std::isfinite(device_pixel_ratio) ? device_pixel_ratio : 1;

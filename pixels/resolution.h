@@ -25,6 +25,6 @@ struct Resolution {
 // The resolution of a surface of this size in logical pixels. Both sides have at least one device
 // pixel. A logical pixel has 15 twips, or fewer where a side would then exceed 32767 twips. The
 // ratio is lowered where there would be more than 4 x 7680 x 4320 device pixels.
-Resolution resolution_of(int logical_width, int logical_height, double device_pixel_ratio);
+Resolution resolution_of(double logical_width, double logical_height, double device_pixel_ratio);
 
 }  // namespace kurv

@@ -57,6 +57,7 @@ class QUndoStack;
 namespace kurv {
 
 class PlotSurface;
+enum class VectorFormat;
 
 /// @cond
 // The toolkit's type for each type of property_list.h, and what a row becomes in the class. moc
@@ -283,6 +284,14 @@ class KURV_EXPORT KurvGraph : public QWidget {
   QByteArray svg() const;
   /// The same as a PDF document of one page.
   QByteArray pdf() const;
+  /// The graph in a picture of another size: as image() would be in a window with a plot of this
+  /// size, on a screen of this resolution. A resolution of 96 dots per inch has one pixel for each
+  /// logical pixel of the window. Made from copies, like svg(). Title, subtitle and legend that the
+  /// user or a file has placed keep their places in proportion. A null image where there is not
+  /// enough memory, or there would be more pixels than a PixelPicture has.
+  QImage picture(QSize pixels, double dots_per_inch) const;
+  /// The same as a document of lines and text, of this size in logical pixels.
+  QByteArray document(VectorFormat format, QSize logical_size) const;
   /// The data coordinates at a point of the widget, in logical pixels, by the limits and the plot
   /// rectangle as they are; also outside the plot. Nothing while there is no graph, or the limits
   /// of an axis are equal.

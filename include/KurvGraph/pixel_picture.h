@@ -64,8 +64,8 @@ class KURV_EXPORT PixelPicture : public PlotSurface {
 
  protected:
   /// Draws into a store of another kind.
-  PixelPicture(std::unique_ptr<PixelStore> store, std::shared_ptr<TextPainter> texts, int width,
-               int height, double device_pixel_ratio);
+  PixelPicture(std::unique_ptr<PixelStore> store, std::shared_ptr<TextPainter> texts, double width,
+               double height, double device_pixel_ratio);
   /// The store, with everything that has been drawn.
   const PixelStore& store() const;
 

@@ -1,13 +1,32 @@
 // The picture for hosts: as pixels, as a vector document, and the mapping between pixels and data.
 #include <cmath>
+#include <memory>
+#include <new>
 
 #include "control/control_state.h"
+#include "control/resized_picture.h"
+#include "qt/surface/image_store.h"
+#include "qt/surface/qt_text_painter.h"
 #include "qt/widget/kurv_graph_state.h"
 #include "render/mapping.h"
 
 namespace kurv {
 
 namespace {
+
+constexpr double kLogicalDotsPerInch = 96;
+constexpr double kMetresPerInch = 0.0254;
+
+// Pixels whose size need not be a whole number of logical pixels.
+class ExportPicture final : public PixelPicture {
+ public:
+  ExportPicture(QSizeF logical_size, double ratio)
+      : PixelPicture(std::make_unique<ImageStore>(), std::make_shared<QtTextPainter>(),
+                     logical_size.width(), logical_size.height(), ratio) {}
+
+  QSize size() const { return {pixels().width, pixels().height}; }
+  QImage image() const { return static_cast<const ImageStore&>(store()).image(); }
+};
 
 std::optional<QPointF> finite(double x, double y) {
   if (!std::isfinite(x) || !std::isfinite(y)) return std::nullopt;
@@ -40,6 +59,29 @@ QByteArray KurvGraph::pdf() const {
 QByteArray KurvGraph::State::document_in(VectorFormat format) const {
   VectorPicture document(format, shown_text(graph.Title()), inner, ratio);
   graph.draw_on(document);
+  return document.take_document();
+}
+
+// Null where the picture has been given fewer pixels than these, to limit its memory.
+QImage KurvGraph::picture(QSize pixels, double dots_per_inch) const {
+  const double ratio = dots_per_inch / kLogicalDotsPerInch;
+  try {
+    ExportPicture picture(QSizeF(pixels) / ratio, ratio);
+    if (picture.size() != pixels) return {};
+    draw_resized_on(m_state->graph.state(), picture);
+    QImage image = picture.image();
+    const int dots_per_metre = static_cast<int>(std::lround(dots_per_inch / kMetresPerInch));
+    image.setDotsPerMeterX(dots_per_metre);
+    image.setDotsPerMeterY(dots_per_metre);
+    return image;
+  } catch (const std::bad_alloc&) {
+    return {};
+  }
+}
+
+QByteArray KurvGraph::document(VectorFormat format, QSize logical_size) const {
+  VectorPicture document(format, shown_text(m_state->graph.Title()), logical_size);
+  draw_resized_on(m_state->graph.state(), document);
   return document.take_document();
 }
 

@@ -1,7 +1,9 @@
-// The graph of a widget as a vector document.
+// The graph of a widget as a vector document, and in pictures of other sizes.
+#include <KurvGraph/vector_picture.h>
 #include <gmock/gmock.h>
 
 #include <QXmlStreamReader>
+#include <cstdlib>
 
 #include "tests/qt/widget/widget_support.h"
 
@@ -48,12 +50,66 @@ TEST(WidgetVectors, OfAnEmptyGraphAreBlank) {
   EXPECT_EQ(graph.svg().count("<path"), 0);
 }
 
+// -- In another size ------------------------------------------------------------------------------
+
+TEST(WidgetPictures, OfAnotherSizeAreThoseOfAWindowOfThatSize) {
+  KurvGraph graph;
+  KurvGraph other;
+  resize_plot(graph, {400, 300});
+  resize_plot(other, {640, 480});
+  for (KurvGraph* const one : {&graph, &other}) {
+    one->set_fitted_items(true);
+    one->plot(small_graph());
+    one->ChartOptions("refresh");
+  }
+  const QImage before = graph.image();
+  EXPECT_EQ(graph.picture({640, 480}, 96).convertToFormat(QImage::Format_RGB32),
+            other.image().convertToFormat(QImage::Format_RGB32));
+  EXPECT_EQ(graph.document(VectorFormat::kSvg, {640, 480}), other.svg());
+  EXPECT_EQ(graph.picture({400, 300}, 96).convertToFormat(QImage::Format_RGB32), before);
+  EXPECT_EQ(graph.image(), before);
+}
+
+TEST(WidgetPictures, HaveTheirPixelsAndResolutionExactly) {
+  KurvGraph graph;
+  graph.plot(small_graph());
+  for (const QSize size : {QSize(1004, 709), QSize(333, 777), QSize(1, 1)}) {
+    const QImage picture = graph.picture(size, 300);
+    EXPECT_EQ(picture.size(), size);
+    EXPECT_EQ(picture.dotsPerMeterX(), 11811);
+    EXPECT_EQ(picture.dotsPerMeterY(), 11811);
+  }
+}
+
+TEST(WidgetPictures, OfTwiceTheResolutionShowTheSameInMorePixels) {
+  KurvGraph graph;
+  resize_plot(graph, {400, 300});
+  graph.plot(small_graph());
+  const QImage large = graph.picture({800, 600}, 192);
+  const QImage small = large.scaled(400, 300, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+  int different = 0;
+  for (int y = 0; y < 300; ++y) {
+    for (int x = 0; x < 400; ++x) {
+      const int difference = qGray(small.pixel(x, y)) - qGray(graph.image().pixel(x, y));
+      if (std::abs(difference) > 128) ++different;
+    }
+  }
+  EXPECT_LT(different, 400);
+}
+
+TEST(WidgetPictures, WithTooManyPixelsAreNull) {
+  KurvGraph graph;
+  graph.plot(small_graph());
+  EXPECT_TRUE(graph.picture({32767, 32767}, 96).isNull());
+}
+
 TEST(WidgetVectors, AFaultReachesTheCaller) {
   KurvGraph graph;
   graph.plot(small_graph());
   graph.set_xmax(graph.xmin());
   EXPECT_THROW(graph.svg(), Fault);
   EXPECT_THROW(graph.pdf(), Fault);
+  EXPECT_THROW(graph.picture({100, 100}, 96), Fault);
 }
 
 }  // namespace
