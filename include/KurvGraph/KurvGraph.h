@@ -326,6 +326,19 @@ class KURV_EXPORT KurvGraph : public QWidget {
   /// runTimeError().
   void add_listener(EventListener listener);
 
+  /// Whether the context menu begins with what was clicked. Off by default.
+  bool extended_menu() const;
+  /// With this on, the context menu has at its top what can be done to the curve, the axis, the
+  /// title or the legend under the pointer: a curve is renamed and hidden. Copying, saving and
+  /// printing follow, then the windows, with fonts and margins in menus of their own. Actions that
+  /// the host has added to the widget, see QWidget::addAction(), take the places of copying, saving
+  /// and printing.
+  void set_extended_menu(bool on);
+
+  /// The file that the save dialog proposes for a graph that has none, as the bytes of the file
+  /// system. Empty for none, which is the default.
+  void set_proposed_file(const String& path);
+
   /// For a form editor: in design mode the graph redraws at every resize, and showing the widget
   /// does not draw. Off by default.
   bool design_mode() const;
@@ -394,7 +407,7 @@ class KURV_EXPORT KurvGraph : public QWidget {
   template <class Work>
   void handle(Work work);
   void tell(int number, const QString& text);
-  void open_menu(QPoint at);
+  void open_menu(QPoint at, bool is_by_keyboard);
 
   friend Variant get_property(const KurvGraph& graph, const MemberKey& key);
   friend void set_property(KurvGraph& graph, const MemberKey& key, const Variant& value);

@@ -80,7 +80,7 @@ KurvGraph::KurvGraph(PlotSurface* lent, QWidget* parent) : QWidget(parent) {
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
   setMinimumSize(1, 1);
   m_state.reset(new State(*this, lent));
-  connect(m_state->view, &PlotView::menu_wanted, this, &KurvGraph::open_menu);
+  connect(m_state->view, &PlotView::menu_wanted, this, [this](QPoint at) { open_menu(at, false); });
   // Here and not at the first show, so that what the host sets in between stays.
   m_state->graph.first_placement();
   m_state->finish();
@@ -353,7 +353,7 @@ void KurvGraph::focusInEvent(QFocusEvent* event) {
 void KurvGraph::keyPressEvent(QKeyEvent* event) {
   if (m_state->design_mode) return QWidget::keyPressEvent(event);
   if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier) {
-    open_menu(m_state->view->menu_point());
+    open_menu(m_state->view->menu_point(), true);
     return;
   }
   const char* const word =
@@ -367,14 +367,19 @@ void KurvGraph::keyPressEvent(QKeyEvent* event) {
 // opens the menu when it is released, see PlotView::menu_wanted; only the menu key is handled here.
 void KurvGraph::contextMenuEvent(QContextMenuEvent* event) {
   event->accept();
-  if (event->reason() == QContextMenuEvent::Keyboard) open_menu(m_state->view->menu_point());
+  if (event->reason() == QContextMenuEvent::Keyboard) open_menu(m_state->view->menu_point(), true);
 }
 
-void KurvGraph::open_menu(QPoint at) {
+void KurvGraph::open_menu(QPoint at, bool is_by_keyboard) {
   if (contextMenuPolicy() != Qt::DefaultContextMenu || m_state->design_mode) return;
-  QMenu* const menu = new_plot_menu(*this, m_state->graph, [this](PlotCommand command) {
-    handle([command](State& state) { command(state.graph); });
-  });
+  const RunPlotCommand run = [this](const PlotCommand& command) {
+    handle([&command](State& state) { command(state.graph); });
+  };
+  Control& graph = m_state->graph;
+  const PlotView& view = *m_state->view;
+  QMenu* const menu = !m_state->extended_menu ? new_plot_menu(*this, graph, run)
+                      : is_by_keyboard ? new_extended_menu(*this, graph, {{}, view.focused()}, run)
+                                       : new_extended_menu(*this, graph, view.clicked_at(at), run);
   menu->popup(at);
 }
 

@@ -65,6 +65,18 @@ void KurvGraph::set_shortcuts_enabled(bool on) {
   m_state->shortcuts_enabled = on;
 }
 
+bool KurvGraph::extended_menu() const {
+  return m_state->extended_menu;
+}
+
+void KurvGraph::set_extended_menu(bool on) {
+  m_state->extended_menu = on;
+}
+
+void KurvGraph::set_proposed_file(const String& path) {
+  m_state->shell.set_proposed_file(path);
+}
+
 bool KurvGraph::round_limits() const {
   return m_state->graph.round_limits();
 }

@@ -77,6 +77,7 @@ struct KurvGraph::State final : QSharedData, Container, Client {
   double ratio = 1;  // and its device pixels per logical pixel
   bool design_mode = false;
   bool shortcuts_enabled = true;
+  bool extended_menu = false;
   qint64 last_image_key = 0;        // the picture's cache key at the last finish()
   unsigned last_data_revision = 0;  // and the revision of the data
   bool change_queued = false;       // the signal is queued

@@ -8,6 +8,7 @@
 #include <cmath>
 
 #include "control/control_state.h"
+#include "control/curve_at.h"
 #include "qt/widget/plot_accessible.h"
 #include "qt/widget/plot_description.h"
 #include "qt/widget/plot_outlines.h"
@@ -58,6 +59,12 @@ QRect PlotView::bounds_of(const HitTarget& target) const {
 
 std::optional<HitTarget> PlotView::target_under(QPointF at) const {
   return hit_test(state(), twips(at));
+}
+
+Clicked PlotView::clicked_at(QPoint on_screen) const {
+  constexpr double kReach = 8;  // logical pixels
+  const SurfacePoint at = twips(mapFromGlobal(on_screen));
+  return {curve_at(state(), at, kReach * scale()), hit_test(state(), at)};
 }
 
 void PlotView::paintEvent(QPaintEvent*) {

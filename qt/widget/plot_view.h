@@ -17,6 +17,7 @@
 
 #include "control/mouse.h"
 #include "dialogs/client.h"
+#include "qt/widget/plot_menu.h"
 #include "qt/widget/plot_targets.h"
 
 namespace kurv {
@@ -43,6 +44,8 @@ class PlotView final : public QWidget {
   // Both in pixels of the view.
   QRect bounds_of(const HitTarget& target) const;
   std::optional<HitTarget> target_under(QPointF at) const;
+  // What is at a point of the screen.
+  Clicked clicked_at(QPoint on_screen) const;
   // Where the keyboard opens the menu, on the screen: at the focused target, else in the middle.
   QPoint menu_point() const;
 

@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QFile>
 #include <QFileDialog>
 #include <QFontDialog>
 #include <QImage>
@@ -189,7 +190,11 @@ FileChoice QtShell::save_file(const SaveDialog& settings) {
   dialog->setFileMode(QFileDialog::AnyFile);
   dialog->setOption(QFileDialog::DontConfirmOverwrite, (settings.flags & kOverwritePrompt) == 0);
   set_filters(*dialog.get(), settings.filter, settings.default_extension);
-  if (!settings.file_name.empty()) dialog->selectFile(shown_text(settings.file_name));
+  if (!settings.file_name.empty()) {
+    dialog->selectFile(shown_text(settings.file_name));
+  } else if (!m_proposed_file.empty()) {
+    dialog->selectFile(QFile::decodeName(m_proposed_file.c_str()));
+  }
   const FileChoice choice = choice_of(dialog);
   m_chosen_file = choice.path;
   return choice;

@@ -40,6 +40,9 @@ class QtShell final : public Shell {
   // Returns the file that was chosen last in a dialog, and replaces it.
   String exchange_chosen_file(String file) { return std::exchange(m_chosen_file, std::move(file)); }
 
+  // What save_file() proposes for a graph that has no file.
+  void set_proposed_file(String file) { m_proposed_file = std::move(file); }
+
   Answer message_box(std::string_view text, int flags, std::string_view title) override;
   String input_prompt(std::string_view text, std::string_view title,
                       std::string_view default_text) override;
@@ -57,6 +60,7 @@ class QtShell final : public Shell {
   QPointer<QWidget> m_owner;
   Client* m_client;
   String m_chosen_file;  // empty where the last dialog was cancelled
+  String m_proposed_file;
 };
 
 }  // namespace kurv

@@ -45,6 +45,19 @@ TEST_F(MenuWindow, ARightClickAndALetterLeadToAFunction) {
   EXPECT_TRUE(QTest::qWaitFor([&] { return m_listener.redraws > 0; }, 5000));
 }
 
+TEST_F(MenuWindow, ARightClickOnACurveAndALetterHideIt) {
+  m_graph.set_extended_menu(true);
+  const QPointF on_curve = *m_graph.pixel_of(1.5, 2.5);
+  User user;
+  user.does({"mousemove", "--window", QString::number(m_graph.winId()),
+             QString::number(qRound(on_curve.x())), QString::number(qRound(on_curve.y())), "click",
+             "3"})
+      .in_menu({"key", "h"});
+  EXPECT_TRUE(user.is_done());
+  EXPECT_TRUE(QTest::qWaitFor([&] { return !m_graph.document().y_visible(1); }, 5000));
+  EXPECT_TRUE(m_graph.document().y_visible(2));
+}
+
 TEST_F(MenuWindow, ARejectedFunctionIsReportedInABox) {
   User user;
   user.does(right_click())
