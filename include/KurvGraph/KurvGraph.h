@@ -364,6 +364,9 @@ class KURV_EXPORT KurvGraph : public QWidget {
   /// slot may read the graph but must not change it, unless it is connected with
   /// Qt::QueuedConnection.
   void filed();
+  /// The picture is printed: a printer has taken it, or it is in this PDF file. Emitted after the
+  /// event in which that has happened, and not where the user cancels the print.
+  void printed(const QString& file);
   /// Emitted once after each event in which the graph may have changed, drawn or not.
   void changed();
   /// Something that the user or the toolkit did has failed; the graph is as the error left it. The

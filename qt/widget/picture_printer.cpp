@@ -1,5 +1,6 @@
 #include "qt/widget/picture_printer.h"
 
+#include <KurvGraph/KurvGraph.h>
 #include <KurvGraph/file_fault.h>
 #include <KurvGraph/replace_file.h>
 
@@ -41,6 +42,14 @@ bool is_accepted(QPrinter& printer) {
   const bool answered = accepted && dialog;
   delete dialog.data();
   return answered;
+}
+
+// To the widget whose picture it was, after the current event, because a slot may delete it.
+void announce(const QString& file) {
+  auto* const graph = qobject_cast<KurvGraph*>(g_printing_for.data());
+  if (!graph) return;
+  QMetaObject::invokeMethod(
+      graph, [graph, file] { Q_EMIT graph->printed(file); }, Qt::QueuedConnection);
 }
 
 // The rectangle of a picture of this size, as large as fits on the page above the caption.
@@ -102,6 +111,7 @@ void DesktopPrinter::PrintPicture(std::string_view bitmap, std::string_view font
   } else if (!print_file(printer, picture, below)) {
     throw FileFault(FaultKind::kDeviceIoError, QFile::encodeName(file).toStdString());
   }
+  announce(file);
 }
 
 void provide_desktop_printer() {

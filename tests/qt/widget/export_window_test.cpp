@@ -156,6 +156,20 @@ TEST_F(ExportWindow, ThePlotIsPrintedOnOnePageByTheRealDialog) {
   EXPECT_GT(page.width(), page.height()) << "a wide picture lies on its side";
 }
 
+TEST_F(ExportWindow, ThePrintedFileIsAnnouncedAndACancelledPrintIsNot) {
+  QStringList files;
+  QObject::connect(&m_graph, &KurvGraph::printed, [&](const QString& file) { files << file; });
+  {
+    const Answering answering([&](QWidget& dialog) { static_cast<QDialog&>(dialog).reject(); });
+    m_graph.ChartOptions("print");
+  }
+  process_all();
+  EXPECT_EQ(files, QStringList());
+  print_into(path("print.pdf"));
+  process_all();
+  EXPECT_EQ(files, QStringList{path("print.pdf")});
+}
+
 TEST_F(ExportWindow, AnExistingFileIsReplacedAfterAQuestion) {
   QFile file(path("print.pdf"));
   ASSERT_TRUE(file.open(QIODevice::WriteOnly));
