@@ -22,9 +22,14 @@ constexpr CommandAction kCommandActions[] = {
     {"help", "mnuGettingStarted"},
 };
 
+// The actions of the window in the context menu.
+constexpr const char* kMenuActions[] = {"mnuCopy", "mnuExportPicture", "mnuPrint"};
+
 }  // namespace
 
 MainWindowGraph::MainWindowGraph(const QMainWindow& window) : m_window(window) {
+  set_extended_menu(true);
+  for (const char* name : kMenuActions) addAction(window.findChild<QAction*>(name));
   for (const CommandAction& command : kCommandActions) {
     auto* const button = findChild<QAction*>(QStringLiteral("tbrGraph.") + command.word);
     // Not every command word has a button.
