@@ -4,7 +4,6 @@
 #include <KurvGraph/limits.h>
 
 #include <QLocale>
-#include <QStatusBar>
 #include <QUndoStack>
 #include <algorithm>
 
@@ -269,7 +268,7 @@ void Follower::warn_of_dropped_rows() {
 }
 
 void Follower::say(const QString& text) {
-  m_window.statusBar()->showMessage(text);
+  m_window.show_status(text);
 }
 
 }  // namespace kurv::app

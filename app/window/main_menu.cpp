@@ -99,7 +99,7 @@ void MainMenu::make_edit_menu() {
   add_undo(*edit);
   edit->addSeparator();
   add(edit, "mnuCopy", "&Copy Picture", QKeySequence("Ctrl+C"), Needs::kGraph,
-      "Copy a picture of the graph to the clipboard", command("copy"));
+      "Copy a picture of the graph to the clipboard", m_commands.copy);
   add(edit, "mnuPaste", "&Paste as New Graph\u2026", QKeySequence("Ctrl+Shift+V"),
       Needs::kTableText, "Draw a table that was copied in another program", m_commands.paste);
   edit->addSeparator();

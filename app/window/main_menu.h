@@ -22,6 +22,7 @@ struct MenuCommands {
   std::function<void()> save;
   std::function<void()> save_as;
   QUndoGroup* undo;
+  std::function<void()> copy;
   std::function<void()> paste;
   std::function<void()> export_picture;
   std::function<void()> close;

@@ -4,6 +4,7 @@
 
 #include <QClipboard>
 #include <QElapsedTimer>
+#include <QFile>
 #include <QGuiApplication>
 #include <QLabel>
 #include <QMenuBar>
@@ -76,7 +77,7 @@ MainWindow::MainWindow(std::optional<QLocale> locale, Report report)
   setAcceptDrops(true);
   setWindowIcon(window_icon());
   make_menu();
-  statusBar()->setObjectName("barStatus");
+  make_status_bar();
 
   auto* const centre = new QWidget;
   auto* const rows = new QVBoxLayout(centre);
@@ -133,6 +134,10 @@ void MainWindow::connect_graph(KurvGraph* graph) {
   connect(graph, &KurvGraph::filed, this, [this] { graph_filed(); });
   connect(
       graph, &KurvGraph::changed, this, [this] { graph_changed(); }, Qt::QueuedConnection);
+  connect(graph, &KurvGraph::printed, this, [this](const QString& file) {
+    if (file.isEmpty()) return show_note("Printed");
+    show_file_note("Printed", QFile::encodeName(file).toStdString());
+  });
   connect(graph, &KurvGraph::runTimeError, this, [this](int number, const QString& text) {
     // One box at a time: resizing the window with the mouse would open one for each size.
     if (m_showing_error) return;
@@ -188,9 +193,12 @@ void MainWindow::replace_graph(KurvGraph* graph, const QByteArray& saved, const 
   m_undo.addStack(graph->undo_stack());
   m_undo.setActiveStack(graph->undo_stack());
   m_path = path;
+  if (graph->FileName().empty() && is_regular_file(path)) {
+    graph->set_proposed_file(std::filesystem::path(path).replace_extension(".gdf").string());
+  }
   m_accepted_changes.clear();
   // A message about the graph before; while one grows, the bar says what is read.
-  if (!m_is_following) statusBar()->clearMessage();
+  if (!m_is_following) show_status({});
   // A pasted table is in no file, so it is unsaved as it is; no content has an empty fingerprint.
   m_clean_state.set_clean(path.empty() ? QByteArray("") : saved);
   if (!path.empty()) RecentFiles().add(path);
@@ -316,6 +324,7 @@ void MainWindow::graph_changed() {
 
 // The graph is still saving or loading, so what may resize it or open a box is done later.
 void MainWindow::graph_filed() {
+  ++m_times_filed;
   m_clean_state.set_clean(content_hash(*m_graph));
   m_path = m_graph->FileName();
   RecentFiles().add(m_path);

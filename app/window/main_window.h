@@ -66,6 +66,8 @@ class MainWindow final : public QMainWindow {
   // The bar above the plot says these; it is hidden where there are none. Where the graph was drawn
   // from the file of a table, they can be changed by importing that again.
   void show_notices(const std::vector<std::string>& warnings);
+  // The status bar says this until it is called again; notes such as "Saved" cover it for a while.
+  void show_status(const QString& text);
   // Changes the graph; one that had no unsaved changes has none afterwards.
   void change_unnoticed(const std::function<void(KurvGraph&)>& work);
 
@@ -84,6 +86,7 @@ class MainWindow final : public QMainWindow {
   using Source = std::function<std::optional<GraphSource>(GraphChoice&)>;
 
   void make_menu();
+  void make_status_bar();
   KurvGraph* new_graph();
   QByteArray content_hash(const KurvGraph& graph) const;
   void replace_graph(KurvGraph* graph, const QByteArray& saved, const std::string& path);
@@ -107,6 +110,7 @@ class MainWindow final : public QMainWindow {
   bool open_in(Target target, const std::string& path);
   bool show_source(Target target, const std::string& path, const Source& source);
   void open_text(const std::string& text);
+  void copy_picture();
   void paste();
   void show_in_new_window(const GraphChoice& choice, const GraphSource& source) const;
   std::optional<GraphSource> ask_about_table(const std::string& path, std::string bytes,
@@ -114,10 +118,14 @@ class MainWindow final : public QMainWindow {
   void open_recent(const std::string& path);
   bool save();
   void save_as();
+  void note_saved(const std::function<void()>& work);
   bool confirm_commas();
   bool confirm_close();
   void export_picture();
   void show_error(const QString& text);
+  void show_note(const QString& text);
+  void show_file_note(const char* what, const std::string& path);
+  void end_note();
 
   std::optional<QLocale> m_locale;
   Report m_report;
@@ -138,6 +146,10 @@ class MainWindow final : public QMainWindow {
   bool m_has_toolbar = true;
   bool m_is_following = false;
   QString m_waiting_hint;
+  unsigned m_times_filed = 0;  // how many times the graph was loaded or saved
+  QString m_status;
+  QString m_note;  // empty where none is shown
+  QTimer m_note_timer;
 };
 
 }  // namespace kurv::app

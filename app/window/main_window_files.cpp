@@ -59,6 +59,7 @@ void MainWindow::make_menu() {
   commands.save = [this] { save(); };
   commands.save_as = [this] { save_as(); };
   commands.undo = &m_undo;
+  commands.copy = [this] { copy_picture(); };
   commands.paste = [this] { paste(); };
   commands.export_picture = [this] { export_picture(); };
   commands.close = [this] { close(); };
@@ -110,6 +111,14 @@ void MainWindow::run_guarded(const std::function<void()>& work) {
 
 void MainWindow::run_command(const char* word) {
   run_guarded([this, word] { m_graph->ChartOptions(word); });
+}
+
+// The clipboard is empty where there was no picture to copy.
+void MainWindow::copy_picture() {
+  const QPointer<MainWindow> alive(this);
+  run_command("copy");
+  const QMimeData* const mime = QGuiApplication::clipboard()->mimeData();
+  if (alive && mime && mime->hasImage()) show_note("Copied");
 }
 
 // -- Opening --------------------------------------------------------------------------------------

@@ -17,12 +17,14 @@ bool MainWindow::save() {
   const QPointer<MainWindow> alive(this);
   const bool writes = !m_graph->GraphSaved() || !is_saved();
   if (writes && !confirm_commas()) return false;
-  if (m_graph->GraphSaved() && !is_saved()) {
-    // The graph counts only changes that were drawn, so its "save" would write nothing.
-    run_guarded([this] { m_graph->save_to(m_graph->FileName()); });
-  } else {
-    run_command("save");
-  }
+  note_saved([this] {
+    if (m_graph->GraphSaved() && !is_saved()) {
+      // The graph counts only changes that were drawn, so its "save" would write nothing.
+      run_guarded([this] { m_graph->save_to(m_graph->FileName()); });
+    } else {
+      run_command("save");
+    }
+  });
   if (!alive) return false;
   update_modified();
   return !isWindowModified();
@@ -31,7 +33,15 @@ bool MainWindow::save() {
 // Another file asks again.
 void MainWindow::save_as() {
   m_accepted_changes.clear();
-  if (confirm_commas()) run_command("saveas");
+  if (confirm_commas()) note_saved([this] { run_command("saveas"); });
+}
+
+// Says so where the work has written the graph; the user may have cancelled.
+void MainWindow::note_saved(const std::function<void()>& work) {
+  const QPointer<MainWindow> alive(this);
+  const unsigned before = m_times_filed;
+  work();
+  if (alive && m_times_filed != before) show_file_note("Saved", m_path);
 }
 
 // Whether to write a graph file although it does not keep all of the graph. Asks once for the same
