@@ -38,14 +38,31 @@ const FormatRow& row_of(PictureFormat format) {
 }
 
 QByteArray exported(const KurvGraph& graph, PictureFormat format) {
+  if (format == PictureFormat::kSvg) return graph.svg();
+  if (format == PictureFormat::kPdf) return graph.pdf();
+  return encoded(graph.image(), format);
+}
+
+VectorFormat vector_format(PictureFormat format) {
+  return format == PictureFormat::kSvg ? VectorFormat::kSvg : VectorFormat::kPdf;
+}
+
+// Writes what `make` returns for the format that the path's extension names.
+template <class Make>
+void write_made(const std::string& path, const Make& make) {
+  const std::optional<PictureFormat> format = picture_format(path);
+  if (!format) {
+    throw UserError("the name of the picture must end in " + picture_extensions() + ", and " +
+                    in_quotes(path) + " does not.");
+  }
+  QByteArray bytes;
   try {
-    if (format == PictureFormat::kSvg) return graph.svg();
-    if (format == PictureFormat::kPdf) return graph.pdf();
-    return encoded(graph.image(), format);
+    bytes = make(*format);
   } catch (const Fault& fault) {
     throw UserError(std::string("the graph cannot be drawn: ") + fault.what() +
                     "; check its limits.");
   }
+  write_picture(bytes, path);
 }
 
 const char* advice_for(ReplaceFailure::Step step) {
@@ -81,6 +98,10 @@ std::optional<PictureFormat> picture_format(const std::string& path) {
   return std::nullopt;
 }
 
+std::string picture_extension(PictureFormat format) {
+  return row_of(format).extension;
+}
+
 bool is_vector(PictureFormat format) {
   return row_of(format).pixels == nullptr;
 }
@@ -94,9 +115,7 @@ QByteArray encoded(const QImage& picture, PictureFormat format) {
 }
 
 QByteArray vector_document(const Control& graph, QSize logical_size, PictureFormat format) {
-  const VectorFormat vectors =
-      format == PictureFormat::kSvg ? VectorFormat::kSvg : VectorFormat::kPdf;
-  VectorPicture picture(vectors, QString::fromStdString(graph.Title()), logical_size);
+  VectorPicture picture(vector_format(format), QString::fromStdString(graph.Title()), logical_size);
   graph.draw_on(picture);
   return picture.take_document();
 }
@@ -110,12 +129,17 @@ void write_picture(const QByteArray& bytes, const std::string& path) {
 }
 
 void export_picture(const KurvGraph& graph, const std::string& path) {
-  const std::optional<PictureFormat> format = picture_format(path);
-  if (!format) {
-    throw UserError("the name of the picture must end in " + picture_extensions() + ", and " +
-                    in_quotes(path) + " does not.");
-  }
-  write_picture(exported(graph, *format), path);
+  write_made(path, [&](PictureFormat format) { return exported(graph, format); });
+}
+
+void export_picture(const KurvGraph& graph, const std::string& path, QSize pixels,
+                    double dots_per_inch) {
+  write_made(path, [&](PictureFormat format) {
+    if (is_vector(format)) return graph.document(vector_format(format), pixels);
+    const QImage picture = graph.picture(pixels, dots_per_inch);
+    if (picture.isNull()) throw std::bad_alloc();
+    return encoded(picture, format);
+  });
 }
 
 }  // namespace kurv::app

@@ -19,6 +19,8 @@ std::string picture_extensions();
 
 // By the name's extension in any letter case; nothing for another one.
 std::optional<PictureFormat> picture_format(const std::string& path);
+// Such as ".png".
+std::string picture_extension(PictureFormat format);
 // Whether a picture in it is made of lines and text, not of pixels.
 bool is_vector(PictureFormat format);
 
@@ -35,5 +37,8 @@ void write_picture(const QByteArray& bytes, const std::string& path);
 // changes. Throws UserError where there is no such format, the graph cannot be drawn, or the file
 // cannot be written; then the file is as it was.
 void export_picture(const KurvGraph& graph, const std::string& path);
+// The same in another size, of which a document of lines and text takes the pixels as logical ones.
+void export_picture(const KurvGraph& graph, const std::string& path, QSize pixels,
+                    double dots_per_inch);
 
 }  // namespace kurv::app

@@ -1,6 +1,5 @@
 #include "app/window/drawing_fields.h"
 
-#include <KurvGraph/indicator_style.h>
 #include <KurvGraph/limits.h>
 
 #include <QCheckBox>
@@ -21,6 +20,7 @@
 #include "app/base/message_text.h"
 #include "app/base/user_error.h"
 #include "app/csv/cell_check.h"
+#include "app/window/check_box_style.h"
 #include "app/window/named_widget.h"
 
 namespace kurv::app {
@@ -51,14 +51,6 @@ QLabel* caption(const QString& text, QWidget* buddy) {
 // Rows beyond what a graph holds are thinned out from the start.
 int default_every(std::size_t rows) {
   return rows <= kMaxPoints ? 1 : static_cast<int>((rows - 1) / kMaxPoints + 1);
-}
-
-// Qt's Fusion style outlines a check box in a darker shade of the window's colour, in which an
-// empty box on a dark desktop cannot be seen.
-void outline_boxes(QWidget& widget) {
-  QPalette colours = widget.palette();
-  colours.setColor(QPalette::Window, Qt::gray);
-  widget.setPalette(colours);
 }
 
 // The name of a column with what there is to know of it: "state (words)".
@@ -99,8 +91,7 @@ DrawingFields::DrawingFields(const QString& title, QWidget* parent)
   // Return in a field presses "Import" only.
   for (QPushButton* button : {m_all, m_none}) button->setAutoDefault(false);
   for (QWidget* const widget : {static_cast<QWidget*>(m_curves), static_cast<QWidget*>(m_sort)}) {
-    outline_boxes(*widget);
-    scale_indicators(*widget);
+    make_boxes_visible(*widget);
   }
   m_x->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   m_every->setRange(1, std::numeric_limits<int>::max());

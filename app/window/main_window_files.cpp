@@ -9,7 +9,6 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMimeData>
-#include <QStatusBar>
 #include <filesystem>
 #include <new>
 
@@ -17,6 +16,7 @@
 #include "app/base/user_error.h"
 #include "app/csv/csv_text.h"
 #include "app/graph/picture_file.h"
+#include "app/window/export_dialog.h"
 #include "app/window/import_dialog.h"
 #include "app/window/main_menu.h"
 #include "app/window/main_window.h"
@@ -240,11 +240,20 @@ void MainWindow::open_recent(const std::string& path) {
 
 void MainWindow::export_picture() {
   const QPointer<MainWindow> alive(this);
-  const std::optional<std::string> path = ask_for_picture(this, m_path);
+  std::optional<ExportChoice> choice = ask_for_export(*m_graph, this);
+  if (!choice || !alive) return;
+  const std::optional<std::string> path = ask_for_picture(this, m_path, choice->format);
   if (!path || !alive) return;
+  // The name may be that of another format.
+  choice->format = picture_format(*path).value_or(choice->format);
+  if (const std::optional<QString> refusal = export_refusal(*choice)) return show_error(*refusal);
   try {
-    app::export_picture(*m_graph, *path);
-    statusBar()->showMessage("Written: " + QFile::decodeName(on_one_line(*path).c_str()));
+    if (choice->size) {
+      app::export_picture(*m_graph, *path, export_pixels(*choice), dots_per_inch(*choice));
+    } else {
+      app::export_picture(*m_graph, *path);
+    }
+    show_file_note("Written", *path);
   } catch (const UserError& error) {
     show_error(sentence(error.what(), *path));
   } catch (const std::bad_alloc&) {

@@ -10,7 +10,6 @@
 #include <QPushButton>
 #include <filesystem>
 
-#include "app/graph/picture_file.h"
 #include "app/window/window_texts.h"
 
 namespace kurv::app {
@@ -53,13 +52,15 @@ bool may_replace(QWidget* window, const QString& path) {
   return answer;
 }
 
-QFileDialog* new_dialog(QWidget* window, const std::string& graph_path) {
+QFileDialog* new_dialog(QWidget* window, const std::string& graph_path, PictureFormat format) {
   auto* const dialog = new QFileDialog(window, "Export Picture");
   fit_to_screen(*dialog);
   dialog->setAcceptMode(QFileDialog::AcceptSave);
   dialog->setOption(QFileDialog::DontConfirmOverwrite);
   dialog->setNameFilters(
       {"PNG picture (*.png)", "SVG drawing (*.svg)", "PDF document (*.pdf)", "Bitmap (*.bmp)"});
+  const QString extension = QString::fromStdString(picture_extension(format));
+  dialog->selectNameFilter(dialog->nameFilters().filter("(*" + extension + ')').value(0));
   propose(*dialog, graph_path);
   return dialog;
 }
@@ -68,9 +69,10 @@ QFileDialog* new_dialog(QWidget* window, const std::string& graph_path) {
 
 // The dialog does not know the completed name, so whether to replace a file is asked after it, and
 // the dialog comes again where the user wants to keep that file.
-std::optional<std::string> ask_for_picture(QWidget* window, const std::string& graph_path) {
+std::optional<std::string> ask_for_picture(QWidget* window, const std::string& graph_path,
+                                           PictureFormat format) {
   // The window deletes it, perhaps while it is open.
-  const QPointer<QFileDialog> dialog = new_dialog(window, graph_path);
+  const QPointer<QFileDialog> dialog = new_dialog(window, graph_path, format);
   std::optional<std::string> result;
   while (dialog && !result && dialog->exec() == QDialog::Accepted && dialog) {
     const QString chosen = dialog->selectedFiles().value(0);

@@ -1,6 +1,10 @@
 // Pictures that a main window writes: their names, and what is asked about them.
+#include <QCheckBox>
+#include <QDoubleSpinBox>
+#include <QSpinBox>
 #include <QStatusBar>
 
+#include "app/window/export_dialog.h"
 #include "tests/app/window/window_fixture.h"
 
 namespace kurv::app {
@@ -14,6 +18,11 @@ class MainWindowExport : public Windows {
     return window_of(written(path("temp.2020.csv"), "x,y\n1,2\n2,3\n"));
   }
 
+  // The first answer to an export; that about the name is the next one.
+  void take_picture_as_in_window() {
+    answer<ExportDialog>([](ExportDialog& dialog) { dialog.accept(); });
+  }
+
   QByteArray content(const char* file) const {
     QFile opened(m_folder.filePath(file));
     return opened.open(QIODevice::ReadOnly) ? opened.readAll() : QByteArray();
@@ -22,6 +31,7 @@ class MainWindowExport : public Windows {
 
 TEST_F(MainWindowExport, WritesThePictureOfTheGraph) {
   MainWindow* const kurv = window_of(table());
+  take_picture_as_in_window();
   choose_file(path("picture"));
   press(kurv, "mnuExportPicture");
   const QImage picture(m_folder.filePath("picture.png"));
@@ -42,6 +52,7 @@ TEST_F(MainWindowExport, ProposesTheWholeNameAndFollowsTheFilter) {
   MainWindow* const kurv = window_of_dotted_name();
   for (int i = 0; i < 4; ++i) {
     const std::string file = std::string("temp.2020") + kFilters[i].extension;
+    take_picture_as_in_window();
     answer<QFileDialog>([=](QFileDialog& dialog) {
       choose_filter(dialog, i);
       EXPECT_EQ(dialog.findChild<QLineEdit*>("fileNameEdit")->text().toStdString(), file);
@@ -54,6 +65,7 @@ TEST_F(MainWindowExport, ProposesTheWholeNameAndFollowsTheFilter) {
 
 TEST_F(MainWindowExport, TheStatusBarNamesThePictureUntilAnotherGraphIsShown) {
   MainWindow* const kurv = window_of(table());
+  take_picture_as_in_window();
   choose_file(path("picture.png"));
   press(kurv, "mnuExportPicture");
   EXPECT_TRUE(kurv->statusBar()->currentMessage().contains("picture.png"));
@@ -65,6 +77,7 @@ TEST_F(MainWindowExport, CompletesEveryNameThatIsNotThatOfAPicture) {
   MainWindow* const kurv = window_of_dotted_name();
   for (int i = 0; i < 4; ++i) {
     for (const std::string typed : {"plain", "sales.2021", ".hidden", "ends.", "a.b c"}) {
+      take_picture_as_in_window();
       choose_file(path(typed.c_str()), i);
       press(kurv, "mnuExportPicture");
       const std::string file = typed + kFilters[i].extension;
@@ -75,6 +88,7 @@ TEST_F(MainWindowExport, CompletesEveryNameThatIsNotThatOfAPicture) {
 
 TEST_F(MainWindowExport, APicturesOwnExtensionDecides) {
   MainWindow* const kurv = window_of(table());
+  take_picture_as_in_window();
   choose_file(path("picture.PDF"));
   press(kurv, "mnuExportPicture");
   EXPECT_TRUE(content("picture.PDF").startsWith("%PDF"));
@@ -83,6 +97,7 @@ TEST_F(MainWindowExport, APicturesOwnExtensionDecides) {
 TEST_F(MainWindowExport, AsksBeforeItReplacesAFileUnderTheCompletedName) {
   MainWindow* const kurv = window_of_dotted_name();
   written(path("old.2020.png"), "old");
+  take_picture_as_in_window();
   choose_file(path("old.2020"));
   QString text;
   click_box("&Cancel", &text);
@@ -91,6 +106,7 @@ TEST_F(MainWindowExport, AsksBeforeItReplacesAFileUnderTheCompletedName) {
   EXPECT_EQ(text, "old.2020.png already exists.");
   EXPECT_EQ(content("old.2020.png"), "old");
 
+  take_picture_as_in_window();
   choose_file(path("old.2020"));
   click_box("&Replace");
   press(kurv, "mnuExportPicture");
@@ -100,6 +116,7 @@ TEST_F(MainWindowExport, AsksBeforeItReplacesAFileUnderTheCompletedName) {
 TEST_F(MainWindowExport, WhoeverKeepsTheOldFileChoosesAnotherName) {
   MainWindow* const kurv = window_of(table());
   written(path("old.png"), "old");
+  take_picture_as_in_window();
   choose_file(path("old"));
   click_box("&Cancel");
   choose_file(path("new"));
@@ -110,6 +127,7 @@ TEST_F(MainWindowExport, WhoeverKeepsTheOldFileChoosesAnotherName) {
 
 TEST_F(MainWindowExport, WhatCannotBeWrittenIsSaidWithItsPathAsItIs) {
   MainWindow* const kurv = window_of(table());
+  take_picture_as_in_window();
   choose_file(path("no_such_folder/picture.png"));
   QString text;
   click_box("OK", &text);
@@ -120,6 +138,7 @@ TEST_F(MainWindowExport, WhatCannotBeWrittenIsSaidWithItsPathAsItIs) {
 TEST_F(MainWindowExport, WhatCannotBeDrawnIsSaidInASentence) {
   MainWindow* const kurv = window_of(table());
   kurv->graph().set_xmax(kurv->graph().xmin());
+  take_picture_as_in_window();
   choose_file(path("picture.svg"));
   QString text;
   click_box("OK", &text);
@@ -131,12 +150,59 @@ TEST_F(MainWindowExport, AWindowThatGoesTakesItsQuestionsAlong) {
   for (const bool has_older : {false, true}) {
     const QPointer<MainWindow> kurv = window_of(table());
     written(path("old.png"), "old");
-    if (has_older) choose_file(path("old"));
+    if (has_older) {
+      take_picture_as_in_window();
+      choose_file(path("old"));
+    }
     answer<QDialog>([&](QDialog&) { delete kurv.data(); });
     press(kurv, "mnuExportPicture");
     EXPECT_FALSE(kurv);
     EXPECT_EQ(content("old.png"), "old");
   }
+}
+
+TEST_F(MainWindowExport, HasTheSizeAndResolutionThatAreChosenAndRemembersThem) {
+  MainWindow* const kurv = window_of(table());
+  answer<ExportDialog>([](ExportDialog& dialog) {
+    dialog.findChild<QCheckBox*>("chkAsInWindow")->setChecked(false);
+    dialog.findChild<QCheckBox*>("chkProportions")->setChecked(false);
+    dialog.findChild<QComboBox*>("cboUnit")->setCurrentIndex(1);
+    dialog.findChild<QSpinBox*>("spnResolution")->setValue(300);
+    dialog.findChild<QDoubleSpinBox*>("spnWidth")->setValue(85);
+    dialog.findChild<QDoubleSpinBox*>("spnHeight")->setValue(60);
+    dialog.accept();
+  });
+  choose_file(path("picture"));
+  press(kurv, "mnuExportPicture");
+  const QImage picture(m_folder.filePath("picture.png"));
+  EXPECT_EQ(picture.size(), QSize(1004, 709));
+  EXPECT_EQ(picture.dotsPerMeterX(), 11811);
+  EXPECT_EQ(picture.dotsPerMeterY(), 11811);
+  take_picture_as_in_window();
+  choose_file(path("again"));
+  press(kurv, "mnuExportPicture");
+  EXPECT_EQ(content("again.png"), content("picture.png"));
+}
+
+TEST_F(MainWindowExport, CancelledAsksForNoName) {
+  MainWindow* const kurv = window_of(table());
+  answer<ExportDialog>([](ExportDialog& dialog) { dialog.reject(); });
+  press(kurv, "mnuExportPicture");
+  EXPECT_EQ(kurv->statusBar()->currentMessage(), "");
+}
+
+TEST_F(MainWindowExport, TheFormatChoosesTheFilterOfTheName) {
+  MainWindow* const kurv = window_of(table());
+  answer<ExportDialog>([](ExportDialog& dialog) {
+    dialog.findChild<QComboBox*>("cboFormat")->setCurrentIndex(2);
+    dialog.accept();
+  });
+  answer<QFileDialog>([](QFileDialog& dialog) {
+    EXPECT_EQ(dialog.selectedNameFilter(), "PDF document (*.pdf)");
+    EXPECT_EQ(dialog.findChild<QLineEdit*>("fileNameEdit")->text(), "small.pdf");
+    dialog.reject();
+  });
+  press(kurv, "mnuExportPicture");
 }
 
 }  // namespace
