@@ -9,15 +9,9 @@
 
 namespace kurv {
 
-namespace {
-
-constexpr int kIntervals = 40;
-
-Double sample_x(const GraphDocument& document, int k) {
-  return (document.xmax - document.xmin) * (Double(k) / kIntervals) + document.xmin;
+Double function_sample_x(const GraphDocument& document, int k) {
+  return (document.xmax - document.xmin) * (Double(k) / kFunctionIntervals) + document.xmin;
 }
-
-}  // namespace
 
 void DrawFunctionCurves(const GraphDocument& document, Layout& layout,
                         const EvaluatorSource& evaluator, PlotSurface& surface) {
@@ -37,8 +31,8 @@ void DrawFunctionCurve(const GraphDocument& document, Layout& layout, const Stri
   set_pen_width(layout, surface, document.CurvesWidth);
   evaluator.SetExpression(expression.empty() ? document.y_func(1).expression : expression);
   std::optional<SurfacePoint> previous;
-  for (int k = 0; k <= kIntervals; ++k) {
-    const Double x = sample_x(document, k);
+  for (int k = 0; k <= kFunctionIntervals; ++k) {
+    const Double x = function_sample_x(document, k);
     // The user may write the variable in either letter case.
     evaluator.SetVariable("x", x);
     evaluator.SetVariable("X", x);
