@@ -37,6 +37,7 @@
 #include <KurvGraph/kurv_graph_plot.h>
 #include <KurvGraph/limits.h>
 #include <KurvGraph/property_list.h>
+#include <KurvGraph/read_out.h>
 #include <KurvGraph/values.h>
 
 #include <QByteArray>
@@ -311,6 +312,16 @@ class KURV_EXPORT KurvGraph : public QWidget {
   bool shortcuts_enabled() const;
   /// Switches these shortcuts on or off.
   void set_shortcuts_enabled(bool on);
+  /// Whether the widget says what is under the pointer: by pointed(), a ring around the nearest
+  /// point within 8 logical pixels, and a tool tip. The curves are then a tab stop after the parts
+  /// of the plot, where the arrow keys, Home, End, Page Up and Page Down go from point to point and
+  /// from curve to curve. Off by default.
+  bool readout_enabled() const;
+  /// Switches the read-out on or off.
+  void set_readout_enabled(bool on);
+  /// How the read-out writes values of x where set_x_unit() has set another unit than kNumbers.
+  /// They stay plain numbers without it.
+  void set_x_text(AxisText text);
 
   /// The changes by the user, to be undone and done again: for the Edit menu or a QUndoGroup of the
   /// host. The first call turns them on, see Control::set_undo_enabled(). While they are on, the
@@ -369,6 +380,9 @@ class KURV_EXPORT KurvGraph : public QWidget {
   void printed(const QString& file);
   /// Emitted once after each event in which the graph may have changed, drawn or not.
   void changed();
+  /// While the read-out is on: something else is under the pointer, or the keyboard has reached
+  /// another point. Emitted after the event; without a place when the pointer leaves the plot.
+  void pointed(const kurv::ReadOut& read_out);
   /// Something that the user or the toolkit did has failed; the graph is as the error left it. The
   /// text begins with the path where it is about a file. When nothing is connected, a message box
   /// shows the text.

@@ -81,6 +81,8 @@ KurvGraph::KurvGraph(PlotSurface* lent, QWidget* parent) : QWidget(parent) {
   setMinimumSize(1, 1);
   m_state.reset(new State(*this, lent));
   connect(m_state->view, &PlotView::menu_wanted, this, [this](QPoint at) { open_menu(at, false); });
+  // After the event, because a slot may delete the widget.
+  connect(m_state->view, &PlotView::pointed, this, &KurvGraph::pointed, Qt::QueuedConnection);
   // Here and not at the first show, so that what the host sets in between stays.
   m_state->graph.first_placement();
   m_state->finish();

@@ -1,5 +1,7 @@
 // The getters and setters of property_list.h: the control's own, in the toolkit's types; and those
 // of the widget alone that need no redraw.
+#include <utility>
+
 #include "qt/widget/kurv_graph_state.h"
 
 namespace kurv {
@@ -75,6 +77,18 @@ void KurvGraph::set_extended_menu(bool on) {
 
 void KurvGraph::set_proposed_file(const String& path) {
   m_state->shell.set_proposed_file(path);
+}
+
+bool KurvGraph::readout_enabled() const {
+  return m_state->view->readout_enabled();
+}
+
+void KurvGraph::set_readout_enabled(bool on) {
+  m_state->view->set_readout_enabled(on);
+}
+
+void KurvGraph::set_x_text(AxisText text) {
+  m_state->view->set_x_text(std::move(text));
 }
 
 bool KurvGraph::round_limits() const {

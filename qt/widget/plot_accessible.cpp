@@ -93,16 +93,60 @@ void TargetAccessible::doAction(const QString& name) {
   if (name == setFocusAction()) m_view->focus_on(m_target);
 }
 
+// The point that the keyboard is at. Each point has an interface of its own, because a screen
+// reader speaks what gets the focus, and not what becomes of it.
+class PointAccessible final : public QAccessibleInterface {
+ public:
+  PointAccessible(PlotView& view, const ReadOut& point) : m_view(&view), m_point(point) {}
+
+  bool isValid() const override { return m_view && m_view->focused_point() == m_point; }
+  QObject* object() const override { return nullptr; }
+  QWindow* window() const override { return m_view ? m_view->window()->windowHandle() : nullptr; }
+  QAccessibleInterface* parent() const override {
+    return QAccessible::queryAccessibleInterface(m_view);
+  }
+  QAccessibleInterface* child(int) const override { return nullptr; }
+  QAccessibleInterface* childAt(int, int) const override { return nullptr; }
+  int childCount() const override { return 0; }
+  int indexOfChild(const QAccessibleInterface*) const override { return -1; }
+
+  QString text(QAccessible::Text kind) const override {
+    return kind == QAccessible::Name ? spoken_text(m_point) : QString();
+  }
+  void setText(QAccessible::Text, const QString&) override {}
+  QRect rect() const override {
+    if (!isValid()) return {};
+    return {m_view->mapToGlobal(m_view->ring().topLeft()), m_view->ring().size()};
+  }
+  QAccessible::Role role() const override { return QAccessible::ListItem; }
+  QAccessible::State state() const override {
+    QAccessible::State state;
+    state.invalid = !isValid();
+    state.focusable = true;
+    state.focused = isValid() && m_view->hasFocus();
+    return state;
+  }
+  const ReadOut& point() const { return m_point; }
+
+ private:
+  QPointer<PlotView> m_view;
+  ReadOut m_point;
+};
+
 class PlotAccessible final : public QAccessibleWidget {
  public:
   explicit PlotAccessible(PlotView& view) : QAccessibleWidget(&view, QAccessible::Chart) {}
   ~PlotAccessible() override {
     for (const auto& known : m_known) QAccessible::deleteAccessibleInterface(known.second);
+    if (m_point) QAccessible::deleteAccessibleInterface(m_point);
   }
 
-  int childCount() const override { return static_cast<int>(targets().size()); }
+  int childCount() const override {
+    return static_cast<int>(targets().size()) + (view().focused_point() ? 1 : 0);
+  }
   QAccessibleInterface* child(int index) const override {
     const std::vector<HitTarget> there = targets();
+    if (index == static_cast<int>(there.size())) return point();
     const bool is_one = index >= 0 && index < static_cast<int>(there.size());
     return is_one ? of(there[static_cast<std::size_t>(index)]) : nullptr;
   }
@@ -110,6 +154,7 @@ class PlotAccessible final : public QAccessibleWidget {
     const std::vector<HitTarget> there = targets();
     const auto found = std::find_if(there.begin(), there.end(),
                                     [&](const HitTarget& target) { return of(target) == child; });
+    if (child && child == point()) return static_cast<int>(there.size());
     return found == there.end() ? -1 : static_cast<int>(found - there.begin());
   }
   QAccessibleInterface* childAt(int x, int y) const override {
@@ -118,6 +163,7 @@ class PlotAccessible final : public QAccessibleWidget {
   }
   QAccessibleInterface* focusChild() const override {
     if (!view().hasFocus()) return nullptr;
+    if (QAccessibleInterface* const there = point()) return there;
     const std::optional<HitTarget> target = view().focused();
     return target ? of(*target) : QAccessible::queryAccessibleInterface(&view());
   }
@@ -135,7 +181,20 @@ class PlotAccessible final : public QAccessibleWidget {
   PlotView& view() const { return *static_cast<PlotView*>(widget()); }
   std::vector<HitTarget> targets() const { return targets_in_tab_order(view().state()); }
 
+  // The last child, while the keyboard is on the curves.
+  QAccessibleInterface* point() const {
+    const std::optional<ReadOut> there = view().focused_point();
+    if (!there) return nullptr;
+    auto* const known = m_point ? QAccessible::accessibleInterface(m_point) : nullptr;
+    if (known && static_cast<PointAccessible*>(known)->point() == *there) return known;
+    if (m_point) QAccessible::deleteAccessibleInterface(m_point);
+    auto* const made = new PointAccessible(view(), *there);
+    m_point = QAccessible::registerAccessibleInterface(made);
+    return made;
+  }
+
   mutable std::map<HitTarget, QAccessible::Id> m_known;
+  mutable QAccessible::Id m_point = 0;
 };
 
 QAccessibleInterface* interface_of(const QString&, QObject* object) {

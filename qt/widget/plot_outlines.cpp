@@ -14,6 +14,9 @@ constexpr QRgb kOutlineInk = 0xFF003C8C;
 // Logical pixels; whole ones, so that the lines are crisp.
 constexpr int kFocusWidth = 2;
 constexpr int kFocusGap = 2;  // keeps the line off the text
+constexpr double kRingRadius = 6;
+constexpr double kRingWidth = 2;
+constexpr double kRingEdge = 1.5;  // of white on either side, to be seen over curves
 
 // Moves an interval that begins at `at` until a piece of it is inside first..last; returns where it
 // begins then.
@@ -54,6 +57,23 @@ void outline_focused(QPainter& painter, const std::vector<QRectF>& rects, const 
     around.moveTop(moved_inside(around.top(), around.height(), inside.top(), inside.bottom()));
     outline(painter, around & inside, kFocusWidth, Qt::DashLine);
   }
+}
+
+QRect ring_around(const QPointF& point) {
+  constexpr double kExtent = kRingRadius + kRingWidth / 2 + kRingEdge;
+  return QRectF(point - QPointF(kExtent, kExtent), point + QPointF(kExtent, kExtent))
+      .toAlignedRect()
+      .adjusted(-1, -1, 1, 1);
+}
+
+void ring_point(QPainter& painter, const QPointF& point) {
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setBrush(Qt::NoBrush);
+  painter.setPen(QPen(Qt::white, kRingWidth + 2 * kRingEdge));
+  painter.drawEllipse(point, kRingRadius, kRingRadius);
+  painter.setPen(QPen(QColor::fromRgb(kOutlineInk), kRingWidth));
+  painter.drawEllipse(point, kRingRadius, kRingRadius);
+  painter.setRenderHint(QPainter::Antialiasing, false);
 }
 
 }  // namespace kurv

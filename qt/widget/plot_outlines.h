@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QPainter>
+#include <QPointF>
 #include <QRect>
 #include <QRectF>
 #include <vector>
@@ -16,5 +17,9 @@ void outline_dragged(QPainter& painter, const QRectF& rect);
 // The target with the keyboard's focus, clipped to `view`, outside of which nothing is painted. A
 // target beyond an edge is outlined at that edge.
 void outline_focused(QPainter& painter, const std::vector<QRectF>& rects, const QRect& view);
+
+// The point that is read out.
+QRect ring_around(const QPointF& point);
+void ring_point(QPainter& painter, const QPointF& point);
 
 }  // namespace kurv

@@ -3,6 +3,7 @@
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QPointer>
 #include <QToolTip>
 #include <algorithm>
 #include <cmath>
@@ -81,6 +82,7 @@ void PlotView::paintEvent(QPaintEvent*) {
   if (const std::optional<Rect> dragged = dragged_rect(state())) {
     outline_dragged(painter, pixels(*dragged));
   }
+  paint_ring(painter);
 }
 
 void PlotView::picture_changed() {
@@ -91,6 +93,7 @@ void PlotView::picture_changed() {
 void PlotView::describe() {
   setAccessibleName(name_of(state().document));
   setAccessibleDescription(description_of(state().document));
+  read_out_again();
 }
 
 // -- Events ---------------------------------------------------------------------------------------
@@ -112,10 +115,15 @@ bool PlotView::event(QEvent* event) {
     default:
       break;
   }
-  return QWidget::event(event);
+  // A click may delete the widget.
+  const QPointer<PlotView> alive = this;
+  const bool is_taken = QWidget::event(event);
+  if (alive && m_read_out.is_on) follow_mouse(*event);
+  return is_taken;
 }
 
 void PlotView::show_tip(const QPoint& at, const QPoint& on_screen) {
+  if (m_read_out.point) return show_point_tip();
   const std::optional<HitTarget> target = target_under(at);
   // The tip stays while the mouse is over this rectangle.
   const QRect around = target && std::holds_alternative<Item>(*target)

@@ -6,6 +6,7 @@
 #pragma once
 
 #include <KurvGraph/picture.h>
+#include <KurvGraph/read_out.h>
 
 #include <QPoint>
 #include <QPointF>
@@ -19,6 +20,7 @@
 #include "dialogs/client.h"
 #include "qt/widget/plot_menu.h"
 #include "qt/widget/plot_targets.h"
+#include "qt/widget/read_out.h"
 
 namespace kurv {
 
@@ -49,12 +51,22 @@ class PlotView final : public QWidget {
   // Where the keyboard opens the menu, on the screen: at the focused target, else in the middle.
   QPoint menu_point() const;
 
+  bool readout_enabled() const { return m_read_out.is_on; }
+  void set_readout_enabled(bool on);
+  void set_x_text(AxisText text);
+  // What the keyboard points at, while it is on the curves.
+  std::optional<ReadOut> focused_point() const;
+  // The ring around the point that is read out, in pixels of the view; empty without one.
+  QRect ring() const;
+
   Client& client() const { return m_client; }
   const ControlState& state() const { return m_client.control().state(); }
 
  Q_SIGNALS:
   // A right click has been released.
   void menu_wanted(QPoint at_on_screen);
+  // What the read-out says has changed.
+  void pointed(const kurv::ReadOut& read_out);
 
  protected:
   bool event(QEvent* event) override;
@@ -92,12 +104,30 @@ class PlotView final : public QWidget {
   std::optional<SurfacePoint> step_of(const QKeyEvent& event) const;
   void move_focused(SurfacePoint step);
 
+  // -- Read-out, which is in plot_view_read_out.cpp -------------------------------------------
+  // After each event: what is under the mouse now.
+  void follow_mouse(const QEvent& event);
+  void read_out_again();
+  void read_out_at_mouse();
+  void show_read_out(const std::optional<FoundPoint>& point, const std::optional<DataPoint>& place);
+  // What the finder says; nothing where it fails.
+  std::optional<FoundPoint> found(
+      const std::function<std::optional<FoundPoint>(PointFinder&)>& search);
+  void show_point_tip();
+  bool is_on_curves() const { return m_read_out.is_by_keyboard; }
+  // Returns whether there is a point to go to.
+  bool go_to_curves();
+  void leave_curves();
+  void move_point(PointMove move);
+  void paint_ring(QPainter& painter) const;
+
   Client& m_client;
   const Picture& m_picture;
   bool m_busy = false;
   std::optional<QPointF> m_mouse;      // while the mouse is over the view
   QPointF m_pressed_at;                // the last press that the router took
   std::optional<HitTarget> m_focused;  // that Tab has reached
+  PlotReadOut m_read_out;
 };
 
 }  // namespace kurv

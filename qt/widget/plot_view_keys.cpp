@@ -29,6 +29,31 @@ bool is_escape(const QKeyEvent& event) {
   return event.key() == Qt::Key_Escape && !modifiers_of(event);
 }
 
+// On the curves.
+std::optional<PointMove> point_move_of(const QKeyEvent& event) {
+  if (modifiers_of(event)) return std::nullopt;
+  switch (event.key()) {
+    case Qt::Key_Left:
+      return PointMove::kPrevious;
+    case Qt::Key_Right:
+      return PointMove::kNext;
+    case Qt::Key_PageUp:
+      return PointMove::kPageBack;
+    case Qt::Key_PageDown:
+      return PointMove::kPageOn;
+    case Qt::Key_Home:
+      return PointMove::kFirst;
+    case Qt::Key_End:
+      return PointMove::kLast;
+    case Qt::Key_Up:
+      return PointMove::kPreviousCurve;
+    case Qt::Key_Down:
+      return PointMove::kNextCurve;
+    default:
+      return std::nullopt;
+  }
+}
+
 }  // namespace
 
 std::optional<HitTarget> PlotView::focused() const {
@@ -43,12 +68,19 @@ void PlotView::focus_on(const HitTarget& target) {
 void PlotView::set_focused(const std::optional<HitTarget>& target) {
   control_state().history.end_merging();
   m_focused = target;
+  leave_curves();
   update();
   notify_focus(*this);
 }
 
 bool PlotView::focusNextPrevChild(bool next) {
   std::vector<HitTarget> targets = targets_in_tab_order(state());
+  if (is_on_curves()) {
+    leave_curves();
+    if (next) return QWidget::focusNextPrevChild(true);
+    set_focused(targets.back());
+    return true;
+  }
   if (!next) std::reverse(targets.begin(), targets.end());
   const auto current =
       m_focused ? std::find(targets.begin(), targets.end(), *m_focused) : targets.end();
@@ -56,7 +88,8 @@ bool PlotView::focusNextPrevChild(bool next) {
   const auto next_target = current != targets.end() ? current + 1
                            : next                   ? targets.begin()
                                                     : targets.end();
-  if (next_target == targets.end()) return QWidget::focusNextPrevChild(next);
+  if (next_target == targets.end())
+    return (next && go_to_curves()) || QWidget::focusNextPrevChild(next);
   set_focused(*next_target);
   return true;
 }
@@ -64,7 +97,7 @@ bool PlotView::focusNextPrevChild(bool next) {
 void PlotView::focusInEvent(QFocusEvent* event) {
   const std::vector<HitTarget> targets = targets_in_tab_order(state());
   if (event->reason() == Qt::TabFocusReason) set_focused(targets.front());
-  if (event->reason() == Qt::BacktabFocusReason) set_focused(targets.back());
+  if (event->reason() == Qt::BacktabFocusReason && !go_to_curves()) set_focused(targets.back());
   QWidget::focusInEvent(event);
 }
 
@@ -72,12 +105,16 @@ void PlotView::focusInEvent(QFocusEvent* event) {
 void PlotView::focusOutEvent(QFocusEvent* event) {
   const Qt::FocusReason reason = event->reason();
   const bool is_temporary = reason == Qt::PopupFocusReason || reason == Qt::ActiveWindowFocusReason;
-  if (!is_temporary) m_focused.reset();
+  if (!is_temporary) {
+    m_focused.reset();
+    leave_curves();
+  }
   QWidget::focusOutEvent(event);
 }
 
 bool PlotView::handles(const QKeyEvent& event) const {
-  if (is_escape(event)) return state().mouse.drag || focused();
+  if (is_escape(event)) return state().mouse.drag || focused() || is_on_curves();
+  if (is_on_curves()) return point_move_of(event).has_value();
   return (is_enter(event) && focused()) || step_of(event);
 }
 
@@ -85,7 +122,10 @@ void PlotView::keyPressEvent(QKeyEvent* event) {
   const std::optional<HitTarget> target = focused();
   if (!handles(*event)) return QWidget::keyPressEvent(event);
   if (is_escape(*event)) {
+    leave_curves();
     state().mouse.drag ? end_drag() : set_focused(std::nullopt);
+  } else if (is_on_curves()) {
+    move_point(*point_move_of(*event));
   } else if (is_enter(*event)) {
     edit(*target);
   } else {
