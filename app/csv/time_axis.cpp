@@ -1,5 +1,6 @@
 #include "app/csv/time_axis.h"
 
+#include <algorithm>
 #include <array>
 #include <chrono>
 #include <cmath>
@@ -79,6 +80,44 @@ const ClockUnit* clock_unit(double span) {
     if (span < unit.longest) return &unit;
   }
   return nullptr;
+}
+
+// The inverse of decimal_year(); `year` may be any number.
+double days_of_year(double year) {
+  const chrono::year whole(static_cast<int>(std::floor(year)));
+  const double start = count(chrono::sys_days(whole / chrono::January / 1));
+  const double end = count(chrono::sys_days((whole + chrono::years(1)) / chrono::January / 1));
+  return start + (year - std::floor(year)) * (end - start);
+}
+
+bool has_no_dates(const TimeScale& scale) {
+  return scale.unit == TimeUnit::kNone || scale.unit == TimeUnit::kElapsedHours ||
+         (scale.unit == TimeUnit::kDays && scale.kind == DateKind::kTimeOfDay);
+}
+
+// The inverse of TimeScale::operator(), but for months, which differ in length.
+double days_of(const TimeScale& scale, double number) {
+  if (scale.unit == TimeUnit::kYears) return days_of_year(number);
+  if (scale.unit == TimeUnit::kDays) return number + scale.start;
+  return (number * scale.step + scale.start) / kSecondsPerDay;
+}
+
+double days_per_number(const TimeScale& scale) {
+  if (scale.unit == TimeUnit::kYears) return 365.2425;
+  return scale.unit == TimeUnit::kDays ? 1 : scale.step / kSecondsPerDay;
+}
+
+std::string month_text(double months) {
+  const double year = std::floor(months / 12);
+  const auto month = static_cast<unsigned>(months - year * 12);
+  return padded(static_cast<unsigned>(std::max(year, 0.0)), 4) + '-' + padded(month + 1, 2);
+}
+
+// The time of day "12:34", or with seconds and their fraction where they are wanted.
+std::string time_text(unsigned milliseconds, bool with_seconds) {
+  std::string text = clock_text(milliseconds / 1000, with_seconds);
+  if (!with_seconds || milliseconds % 1000 == 0) return text;
+  return text + '.' + padded(milliseconds % 1000, 3);
 }
 
 // Since the beginning of the unit in which the first instant is.
@@ -193,7 +232,36 @@ std::vector<int> roll_over_midnights(Column<Double> times) {
   return midnights;
 }
 
-TimeScale choose_time_scale(const Column<Double>& days, DateKind kind, bool are_past_midnight) {
+std::string date_text(const TimeScale& scale, double number, double resolution) {
+  // No calendar has other years.
+  constexpr double kMostDays = 365.2425 * 20000;
+  if (has_no_dates(scale) || !std::isfinite(number)) return {};
+  if (scale.unit == TimeUnit::kMonths) return month_text(std::floor(number + scale.start));
+  if (scale.unit == TimeUnit::kYears && std::abs(number) > 20000) return {};
+  const double days = days_of(scale, number);
+  if (std::abs(days) > kMostDays) return {};
+  // Half a day from the first of the month is what a rounded number may be off.
+  if (scale.kind == DateKind::kMonth) return iso_date_text(days + 0.5).substr(0, 7);
+
+  constexpr unsigned kMillisecondsPerMinute = 60000;
+  const double step = resolution * days_per_number(scale);
+  const bool is_day = scale.kind == DateKind::kDay || step > 0.5;
+  if (is_day && scale.kind != DateKind::kTimeOfDay) {
+    // The number of a day may be slightly less than that of its beginning.
+    return iso_date_text(resolution > 0 ? days : std::floor(days + 0.5));
+  }
+  double day = 0;
+  unsigned clock = milliseconds_of_day(day, days);
+  const bool with_seconds =
+      resolution > 0 ? step * kSecondsPerDay < 60 : clock % kMillisecondsPerMinute != 0;
+  if (resolution > 0 && step * kSecondsPerDay >= 0.5) clock -= clock % 1000;
+  const std::string time = time_text(clock, with_seconds);
+  return scale.kind == DateKind::kTimeOfDay ? time : iso_date_text(day) + ' ' + time;
+}
+
+namespace {
+
+TimeScale scale_of(const Column<Double>& days, DateKind kind, bool are_past_midnight) {
   const Span span = span_of(days);
   if (!(span.first <= span.last)) return {TimeUnit::kNone, 0, 1, "no dates"};
   if (kind == DateKind::kTimeOfDay && span.last >= 1 && !are_past_midnight)
@@ -218,6 +286,14 @@ TimeScale choose_time_scale(const Column<Double>& days, DateKind kind, bool are_
     return scale;
   }
   return {TimeUnit::kDays, std::floor(span.first), 1, "days since " + iso_date_text(span.first)};
+}
+
+}  // namespace
+
+TimeScale choose_time_scale(const Column<Double>& days, DateKind kind, bool are_past_midnight) {
+  TimeScale scale = scale_of(days, kind, are_past_midnight);
+  scale.kind = kind;
+  return scale;
 }
 
 std::string rescale_dates(Column<Double> days, DateKind kind) {

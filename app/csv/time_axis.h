@@ -28,13 +28,20 @@ enum class TimeUnit { kNone, kYears, kMonths, kDays, kElapsedHours, kClock };
 // How the dates of a column become numbers of an axis.
 struct TimeScale {
   TimeUnit unit = TimeUnit::kNone;
-  double start = 0;  // seconds for a unit of the clock, otherwise days or months
-  double step = 1;   // seconds
-  std::string name;  // such as "days since 2012-01-31"
+  double start = 0;                // seconds for a unit of the clock, otherwise days or months
+  double step = 1;                 // seconds
+  std::string name = {};           // such as "days since 2012-01-31"
+  DateKind kind = DateKind::kDay;  // of the dates
 
   // The number for days since 1970, or since midnight; NaN for NaN.
   double operator()(double days) const;
 };
+
+// The date that a number of an axis with this scale stands for, such as "2012-01-31" or "2012-01-31
+// 12:34:56": a month where the dates are months, a time alone where they are times of day, and no
+// finer than numbers that differ by `resolution`, which is 0 for the number of a date of the table.
+// Empty for elapsed times.
+std::string date_text(const TimeScale& scale, double number, double resolution);
 
 // What the numbers of an axis with this scale count.
 AxisUnit axis_unit(const TimeScale& scale);

@@ -161,6 +161,13 @@ GraphSource load(const std::string& path, const GraphChoice& choice) {
   return source;
 }
 
+AxisText date_texts(const TableData& data) {
+  if (!data.x_scale) return {};
+  return [scale = *data.x_scale](double value, double resolution) {
+    return QString::fromStdString(date_text(scale, value, resolution));
+  };
+}
+
 void set_property_value(Control& graph, const Member& property, const Variant& value) {
   property.set(graph, value);
 }

@@ -34,6 +34,9 @@ GraphSource load(const std::string& path, const GraphChoice& choice);
 // file.
 void refuse_table_options(const TableOptions& table, const std::string& path);
 
+// How the read-out of a widget writes the values of x; nothing where they are no dates.
+AxisText date_texts(const TableData& data);
+
 // Sets a property by its row of the table; the value converts to the property's type.
 void set_property_value(Control& graph, const Member& property, const Variant& value);
 void set_property_value(KurvGraph& graph, const Member& property, const Variant& value);

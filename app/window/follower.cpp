@@ -179,6 +179,7 @@ void Follower::show_news(GrowingTable::News news) {
     m_window.graph().append_points(data.values);
   } else {
     m_window.change_unnoticed([&](KurvGraph& graph) {
+      graph.set_x_text(date_texts(data));
       if (columns == m_columns) {
         graph.replace_points(data.values, data.names);
       } else {

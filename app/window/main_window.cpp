@@ -19,6 +19,7 @@
 #include "app/window/main_menu.h"
 #include "app/window/main_window_graph.h"
 #include "app/window/notice_bar.h"
+#include "app/window/read_out_label.h"
 #include "app/window/recent_files.h"
 #include "app/window/settings_text.h"
 #include "app/window/transferred_table.h"
@@ -72,12 +73,15 @@ MainWindow::MainWindow(std::optional<QLocale> locale, Report report)
       m_notices(new NoticeBar),
       m_centre(new QWidget),
       m_layout(new QStackedLayout),
-      m_hint(new_hint()) {
+      m_hint(new_hint()),
+      m_read_out(new ReadOutLabel) {
   setAttribute(Qt::WA_DeleteOnClose);
   setAcceptDrops(true);
   setWindowIcon(window_icon());
   make_menu();
   make_status_bar();
+  // Messages go beside it.
+  statusBar()->addPermanentWidget(m_read_out);
 
   auto* const centre = new QWidget;
   auto* const rows = new QVBoxLayout(centre);
@@ -120,6 +124,7 @@ KurvGraph* MainWindow::new_graph() {
   // The menu has the same keys.
   graph->setProperty("shortcuts_enabled", false);
   graph->setProperty("toolbar_visible", m_has_toolbar);
+  graph->set_readout_enabled(true);
   if (m_locale) set_locale(*graph, *m_locale);
   m_layout->addWidget(graph);
   if (m_graph) {
@@ -138,6 +143,8 @@ void MainWindow::connect_graph(KurvGraph* graph) {
     if (file.isEmpty()) return show_note("Printed");
     show_file_note("Printed", QFile::encodeName(file).toStdString());
   });
+  connect(graph, &KurvGraph::pointed, this,
+          [this](const ReadOut& read_out) { m_read_out->show_read_out(read_out); });
   connect(graph, &KurvGraph::runTimeError, this, [this](int number, const QString& text) {
     // One box at a time: resizing the window with the mouse would open one for each size.
     if (m_showing_error) return;
@@ -160,6 +167,7 @@ void MainWindow::show_graph(const GraphChoice& choice, const GraphSource& source
   const QMetaObject::Connection filed = connect(
       graph, &KurvGraph::filed, this, [this, &saved, graph] { saved = content_hash(*graph); });
   try {
+    if (source.data) graph->set_x_text(date_texts(*source.data));
     fill(choice, source, *graph);
     if (!alive) return;
     apply_settings(choice, source, *graph, *graph);
@@ -188,6 +196,7 @@ void MainWindow::replace_graph(KurvGraph* graph, const QByteArray& saved, const 
   m_graph->hide();
   m_graph->deleteLater();
   m_graph = graph;
+  m_read_out->show_read_out({});
   connect_graph(graph);
   // From here on, so that nothing that has made the graph can be undone.
   m_undo.addStack(graph->undo_stack());

@@ -24,6 +24,7 @@ namespace kurv::app {
 
 class MainMenu;
 class NoticeBar;
+class ReadOutLabel;
 
 using Report = std::function<void(const std::string&)>;
 
@@ -135,6 +136,7 @@ class MainWindow final : public QMainWindow {
   QWidget* m_centre;  // all below the bar
   QStackedLayout* m_layout;
   QLabel* m_hint;
+  ReadOutLabel* m_read_out;
   QPointer<KurvGraph> m_graph;
   CleanState m_clean_state;
   QTimer m_modified_timer;

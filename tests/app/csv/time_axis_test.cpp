@@ -107,6 +107,53 @@ TEST(TimeAxis, TimesOfDayGoOnAfterMidnight) {
   EXPECT_THAT(rolled({18, 36, 0}), ElementsAre(18, 36, 0)) << "elapsed";
 }
 
+// The number of a date on the axis of dates between two others, and the date of that number.
+std::string there_and_back(const char* first, const char* last, const char* text) {
+  Matrix<Double> days(1, 1, 1, 2);
+  const std::optional<DateValue> begin = parse_date(first, DateOrder::kYearFirst);
+  days(1, 1) = begin->days;
+  days(1, 2) = parse_date(last, DateOrder::kYearFirst)->days;
+  const TimeScale scale = choose_time_scale(days.column(1), begin->kind);
+  return date_text(scale, scale(parse_date(text, DateOrder::kYearFirst)->days), 0);
+}
+
+TEST(TimeAxis, GivesTheDateOfANumber) {
+  EXPECT_EQ(there_and_back("1958-03-29", "2001-12-29", "1976-02-29"), "1976-02-29");
+  EXPECT_EQ(there_and_back("1958-03", "2001-12", "1976-02"), "1976-02");
+  EXPECT_EQ(there_and_back("2012-01-31", "2012-05-31", "2012-02-29"), "2012-02-29");
+  EXPECT_EQ(there_and_back("2012-01", "2012-11", "2012-02"), "2012-02");
+  EXPECT_EQ(there_and_back("2011-12", "2012-11", "2012-01"), "2012-01");
+  EXPECT_EQ(there_and_back("2012-01-31T10:00", "2012-02-01T10:00", "2012-01-31T22:30"),
+            "2012-01-31 22:30");
+  EXPECT_EQ(there_and_back("2012-01-31T10:00:00", "2012-01-31T10:03:00", "2012-01-31T10:01:02.5"),
+            "2012-01-31 10:01:02.500");
+  EXPECT_EQ(there_and_back("2001-01-31T10:00", "2012-02-01T10:00", "2007-08-09T12:34:56"),
+            "2007-08-09 12:34:56");
+  EXPECT_EQ(there_and_back("10:00", "18:00", "12:34"), "12:34");
+  EXPECT_EQ(there_and_back("10:00:00", "100:00:00", "30:15:00"), "") << "elapsed";
+}
+
+TEST(TimeAxis, GivesEveryDayBack) {
+  for (const char* const last : {"1999-12-31", "2050-12-31"}) {
+    Matrix<Double> days(1, 1, 1, 2);
+    days(1, 1) = parse_date("1999-01-01", DateOrder::kYearFirst)->days;
+    days(1, 2) = parse_date(last, DateOrder::kYearFirst)->days;
+    const TimeScale scale = choose_time_scale(days.column(1), DateKind::kDay);
+    for (double day = days(1, 1); day <= days(1, 2); ++day)
+      ASSERT_EQ(date_text(scale, scale(day), 0), iso_date_text(day));
+  }
+}
+
+TEST(TimeAxis, GivesThePlaceOnAnAxisNoFinerThanItIs) {
+  const TimeScale years{TimeUnit::kYears, 0, 1, "", DateKind::kInstant};
+  EXPECT_EQ(date_text(years, 2000.5, 0.01), "2000-07-02");
+  EXPECT_EQ(date_text(years, 2000.5, 1e-5), "2000-07-02 00:00");
+  const TimeScale clock{TimeUnit::kClock, 15000.0 * 86400, 60, "", DateKind::kInstant};
+  EXPECT_EQ(date_text(clock, 1.51, 0.1), "2011-01-26 00:01:30");
+  EXPECT_EQ(date_text(years, 1e9, 0), "") << "no calendar has that year";
+  EXPECT_EQ(date_text(years, std::nan(""), 0), "");
+}
+
 TEST(TimeAxis, HasTheUnitOfItsScale) {
   const auto unit = [](TimeUnit of, double step = 1) {
     TimeScale scale;
