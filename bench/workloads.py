@@ -113,6 +113,11 @@ def workloads(folder, example):
             ours("redraw", *small), peer("QCustomPlot, replot", "qcustomplot", "small", *small),
         ], [faster("QCustomPlot, replot", 1)], 4),
         moving("E'", "the same, each time over another range of x", "small", "waves", 3, 100),
+        Workload("N", "point under the pointer, 149 x 32,767", [
+            ours("nearest", *largest),
+            Subject("kurv, unsorted x", [OURS, "nearest", "scattered", *LARGE]),
+            Subject("kurv, a redraw", [OURS, "redraw", *largest, "1"]),
+        ], [faster("kurv, a redraw", 30)], 4),
         Workload("F", "sort 150 x 32,767", [
             ours("sort", "shuffled"), peer("selection sort", "plain", "sort"),
             Subject("kurv, columns that are shared", [OURS, "sort", "shuffled", "shared"]),

@@ -3,6 +3,7 @@
 //   bench_ours redraw KIND CURVES POINTS WIDTH [moving]    lines
 //   bench_ours markers KIND CURVES POINTS 1
 //   bench_ours undo KIND CURVES POINTS            a cell that was edited, back and forth
+//   bench_ours nearest KIND CURVES POINTS         the point under the pointer
 //   bench_ours growth                             prints curves, points, milliseconds
 //   bench_ours sort KIND [shared], load FILE, save FILE CURVES POINTS, evaluate, run_program
 //   bench_ours write FILE KIND CURVES POINTS
@@ -22,6 +23,7 @@
 #include "bench/common/sorting.h"
 #include "bench/common/subject.h"
 #include "bench/ours/control_fixture.h"
+#include "control/point_finder.h"
 #include "control/table_edits.h"
 #include "expr/evaluator.h"
 #include "expr/parser.h"
@@ -62,6 +64,26 @@ void undo(const Arguments& arguments) {
     if (!fixture.control.undo()) fixture.control.redo();
     static_cast<void>(fixture.picture.image());
   });
+}
+
+// At another place each time, as a pointer that moves over the plot. The first searches, which
+// compute what later ones use, are not counted: they are in the warm-up.
+void nearest(const Arguments& arguments) {
+  ControlFixture fixture;
+  fixture.load(
+      bench::table(arguments.at(1), std::stoi(arguments.at(2)), std::stoi(arguments.at(3))));
+  const kurv::ControlState& state = fixture.control.state();
+  const kurv::PlotRect& plot = state.layout.plot;
+  const double reach = 8 * fixture.picture.twips_per_device_pixel();
+  kurv::PointFinder finder;
+  bench::Random random(2);
+  double sum = 0;
+  bench::serve([&] {
+    const double x = random.between(plot.PlotLeft, plot.PlotLeft + plot.PlotWidth);
+    const double y = random.between(plot.PlotTop, plot.PlotTop + plot.PlotHeight);
+    if (const auto point = finder.nearest(state, {x, y}, reach)) sum += point->value.y;
+  });
+  bench::keep(sum);
 }
 
 double min_milliseconds(const bench::Work& work) {
@@ -212,6 +234,7 @@ void run(const Arguments& all_arguments) {
   if (arguments.size() > 1 && arguments[1] == "shape") return draw_shape(arguments);
   if (what == "redraw" || what == "markers") return redraw(arguments);
   if (what == "undo") return undo(arguments);
+  if (what == "nearest") return nearest(arguments);
   if (what == "growth") return growth();
   if (what == "sort") return sort(arguments);
   if (what == "load") return load(arguments);
