@@ -16,6 +16,7 @@
 #include "control/history.h"
 #include "control/lazy_evaluator.h"
 #include "control/mouse_state.h"
+#include "control/zoom_state.h"
 #include "io/text_file.h"
 #include "model/graph_document.h"
 #include "model/layout.h"
@@ -51,6 +52,7 @@ struct ControlState {
   LazyEvaluator derived_evaluator{};   // computes derived curves
   LazyEvaluator wizard_evaluator{};    // checks names and expressions of derived curves
   MouseState mouse{};
+  ZoomState zoom{};
   // What has to be known when more points come.
   ColumnSources columns{};
   ChosenFormat x_format{};

@@ -9,6 +9,7 @@
 #include "control/growing_data.h"
 #include "control/redraw.h"
 #include "control/undo.h"
+#include "control/zoom.h"
 #include "model/axis_range.h"
 #include "model/data_set.h"
 
@@ -141,6 +142,7 @@ void scatter_graph(ControlState& state, const IntakeSettings& settings, const Ma
                    const List<Double>& xarr, const String& x_name, const List<String>& y_names,
                    const List<String>& functions) {
   const NewHistory history(state.history);
+  end_zoom(state);
   store_settings(state.document, settings, functions);
   store_separate(state, kUpperColumn, yarr, xarr, x_name, y_names);
   validate_and_draw(state);
@@ -150,6 +152,7 @@ void scatter_graph2(ControlState& state, const IntakeSettings& settings,
                     const Matrix<Double>& xyarr, const List<String>& names,
                     const List<Boolean>& visible, const List<String>& functions) {
   const NewHistory history(state.history);
+  end_zoom(state);
   begin_combined(state.document, settings, names, functions);
   copy_columns(state.document, xyarr, 1, state.document.NumY + 1, 1);
   finish_combined(state, visible);
@@ -159,6 +162,7 @@ void load_data(ControlState& state, const IntakeSettings& settings, Matrix<Doubl
                const List<String>& names, const List<Boolean>& visible,
                const List<String>& functions) {
   const NewHistory history(state.history);
+  forget_zoom(state);  // the formats are already those of the file
   begin_combined(state.document, settings, names, functions);
   share_columns(state.document, xyarr, state.document.NumY + 1);
   xyarr = {};  // from here on the document alone has them

@@ -38,7 +38,7 @@ constexpr auto kFields = std::make_tuple(
     Place{&Layout::imgTitle, &Rect::left}, Place{&Layout::imgTitle, &Rect::top},
     Place{&Layout::imgSubTitle, &Rect::left}, Place{&Layout::imgSubTitle, &Rect::top},
     Place{&Layout::picLegend, &Rect::left}, Place{&Layout::picLegend, &Rect::top},
-    &ControlState::columns, &ControlState::cell_edits);
+    &ControlState::columns, &ControlState::cell_edits, &ControlState::zoom);
 
 struct AnyValue {
   template <class T>

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "control/axis_limits.h"
+#include "control/zoom.h"
 #include "tests/control/undo_fixture.h"
 
 namespace kurv {
@@ -74,6 +75,18 @@ const Gesture kGestures[] = {
     {"Move Subtitle",
      [](UndoHost& h) {
        h.control.drag(Item::kSubTitle, {9, 9}, {4000, 300});
+     }},
+    {"Zoom",
+     [](UndoHost& h) {
+       zoom_at(h.state(), {6000, 4000}, {0.5, 0.8});
+     }},
+    {"Zoom",
+     [](UndoHost& h) {
+       zoom_to(h.state(), {3000, 2000}, {6000, 4000});
+     }},
+    {"Pan",
+     [](UndoHost& h) {
+       pan_from(h.state(), view_limits(h.state()), {300, 500});
      }},
     {"Rename Curve", [](UndoHost& h) { h.rename("other"); }},
     {"Hide Curve", [](UndoHost& h) { set_curve_visible(h.state(), 1, false); }},
