@@ -83,6 +83,7 @@ class KURV_EXPORT KurvGraph : public QWidget {
   KURV_PROPERTIES(KURV_QT_PROPERTY)
   Q_PROPERTY(bool toolbar_visible READ toolbar_visible WRITE set_toolbar_visible)
   Q_PROPERTY(bool shortcuts_enabled READ shortcuts_enabled WRITE set_shortcuts_enabled)
+  Q_PROPERTY(bool zoom_enabled READ zoom_enabled WRITE set_zoom_enabled)
 
  public:
   /// A graph that draws nothing until data are loaded.
@@ -322,6 +323,21 @@ class KURV_EXPORT KurvGraph : public QWidget {
   /// How the read-out writes values of x where set_x_unit() has set another unit than kNumbers.
   /// They stay plain numbers without it.
   void set_x_text(AxisText text);
+
+  /// Whether the user can zoom and pan. Off by default.
+  bool zoom_enabled() const;
+  /// Lets the user zoom and pan. The wheel and a pinch zoom at the pointer, with Shift the x axis
+  /// alone, with Ctrl the y axis alone, and so they do below and to the left of the plot. The
+  /// middle button, and the left one with Space, pan; the left one with Ctrl draws a rectangle to
+  /// zoom to. On the plot, the keys plus and minus zoom, Ctrl with an arrow pans, and Ctrl+0 is
+  /// show_all(), unless the host has an action with that shortcut. A drag of these raises no
+  /// MouseUp(). They set the limits, turn Autoscale off, replace a label format that cannot show
+  /// the ticks apart, and each gesture is a step that can be undone. Other data end the zoom.
+  void set_zoom_enabled(bool on);
+  /// Whether show_all() does something: since a zoom, until Autoscale is on again.
+  bool is_zoomed() const;
+  /// Returns to the limits of before the first zoom, Autoscale included, and redraws.
+  Q_INVOKABLE void show_all();
 
   /// The changes by the user, to be undone and done again: for the Edit menu or a QUndoGroup of the
   /// host. The first call turns them on, see Control::set_undo_enabled(). While they are on, the

@@ -68,6 +68,7 @@ QString form_text() {
   tool_tips += tool_tip("toolbar_visible", "Whether the toolbar is shown.", "");
   tool_tips += tool_tip("shortcuts_enabled",
                         "Whether Ctrl+S, Ctrl+O, Ctrl+P, Ctrl+C and F5 are commands.", "");
+  tool_tips += tool_tip("zoom_enabled", "Whether the user can zoom and pan.", "");
   return QLatin1String(kWidget) + tool_tips + texts + QLatin1String(kEnd);
 }
 

@@ -25,7 +25,7 @@ constexpr Group kGroups[] = {
     {"Graph: title", "Title TitleFontName TitleFontSize TitleFontBold TitleFontItalic"},
     {"Graph: subtitle",
      "SubTitle SubTitleFontName SubTitleFontSize SubTitleFontBold SubTitleFontItalic"},
-    {"Graph: toolbar, keys, saving", "QueryForSave shortcuts_enabled toolbar_visible"},
+    {"Graph: toolbar, keys, saving", "QueryForSave shortcuts_enabled toolbar_visible zoom_enabled"},
 };
 
 QMap<QString, QString> groups_by_name() {

@@ -13,6 +13,7 @@
 #include "control/control_state.h"
 #include "control/data_intake.h"
 #include "control/graph_file_commands.h"
+#include "control/zoom.h"
 #include "qt/widget/kurv_graph_state.h"
 #include "qt/widget/picture_printer.h"
 #include "qt/widget/plot_menu.h"
@@ -105,6 +106,8 @@ KurvGraph::~KurvGraph() {
     for (QWidget* child : findChildren<QWidget*>())
       child->setAttribute(Qt::WA_WState_Visible, false);
   }
+  // Hiding it is no event to be followed any more.
+  state->view->removeEventFilter(state->zoom);
   // It paints the picture and reads the control of the state, so it has to go before them.
   delete state->view;
 }
@@ -261,6 +264,10 @@ void KurvGraph::make_step(const QString& name, const std::function<void()>& work
   call([&](Control& control) { control.make_step(name.toStdString(), work); });
 }
 
+void KurvGraph::show_all() {
+  call([](Control& control) { kurv::show_all(control.state()); });
+}
+
 void KurvGraph::init() {
   m_state->graph.init();
 }
@@ -379,9 +386,10 @@ void KurvGraph::open_menu(QPoint at, bool is_by_keyboard) {
   };
   Control& graph = m_state->graph;
   const PlotView& view = *m_state->view;
-  QMenu* const menu = !m_state->extended_menu ? new_plot_menu(*this, graph, run)
-                      : is_by_keyboard ? new_extended_menu(*this, graph, {{}, view.focused()}, run)
-                                       : new_extended_menu(*this, graph, view.clicked_at(at), run);
+  QMenu* const menu =
+      !m_state->extended_menu ? new_plot_menu(*this, graph, zoom_enabled(), run)
+      : is_by_keyboard ? new_extended_menu(*this, graph, zoom_enabled(), {{}, view.focused()}, run)
+                       : new_extended_menu(*this, graph, zoom_enabled(), view.clicked_at(at), run);
   menu->popup(at);
 }
 

@@ -2,6 +2,7 @@
 // of the widget alone that need no redraw.
 #include <utility>
 
+#include "control/zoom.h"
 #include "qt/widget/kurv_graph_state.h"
 
 namespace kurv {
@@ -89,6 +90,18 @@ void KurvGraph::set_readout_enabled(bool on) {
 
 void KurvGraph::set_x_text(AxisText text) {
   m_state->view->set_x_text(std::move(text));
+}
+
+bool KurvGraph::zoom_enabled() const {
+  return m_state->zoom->is_on();
+}
+
+void KurvGraph::set_zoom_enabled(bool on) {
+  m_state->zoom->turn(on);
+}
+
+bool KurvGraph::is_zoomed() const {
+  return kurv::is_zoomed(m_state->graph.state());
 }
 
 bool KurvGraph::round_limits() const {

@@ -30,6 +30,7 @@ KurvGraph::State::State(KurvGraph& owner, PlotSurface* lent)
     : widget(&owner),
       toolbar(new Toolbar([&owner](const QString& key) { owner.run_command(key); }, &owner)),
       view(new PlotView(*this, picture, &owner)),
+      zoom(new PlotZoom(*this, *view)),
       inner(kDefaultPlotSize),
       ratio(owner.devicePixelRatioF()),
       picture(inner, ratio),

@@ -16,6 +16,7 @@
 #include "dialogs/client.h"
 #include "qt/widget/graph_undo_stack.h"
 #include "qt/widget/plot_view.h"
+#include "qt/widget/plot_zoom.h"
 #include "qt/widget/qt_shell.h"
 #include "qt/widget/redraw_counter.h"
 #include "qt/widget/toolbar.h"
@@ -70,8 +71,9 @@ struct KurvGraph::State final : QSharedData, Container, Client {
   void MouseUp(Integer Button, Integer Shift, Single x, Single Y) override;
 
   QPointer<KurvGraph> widget;
-  Toolbar* toolbar;  // both live as long as the widget does
+  Toolbar* toolbar;  // all three live as long as the widget does
   PlotView* view;
+  PlotZoom* zoom;
   QSize outer;       // the widget's size when the picture was made, in logical pixels
   QSize inner;       // what the picture was made for
   double ratio = 1;  // and its device pixels per logical pixel

@@ -7,6 +7,7 @@
 #include "control/control_state.h"
 #include "control/curve_edits.h"
 #include "control/mouse.h"
+#include "control/zoom.h"
 
 namespace kurv {
 
@@ -72,6 +73,10 @@ void redo_next(Control& control) {
   control.redo();
 }
 
+void show_whole_graph(Control& control) {
+  show_all(control.state());
+}
+
 constexpr MenuEntry kSeparator{nullptr, nullptr, nullptr};
 // No mnemonic is used twice.
 constexpr MenuEntry kMenuEntries[] = {
@@ -100,6 +105,7 @@ constexpr MenuEntry kMenuEntries[] = {
 // No letter is left for the mnemonic of redo.
 constexpr MenuEntry kUndo{"mnuUndo", "&Undo", undo_last};
 constexpr MenuEntry kRedo{"mnuRedo", "Redo", redo_next};
+constexpr MenuEntry kShowAll{"mnuShowAll", "Sho&w All", show_whole_graph};
 
 // -- The extended menu ----------------------------------------------------------------------------
 // With these, no mnemonic is used twice either, nor with "Copy", "Export" and "Print" of a host.
@@ -213,6 +219,10 @@ class MenuFiller {
     name_step(*add(redo), m_graph.redo_text());
     m_menu.addSeparator();
   }
+  void add_show_all() const {
+    add(kShowAll)->setEnabled(is_zoomed(m_graph.state()));
+    m_menu.addSeparator();
+  }
   // The host may load other data while the menu is open.
   void add_curve(int curve) const {
     const String name = curve_name(m_graph.state().document, curve);
@@ -247,10 +257,11 @@ QMenu* new_menu(QWidget& owner) {
 
 }  // namespace
 
-QMenu* new_plot_menu(QWidget& owner, Control& graph, const RunPlotCommand& run) {
+QMenu* new_plot_menu(QWidget& owner, Control& graph, bool can_zoom, const RunPlotCommand& run) {
   QMenu* const menu = new_menu(owner);
   const MenuFiller filler(*menu, owner, graph, run);
   filler.add_undo(kRedo);
+  if (can_zoom) filler.add_show_all();
   for (const MenuEntry& entry : kMenuEntries) {
     if (entry.text) {
       filler.add(entry);
@@ -261,7 +272,7 @@ QMenu* new_plot_menu(QWidget& owner, Control& graph, const RunPlotCommand& run) 
   return menu;
 }
 
-QMenu* new_extended_menu(QWidget& owner, Control& graph, const Clicked& clicked,
+QMenu* new_extended_menu(QWidget& owner, Control& graph, bool can_zoom, const Clicked& clicked,
                          const RunPlotCommand& run) {
   QMenu* const menu = new_menu(owner);
   const MenuFiller filler(*menu, owner, graph, run);
@@ -272,6 +283,7 @@ QMenu* new_extended_menu(QWidget& owner, Control& graph, const Clicked& clicked,
   }
   menu->addSeparator();
   filler.add_undo(kRedoWithMnemonic);
+  if (can_zoom) filler.add_show_all();
   if (owner.actions().isEmpty()) {
     filler.add_all(kPictureEntries);
   } else {

@@ -148,6 +148,11 @@ void PlotView::set_busy(bool busy) {
   update_cursor();
 }
 
+void PlotView::set_gesture_cursor(std::optional<Qt::CursorShape> shape) {
+  m_gesture_cursor = shape;
+  update_cursor();
+}
+
 void PlotView::update_cursor() {
   const std::optional<Qt::CursorShape> shape = cursor_shape();
   if (shape) {
@@ -159,6 +164,7 @@ void PlotView::update_cursor() {
 
 std::optional<Qt::CursorShape> PlotView::cursor_shape() const {
   if (m_busy) return std::nullopt;
+  if (m_gesture_cursor) return m_gesture_cursor;
   switch (pointer_at(state(), m_mouse ? std::optional(twips(*m_mouse)) : std::nullopt)) {
     case PointerKind::kPlain:
       break;

@@ -33,6 +33,8 @@ class PlotView final : public QWidget {
 
   // While the surrounding widget shows the hourglass, the plot sets no cursor of its own.
   void set_busy(bool busy);
+  // The pointer of a gesture that others follow; nothing after it.
+  void set_gesture_cursor(std::optional<Qt::CursorShape> shape);
   // After the picture may have changed.
   void picture_changed();
   // After the document may have changed; costs next to nothing where it has not.
@@ -48,6 +50,7 @@ class PlotView final : public QWidget {
   std::optional<HitTarget> target_under(QPointF at) const;
   // What is at a point of the screen.
   Clicked clicked_at(QPoint on_screen) const;
+  SurfacePoint twips(QPointF pixel) const;
   // Where the keyboard opens the menu, on the screen: at the focused target, else in the middle.
   QPoint menu_point() const;
 
@@ -85,7 +88,6 @@ class PlotView final : public QWidget {
  private:
   ControlState& control_state() { return m_client.control().state(); }
   double scale() const;  // twips per logical pixel
-  SurfacePoint twips(QPointF pixel) const;
   QRectF pixels(const Rect& rect) const;
   std::vector<QRectF> pixels(const std::vector<Rect>& rects) const;
 
@@ -124,6 +126,7 @@ class PlotView final : public QWidget {
   Client& m_client;
   const Picture& m_picture;
   bool m_busy = false;
+  std::optional<Qt::CursorShape> m_gesture_cursor;
   std::optional<QPointF> m_mouse;      // while the mouse is over the view
   QPointF m_pressed_at;                // the last press that the router took
   std::optional<HitTarget> m_focused;  // that Tab has reached

@@ -76,11 +76,13 @@ TEST(WidgetMembers, ANewWidgetHasTheStatedValues) {
 
 TEST(WidgetMembers, TheWidgetsOwnPropertiesFollow) {
   const std::vector<QMetaProperty> found = own_properties();
-  EXPECT_STREQ(found[found.size() - 2].name(), "toolbar_visible");
-  EXPECT_STREQ(found[found.size() - 1].name(), "shortcuts_enabled");
+  EXPECT_STREQ(found[found.size() - 3].name(), "toolbar_visible");
+  EXPECT_STREQ(found[found.size() - 2].name(), "shortcuts_enabled");
+  EXPECT_STREQ(found[found.size() - 1].name(), "zoom_enabled");
   KurvGraph graph;
   EXPECT_EQ(graph.property("toolbar_visible"), true);
   EXPECT_EQ(graph.property("shortcuts_enabled"), true);
+  EXPECT_EQ(graph.property("zoom_enabled"), false);
 }
 
 TEST(WidgetMembers, EveryPropertyReadsBackWhatWasSet) {

@@ -1,0 +1,390 @@
+#include "qt/widget/plot_zoom.h"
+
+#include <QCoreApplication>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QPinchGesture>
+#include <QPointer>
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+#include "control/control_state.h"
+#include "qt/widget/plot_outlines.h"
+
+namespace kurv {
+
+namespace {
+
+constexpr double kNotch = 120;        // the angle of a wheel's notch, in the toolkit's unit
+constexpr double kNotchFactor = 0.8;  // of the span
+constexpr double kLeastNotch = 0.1;   // less is kept until it is more
+constexpr double kKeyPan = 0.1;       // of the plot
+constexpr double kLeastDistance = 4;  // logical pixels, of a drag and of both sides of a rectangle
+constexpr int kPause = 700;           // milliseconds
+
+// The rectangle that follows the pointer. A widget of its own, so that the picture is not painted
+// anew below the whole of it.
+class ZoomRect final : public QWidget {
+ public:
+  explicit ZoomRect(QWidget* parent) : QWidget(parent) {
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+  }
+
+ protected:
+  void paintEvent(QPaintEvent*) override {
+    QPainter painter(this);
+    outline_dragged(painter, QRectF(rect().adjusted(0, 0, -1, -1)));
+  }
+};
+
+Qt::KeyboardModifiers relevant(Qt::KeyboardModifiers modifiers) {
+  return modifiers & ~Qt::KeypadModifier;
+}
+
+double factor_of(double notches) {
+  return std::pow(kNotchFactor, notches);
+}
+
+double notches_of(double scale) {
+  return -std::log(scale) / std::log(kNotchFactor);
+}
+
+// Removes what is enough to be drawn.
+double take_notches(double& notches) {
+  return std::abs(notches) < kLeastNotch ? 0 : std::exchange(notches, 0);
+}
+
+}  // namespace
+
+PlotZoom::PlotZoom(Client& client, PlotView& view)
+    : QObject(&view), m_client(client), m_view(view) {
+  m_pause.setSingleShot(true);
+  m_pause.setInterval(kPause);
+  connect(&m_pause, &QTimer::timeout, this, &PlotZoom::end_gesture);
+}
+
+void PlotZoom::turn(bool on) {
+  if (std::exchange(m_is_on, on) == on) return;
+  if (on) {
+    m_view.installEventFilter(this);
+    m_view.grabGesture(Qt::PinchGesture);
+    return;
+  }
+  m_view.removeEventFilter(this);
+  m_view.ungrabGesture(Qt::PinchGesture);
+  end_drag();
+  end_gesture();
+  press_space(false);
+}
+
+ControlState& PlotZoom::state() const {
+  return m_client.control().state();
+}
+
+// -- Events ---------------------------------------------------------------------------------------
+
+bool PlotZoom::eventFilter(QObject*, QEvent* event) {
+  if (m_is_passing) return false;
+  switch (event->type()) {
+    case QEvent::Wheel:
+      return take_wheel(*static_cast<QWheelEvent*>(event));
+    case QEvent::NativeGesture:
+      return take_native_gesture(*static_cast<QNativeGestureEvent*>(event));
+    case QEvent::Gesture:
+      return take_gesture(*static_cast<QGestureEvent*>(event));
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
+      return take_press(*static_cast<QMouseEvent*>(event));
+    case QEvent::MouseMove:
+      return take_move(*static_cast<QMouseEvent*>(event));
+    case QEvent::MouseButtonRelease:
+      return take_release(*static_cast<QMouseEvent*>(event));
+    case QEvent::ShortcutOverride:
+      // Escape takes precedence over the host's shortcuts during a drag; other keys do not.
+      if (!m_drag || static_cast<QKeyEvent*>(event)->key() != Qt::Key_Escape) return false;
+      event->accept();
+      return true;
+    case QEvent::KeyPress:
+      return take_key(*static_cast<QKeyEvent*>(event));
+    case QEvent::KeyRelease: {
+      const auto& key = *static_cast<QKeyEvent*>(event);
+      if (key.key() == Qt::Key_Space && !key.isAutoRepeat()) press_space(false);
+      return false;
+    }
+    case QEvent::FocusOut:
+      press_space(false);
+      return false;
+    case QEvent::Hide:
+      end_drag();
+      return false;
+    default:
+      return false;
+  }
+}
+
+// -- Wheel and pinch ------------------------------------------------------------------------------
+
+bool PlotZoom::take_wheel(QWheelEvent& event) {
+  const Qt::KeyboardModifiers modifiers = event.modifiers();
+  if (modifiers & (Qt::AltModifier | Qt::MetaModifier) || !can_zoom(state())) return false;
+  event.accept();
+  if (m_drag || state().mouse.drag) return true;
+  // With Shift some platforms report the other direction.
+  const QPoint angle = event.angleDelta();
+  const bool has_shift = modifiers.testFlag(Qt::ShiftModifier);
+  const double notches = (angle.y() == 0 && has_shift ? angle.x() : angle.y()) / kNotch;
+  const bool is_one_axis = has_shift != modifiers.testFlag(Qt::ControlModifier);
+  zoom(is_one_axis && !has_shift ? 0 : notches, is_one_axis && has_shift ? 0 : notches,
+       event.position());
+  return true;
+}
+
+bool PlotZoom::take_native_gesture(const QNativeGestureEvent& event) {
+  if (!can_zoom(state())) return false;
+  switch (event.gestureType()) {
+    case Qt::BeginNativeGesture:
+      m_has_native_pinch = true;
+      return true;
+    case Qt::EndNativeGesture:
+      m_has_native_pinch = false;
+      return true;
+    case Qt::ZoomNativeGesture: {
+      const double notches = event.value() > -1 ? notches_of(1 + event.value()) : 0;
+      zoom(notches, notches, event.position());
+      return true;
+    }
+    default:
+      return false;
+  }
+}
+
+bool PlotZoom::take_gesture(QGestureEvent& event) {
+  auto* const pinch = static_cast<QPinchGesture*>(event.gesture(Qt::PinchGesture));
+  if (!pinch || !can_zoom(state())) return false;
+  event.accept(pinch);
+  const double scale = pinch->scaleFactor();
+  if (m_has_native_pinch || !(scale > 0) || !std::isfinite(scale)) return true;
+  // The fingers have pressed what is under the first of them.
+  cancel_gestures(state());
+  const QPointF at = m_view.mapFromGlobal(pinch->centerPoint());
+  zoom(notches_of(scale), notches_of(scale), at);
+  return true;
+}
+
+void PlotZoom::zoom(double x_notches, double y_notches, QPointF at) {
+  m_pending.x_notches += x_notches;
+  m_pending.y_notches += y_notches;
+  m_pending.at = at;
+  draw_later();
+}
+
+// -- Drags ----------------------------------------------------------------------------------------
+
+bool PlotZoom::take_press(const QMouseEvent& event) {
+  if (m_drag) {
+    m_ignored_buttons |= event.button();
+    return true;
+  }
+  m_ignored_buttons &= ~event.button();
+  const bool is_left = event.button() == Qt::LeftButton;
+  const bool draws_rect =
+      is_left && !m_has_space && relevant(event.modifiers()) == Qt::ControlModifier;
+  const bool pans = event.button() == Qt::MiddleButton || (is_left && m_has_space);
+  if ((!draws_rect && !pans) || state().mouse.drag || !can_zoom(state())) return false;
+  if (m_pending.is_queued) draw();
+  end_gesture();
+  const QPointF at = event.position();
+  m_drag = Drag{event.button(),
+                draws_rect,
+                at,
+                at,
+                view_limits(state()),
+                std::unique_ptr<QMouseEvent>(event.clone())};
+  update_cursor();
+  return true;
+}
+
+bool PlotZoom::take_move(const QMouseEvent& event) {
+  if (!m_drag) return false;
+  if (!event.buttons().testFlag(m_drag->button)) {
+    // The release went elsewhere, such as to a message box.
+    end_drag();
+    return false;
+  }
+  m_drag->to = event.position();
+  const QPointF distance = m_drag->to - m_drag->from;
+  if (std::max(std::abs(distance.x()), std::abs(distance.y())) >= kLeastDistance) {
+    m_drag->press.reset();
+  }
+  if (m_drag->press) return true;
+  if (!m_drag->draws_rect) {
+    m_pending.drag_has_moved = true;
+    draw_later();
+    return true;
+  }
+  if (!m_outline) m_outline = std::make_unique<ZoomRect>(&m_view);
+  m_outline->setGeometry(drawn_rect().toAlignedRect().adjusted(0, 0, 1, 1));
+  m_outline->show();
+  return true;
+}
+
+bool PlotZoom::take_release(const QMouseEvent& event) {
+  if (m_ignored_buttons.testFlag(event.button())) {
+    m_ignored_buttons &= ~event.button();
+    return true;
+  }
+  if (!m_drag || event.button() != m_drag->button) return false;
+  if (m_drag->press) {
+    pass_press_on();
+    return false;
+  }
+  m_drag->to = event.position();
+  if (m_drag->draws_rect) {
+    zoom_to_rect();
+    return true;
+  }
+  m_pending.drag_has_moved = true;
+  const QPointer<PlotZoom> alive(this);
+  draw();
+  if (!alive) return true;
+  end_drag();
+  end_gesture();
+  return true;
+}
+
+// The plot gets the press late, and then the release.
+void PlotZoom::pass_press_on() {
+  const std::unique_ptr<QMouseEvent> press = std::move(m_drag->press);
+  end_drag();
+  m_is_passing = true;
+  QCoreApplication::sendEvent(&m_view, press.get());
+  m_is_passing = false;
+}
+
+QRectF PlotZoom::drawn_rect() const {
+  const PlotRect& plot = state().layout.plot;
+  const double pixel = m_view.twips(QPointF(1, 0)).x;
+  const QRectF inside(plot.PlotLeft / pixel, plot.PlotTop / pixel, plot.PlotWidth / pixel,
+                      plot.PlotHeight / pixel);
+  return QRectF(m_drag->from, m_drag->to).normalized() & inside;
+}
+
+void PlotZoom::zoom_to_rect() {
+  const QRectF rect = drawn_rect();
+  end_drag();
+  if (rect.width() < kLeastDistance || rect.height() < kLeastDistance) return;
+  const SurfacePoint corner = m_view.twips(rect.topLeft());
+  const SurfacePoint opposite = m_view.twips(rect.bottomRight());
+  m_client.handle([&](Control& control) { kurv::zoom_to(control.state(), corner, opposite); });
+}
+
+void PlotZoom::end_drag() {
+  m_drag.reset();
+  m_outline.reset();
+  m_pending.drag_has_moved = false;
+  update_cursor();
+}
+
+void PlotZoom::update_cursor() {
+  std::optional<Qt::CursorShape> shape;
+  if (m_has_space) shape = Qt::OpenHandCursor;
+  if (m_drag) shape = m_drag->draws_rect ? Qt::CrossCursor : Qt::ClosedHandCursor;
+  m_view.set_gesture_cursor(shape);
+}
+
+// -- Keys -----------------------------------------------------------------------------------------
+
+bool PlotZoom::take_key(const QKeyEvent& event) {
+  if (m_drag && event.key() == Qt::Key_Escape) {
+    end_drag();
+    return true;
+  }
+  if (!can_zoom(state())) return false;
+  const Qt::KeyboardModifiers modifiers = relevant(event.modifiers());
+  if (event.key() == Qt::Key_Space && !modifiers) {
+    if (!event.isAutoRepeat()) press_space(true);
+    return true;
+  }
+  if (modifiers == Qt::ControlModifier && event.key() == Qt::Key_0) {
+    m_client.handle([](Control& control) { show_all(control.state()); });
+    return true;
+  }
+  if (modifiers == Qt::ControlModifier && pan_by_key(event)) return true;
+  // Plus needs Shift on some keyboards, and is the key of the equals sign on others.
+  if (modifiers & ~(Qt::ShiftModifier | Qt::ControlModifier)) return false;
+  const bool is_plus = event.key() == Qt::Key_Plus || event.key() == Qt::Key_Equal;
+  if (!is_plus && event.key() != Qt::Key_Minus) return false;
+  const PlotRect& plot = state().layout.plot;
+  const double pixel = m_view.twips(QPointF(1, 0)).x;
+  const QPointF middle(plot.PlotLeft + plot.PlotWidth / 2.0, plot.PlotTop + plot.PlotHeight / 2.0);
+  zoom(is_plus ? 1 : -1, is_plus ? 1 : -1, middle / pixel);
+  return true;
+}
+
+// An item that has the keyboard's focus is moved by these keys.
+bool PlotZoom::pan_by_key(const QKeyEvent& event) {
+  const std::optional<HitTarget> target = m_view.focused();
+  if (target && std::holds_alternative<Item>(*target)) return false;
+  const PlotRect& plot = state().layout.plot;
+  const auto x = static_cast<Single>(plot.PlotWidth * kKeyPan);
+  const auto y = static_cast<Single>(plot.PlotHeight * kKeyPan);
+  switch (event.key()) {
+    case Qt::Key_Left:
+      m_pending.key_pan.x += x;
+      break;
+    case Qt::Key_Right:
+      m_pending.key_pan.x -= x;
+      break;
+    case Qt::Key_Up:
+      m_pending.key_pan.y += y;
+      break;
+    case Qt::Key_Down:
+      m_pending.key_pan.y -= y;
+      break;
+    default:
+      return false;
+  }
+  draw_later();
+  return true;
+}
+
+void PlotZoom::press_space(bool is_pressed) {
+  if (std::exchange(m_has_space, is_pressed) != is_pressed) update_cursor();
+}
+
+// -- Drawing --------------------------------------------------------------------------------------
+
+void PlotZoom::draw_later() {
+  m_pause.start();
+  if (std::exchange(m_pending.is_queued, true)) return;
+  QMetaObject::invokeMethod(this, &PlotZoom::draw, Qt::QueuedConnection);
+}
+
+void PlotZoom::draw() {
+  m_pending.is_queued = false;
+  const ZoomFactors factors{factor_of(take_notches(m_pending.x_notches)),
+                            factor_of(take_notches(m_pending.y_notches))};
+  const SurfacePoint at = m_view.twips(m_pending.at);
+  const SurfacePoint key_pan = std::exchange(m_pending.key_pan, {});
+  std::optional<SurfacePoint> drag;
+  ViewLimits from;
+  if (std::exchange(m_pending.drag_has_moved, false) && m_drag) {
+    drag = m_view.twips(m_drag->to - m_drag->from);
+    from = m_drag->limits;
+  }
+  m_client.handle([&](Control& control) {
+    ControlState& graph = control.state();
+    if (factors.x != 1 || factors.y != 1) zoom_at(graph, at, factors);
+    if (key_pan.x != 0 || key_pan.y != 0) pan_from(graph, view_limits(graph), key_pan);
+    if (drag) pan_from(graph, from, *drag);
+  });
+}
+
+void PlotZoom::end_gesture() {
+  m_pause.stop();
+  m_pending.x_notches = m_pending.y_notches = 0;
+  state().history.end_merging();
+}
+
+}  // namespace kurv
