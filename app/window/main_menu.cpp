@@ -54,6 +54,10 @@ void MainMenu::check_round_limits(bool on) {
   m_round_limits->setChecked(on);
 }
 
+void MainMenu::enable_show_all(bool on) {
+  m_show_all->setEnabled(on);
+}
+
 QAction* MainMenu::add(QMenu* menu, const char* name, const QString& text, const QKeySequence& key,
                        Needs needs, const QString& tip, std::function<void()> work) {
   QAction* const action = menu->addAction(text);
@@ -132,6 +136,9 @@ void MainMenu::make_graph_menu() {
   graph->addSeparator();
   add(graph, "mnuRefresh", "&Refresh", QKeySequence("F5"), Needs::kGraph,
       "Move the titles and the legend back to their places, and redraw", command("refresh"));
+  m_show_all =
+      add(graph, "mnuShowAll", "Show &All", QKeySequence("Ctrl+0"), Needs::kNothing,
+          "Take back all zooming and moving: show the limits of before", m_commands.show_all);
   graph->addSeparator();
   m_round_limits = add(graph, "mnuRoundLimits", "Round &Limits", QKeySequence(), Needs::kGraph,
                        "Keep the limits of the axes, and all ticks between them, round numbers",

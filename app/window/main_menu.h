@@ -30,6 +30,7 @@ struct MenuCommands {
   std::function<void(const char* word)> run_command;
   std::function<void(bool on)> show_toolbar;
   std::function<void(bool on)> set_round_limits;
+  std::function<void()> show_all;
   std::function<void()> getting_started;
   std::function<void()> about;
 };
@@ -47,6 +48,7 @@ class MainMenu {
   void enable(bool has_data, bool has_graph);
   void enable_paste(bool on);
   void check_round_limits(bool on);
+  void enable_show_all(bool on);
 
  private:
   struct Entry {
@@ -69,6 +71,7 @@ class MainMenu {
   MenuCommands m_commands;
   std::vector<Entry> m_entries;
   QAction* m_round_limits = nullptr;
+  QAction* m_show_all = nullptr;
 };
 
 }  // namespace kurv::app

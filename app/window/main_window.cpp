@@ -201,6 +201,7 @@ void MainWindow::replace_graph(KurvGraph* graph, const QByteArray& saved, const 
   // From here on, so that nothing that has made the graph can be undone.
   m_undo.addStack(graph->undo_stack());
   m_undo.setActiveStack(graph->undo_stack());
+  graph->set_zoom_enabled(true);
   m_path = path;
   if (graph->FileName().empty() && is_regular_file(path)) {
     graph->set_proposed_file(std::filesystem::path(path).replace_extension(".gdf").string());
@@ -302,6 +303,7 @@ void MainWindow::update_actions() {
   const bool has_graph = m_graph->has_graph();
   m_menu->enable(has_data(), has_graph);
   m_menu->check_round_limits(m_graph->round_limits());
+  m_menu->enable_show_all(has_graph && m_graph->is_zoomed());
   // The graph's context menu has entries that need data.
   m_graph->setContextMenuPolicy(has_data() ? Qt::DefaultContextMenu : Qt::PreventContextMenu);
   m_hint->setVisible(!has_graph);

@@ -77,6 +77,7 @@ void MainWindow::make_menu() {
       });
     });
   };
+  commands.show_all = [this] { run_guarded([this] { m_graph->show_all(); }); };
   commands.getting_started = [this] {
     show_message(this, QMessageBox::Information, "Getting Started", getting_started());
   };

@@ -50,7 +50,7 @@ QMetaType::Type toolkit_type(ValueType type) {
 
 TEST(WidgetMembers, PropertiesAreThoseOfTheControlInItsOrder) {
   const std::vector<QMetaProperty> found = own_properties();
-  ASSERT_EQ(found.size(), properties().size() + 2);
+  ASSERT_EQ(found.size(), properties().size() + 3);
   for (std::size_t i = 0; i < properties().size(); ++i) {
     const Member& expected = properties()[i];
     EXPECT_EQ(found[i].name(), expected.name);
