@@ -90,6 +90,10 @@ def workloads(folder, example):
             Subject("kurv, 4 px", [OURS, "redraw", *largest, "4"]),
         ], [Goal("kurv, 2 px", 1.4, "at most 1.4 x 1 px"),
             Goal("kurv, 4 px", 1.4, "at most 1.4 x 1 px")]),
+        Workload("N", "a step of the wheel, over A", [
+            ours("redraw", *largest, "1"),
+            Subject("kurv, zoom", [OURS, "zoom", *largest, "1"]),
+        ], [Goal("kurv, zoom", 1.4, "at most 1.4 x a redraw")]),
         Workload("M", "1 x 32,767, unsorted x", [
             ours("redraw", "scattered", "1", "32767", "1"),
             peer("QPainter, line at a time", "qpainter", "lines", "scattered", "1", "32767", "1"),

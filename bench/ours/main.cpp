@@ -4,6 +4,7 @@
 //   bench_ours markers KIND CURVES POINTS 1
 //   bench_ours undo KIND CURVES POINTS            a cell that was edited, back and forth
 //   bench_ours nearest KIND CURVES POINTS         the point under the pointer
+//   bench_ours zoom KIND CURVES POINTS WIDTH      a step of the wheel, in and out in turn
 //   bench_ours growth                             prints curves, points, milliseconds
 //   bench_ours sort KIND [shared], load FILE, save FILE CURVES POINTS, evaluate, run_program
 //   bench_ours write FILE KIND CURVES POINTS
@@ -25,6 +26,7 @@
 #include "bench/ours/control_fixture.h"
 #include "control/point_finder.h"
 #include "control/table_edits.h"
+#include "control/zoom.h"
 #include "expr/evaluator.h"
 #include "expr/parser.h"
 #include "model/data_set.h"
@@ -62,6 +64,21 @@ void undo(const Arguments& arguments) {
   apply_table_edits(fixture.control.state(), {{kurv::kMaxPoints / 2, 2, 0.5}});
   bench::serve([&] {
     if (!fixture.control.undo()) fixture.control.redo();
+    static_cast<void>(fixture.picture.image());
+  });
+}
+
+void zoom(const Arguments& arguments) {
+  const bench::Drawing drawing = bench::drawing_of(arguments);
+  ControlFixture fixture;
+  fixture.load(bench::table(drawing.kind, drawing.curves, drawing.points));
+  fixture.control.set_undo_enabled(true);
+  bool is_in = false;
+  bench::serve([&] {
+    is_in = !is_in;
+    const double factor = is_in ? 0.8 : 1.25;
+    kurv::ControlState& state = fixture.control.state();
+    kurv::zoom_at(state, {7500, 5000}, {factor, factor});
     static_cast<void>(fixture.picture.image());
   });
 }
@@ -235,6 +252,7 @@ void run(const Arguments& all_arguments) {
   if (what == "redraw" || what == "markers") return redraw(arguments);
   if (what == "undo") return undo(arguments);
   if (what == "nearest") return nearest(arguments);
+  if (what == "zoom") return zoom(arguments);
   if (what == "growth") return growth();
   if (what == "sort") return sort(arguments);
   if (what == "load") return load(arguments);
