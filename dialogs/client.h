@@ -17,6 +17,9 @@ class Client {
   // Runs `work` for an action of the user, then shows what it has drawn and reports a fault to the
   // user. The client may be destroyed meanwhile.
   virtual void handle(const std::function<void(Control&)>& work) = 0;
+  // Runs the command of this word as the button of the toolbar does, once the event is over;
+  // nothing where there is no toolbar.
+  virtual void run_command(const char*) {}
 };
 
 }  // namespace kurv

@@ -4,18 +4,12 @@
 #include <QClipboard>
 #include <QEvent>
 #include <QHBoxLayout>
-#include <QHeaderView>
 #include <QLabel>
-#include <QLineEdit>
 #include <QMenuBar>
 #include <QMimeData>
 #include <QPointer>
 #include <QPushButton>
 #include <QScreen>
-#include <QScrollBar>
-#include <QStyle>
-#include <QStyleOptionHeader>
-#include <QStyledItemDelegate>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -25,55 +19,12 @@ namespace {
 
 constexpr const char* kBoxTitle = "KURV Guide";
 constexpr int kAskBeforeReplacing = 2;
-enum EditItem { kCut, kCopy, kPaste, kDelete };
 
-// How much of a large table the initial size shows.
-constexpr int kRowsShown = 20;
-constexpr int kColumnsShown = 8;
-// Column widths, in characters, and how many rows are measured for them.
-constexpr int kNarrowColumn = 8;
-constexpr int kWideColumn = 24;
-constexpr int kRowsMeasured = 50;
-
-// A refill after a redraw by the host must not overwrite what is being typed in an editor.
-class CellDelegate final : public QStyledItemDelegate {
- public:
-  using QStyledItemDelegate::QStyledItemDelegate;
-  void setEditorData(QWidget* editor, const QModelIndex& index) const override {
-    const auto* const line = qobject_cast<const QLineEdit*>(editor);
-    if (line && line->isModified()) return;
-    QStyledItemDelegate::setEditorData(editor, index);
-  }
-  // An editor that was opened and closed without typing changes nothing, even if its text is no
-  // number.
-  void setModelData(QWidget* editor, QAbstractItemModel* model,
-                    const QModelIndex& index) const override {
-    const auto* const line = qobject_cast<const QLineEdit*>(editor);
-    if (line && !line->isModified()) return;
-    QStyledItemDelegate::setModelData(editor, model, index);
-  }
-};
-
-// Elides long names at their ends; Qt would clip them on both sides. Selected columns have bold
-// names, so the bold width is used for all, and selecting a column does not change its name.
-class NameHeader final : public QHeaderView {
- public:
-  explicit NameHeader(QWidget* parent) : QHeaderView(Qt::Horizontal, parent) {
-    setSectionsClickable(true);
-    setHighlightSections(true);
-    setResizeContentsPrecision(kRowsMeasured);
-  }
-
- protected:
-  void initStyleOptionForIndex(QStyleOptionHeader* option, int section) const override {
-    QHeaderView::initStyleOptionForIndex(option, section);
-    QFont bold = font();
-    bold.setBold(true);
-    const int margin = style()->pixelMetric(QStyle::PM_HeaderMargin, option, this);
-    option->text = QFontMetrics(bold).elidedText(option->text, Qt::ElideRight,
-                                                 sectionSize(section) - 2 * margin);
-  }
-};
+void set_clipboard(const String& text) {
+  QClipboard* const clipboard = QApplication::clipboard();
+  clipboard->clear();
+  clipboard->setText(QString::fromStdString(text));
+}
 
 QString counted(int count, const QString& one, const QString& many) {
   return QString::number(count) + u' ' + (count == 1 ? one : many);
@@ -84,58 +35,26 @@ QString counted(int count, const QString& one, const QString& many) {
 // -- Layout ---------------------------------------------------------------------------------------
 
 frmTable::frmTable(QWidget* parent)
-    : GraphWindow(parent), m_grid(new QTableView(this)), m_status(new QLabel(this)) {
+    : GraphWindow(parent),
+      m_grid(new TableGrid(this)),
+      m_finder(new TableFinder(this)),
+      m_status(new QLabel(this)) {
   setObjectName(QStringLiteral("frmTable"));
   setWindowTitle(tr("Data Table"));
   setWindowFlag(Qt::WindowMaximizeButtonHint);
   setSizeGripEnabled(true);
-  init_grid();
+  m_grid->setObjectName(QStringLiteral("grdTable"));
+  m_grid->setAccessibleName(tr("Data table: a row for each point, columns for x and the curves"));
+  m_grid->setModel(&m_model);
   auto* const layout = new QVBoxLayout(this);
   layout->setMenuBar(new_menu_bar());
   layout->addWidget(m_grid);
+  layout->addWidget(m_finder);
   layout->addWidget(new_bottom_line());
   connect(&m_model, &TableModel::typed, this, &frmTable::commit_typed);
-}
-
-void frmTable::init_grid() {
-  m_grid->setObjectName(QStringLiteral("grdTable"));
-  m_grid->setAccessibleName(tr("Data table: a row for each point, columns for x and the curves"));
-  m_grid->setItemDelegate(new CellDelegate(m_grid));
-  m_grid->setModel(&m_model);
-  // The grid lines are hardly visible on dark desktops.
-  m_grid->setAlternatingRowColors(true);
-  m_grid->setSelectionMode(QAbstractItemView::ContiguousSelection);
-  m_grid->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed |
-                          QAbstractItemView::AnyKeyPressed);
-  // The arrow keys move between the cells, so that the Tab key can leave the table.
-  m_grid->setTabKeyNavigation(false);
-  m_grid->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
-  m_grid->setHorizontalHeader(new NameHeader(m_grid));
-  m_grid->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-  m_grid->verticalHeader()->setDefaultAlignment(Qt::AlignCenter);
-  fit_rows();
-}
-
-QMenuBar* frmTable::new_menu_bar() {
-  auto* const bar = new QMenuBar(this);
-  QMenu* const file = bar->addMenu(tr("&File"));
-  file->addAction(tr("&Save as Text…"), this, &frmTable::mnuFileItem_Click)
-      ->setShortcut(QKeySequence::Save);
-  file->actions().constFirst()->setObjectName(QStringLiteral("mnuFileItem_0"));
-
-  QMenu* const menu = bar->addMenu(tr("&Edit"));
-  add_undo(*menu);
-  const auto add = [&](int index, const QString& caption, QKeySequence::StandardKey key) {
-    QAction* const item =
-        menu->addAction(caption, this, [this, index] { mnuEditItem_Click(index); });
-    item->setObjectName(QStringLiteral("mnuEditItem_%1").arg(index));
-    item->setShortcuts(key);
-  };
-  add(kCut, tr("Cu&t"), QKeySequence::Cut);
-  add(kCopy, tr("&Copy"), QKeySequence::Copy);
-  add(kPaste, tr("&Paste"), QKeySequence::Paste);
-  add(kDelete, tr("&Delete"), QKeySequence::Delete);
-  return bar;
+  connect(m_finder, &TableFinder::typed, this, &frmTable::find_typed);
+  connect(m_finder, &TableFinder::wanted, this, &frmTable::find);
+  connect(m_finder, &TableFinder::closed, this, [this] { m_grid->setFocus(); });
 }
 
 QWidget* frmTable::new_bottom_line() {
@@ -154,36 +73,11 @@ QWidget* frmTable::new_bottom_line() {
   return line;
 }
 
-void frmTable::fit_rows() {
-  const int text = m_grid->fontMetrics().height();
-  m_grid->verticalHeader()->setMinimumSectionSize(text);
-  m_grid->verticalHeader()->setDefaultSectionSize(text + text / 2);
-  m_grid->setIconSize({text, text});
-}
-
-void frmTable::fit_columns() {
-  const int digit = m_grid->fontMetrics().horizontalAdvance(u'0');
-  m_grid->resizeColumnsToContents();
-  for (int column = 0; column < m_model.columnCount(); ++column) {
-    const int wanted = m_grid->columnWidth(column) + digit;
-    m_grid->setColumnWidth(column, std::clamp(wanted, kNarrowColumn * digit, kWideColumn * digit));
-  }
-}
-
 // Sets an initial size that suits the data, unless the user has resized the window.
 void frmTable::resize_table_form() {
   if (testAttribute(Qt::WA_Resized)) return;
   ensurePolished();
-  const QHeaderView& columns = *m_grid->horizontalHeader();
-  const QHeaderView& rows = *m_grid->verticalHeader();
-  int width = rows.sizeHint().width() + m_grid->verticalScrollBar()->sizeHint().width();
-  for (int i = 0; i < std::min(columns.count(), kColumnsShown); ++i)
-    width += columns.sectionSize(i);
-  const int height =
-      columns.sizeHint().height() +
-      rows.defaultSectionSize() * std::clamp(rows.count(), kRowsShown / 2, kRowsShown);
-  const int frame = 2 * m_grid->frameWidth() + 2;
-  const QSize wanted = sizeHint() - m_grid->sizeHint() + QSize(width + frame, height + frame);
+  const QSize wanted = sizeHint() - m_grid->sizeHint() + m_grid->size_for_table();
   resize(wanted.expandedTo(minimumSizeHint()).boundedTo(screen()->availableSize() * 4 / 5));
 }
 
@@ -201,16 +95,18 @@ void frmTable::fill() {
   const int columns = m_model.columnCount();
   const bool was_empty = m_model.rowCount() == 0;
   m_model.refresh();
-  if (was_empty || m_model.columnCount() != columns) fit_columns();
+  if (was_empty || m_model.columnCount() != columns) m_grid->fit_columns();
   if (!m_grid->currentIndex().isValid()) m_grid->setCurrentIndex(m_model.index(0, 0));
   show_status();
-  update_undo();
+  update_menus();
   resize_table_form();
 }
 
 void frmTable::changeEvent(QEvent* event) {
   GraphWindow::changeEvent(event);
-  if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) fit_rows();
+  if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
+    m_grid->fit_rows();
+  }
 }
 
 // -- Commands -------------------------------------------------------------------------------------
@@ -261,12 +157,30 @@ void frmTable::edit(int index) {
 }
 
 void frmTable::copy(const CellBlock& block) {
-  const String text = block_text(block, [this](String& cells, int row, int column) {
+  set_clipboard(text_of(block));
+}
+
+// The names of the columns are the first line. A tab or a line end in a name would begin another
+// cell.
+void frmTable::copy_with_headings() {
+  m_grid->setFocus();
+  const CellBlock block = selected_block();
+  if (block.is_empty()) return;
+  const CellBlock headings{0, block.first_column, 0, block.last_column};
+  const String names = block_text(headings, [this](String& cells, int row, int column) {
+    String name;
+    m_model.append_cell(name, row, column);
+    std::replace_if(
+        name.begin(), name.end(), [](char c) { return c == '\t' || c == '\r' || c == '\n'; }, ' ');
+    cells += name;
+  });
+  set_clipboard(names + "\r\n" + text_of(block));
+}
+
+String frmTable::text_of(const CellBlock& block) const {
+  return block_text(block, [this](String& cells, int row, int column) {
     m_model.append_cell(cells, row, column);
   });
-  QClipboard* const clipboard = QApplication::clipboard();
-  clipboard->clear();
-  clipboard->setText(QString::fromStdString(text));
 }
 
 // A paste begins at the top left cell of the selection, whichever cell is the current one.

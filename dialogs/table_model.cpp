@@ -163,6 +163,48 @@ bool TableModel::setData(const QModelIndex& index, const QVariant& value, int ro
   return true;
 }
 
+// -- Search ---------------------------------------------------------------------------------------
+
+// Compares values, because making the texts of millions of cells would take seconds.
+QModelIndex TableModel::find(const CellPattern& pattern, const QModelIndex& from,
+                             bool is_forward) const {
+  const ControlState* const graph = state();
+  const bool has_marks = m_marks.count() > 0;
+  if (!graph || !from.isValid() || !(has_marks || pattern.is_number())) return {};
+  const GraphDocument& document = graph->document;
+  const auto matches = [&](int row, int column) {
+    const QString* const mark = has_marks ? mark_at(row, column) : nullptr;
+    if (mark) return pattern.matches(*mark);
+    const std::optional<Double> value = value_at(document, row, column);
+    return value && pattern.matches(*value);
+  };
+  int row = from.row() + 1;
+  int column = from.column() + 1;
+  for (int i = 0; i < m_size.rows * m_size.columns; ++i) {
+    if (matches(row, column)) return index(row - 1, column - 1);
+    row += is_forward ? 1 : -1;
+    if (row >= 1 && row <= m_size.rows) continue;
+    row = is_forward ? 1 : m_size.rows;
+    column = 1 + (column + (is_forward ? 0 : m_size.columns - 2)) % m_size.columns;
+  }
+  return {};
+}
+
+QModelIndex TableModel::nearest_x(Double number) const {
+  if (!state()) return {};
+  Double least = std::numeric_limits<Double>::infinity();
+  QModelIndex nearest;
+  for (int row = 1; row <= m_size.rows; ++row) {
+    const std::optional<Double> x = value_at(state()->document, row, 1);
+    if (!x || mark_at(row, 1) || !(std::abs(*x - number) < least)) continue;
+    least = std::abs(*x - number);
+    nearest = index(row - 1, 0);
+  }
+  return nearest;
+}
+
+// -- Changes --------------------------------------------------------------------------------------
+
 bool TableModel::is_current() const {
   const ControlState* const graph = state();
   return graph && table_size(graph->document) == m_size &&

@@ -9,6 +9,7 @@
 #include "control/control_state.h"
 #include "control/table_edits.h"
 #include "dialogs/cell_marks.h"
+#include "dialogs/cell_pattern.h"
 #include "dialogs/graph_window.h"
 #include "dialogs/table_block.h"
 
@@ -39,6 +40,12 @@ class TableModel final : public QAbstractTableModel {
 
   // Appends the text of a cell in UTF-8; rows and columns count from 1, and row 0 is the heading.
   void append_cell(String& text, int row, int column) const;
+
+  // The first cell that matches, from a cell on, down the columns one after another and from the
+  // last cell to the first; or in the other direction. Invalid where there is none.
+  QModelIndex find(const CellPattern& pattern, const QModelIndex& from, bool is_forward) const;
+  // The cell with the value of x that is nearest to a number. Invalid where x has no values.
+  QModelIndex nearest_x(Double number) const;
 
   struct Outcome {
     std::optional<String> refusal;  // the message where the data were not changed

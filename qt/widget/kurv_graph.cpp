@@ -183,6 +183,10 @@ void KurvGraph::State::handle(const std::function<void(Control&)>& work) {
   note_change();
 }
 
+void KurvGraph::State::run_command(const char* word) {
+  if (widget) widget->run_command(QLatin1String(word));
+}
+
 void KurvGraph::run_command(const QString& word) {
   const auto command = [word](State& state) { state.graph.ChartOptions(word.toStdString()); };
   QMetaObject::invokeMethod(

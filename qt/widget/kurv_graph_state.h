@@ -58,6 +58,7 @@ struct KurvGraph::State final : QSharedData, Container, Client {
   Control& control() override { return graph; }
   QWidget* window() const override { return widget ? widget->window() : nullptr; }
   void handle(const std::function<void(Control&)>& work) override;
+  void run_command(const char* word) override;
 
   // -- For the control ------------------------------------------------------------------------
   bool run_mode() const override { return !design_mode; }

@@ -151,11 +151,92 @@ TEST(TableKeys, ControlASelectsEverything) {
   EXPECT_EQ(table.clipboard(), "3\t30\t-3\r\n1\t10\t-1\r\n2\t20\t-2");
 }
 
-TEST(TableKeys, TheTabKeyLeavesTheGrid) {
+TEST(TableKeys, ControlAndTabLeaveTheGrid) {
   Table table;
   table.grid->setFocus();
-  QTest::keyClick(table.grid, Qt::Key_Tab);
+  QTest::keyClick(table.grid, Qt::Key_Tab, Qt::ControlModifier);
   EXPECT_EQ(QApplication::focusWidget(), table.window.findChild<QPushButton*>("cmdExit"));
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backtab, Qt::ShiftModifier);
+  EXPECT_EQ(QApplication::focusWidget(), table.grid);
+}
+
+// Of a table of three rows and three columns.
+struct Step {
+  int row, column;
+  Qt::Key key;
+  Qt::KeyboardModifiers modifiers;
+  int to_row, to_column;
+};
+const Step kSteps[] = {
+    {1, 2, Qt::Key_Return, {}, 2, 2},
+    {3, 2, Qt::Key_Return, {}, 3, 2},
+    {2, 2, Qt::Key_Enter, Qt::KeypadModifier, 3, 2},
+    {2, 2, Qt::Key_Return, Qt::ShiftModifier, 1, 2},
+    {1, 2, Qt::Key_Return, Qt::ShiftModifier, 1, 2},
+    {1, 2, Qt::Key_Tab, {}, 1, 3},
+    {1, 3, Qt::Key_Tab, {}, 2, 1},
+    {3, 3, Qt::Key_Tab, {}, 3, 3},
+    {2, 1, Qt::Key_Backtab, Qt::ShiftModifier, 1, 3},
+    {1, 1, Qt::Key_Backtab, Qt::ShiftModifier, 1, 1},
+};
+
+TEST(TableKeys, EnterGoesDownAndTabToTheRightAndWithShiftBack) {
+  for (const Step& step : kSteps) {
+    Table table;
+    table.select(step.row, step.column);
+    QTest::keyClick(table.grid, step.key, step.modifiers);
+    EXPECT_EQ(table.grid->currentIndex(), table.at(step.to_row, step.to_column)) << step.key;
+    EXPECT_EQ(table.grid->selectionModel()->selectedIndexes().size(), 1);
+    EXPECT_EQ(QApplication::focusWidget(), table.grid);
+    EXPECT_TRUE(table.window.isVisible());
+  }
+}
+
+TEST(TableKeys, EnterAndTabTakeWhatIsTypedAndGoOn) {
+  for (const Step& step : kSteps) {
+    Table table;
+    table.select(step.row, step.column);
+    QTest::keyClick(table.grid, Qt::Key_9);
+    QTest::keyClick(QApplication::focusWidget(), step.key, step.modifiers);
+    table.settle();
+    EXPECT_EQ(table.cell(step.row, step.column), "9");
+    EXPECT_EQ(table.grid->currentIndex(), table.at(step.to_row, step.to_column)) << step.key;
+    EXPECT_EQ(table.grid->findChild<QLineEdit*>(), nullptr) << "the next cell waits for a key";
+    EXPECT_EQ(QApplication::focusWidget(), table.grid);
+  }
+}
+
+TEST(TableKeys, ARowOfNumbersIsTypedWithoutTheMouse) {
+  Table table;
+  table.select(1, 2);
+  for (const char* text : {"7", "8", "9"}) {
+    QTest::keyClicks(table.grid, text);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+  }
+  EXPECT_EQ(table.cell(1, 2), "7");
+  EXPECT_EQ(table.cell(1, 3), "8");
+  EXPECT_EQ(table.cell(2, 1), "9");
+}
+
+TEST(TableKeys, AWindowThatGoesWhileEnterIsTakenDoesNoHarm) {
+  TableClient client;
+  load_columns(client.host, {{3, 1, 2}, {30, 10, 20}});
+  auto* const window = new frmTable(nullptr);
+  window->set_client(&client);
+  window->init(0);
+  window->show();
+  auto* const grid = window->findChild<QTableView*>("grdTable");
+  grid->setFocus();
+  QTest::keyClick(grid, Qt::Key_9);
+  client.handled = [&] {
+    client.handled = {};
+    window->deleteLater();
+    window->hide();
+    window->set_client(nullptr);
+  };
+  QTest::keyClick(grid->findChild<QLineEdit*>(), Qt::Key_Return);
+  Table::settle();
+  EXPECT_EQ(client.host.document().xyArrUnsorted(1, 1), 9);
 }
 
 TEST(TableKeys, CloseTakesWhatIsBeingTyped) {
@@ -176,11 +257,18 @@ TEST(TableMenus, HaveTheirItemsNamesAndKeys) {
   const auto key = [&](const char* name) {
     return table.window.findChild<QAction*>(name)->shortcut().toString().toStdString();
   };
-  EXPECT_EQ(caption("mnuFileItem_0"), "&Save as Text…");
+  EXPECT_EQ(caption("mnuSave"), "&Save Graph");
+  EXPECT_EQ(caption("mnuFileItem_0"), "Save as &Text…");
   EXPECT_EQ(caption("mnuEditItem_0"), "Cu&t");
   EXPECT_EQ(caption("mnuEditItem_1"), "&Copy");
   EXPECT_EQ(caption("mnuEditItem_2"), "&Paste");
   EXPECT_EQ(caption("mnuEditItem_3"), "&Delete");
+  EXPECT_EQ(key("mnuSave"), "Ctrl+S");
+  EXPECT_EQ(key("mnuFileItem_0"), "Ctrl+E");
+  EXPECT_EQ(key("mnuCopyWithHeadings"), "Ctrl+Shift+C");
+  EXPECT_EQ(key("mnuFind"), "Ctrl+F");
+  EXPECT_EQ(key("mnuGoToRow"), "Ctrl+G");
+  EXPECT_EQ(key("mnuSelectAll"), "Ctrl+A");
   EXPECT_EQ(key("mnuEditItem_0"), "Ctrl+X");
   EXPECT_EQ(key("mnuEditItem_1"), "Ctrl+C");
   EXPECT_EQ(key("mnuEditItem_2"), "Ctrl+V");

@@ -95,8 +95,10 @@ TEST_F(TableWindow, ItsMenusOpenByMnemonic) {
   press({"alt+e", "t"});
   EXPECT_EQ(output_of("xclip", kClipboard + QStringList{"-out"}), "3");
   EXPECT_EQ(table.cell(1, 1), "");
-  press({"alt+f", "s"});
+  press({"alt+f", "t"});
   EXPECT_EQ(table.shell().save_dialogs.size(), 1u);
+  press({"alt+f", "s"});
+  EXPECT_EQ(table.client.commands, std::vector<std::string>{"save"});
   press({"alt+c"});
   EXPECT_FALSE(table.window.isVisible());
 }

@@ -33,6 +33,7 @@ class TableClient final : public Client {
     }
     if (handled) handled();
   }
+  void run_command(const char* word) override { commands.emplace_back(word); }
 
   // How often the whole graph has been drawn since the last call.
   int redraws() {
@@ -48,6 +49,7 @@ class TableClient final : public Client {
   TestHost host;
   QWidget* parent = nullptr;
   std::vector<FaultKind> faults;
+  std::vector<std::string> commands;
   std::function<void()> handled;  // what happens at the end of each handling
 };
 
