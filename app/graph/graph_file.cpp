@@ -9,6 +9,8 @@
 #include <filesystem>
 #include <memory>
 
+#include "app/base/fault_words.h"
+
 namespace kurv::app {
 
 namespace {
@@ -28,15 +30,10 @@ bool begins_as_graph_file(const std::string& path) {
 
 UserError unloadable(const std::string& path, const Fault& fault) {
   std::error_code ignored;
-  std::string advice = "\"kurv info --check\" lists what is wrong with it";
-  if (fault.kind() == FaultKind::kFileNotFound || fault.kind() == FaultKind::kPathNotFound) {
-    advice = "check the name";
-  } else if (fault.kind() == FaultKind::kPermissionDenied) {
-    advice = "check its permissions";
-  } else if (fs::is_directory(path, ignored)) {
-    advice = "it is a directory, so name a graph file instead";
+  if (fs::is_directory(path, ignored)) {
+    return UserError(path + " cannot be loaded: it is a directory; name a graph file instead.");
   }
-  return UserError(path + " cannot be loaded: " + fault.what() + "; " + advice + ".");
+  return UserError(path + fault_clause(Attempt::kLoad, fault.kind()));
 }
 
 template <class Work>
@@ -68,13 +65,11 @@ void load_graph_file(KurvGraph& graph, const std::string& path) {
 
 UserError unwritable_graph_file(const std::string& path, const Fault& fault) {
   if (const auto* of = dynamic_cast<const FileFault*>(&fault); of && of->path() != path) {
-    return UserError(path + " cannot be written: " + of->path() + ": " + fault.what() +
+    return UserError(path + " cannot be written, because of " + of->path() + ": " +
+                     fault_reason(Attempt::kWrite, fault.kind()) +
                      "; set TMPDIR to another folder for temporary files.");
   }
-  const char* advice = "choose another folder";
-  if (fault.kind() == FaultKind::kDiskFull) advice = "make room on the disk or choose another one";
-  if (fault.kind() == FaultKind::kPathFileAccessError) advice = "choose another name";
-  return UserError(path + " cannot be written: " + fault.what() + "; " + advice + ".");
+  return UserError(path + fault_clause(Attempt::kWrite, fault.kind()));
 }
 
 }  // namespace kurv::app

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "app/base/fault_words.h"
 #include "app/base/message_text.h"
 #include "app/base/user_error.h"
 #include "app/csv/csv_text.h"
@@ -88,7 +89,8 @@ auto drawing(const GraphChoice& choice, const GraphSource& source, const Work& w
       advice = "a graph holds " + std::to_string(kMaxCurves) +
                " curves, so it may have no room for those of --derive";
     }
-    throw UserError(source.path + " cannot be drawn: " + fault.what() + "; " + advice + ".");
+    throw UserError(source.path + " cannot be drawn: " +
+                    fault_reason(Attempt::kDraw, fault.kind()) + "; " + advice + ".");
   }
 }
 

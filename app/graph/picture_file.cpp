@@ -12,6 +12,7 @@
 #include <filesystem>
 #include <new>
 
+#include "app/base/fault_words.h"
 #include "app/base/message_text.h"
 #include "app/base/user_error.h"
 
@@ -59,8 +60,7 @@ void write_made(const std::string& path, const Make& make) {
   try {
     bytes = make(*format);
   } catch (const Fault& fault) {
-    throw UserError(std::string("the graph cannot be drawn: ") + fault.what() +
-                    "; check its limits.");
+    throw UserError("the graph" + fault_clause(Attempt::kDraw, fault.kind()));
   }
   write_picture(bytes, path);
 }

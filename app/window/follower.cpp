@@ -7,6 +7,7 @@
 #include <QUndoStack>
 #include <algorithm>
 
+#include "app/base/fault_words.h"
 #include "app/base/user_error.h"
 #include "app/csv/csv_text.h"
 #include "app/window/window_texts.h"
@@ -159,7 +160,7 @@ void Follower::draw() {
     return fail(error.what());
   } catch (const Fault& fault) {
     m_has_failed = true;
-    return fail(m_name + " cannot be drawn: " + fault.what() + '.');
+    return fail(m_name + fault_clause(Attempt::kDraw, fault.kind()));
   }
   m_pause = std::max(kShortestPause, kPausePerTime * m_since_drawing.elapsed());
   m_since_drawing.start();

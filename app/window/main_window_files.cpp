@@ -12,6 +12,7 @@
 #include <filesystem>
 #include <new>
 
+#include "app/base/fault_words.h"
 #include "app/base/message_text.h"
 #include "app/base/user_error.h"
 #include "app/csv/csv_text.h"
@@ -107,7 +108,9 @@ void MainWindow::run_guarded(const std::function<void()>& work) {
   if (!alive) return;
   update_actions();
   if (!failure) return;
-  show_error(failed_label(file, m_path) + ": " + failure->what() + '.');
+  const QString reason = failure->what();
+  const QString text = file.empty() ? reason : failed_label(file, {}) + ": " + reason;
+  show_error(run_time_error(failure->number(), text, m_path));
 }
 
 void MainWindow::run_command(const char* word) {
@@ -188,7 +191,7 @@ bool MainWindow::show_source(Target target, const std::string& path, const Sourc
   } catch (const UserError& error) {
     failure = sentence(error.what(), path);
   } catch (const Fault& fault) {
-    failure = file_label(path) + " cannot be drawn: " + fault.what() + '.';
+    failure = file_label(path) + QString::fromStdString(fault_clause(Attempt::kDraw, fault.kind()));
   } catch (const std::bad_alloc&) {
     failure = "There is not enough memory for " + file_label(path) + '.';
   }

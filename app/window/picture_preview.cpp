@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <new>
 
+#include "app/base/fault_words.h"
 #include "app/graph/message_recorder.h"
 #include "app/window/window_texts.h"
 
@@ -96,7 +97,7 @@ void PicturePreview::draw() {
     m_delay.setInterval(std::max(kLeastDelay, static_cast<int>(delay)));
     return;
   } catch (const Fault& fault) {
-    show_text(QString("This cannot be drawn: ") + fault.what() + '.');
+    show_text("This" + QString::fromStdString(fault_clause(Attempt::kDraw, fault.kind())));
   } catch (const std::bad_alloc&) {
     show_text("There is not enough memory for the picture.");
   }

@@ -5,6 +5,7 @@
 #include <QFile>
 #include <filesystem>
 
+#include "app/base/fault_words.h"
 #include "app/base/message_text.h"
 
 namespace kurv::app {
@@ -30,9 +31,15 @@ QString failed_label(const std::string& file, const std::string& path) {
 
 // The text is more than that of the number where it names a file, which may be the graph's own.
 QString run_time_error(int number, const QString& text, const std::string& path) {
-  const QString reason = fault_text(static_cast<FaultKind>(number));
-  const bool is_own = text == reason || text == QFile::decodeName(path.c_str()) + ": " + reason;
-  return (is_own ? failed_label({}, path) + ": " + reason : text) + '.';
+  const auto kind = static_cast<FaultKind>(number);
+  const QString reason = fault_text(kind);
+  const QString end = ": " + reason;
+  const bool has_file = text.endsWith(end);
+  if (!has_file && text != reason) return text + '.';
+  const QString file = has_file ? text.chopped(end.size()) : QString();
+  const bool is_own = !has_file || file == QFile::decodeName(path.c_str());
+  return (is_own ? failed_label({}, path) : file) +
+         QString::fromStdString(fault_clause(attempt_at(kind, has_file), kind));
 }
 
 QString menu_label(const QString& text) {

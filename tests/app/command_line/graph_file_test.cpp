@@ -88,7 +88,7 @@ TEST_F(GraphFile, CutAtAnyLineIsRefusedAndTheLineIsNamed) {
   ASSERT_EQ(lines.size(), kLines);
   for (int kept = 0; kept < kLines; kept += kept < 45 ? 5 : 1) {
     const QString file = written("cut.gdf", kept == 0 ? "" : lines.first(kept).join('\n') + '\n');
-    expect_refusal(render(file), 1, "Input past end of file; \"kurv info --check\" lists");
+    expect_refusal(render(file), 1, "the file ends too early; \"kurv info --check\" lists");
     const Outcome outcome = check(file);
     EXPECT_EQ(outcome.status, 1) << kept;
     EXPECT_THAT(outcome.out, HasSubstr("line " + std::to_string(kept + 1) + ": the file ends"));
@@ -97,8 +97,8 @@ TEST_F(GraphFile, CutAtAnyLineIsRefusedAndTheLineIsNamed) {
 }
 
 TEST_F(GraphFile, ThatCannotBeReadIsSaidInOneSentence) {
-  expect_refusal(render(path("none.gdf")), 1, "File not found; check the name.");
-  expect_refusal(render(path("none/a.gdf")), 1, "Path not found; check the name.");
+  expect_refusal(render(path("none.gdf")), 1, "there is no such file; check the name.");
+  expect_refusal(render(path("none/a.gdf")), 1, "there is no such folder; check the name.");
   QDir(m_folder.path()).mkdir("folder.gdf");
   expect_refusal(render(path("folder.gdf")), 1, "name a graph file instead.");
   expect_refusal(render(written("bin.gdf", QByteArray("\x89PNG\0\1\n\0", 8))), 1, "info --check");

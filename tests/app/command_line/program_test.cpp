@@ -136,7 +136,7 @@ TEST_F(Program, WithoutPropertiesOneRedrawIsEnough) {
 
 TEST_F(Program, ARunTimeErrorOfTheGraphIsSaidInOneSentence) {
   expect_refusal(render(small(), {"--set", "NumTicks=0"}), 1,
-                 "Division by zero; check the values given with --set.");
+                 "an axis has equal limits or no ticks; check the values given with --set.");
 }
 
 TEST_F(Program, MistakesInTheCommandLineEndWithTwo) {

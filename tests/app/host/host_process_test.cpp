@@ -85,7 +85,7 @@ TEST_F(HostProcess, ASaveThatFailsAtTheEndOfTheInputNamesItsFile) {
   EXPECT_EQ(finish(), 1);
   EXPECT_EQ(m_process.readAllStandardError().toStdString(),
             "kurv: " + path("gone/chosen.gdf").toStdString() +
-                " cannot be written: Path not found; choose another folder.\n");
+                " cannot be written: there is no such folder; choose another folder.\n");
 
   // A graph that has a file is saved there without a dialog.
   const QString own = path("folder/own.gdf");
@@ -101,7 +101,7 @@ TEST_F(HostProcess, ASaveThatFailsAtTheEndOfTheInputNamesItsFile) {
   EXPECT_EQ(finish(), 1);
   EXPECT_EQ(m_process.readAllStandardError().toStdString(),
             "kurv: " + own.toStdString() +
-                " cannot be written: Path not found; choose another folder.\n");
+                " cannot be written: there is no such folder; choose another folder.\n");
 }
 
 TEST_F(HostProcess, ThePythonExampleLeavesAPictureAndAGraph) {

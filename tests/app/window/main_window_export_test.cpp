@@ -143,7 +143,9 @@ TEST_F(MainWindowExport, WhatCannotBeDrawnIsSaidInASentence) {
   QString text;
   click_box("OK", &text);
   press(kurv, "mnuExportPicture");
-  EXPECT_THAT(text.toStdString(), testing::StartsWith("The graph cannot be drawn: "));
+  EXPECT_THAT(
+      text.toStdString(),
+      testing::StartsWith("The graph cannot be drawn: an axis has equal limits or no ticks; "));
 }
 
 TEST_F(MainWindowExport, AWindowThatGoesTakesItsQuestionsAlong) {

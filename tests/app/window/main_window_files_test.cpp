@@ -74,7 +74,8 @@ TEST_F(MainWindowFilesTest, AFileThatCannotBeLoadedLeavesTheGraphAsItWas) {
   QString text;
   click_box("OK", &text);
   EXPECT_FALSE(kurv->open(broken));
-  EXPECT_THAT(text.toStdString(), HasSubstr("broken.gdf cannot be loaded: "));
+  EXPECT_THAT(text.toStdString(),
+              HasSubstr("broken.gdf cannot be loaded: the file ends too early; "));
   EXPECT_EQ(kurv->graph().Title(), "small");
   EXPECT_EQ(kurv->graph().FileName(), path("small.gdf"));
   EXPECT_TRUE(kurv->graph().isVisible());

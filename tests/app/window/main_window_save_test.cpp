@@ -61,7 +61,7 @@ TEST_F(MainWindowSave, ThatFailsIsSaidAndKeepsTheWindowOpenAlsoForWhatIsNotDrawn
   QString text;
   click_box("OK", &text);
   EXPECT_FALSE(kurv->close());
-  EXPECT_EQ(text, "small.gdf: Path not found.");
+  EXPECT_EQ(text, "small.gdf cannot be written: there is no such folder; choose another folder.");
 }
 
 TEST_F(MainWindowSave, UnderAnotherNameThatFailsIsSaidWithThatName) {
@@ -71,7 +71,9 @@ TEST_F(MainWindowSave, UnderAnotherNameThatFailsIsSaidWithThatName) {
     QString text;
     click_box("OK", &text);
     press(kurv, entry);
-    EXPECT_EQ(text, m_folder.filePath("gone/other.gdf") + ": Path not found.") << entry;
+    EXPECT_EQ(text, m_folder.filePath("gone/other.gdf") +
+                        " cannot be written: there is no such folder; choose another folder.")
+        << entry;
   }
 }
 
@@ -80,7 +82,23 @@ TEST_F(MainWindowSave, ATableThatFailsIsSaidWithItsName) {
   QString text;
   click_box("OK", &text);
   Q_EMIT kurv->graph().runTimeError(76, "/gone/small.txt: Path not found");
-  EXPECT_EQ(text, "/gone/small.txt: Path not found.");
+  EXPECT_EQ(text,
+            "/gone/small.txt cannot be written: there is no such folder; choose another folder.");
+}
+
+// The control's own command would not ask about the comma.
+TEST_F(MainWindowSave, OfTheTableIsThatOfTheWindow) {
+  MainWindow* const kurv = window_of(graph_file());
+  ASSERT_EQ(kurv->graph().add_function("max(x,2)"), std::nullopt);
+  kurv->graph().build_the_graph();
+  press(kurv, "mnuTable");
+  click_box("&Save Anyway");
+  for (QWidget* widget : QApplication::topLevelWidgets()) {
+    if (widget->objectName() != "frmTable" || !widget->isVisible()) continue;
+    widget->findChild<QAction*>("mnuSave")->trigger();
+  }
+  EXPECT_TRUE(QTest::qWaitFor([&] { return kurv->is_saved(); }, 5000));
+  EXPECT_EQ(said.size(), 1u);
 }
 
 TEST_F(MainWindowSave, TheTitleIsMarkedForWhatIsNotDrawn) {

@@ -160,7 +160,7 @@ TEST_F(MainWindowTest, ASaveThatFailsIsSaidAndKeepsTheWindowOpen) {
   QString text;
   click_box("OK", &text);
   EXPECT_FALSE(kurv->close());
-  EXPECT_EQ(text, "small.gdf: Path not found.");
+  EXPECT_EQ(text, "small.gdf cannot be written: there is no such folder; choose another folder.");
 }
 
 TEST_F(MainWindowTest, OneQuestionIsEnoughAlsoWhereTheGraphHasItsOwn) {
@@ -200,7 +200,9 @@ TEST_F(MainWindowTest, ARunTimeErrorIsSaidWithTheFile) {
   QString text;
   click_box("OK", &text);
   Q_EMIT kurv->graph().runTimeError(6, "Overflow");
-  EXPECT_EQ(text, "small.gdf: Overflow.");
+  EXPECT_EQ(text,
+            "small.gdf cannot be drawn: a number is too large; check the limits, the "
+            "margins and the sizes.");
 }
 
 TEST_F(MainWindowTest, AWindowThatGoesTakesItsBoxesAlong) {
