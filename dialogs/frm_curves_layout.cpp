@@ -2,6 +2,7 @@
 // either tab.
 #include <KurvGraph/limits.h>
 #include <KurvGraph/screen_fit.h>
+#include <KurvGraph/wheel_guard.h>
 
 #include <QAbstractItemView>
 #include <QComboBox>
@@ -77,6 +78,7 @@ frmCurves::frmCurves(QWidget* parent) : GraphWindow(parent) {
   column->addWidget(new_scroller(page), 1);
   column->addWidget(new_button("cmdClose", "&Close", &frmCurves::close_window), 0, Qt::AlignRight);
 
+  guard_wheel(*this);
   const QFontMetrics metrics = fontMetrics();
   resize(metrics.averageCharWidth() * kWindowChars, metrics.height() * kWindowLines);
   // Not the first control: there the arrow keys would choose another x.

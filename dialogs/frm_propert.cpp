@@ -1,6 +1,7 @@
 #include "dialogs/frm_propert.h"
 
 #include <KurvGraph/screen_fit.h>
+#include <KurvGraph/wheel_guard.h>
 
 #include <QCoreApplication>
 #include <QHBoxLayout>
@@ -75,6 +76,7 @@ frmPropert::frmPropert(QWidget* parent) : GraphWindow(parent), m_tabs(new QTabWi
     row->removeWidget(restore);
     rows->insertWidget(rows->count() - 1, restore);
   }
+  guard_wheel(*this);
   // With large fonts the window may be larger than Qt's default limit, two thirds of the screen.
   resize(sizeHint().boundedTo(screen()->availableSize()));
 }

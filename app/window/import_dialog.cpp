@@ -2,6 +2,7 @@
 
 #include <KurvGraph/screen_fit.h>
 #include <KurvGraph/text.h>
+#include <KurvGraph/wheel_guard.h>
 
 #include <QApplication>
 #include <QDialogButtonBox>
@@ -122,6 +123,7 @@ ImportDialog::ImportDialog(const std::string& path, std::string bytes, QWidget* 
   // A large font must not push the buttons off the screen.
   resize(comfortable.boundedTo(screen()->availableSize() * 0.9));
   fit_to_screen(*this);
+  guard_wheel(*this);
   connect_parts();
   read_as_before();
   if (!m_read) m_views->show_lines();

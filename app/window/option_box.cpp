@@ -3,7 +3,6 @@
 #include <QCompleter>
 #include <QLineEdit>
 #include <QSignalBlocker>
-#include <QWheelEvent>
 
 namespace kurv::app {
 
@@ -18,7 +17,6 @@ OptionBox::OptionBox(const char* name, bool is_editable, QWidget* parent) : QCom
   setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   constexpr int kLeastCharacters = 14;
   setMinimumContentsLength(kLeastCharacters);
-  setFocusPolicy(Qt::StrongFocus);
   addItem(kAutomatic);
   if (!is_editable) return;
   setEditable(true);
@@ -85,10 +83,6 @@ void OptionBox::choose(int value) {
 void OptionBox::type(const QString& text) {
   setCurrentIndex(-1);
   setEditText(text);
-}
-
-void OptionBox::wheelEvent(QWheelEvent* event) {
-  hasFocus() ? QComboBox::wheelEvent(event) : event->ignore();
 }
 
 void OptionBox::on_change(std::function<void()> changed) {

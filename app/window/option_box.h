@@ -7,8 +7,7 @@
 
 namespace kurv::app {
 
-// Where it is editable, another value than those of the list can be typed. The mouse wheel turns it
-// only where it has the focus, so that the page can be scrolled over it.
+// Where it is editable, another value than those of the list can be typed.
 class OptionBox final : public QComboBox {
  public:
   OptionBox(const char* name, bool is_editable, QWidget* parent = nullptr);
@@ -31,9 +30,6 @@ class OptionBox final : public QComboBox {
 
   // Called when the user or one of the functions above has chosen something else.
   void on_change(std::function<void()> changed);
-
- protected:
-  void wheelEvent(QWheelEvent* event) override;
 
  private:
   // The row of the list that is chosen; -1 where something else is typed.

@@ -1,6 +1,7 @@
 #include "app/window/picture_dialog.h"
 
 #include <KurvGraph/screen_fit.h>
+#include <KurvGraph/wheel_guard.h>
 
 #include <QFile>
 #include <QFileDialog>
@@ -62,6 +63,7 @@ QFileDialog* new_dialog(QWidget* window, const std::string& graph_path, PictureF
   const QString extension = QString::fromStdString(picture_extension(format));
   dialog->selectNameFilter(dialog->nameFilters().filter("(*" + extension + ')').value(0));
   propose(*dialog, graph_path);
+  guard_wheel(*dialog);
   return dialog;
 }
 

@@ -5,7 +5,6 @@
 #include <QPushButton>
 #include <QScopedValueRollback>
 #include <QSpinBox>
-#include <QWheelEvent>
 #include <algorithm>
 #include <array>
 #include <limits>
@@ -46,17 +45,6 @@ std::optional<int> as_int(const std::optional<Value>& value) {
   return value ? std::optional(static_cast<int>(*value)) : std::nullopt;
 }
 
-// Turned by the mouse wheel only where it has the focus, so that the page can be scrolled over it.
-class SkipBox final : public QSpinBox {
- public:
-  SkipBox() { setFocusPolicy(Qt::StrongFocus); }
-
- protected:
-  void wheelEvent(QWheelEvent* event) override {
-    hasFocus() ? QSpinBox::wheelEvent(event) : event->ignore();
-  }
-};
-
 // A list as a line of CSV, its fields in quotation marks where they need them.
 QString list_text(const std::vector<std::string>& texts) {
   QStringList fields;
@@ -76,7 +64,7 @@ TableOptionFields::TableOptionFields(QWidget* parent)
     : QGroupBox("How the file is written", parent),
       m_encoding(new OptionBox("cboEncoding", false)),
       m_separator(new OptionBox("cboSeparator", true)),
-      m_skip(new SkipBox),
+      m_skip(new QSpinBox),
       m_comment(new OptionBox("cboComment", true)),
       m_header(new OptionBox("cboHeader", false)),
       m_decimal(new OptionBox("cboDecimal", false)),
