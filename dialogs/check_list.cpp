@@ -3,8 +3,10 @@
 #include <KurvGraph/indicator_style.h>
 
 #include <QIcon>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QPixmap>
+#include <QStyleOptionViewItem>
 #include <algorithm>
 
 #include "dialogs/single_line_delegate.h"
@@ -68,6 +70,25 @@ void CheckList::tick_all(bool ticked) {
 String CheckList::selected_text() const {
   const auto row = static_cast<std::size_t>(currentRow());
   return currentRow() < 0 ? String() : m_entries[row].text;
+}
+
+// Queued, because what is done then may destroy the list.
+void CheckList::mouseDoubleClickEvent(QMouseEvent* event) {
+  const QPoint place = event->position().toPoint();
+  const bool is_on_name = indexAt(place).isValid() && !is_on_box(place);
+  QListWidget::mouseDoubleClickEvent(event);
+  if (event->button() == Qt::LeftButton && is_on_name && m_double_clicked)
+    QMetaObject::invokeMethod(this, m_double_clicked, Qt::QueuedConnection);
+}
+
+bool CheckList::is_on_box(QPoint place) const {
+  QStyleOptionViewItem option;
+  initViewItemOption(&option);
+  option.rect = visualRect(indexAt(place));
+  option.features = QStyleOptionViewItem::HasCheckIndicator | QStyleOptionViewItem::HasDisplay;
+  return style()
+      ->subElementRect(QStyle::SE_ItemViewItemCheckIndicator, &option, this)
+      .contains(place);
 }
 
 // On white like the picture, so that a black line is visible on a dark desktop too.

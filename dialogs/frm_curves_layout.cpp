@@ -53,7 +53,9 @@ QWidget* new_page(const char* caption, CheckList* list, const std::vector<QPushB
   return page;
 }
 
+// A double click on a row is F2, which presses the button.
 void click_on_f2(CheckList* list, QPushButton* button) {
+  list->on_double_click([button] { button->click(); });
   auto* const shortcut = new QShortcut(Qt::Key_F2, list, nullptr, nullptr, Qt::WidgetShortcut);
   QObject::connect(shortcut, &QShortcut::activated, button, &QPushButton::click);
 }
@@ -129,7 +131,8 @@ QWidget* frmCurves::new_scatter_page() {
   m_cmdAddScatter = new_button("cmdAddScatter", "Add Deri&ved…", &frmCurves::add_scatter);
   m_cmdHideAllCurves = new_button("cmdHideAllCurves", "&Hide All", &frmCurves::hide_all);
   m_cmdShowAllCurves = new_button("cmdShowAllCurves", "&Show All", &frmCurves::show_all);
-  m_cmdYTitle->setToolTip(QStringLiteral("Give the selected curve another name (F2)"));
+  m_cmdYTitle->setToolTip(
+      QStringLiteral("Give the selected curve another name (F2, or a double click on it)"));
   static_assert(kMaxCurves == 149);
   m_cmdAddScatter->setToolTip(
       QStringLiteral("Compute a new curve from the others; a graph holds up to 149"));
@@ -145,7 +148,8 @@ QWidget* frmCurves::new_function_page() {
   QPushButton* const label = new_button("cmdFuncLabel", "&Label…", nullptr);
   QPushButton* const colour = new_button("cmdFuncColor", "C&olour…", nullptr);
   add->setToolTip(QStringLiteral("Draw an expression of x"));
-  m_cmdEditFunc->setToolTip(QStringLiteral("Change the selected expression (F2)"));
+  m_cmdEditFunc->setToolTip(
+      QStringLiteral("Change the selected expression (F2, or a double click on it)"));
   // Disabled, with tool tips that say why: users look for these settings here.
   label->setEnabled(false);
   label->setToolTip(QStringLiteral("A function is named by its expression"));

@@ -75,6 +75,15 @@ class FrmCurvesTest : public testing::Test {
     const QRect rect = list.visualItemRect(list.item(row));
     click_at(list, rect.center());
   }
+  // A click before it, as a mouse sends it.
+  static void double_click_at(QListWidget& list, QPoint at) {
+    click_at(list, at);
+    QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, at);
+    QApplication::processEvents();
+  }
+  static void double_click_name(QListWidget& list, int row) {
+    double_click_at(list, list.visualItemRect(list.item(row)).center());
+  }
   // As the user does it without opening the list.
   void choose_x(int index) {
     cmbX().setFocus();

@@ -252,6 +252,36 @@ TEST_F(FrmCurvesTest, F2Renames) {
   EXPECT_EQ(document().yVarName(2), "better");
 }
 
+TEST_F(FrmCurvesTest, ADoubleClickRenames) {
+  open_three();
+  shell().inputs = {"better"};
+  double_click_name(lstScatters(), 1);
+  EXPECT_EQ(document().yVarName(3), "better");
+  ASSERT_EQ(shell().prompts.size(), 1u);
+  EXPECT_EQ(shell().prompts[0].default_text, "b");
+}
+
+TEST_F(FrmCurvesTest, ADoubleClickOnABoxOnlyTicks) {
+  open_three();
+  const QRect row = lstScatters().visualItemRect(lstScatters().item(1));
+  double_click_at(lstScatters(), row.topLeft() + QPoint(row.height() / 2, row.height() / 2));
+  EXPECT_TRUE(shell().prompts.empty());
+}
+
+TEST_F(FrmCurvesTest, ADoubleClickBelowTheRowsDoesNothing) {
+  open_three();
+  double_click_at(lstScatters(), lstScatters().viewport()->rect().bottomLeft() + QPoint(40, -3));
+  EXPECT_TRUE(shell().prompts.empty());
+}
+
+TEST_F(FrmCurvesTest, ADoubleClickEditsTheFunction) {
+  open_three();
+  show_functions();
+  shell().inputs = {"2*x"};
+  double_click_name(lstFuncs(), 1);
+  EXPECT_EQ(document().y_func(2).expression, "2*x");
+}
+
 TEST_F(FrmCurvesTest, AGraphThatIsLoadedWhileAPromptIsOpenIsShownAfterIt) {
   open_three();
   shell().while_prompting = [this] {
