@@ -81,6 +81,12 @@ frmPropert::frmPropert(QWidget* parent) : GraphWindow(parent), m_tabs(new QTabWi
   resize(sizeHint().boundedTo(screen()->availableSize()));
 }
 
+// Hidden while it is whole, because the focus that leaves a field fills the window again.
+frmPropert::~frmPropert() {
+  set_client(nullptr);
+  hide();
+}
+
 void frmPropert::add_page(const char* caption, void (*build)(PropertPage&)) {
   auto* const page = new PropertPage(*this);
   build(*page);
@@ -97,6 +103,10 @@ void frmPropert::restore() {
 
 void frmPropert::end_merging() {
   if (client()) client()->control().state().history.end_merging();
+}
+
+char frmPropert::decimal_separator() const {
+  return client() ? client()->control().decimal_separator() : '.';
 }
 
 void frmPropert::fill() {

@@ -21,12 +21,15 @@ class frmPropert final : public GraphWindow {
 
  public:
   explicit frmPropert(QWidget* parent);
+  ~frmPropert() override;
 
   // For the pages.
   using GraphWindow::edit;
   using GraphWindow::handle;
   // What is typed into a field from here on is a step of its own.
   void end_merging();
+  // Of the graph; a point where there is none.
+  char decimal_separator() const;
 
   // First applies a margin that has been typed but not entered.
   void done(int result) override;

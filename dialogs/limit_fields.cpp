@@ -13,6 +13,9 @@ namespace kurv {
 
 namespace {
 
+// Also the longest of the notes.
+constexpr const char* kKept = "Limits do not follow the data";
+
 QString stored_text(const Control& control, const Limit& limit) {
   return shown_number(control, (control.*limit.get)());
 }
@@ -36,10 +39,12 @@ LimitFields::LimitFields(PropertPage& page) : QObject(&page), m_page(page) {
   });
 }
 
-LimitFields::Axis LimitFields::add_axis(const char* step, const Limit& min, const Limit& max) {
+LimitFields::Axis LimitFields::add_axis(const char* step, const Limit& min, const Limit& max,
+                                        const char* note) {
   const Field low = new_field(step, min);
   const Field high = new_field(step, max);
-  const Axis axis{low.box, high.box};
+  const Axis axis{low.box, high.box, m_page.note(note, kKept)};
+  m_page.on_filling([this, axis](Control& control) { update_note(axis, control); });
   store_when_changed(low, high, axis);
   store_when_changed(high, low, axis);
   return axis;
@@ -48,7 +53,9 @@ LimitFields::Axis LimitFields::add_axis(const char* step, const Limit& min, cons
 LimitFields::Field LimitFields::new_field(const char* step, const Limit& limit) {
   const Field field{m_page.text_box(limit.name, limit.description), &limit, step};
   field.box->setToolTip(
-      QStringLiteral("Stored while the minimum is below the maximum; drawn by Apply"));
+      QStringLiteral("Stored while the minimum is below the maximum; drawn by Enter or Apply"));
+  connect(field.box, &QLineEdit::returnPressed, this,
+          [this] { m_page.handle([](Control& control) { control.build_the_graph(); }); });
   m_page.on_filling([this, field](Control& control) {
     show_stored(field, control);
     mark(field, control);
@@ -61,7 +68,8 @@ LimitFields::Field LimitFields::new_field(const char* step, const Limit& limit) 
 // graph with a range that the user does not want.
 void LimitFields::store_when_changed(const Field& changed, const Field& other, const Axis& axis) {
   connect(changed.box, &QLineEdit::textChanged, this, [this, changed, other, axis] {
-    m_page.edit(typing(changed.limit->name, changed.step), [&](Control& control) {
+    bool turned_off = false;
+    const auto store_limits = [&](Control& control) {
       const auto limit_in = [&](const QLineEdit& box) {
         return axis_limit(text_of(box), text_of(*axis.min), text_of(*axis.max),
                           control.decimal_separator());
@@ -71,13 +79,33 @@ void LimitFields::store_when_changed(const Field& changed, const Field& other, c
       const bool other_is_stored = is_stored(*other.box, *other.limit, control);
       // One limit without the other could store a minimum above the maximum.
       if (value && (other_is_stored || other_value)) {
+        turned_off = bool(control.Autoscale()) && !is_stored(*changed.box, *changed.limit, control);
+        // Otherwise the limits would be computed anew when a curve is hidden.
+        if (turned_off) control.set_Autoscale(false);
         store(*changed.limit, *value, *changed.box, control);
         if (!other_is_stored) store(*other.limit, *other_value, *other.box, control);
       }
       mark(changed, control);
       mark(other, control);
-    });
+      update_note(axis, control);
+    };
+    // Shows the box that is off now.
+    if (m_page.edit(typing(changed.limit->name, changed.step), store_limits) && turned_off)
+      m_page.refill();
   });
+}
+
+void LimitFields::update_note(const Axis& axis, const Control& control) const {
+  QString text;
+  if (m_refused.count(axis.min) > 0 || m_refused.count(axis.max) > 0) {
+    text = QString::fromStdString(
+        limits_refusal(text_of(*axis.min), text_of(*axis.max), control.decimal_separator()));
+  } else if (!control.Autoscale()) {
+    text = QLatin1String(kKept);
+  }
+  axis.note->setText(text);
+  axis.min->setAccessibleDescription(text);
+  axis.max->setAccessibleDescription(text);
 }
 
 void LimitFields::show_stored(const Field& field, const Control& control) const {

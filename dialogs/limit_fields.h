@@ -4,10 +4,15 @@
 // limit that was refused before is stored together with the one that makes it valid. A text that is
 // not stored is red. It stays while the user moves between the four fields or works in another
 // window. When another field of this window gets the focus, the stored limit is shown again.
+//
+// A limit that the user has typed is kept: in the same step, the limits stop following the data. A
+// line below the two fields says so, and why a text is refused. Whether an axis is computed as the
+// exact range stays as it is, because "Restore Limits and Margins" computes the limits by that.
 #pragma once
 
 #include <KurvGraph/control.h>
 
+#include <QLabel>
 #include <QLineEdit>
 #include <QObject>
 #include <QWidget>
@@ -35,9 +40,10 @@ class LimitFields final : public QObject {
   struct Axis {
     QLineEdit* min;
     QLineEdit* max;
+    QLabel* note;
   };
   // The limits must outlive the page. `step` is what a change of them is called.
-  Axis add_axis(const char* step, const Limit& min, const Limit& max);
+  Axis add_axis(const char* step, const Limit& min, const Limit& max, const char* note);
 
  private:
   struct Field {
@@ -50,6 +56,7 @@ class LimitFields final : public QObject {
   void store_when_changed(const Field& changed, const Field& other, const Axis& axis);
   void show_stored(const Field& field, const Control& control) const;
   void mark(const Field& field, const Control& control);
+  void update_note(const Axis& axis, const Control& control) const;
   // A field of this window has got the focus.
   void on_focus(const QWidget& widget);
   bool contains(const QWidget* widget) const;

@@ -7,6 +7,7 @@
 #include "control/axis_limits.h"
 #include "control/control_state.h"
 #include "dialogs/field_rules.h"
+#include "dialogs/format_box.h"
 #include "dialogs/limit_fields.h"
 #include "dialogs/propert_pages.h"
 
@@ -21,6 +22,7 @@ struct Axis {
   const char* limits_step;
   Limit min;
   Limit max;
+  const char* limits_note;
 
   const char* exact_box;
   const char* exact_caption;
@@ -32,8 +34,10 @@ struct Axis {
   const char* format_caption;
   const char* format_description;
   const char* format_step;
+  const char* format_note;
   String (Control::*format)() const;
   void (Control::*set_format)(const String&);
+  Double (Control::*first_label)() const;
 };
 
 constexpr Axis kX{
@@ -42,6 +46,7 @@ constexpr Axis kX{
     .limits_step = "Change X Limits",
     .min = {"txtXAxis_2", "&Minimum:", "Minimum of the x axis", &Control::xmin, &Control::set_xmin},
     .max = {"txtXAxis_1", "Maxim&um:", "Maximum of the x axis", &Control::xmax, &Control::set_xmax},
+    .limits_note = "lblXLimits",
     .exact_box = "chkXZoom",
     .exact_caption = "&Exact range of the data",
     .is_exact = &GraphDocument::XLimitsExact,
@@ -51,8 +56,10 @@ constexpr Axis kX{
     .format_caption = "Number &format:",
     .format_description = "Number format of the x axis",
     .format_step = "Change X Number Format",
+    .format_note = "lblXFormat",
     .format = &Control::AxisLabelFormatX,
     .set_format = &Control::set_AxisLabelFormatX,
+    .first_label = &Control::xmin,
 };
 
 constexpr Axis kY{
@@ -61,6 +68,7 @@ constexpr Axis kY{
     .limits_step = "Change Y Limits",
     .min = {"txtYAxis_2", "Mi&nimum:", "Minimum of the y axis", &Control::ymin, &Control::set_ymin},
     .max = {"txtYAxis_1", "Max&imum:", "Maximum of the y axis", &Control::ymax, &Control::set_ymax},
+    .limits_note = "lblYLimits",
     .exact_box = "chkYZoom",
     .exact_caption = "Exact range &of the data",
     .is_exact = &GraphDocument::YLimitsExact,
@@ -70,13 +78,67 @@ constexpr Axis kY{
     .format_caption = "Num&ber format:",
     .format_description = "Number format of the y axis",
     .format_step = "Change Y Number Format",
+    .format_note = "lblYFormat",
     .format = &Control::AxisLabelFormatY,
     .set_format = &Control::set_AxisLabelFormatY,
+    .first_label = &Control::ymin,
 };
 
 QStringList formats() {
   return QStringLiteral("0 0.0 0.00 0.000 0.0000 0.00000 0.0E+0 0.00E+0 0.000E+0 0.0000E+0")
       .split(u' ');
+}
+
+// Says why the format in the box is refused, or what it makes of the axis's first label.
+void show_format_note(QLabel& note, FormatBox& box) {
+  const QString refused = QString::fromStdString(format_refusal(box.format()));
+  show_note(note, box,
+            refused.isEmpty() ? QStringLiteral("First label: ") + box.first_label() : refused);
+  if (refused.isEmpty()) {
+    box.lineEdit()->setPalette(QPalette());
+  } else {
+    show_validity(*box.lineEdit(), false);
+  }
+}
+
+void store_format(const Axis& axis, Control& control, FormatBox& box) {
+  const String format = box.format();
+  if (!format_refusal(format).empty()) return;
+  box.lineEdit()->setModified(false);
+  if ((control.*axis.format)() == format) return;
+  (control.*axis.set_format)(format);
+  control.build_the_graph();
+}
+
+// What is typed is stored and drawn as it is typed, as long as it is accepted.
+FormatBox* format_box(PropertPage& page, const Axis& axis, QLabel* note) {
+  auto* const box = new FormatBox(formats(), &page);
+  box->setObjectName(QLatin1String(axis.format_box));
+  box->setAccessibleName(QString::fromUtf8(axis.format_description));
+  box->setToolTip(
+      QStringLiteral("0 is a digit, # a digit where there is one.\n"
+                     "Choose a format or type one, such as #,##0.0"));
+  page.on_filling([=, &axis](Control& control) {
+    box->show_format((control.*axis.format)(), (control.*axis.first_label)());
+    show_format_note(*note, *box);
+  });
+  const auto store = [=, &page, &axis](const StepLabel& step) {
+    show_format_note(*note, *box);
+    page.edit(step, [=, &axis](Control& control) { store_format(axis, control, *box); });
+  };
+  const auto choose = [=, &axis](int index) {
+    if (index >= 0) store({axis.format_step});
+  };
+  QObject::connect(box, &QComboBox::currentIndexChanged, &page, choose);
+  // The item may be the current one although another text has been typed since.
+  QObject::connect(box, &QComboBox::activated, &page, choose);
+  QObject::connect(box->lineEdit(), &QLineEdit::textEdited, &page,
+                   [=, &axis] { store(typing(axis.format_box, axis.format_step)); });
+  QObject::connect(box->lineEdit(), &QLineEdit::editingFinished, &page, [&page] {
+    page.end_merging();
+    page.refill();
+  });
+  return box;
 }
 
 QCheckBox* exact_box(PropertPage& page, const Axis& axis) {
@@ -92,15 +154,16 @@ QCheckBox* exact_box(PropertPage& page, const Axis& axis) {
 QGroupBox* axis_frame(PropertPage& page, LimitFields& limits, const Axis& axis) {
   QGroupBox* const frame = page.frame(axis.frame, axis.caption);
   auto* const form = new QFormLayout(frame);
-  const auto [min, max] = limits.add_axis(axis.limits_step, axis.min, axis.max);
-  form->addRow(QString::fromUtf8(axis.min.caption), min);
-  form->addRow(QString::fromUtf8(axis.max.caption), max);
+  const LimitFields::Axis fields =
+      limits.add_axis(axis.limits_step, axis.min, axis.max, axis.limits_note);
+  form->addRow(QString::fromUtf8(axis.min.caption), fields.min);
+  form->addRow(QString::fromUtf8(axis.max.caption), fields.max);
+  form->addRow(fields.note);
   form->addRow(exact_box(page, axis));
-  QComboBox* const format = page.list_box(
-      axis.format_box, axis.format_description, axis.format_step, formats(),
-      [&axis](Control& control) { return QString::fromStdString((control.*axis.format)()); },
-      store_and_draw(axis.set_format));
+  QLabel* const note = page.note(axis.format_note, "Shows no number: use 0 and #");
+  FormatBox* const format = format_box(page, axis, note);
   form->addRow(page.label(axis.format_label, axis.format_caption, format), format);
+  form->addRow(note);
   return frame;
 }
 

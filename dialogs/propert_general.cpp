@@ -5,6 +5,7 @@
 #include "control/control_state.h"
 #include "control/prompted_settings.h"
 #include "dialogs/field_rules.h"
+#include "dialogs/length_text.h"
 #include "dialogs/propert_pages.h"
 #include "model/axis_range.h"
 
@@ -13,6 +14,9 @@ namespace kurv {
 namespace {
 
 using MarginOf = Integer (Control::*)() const;
+
+// Of each margin: a label, the field, a note and a gap.
+constexpr int kMarginColumns = 4;
 
 // Computes the limits before the redraw, which does not compute them.
 void set_autoscale(Control& control, Boolean on) {
@@ -51,29 +55,40 @@ QLineEdit* margin_box(PropertPage& page, const char* name, const char* descripti
   return box;
 }
 
+// A length that is no margin of this graph is refused by a message when it is entered.
+QString margin_refusal(std::string_view text, char decimal_separator) {
+  const bool is_length = length_in_twips(text, decimal_separator).has_value();
+  return is_length ? QString() : QStringLiteral("not a length");
+}
+
 QGroupBox* margins(PropertPage& page) {
   QGroupBox* const frame = page.frame("Frame1", "Margins in twips, 1440 to the inch");
   auto* const grid = new QGridLayout(frame);
   int cell = 0;
-  const auto add = [&](const char* label, const char* caption, QLineEdit* box) {
-    box->setToolTip(QStringLiteral("Applied when you press Enter or leave the field"));
-    grid->addWidget(page.label(label, caption, box), cell / 2, cell % 2 * 3);
-    grid->addWidget(box, cell / 2, cell % 2 * 3 + 1);
+  const auto add = [&](const char* label, const char* caption, const char* note, QLineEdit* box) {
+    box->setToolTip(
+        QStringLiteral("Twips, or a number with mm, cm, in, pt or px.\n"
+                       "Applied when you press Enter or leave the field"));
+    const int row = cell / 2;
+    const int column = cell % 2 * kMarginColumns;
+    grid->addWidget(page.label(label, caption, box), row, column);
+    grid->addWidget(box, row, column + 1);
+    grid->addWidget(page.length_note(note, "not a length", *box, margin_refusal), row, column + 2);
     ++cell;
   };
-  add("Label2", "To&p:",
+  add("Label2", "To&p:", "lblMarginTop",
       margin_box(page, "txtMarginTop", "Top margin in twips", Margin::kTop, &Control::Top_margine));
-  add("Label3", "&Bottom:",
+  add("Label3", "&Bottom:", "lblMarginBottom",
       margin_box(page, "txtMarginBottom", "Bottom margin in twips", Margin::kBottom,
                  &Control::Bottom_margine));
-  add("Label4", "L&eft:",
+  add("Label4", "L&eft:", "lblMarginLeft",
       margin_box(page, "txtMarginLeft", "Left margin in twips", Margin::kLeft,
                  &Control::Left_margine));
-  add("Label5", "R&ight:",
+  add("Label5", "R&ight:", "lblMarginRight",
       margin_box(page, "txtMarginRight", "Right margin in twips", Margin::kRight,
                  &Control::Right_margine));
   // A gap between the two columns.
-  grid->setColumnMinimumWidth(2, frame->fontMetrics().averageCharWidth() * 2);
+  grid->setColumnMinimumWidth(kMarginColumns - 1, frame->fontMetrics().averageCharWidth() * 2);
   return frame;
 }
 

@@ -1,9 +1,11 @@
 #include <KurvGraph/limits.h>
 
 #include <QFormLayout>
+#include <QHBoxLayout>
 
 #include "control/control_state.h"
 #include "dialogs/field_rules.h"
+#include "dialogs/length_text.h"
 #include "dialogs/propert_pages.h"
 
 namespace kurv {
@@ -30,12 +32,19 @@ QComboBox* width_box(PropertPage& page, const char* name, const char* descriptio
 // Both texts of the marker size's field name its range.
 static_assert(kMinEnteredMarkerSize == 10 && kMaxEnteredMarkerSize == 200);
 
+QString marker_refusal(std::string_view text, char decimal_separator) {
+  if (!length_in_twips(text, decimal_separator)) return QStringLiteral("not a length");
+  const bool is_accepted = marker_size(text, decimal_separator).has_value();
+  return is_accepted ? QString() : QStringLiteral("must be 10 to 200");
+}
+
 QLineEdit* marker_box(PropertPage& page) {
   QLineEdit* const box =
       page.number_box("txtMarkerSize", "Marker size in twips, 10 to 200", "Change Marker Size",
                       &Control::MarkerSize, &Control::set_MarkerSize, marker_size);
   QObject::connect(box, &QLineEdit::returnPressed, &page,
                    [&page] { page.handle([](Control& control) { control.build_the_graph(); }); });
+  box->setToolTip(QStringLiteral("Twips, or a number with mm, cm, in, pt or px"));
   return box;
 }
 
@@ -58,7 +67,10 @@ void build_lines_page(PropertPage& page) {
   form->addRow(draw);
   QLineEdit* const size = marker_box(page);
   QLabel* const label = page.label("lblMarkerSize", "Marker &size in twips, 10 to 200:", size);
-  form->addRow(label, size);
+  auto* const field = new QHBoxLayout;
+  field->addWidget(size, 1);
+  field->addWidget(page.length_note("lblMarkerLength", "must be 10 to 200", *size, marker_refusal));
+  form->addRow(label, field);
   label->setEnabled(draw->isChecked());
   QObject::connect(draw, &QCheckBox::toggled, label, &QLabel::setEnabled);
   page.setFocusProxy(curves);

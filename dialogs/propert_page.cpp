@@ -5,11 +5,15 @@
 
 #include <QColor>
 #include <QEvent>
+#include <QLocale>
 #include <QPalette>
+#include <cmath>
 #include <utility>
 
 #include "dialogs/box_outline.h"
+#include "dialogs/field_rules.h"
 #include "dialogs/frm_propert.h"
+#include "dialogs/length_text.h"
 #include "model/palette.h"
 
 namespace kurv {
@@ -51,6 +55,14 @@ class LegibleLabel final : public QLabel {
   }
 };
 
+// In the units of the desktop's language. Too large a length is shown as what it is stored as.
+QString usual_length(std::string_view text, char decimal_separator) {
+  const bool is_metric = QLocale().measurementSystem() == QLocale::MetricSystem;
+  const Integer twips = margin_twips(text, decimal_separator);
+  return QString::fromStdString(is_metric ? in_millimetres(twips, decimal_separator)
+                                          : in_inches(twips, decimal_separator));
+}
+
 void set_object_name(QWidget& widget, const char* name) {
   widget.setObjectName(QLatin1String(name));
 }
@@ -89,6 +101,11 @@ std::string text_of(const QLineEdit& box) {
   return box.text().toStdString();
 }
 
+void show_note(QLabel& note, QWidget& field, const QString& text) {
+  note.setText(text);
+  field.setAccessibleDescription(text);
+}
+
 StepLabel typing(const char* name, const char* step) {
   return {.name = step, .key = name};
 }
@@ -109,11 +126,15 @@ void PropertPage::refill() {
   m_window.refill();
 }
 
+void PropertPage::end_merging() {
+  m_window.end_merging();
+}
+
 QLineEdit* PropertPage::text_box(const char* name, const char* description) {
   auto* const box = new QLineEdit(this);
   set_object_name(*box, name);
   box->setAccessibleName(QString::fromUtf8(description));
-  connect(box, &QLineEdit::editingFinished, &m_window, &frmPropert::end_merging);
+  connect(box, &QLineEdit::editingFinished, this, &PropertPage::end_merging);
   return box;
 }
 
@@ -196,6 +217,29 @@ QLabel* PropertPage::label(const char* name, const char* caption, QWidget* buddy
   set_object_name(*label, name);
   label->setBuddy(buddy);
   return label;
+}
+
+QLabel* PropertPage::note(const char* name, const char* widest) {
+  QLabel* const note = label(name, "", nullptr);
+  note->setTextFormat(Qt::PlainText);
+  // So that nothing moves when the text changes.
+  note->setMinimumSize(note->fontMetrics().horizontalAdvance(QString::fromUtf8(widest)),
+                       note->fontMetrics().height());
+  return note;
+}
+
+QLabel* PropertPage::length_note(
+    const char* name, const char* widest, QLineEdit& box,
+    std::function<QString(std::string_view text, char separator)> refusal) {
+  QLabel* const beside = note(name, widest);
+  connect(&box, &QLineEdit::textChanged, beside,
+          [this, &box, beside, refusal = std::move(refusal)] {
+            const char separator = m_window.decimal_separator();
+            const QString refused = refusal(text_of(box), separator);
+            show_note(*beside, box,
+                      refused.isEmpty() ? usual_length(text_of(box), separator) : refused);
+          });
+  return beside;
 }
 
 QGroupBox* PropertPage::frame(const char* name, const char* caption) {

@@ -66,6 +66,15 @@ class PropertPage final : public QWidget {
   // Legible on any desktop, also while it is disabled.
   QLabel* label(const char* name, const char* caption, QWidget* buddy);
   QGroupBox* frame(const char* name, const char* caption);
+  // What is said beside a field, empty at first. It always has the space for one line as wide as
+  // the text `widest`.
+  QLabel* note(const char* name, const char* widest);
+  // Millimetres, or inches where those are usual, beside a field of twips, as they are typed.
+  // `refusal` says why a length is not accepted, and is empty where it is.
+  QLabel* length_note(const char* name, const char* widest, QLineEdit& box,
+                      std::function<QString(std::string_view text, char separator)> refusal);
+  // What is typed from here on is a step of its own.
+  void end_merging();
 
  private:
   frmPropert& m_window;
@@ -93,6 +102,8 @@ void show_text(QLineEdit& box, const QString& text);
 // Shows the text in black where it is accepted, in red where it is not.
 void show_validity(QLineEdit& box, bool accepted);
 std::string text_of(const QLineEdit& box);
+// Shows the text beside the field, and gives it to screen readers as the field's description.
+void show_note(QLabel& note, QWidget& field, const QString& text);
 // The label of what is typed into the field `name`.
 StepLabel typing(const char* name, const char* step);
 

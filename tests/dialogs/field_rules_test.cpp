@@ -120,6 +120,53 @@ TEST(FieldRules, NeedsTheOtherLimitToBeANumberToo) {
   EXPECT_EQ(axis_limit("1", "1", "Inf", '.'), 1);
 }
 
+TEST(FieldRules, AMarkerSizeMayHaveAUnit) {
+  expect_all(marker_size, {{"1 mm", 57},
+                           {"3pt", 60},
+                           {"0.1 in", 144},
+                           {"10 px", 150},
+                           {"40 twips", 40},
+                           {"0.1 mm", kNone},
+                           {"1 in", kNone},
+                           {"1e308 in", kNone},
+                           {"NaN mm", kNone},
+                           {"mm", kNone},
+                           {"1 mile", kNone}});
+}
+
+TEST(FieldRules, AMarginMayHaveAUnitAndIsClamped) {
+  EXPECT_EQ(margin_twips("12 mm", '.'), 680);
+  EXPECT_EQ(margin_twips("0,5 in", '.'), 720);
+  EXPECT_EQ(margin_twips("1e308 in", '.'), 32767);
+  EXPECT_EQ(margin_twips("-1e308 cm", '.'), -32768);
+  EXPECT_EQ(margin_twips("Inf mm", '.'), 0);
+  EXPECT_EQ(margin_twips("12 furlongs", '.'), 0);
+}
+
+TEST(FieldRules, SaysWhyLimitsAreRefused) {
+  EXPECT_EQ(limits_refusal("1", "2", '.'), "");
+  EXPECT_EQ(limits_refusal("", "2", '.'), "Minimum: not a number");
+  EXPECT_EQ(limits_refusal("NaN", "x", '.'), "Minimum: not a number");
+  EXPECT_EQ(limits_refusal("1,5", "2", '.'), "Minimum: not a number");
+  EXPECT_EQ(limits_refusal("1,5", "2", ','), "");
+  EXPECT_EQ(limits_refusal("1", "abc", '.'), "Maximum: not a number");
+  EXPECT_EQ(limits_refusal("1", "Inf", '.'), "Limits must be finite");
+  EXPECT_EQ(limits_refusal("-1e999", "1", '.'), "Limits must be finite");
+  EXPECT_EQ(limits_refusal("2", "2", '.'), "Minimum must be below maximum");
+  EXPECT_EQ(limits_refusal("3", "2", '.'), "Minimum must be below maximum");
+}
+
+TEST(FieldRules, TakesFormatsThatShowNumbers) {
+  for (const char* format : {"0", "#", "#,##0.0", "0.00E+0", "0 %", "\"about \"0", "0,,", "0,,,,",
+                             "0;-0;none", "0.0 m", ".0", ";"}) {
+    EXPECT_EQ(format_refusal(format), "") << format;
+  }
+  for (const char* format : {"abc", "\"0.00\"", " ", "E+", "\\0", ".", "%", "\xff"}) {
+    EXPECT_EQ(format_refusal(format), "Shows no number: use 0 and #") << format;
+  }
+  EXPECT_EQ(format_refusal(""), "Type a format such as 0.00");
+}
+
 }  // namespace
 
 }  // namespace kurv

@@ -175,10 +175,13 @@ TEST_F(FrmPropert, OffersTheWidthsAndFormatsInTheirOrder) {
 
 TEST_F(FrmPropert, AFormatIsStoredAndDrawn) {
   open(kAxesPage);
-  press("cmbXFormat", Qt::Key_End);
-  EXPECT_EQ(graph().AxisLabelFormatX(), "0.0000E+0");
+  graph().set_AxisLabelFormatX("0.00");
+  graph().set_AxisLabelFormatY("0.0");
+  window->refill();
+  press("cmbXFormat", Qt::Key_Down);
+  EXPECT_EQ(graph().AxisLabelFormatX(), "0.000");
   EXPECT_EQ(client.redraws(), 1);
-  press("cmbYFormat", Qt::Key_End);
+  list("cmbYFormat")->setCurrentIndex(9);
   EXPECT_EQ(graph().AxisLabelFormatY(), "0.0000E+0");
   EXPECT_EQ(client.redraws(), 1);
 }

@@ -111,11 +111,11 @@ TEST_F(PropertWindow, ARefusedLimitIsRestoredWhenTheFocusLeavesTheLimits) {
 
 TEST_F(PropertWindow, AFontDialogOpensAndTheWindowHasTheKeyboardAgain) {
   m_graph.set_TitleFontName("Liberation Sans");
-  does({"alt+t", "alt+e"}).in<QFontDialog>({"key", "Escape"});
+  does({"alt+t", "alt+e"}).in<FontDialog>({"key", "Escape"});
   does({"alt+i"});
   writes({"S", "u", "n"}).sees([&] { return m_graph.Title() == "Sun"; });
   expect_closed_by_escape();
-  EXPECT_THAT(m_user.shown, ElementsAre("Liberation Sans"));
+  EXPECT_THAT(m_user.shown, ElementsAre("Title Font"));
 }
 
 TEST_F(PropertWindow, SpaceTurnsTheFirstSwitchAndALetterAnotherOne) {

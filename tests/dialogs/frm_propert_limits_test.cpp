@@ -27,6 +27,69 @@ TEST_F(FrmPropert, StoresTheLimitThatIsTypedAndDrawsOnlyOnApply) {
   EXPECT_EQ(graph().ymax(), 1000);
 }
 
+TEST_F(FrmPropert, ReturnInALimitApplies) {
+  open(kAxesPage);
+  for (const char* name : {"txtXAxis_1", "txtXAxis_2", "txtYAxis_1", "txtYAxis_2"}) {
+    press(name, Qt::Key_Return);
+    EXPECT_EQ(client.redraws(), 1) << name;
+    press(name, Qt::Key_Enter);
+    EXPECT_EQ(client.redraws(), 1) << name;
+  }
+  type("txtXAxis_1", "12");
+  EXPECT_EQ(client.redraws(), 0);
+  press("txtXAxis_1", Qt::Key_Return);
+  EXPECT_EQ(client.redraws(), 1);
+  EXPECT_EQ(graph().xmax(), 12);
+  EXPECT_TRUE(window->isVisible());
+}
+
+TEST_F(FrmPropert, SaysBelowTheLimitsWhyOneIsRefused) {
+  open(kAxesPage);
+  const auto note = [&](const char* name) { return find<QLabel>(name)->text().toStdString(); };
+  type("txtXAxis_2", "9");
+  EXPECT_EQ(note("lblXLimits"), "Minimum must be below maximum");
+  EXPECT_EQ(box("txtXAxis_2")->accessibleDescription(), "Minimum must be below maximum");
+  EXPECT_EQ(note("lblYLimits"), "");
+  press("txtXAxis_2", Qt::Key_Return);
+  EXPECT_EQ(text("txtXAxis_2"), "9");
+  EXPECT_EQ(note("lblXLimits"), "Minimum must be below maximum");
+  type("txtXAxis_2", "abc");
+  EXPECT_EQ(note("lblXLimits"), "Minimum: not a number");
+  box("txtAxisTicks")->setFocus();
+  EXPECT_EQ(note("lblXLimits"), "");
+  type("txtYAxis_1", "1e999");
+  EXPECT_EQ(note("lblYLimits"), "Limits must be finite");
+}
+
+TEST_F(FrmPropert, ATypedLimitIsKept) {
+  graph().set_undo_enabled(true);
+  open(kAxesPage);
+  ASSERT_TRUE(check("chkAutoScale")->isChecked());
+  EXPECT_EQ(find<QLabel>("lblXLimits")->text(), "");
+  type("txtXAxis_1", "12");
+  EXPECT_FALSE(bool(graph().Autoscale()));
+  EXPECT_FALSE(check("chkAutoScale")->isChecked());
+  EXPECT_EQ(find<QLabel>("lblXLimits")->text(), "Limits do not follow the data");
+  EXPECT_EQ(find<QLabel>("lblYLimits")->text(), "Limits do not follow the data");
+  EXPECT_EQ(graph().xmax(), 12);
+  EXPECT_EQ(text("txtXAxis_1"), "12");
+
+  graph().undo();
+  window->refill();
+  EXPECT_EQ(graph().xmax(), 3);
+  EXPECT_TRUE(check("chkAutoScale")->isChecked()) << "one step with the limit";
+  EXPECT_EQ(find<QLabel>("lblXLimits")->text(), "");
+  EXPECT_FALSE(graph().undo_text());
+}
+
+TEST_F(FrmPropert, ALimitThatIsTypedAsItIsTurnsNothingOff) {
+  open(kAxesPage);
+  type("txtYAxis_1", "5");
+  EXPECT_TRUE(bool(graph().Autoscale()));
+  type("txtYAxis_1", "x");
+  EXPECT_TRUE(bool(graph().Autoscale()));
+}
+
 TEST_F(FrmPropert, LeavesALimitAloneWhileThePairIsNone) {
   open(kAxesPage);
   for (const char* keys : {"3", "4", "abc", "-", "NaN", "-Inf"}) {
