@@ -9,6 +9,7 @@
 
 #include "control/control_state.h"
 #include "control/redraw.h"
+#include "control/titled_font_dialog.h"
 #include "control/undo.h"
 
 namespace kurv {
@@ -123,11 +124,16 @@ void store_subtitle_font(GraphDocument& document, const Font& font) {
   document.SubTitleFontItalic = font.FontItalic;
 }
 
-void prompt_font(ControlState& state, const Font& preset, const char* name,
+std::optional<Font> ask_for_font(Shell& shell, const Font& preset, const char* title) {
+  auto* const titled = dynamic_cast<TitledFontDialog*>(&shell);
+  return titled ? titled->choose_font(preset, title) : shell.choose_font(preset);
+}
+
+void prompt_font(ControlState& state, const Font& preset, const char* title, const char* step_name,
                  void (*store)(GraphDocument&, const Font&)) {
-  const std::optional<Font> font = state.shell.choose_font(preset);
+  const std::optional<Font> font = ask_for_font(state.shell, preset, title);
   if (!font) return;
-  const StepRecorder step(state, {name});
+  const StepRecorder step(state, {step_name});
   store(state.document, *font);
   build_the_graph(state);
 }
@@ -149,12 +155,14 @@ void prompt(ControlState& state, PromptedSetting setting) {
     case PromptedSetting::kXAxisTitle:
       return prompt_x_title(state);
     case PromptedSetting::kAxisFont:
-      return prompt_font(state, axis_font(state.document), "Change Axis Font", store_axis_font);
+      return prompt_font(state, axis_font(state.document), "Axis and Legend Font",
+                         "Change Axis Font", store_axis_font);
     case PromptedSetting::kTitleFont:
-      return prompt_font(state, title_font(state.document), "Change Title Font", store_title_font);
+      return prompt_font(state, title_font(state.document), "Title Font", "Change Title Font",
+                         store_title_font);
     case PromptedSetting::kSubtitleFont:
-      return prompt_font(state, subtitle_font(state.document), "Change Subtitle Font",
-                         store_subtitle_font);
+      return prompt_font(state, subtitle_font(state.document), "Subtitle Font",
+                         "Change Subtitle Font", store_subtitle_font);
   }
 }
 

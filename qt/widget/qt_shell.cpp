@@ -6,7 +6,6 @@
 #include <QClipboard>
 #include <QFile>
 #include <QFileDialog>
-#include <QFontDialog>
 #include <QImage>
 #include <QInputDialog>
 #include <QLabel>
@@ -14,6 +13,7 @@
 #include <algorithm>
 
 #include "dialogs/shared_windows.h"
+#include "qt/widget/font_dialog.h"
 
 namespace kurv {
 
@@ -201,18 +201,17 @@ FileChoice QtShell::save_file(const SaveDialog& settings) {
 }
 
 std::optional<Font> QtShell::choose_font(const Font& preset) {
+  return choose_font(preset, "Font");
+}
+
+std::optional<Font> QtShell::choose_font(const Font& preset, std::string_view title) {
   if (!can_show_dialogs()) return {};
-  QFont font(QString::fromStdString(preset.FontName));
-  if (preset.FontSize > 0) font.setPointSizeF(preset.FontSize);
-  font.setBold(preset.FontBold);
-  font.setItalic(preset.FontItalic);
-  Modal<QFontDialog> dialog(dialog_parent(m_owner));
-  dialog->setCurrentFont(font);
+  Modal<FontDialog> dialog(dialog_parent(m_owner));
+  dialog->setWindowTitle(shown_text(title));
+  dialog->set_font(preset);
   scroll_on_small_screen(*dialog.get());
   if (!dialog.accepted()) return {};
-  const QFont chosen = dialog->selectedFont();
-  return Font{chosen.family().toStdString(), to_single(chosen.pointSizeF()), chosen.bold(),
-              chosen.italic()};
+  return dialog->chosen_font();
 }
 
 // Qt offers an image in every format that it can write, PNG and BMP among them. setImage() replaces

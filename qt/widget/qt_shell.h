@@ -10,6 +10,7 @@
 #include <string_view>
 #include <utility>
 
+#include "control/titled_font_dialog.h"
 #include "dialogs/client.h"
 
 namespace kurv {
@@ -30,7 +31,7 @@ QWidget* dialog_parent(const QWidget* owner);
 
 // The desktop of a widget. Dialogs open in front of dialog_parent(owner). When that is destroyed
 // under an open dialog, or the application has ended already, the answer is No or nothing.
-class QtShell final : public Shell {
+class QtShell final : public Shell, public TitledFontDialog {
  public:
   // The shared windows serve `client`; without one this shell shows none.
   explicit QtShell(QWidget& owner, Client* client = nullptr) : m_owner(&owner), m_client(client) {}
@@ -50,6 +51,7 @@ class QtShell final : public Shell {
   FileChoice open_file(const OpenDialog& dialog) override;
   FileChoice save_file(const SaveDialog& dialog) override;
   std::optional<Font> choose_font(const Font& preset) override;
+  std::optional<Font> choose_font(const Font& preset, std::string_view title) override;
   void copy_picture(std::string_view bitmap) override;
   void load_windows() override;
   void show_window(Window window, Integer page) override;

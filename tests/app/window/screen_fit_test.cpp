@@ -2,7 +2,6 @@
 #include <KurvGraph/screen_fit.h>
 
 #include <QDialogButtonBox>
-#include <QFontDialog>
 #include <QInputDialog>
 #include <QScreen>
 #include <QScrollBar>
@@ -11,6 +10,7 @@
 #include <QWindow>
 
 #include "app/window/window_message.h"
+#include "qt/widget/font_dialog.h"
 #include "tests/app/window/window_fixture.h"
 
 namespace kurv::app {
@@ -197,7 +197,7 @@ TEST_F(ScreenFit, TheDialogsAboutFilesFit) {
 TEST_F(ScreenFit, TheFontDialogFits) {
   MainWindow* const kurv = window_of(table());
   EXPECT_TRUE(fits(*kurv));
-  answer<QFontDialog>([](QFontDialog& dialog) {
+  answer<FontDialog>([](FontDialog& dialog) {
     EXPECT_TRUE(fits(dialog));
     dialog.reject();
   });

@@ -4,12 +4,15 @@
 #include <gmock/gmock.h>
 
 #include <QAbstractButton>
+#include <QAbstractSpinBox>
 #include <QApplication>
+#include <QCheckBox>
 #include <QComboBox>
 #include <QDir>
+#include <QDoubleSpinBox>
 #include <QFile>
 #include <QFileDialog>
-#include <QFontDialog>
+#include <QFontComboBox>
 #include <QInputDialog>
 #include <QLabel>
 #include <QLineEdit>
@@ -17,6 +20,8 @@
 #include <QTemporaryDir>
 #include <QTimer>
 #include <functional>
+
+#include "qt/widget/font_dialog.h"
 
 namespace kurv {
 namespace {
@@ -183,19 +188,56 @@ TEST_F(QtShellTest, OnlyTheFlagMakesASaveDialogAsk) {
 }
 
 TEST_F(QtShellTest, FontsComeBackAsChosen) {
-  const Answering<QFontDialog> answering([](QFontDialog& dialog) {
-    EXPECT_EQ(dialog.currentFont().pointSizeF(), 10);
-    EXPECT_TRUE(dialog.currentFont().bold());
-    dialog.setCurrentFont(QFont("Liberation Sans", 14, QFont::Normal, true));
+  const Answering<FontDialog> answering([](FontDialog& dialog) {
+    EXPECT_EQ(dialog.findChild<QDoubleSpinBox*>("spnFontSize")->value(), 10);
+    EXPECT_TRUE(dialog.findChild<QCheckBox*>("chkFontBold")->isChecked());
+    dialog.findChild<QFontComboBox*>("cmbFontName")->setEditText("Liberation Serif");
+    dialog.findChild<QDoubleSpinBox*>("spnFontSize")->setValue(14);
+    dialog.findChild<QCheckBox*>("chkFontBold")->click();
+    dialog.findChild<QCheckBox*>("chkFontItalic")->click();
     dialog.accept();
   });
   const std::optional<Font> font = m_shell.choose_font({"Liberation Sans", 10, true, false});
   ASSERT_TRUE(font);
-  EXPECT_EQ(*font, (Font{"Liberation Sans", 14, false, true}));
+  EXPECT_EQ(*font, (Font{"Liberation Serif", 14, false, true}));
+}
+
+TEST_F(QtShellTest, WhatIsLeftAloneInTheFontDialogStaysTheSame) {
+  for (const Font& font :
+       {Font{"No Such Font", Single(8.126), true, true}, Font{"", 0, false, false},
+        Font{"Liberation Sans", 1e30F, false, true}}) {
+    const Answering<FontDialog> answering([](FontDialog& dialog) { dialog.accept(); });
+    EXPECT_EQ(m_shell.choose_font(font), font) << font.FontName;
+  }
+}
+
+TEST_F(QtShellTest, TheFontDialogSaysWhichFontAndOffersWhatIsKept) {
+  const Answering<FontDialog> answering([](FontDialog& dialog) {
+    EXPECT_EQ(dialog.windowTitle(), "Subtitle Font");
+    EXPECT_EQ(dialog.findChildren<QCheckBox*>().size(), 2);
+    EXPECT_EQ(dialog.findChildren<QComboBox*>().size(), 1);
+    EXPECT_EQ(dialog.findChildren<QAbstractSpinBox*>().size(), 1);
+    dialog.reject();
+  });
+  EXPECT_FALSE(m_shell.choose_font({}, "Subtitle Font"));
+}
+
+TEST_F(QtShellTest, TheSampleShowsTheFont) {
+  const Answering<FontDialog> answering([](FontDialog& dialog) {
+    const QLabel* const sample = dialog.findChild<QLabel*>("lblFontSample");
+    EXPECT_EQ(sample->font().family(), "Liberation Sans");
+    EXPECT_EQ(sample->font().pointSizeF(), 10);
+    dialog.findChild<QCheckBox*>("chkFontItalic")->click();
+    dialog.findChild<QDoubleSpinBox*>("spnFontSize")->setValue(20);
+    EXPECT_TRUE(sample->font().italic());
+    EXPECT_EQ(sample->font().pointSizeF(), 20);
+    dialog.reject();
+  });
+  EXPECT_FALSE(m_shell.choose_font({"Liberation Sans", 10, true, false}));
 }
 
 TEST_F(QtShellTest, ACancelledFontDialogHasNoFont) {
-  const Answering<QFontDialog> answering([](QFontDialog& dialog) { dialog.reject(); });
+  const Answering<FontDialog> answering([](FontDialog& dialog) { dialog.reject(); });
   EXPECT_FALSE(m_shell.choose_font({}));
 }
 

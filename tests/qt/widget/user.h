@@ -5,7 +5,6 @@
 
 #include <QApplication>
 #include <QElapsedTimer>
-#include <QFontDialog>
 #include <QInputDialog>
 #include <QMenu>
 #include <QMessageBox>
@@ -17,6 +16,8 @@
 #include <string>
 #include <utility>
 #include <vector>
+
+#include "qt/widget/font_dialog.h"
 
 namespace kurv::test {
 
@@ -99,9 +100,7 @@ class User {
   }
   void note(const QInputDialog* prompt) { shown.push_back(prompt->labelText().toStdString()); }
   void note(const QMessageBox* box) { shown.push_back(box->text().toStdString()); }
-  void note(const QFontDialog* dialog) {
-    shown.push_back(dialog->currentFont().family().toStdString());
-  }
+  void note(const FontDialog* dialog) { shown.push_back(dialog->windowTitle().toStdString()); }
   // One thing at a time: the next one waits until the tool has pressed all keys.
   void step() {
     if (m_tool.state() != QProcess::NotRunning) return;

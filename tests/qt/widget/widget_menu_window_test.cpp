@@ -105,9 +105,9 @@ TEST_F(MenuWindow, AnEscapedPromptChangesNothing) {
 TEST_F(MenuWindow, TheFontDialogComesWithTheFontAndItsAnswerIsDrawn) {
   m_graph.set_TitleFontName("Liberation Sans");
   User user;
-  user.does(right_click()).in_menu({"key", "i"}).in<QFontDialog>({"key", "Return"});
+  user.does(right_click()).in_menu({"key", "i"}).in<FontDialog>({"key", "Return"});
   EXPECT_TRUE(user.is_done());
-  EXPECT_THAT(user.shown, ElementsAre("Liberation Sans"));
+  EXPECT_THAT(user.shown, ElementsAre("Title Font"));
   EXPECT_TRUE(QTest::qWaitFor([&] { return m_listener.redraws == 1; }, 5000));
   EXPECT_EQ(m_graph.TitleFontName(), "Liberation Sans");
   EXPECT_EQ(m_graph.TitleFontSize(), 11);
