@@ -14,6 +14,8 @@ class Client {
   virtual Control& control() = 0;
   // The host's window that contains the graph; null where there is none.
   virtual QWidget* window() const = 0;
+  // What a window should not cover; null where there is none.
+  virtual const QWidget* plot() const { return window(); }
   // Runs `work` for an action of the user, then shows what it has drawn and reports a fault to the
   // user. The client may be destroyed meanwhile.
   virtual void handle(const std::function<void(Control&)>& work) = 0;

@@ -14,6 +14,8 @@
 #include <cmath>
 #include <utility>
 
+#include "dialogs/placement.h"
+
 namespace kurv {
 
 namespace {
@@ -29,14 +31,6 @@ QMargins expected_frame(const QWidget& window) {
   const QMargins frame = known_frame(window);
   const QWidget* const parent = window.parentWidget();
   return frame.isNull() && parent ? known_frame(*parent->window()) : frame;
-}
-
-// Into the rectangle, from the left and top where it is too small.
-QPoint moved_into(const QRect& area, const QRect& window) {
-  const int right = area.x() + area.width() - window.width();
-  const int bottom = area.y() + area.height() - window.height();
-  return {std::max(area.x(), std::min(window.x(), right)),
-          std::max(area.y(), std::min(window.y(), bottom))};
 }
 
 // A filter of the window's events that lives until the window manager has put a frame around the

@@ -1,5 +1,9 @@
 #include "dialogs/shared_windows.h"
 
+#include <KurvGraph/window_places.h>
+
+#include <QDataStream>
+#include <QIODevice>
 #include <QPointer>
 #include <array>
 
@@ -18,8 +22,13 @@ struct SharedWindow {
   QByteArray geometry;  // where the user left it
 };
 
-std::array<SharedWindow, 3>& all_windows() {
-  static std::array<SharedWindow, 3> all;
+using SharedWindows = std::array<SharedWindow, 3>;
+
+// So that the places are read by later versions of the toolkit too.
+constexpr auto kPlacesVersion = QDataStream::Qt_6_0;
+
+SharedWindows& all_windows() {
+  static SharedWindows all;
   return all;
 }
 
@@ -61,7 +70,8 @@ GraphWindow* window_of(SharedWindow& shared, Window kind) {
   shared.client = client;
   GraphWindow* const window = new_window(kind, parent);
   shared.window = window;
-  window->restoreGeometry(shared.geometry);
+  const QWidget* const plot = client->plot();
+  if (!window->restoreGeometry(shared.geometry) && plot) place_beside(*window, *plot);
   window->set_client(client);
   QObject::connect(window, &QDialog::finished, window, [&shared, window] {
     if (shared.window == window) unload(shared);
@@ -70,6 +80,25 @@ GraphWindow* window_of(SharedWindow& shared, Window kind) {
 }
 
 }  // namespace
+
+QByteArray window_places() {
+  QByteArray places;
+  QDataStream stream(&places, QIODevice::WriteOnly);
+  stream.setVersion(kPlacesVersion);
+  for (const SharedWindow& shared : all_windows()) {
+    stream << (shared.window ? shared.window->saveGeometry() : shared.geometry);
+  }
+  return places;
+}
+
+void set_window_places(const QByteArray& places) {
+  QDataStream stream(places);
+  stream.setVersion(kPlacesVersion);
+  std::array<QByteArray, std::tuple_size_v<SharedWindows>> geometries;
+  for (QByteArray& geometry : geometries) stream >> geometry;
+  if (stream.status() != QDataStream::Ok) return;
+  for (std::size_t i = 0; i < geometries.size(); ++i) all_windows()[i].geometry = geometries[i];
+}
 
 void load_windows(Client& client) {
   for (SharedWindow& shared : all_windows()) load(shared, client);

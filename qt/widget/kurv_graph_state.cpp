@@ -56,6 +56,10 @@ QRect KurvGraph::State::plot_rect() const {
   return {0, top, widget->width(), std::max(widget->height() - top, 0)};
 }
 
+const QWidget* KurvGraph::State::plot() const {
+  return widget ? view : nullptr;
+}
+
 void KurvGraph::State::arrange() {
   const QRect plot = plot_rect();
   toolbar->setGeometry(0, 0, plot.width(), plot.top());

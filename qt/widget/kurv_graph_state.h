@@ -57,6 +57,7 @@ struct KurvGraph::State final : QSharedData, Container, Client {
   // -- For the windows ------------------------------------------------------------------------
   Control& control() override { return graph; }
   QWidget* window() const override { return widget ? widget->window() : nullptr; }
+  const QWidget* plot() const override;
   void handle(const std::function<void(Control&)>& work) override;
   void run_command(const char* word) override;
 

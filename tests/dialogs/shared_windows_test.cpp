@@ -2,14 +2,17 @@
 #include "dialogs/shared_windows.h"
 
 #include <KurvGraph/KurvGraph.h>
+#include <KurvGraph/window_places.h>
 #include <gmock/gmock.h>
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QDataStream>
 #include <QInputDialog>
 #include <QListWidget>
 #include <QMessageBox>
 #include <QPointer>
+#include <QScreen>
 #include <QTest>
 #include <QTimer>
 #include <functional>
@@ -244,6 +247,70 @@ TEST_F(SharedWindows, AnAnsweredPromptOfTheCurvesRenames) {
     curves.close();
   });
   graph->ChartOptions("curves");
+}
+
+// -- Places ---------------------------------------------------------------------------------------
+
+struct WindowPlaces : SharedWindows {
+  WindowPlaces() {
+    set_window_places(m_none);
+    host.setGeometry(60, 60, 300, 250);
+    new_graph(&host).release()->resize(300, 250);
+    host.show();
+    QApplication::processEvents();
+  }
+  ~WindowPlaces() override { set_window_places(m_none); }
+
+  KurvGraph& graph() { return *host.findChild<KurvGraph*>(); }
+  QWidget& open_properties() {
+    graph().ChartOptions("setup");
+    QApplication::processEvents();
+    return *shown("frmPropert");
+  }
+
+  // As if no window had been closed before.
+  static QByteArray no_places() {
+    QByteArray places;
+    QDataStream stream(&places, QIODevice::WriteOnly);
+    stream.setVersion(QDataStream::Qt_6_0);
+    for (int i = 0; i < 3; ++i) stream << QByteArray();
+    return places;
+  }
+
+  const QByteArray m_none = no_places();
+  QWidget host;
+};
+
+TEST_F(WindowPlaces, AWindowOpensBesideThePlot) {
+  EXPECT_FALSE(open_properties().frameGeometry().intersects(host.frameGeometry()));
+  EXPECT_TRUE(host.screen()->availableGeometry().contains(shown("frmPropert")->frameGeometry()));
+}
+
+TEST_F(WindowPlaces, AWindowOpensWhereItWas) {
+  open_properties().move(77, 88);
+  shown("frmPropert")->close();
+  EXPECT_EQ(open_properties().pos(), QPoint(77, 88));
+}
+
+TEST_F(WindowPlaces, ArePassedToTheNextRun) {
+  open_properties().move(77, 88);
+  const QByteArray places = window_places();
+  shown("frmPropert")->move(150, 150);
+  shown("frmPropert")->close();
+  set_window_places(places);
+  EXPECT_EQ(open_properties().pos(), QPoint(77, 88));
+}
+
+TEST_F(WindowPlaces, OthersAreIgnored) {
+  open_properties().move(77, 88);
+  shown("frmPropert")->close();
+  const QByteArray places = window_places();
+  for (const QByteArray& torn : {QByteArray(), QByteArray("junk"), places.left(places.size() / 2),
+                                 QByteArray(3, '\xff'), QByteArray(4000, '\x7f')}) {
+    set_window_places(torn);
+    EXPECT_EQ(window_places(), places);
+  }
+  EXPECT_EQ(open_properties().pos(), QPoint(77, 88));
 }
 
 // -- Stacking order -------------------------------------------------------------------------------

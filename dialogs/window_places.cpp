@@ -1,0 +1,27 @@
+#include <KurvGraph/window_places.h>
+
+#include <QScreen>
+
+#include "dialogs/placement.h"
+
+namespace kurv {
+
+namespace {
+
+// With the frame, which is unknown before a window is shown; that of the main window is as large.
+QSize framed_size(const QWidget& window, const QWidget& main) {
+  const QSize frame = main.frameGeometry().size() - main.size();
+  return (window.testAttribute(Qt::WA_Resized) ? window.size() : window.sizeHint()) + frame;
+}
+
+}  // namespace
+
+void place_beside(QWidget& window, const QWidget& plot) {
+  if (!plot.isVisible()) return;
+  const QWidget& main = *plot.window();
+  const QRect shown(plot.mapToGlobal(QPoint()), plot.size());
+  window.move(place_beside(main.screen()->availableGeometry(), shown, main.frameGeometry(),
+                           framed_size(window, main)));
+}
+
+}  // namespace kurv
