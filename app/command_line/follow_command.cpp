@@ -16,6 +16,7 @@
 #include "app/graph/graph_file.h"
 #include "app/graph/graph_intake.h"
 #include "app/window/follower.h"
+#include "app/window/kept_places.h"
 #include "app/window/main_window.h"
 
 namespace kurv::app {
@@ -76,6 +77,7 @@ int follow(const FollowRequest& request, const std::function<void(const std::str
     delete window;
     throw;
   }
+  const KeptPlaces places;
   const int status = QApplication::exec();
   for (const QPointer<MainWindow>& left : MainWindow::all()) delete left.data();
   return status == 0 && has_failed ? kFailure : status;

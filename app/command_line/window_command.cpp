@@ -14,6 +14,7 @@
 #include "app/graph/comma_warnings.h"
 #include "app/graph/graph_intake.h"
 #include "app/window/folder_options.h"
+#include "app/window/kept_places.h"
 #include "app/window/main_window.h"
 #include "app/window/table_option_texts.h"
 
@@ -192,6 +193,7 @@ int open_windows(const WindowRequest& request, const std::function<void(const st
                  [&](const std::string& warning) { say("warning: " + warning); });
   const std::unique_ptr<QApplication> application = new_window_application();
   opening.check_files();
+  const KeptPlaces places;
   opening.show_windows();
   const int status = QApplication::exec();
   return status == 0 && !opening.has_all() ? kFailure : status;

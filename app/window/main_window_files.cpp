@@ -19,6 +19,7 @@
 #include "app/graph/picture_file.h"
 #include "app/window/export_dialog.h"
 #include "app/window/import_dialog.h"
+#include "app/window/kept_places.h"
 #include "app/window/main_menu.h"
 #include "app/window/main_window.h"
 #include "app/window/picture_dialog.h"
@@ -220,7 +221,10 @@ std::optional<GraphSource> MainWindow::ask_about_table(const std::string& path, 
                                                        GraphChoice& choice) {
   const QPointer<ImportDialog> dialog(new ImportDialog(path, std::move(bytes), this));
   std::optional<GraphSource> source;
-  if (dialog->exec() == QDialog::Accepted && dialog) {
+  place_import(*dialog, *m_graph);
+  const bool accepted = dialog->exec() == QDialog::Accepted;
+  if (dialog) keep_import_place(*dialog);
+  if (accepted && dialog) {
     choice = dialog->choice();
     choice.locale = m_locale;
     source = dialog->take_source();
