@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <numeric>
 #include <utility>
 
@@ -125,9 +126,14 @@ TableColumns::TableColumns(const CsvTable& table, const CsvDialect& dialect, std
       m_longest_first(longest_rows_first(table, m_rows)),
       m_surveys(size()),
       m_kept(size()) {
-  if (has_drawable_rows()) {
+  if (has_countable_rows()) {
     m_values = {1, static_cast<int>(size()), 1, static_cast<int>(m_rows.size())};
   }
+}
+
+// An index of a matrix counts them.
+bool TableColumns::has_countable_rows() const {
+  return m_rows.size() <= std::size_t{std::numeric_limits<int>::max()};
 }
 
 void TableColumns::read(std::vector<std::size_t> columns) {
@@ -137,7 +143,7 @@ void TableColumns::read(std::vector<std::size_t> columns) {
   for (auto first = columns.begin(); first != columns.end();) {
     const auto rest = static_cast<std::size_t>(columns.end() - first);
     const auto last = first + static_cast<std::ptrdiff_t>(std::min(kColumnsAtOnce, rest));
-    const bool wants_values = has_drawable_rows() && m_kept_count < kMaxKept;
+    const bool wants_values = has_countable_rows() && m_kept_count < kMaxKept;
     const std::size_t points = wants_values ? m_rows.size() : 0;
     for (Reading& reading : parsed({first, last}, points)) keep(std::move(reading));
     first = last;

@@ -47,13 +47,13 @@ class TableColumns {
   // What the column is measured in, as the header or else the cells say; empty where neither does.
   const std::string& unit(std::size_t column);
   // Makes the values of the column, numbers or dates as its kind is, the column `target` of a
-  // matrix whose points are 1 to the number of rows, at most kMaxPoints.
+  // matrix whose points are 1 to the number of rows, which must fit an int.
   void copy_values(std::size_t column, Matrix<Double>& matrix, int target);
 
  private:
   struct Reading;
 
-  bool has_drawable_rows() const { return m_rows.size() <= std::size_t{kMaxPoints}; }
+  bool has_countable_rows() const;
   std::vector<Reading> parsed(const std::vector<std::size_t>& columns, std::size_t points) const;
   void keep(Reading reading);
 

@@ -8,6 +8,7 @@
 #include <limits>
 #include <string_view>
 #include <unordered_set>
+#include <utility>
 
 #include "app/base/message_text.h"
 #include "app/base/user_error.h"
@@ -15,6 +16,7 @@
 #include "app/csv/column_reference.h"
 #include "app/csv/csv_text.h"
 #include "app/csv/row_lengths.h"
+#include "app/csv/row_thinning.h"
 #include "app/csv/table_file.h"
 #include "app/csv/time_axis.h"
 
@@ -22,8 +24,10 @@ namespace kurv::app {
 
 namespace {
 
+// All rows are thinned out where a graph cannot hold as many; each N-th row is what the user wants.
 void check_row_count(const DataRows& rows, const std::string& path) {
-  if (rows.size() <= std::size_t{kMaxPoints}) return;
+  constexpr std::size_t kMost = std::numeric_limits<int>::max();
+  if (rows.size() <= (rows.every() > 1 ? std::size_t{kMaxPoints} : kMost)) return;
   const std::size_t enough = (rows.total() - 1) / kMaxPoints + 1;
   const std::string kept = rows.every() > 1
                                ? ", " + std::to_string(rows.size()) + " of them with --every " +
@@ -161,8 +165,9 @@ void warn_of_missing_x(TableColumns& columns, TableData& data) {
   const Matrix<Double>& values = data.values;
   std::size_t count = 0;
   std::size_t first = 0;
-  for (int i = 1; i <= values.upper_point(); ++i) {
-    if (!std::isnan(values(1, i))) continue;
+  const Column<const Double> x = values.column(1);
+  for (int i = 1; i <= x.upper(); ++i) {
+    if (!std::isnan(x(i))) continue;
     bool has_value = false;
     for (int curve = 2; curve <= data.names.upper() && !has_value; ++curve) {
       has_value = !std::isnan(values(curve, i));
@@ -201,6 +206,22 @@ void warn_of_lone_points(TableData& data) {
                           " no two values in neighbouring rows, so no line is drawn; --markers "
                           "shows " +
                           (one ? "its" : "their") + " points.");
+}
+
+// The warning is the first one, because it is about all curves.
+void thin_out(TableData& data) {
+  const int rows = data.values.upper_point();
+  ThinnedRows kept = thinned(data.values);
+  data.values = std::move(kept.values);
+  data.warnings.insert(
+      data.warnings.begin(),
+      "the table has " + std::to_string(rows) + " rows, more than the " +
+          std::to_string(kMaxPoints) + " that a graph can hold; it is thinned out to " +
+          std::to_string(data.values.upper_point()) +
+          (kept.are_mixed ? " points that keep the peaks of all curves, with values from rows near "
+                            "each other in one point"
+                          : " rows that keep the peaks of all curves") +
+          "; --every takes each N-th row instead.");
 }
 
 // Graph files separate names by commas, so that a name with one would come back as two.
@@ -278,6 +299,7 @@ TableData make_table_data(TableColumns& columns, const Selection& selection,
     add_column(columns, choice.y[static_cast<std::size_t>(curve) - 1], data, curve + 1);
   }
   warn_of_missing_x(columns, data);
+  if (rows.size() > std::size_t{kMaxPoints}) thin_out(data);
   warn_of_lone_points(data);
   remove_commas(data);
   return data;

@@ -35,9 +35,9 @@ bool has_unsorted_x(const TableData& data);
 // What the values of x count: the unit of its dates, and years where the column is called "year".
 AxisUnit x_unit(const TableData& data);
 
-// Dates in the x column become numbers as rescale_dates() says. Commas in names become blanks. The
-// columns must have been made with the selection's `every`. Throws UserError, which begins with
-// `path`, when the table cannot be drawn.
+// Dates of x become numbers as rescale_dates() says, and commas in names blanks. More rows than a
+// graph holds are thinned() where `every`, with which the columns must have been made, is 1. Throws
+// UserError, which begins with `path`, when the table cannot be drawn.
 TableData make_table_data(TableColumns& columns, const Selection& selection,
                           const std::string& path);
 // The same for a table of which nothing has been chosen but this.

@@ -110,13 +110,34 @@ TEST_F(Program, DataThatCannotBeDrawnAreRefused) {
   expect_refusal(render(small(), {"--y", "y,nonsense"}), 1, "no column \"nonsense\"");
 }
 
-TEST_F(Program, TooManyRowsAreRefusedAndCanBeThinnedOut) {
+TEST_F(Program, TooManyRowsAreThinnedOutWithAWarning) {
   QByteArray bytes = "x,y\n";
   for (int i = 0; i < 40000; ++i)
-    bytes += QByteArray::number(i) + ',' + QByteArray::number(i % 97) + '\n';
+    bytes += QByteArray::number(i) + ',' + QByteArray::number(i == 777 ? 500 : i % 97) + '\n';
   const QString data = written("long.csv", bytes);
-  expect_refusal(render(data), 1, "40000 rows");
-  EXPECT_EQ(render(data, {"--every", "2"}).status, 0);
+  const std::string warning =
+      "kurv: warning: the table has 40000 rows, more than the 32767 that a graph can hold; it is "
+      "thinned out to 32767 rows "
+      "that keep the peaks of all curves; --every takes each N-th row instead.\n";
+  const Outcome drawn = render(data);
+  EXPECT_EQ(drawn.status, 0);
+  EXPECT_EQ(drawn.err, warning);
+  const Outcome converted = run({"convert", data, "-o", path("long.gdf")});
+  EXPECT_EQ(converted.status, 0);
+  EXPECT_EQ(converted.err, warning);
+  EXPECT_TRUE(contents(path("long.gdf")).contains(",500,"));
+  EXPECT_THAT(run({"info", data}).out,
+              AllOf(HasSubstr("Rows                40000\n"), HasSubstr("thinned out to 32767")));
+}
+
+TEST_F(Program, EachNthRowIsTakenInstead) {
+  QByteArray bytes = "x,y\n";
+  for (int i = 0; i < 40000; ++i) bytes += QByteArray::number(i) + ",1\n";
+  const QString data = written("long.csv", bytes);
+  const Outcome drawn = render(data, {"--every", "2"});
+  EXPECT_EQ(drawn.status, 0);
+  EXPECT_EQ(drawn.err, "");
+  EXPECT_EQ(render(data, {"--every", "1"}).err, render(data).err);
 }
 
 TEST_F(Program, DataWithoutAnAxisAreRefusedWithTheWayOut) {

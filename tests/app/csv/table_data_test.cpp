@@ -300,11 +300,16 @@ TEST(TableData, EachNthRowIsTakenFromTheFirstOn) {
   EXPECT_EQ(data_of(rows(3), {.x = {}, .y = {}, .every = SIZE_MAX}).values.upper_point(), 1);
 }
 
-TEST(TableData, MoreRowsThanAGraphHoldsAreRefusedWithTheWayOut) {
+TEST(TableData, MoreRowsThanAGraphHoldsAreThinnedOutUnlessTheUserChoosesThem) {
+  EXPECT_THAT(data_of(rows(32767)).warnings, IsEmpty());
   EXPECT_EQ(data_of(rows(32767)).values.upper_point(), 32767);
-  EXPECT_EQ(refusal_of(rows(40000)),
-            "data.csv has 40000 rows, more than the 32767 that a graph can hold; thin it out with "
-            "--every 2.");
+  const TableData thinned = data_of(rows(40000));
+  EXPECT_EQ(thinned.values.upper_point(), 32767);
+  EXPECT_THAT(
+      thinned.warnings,
+      ElementsAre("the table has 40000 rows, more than the 32767 that a graph can hold; it is "
+                  "thinned out to 32767 rows that keep the peaks of all curves; --every takes each "
+                  "N-th row instead."));
   EXPECT_EQ(data_of(rows(40000), {.x = {}, .y = {}, .every = 2}).values.upper_point(), 20000);
   EXPECT_THAT(refusal_of(rows(100000), {.x = {}, .y = {}, .every = 2}),
               AllOf(HasSubstr("50000 of them with --every 2"), HasSubstr("with --every 4.")));

@@ -1,0 +1,377 @@
+#include "app/csv/row_thinning.h"
+
+#include <KurvGraph/limits.h>
+#include <gmock/gmock.h>
+
+#include <algorithm>
+#include <cmath>
+#include <functional>
+#include <limits>
+#include <random>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "raster/monotone_polylines.h"
+
+namespace kurv::app {
+namespace {
+
+constexpr double kMissing = std::numeric_limits<double>::quiet_NaN();
+constexpr double kPi = 3.14159265358979;
+
+using Values = std::vector<double>;
+using Curve = std::function<double(int row)>;
+
+// x is the row number.
+Matrix<Double> table_of(int rows, const std::vector<Curve>& curves) {
+  Matrix<Double> table(1, static_cast<int>(curves.size()) + 1, 1, rows);
+  for (int row = 1; row <= rows; ++row) table(1, row) = row;
+  for (std::size_t c = 0; c < curves.size(); ++c) {
+    const Column<Double> column = table.column(static_cast<int>(c) + 2);
+    for (int row = 1; row <= rows; ++row) column(row) = curves[c](row);
+  }
+  return table;
+}
+
+// std::mt19937 gives the same numbers everywhere; the distributions of the library need not.
+class Noise {
+ public:
+  explicit Noise(unsigned seed) : m_bits(seed) {}
+  double uniform() { return (static_cast<double>(m_bits()) + 0.5) / 4294967296.0; }
+  // With rare large values.
+  double normal() { return std::sqrt(-2 * std::log(uniform())) * std::cos(2 * kPi * uniform()); }
+
+ private:
+  std::mt19937 m_bits;
+};
+
+Curve noise(unsigned seed) {
+  return [source = Noise(seed)](int) mutable { return source.normal(); };
+}
+
+// A plot without margins, for the table of all points.
+class Plot {
+ public:
+  Plot(int width, int height, double pen, const Matrix<Double>& table)
+      : m_width(width), m_height(height), m_pen{1, pen / 2} {
+    for (int column = 1; column <= table.upper_column(); ++column) {
+      double least = std::numeric_limits<double>::infinity();
+      double largest = -least;
+      for (int i = 1; i <= table.upper_point(); ++i) {
+        if (std::isnan(table(column, i))) continue;
+        least = std::min(least, table(column, i));
+        largest = std::max(largest, table(column, i));
+      }
+      m_least.push_back(least);
+      m_range.push_back(largest > least ? largest - least : 1);
+    }
+  }
+
+  // Of each pixel column, the first and the last row with a pixel of which the curve covers so
+  // much.
+  struct Ink {
+    std::vector<int> top;
+    std::vector<int> bottom;
+  };
+  struct Picture {
+    Ink dark;
+    Ink light;
+  };
+  // At more and at less than the half: a pixel may have slightly another coverage.
+  Picture picture(const Matrix<Double>& table, int curve) const {
+    std::vector<std::uint32_t> pixels(static_cast<std::size_t>(m_width * m_height), 0xFFFFFFFF);
+    const raster::Canvas canvas{pixels.data(), m_width, m_height, m_width};
+    std::vector<float> x;
+    std::vector<float> y;
+    for (int i = 1; i <= table.upper_point(); ++i) {
+      x.push_back(scaled(table, 1, i, m_width));
+      y.push_back(scaled(table, curve, i, m_height - 10) + 5);
+    }
+    const std::vector<std::uint8_t> drawn(x.size(), 1);
+    raster::MonotonePolylines lines(m_width, m_height);
+    EXPECT_TRUE(lines.add(m_pen, {x, y, drawn}));
+    lines.flush(canvas, 0xFF000000);
+    return {ink(canvas, 0x60), ink(canvas, 0xA0)};
+  }
+
+ private:
+  static Ink ink(const raster::Canvas& canvas, std::uint32_t lightest) {
+    Ink result;
+    for (int column = 0; column < canvas.width; ++column) {
+      result.top.push_back(-1);
+      result.bottom.push_back(-1);
+      for (int row = 0; row < canvas.height; ++row) {
+        if ((canvas.row(row)[column] & 0xFF) > lightest) continue;
+        if (result.top.back() < 0) result.top.back() = row;
+        result.bottom.back() = row;
+      }
+    }
+    return result;
+  }
+
+  float scaled(const Matrix<Double>& table, int column, int point, int size) const {
+    const std::size_t c = static_cast<std::size_t>(column) - 1;
+    return static_cast<float>((table(column, point) - m_least[c]) / m_range[c] * size);
+  }
+
+  int m_width;
+  int m_height;
+  raster::Pen m_pen;
+  Values m_least;
+  Values m_range;
+};
+
+// The pixel columns in which one picture has ink more than a pixel beyond that of the other.
+int wrong_columns(const Plot& plot, const Matrix<Double>& all, const Matrix<Double>& kept,
+                  int curve) {
+  const Plot::Picture expected = plot.picture(all, curve);
+  const Plot::Picture actual = plot.picture(kept, curve);
+  const auto is_inside = [](const Plot::Ink& dark, const Plot::Ink& light, std::size_t column) {
+    if (dark.top[column] < 0) return true;
+    return light.top[column] >= 0 && dark.top[column] >= light.top[column] - 1 &&
+           dark.bottom[column] <= light.bottom[column] + 1;
+  };
+  int wrong = 0;
+  for (std::size_t i = 0; i < expected.dark.top.size(); ++i) {
+    wrong +=
+        !is_inside(expected.dark, actual.light, i) || !is_inside(actual.dark, expected.light, i);
+  }
+  return wrong;
+}
+
+// At the default size, and at twice as many pixels.
+void expect_same_picture(const Matrix<Double>& table, const std::string& what) {
+  const ThinnedRows kept = thinned(table);
+  EXPECT_LE(kept.values.upper_point(), kMaxPoints) << what;
+  for (const int scale : {1, 2}) {
+    const Plot plot(1000 * scale, 700 * scale, scale, table);
+    for (int curve = 2; curve <= table.upper_column(); ++curve) {
+      EXPECT_EQ(wrong_columns(plot, table, kept.values, curve), 0)
+          << what << ", curve " << curve << " at " << scale << (kept.are_mixed ? " mixed" : "");
+    }
+  }
+}
+
+double sine(int row, double cycles, int rows) {
+  return std::sin(2 * kPi * cycles * row / rows);
+}
+
+TEST(RowThinning, KeepsThePictureOfOneCurve) {
+  constexpr int kRows = 300'000;
+  expect_same_picture(table_of(kRows, {noise(1)}), "noise");
+  expect_same_picture(table_of(40'000, {noise(2)}), "a little more noise than fits");
+  for (const double cycles : {1.0, 20.0, 300.0, 2000.0, 20'000.0}) {
+    expect_same_picture(table_of(kRows, {[&](int row) { return sine(row, cycles, kRows); }}),
+                        std::to_string(cycles) + " cycles");
+  }
+  expect_same_picture(table_of(kRows, {[](int row) { return row % 71'234 == 5000 ? 1.0 : 0; }}),
+                      "spikes");
+  expect_same_picture(table_of(kRows, {[low = noise(3)](int row) mutable {
+                                 return row % 71'234 == 5000 ? 1.0 : 0.01 * low(row);
+                               }}),
+                      "spikes in noise");
+  expect_same_picture(table_of(kRows, {[](int row) { return row / 7919 % 5; }}), "steps");
+  expect_same_picture(table_of(kRows, {[n = noise(4)](int row) mutable {
+                                 return row / 1500 % 7 == 0 ? n(row) : 0;
+                               }}),
+                      "bursts");
+  expect_same_picture(
+      table_of(kRows, {[n = noise(5)](int row) mutable { return row * 1e-3 + 0.2 * n(row); }}),
+      "noise on a slope");
+  expect_same_picture(
+      table_of(kRows, {[n = noise(6)](int row) mutable { return std::round(n(row) * 3); }}),
+      "noise of few levels");
+}
+
+std::vector<Curve> curves_of_noise(unsigned count) {
+  std::vector<Curve> curves;
+  for (unsigned seed = 1; seed <= count; ++seed) curves.push_back(noise(seed));
+  return curves;
+}
+
+Curve random_walk(unsigned seed) {
+  return [source = Noise(seed), sum = 0.0](int) mutable { return sum += source.normal(); };
+}
+
+TEST(RowThinning, KeepsThePictureOfSeveralCurves) {
+  constexpr int kRows = 200'000;
+  expect_same_picture(table_of(kRows, curves_of_noise(3)), "three curves of noise");
+  expect_same_picture(table_of(kRows, curves_of_noise(12)), "many curves of noise");
+  expect_same_picture(table_of(kRows, {random_walk(1), random_walk(2), random_walk(3)}),
+                      "random walks");
+  expect_same_picture(table_of(kRows, {noise(1), [](int row) { return sine(row, 50, kRows); },
+                                       [](int row) { return row % 50'000 == 77 ? 1.0 : 0; },
+                                       [](int row) { return row / 10'000 % 3; }}),
+                      "curves of each kind");
+}
+
+std::set<Values> rows_of(const Matrix<Double>& table) {
+  std::set<Values> rows;
+  for (int i = 1; i <= table.upper_point(); ++i) {
+    Values row;
+    for (int c = 1; c <= table.upper_column(); ++c) row.push_back(table(c, i));
+    rows.insert(std::move(row));
+  }
+  return rows;
+}
+
+bool has_only_rows_of(const Matrix<Double>& all, const Matrix<Double>& kept) {
+  const std::set<Values> known = rows_of(all);
+  const std::set<Values> used = rows_of(kept);
+  return std::includes(known.begin(), known.end(), used.begin(), used.end());
+}
+
+int count_gaps(const Matrix<Double>& table, int curve) {
+  int gaps = 0;
+  for (int i = 2; i <= table.upper_point(); ++i) {
+    gaps += std::isnan(table(curve, i)) && !std::isnan(table(curve, i - 1));
+  }
+  return gaps;
+}
+
+TEST(RowThinning, TakesRowsOfTheTable) {
+  for (const unsigned curves : {1u, 3u, 8u}) {
+    const Matrix<Double> table = table_of(50'000, curves_of_noise(curves));
+    const ThinnedRows kept = thinned(table);
+    EXPECT_FALSE(kept.are_mixed);
+    EXPECT_EQ(kept.values.upper_point(), kMaxPoints);
+    EXPECT_TRUE(has_only_rows_of(table, kept.values)) << curves;
+  }
+}
+
+TEST(RowThinning, MixesRowsWhereManyCurvesHaveExtremesInDifferentOnes) {
+  const Matrix<Double> table = table_of(60'000, curves_of_noise(12));
+  const ThinnedRows kept = thinned(table);
+  EXPECT_TRUE(kept.are_mixed);
+  EXPECT_LE(kept.values.upper_point(), kMaxPoints);
+  const double width = 59'999.0 / 8191;
+  std::vector<std::multiset<double>> known(8191);
+  for (int i = 1; i <= table.upper_point(); ++i) {
+    known[static_cast<std::size_t>(std::min(8190.0, (table(1, i) - 1) / width))].insert(
+        table(13, i));
+  }
+  std::size_t bucket = 0;
+  for (int i = 1; i <= kept.values.upper_point(); i += 4) {
+    double least = kMissing;
+    double largest = kMissing;
+    for (int k = i; k < i + 4; ++k) {
+      least = std::fmin(least, kept.values(13, k));
+      largest = std::fmax(largest, kept.values(13, k));
+    }
+    ASSERT_EQ(least, *known[bucket].begin()) << bucket;
+    ASSERT_EQ(largest, *known[bucket].rbegin()) << bucket;
+    ++bucket;
+  }
+  EXPECT_EQ(bucket, 8191u);
+}
+
+TEST(RowThinning, KeepsGapsOfMixedRows) {
+  Matrix<Double> table = table_of(100'000, curves_of_noise(12));
+  for (int i = 20'000; i < 21'000; ++i) table(2, i) = kMissing;
+  for (int i = 30'000; i < 40'000; i += 7) table(2, i) = kMissing;
+  const ThinnedRows kept = thinned(table);
+  EXPECT_TRUE(kept.are_mixed);
+  EXPECT_EQ(count_gaps(kept.values, 2), 1);
+  EXPECT_EQ(count_gaps(kept.values, 3), 0);
+}
+
+TEST(RowThinning, TakesTrueRowsOfManyCurvesThatAreAlike) {
+  std::vector<Curve> curves;
+  for (int c = 0; c < 149; ++c) {
+    curves.push_back([c](int row) { return sine(row, 7, 40'000) + c; });
+  }
+  const Matrix<Double> table = table_of(40'000, curves);
+  const ThinnedRows kept = thinned(table);
+  EXPECT_FALSE(kept.are_mixed);
+  EXPECT_TRUE(has_only_rows_of(table, kept.values));
+}
+
+// Pixel columns are stretches of x, not of rows.
+TEST(RowThinning, KeepsThePictureOfUnevenRows) {
+  Matrix<Double> table = table_of(200'000, {noise(1)});
+  const Column<Double> x = table.column(1);
+  for (int i = 1; i <= 200'000; ++i) x(i) = std::pow(i, 4);
+  expect_same_picture(table, "more and more distant rows");
+  for (int i = 1; i <= 200'000; ++i) x(i) = -i;
+  expect_same_picture(table, "x that descends");
+}
+
+TEST(RowThinning, KeepsGapsThatCanBeSeen) {
+  const auto with_gap = [](int row) {
+    const bool is_wide = row > 30'000 && row <= 31'000;
+    return is_wide || row % 501 == 500 ? kMissing : sine(row, 3, 100'000);
+  };
+  const Matrix<Double> table = table_of(100'000, {with_gap, noise(1)});
+  const ThinnedRows kept = thinned(table);
+  EXPECT_EQ(count_gaps(kept.values, 2), 1) << "a missing row is no wider than a line";
+  expect_same_picture(table, "a gap");
+  bool has_begin = false;
+  bool has_end = false;
+  for (int i = 1; i <= kept.values.upper_point(); ++i) {
+    has_begin = has_begin || kept.values(1, i) == 30'000;
+    has_end = has_end || kept.values(1, i) == 31'001;
+  }
+  EXPECT_TRUE(has_begin && has_end);
+}
+
+TEST(RowThinning, LeavesOutRowsWithoutX) {
+  Matrix<Double> table = table_of(100'000, {noise(1)});
+  for (int i = 7; i <= 100'000; i += 10) table(1, i) = kMissing;
+  for (int i = 50'000; i <= 52'000; ++i) table(1, i) = kMissing;
+  const ThinnedRows kept = thinned(table);
+  EXPECT_EQ(count_gaps(kept.values, 1), 1);
+}
+
+// A cloud that is a disc: its edge, and as dense inside as before.
+TEST(RowThinning, KeepsACloudOfPoints) {
+  Noise source(9);
+  Matrix<Double> table(1, 2, 1, 200'000);
+  for (int i = 1; i <= 200'000; ++i) {
+    const double angle = 2 * kPi * source.uniform();
+    const double radius = std::sqrt(source.uniform());
+    table(1, i) = radius * std::cos(angle);
+    table(2, i) = radius * std::sin(angle);
+  }
+  const ThinnedRows kept = thinned(table);
+  EXPECT_TRUE(has_only_rows_of(table, kept.values));
+  int inside = 0;
+  double extremes[4] = {0, 0, 0, 0};
+  double expected[4] = {0, 0, 0, 0};
+  const auto extend = [](double(&limits)[4], double x, double y) {
+    limits[0] = std::min(limits[0], x);
+    limits[1] = std::max(limits[1], x);
+    limits[2] = std::min(limits[2], y);
+    limits[3] = std::max(limits[3], y);
+  };
+  for (int i = 1; i <= kept.values.upper_point(); ++i) {
+    inside += std::hypot(kept.values(1, i), kept.values(2, i)) < 0.5;
+    extend(extremes, kept.values(1, i), kept.values(2, i));
+  }
+  for (int i = 1; i <= 200'000; ++i) extend(expected, table(1, i), table(2, i));
+  EXPECT_TRUE(std::equal(extremes, extremes + 4, expected));
+  EXPECT_GT(inside, kept.values.upper_point() / 6) << "a quarter of the disc";
+}
+
+TEST(RowThinning, TakesAnyValues) {
+  for (const double large : {1e308, 1e-308, 0.0}) {
+    const Matrix<Double> table =
+        table_of(40'000, {[&](int row) { return row % 2 == 0 ? large : -large; }});
+    EXPECT_EQ(thinned(table).values.upper_point(), kMaxPoints) << large;
+  }
+  Matrix<Double> one_x = table_of(40'000, {noise(1)});
+  for (int i = 1; i <= 40'000; ++i) one_x(1, i) = 5;
+  EXPECT_EQ(thinned(one_x).values.upper_point(), kMaxPoints);
+  for (int i = 1; i <= 40'000; ++i) one_x(1, i) = kMissing;
+  EXPECT_EQ(thinned(one_x).values.upper_point(), 0);
+  const Matrix<Double> missing = table_of(40'000, {[](int) { return kMissing; }});
+  EXPECT_EQ(thinned(missing).values.upper_point(), kMaxPoints);
+}
+
+// Beyond half a million rows, extremes are searched in buckets first.
+TEST(RowThinning, KeepsThePictureOfAMillionRows) {
+  expect_same_picture(table_of(1'000'000, {noise(1)}), "a million rows");
+}
+
+}  // namespace
+}  // namespace kurv::app
