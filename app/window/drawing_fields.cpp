@@ -34,6 +34,10 @@ constexpr const char* kRowNumberText = "Row number";
 constexpr int kLines = 0;
 constexpr int kMarkers = 1;
 
+// Of the box of rows: the entry that takes the N below. The other one takes all, or what a graph
+// can hold of them.
+constexpr int kEvery = 1;
+
 // A name may be as long as the file.
 QString elided(const std::string& text) {
   constexpr qsizetype kMaxBytes = 200;
@@ -48,7 +52,7 @@ QLabel* caption(const QString& text, QWidget* buddy) {
   return label;
 }
 
-// Rows beyond what a graph holds are thinned out from the start.
+// The least N with which a graph can hold the rows.
 int default_every(std::size_t rows) {
   return rows <= kMaxPoints ? 1 : static_cast<int>((rows - 1) / kMaxPoints + 1);
 }
@@ -83,17 +87,22 @@ DrawingFields::DrawingFields(const QString& title, QWidget* parent)
       m_curves(named("lstCurves", new QListWidget)),
       m_all(named("cmdAll", new QPushButton("&All"))),
       m_none(named("cmdNone", new QPushButton("&None"))),
+      m_rows(named("cboRows", new QComboBox)),
       m_every(named("spnEvery", new QSpinBox)),
       m_sort(named("chkSort", new QCheckBox("&Sort the points by x"))),
       m_style(named("cboStyle", new QComboBox)),
       m_title(named("txtTitle", new QLineEdit(title))) {
   m_style->addItems({"Lines", "Markers", "Both"});
+  m_rows->addItems({"All rows", "Every N-th row"});
+  m_rows->setAccessibleName("Rows to take");
   // Return in a field presses "Import" only.
   for (QPushButton* button : {m_all, m_none}) button->setAutoDefault(false);
   for (QWidget* const widget : {static_cast<QWidget*>(m_curves), static_cast<QWidget*>(m_sort)}) {
     make_boxes_visible(*widget);
   }
-  m_x->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+  for (QComboBox* const box : {m_x, m_rows}) {
+    box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+  }
   m_every->setRange(1, std::numeric_limits<int>::max());
   auto* const columns = new QHBoxLayout(this);
   columns->setContentsMargins(0, 0, 0, 0);
@@ -107,6 +116,7 @@ QBoxLayout* DrawingFields::make_x_column() {
   column->addWidget(caption("&X axis", m_x));
   column->addWidget(m_x);
   column->addWidget(m_sort);
+  column->addWidget(m_rows);
   column->addWidget(caption("Take &every N-th row, N =", m_every));
   column->addWidget(m_every);
   column->addWidget(caption("St&yle", m_style));
@@ -145,9 +155,11 @@ void DrawingFields::connect_fields() {
     m_chosen_curves[m_names[column]] = item->checkState() == Qt::Checked;
     m_selection_changed();
   });
+  connect(m_rows, &QComboBox::currentIndexChanged, this, [this] { m_selection_changed(); });
   connect(m_every, &QSpinBox::valueChanged, this, [this] {
     if (m_is_filling) return;
     m_has_chosen_every = true;
+    m_rows->setCurrentIndex(kEvery);
     m_selection_changed();
   });
   connect(m_all, &QPushButton::clicked, this, [this] { check_all(Qt::Checked); });
@@ -176,7 +188,12 @@ void DrawingFields::show_table(ReadTable* read) {
   hide_x_among_curves();
   check_all(Qt::Checked);
   restore_checks();
-  if (!m_has_chosen_every) m_every->setValue(default_every(read->survey.rows));
+  fill_rows(read->survey.rows);
+}
+
+void DrawingFields::fill_rows(std::size_t rows) {
+  m_rows->setItemText(0, rows > kMaxPoints ? "Keep all peaks" : "All rows");
+  if (!m_has_chosen_every) m_every->setValue(default_every(rows));
 }
 
 void DrawingFields::fill_columns(ReadTable& read) {
@@ -238,7 +255,8 @@ void DrawingFields::check_all(Qt::CheckState state) {
 
 Selection DrawingFields::selection() const {
   Selection selection;
-  selection.every = static_cast<std::size_t>(m_every->value());
+  const bool is_each = m_rows->currentIndex() != kEvery;
+  selection.every = is_each ? 1 : static_cast<std::size_t>(m_every->value());
   const int x = m_x->currentData().toInt();
   selection.row_numbers = x < 0;
   if (x >= 0) selection.x = m_names[static_cast<std::size_t>(x)];

@@ -19,7 +19,8 @@ class QSpinBox;
 
 namespace kurv::app {
 
-// Controls by name: cboX, lstCurves, cmdAll, cmdNone, spnEvery, chkSort, cboStyle, txtTitle.
+// Controls by name: cboX, lstCurves, cmdAll, cmdNone, cboRows, spnEvery, chkSort, cboStyle,
+// txtTitle.
 class DrawingFields final : public QWidget {
  public:
   explicit DrawingFields(const QString& title, QWidget* parent = nullptr);
@@ -50,6 +51,7 @@ class DrawingFields final : public QWidget {
   void connect_fields();
   void keep_choice();
   void fill_columns(ReadTable& read);
+  void fill_rows(std::size_t rows);
   void select_x(ReadTable& read);
   void hide_x_among_curves();
   void check_all(Qt::CheckState state);
@@ -74,6 +76,7 @@ class DrawingFields final : public QWidget {
   QListWidget* m_curves;
   QPushButton* m_all;
   QPushButton* m_none;
+  QComboBox* m_rows;
   QSpinBox* m_every;
   QCheckBox* m_sort;
   QComboBox* m_style;

@@ -140,10 +140,21 @@ TEST(ImportDialog, TooLargeAStepIsExplained) {
 
 TEST(ImportDialog, TooManyRowsAreThinnedOutFromTheStart) {
   std::string text = "x,y\n";
-  for (int i = 0; i < 40000; ++i) text += std::to_string(i) + ",1\n";
+  for (int i = 0; i < 40000; ++i) text += std::to_string(i) + (i == 777 ? ",9\n" : ",1\n");
   Import import(text);
-  EXPECT_EQ(import.get<QSpinBox>("spnEvery").value(), 2);
-  EXPECT_EQ(import.summary(), "20000 points, 1 curve");
+  EXPECT_EQ(import.shown_in("cboRows"), "Keep all peaks");
+  EXPECT_EQ(import.summary(), "32767 points, 1 curve");
+  EXPECT_THAT(import.label("lblNotes"),
+              testing::HasSubstr("thinned out to 32767 rows that keep the peaks of all curves; "
+                                 "\"Take every\" takes each N-th row instead."));
+  import.choose("cboRows", "Every N-th row");
+  EXPECT_TRUE(import.comes_to_say("20000 points, 1 curve"));
+  EXPECT_EQ(import.label("lblNotes"), "");
+  import.choose("cboRows", "Keep all peaks");
+  EXPECT_TRUE(import.comes_to_say("32767 points"));
+  import.get<QSpinBox>("spnEvery").setValue(4);
+  EXPECT_TRUE(import.comes_to_say("10000 points"));
+  EXPECT_EQ(import.shown_in("cboRows"), "Every N-th row");
   EXPECT_EQ(import.get<QTableView>("tblPreview").model()->rowCount(), 100);
 }
 
@@ -210,7 +221,7 @@ TEST(ImportDialog, EveryFieldHasANameForScreenReaders) {
     }
     EXPECT_TRUE(labelled) << name;
   }
-  for (const char* name : {"scrNotes", "tblPreview", "tblLines", "imgPreview"}) {
+  for (const char* name : {"cboRows", "scrNotes", "tblPreview", "tblLines", "imgPreview"}) {
     EXPECT_FALSE(import.get<QWidget>(name).accessibleName().isEmpty()) << name;
   }
 }
