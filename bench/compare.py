@@ -59,6 +59,7 @@ def inner_loops():
 def table_section(folder, deadline):
     for columns in (3, 150):
         tables.write_table(f"{folder}/table{columns}.csv", columns)
+    tables.write_table(f"{folder}/long.csv", 3, 1_000_000)
     return report.timing_table(timings(table_workloads(folder), deadline)) + "\n\n" + machine()
 
 

@@ -6,12 +6,12 @@ import random
 POINTS = 32767
 
 
-def write_table(path, columns):
+def write_table(path, columns, points=POINTS):
     """Column 1 counts, the others are waves with noise, all with the digits that a program prints."""
     noise = random.Random(1)
     with open(path, "w", encoding="ascii") as file:
         file.write(",".join(["x"] + [f"y{k}" for k in range(1, columns)]) + "\n")
-        for i in range(POINTS):
+        for i in range(points):
             values = (math.sin(i / 900 + k) + noise.uniform(-0.1, 0.1) for k in range(1, columns))
             file.write(f"{i}," + ",".join(f"{value:.8f}" for value in values) + "\n")
 

@@ -168,6 +168,11 @@ def table_workloads(folder):
             python("the same without starting Python", numpy, own_time=True),
             python("csv.reader and float(), no picture", csv),
         ], [], 8 if columns == 3 else 20, whole_process=True, by_minimum=True))
+    long = f"{folder}/long.csv"
+    result.append(Workload("L''", "CSV of 3 x 1,000,000, thinned out, to PNG, process", [
+        Subject("kurv", [KURV, "render", long, "-o", folder + "/kurv.png"]),
+        Subject("kurv, every 31st row", [KURV, "render", long, "-o", folder + "/every.png", "--every", "31"]),
+    ], [], 12, whole_process=True, by_minimum=True))
     return result
 
 
