@@ -2,6 +2,7 @@
 
 #include <KurvGraph/fault.h>
 #include <KurvGraph/screen_fit.h>
+#include <KurvGraph/wheel_guard.h>
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -128,6 +129,7 @@ ExportDialog::ExportDialog(KurvGraph& graph, const ExportChoice& choice, QWidget
   const QSize comfortable(fontMetrics().averageCharWidth() * 110, fontMetrics().height() * 24);
   resize(comfortable);
   fit_to_screen(*this);
+  guard_wheel(*this);
 }
 
 QWidget* ExportDialog::make_fields() {
