@@ -90,7 +90,7 @@ def workloads(folder, example):
             Subject("kurv, 4 px", [OURS, "redraw", *largest, "4"]),
         ], [Goal("kurv, 2 px", 1.4, "at most 1.4 x 1 px"),
             Goal("kurv, 4 px", 1.4, "at most 1.4 x 1 px")]),
-        Workload("N", "a step of the wheel, over A", [
+        Workload("V", "a step of the wheel, over A", [
             ours("redraw", *largest, "1"),
             Subject("kurv, zoom", [OURS, "zoom", *largest, "1"]),
         ], [Goal("kurv, zoom", 1.4, "at most 1.4 x a redraw")]),
@@ -117,7 +117,7 @@ def workloads(folder, example):
             ours("redraw", *small), peer("QCustomPlot, replot", "qcustomplot", "small", *small),
         ], [faster("QCustomPlot, replot", 1)], 4),
         moving("E'", "the same, each time over another range of x", "small", "waves", 3, 100),
-        Workload("N", "point under the pointer, 149 x 32,767", [
+        Workload("W", "point under the pointer, 149 x 32,767", [
             ours("nearest", *largest),
             Subject("kurv, unsorted x", [OURS, "nearest", "scattered", *LARGE]),
             Subject("kurv, a redraw", [OURS, "redraw", *largest, "1"]),
