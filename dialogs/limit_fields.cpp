@@ -54,8 +54,10 @@ LimitFields::Field LimitFields::new_field(const char* step, const Limit& limit) 
   const Field field{m_page.text_box(limit.name, limit.description), &limit, step};
   field.box->setToolTip(
       QStringLiteral("Stored while the minimum is below the maximum; drawn by Enter or Apply"));
-  connect(field.box, &QLineEdit::returnPressed, this,
-          [this] { m_page.handle([](Control& control) { control.build_the_graph(); }); });
+  connect(field.box, &QLineEdit::returnPressed, this, [this] {
+    // With round limits, a redraw may choose another label format.
+    if (m_page.handle([](Control& control) { control.build_the_graph(); })) m_page.refill();
+  });
   m_page.on_filling([this, field](Control& control) {
     show_stored(field, control);
     mark(field, control);

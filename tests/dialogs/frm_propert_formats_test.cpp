@@ -46,6 +46,15 @@ TEST_F(Formats, TheLabelFollowsTheLimitAndTheFormat) {
   EXPECT_EQ(note(), "First label: 20.000");
 }
 
+TEST_F(Formats, OneThatARedrawHasChosenIsShown) {
+  graph().set_round_limits(true);
+  graph().update_limits();
+  window->refill();
+  type("txtXAxis_1", "3.125");
+  press("txtXAxis_1", Qt::Key_Return);
+  EXPECT_EQ(list("cmbXFormat")->currentText().toStdString(), graph().AxisLabelFormatX());
+}
+
 TEST_F(Formats, ATypedOneIsStoredAndDrawn) {
   client.redraws();
   type_format("#,##0.0 m");
