@@ -100,7 +100,9 @@ FRAGMENT = """#include <KurvGraph/KurvGraph.h>
 #include <KurvGraph/headless.h>
 #include <KurvGraph/pixel_picture.h>
 #include <KurvGraph/png_file.h>
+#include <QAction>
 #include <QLayout>
+#include <QStatusBar>
 #include <QUndoStack>
 using namespace kurv;
 void fragment({declarations}) {{

@@ -5,6 +5,7 @@
 #include <QProcess>
 #include <QProcessEnvironment>
 #include <QTemporaryDir>
+#include <QTest>
 
 #include "tests/story/desktop.h"
 
@@ -191,6 +192,8 @@ TEST_F(Newcomer, FindsEverythingAgainThatWasDoneToTheGraph) {
   ASSERT_TRUE(comes_to_front("kept.gdf \u2013 kurv"));
   QPoint plot;
   ASSERT_NO_FATAL_FAILURE(find_plot(plot));
+  // The status bar says for five seconds that it was saved.
+  QTest::qWait(6000);
   const QImage before = front_window().image;
   press({"ctrl+w"});
   ASSERT_NO_FATAL_FAILURE(expect_its_end());
