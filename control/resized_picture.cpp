@@ -13,9 +13,9 @@ namespace {
 
 // What the plot takes along one axis, in twips.
 struct Range {
-  Double begin;
+  Double low;
   Double length;
-  Double end() const { return begin + length; }
+  Double high() const { return low + length; }
 };
 
 Range across(const PlotRect& plot) {
@@ -27,10 +27,10 @@ Range down(const PlotRect& plot) {
 }
 
 Single moved_along(Single place, Single extent, Range from, Range to) {
-  if (place <= from.begin) return to_single(to.begin - (from.begin - place));
-  if (place + extent >= from.end()) return to_single(to.end() - (from.end() - place));
+  if (place <= from.low) return to_single(to.low - (from.low - place));
+  if (place + extent >= from.high()) return to_single(to.high() - (from.high() - place));
   const Double free = from.length - extent;
-  return to_single(to.begin + (place - from.begin) / free * (to.length - extent));
+  return to_single(to.low + (place - from.low) / free * (to.length - extent));
 }
 
 void move_items(Layout& layout, const PlotRect& from) {

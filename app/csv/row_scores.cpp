@@ -15,7 +15,7 @@ void RowScores::raise(int row, std::uint8_t value) {
 }
 
 std::vector<int> RowScores::best(int count) const {
-  std::array<std::int64_t, kNeeded + 1> counts{};
+  std::array<std::int64_t, 256> counts{};  // of each score
   for (const std::uint8_t score : m_scores) ++counts[score];
   std::size_t last = kNeeded;
   std::int64_t left = count;

@@ -295,7 +295,8 @@ void ExportDialog::draw() {
 std::optional<ExportChoice> ask_for_export(KurvGraph& graph, QWidget* window) {
   const QPointer<ExportDialog> dialog(new ExportDialog(graph, last_export(), window));
   std::optional<ExportChoice> result;
-  if (dialog->exec() == QDialog::Accepted && dialog) {
+  // The window may go meanwhile.
+  if (dialog && dialog->exec() == QDialog::Accepted && dialog) {
     result = dialog->choice();
     remember_export(*result);
   }
