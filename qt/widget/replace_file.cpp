@@ -9,7 +9,7 @@ namespace kurv {
 
 namespace {
 
-using Step = ReplaceFailure::Step;
+using ReplaceStep = ReplaceFailure::Step;
 using Outcome = std::optional<ReplaceFailure>;
 
 // Unbuffered, so that each write reports its own errors.
@@ -33,9 +33,9 @@ Outcome overwrite(QFile& file, const QByteArray& bytes) {
   const qint64 older_size = file.size();
   const qint64 overlap = std::min<qint64>(older_size, bytes.size());
   const QByteArray older = file.read(overlap);
-  if (older.size() != overlap) return ReplaceFailure{Step::kOpen, file.errorString()};
+  if (older.size() != overlap) return ReplaceFailure{ReplaceStep::kOpen, file.errorString()};
   if (file.seek(0) && write_all(file, bytes) && file.resize(bytes.size())) return std::nullopt;
-  ReplaceFailure failure{Step::kWrite, file.errorString()};
+  ReplaceFailure failure{ReplaceStep::kWrite, file.errorString()};
   if (file.seek(0) && write_all(file, older)) file.resize(older_size);
   return failure;
 }
@@ -54,20 +54,20 @@ Outcome replace_file(const QString& path, const QByteArray& bytes) {
   // A device would be replaced by a file.
   const QFileInfo target(path);
   if (target.exists() && !target.isFile()) {
-    return ReplaceFailure{Step::kTarget, QStringLiteral("it is not a regular file")};
+    return ReplaceFailure{ReplaceStep::kTarget, QStringLiteral("it is not a regular file")};
   }
   QSaveFile file(path);
   if (!file.open(kWhole)) {
-    return overwrite_after({Step::kOpen, file.errorString()}, path, bytes);
+    return overwrite_after({ReplaceStep::kOpen, file.errorString()}, path, bytes);
   }
   // commit() would replace the file even if some of the bytes did not fit.
   if (!write_all(file, bytes)) {
-    ReplaceFailure failure{Step::kWrite, file.errorString()};
+    ReplaceFailure failure{ReplaceStep::kWrite, file.errorString()};
     file.cancelWriting();
     return failure;
   }
   if (!file.commit()) {
-    return overwrite_after({Step::kCommit, file.errorString()}, path, bytes);
+    return overwrite_after({ReplaceStep::kCommit, file.errorString()}, path, bytes);
   }
   return std::nullopt;
 }
