@@ -157,10 +157,10 @@ void MainWindow::connect_graph(KurvGraph* graph) {
 
 // A graph file that was loaded is the clean state: what the command line changes is not saved.
 void MainWindow::show_graph(const GraphChoice& choice, const GraphSource& source) {
-  if (choice.size) resize_to_plot(*choice.size);
   // Showing a graph puts its titles in their default places, so it comes before a graph file moves
   // them.
   show();
+  if (choice.size) resize_to_plot(*choice.size);
   const QPointer<KurvGraph> graph = new_graph();
   const QPointer<MainWindow> alive(this);
   QByteArray saved;
@@ -220,8 +220,8 @@ void MainWindow::replace_graph(KurvGraph* graph, const QByteArray& saved, const 
 // -- Data that grow -------------------------------------------------------------------------------
 
 void MainWindow::show_empty(std::optional<QSize> size) {
-  if (size) resize_to_plot(*size);
   show();
+  if (size) resize_to_plot(*size);
 }
 
 void MainWindow::set_waiting_hint(const QString& text) {
