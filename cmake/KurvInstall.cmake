@@ -10,8 +10,8 @@ set(CMAKE_INSTALL_DEFAULT_COMPONENT_NAME development)
 set(package_folder "${CMAKE_INSTALL_LIBDIR}/cmake/KurvGraph")
 set(pkgconfig_folder "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
 # The public headers that need Qt.
-set(qt_headers indicator_style kurv_graph_plot KurvGraph picture read_out replace_file screen_fit
-    vector_picture wheel_guard window_places)
+set(qt_headers indicator_style kurv_graph_plot kurv_graph_properties KurvGraph picture read_out
+    replace_file screen_fit vector_picture wheel_guard window_places)
 
 # What pkg-config calls the foreign packages of CMake.
 set(pc_Fontconfig fontconfig)

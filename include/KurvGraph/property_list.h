@@ -2,7 +2,7 @@
 /// The properties of a graph, each written down once. From this list come the getters and setters
 /// of Control and of the widget, the widget's Qt properties and the member table of automation.h;
 /// from that, the reference page docs/automation.md and the tables of properties in control.h and
-/// KurvGraph.h.
+/// kurv_graph_properties.h.
 ///
 ///     X(name, identifier, type, rule, initially, unit, summary)
 ///

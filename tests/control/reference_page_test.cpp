@@ -70,7 +70,7 @@ std::string padded(std::string_view text, std::size_t width) {
 
 std::string table_row(std::string_view name, std::string_view type, std::string_view initially,
                       std::string_view meaning) {
-  return "  //   " + padded(name, 20) + padded(type, 9) + padded(initially, 19) +
+  return "//   " + padded(name, 20) + padded(type, 9) + padded(initially, 19) +
          std::string(meaning) + '\n';
 }
 
@@ -81,11 +81,11 @@ std::string_view toolkit_type_name(ValueType type) {
   return "double";
 }
 
-std::string header_table(std::string_view (*name_of_type)(ValueType)) {
-  std::string table = table_row("Property", "Type", "Initially", "Meaning");
+std::string header_table(std::string_view (*name_of_type)(ValueType), const char* indent) {
+  std::string table = indent + table_row("Property", "Type", "Initially", "Meaning");
   for (const Member& property : properties()) {
-    table += table_row(property.name, name_of_type(property.type), property.initially,
-                       meaning(property));
+    table += indent + table_row(property.name, name_of_type(property.type), property.initially,
+                                meaning(property));
   }
   return table;
 }
@@ -94,9 +94,12 @@ std::string header_table(std::string_view (*name_of_type)(ValueType)) {
 void expect_table(const std::string& path, const std::string& table) {
   std::ifstream file(KURV_SOURCE_DIR "/" + path, std::ios::binary);
   std::string header{std::istreambuf_iterator<char>(file), {}};
-  const std::size_t begin = header.find("  //   Property ");
-  ASSERT_NE(begin, std::string::npos) << path;
-  header.replace(begin, header.find("  //\n", begin) - begin, table);
+  const std::size_t first = header.find("//   Property ");
+  const std::size_t last = header.find("//\n", first);
+  ASSERT_NE(last, std::string::npos) << path;
+  const auto line_at = [&](std::size_t place) { return header.rfind('\n', place) + 1; };
+  const std::size_t begin = line_at(first);
+  header.replace(begin, line_at(last) - begin, table);
   test::expect_page(path, header);
 }
 
@@ -164,8 +167,8 @@ TEST(ReferencePage, IsMadeFromTheMemberTable) {
 }
 
 TEST(ReferencePage, HeadersListThePropertiesWithInitialValuesAndUnits) {
-  expect_table("include/KurvGraph/control.h", header_table(type_name));
-  expect_table("include/KurvGraph/KurvGraph.h", header_table(toolkit_type_name));
+  expect_table("include/KurvGraph/control.h", header_table(type_name, "  "));
+  expect_table("include/KurvGraph/kurv_graph_properties.h", header_table(toolkit_type_name, ""));
 }
 
 TEST(ReferencePage, RowsOfTheTableFitIntoALine) {
