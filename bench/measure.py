@@ -69,6 +69,9 @@ class Process:
         taken = (time.monotonic() - start) * 1000
         return float(answer.stdout) if self.own_time else taken
 
+    def end(self):
+        return ""
+
 
 class ProcessorTime(Process):
     """The same in processor time, which other programs disturb least."""
@@ -79,9 +82,6 @@ class ProcessorTime(Process):
         after = resource.getrusage(resource.RUSAGE_CHILDREN)
         taken = after.ru_utime + after.ru_stime - before.ru_utime - before.ru_stime
         return float(answer.stdout) if self.own_time else taken * 1000
-
-    def end(self):
-        return ""
 
 
 def measure(workload, deadline):

@@ -19,8 +19,7 @@ def timing_rows(workload, times):
     for i, subject in enumerate(times):
         goal = goals.get(subject.name)
         ratio = time(subject) / ours
-        # A goal for another pen of ours bounds the other side of the ratio.
-        bounded = ratio if subject.name.startswith("kurv") else 1 / ratio
+        bounded = ratio if goal and goal.of_peer else 1 / ratio
         rows.append([workload.key if i == 0 else "", workload.title if i == 0 else "", subject.name,
                      number(subject.median), number(min(subject.milliseconds)),
                      number(max(subject.milliseconds)), str(len(subject.milliseconds)),
