@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "control/control_state.h"
+#include "render/axes.h"
 #include "render/legend_place.h"
 #include "render/legend_titles.h"
 #include "render/mapping.h"
@@ -16,6 +17,7 @@ namespace {
 constexpr Double kGap = 100;          // twips, around what is outside of the plot
 constexpr Single kSmallestTitle = 9;  // points
 constexpr Double kMostHidden = 0.1;
+constexpr Double kMostForLabels = 1 / 3.0;  // of the width of the surface
 
 template <class Value>
 void restore(FittedSetting<Value>& setting, Value& value) {
@@ -32,10 +34,27 @@ void fit(FittedSetting<Value>& setting, Value& value, Value fitted) {
 
 void restore_all(GraphDocument& document) {
   FittedItems& items = document.fitted_items;
+  restore(items.left_margin, document.Left_margine);
   restore(items.right_margin, document.Right_margine);
   restore(items.top_margin, document.Top_margine);
   restore(items.title_size, document.TitleFontSize);
   items.legend_rows = 0;
+}
+
+void grow(FittedSetting<Integer>& setting, Integer& margin, Double needed) {
+  if (margin < needed) fit(setting, margin, to_integer(needed));
+}
+
+// -- Labels ---------------------------------------------------------------------------------------
+
+void fit_labels(ControlState& state) {
+  GraphDocument& document = state.document;
+  state.surface.set_font(axis_font(document));
+  const LabelMargins needed = label_margins(document, state.surface);
+  const Double most = state.surface.ScaleWidth() * kMostForLabels;
+  FittedItems& items = document.fitted_items;
+  grow(items.left_margin, document.Left_margine, std::min(needed.left, most));
+  grow(items.right_margin, document.Right_margine, std::min(needed.right, most));
 }
 
 // -- Titles ---------------------------------------------------------------------------------------
@@ -59,9 +78,7 @@ void place_subtitle_below(ControlState& state) {
   GraphDocument& document = state.document;
   Layout& layout = state.layout;
   const Single above = layout.imgTitle.height + layout.imgSubTitle.height + Single(kGap);
-  if (document.Top_margine < above) {
-    fit(document.fitted_items.top_margin, document.Top_margine, to_integer(Double(above)));
-  }
+  grow(document.fitted_items.top_margin, document.Top_margine, Double(above));
   place_titles(document, layout);
   layout.imgTitle.top = layout.imgSubTitle.top - layout.imgTitle.height;
   layout.imgSubTitle.left = layout.imgTitle.left;
@@ -96,10 +113,8 @@ bool place_outside(ControlState& state) {
   Layout& layout = state.layout;
   const Double margin = layout.picLegend.width + 2 * kGap;
   if (margin > state.surface.ScaleWidth() / 2) return false;
-  if (document.Right_margine < margin) {
-    fit(document.fitted_items.right_margin, document.Right_margine, to_integer(margin));
-    update_plot(state);
-  }
+  grow(document.fitted_items.right_margin, document.Right_margine, margin);
+  update_plot(state);
   put_legend(layout, Double(layout.plot.PlotLeft) + layout.plot.PlotWidth + kGap,
              layout.plot.PlotTop);
   return true;
@@ -139,6 +154,7 @@ bool has_items_in_fitted_places(const ControlState& state) {
   const ItemPlaces now = places(state.layout);
   return items.is_on && fitted && are_equal(now.title, fitted->title) &&
          are_equal(now.subtitle, fitted->subtitle) && are_equal(now.legend, fitted->legend) &&
+         document.Left_margine == items.left_margin.fitted &&
          document.Right_margine == items.right_margin.fitted &&
          document.Top_margine == items.top_margin.fitted &&
          document.TitleFontSize == items.title_size.fitted;
@@ -150,6 +166,7 @@ void set_fitted_items(ControlState& state, bool on) {
   if (items.is_on == on) return;
   items.is_on = on;
   if (!on) return restore_all(document);
+  items.left_margin = {document.Left_margine, document.Left_margine};
   items.right_margin = {document.Right_margine, document.Right_margine};
   items.top_margin = {document.Top_margine, document.Top_margine};
   items.title_size = {document.TitleFontSize, document.TitleFontSize};
@@ -157,6 +174,7 @@ void set_fitted_items(ControlState& state, bool on) {
 
 void fit_items(ControlState& state) {
   restore_all(state.document);
+  if (state.document.GraphValid) fit_labels(state);
   fit_titles(state);
   if (state.document.GraphValid) fit_legend(state);
   state.layout.fitted_places = places(state.layout);

@@ -85,6 +85,7 @@ struct FittedItems {
   bool is_on = false;
   // The legend has at most so many rows; 0 is no limit.
   int legend_rows = 0;
+  FittedSetting<Integer> left_margin;
   FittedSetting<Integer> right_margin;
   FittedSetting<Integer> top_margin;
   FittedSetting<Single> title_size;

@@ -25,6 +25,30 @@ constexpr int kLabelledIntervals = 20;
 constexpr const char* kLabelHeightSample = "2.34";
 constexpr Double kSampleValue = 999999.99999;
 
+// About twenty labels an axis, however many ticks: each of up to twenty intervals has its label,
+// from 21 on every second one, from 40 on every third one, and so on.
+int label_step(const GraphDocument& document) {
+  const int ticks = document.NumTicks;
+  return ticks <= kLabelledIntervals ? 1 : ticks / kLabelledIntervals + 1;
+}
+
+// The position of tick i along its axis, 0..1.
+Double fraction_of_tick(const GraphDocument& document, int i) {
+  return divide(i, document.NumTicks);
+}
+
+String x_label(const GraphDocument& document, int i) {
+  const Double fraction = fraction_of_tick(document, i);
+  return format_number(fraction * (document.xmax - document.xmin) + document.xmin,
+                       document.AxisLabelFormatX);
+}
+
+String y_label(const GraphDocument& document, int i) {
+  const Double fraction = fraction_of_tick(document, i);
+  return format_number(fraction * (document.ymax - document.ymin) + document.ymin,
+                       document.AxisLabelFormatY);
+}
+
 // Everything that the steps of one pass share.
 struct AxisPass {
   const GraphDocument& document;
@@ -38,14 +62,7 @@ struct AxisPass {
   Single larger_of(Double value, Double bound) const {
     return to_single(numeric.larger_of(value, bound));
   }
-  // The position of tick i along its axis, 0..1.
-  Double fraction(int i) const { return divide(i, document.NumTicks); }
-  // About twenty labels an axis, however many ticks: each of up to twenty intervals has its label,
-  // from 21 on every second one, from 40 on every third one, and so on.
-  int label_step() const {
-    const int ticks = document.NumTicks;
-    return ticks <= kLabelledIntervals ? 1 : ticks / kLabelledIntervals + 1;
-  }
+  Double fraction(int i) const { return fraction_of_tick(document, i); }
 
   Double y_of_tick(int i) const { return bottom() - fraction(i) * plot().PlotHeight - kTickOffset; }
   Double x_of_tick(int i) const { return plot().PlotLeft + fraction(i) * plot().PlotWidth; }
@@ -79,9 +96,8 @@ Integer draw_y_labels(const AxisPass& pass) {
   const GraphDocument& document = pass.document;
   const Double half_height = pass.surface.TextHeight(kLabelHeightSample) / 2;
   Integer last_left = 0;
-  for (int i = 0; i <= document.NumTicks; i += pass.label_step()) {
-    const Double value = pass.fraction(i) * (document.ymax - document.ymin) + document.ymin;
-    const String text = format_number(value, document.AxisLabelFormatY);
+  for (int i = 0; i <= document.NumTicks; i += label_step(document)) {
+    const String text = y_label(document, i);
     const Double centred = pass.plot().PlotLeft / 2.0 - pass.surface.TextWidth(text) / 2;
     const Single left = pass.larger_of(centred, 10);
     pass.surface.Print(left, to_single(pass.y_of_tick(i) - half_height), text);
@@ -99,12 +115,10 @@ void draw_x_ticks(const AxisPass& pass, Double length) {
 
 void draw_x_labels(const AxisPass& pass) {
   const GraphDocument& document = pass.document;
-  for (int i = 0; i <= document.NumTicks; i += pass.label_step()) {
-    const Double value = pass.fraction(i) * (document.xmax - document.xmin) + document.xmin;
+  for (int i = 0; i <= document.NumTicks; i += label_step(document)) {
     // A fixed shift to the left of the tick, whatever the label's width.
     pass.surface.Print(to_single(pass.x_of_tick(i) - kXLabelShift),
-                       to_single(pass.bottom() + kLabelGap),
-                       format_number(value, document.AxisLabelFormatX));
+                       to_single(pass.bottom() + kLabelGap), x_label(document, i));
   }
 }
 
@@ -173,6 +187,16 @@ void DrawAxes(const GraphDocument& document, const NumericService& numeric, Layo
   draw_border(pass);
   place_axis_hit_areas(pass);
   place_label_hit_areas(pass, last_y_label_left);
+}
+
+LabelMargins label_margins(const GraphDocument& document, const PlotSurface& surface) {
+  Double widest = 0;
+  for (int i = 0; i <= document.NumTicks; i += label_step(document)) {
+    widest = std::max<Double>(widest, surface.TextWidth(y_label(document, i)));
+  }
+  const int last = document.NumTicks / label_step(document) * label_step(document);
+  const Double last_width = surface.TextWidth(x_label(document, last));
+  return {widest + 2 * kLabelGap, last_width - kXLabelShift};
 }
 
 }  // namespace kurv

@@ -15,4 +15,12 @@ namespace kurv {
 void DrawAxes(const GraphDocument& document, const NumericService& numeric, Layout& layout,
               PlotSurface& surface);
 
+// What the labels of both axes need of the margins, twips: the widest of y with a gap on both
+// sides, and what the last of x has right of the plot. The axis font is current on the surface.
+struct LabelMargins {
+  Double left = 0;
+  Double right = 0;
+};
+LabelMargins label_margins(const GraphDocument& document, const PlotSurface& surface);
+
 }  // namespace kurv

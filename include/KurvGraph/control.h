@@ -188,7 +188,8 @@ class KURV_EXPORT Control {
   /// right of the plot where it would hide more than a tenth of the points; then the right margin
   /// grows. Names that have no room are counted in its last row. A subtitle that has no room beside
   /// the title goes below it, and the top margin grows; a title that is too long has a smaller
-  /// font, but not below 9 points. What was changed returns with the next "refresh" that does not
+  /// font, but not below 9 points. Tick labels that are wider than the left margin make it grow, to
+  /// a third of the width at most. What was changed returns with the next "refresh" that does not
   /// need it, and when this is turned off. Does not redraw.
   bool fitted_items() const;
   /// Turns them on or off.

@@ -89,6 +89,54 @@ TEST_F(FittedItemsSwitch, TurningItOffRestoresWhatItHasChanged) {
   EXPECT_EQ(control.TitleFontSize(), size);
   EXPECT_EQ(control.Top_margine(), 480);
   EXPECT_EQ(control.Right_margine(), 800);
+  EXPECT_EQ(control.Left_margine(), 800);
+}
+
+TEST_F(FittedItemsSwitch, LabelsOfTheYAxisFitIntoTheLeftMargin) {
+  load(1);
+  control.set_fitted_items(true);
+  control.set_AxisLabelFormatY("#,##0.0000");
+  control.set_ymax(1000001);
+  control.set_ymin(1000000);
+  refresh();
+  const Double width = host.surface.TextWidth("1,000,000.1000");
+  EXPECT_GT(width, 800);
+  EXPECT_GE(control.Left_margine(), width + 2 * 50);
+  EXPECT_LE(control.Left_margine(), width + 2 * 100);
+  EXPECT_EQ(host.layout().imgTitle.left, control.Left_margine());
+  control.set_ymin(0);
+  control.set_ymax(1);
+  control.set_AxisLabelFormatY("0.0");
+  refresh();
+  EXPECT_EQ(control.Left_margine(), 800);
+}
+
+TEST_F(FittedItemsSwitch, TheLastLabelOfTheXAxisFitsIntoTheRightMargin) {
+  load(1);
+  control.set_fitted_items(true);
+  control.set_AxisLabelFormatX("#,##0.0000");
+  control.set_xmax(1000001);
+  refresh();
+  EXPECT_GE(control.Right_margine(), host.surface.TextWidth("1,000,001.0000") - 100);
+  EXPECT_LT(control.Right_margine(), host.surface.TextWidth("1,000,001.0000"));
+  EXPECT_EQ(control.Left_margine(), 800);
+}
+
+TEST_F(FittedItemsSwitch, LabelsTakeAThirdOfTheWidthAtMost) {
+  load(1);
+  control.set_fitted_items(true);
+  control.set_AxisLabelFormatY("0" + String(500, '0'));
+  refresh();
+  EXPECT_EQ(control.Left_margine(), to_integer(host.surface.ScaleWidth() / 3.0));
+}
+
+TEST_F(FittedItemsSwitch, ALeftMarginThatTheUserHasSetStays) {
+  load(1);
+  control.set_fitted_items(true);
+  control.set_Left_margine(3000);
+  refresh();
+  refresh();
+  EXPECT_EQ(control.Left_margine(), 3000);
 }
 
 TEST_F(FittedItemsSwitch, NamesThatHaveNoRoomAreCounted) {
