@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "control/control_state.h"
+#include "control/fitted_items.h"
 #include "control/growing_data.h"
 #include "control/redraw.h"
 #include "control/undo.h"
@@ -14,12 +15,14 @@ namespace kurv::basKurvGraph01 {
 void Restore_Grf(ControlState& state) {
   const StepRecorder step(state, {"Restore Limits and Margins"});
   GraphDocument& document = state.document;
+  const bool is_fitted = has_items_in_fitted_places(state);
   set_marker_size(document, kDefaultMarkerSize);
   document.Top_margine = kDefaultTopMargine;
   document.Left_margine = kDefaultLeftMargine;
   document.Right_margine = kDefaultRightMargine;
   document.Bottom_margine = kDefaultBottomMargine;
   compute_axis_range(document, *state.services.numeric);
+  if (is_fitted) fit_items(state);
   build_the_graph(state);
 }
 

@@ -136,13 +136,14 @@ void fit_legend(ControlState& state) {
 
 // -- Whether they are still there -----------------------------------------------------------------
 
-ItemPlaces places(const Layout& layout) {
-  const auto corner = [](const Rect& item) { return SurfacePoint{item.left, item.top}; };
-  return {corner(layout.imgTitle), corner(layout.imgSubTitle), corner(layout.picLegend)};
+FittedPlaces places(const ControlState& state) {
+  const Layout& layout = state.layout;
+  return {layout.imgTitle, layout.imgSubTitle, layout.picLegend, state.surface.ScaleWidth(),
+          state.surface.ScaleHeight()};
 }
 
-bool are_equal(SurfacePoint a, SurfacePoint b) {
-  return a.x == b.x && a.y == b.y;
+bool have_equal_corners(const Rect& a, const Rect& b) {
+  return a.left == b.left && a.top == b.top;
 }
 
 }  // namespace
@@ -150,10 +151,11 @@ bool are_equal(SurfacePoint a, SurfacePoint b) {
 bool has_items_in_fitted_places(const ControlState& state) {
   const GraphDocument& document = state.document;
   const FittedItems& items = document.fitted_items;
-  const std::optional<ItemPlaces>& fitted = state.layout.fitted_places;
-  const ItemPlaces now = places(state.layout);
-  return items.is_on && fitted && are_equal(now.title, fitted->title) &&
-         are_equal(now.subtitle, fitted->subtitle) && are_equal(now.legend, fitted->legend) &&
+  const Layout& layout = state.layout;
+  const std::optional<FittedPlaces>& fitted = layout.fitted_places;
+  return items.is_on && fitted && have_equal_corners(layout.imgTitle, fitted->title) &&
+         have_equal_corners(layout.imgSubTitle, fitted->subtitle) &&
+         have_equal_corners(layout.picLegend, fitted->legend) &&
          document.Left_margine == items.left_margin.fitted &&
          document.Right_margine == items.right_margin.fitted &&
          document.Top_margine == items.top_margin.fitted &&
@@ -177,7 +179,13 @@ void fit_items(ControlState& state) {
   if (state.document.GraphValid) fit_labels(state);
   fit_titles(state);
   if (state.document.GraphValid) fit_legend(state);
-  state.layout.fitted_places = places(state.layout);
+  state.layout.fitted_places = places(state);
+}
+
+void fit_items_again(ControlState& state) {
+  if (!has_items_in_fitted_places(state)) return;
+  if (has_legend(state.document)) size_legend(state.document, state.layout, state.surface);
+  if (*state.layout.fitted_places != places(state)) fit_items(state);
 }
 
 }  // namespace kurv

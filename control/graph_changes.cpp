@@ -38,7 +38,7 @@ constexpr auto kFields = std::make_tuple(
     Place{&Layout::imgTitle, &Rect::left}, Place{&Layout::imgTitle, &Rect::top},
     Place{&Layout::imgSubTitle, &Rect::left}, Place{&Layout::imgSubTitle, &Rect::top},
     Place{&Layout::picLegend, &Rect::left}, Place{&Layout::picLegend, &Rect::top},
-    &ControlState::columns, &ControlState::cell_edits, &ControlState::zoom);
+    &Layout::fitted_places, &ControlState::columns, &ControlState::cell_edits, &ControlState::zoom);
 
 struct AnyValue {
   template <class T>
@@ -68,6 +68,10 @@ static_assert(document_fields(kFields) + kFieldsLeftOut == field_count<D>(),
 template <class State, class T>
 auto& value_of(State& state, T D::*field) {
   return state.document.*field;
+}
+template <class State, class T>
+auto& value_of(State& state, T Layout::*field) {
+  return state.layout.*field;
 }
 template <class State>
 auto& value_of(State& state, const Place& place) {

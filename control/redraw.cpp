@@ -1,6 +1,7 @@
 #include "control/redraw.h"
 
 #include "control/control_state.h"
+#include "control/fitted_items.h"
 #include "model/round_axis_range.h"
 #include "model/vzeroupper.h"
 #include "render/axes.h"
@@ -38,6 +39,7 @@ void build_the_graph(ControlState& state) {
 
   if (!document.GraphValid) return;
   SizeTitleHandles(document, layout, surface);
+  fit_items_again(state);
   document.GraphSaved = false;
   surface.Cls();
   state.last_picture.reset();

@@ -15,6 +15,8 @@ struct Rect {
   Single top = 0;
   Single width = 0;
   Single height = 0;
+
+  friend bool operator==(const Rect&, const Rect&) = default;
 };
 
 // The frame in which curves are drawn, twips. Rewritten by every axis pass and every resize; all
@@ -26,11 +28,16 @@ struct PlotRect {
   Integer PlotHeight = 0;
 };
 
-// The top left corners of what the user can drag.
-struct ItemPlaces {
-  SurfacePoint title;
-  SurfacePoint subtitle;
-  SurfacePoint legend;
+// Where fitting has put what the user can drag, and the size of the surface for which it did,
+// twips.
+struct FittedPlaces {
+  Rect title;
+  Rect subtitle;
+  Rect legend;
+  Double surface_width = 0;
+  Double surface_height = 0;
+
+  friend bool operator==(const FittedPlaces&, const FittedPlaces&) = default;
 };
 
 struct Layout {
@@ -47,8 +54,8 @@ struct Layout {
   Rect imgTitle;
   Rect imgSubTitle;
   Rect picLegend;
-  // Where fitting has put them; nothing before the first time.
-  std::optional<ItemPlaces> fitted_places;
+  // Nothing before they are fitted for the first time.
+  std::optional<FittedPlaces> fitted_places;
 
   // Where a press or a double click finds the parts of the axes; written by the axis pass.
   std::array<Rect, 2> shpGraphBorder;  // 0 along the x axis, 1 along the y axis

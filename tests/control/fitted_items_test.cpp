@@ -155,6 +155,69 @@ TEST_F(FittedItemsSwitch, NamesThatHaveNoRoomAreCounted) {
   EXPECT_EQ(control.unlisted_curves(), 0);
 }
 
+TEST_F(FittedItemsSwitch, TitlesThatHaveBecomeLongerAreFittedAgain) {
+  load(1);
+  control.set_fitted_items(true);
+  refresh();
+  control.set_Title(String(30, 'm'));
+  control.set_SubTitle(String(10, 'm'));
+  control.build_the_graph();
+  EXPECT_FALSE(overlap(host.layout().imgTitle, host.layout().imgSubTitle));
+  EXPECT_TRUE(control.has_items_in_fitted_places());
+}
+
+TEST_F(FittedItemsSwitch, ATitleThatWasMovedStaysWhereItIs) {
+  load(1);
+  control.set_fitted_items(true);
+  refresh();
+  host.layout().imgTitle.left += 500;
+  const Rect title = host.layout().imgTitle;
+  control.set_Title(String(30, 'm'));
+  control.build_the_graph();
+  EXPECT_EQ(host.layout().imgTitle.left, title.left);
+  EXPECT_EQ(host.layout().imgTitle.top, title.top);
+}
+
+TEST_F(FittedItemsSwitch, ALegendWithALongerNameIsFittedAgain) {
+  load(30, true);
+  control.set_fitted_items(true);
+  refresh();
+  const Integer margin = control.Right_margine();
+  ASSERT_GE(legend().left, plot_right());
+  host.document().yVarName(2) = "the concentration in the first tank";
+  control.build_the_graph();
+  EXPECT_GT(control.Right_margine(), margin);
+  EXPECT_GE(legend().left, plot_right());
+  EXPECT_LE(legend().left + legend().width, host.surface.ScaleWidth());
+}
+
+TEST_F(FittedItemsSwitch, RestoredMarginsHaveTheLegendBesideThePlot) {
+  load(30, true);
+  control.set_fitted_items(true);
+  refresh();
+  const Integer margin = control.Right_margine();
+  ASSERT_GT(margin, 800);
+  control.Restore_Grf();
+  EXPECT_EQ(control.Right_margine(), margin);
+  EXPECT_TRUE(control.has_items_in_fitted_places());
+}
+
+TEST_F(FittedItemsSwitch, UndoReturnsToFittedPlaces) {
+  load(30, true);
+  control.set_fitted_items(true);
+  refresh();
+  control.set_undo_enabled(true);
+  control.make_step("Type", [&] {
+    control.set_Title(String(200, 'm'));
+    control.build_the_graph();
+  });
+  refresh();
+  while (control.undo()) {
+  }
+  EXPECT_EQ(control.Title(), "Title");
+  EXPECT_TRUE(control.has_items_in_fitted_places());
+}
+
 TEST_F(FittedItemsSwitch, TheSubtitleIsBesideTheTitleWhereItHasRoom) {
   load(1);
   control.set_SubTitle("short");
