@@ -17,6 +17,10 @@ namespace {
 constexpr Double kCell = 60;
 constexpr Double kInset = 200;
 
+// Of more lines than these only every n-th counts, so that finding a place takes no longer than a
+// few redraws.
+constexpr std::int64_t kMostLines = 250'000;
+
 // Cells from `first` to before `last` in each direction.
 struct CellRange {
   int first_column;
@@ -71,8 +75,11 @@ class PlotCells {
       : m_columns(cells(plot.PlotWidth)),
         m_rows(cells(plot.PlotHeight)),
         m_points(m_columns, m_rows),
-        m_lines(m_columns, m_rows) {
+        m_lines(m_columns, m_rows),
+        m_line_step(static_cast<int>(std::int64_t{document.NumY} * document.NumData / kMostLines) +
+                    1) {
     const Mapping mapping(document, plot);
+    find_columns(document, mapping);
     for (int k = 1; k <= document.NumY; ++k) {
       if (document.y_visible(k)) add_curve(document, mapping, k + 1);
     }
@@ -93,22 +100,32 @@ class PlotCells {
     int row;
   };
 
-  void add_curve(const GraphDocument& document, const Mapping& mapping, int column) {
+  static constexpr int kOutside = -1;
+
+  // All curves have the same x.
+  void find_columns(const GraphDocument& document, const Mapping& mapping) {
     const auto x = document.xyArr.column(1);
+    for (int i = 1; i <= document.NumData; ++i) {
+      const Double across = mapping.NormX(x(i));
+      // False for NaN too.
+      const bool is_inside = 0 <= across && across <= 1;
+      m_column_of.push_back(is_inside ? static_cast<int>(across * (m_columns - 1)) : kOutside);
+    }
+  }
+
+  void add_curve(const GraphDocument& document, const Mapping& mapping, int column) {
     const auto y = document.xyArr.column(column);
     Cell before{};
     bool has_before = false;
     for (int i = 1; i <= document.NumData; ++i) {
-      const Double across = mapping.NormX(x(i));
       const Double down = 1 - mapping.NormY(y(i));
-      // False for NaN too.
-      const bool is_inside = 0 <= across && across <= 1 && 0 <= down && down <= 1;
+      const int across = m_column_of[static_cast<std::size_t>(i) - 1];
+      const bool is_inside = across != kOutside && 0 <= down && down <= 1;
       const bool continues = std::exchange(has_before, is_inside);
       if (!is_inside) continue;
-      const Cell cell{static_cast<int>(across * (m_columns - 1)),
-                      static_cast<int>(down * (m_rows - 1))};
+      const Cell cell{across, static_cast<int>(down * (m_rows - 1))};
       m_points.add(cell.column, cell.row);
-      if (document.Connected && continues) add_line(before, cell);
+      if (document.Connected && continues && i % m_line_step == 0) add_line(before, cell);
       before = cell;
     }
   }
@@ -127,6 +144,8 @@ class PlotCells {
   int m_rows;
   CellCounts m_points;
   CellCounts m_lines;
+  int m_line_step;
+  std::vector<int> m_column_of;  // of each point
 };
 
 // The places on the grid of cells, and what a legend would hide at each.
