@@ -63,11 +63,19 @@ bool has_room(const ControlState& state, const Rect& item) {
   return item.left + item.width <= state.surface.ScaleWidth() - kGap;
 }
 
+// Widths are nearly in proportion to sizes, so most of the way to a size that fits is one step.
+Single smaller_size(const ControlState& state) {
+  const Rect& title = state.layout.imgTitle;
+  const Single size = state.document.TitleFontSize;
+  const Double room = std::max(0.0, state.surface.ScaleWidth() - kGap - title.left);
+  const Double steps = std::floor(size - size * room / title.width) - 1;
+  return std::max(kSmallestTitle, static_cast<Single>(size - std::max(1.0, steps)));
+}
+
 void shrink_title(ControlState& state) {
   GraphDocument& document = state.document;
   while (!has_room(state, state.layout.imgTitle) && document.TitleFontSize > kSmallestTitle) {
-    fit(document.fitted_items.title_size, document.TitleFontSize,
-        std::max(kSmallestTitle, document.TitleFontSize - 1));
+    fit(document.fitted_items.title_size, document.TitleFontSize, smaller_size(state));
     SizeTitleHandles(document, state.layout, state.surface);
     place_titles(document, state.layout);
   }

@@ -166,6 +166,22 @@ TEST_F(FittedItemsSwitch, TitlesThatHaveBecomeLongerAreFittedAgain) {
   EXPECT_TRUE(control.has_items_in_fitted_places());
 }
 
+TEST_F(FittedItemsSwitch, ATitleHasTheLargestSizeThatFits) {
+  load(1);
+  control.set_Title(String(40, 'm'));
+  control.set_fitted_items(true);
+  for (const Single size : {20.0F, 200.5F, 32767.0F, 1e9F}) {
+    control.set_TitleFontSize(size);
+    refresh();
+    const Rect& title = host.layout().imgTitle;
+    const Single fitted = control.TitleFontSize();
+    const Single room = static_cast<Single>(host.surface.ScaleWidth()) - title.left;
+    EXPECT_LE(title.width, room) << size;
+    if (fitted == size) continue;
+    EXPECT_GT(title.width / fitted * (fitted + 2), room - 100) << size;
+  }
+}
+
 TEST_F(FittedItemsSwitch, ATitleThatWasMovedStaysWhereItIs) {
   load(1);
   control.set_fitted_items(true);
