@@ -105,11 +105,11 @@ void redraw(const GraphSource& source, AnyGraph& graph) {
 void add_curves(const GraphChoice& choice, Control& graph);
 void add_curves(const GraphChoice& choice, KurvGraph& graph);
 
-// Round limits are fitted to the number of ticks that was chosen; limits that were chosen too come
-// after that.
+// Round limits of a table are fitted to the number of ticks that was chosen; limits that were chosen
+// too come after that, and a graph file has limits of its own.
 template <class AnyGraph>
-void fit_to_ticks(const GraphChoice& choice, AnyGraph& graph) {
-  if (!graph.round_limits()) return;
+void fit_to_ticks(const GraphChoice& choice, const GraphSource& source, AnyGraph& graph) {
+  if (!source.data || !graph.round_limits()) return;
   for (const Setting& setting : choice.settings) {
     if (setting.property->name != "NumTicks") continue;
     set_property_value(graph, *setting.property, Variant(setting.value));
@@ -125,7 +125,7 @@ void apply_settings(const GraphChoice& choice, const GraphSource& source, AnyGra
                     const Drawn& drawn) {
   constexpr int kMaxRedraws = 8;
   add_curves(choice, graph);
-  fit_to_ticks(choice, graph);
+  fit_to_ticks(choice, source, graph);
   for (const Setting& setting : choice.settings) {
     set_property_value(graph, *setting.property, Variant(setting.value));
   }

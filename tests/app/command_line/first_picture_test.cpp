@@ -55,6 +55,14 @@ TEST_F(FirstPicture, FitsItsLimitsToANumberOfTicks) {
   EXPECT_EQ(fields["ymax"], "150");
 }
 
+TEST_F(FirstPicture, ANumberOfTicksLeavesTheLimitsOfAGraphFile) {
+  run({"convert", table(), "-o", path("zoomed.gdf"), "--set", "xmin=2", "--set", "xmax=8"});
+  auto fields = converted(path("zoomed.gdf"), {"--set", "NumTicks=3"});
+  EXPECT_EQ(fields["NumTicks"], "3");
+  EXPECT_EQ(fields["xmin"], "2");
+  EXPECT_EQ(fields["xmax"], "8");
+}
+
 TEST_F(FirstPicture, LabelsShowTicksOfLimitsThatWereChosen) {
   EXPECT_EQ(converted(table(), {"--set", "xmax=15"})["AxisLabelFormatX"], "0.0");
   EXPECT_EQ(
