@@ -39,6 +39,7 @@ void restore_all(GraphDocument& document) {
   restore(items.top_margin, document.Top_margine);
   restore(items.title_size, document.TitleFontSize);
   items.legend_rows = 0;
+  items.legend_letters = 0;
 }
 
 void grow(FittedSetting<Integer>& setting, Integer& margin, Double needed) {
@@ -115,13 +116,20 @@ void put_legend(Layout& layout, Double left, Double top) {
   layout.picLegend.top = static_cast<Single>(std::round(top));
 }
 
-// Right of the plot, unless that would take half of the surface.
+// Right of the plot. Long names are cut where it would take half of the surface. False where even
+// names of one letter would.
 bool place_outside(ControlState& state) {
   GraphDocument& document = state.document;
   Layout& layout = state.layout;
-  const Double margin = layout.picLegend.width + 2 * kGap;
-  if (margin > state.surface.ScaleWidth() / 2) return false;
-  grow(document.fitted_items.right_margin, document.Right_margine, margin);
+  const Double most = state.surface.ScaleWidth() / 2 - 2 * kGap;
+  if (layout.picLegend.width > most) {
+    const int letters = legend_letters(document, most, state.surface);
+    if (letters == 0) return false;
+    document.fitted_items.legend_letters = letters;
+    size_legend(document, layout, state.surface);
+  }
+  grow(document.fitted_items.right_margin, document.Right_margine,
+       layout.picLegend.width + 2 * kGap);
   update_plot(state);
   put_legend(layout, Double(layout.plot.PlotLeft) + layout.plot.PlotWidth + kGap,
              layout.plot.PlotTop);

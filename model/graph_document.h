@@ -83,8 +83,9 @@ struct FittedSetting {
 // that.
 struct FittedItems {
   bool is_on = false;
-  // The legend has at most so many rows; 0 is no limit.
+  // The legend has at most so many rows, and its names so many letters; 0 is no limit.
   int legend_rows = 0;
+  int legend_letters = 0;
   FittedSetting<Integer> left_margin;
   FittedSetting<Integer> right_margin;
   FittedSetting<Integer> top_margin;

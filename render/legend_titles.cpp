@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <vector>
 
+#include <KurvGraph/text.h>
+
 #include "model/palette.h"
 #include "render/curves.h"
 #include "render/markers.h"
@@ -23,6 +25,7 @@ constexpr int kLegendInset = 200;
 constexpr const char* kDefinitionSign = " = ";
 constexpr const char* kEntryLead = "   ";
 constexpr const char* kEntryTail = "    ";
+constexpr const char* kEllipsis = "\u2026";
 
 struct Entry {
   int curve;  // 0 for the row that counts the curves without one
@@ -42,9 +45,26 @@ void shorten(std::vector<Entry>& entries, int rows) {
   entries.push_back({0, "and " + std::to_string(left_out) + " more"});
 }
 
+// The first `letters` UTF-8 characters, the last of them replaced by an ellipsis where there are
+// more.
+String cut(const String& text, int letters) {
+  std::size_t last = 0;
+  int count = 0;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (is_utf8_continuation(text[i])) continue;
+    if (++count == letters) last = i;
+  }
+  return count <= letters ? text : text.substr(0, last) + kEllipsis;
+}
+
+std::size_t letter_count(const String& text) {
+  const auto begins_letter = [](char byte) { return !is_utf8_continuation(byte); };
+  return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), begins_letter));
+}
+
 // A curve whose flag is neither True nor False is drawn but not listed: a host that passes such a
 // flag gets a curve without a legend entry.
-std::vector<Entry> legend_entries(const GraphDocument& document) {
+std::vector<Entry> legend_entries(const GraphDocument& document, int letters) {
   std::vector<Entry> entries;
   for (int k = 1; k <= document.NumY; ++k) {
     if (document.y_visible(k).is_exactly_true()) {
@@ -52,7 +72,14 @@ std::vector<Entry> legend_entries(const GraphDocument& document) {
     }
   }
   shorten(entries, document.fitted_items.legend_rows);
+  if (letters > 0) {
+    for (Entry& entry : entries) entry.text = cut(entry.text, letters);
+  }
   return entries;
+}
+
+std::vector<Entry> legend_entries(const GraphDocument& document) {
+  return legend_entries(document, document.fitted_items.legend_letters);
 }
 
 void keep_on_surface(Rect& handle, const PlotRect& plot, const PlotSurface& surface) {
@@ -148,6 +175,20 @@ int legend_rows(const GraphDocument& document, Double height, const PlotSurface&
   const Double line = surface.TextHeight("Mg\r\nMg") - surface.TextHeight("Mg");
   const Double pitch = std::max(line, kRowPitchPerMarkerSize * document.MarkerSize);
   return std::max(1, static_cast<int>((height - pitch) / pitch));
+}
+
+int legend_letters(const GraphDocument& document, Double width, const PlotSurface& surface) {
+  int letters = 0;
+  for (const Entry& entry : legend_entries(document, 0)) {
+    letters = std::max(letters, static_cast<int>(letter_count(entry.text)));
+  }
+  const auto is_too_wide = [&] {
+    Rect legend;
+    size_to_entries(document, legend_entries(document, letters), legend, surface);
+    return legend.width > width;
+  };
+  while (letters > 0 && is_too_wide()) letters -= letters / 16 + 1;
+  return letters;
 }
 
 int unlisted_curves(const GraphDocument& document) {

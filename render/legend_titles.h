@@ -22,6 +22,9 @@ void DrawLegendAndTitles(const GraphDocument& document, Layout& layout, PlotSurf
 void size_legend(const GraphDocument& document, Layout& layout, const PlotSurface& surface);
 // How many rows have room in this height, at least one.
 int legend_rows(const GraphDocument& document, Double height, const PlotSurface& surface);
+// How many letters the names may have for a legend of at most this width; 0 where even names of one
+// letter are too wide.
+int legend_letters(const GraphDocument& document, Double width, const PlotSurface& surface);
 // How many visible curves have no row.
 int unlisted_curves(const GraphDocument& document);
 

@@ -234,6 +234,23 @@ TEST_F(FittedItemsSwitch, UndoReturnsToFittedPlaces) {
   EXPECT_TRUE(control.has_items_in_fitted_places());
 }
 
+TEST_F(FittedItemsSwitch, NamesThatAreTooLongAreCut) {
+  load(2, true);
+  String name;
+  for (int i = 0; i < 200; ++i) name += "\u00b5";
+  host.document().yVarName(2) = name;
+  control.set_fitted_items(true);
+  refresh();
+  EXPECT_GE(legend().left, plot_right());
+  EXPECT_LE(legend().left + legend().width, host.surface.ScaleWidth());
+  EXPECT_NE(host.surface.log().find("\u00b5\u2026    \""), std::string::npos);
+  EXPECT_NE(host.surface.log().find("\"curve 2    \""), std::string::npos);
+  EXPECT_EQ(host.document().yVarName(2), name);
+  control.set_fitted_items(false);
+  control.build_the_graph();
+  EXPECT_NE(host.surface.log().find(name + "    \""), std::string::npos);
+}
+
 TEST_F(FittedItemsSwitch, TheSubtitleIsBesideTheTitleWhereItHasRoom) {
   load(1);
   control.set_SubTitle("short");
