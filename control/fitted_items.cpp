@@ -150,6 +150,18 @@ void fit_legend(ControlState& state) {
   put_legend(layout, place->left, place->top);
 }
 
+// A legend that was never fitted, as that of a graph file, stays where it is, with as many rows as
+// the surface has room for.
+void fit_rows(ControlState& state) {
+  GraphDocument& document = state.document;
+  document.fitted_items.legend_rows = 0;
+  size_legend(document, state.layout, state.surface);
+  const Rect& legend = state.layout.picLegend;
+  const Double room = state.surface.ScaleHeight() - legend.top;
+  if (legend.height <= room) return;
+  document.fitted_items.legend_rows = legend_rows(document, room, state.surface);
+}
+
 // -- Whether they are still there -----------------------------------------------------------------
 
 FittedPlaces places(const ControlState& state) {
@@ -199,8 +211,14 @@ void fit_items(ControlState& state) {
 }
 
 void fit_items_again(ControlState& state) {
+  if (!state.document.fitted_items.is_on) return;
+  const bool is_listed = has_legend(state.document);
+  if (!state.layout.fitted_places) {
+    if (is_listed) fit_rows(state);
+    return;
+  }
   if (!has_items_in_fitted_places(state)) return;
-  if (has_legend(state.document)) size_legend(state.document, state.layout, state.surface);
+  if (is_listed) size_legend(state.document, state.layout, state.surface);
   if (*state.layout.fitted_places != places(state)) fit_items(state);
 }
 

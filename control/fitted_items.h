@@ -15,7 +15,8 @@ void fit_items(ControlState& state);
 bool has_items_in_fitted_places(const ControlState& state);
 
 // The same once more where the items are still in fitted places, but one of them or the surface has
-// another size since: a longer title, a curve with another name. The sizes of the titles are known.
+// another size since: a longer title, a curve with another name. Before the first time the legend
+// gets no more rows than the surface has room for. The sizes of the titles are known.
 void fit_items_again(ControlState& state);
 
 }  // namespace kurv

@@ -85,6 +85,7 @@ void fill(const GraphChoice& choice, const GraphSource& source, AnyGraph& graph)
   } else {
     // Stays on for a file that was saved with it.
     graph.set_round_limits(true);
+    graph.set_fitted_items(true);
     load_graph_file(graph, source.path);
     apply_overrides(choice, graph);
   }

@@ -234,6 +234,17 @@ TEST_F(FittedItemsSwitch, UndoReturnsToFittedPlaces) {
   EXPECT_TRUE(control.has_items_in_fitted_places());
 }
 
+TEST_F(FittedItemsSwitch, ALegendThatWasNeverFittedEndsOnTheSurface) {
+  control.set_fitted_items(true);
+  load(149);
+  EXPECT_GT(control.unlisted_curves(), 0);
+  EXPECT_EQ(legend().left, 1000);
+  EXPECT_EQ(legend().top, 680);
+  EXPECT_LE(legend().top + legend().height, host.surface.ScaleHeight());
+  load(3);
+  EXPECT_EQ(control.unlisted_curves(), 0);
+}
+
 TEST_F(FittedItemsSwitch, NamesThatAreTooLongAreCut) {
   load(2, true);
   String name;

@@ -55,6 +55,19 @@ TEST_F(FirstPicture, FitsItsLimitsToANumberOfTicks) {
   EXPECT_EQ(fields["ymax"], "150");
 }
 
+TEST_F(FirstPicture, ALegendThatIsTooLongIsShortenedInASavedGraphToo) {
+  QByteArray names = "x", values[] = {"1", "2"};
+  for (int k = 1; k <= 60; ++k) {
+    names += ",curve" + QByteArray::number(k);
+    for (QByteArray& row : values) row += ',' + QByteArray::number(k);
+  }
+  const QString table = written("many.csv", names + '\n' + values[0] + '\n' + values[1] + '\n');
+  run({"convert", table, "-o", path("many.gdf")});
+  const Outcome outcome =
+      run({"render", path("many.gdf"), "-o", path("many.png"), "--size", "700x400"});
+  EXPECT_THAT(outcome.err, HasSubstr("the legend has no room for"));
+}
+
 TEST_F(FirstPicture, ANumberOfTicksLeavesTheLimitsOfAGraphFile) {
   run({"convert", table(), "-o", path("zoomed.gdf"), "--set", "xmin=2", "--set", "xmax=8"});
   auto fields = converted(path("zoomed.gdf"), {"--set", "NumTicks=3"});
