@@ -122,13 +122,13 @@ void frmTable::undo_in_table() {
     m_model.take_back_marks();
     fill();
   } else {
-    undo();
+    run(UndoKey::kUndo);
   }
 }
 
 void frmTable::redo_in_table() {
   m_grid->setFocus();
-  redo();
+  run(UndoKey::kRedo);
 }
 
 // As the button of the toolbar does, because a host may have replaced what that does.

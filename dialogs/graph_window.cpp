@@ -49,22 +49,25 @@ void GraphWindow::refill() {
 void GraphWindow::show_page(Integer) {}
 
 void GraphWindow::keyPressEvent(QKeyEvent* event) {
-  const bool can_undo = m_client && m_client->control().undo_enabled();
-  if (can_undo && event->matches(QKeySequence::Undo)) {
-    undo();
-  } else if (can_undo && is_redo(*event)) {
-    redo();
+  if (const std::optional<UndoKey> key = undo_key(*event)) {
+    run(*key);
   } else {
     QDialog::keyPressEvent(event);
   }
 }
 
-void GraphWindow::undo() {
-  if (handle([](Control& control) { control.undo(); })) refill();
+std::optional<UndoKey> GraphWindow::undo_key(const QKeyEvent& event) const {
+  if (!m_client || !m_client->control().undo_enabled()) return std::nullopt;
+  if (event.matches(QKeySequence::Undo)) return UndoKey::kUndo;
+  return is_redo(event) ? std::optional(UndoKey::kRedo) : std::nullopt;
 }
 
-void GraphWindow::redo() {
-  if (handle([](Control& control) { control.redo(); })) refill();
+void GraphWindow::run(UndoKey key) {
+  const auto step = [key](Control& control) {
+    control.state().history.end_merging();
+    key == UndoKey::kUndo ? control.undo() : control.redo();
+  };
+  if (handle(step)) refill();
 }
 
 bool GraphWindow::edit(const StepLabel& label, const std::function<void(Control&)>& work) {

@@ -5,11 +5,14 @@
 
 #include <QDialog>
 #include <functional>
+#include <optional>
 
 #include "control/history.h"
 #include "dialogs/client.h"
 
 namespace kurv {
+
+enum class UndoKey { kUndo, kRedo };
 
 class GraphWindow : public QDialog {
   Q_OBJECT
@@ -28,12 +31,17 @@ class GraphWindow : public QDialog {
   // it.
   void refill();
 
+  // What the key does: Ctrl+Z undoes the last change of the graph, Ctrl+Y and Ctrl+Shift+Z do it
+  // again. Nothing for other keys, and where the host has not turned undo on.
+  std::optional<UndoKey> undo_key(const QKeyEvent& event) const;
+  // Does that, and fills the window.
+  void run(UndoKey key);
+
  protected:
   // Called by init() and refill().
   virtual void fill() = 0;
   virtual void show_page(Integer page);
-  // Ctrl+Z undoes the last change of the graph, Ctrl+Y and Ctrl+Shift+Z do it again, where the host
-  // has turned that on.
+  // The keys of undo.
   void keyPressEvent(QKeyEvent* event) override;
 
   // For handlers: runs `work` on the client's graph, unless the window is being filled or has no
@@ -42,9 +50,6 @@ class GraphWindow : public QDialog {
   bool handle(const std::function<void(Control&)>& work);
   // The same for a change of the graph, as one step.
   bool edit(const StepLabel& label, const std::function<void(Control&)>& work);
-  // Undoes the last step, or does it again, and fills the window.
-  void undo();
-  void redo();
   bool is_filling() const { return m_filling; }
   // For handlers that refill a part of the window: runs `filling`, which calls no handler.
   void fill_quietly(const std::function<void()>& filling);

@@ -62,6 +62,8 @@ LimitFields::Field LimitFields::new_field(const char* step, const Limit& limit) 
     show_stored(field, control);
     mark(field, control);
   });
+  m_page.undo_by_keys(*field.box, *field.box,
+                      [this, box = field.box] { return m_refused.count(box) == 0; });
   m_boxes.push_back(field.box);
   return field;
 }

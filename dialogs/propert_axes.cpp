@@ -132,6 +132,8 @@ FormatBox* format_box(PropertPage& page, const Axis& axis, QLabel* note) {
   QObject::connect(box, &QComboBox::currentIndexChanged, &page, choose);
   // The item may be the current one although another text has been typed since.
   QObject::connect(box, &QComboBox::activated, &page, choose);
+  page.undo_by_keys(*box, *box->lineEdit(),
+                    [box] { return format_refusal(box->format()).empty(); });
   QObject::connect(box->lineEdit(), &QLineEdit::textEdited, &page,
                    [=, &axis] { store(typing(axis.format_box, axis.format_step)); });
   QObject::connect(box->lineEdit(), &QLineEdit::editingFinished, &page, [&page] {

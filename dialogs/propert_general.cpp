@@ -44,6 +44,7 @@ QLineEdit* margin_box(PropertPage& page, const char* name, const char* descripti
   QLineEdit* const box = page.text_box(name, description, [get](Control& control) {
     return shown_number(control, (control.*get)());
   });
+  page.undo_by_keys(*box, *box, [box] { return !box->isModified(); });
   const auto apply = [&page, box, margin, get] {
     if (!box->isModified()) return;
     page.edit({step_name(margin)},

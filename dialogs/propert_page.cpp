@@ -14,6 +14,7 @@
 #include "dialogs/field_rules.h"
 #include "dialogs/frm_propert.h"
 #include "dialogs/length_text.h"
+#include "dialogs/undo_keys.h"
 #include "model/palette.h"
 
 namespace kurv {
@@ -126,6 +127,10 @@ void PropertPage::refill() {
   m_window.refill();
 }
 
+void PropertPage::undo_by_keys(QWidget& field, QLineEdit& line, std::function<bool()> is_stored) {
+  new UndoKeys(m_window, field, line, std::move(is_stored));
+}
+
 void PropertPage::end_merging() {
   m_window.end_merging();
 }
@@ -154,6 +159,8 @@ QLineEdit* PropertPage::number_box(const char* name, const char* description, co
   on_filling([box](Control&) {
     if (!is_being_typed(*box)) show_validity(*box, true);
   });
+  undo_by_keys(*box, *box,
+               [=, this] { return rule(text_of(*box), m_window.decimal_separator()).has_value(); });
   connect(box, &QLineEdit::textChanged, this, [=, this, set = std::move(set)] {
     edit(typing(name, step), [&](Control& control) {
       const std::optional<Integer> number = rule(text_of(*box), control.decimal_separator());

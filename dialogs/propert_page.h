@@ -63,6 +63,9 @@ class PropertPage final : public QWidget {
                       const QStringList& items, Shown shown,
                       std::function<void(Control&, const String&)> choose);
   QPushButton* button(const char* name, const char* caption);
+  // In the field, which is `line` or contains it, the keys of undo take back steps of the graph
+  // while its text is stored; see undo_keys.h.
+  void undo_by_keys(QWidget& field, QLineEdit& line, std::function<bool()> is_stored);
   // Legible on any desktop, also while it is disabled.
   QLabel* label(const char* name, const char* caption, QWidget* buddy);
   QGroupBox* frame(const char* name, const char* caption);

@@ -13,6 +13,7 @@ QLineEdit* title_box(PropertPage& page, const char* name, const char* descriptio
   QLineEdit* const box = page.text_box(name, description, [get](Control& control) {
     return QString::fromStdString((control.*get)());
   });
+  page.undo_by_keys(*box, *box, [] { return true; });
   QObject::connect(box, &QLineEdit::textChanged, &page, [=, &page] {
     page.edit(typing(name, step), [=](Control& control) {
       box->setModified(false);

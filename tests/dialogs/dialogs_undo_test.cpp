@@ -102,6 +102,111 @@ TEST_F(PropertiesUndo, ButtonsThatOnlyRedrawAreNoSteps) {
   EXPECT_THAT(steps(), ElementsAre());
 }
 
+// -- Keys in the text fields of the properties ----------------------------------------------------
+
+class FieldUndo : public PropertiesUndo {
+ protected:
+  void redo_in(const char* name) {
+    QTest::keyClick(window->findChild<QWidget*>(name), Qt::Key_Z,
+                    Qt::ControlModifier | Qt::ShiftModifier);
+  }
+};
+
+TEST_F(FieldUndo, TakesBackALimitTogetherWithWhatItTurnedOff) {
+  open(kAxesPage);
+  type("txtXAxis_2", "0.50");
+  ASSERT_FALSE(bool(graph().Autoscale()));
+  undo_in("txtXAxis_2");
+  EXPECT_EQ(graph().xmin(), 1.5);
+  EXPECT_TRUE(bool(graph().Autoscale()));
+  EXPECT_EQ(text("txtXAxis_2"), "1.5");
+  EXPECT_FALSE(graph().undo_text());
+  redo_in("txtXAxis_2");
+  EXPECT_EQ(graph().xmin(), 0.5);
+  EXPECT_FALSE(bool(graph().Autoscale()));
+  EXPECT_EQ(text("txtXAxis_2"), "0.5");
+}
+
+TEST_F(FieldUndo, TakesBackTheLastStepWhateverFieldHasTheFocus) {
+  open(kGeneralPage);
+  check("chkSort")->click();
+  box("txtMarginTop")->setFocus();
+  undo_in("txtMarginTop");
+  EXPECT_FALSE(check("chkSort")->isChecked());
+  EXPECT_FALSE(bool(graph().SortXY()));
+}
+
+TEST_F(FieldUndo, AddsNoStep) {
+  open(kTitlesPage);
+  type("txtTitle", "Typed");
+  box("txtSubTitle")->setFocus();
+  box("txtTitle")->setFocus();
+  undo_in("txtTitle");
+  EXPECT_EQ(graph().Title(), "Title");
+  EXPECT_EQ(text("txtTitle"), "Title");
+  EXPECT_EQ(graph().redo_text(), "Change Title");
+  EXPECT_FALSE(graph().undo_text());
+}
+
+TEST_F(FieldUndo, WhatIsTypedAfterItIsAStepOfItsOwn) {
+  open(kTitlesPage);
+  type("txtTitle", "First");
+  box("txtSubTitle")->setFocus();
+  type("txtTitle", "Second");
+  undo_in("txtTitle");
+  type("txtTitle", "Third");
+  EXPECT_THAT(steps(), ElementsAre("Change Title", "Change Title"));
+}
+
+TEST_F(FieldUndo, TakesBackAFormatThatWasTyped) {
+  open(kAxesPage);
+  const String before = graph().AxisLabelFormatX();
+  auto* const formats = list("cmbXFormat");
+  formats->setFocus();
+  formats->lineEdit()->selectAll();
+  QTest::keyClicks(formats, "0.0000");
+  ASSERT_EQ(graph().AxisLabelFormatX(), "0.0000");
+  undo_in("cmbXFormat");
+  EXPECT_EQ(graph().AxisLabelFormatX(), before);
+  EXPECT_EQ(formats->currentText().toStdString(), before);
+  EXPECT_FALSE(graph().undo_text());
+}
+
+TEST_F(FieldUndo, FirstTakesBackATextThatIsNotStored) {
+  open(kGeneralPage);
+  check("chkSort")->click();
+  type("txtMarginTop", "700");
+  undo_in("txtMarginTop");
+  EXPECT_EQ(text("txtMarginTop"), "480");
+  redo_in("txtMarginTop");
+  EXPECT_EQ(text("txtMarginTop"), "700");
+  undo_in("txtMarginTop");
+  EXPECT_TRUE(bool(graph().SortXY()));
+  undo_in("txtMarginTop");
+  EXPECT_FALSE(bool(graph().SortXY()));
+}
+
+TEST_F(FieldUndo, FirstTakesBackATextThatIsRefused) {
+  open(kAxesPage);
+  check("chkXGrids")->click();
+  type("txtXAxis_2", "9");
+  type("txtAxisTicks", "4");
+  undo_in("txtAxisTicks");
+  EXPECT_EQ(text("txtAxisTicks"), "10");
+  EXPECT_EQ(graph().undo_text(), "Change Horizontal Grid");
+  undo_in("txtAxisTicks");
+  EXPECT_FALSE(graph().undo_text());
+}
+
+TEST_F(FieldUndo, IsThatOfTheFieldWhereUndoIsOff) {
+  graph().set_undo_enabled(false);
+  open(kTitlesPage);
+  type("txtTitle", "Typed");
+  undo_in("txtTitle");
+  EXPECT_EQ(graph().Title(), "Title");
+  EXPECT_EQ(text("txtTitle"), "Title");
+}
+
 // -- Table ----------------------------------------------------------------------------------------
 
 struct TableUndo : Table {
