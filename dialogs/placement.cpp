@@ -22,19 +22,23 @@ QPoint moved_into(const QRect& area, const QRect& window) {
           std::max(area.y(), std::min(window.y(), bottom))};
 }
 
-QPoint place_beside(const QRect& area, const QRect& plot, const QRect& main, QSize size) {
+QPoint place_beside(const QRect& area, const Covered& covered, QSize size) {
   QPoint best;
-  std::optional<std::tuple<qint64, qint64>> least;
-  for (const QRect& beside : {main, plot}) {
-    const QPoint sides[] = {{beside.x() + beside.width(), beside.y()},
-                            {beside.x() - size.width(), beside.y()},
-                            {beside.x(), beside.y() + beside.height()},
-                            {beside.x(), beside.y() - size.height()}};
+  std::optional<std::tuple<qint64, qint64, qint64>> least;
+  for (const QRect& beside : {covered.main, covered.plot}) {
+    const int right = beside.x() + beside.width();
+    const int bottom = beside.y() + beside.height();
+    const int left = beside.x() - size.width();
+    const int raised = bottom - size.height();
+    const QPoint sides[] = {{right, beside.y()},  {left, beside.y()},
+                            {right, raised},      {left, raised},
+                            {beside.x(), bottom}, {beside.x(), beside.y() - size.height()}};
     for (const QPoint& side : sides) {
       const QRect window(moved_into(area, QRect(side, size)), size);
-      const std::tuple covered(common_area(window, plot), common_area(window, main));
-      if (least && covered >= *least) continue;
-      least = covered;
+      const std::tuple now(common_area(window, covered.titles), common_area(window, covered.plot),
+                           common_area(window, covered.main));
+      if (least && now >= *least) continue;
+      least = now;
       best = window.topLeft();
     }
   }

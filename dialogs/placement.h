@@ -4,6 +4,7 @@
 #include <QPoint>
 #include <QRect>
 #include <QSize>
+#include <QWidget>
 
 namespace kurv {
 
@@ -11,9 +12,20 @@ namespace kurv {
 // larger.
 QPoint moved_into(const QRect& area, const QRect& window);
 
-// The place for a window of this size in the area. Of the places beside `main`, the window with the
-// plot, and beside the plot itself it is the one that covers least of the plot, and of those that
-// cover the same, the one that covers least of `main`; to the right rather than to the left.
-QPoint place_beside(const QRect& area, const QRect& plot, const QRect& main, QSize size);
+// What a window should not cover: the titles of a plot, the plot, and the window with the plot.
+struct Covered {
+  QRect titles;  // null where there are none
+  QRect plot;
+  QRect main;
+};
+
+// The place for a window of this size in the area. Of the places beside the main window and beside
+// the plot it is the one that covers least of the titles, of those that cover the same, the one
+// that covers least of the plot, and then least of the main window; to the right rather than to the
+// left.
+QPoint place_beside(const QRect& area, const Covered& covered, QSize size);
+
+// As place_beside() of window_places.h. The titles are in the coordinates of the plot.
+void place_beside(QWidget& window, const QWidget& plot, const QRect& titles);
 
 }  // namespace kurv

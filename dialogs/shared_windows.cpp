@@ -1,15 +1,19 @@
 #include "dialogs/shared_windows.h"
 
+#include <KurvGraph/screen_fit.h>
 #include <KurvGraph/window_places.h>
 
 #include <QDataStream>
 #include <QIODevice>
 #include <QPointer>
+#include <algorithm>
 #include <array>
 
+#include "control/control_state.h"
 #include "dialogs/frm_curves.h"
 #include "dialogs/frm_propert.h"
 #include "dialogs/frm_table.h"
+#include "dialogs/placement.h"
 
 namespace kurv {
 
@@ -19,7 +23,8 @@ struct SharedWindow {
   Client* client = nullptr;
   // Created when it is shown; null again when it has been closed.
   QPointer<GraphWindow> window;
-  QByteArray geometry;  // where the user left it
+  QByteArray geometry;     // where the user left it
+  qint32 line_height = 0;  // of its letters then; 0 where it is unknown
 };
 
 using SharedWindows = std::array<SharedWindow, 3>;
@@ -32,13 +37,19 @@ SharedWindows& all_windows() {
   return all;
 }
 
+void keep_place(SharedWindow& shared) {
+  if (!shared.window) return;
+  shared.geometry = shared.window->saveGeometry();
+  shared.line_height = shared.window->fontMetrics().height();
+}
+
 // The window may be in a handler, so it is deleted by the event loop.
 void unload(SharedWindow& shared) {
   shared.client = nullptr;
   GraphWindow* const window = shared.window;
-  shared.window.clear();
   if (!window) return;
-  shared.geometry = window->saveGeometry();
+  keep_place(shared);
+  shared.window.clear();
   window->set_client(nullptr);
   window->hide();
   window->deleteLater();
@@ -61,22 +72,48 @@ GraphWindow* new_window(Window window, QWidget* parent) {
   return new frmPropert(parent);
 }
 
-// The window, created anew where its client has moved to another parent window.
-GraphWindow* window_of(SharedWindow& shared, Window kind) {
+// In pixels of the plot.
+QRect titles_of(const ControlState& state, const QWidget& plot) {
+  const Double width = state.surface.ScaleWidth();
+  const Double height = state.surface.ScaleHeight();
+  if (!(width > 0 && height > 0)) return {};
+  const auto shown = [&](const Rect& rect) {
+    const Double x_scale = plot.width() / width;
+    const Double y_scale = plot.height() / height;
+    return QRectF(rect.left * x_scale, rect.top * y_scale, rect.width * x_scale,
+                  rect.height * y_scale);
+  };
+  return (shown(state.layout.imgTitle) | shown(state.layout.imgSubTitle)).toAlignedRect();
+}
+
+// Where the user left it, or beside the plot. A window that was left with other letters gets at
+// least the size that it needs with those of now, in which it is before this.
+void place(GraphWindow& window, const SharedWindow& shared) {
+  const QSize needed = window.testAttribute(Qt::WA_Resized) ? window.size() : window.sizeHint();
+  const QWidget* const plot = shared.client->plot();
+  if (window.restoreGeometry(shared.geometry)) {
+    if (shared.line_height != window.fontMetrics().height())
+      resize_on_screen(window, window.size().expandedTo(needed));
+  } else if (plot) {
+    place_beside(window, *plot, titles_of(shared.client->control().state(), *plot));
+  }
+}
+
+// Creates the window, also where its client has moved to another parent window. False where it
+// exists.
+bool create_window(SharedWindow& shared, Window kind) {
   QWidget* const parent = shared.client->window();
-  if (shared.window && shared.window->parentWidget() == parent) return shared.window.data();
+  if (shared.window && shared.window->parentWidget() == parent) return false;
   Client* const client = shared.client;
   unload(shared);
   shared.client = client;
   GraphWindow* const window = new_window(kind, parent);
   shared.window = window;
-  const QWidget* const plot = client->plot();
-  if (!window->restoreGeometry(shared.geometry) && plot) place_beside(*window, *plot);
   window->set_client(client);
   QObject::connect(window, &QDialog::finished, window, [&shared, window] {
     if (shared.window == window) unload(shared);
   });
-  return window;
+  return true;
 }
 
 }  // namespace
@@ -85,8 +122,13 @@ QByteArray window_places() {
   QByteArray places;
   QDataStream stream(&places, QIODevice::WriteOnly);
   stream.setVersion(kPlacesVersion);
-  for (const SharedWindow& shared : all_windows()) {
-    stream << (shared.window ? shared.window->saveGeometry() : shared.geometry);
+  for (SharedWindow& shared : all_windows()) {
+    keep_place(shared);
+    stream << shared.geometry;
+  }
+  const auto is_known = [](const SharedWindow& shared) { return shared.line_height > 0; };
+  if (std::any_of(all_windows().begin(), all_windows().end(), is_known)) {
+    for (const SharedWindow& shared : all_windows()) stream << shared.line_height;
   }
   return places;
 }
@@ -96,8 +138,15 @@ void set_window_places(const QByteArray& places) {
   stream.setVersion(kPlacesVersion);
   std::array<QByteArray, std::tuple_size_v<SharedWindows>> geometries;
   for (QByteArray& geometry : geometries) stream >> geometry;
+  std::array<qint32, std::tuple_size_v<SharedWindows>> line_heights{};
+  if (!stream.atEnd()) {
+    for (qint32& line_height : line_heights) stream >> line_height;
+  }
   if (stream.status() != QDataStream::Ok) return;
-  for (std::size_t i = 0; i < geometries.size(); ++i) all_windows()[i].geometry = geometries[i];
+  for (std::size_t i = 0; i < geometries.size(); ++i) {
+    all_windows()[i].geometry = geometries[i];
+    all_windows()[i].line_height = line_heights[i];
+  }
 }
 
 void load_windows(Client& client) {
@@ -107,8 +156,11 @@ void load_windows(Client& client) {
 void show_window(Window kind, Client& client, Integer page) {
   SharedWindow& shared = all_windows()[static_cast<std::size_t>(kind)];
   load(shared, client);
-  GraphWindow* const window = window_of(shared, kind);
+  const bool is_new = create_window(shared, kind);
+  GraphWindow* const window = shared.window;
+  // First, because the size of the table depends on its cells.
   window->init(page);
+  if (is_new) place(*window, shared);
   if (kind == Window::kCurves && !window->isVisible()) {
     window->exec();
     return;

@@ -16,12 +16,17 @@ QSize framed_size(const QWidget& window, const QWidget& main) {
 
 }  // namespace
 
-void place_beside(QWidget& window, const QWidget& plot) {
+void place_beside(QWidget& window, const QWidget& plot, const QRect& titles) {
   if (!plot.isVisible()) return;
   const QWidget& main = *plot.window();
-  const QRect shown(plot.mapToGlobal(QPoint()), plot.size());
-  window.move(place_beside(main.screen()->availableGeometry(), shown, main.frameGeometry(),
-                           framed_size(window, main)));
+  const QPoint origin = plot.mapToGlobal(QPoint());
+  const Covered covered{titles.isEmpty() ? QRect() : titles.translated(origin),
+                        QRect(origin, plot.size()), main.frameGeometry()};
+  window.move(place_beside(main.screen()->availableGeometry(), covered, framed_size(window, main)));
+}
+
+void place_beside(QWidget& window, const QWidget& plot) {
+  place_beside(window, plot, QRect());
 }
 
 }  // namespace kurv

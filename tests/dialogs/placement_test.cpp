@@ -10,7 +10,7 @@ namespace {
 const QRect kScreen(0, 30, 1920, 1050);
 
 QRect placed(const QRect& plot, const QRect& main, QSize size, const QRect& area = kScreen) {
-  return {place_beside(area, plot, main, size), size};
+  return {place_beside(area, {{}, plot, main}, size), size};
 }
 
 TEST(Placement, IsToTheRightOfTheWindowWhereThereIsSpace) {
@@ -40,6 +40,17 @@ TEST(Placement, CoversAsLittleOfThePlotAsItCan) {
   const QRect main(300, 100, 1300, 800);
   const QRect plot = main.adjusted(5, 80, -5, -30);
   EXPECT_EQ(placed(plot, main, {500, 400}), QRect(1420, 100, 500, 400));
+}
+
+TEST(Placement, LeavesTheTitlesFreeWhereItHasToCoverThePlot) {
+  const QRect plot = kScreen.adjusted(0, 60, 0, -30);
+  const QRect title(0, 100, 1920, 40);
+  const QSize size(500, 400);
+  const QRect window(place_beside(kScreen, {title, plot, kScreen}, size), size);
+  EXPECT_EQ(window, QRect(1420, 680, 500, 400));
+  // A window that is as high as the screen covers the shorter part of them.
+  const QRect right(1000, 100, 300, 40);
+  EXPECT_EQ(place_beside(kScreen, {right, plot, kScreen}, {800, 1050}), QPoint(0, 30));
 }
 
 TEST(Placement, StaysOnTheScreen) {

@@ -286,6 +286,33 @@ TEST_F(WindowPlaces, AWindowOpensBesideThePlot) {
   EXPECT_TRUE(host.screen()->availableGeometry().contains(shown("frmPropert")->frameGeometry()));
 }
 
+TEST_F(WindowPlaces, ATableOpensBesideThePlotInTheSizeThatItsDataNeed) {
+  graph().plot({.title = "T",
+                .x = {1, 2, 3},
+                .y = {{"a", {1, 4, 2}},
+                      {"b", {1, 4, 2}},
+                      {"c", {1, 4, 2}},
+                      {"d", {1, 4, 2}},
+                      {"e", {1, 4, 2}},
+                      {"f", {1, 4, 2}},
+                      {"g", {1, 4, 2}}}});
+  graph().ChartOptions("table");
+  QApplication::processEvents();
+  const QRect table = shown("frmTable")->frameGeometry();
+  EXPECT_FALSE(table.intersects(host.frameGeometry()));
+  EXPECT_TRUE(host.screen()->availableGeometry().contains(table));
+}
+
+TEST_F(WindowPlaces, AWindowThatHasToCoverThePlotLeavesTheTitlesFree) {
+  host.setGeometry(host.screen()->availableGeometry());
+  graph().resize(host.size());
+  graph().plot({.title = QString(40, u'W'), .x = {1, 2}, .y = {{"a", {1, 4}}}});
+  QApplication::processEvents();
+  const QRect window = open_properties().frameGeometry();
+  EXPECT_TRUE(host.screen()->availableGeometry().contains(window));
+  EXPECT_GT(window.top(), host.mapToGlobal(QPoint(0, 80)).y());
+}
+
 TEST_F(WindowPlaces, AWindowOpensWhereItWas) {
   open_properties().move(77, 88);
   shown("frmPropert")->close();
@@ -299,6 +326,30 @@ TEST_F(WindowPlaces, ArePassedToTheNextRun) {
   shown("frmPropert")->close();
   set_window_places(places);
   EXPECT_EQ(open_properties().pos(), QPoint(77, 88));
+}
+
+TEST_F(WindowPlaces, AWindowOpensAsSmallAsItWasLeft) {
+  open_properties().resize(400, 200);
+  shown("frmPropert")->close();
+  EXPECT_EQ(open_properties().size(), QSize(400, 200));
+}
+
+TEST_F(WindowPlaces, AWindowThatWasLeftWithSmallLettersShowsAllWithLargeOnes) {
+  const QFont before = QApplication::font();
+  open_properties().resize(400, 200);
+  shown("frmPropert")->move(77, 88);
+  shown("frmPropert")->close();
+  const QByteArray places = window_places();
+  QFont large = before;
+  large.setPointSizeF(before.pointSizeF() * 1.25);
+  QApplication::setFont(large);
+  set_window_places(m_none);
+  const QSize needed = open_properties().size();
+  shown("frmPropert")->close();
+  set_window_places(places);
+  EXPECT_EQ(open_properties().size(), needed);
+  EXPECT_EQ(shown("frmPropert")->pos(), QPoint(77, 88));
+  QApplication::setFont(before);
 }
 
 TEST_F(WindowPlaces, OthersAreIgnored) {
