@@ -72,7 +72,7 @@ LimitFields::Field LimitFields::new_field(const char* step, const Limit& limit) 
 // graph with a range that the user does not want.
 void LimitFields::store_when_changed(const Field& changed, const Field& other, const Axis& axis) {
   connect(changed.box, &QLineEdit::textChanged, this, [this, changed, other, axis] {
-    bool turned_off = false;
+    bool has_stored = false;
     const auto store_limits = [&](Control& control) {
       const auto limit_in = [&](const QLineEdit& box) {
         return axis_limit(text_of(box), text_of(*axis.min), text_of(*axis.max),
@@ -83,18 +83,18 @@ void LimitFields::store_when_changed(const Field& changed, const Field& other, c
       const bool other_is_stored = is_stored(*other.box, *other.limit, control);
       // One limit without the other could store a minimum above the maximum.
       if (value && (other_is_stored || other_value)) {
-        turned_off = bool(control.Autoscale()) && !is_stored(*changed.box, *changed.limit, control);
         // Otherwise the limits would be computed anew when a curve is hidden.
-        if (turned_off) control.set_Autoscale(false);
+        if (!is_stored(*changed.box, *changed.limit, control)) control.set_Autoscale(false);
         store(*changed.limit, *value, *changed.box, control);
         if (!other_is_stored) store(*other.limit, *other_value, *other.box, control);
+        has_stored = true;
       }
       mark(changed, control);
       mark(other, control);
       update_note(axis, control);
     };
-    // Shows the box that is off now.
-    if (m_page.edit(typing(changed.limit->name, changed.step), store_limits) && turned_off)
+    // Shows what follows from the limits: boxes that are off now, and the first label.
+    if (m_page.edit(typing(changed.limit->name, changed.step), store_limits) && has_stored)
       m_page.refill();
   });
 }

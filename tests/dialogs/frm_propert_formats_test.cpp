@@ -40,8 +40,8 @@ TEST_F(Formats, EachIsShownWithTheFirstLabel) {
 
 TEST_F(Formats, TheLabelFollowsTheLimitAndTheFormat) {
   type("txtXAxis_2", "20");
-  window->refill();
   EXPECT_EQ(note(), "First label: 20.00");
+  EXPECT_EQ(list("cmbXFormat")->itemData(0, Qt::UserRole), "20");
   press("cmbXFormat", Qt::Key_Down);
   EXPECT_EQ(note(), "First label: 20.000");
 }
