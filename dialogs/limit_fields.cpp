@@ -6,6 +6,7 @@
 #include <QPalette>
 #include <algorithm>
 #include <optional>
+#include <utility>
 
 #include "dialogs/field_rules.h"
 
@@ -15,6 +16,7 @@ namespace {
 
 // Also the longest of the notes.
 constexpr const char* kKept = "Limits do not follow the data";
+constexpr const char* kNotExact = "Not the exact range";
 
 QString stored_text(const Control& control, const Limit& limit) {
   return shown_number(control, (control.*limit.get)());
@@ -40,10 +42,11 @@ LimitFields::LimitFields(PropertPage& page) : QObject(&page), m_page(page) {
 }
 
 LimitFields::Axis LimitFields::add_axis(const char* step, const Limit& min, const Limit& max,
-                                        const char* note) {
+                                        const char* note,
+                                        std::function<bool(Control&)> has_lost_exact_range) {
   const Field low = new_field(step, min);
   const Field high = new_field(step, max);
-  const Axis axis{low.box, high.box, m_page.note(note, kKept)};
+  const Axis axis{low.box, high.box, m_page.note(note, kKept), std::move(has_lost_exact_range)};
   m_page.on_filling([this, axis](Control& control) { update_note(axis, control); });
   store_when_changed(low, high, axis);
   store_when_changed(high, low, axis);
@@ -99,13 +102,13 @@ void LimitFields::store_when_changed(const Field& changed, const Field& other, c
   });
 }
 
-void LimitFields::update_note(const Axis& axis, const Control& control) const {
+void LimitFields::update_note(const Axis& axis, Control& control) const {
   QString text;
   if (m_refused.count(axis.min) > 0 || m_refused.count(axis.max) > 0) {
     text = QString::fromStdString(
         limits_refusal(text_of(*axis.min), text_of(*axis.max), control.decimal_separator()));
   } else if (!control.Autoscale()) {
-    text = QLatin1String(kKept);
+    text = QLatin1String(axis.has_lost_exact_range(control) ? kNotExact : kKept);
   }
   axis.note->setText(text);
   axis.min->setAccessibleDescription(text);

@@ -6,8 +6,9 @@
 // window. When another field of this window gets the focus, the stored limit is shown again.
 //
 // A limit that the user has typed is kept: in the same step, the limits stop following the data. A
-// line below the two fields says so, and why a text is refused. Whether an axis is computed as the
-// exact range stays as it is, because "Restore Limits and Margins" computes the limits by that.
+// line below the two fields says so, and why a text is refused. An axis that is computed as the
+// exact range stays one, because "Restore Limits and Margins" computes the limits by that; the line
+// says that it has another range now.
 #pragma once
 
 #include <KurvGraph/control.h>
@@ -16,6 +17,7 @@
 #include <QLineEdit>
 #include <QObject>
 #include <QWidget>
+#include <functional>
 #include <set>
 #include <vector>
 
@@ -41,9 +43,12 @@ class LimitFields final : public QObject {
     QLineEdit* min;
     QLineEdit* max;
     QLabel* note;
+    std::function<bool(Control&)> has_lost_exact_range;
   };
   // The limits must outlive the page. `step` is what a change of them is called.
-  Axis add_axis(const char* step, const Limit& min, const Limit& max, const char* note);
+  // `has_lost_exact_range` is asked while the limits do not follow the data.
+  Axis add_axis(const char* step, const Limit& min, const Limit& max, const char* note,
+                std::function<bool(Control&)> has_lost_exact_range);
 
  private:
   struct Field {
@@ -56,7 +61,7 @@ class LimitFields final : public QObject {
   void store_when_changed(const Field& changed, const Field& other, const Axis& axis);
   void show_stored(const Field& field, const Control& control) const;
   void mark(const Field& field, const Control& control);
-  void update_note(const Axis& axis, const Control& control) const;
+  void update_note(const Axis& axis, Control& control) const;
   // A field of this window has got the focus.
   void on_focus(const QWidget& widget);
   bool contains(const QWidget* widget) const;

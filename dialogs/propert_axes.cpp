@@ -2,14 +2,18 @@
 
 #include <QFormLayout>
 #include <QGridLayout>
+#include <QScopeGuard>
 #include <QVBoxLayout>
+#include <utility>
 
 #include "control/axis_limits.h"
 #include "control/control_state.h"
+#include "control/redraw.h"
 #include "dialogs/field_rules.h"
 #include "dialogs/format_box.h"
 #include "dialogs/limit_fields.h"
 #include "dialogs/propert_pages.h"
+#include "model/axis_range.h"
 
 namespace kurv {
 
@@ -22,6 +26,8 @@ struct Axis {
   const char* limits_step;
   Limit min;
   Limit max;
+  Double GraphDocument::*lowest;
+  Double GraphDocument::*highest;
   const char* limits_note;
 
   const char* exact_box;
@@ -46,6 +52,8 @@ constexpr Axis kX{
     .limits_step = "Change X Limits",
     .min = {"txtXAxis_2", "&Minimum:", "Minimum of the x axis", &Control::xmin, &Control::set_xmin},
     .max = {"txtXAxis_1", "Maxim&um:", "Maximum of the x axis", &Control::xmax, &Control::set_xmax},
+    .lowest = &GraphDocument::xmin,
+    .highest = &GraphDocument::xmax,
     .limits_note = "lblXLimits",
     .exact_box = "chkXZoom",
     .exact_caption = "&Exact range of the data",
@@ -68,6 +76,8 @@ constexpr Axis kY{
     .limits_step = "Change Y Limits",
     .min = {"txtYAxis_2", "Mi&nimum:", "Minimum of the y axis", &Control::ymin, &Control::set_ymin},
     .max = {"txtYAxis_1", "Max&imum:", "Maximum of the y axis", &Control::ymax, &Control::set_ymax},
+    .lowest = &GraphDocument::ymin,
+    .highest = &GraphDocument::ymax,
     .limits_note = "lblYLimits",
     .exact_box = "chkYZoom",
     .exact_caption = "Exact range &of the data",
@@ -143,21 +153,56 @@ FormatBox* format_box(PropertPage& page, const Axis& axis, QLabel* note) {
   return box;
 }
 
+// Limits of the other axis that do not follow the data are kept. Meanwhile that axis is exact,
+// because the limits of such an axis can be computed from any data.
+void set_exact(ControlState& state, const Axis& axis, Boolean exact) {
+  GraphDocument& document = state.document;
+  if (document.Autoscale) return axis.set_exact(state, exact);
+  const Axis& other = &axis == &kX ? kY : kX;
+  const Double lowest = document.*other.lowest;
+  const Double highest = document.*other.highest;
+  const Boolean is_other_exact = std::exchange(document.*other.is_exact, true);
+  document.*axis.is_exact = exact;
+  {
+    const auto restore = qScopeGuard([&] {
+      document.*other.lowest = lowest;
+      document.*other.highest = highest;
+      document.*other.is_exact = is_other_exact;
+    });
+    basKurvGraph01::compute_axis_range(document, *state.services.numeric);
+  }
+  build_the_graph(state);
+}
+
 QCheckBox* exact_box(PropertPage& page, const Axis& axis) {
   QCheckBox* const box = page.check_box(
       axis.exact_box, axis.exact_caption, axis.limits_step,
       [&axis](Control& control) { return control.state().document.*axis.is_exact; },
-      [&axis](Control& control, Boolean exact) { axis.set_exact(control.state(), exact); });
+      [&axis](Control& control, Boolean exact) { set_exact(control.state(), axis, exact); });
   box->setToolTip(QStringLiteral("Otherwise the limits are widened to round numbers"));
   QObject::connect(box, &QCheckBox::toggled, &page, &PropertPage::refill);
   return box;
 }
 
+// Whether the axis is one that is computed as the exact range, but has other limits now.
+bool has_lost_exact_range(const ControlState& state, const Axis& axis) {
+  const GraphDocument& document = state.document;
+  if (!(document.*axis.is_exact) || document.Autoscale) return false;
+  GraphDocument exact = document;
+  exact.round_limits.is_on = false;
+  exact.XLimitsExact = true;
+  exact.YLimitsExact = true;
+  basKurvGraph01::compute_axis_range(exact, *state.services.numeric);
+  return document.*axis.lowest != exact.*axis.lowest ||
+         document.*axis.highest != exact.*axis.highest;
+}
+
 QGroupBox* axis_frame(PropertPage& page, LimitFields& limits, const Axis& axis) {
   QGroupBox* const frame = page.frame(axis.frame, axis.caption);
   auto* const form = new QFormLayout(frame);
-  const LimitFields::Axis fields =
-      limits.add_axis(axis.limits_step, axis.min, axis.max, axis.limits_note);
+  const LimitFields::Axis fields = limits.add_axis(
+      axis.limits_step, axis.min, axis.max, axis.limits_note,
+      [&axis](Control& control) { return has_lost_exact_range(control.state(), axis); });
   form->addRow(QString::fromUtf8(axis.min.caption), fields.min);
   form->addRow(QString::fromUtf8(axis.max.caption), fields.max);
   form->addRow(fields.note);

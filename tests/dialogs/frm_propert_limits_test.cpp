@@ -69,7 +69,7 @@ TEST_F(FrmPropert, ATypedLimitIsKept) {
   type("txtXAxis_1", "12");
   EXPECT_FALSE(bool(graph().Autoscale()));
   EXPECT_FALSE(check("chkAutoScale")->isChecked());
-  EXPECT_EQ(find<QLabel>("lblXLimits")->text(), "Limits do not follow the data");
+  EXPECT_EQ(find<QLabel>("lblXLimits")->text(), "Not the exact range");
   EXPECT_EQ(find<QLabel>("lblYLimits")->text(), "Limits do not follow the data");
   EXPECT_EQ(graph().xmax(), 12);
   EXPECT_EQ(text("txtXAxis_1"), "12");
@@ -260,6 +260,50 @@ TEST_F(FrmPropert, ExactLimitsAreComputedDrawnAndShown) {
   EXPECT_EQ(client.redraws(), 1);
   EXPECT_EQ(text("txtYAxis_2"), "2");
   EXPECT_EQ(text("txtYAxis_1"), "4.5");
+}
+
+TEST_F(FrmPropert, SaysThatATypedLimitIsNotTheExactRange) {
+  open(kAxesPage);
+  const QLabel& note = *find<QLabel>("lblXLimits");
+  ASSERT_TRUE(check("chkXZoom")->isChecked());
+  type("txtXAxis_1", "12");
+  EXPECT_EQ(note.text(), "Not the exact range");
+  type("txtXAxis_1", "3");
+  EXPECT_EQ(note.text(), "Limits do not follow the data") << "which end at 3";
+  type("txtXAxis_1", "12");
+  click("cmdRestoreXY");
+  EXPECT_EQ(note.text(), "Limits do not follow the data");
+  EXPECT_EQ(graph().xmin(), 1.5);
+  EXPECT_EQ(graph().xmax(), 3);
+}
+
+TEST_F(FrmPropert, TheExactRangeOfOneAxisKeepsATypedLimitOfTheOther) {
+  open(kAxesPage);
+  type("txtXAxis_1", "12");
+  press("chkYZoom", Qt::Key_Space);
+  EXPECT_EQ(client.redraws(), 1);
+  EXPECT_EQ(text("txtYAxis_1"), "4.5");
+  EXPECT_EQ(text("txtXAxis_1"), "12");
+  EXPECT_EQ(graph().xmax(), 12);
+  type("txtYAxis_1", "9");
+  press("chkXZoom", Qt::Key_Space);
+  EXPECT_EQ(graph().xmax(), 3);
+  EXPECT_EQ(graph().ymax(), 9);
+  EXPECT_EQ(find<QLabel>("lblXLimits")->text(), "Limits do not follow the data");
+  EXPECT_EQ(find<QLabel>("lblYLimits")->text(), "Not the exact range");
+}
+
+TEST_F(FrmPropert, TheExactRangeNeedsNoRangeOfTheOtherAxis) {
+  open(kAxesPage);
+  for (int i = 1; i <= 3; ++i) client.document().xyArrUnsorted(1, i) = 5;
+  graph().build_the_graph();
+  client.document().XLimitsExact = false;
+  type("txtXAxis_1", "12");
+  press("chkYZoom", Qt::Key_Space);
+  EXPECT_TRUE(client.faults.empty());
+  EXPECT_EQ(text("txtYAxis_1"), "4.5");
+  EXPECT_EQ(text("txtXAxis_1"), "12");
+  EXPECT_FALSE(client.document().XLimitsExact);
 }
 
 TEST_F(FrmPropert, AutomaticLimitsAreComputedOnlyWhenTurnedOn) {
