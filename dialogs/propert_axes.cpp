@@ -132,6 +132,8 @@ FormatBox* format_box(PropertPage& page, const Axis& axis, QLabel* note) {
     box->show_format((control.*axis.format)(), (control.*axis.first_label)());
     show_format_note(*note, *box);
   });
+  page.undo_by_keys(*box, *box->lineEdit(),
+                    [box] { return format_refusal(box->format()).empty(); });
   const auto store = [=, &page, &axis](const StepLabel& step) {
     show_format_note(*note, *box);
     page.edit(step, [=, &axis](Control& control) { store_format(axis, control, *box); });
@@ -142,8 +144,6 @@ FormatBox* format_box(PropertPage& page, const Axis& axis, QLabel* note) {
   QObject::connect(box, &QComboBox::currentIndexChanged, &page, choose);
   // The item may be the current one although another text has been typed since.
   QObject::connect(box, &QComboBox::activated, &page, choose);
-  page.undo_by_keys(*box, *box->lineEdit(),
-                    [box] { return format_refusal(box->format()).empty(); });
   QObject::connect(box->lineEdit(), &QLineEdit::textEdited, &page,
                    [=, &axis] { store(typing(axis.format_box, axis.format_step)); });
   QObject::connect(box->lineEdit(), &QLineEdit::editingFinished, &page, [&page] {
@@ -229,9 +229,8 @@ QPushButton* round_limits_button(PropertPage& page) {
   button->setToolTip(
       QStringLiteral("Fit both axes to the data, so that all their ticks are round numbers"));
   QObject::connect(button, &QPushButton::clicked, &page, [&page] {
-    page.edit({"Round Limits"},
-              [](Control& control) { basKurvGraph01::round_limits_once(control.state()); });
-    page.refill();
+    const auto round = [](Control& control) { basKurvGraph01::round_limits_once(control.state()); };
+    if (page.edit({"Round Limits"}, round)) page.refill();
   });
   return button;
 }
