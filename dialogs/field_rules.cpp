@@ -62,7 +62,8 @@ String limits_refusal(std::string_view min, std::string_view max, char decimal_s
   const std::optional<Double> high = text_to_number(max, decimal_separator);
   if (!low || std::isnan(*low)) return "Minimum: not a number";
   if (!high || std::isnan(*high)) return "Maximum: not a number";
-  if (!std::isfinite(*low) || !std::isfinite(*high)) return "Limits must be finite";
+  if (!std::isfinite(*low)) return "Minimum: too large a number";
+  if (!std::isfinite(*high)) return "Maximum: too large a number";
   return *low < *high ? "" : "Minimum must be below maximum";
 }
 

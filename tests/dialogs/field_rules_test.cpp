@@ -150,8 +150,8 @@ TEST(FieldRules, SaysWhyLimitsAreRefused) {
   EXPECT_EQ(limits_refusal("1,5", "2", '.'), "Minimum: not a number");
   EXPECT_EQ(limits_refusal("1,5", "2", ','), "");
   EXPECT_EQ(limits_refusal("1", "abc", '.'), "Maximum: not a number");
-  EXPECT_EQ(limits_refusal("1", "Inf", '.'), "Limits must be finite");
-  EXPECT_EQ(limits_refusal("-1e999", "1", '.'), "Limits must be finite");
+  EXPECT_EQ(limits_refusal("1", "Inf", '.'), "Maximum: too large a number");
+  EXPECT_EQ(limits_refusal("-1e999", "1", '.'), "Minimum: too large a number");
   EXPECT_EQ(limits_refusal("2", "2", '.'), "Minimum must be below maximum");
   EXPECT_EQ(limits_refusal("3", "2", '.'), "Minimum must be below maximum");
 }

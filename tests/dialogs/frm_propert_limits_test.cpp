@@ -58,7 +58,7 @@ TEST_F(FrmPropert, SaysBelowTheLimitsWhyOneIsRefused) {
   box("txtAxisTicks")->setFocus();
   EXPECT_EQ(note("lblXLimits"), "");
   type("txtYAxis_1", "1e999");
-  EXPECT_EQ(note("lblYLimits"), "Limits must be finite");
+  EXPECT_EQ(note("lblYLimits"), "Maximum: too large a number");
 }
 
 TEST_F(FrmPropert, ATypedLimitIsKept) {
