@@ -43,8 +43,6 @@ class CellMarks {
     --m_count;
   }
 
-  friend bool operator==(const CellMarks&, const CellMarks&) = default;
-
  private:
   std::vector<std::vector<QString>> m_columns;  // empty until there is a mark
   std::size_t m_points = 0;

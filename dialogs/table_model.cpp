@@ -248,7 +248,7 @@ void TableModel::refresh() {
   const unsigned revision = graph ? graph->document.data_revision : 0;
   if (size != m_size || revision != m_revision) {
     m_marks.resize(size.rows, size.columns);
-    m_earlier_marks.reset();
+    m_earlier_marks.clear();
   }
   m_revision = revision;
   set_columns(size.columns);
@@ -258,14 +258,14 @@ void TableModel::refresh() {
 
 void TableModel::commit(ControlState& state, const SetCells& set_cells, Outcome& outcome) {
   const GraphDocument& document = state.document;
-  m_earlier_marks.reset();
-  EarlierMarks earlier{m_marks, last_step(state)};
+  EarlierMarks earlier{{}, last_step(state)};
   // Updated also where the redraw throws, because the edits and the marks are made by then.
   const auto update_revision =
       qScopeGuard([this, &document] { m_revision = document.data_revision; });
   std::vector<CellEdit> edits;
   set_cells([&](int row, int column, std::string_view text) {
     const int point = point_of_row(document, row);
+    earlier.cells.push_back({point, column, marked_text(point, column)});
     if (const std::optional<Double> number = parse_cell(text, state.decimal_separator)) {
       edits.push_back({point, column, *number});
       m_marks.clear(point, column);
@@ -280,19 +280,47 @@ void TableModel::commit(ControlState& state, const SetCells& set_cells, Outcome&
       m_marks.set(point_of_row(document, row), column, to_qstring(text));
     });
   }
-  const bool has_changed_data = document.data_revision != m_revision;
-  if (!has_changed_data && earlier.marks != m_marks) m_earlier_marks = std::move(earlier);
+  if (document.data_revision != m_revision) {
+    m_earlier_marks.clear();
+  } else {
+    keep(std::move(earlier));
+  }
+}
+
+QString TableModel::marked_text(int point, int column) const {
+  const QString* const mark = m_marks.find(point, column);
+  return mark ? *mark : QString();
+}
+
+// Only what has changed; a text that is empty is another one than none.
+void TableModel::keep(EarlierMarks earlier) {
+  std::erase_if(earlier.cells, [this](const EarlierMark& cell) {
+    const QString now = marked_text(cell.point, cell.column);
+    return now == cell.text && now.isNull() == cell.text.isNull();
+  });
+  if (earlier.cells.empty()) return;
+  m_earlier_marks.push_back(std::move(earlier));
+  if (m_earlier_marks.size() > std::size_t{kMaxUndoSteps})
+    m_earlier_marks.erase(m_earlier_marks.begin());
 }
 
 bool TableModel::can_take_back_marks() const {
   const ControlState* const graph = state();
-  return graph && m_earlier_marks && m_earlier_marks->last_step == last_step(*graph) &&
-         is_current();
+  return graph && !m_earlier_marks.empty() &&
+         m_earlier_marks.back().last_step == last_step(*graph) && is_current();
 }
 
 void TableModel::take_back_marks() {
-  m_marks = std::move(m_earlier_marks->marks);
-  m_earlier_marks.reset();
+  // Backwards, because a cell may have been set twice.
+  const std::vector<EarlierMark>& cells = m_earlier_marks.back().cells;
+  for (auto cell = cells.rbegin(); cell != cells.rend(); ++cell) {
+    if (cell->text.isNull()) {
+      m_marks.clear(cell->point, cell->column);
+    } else {
+      m_marks.set(cell->point, cell->column, cell->text);
+    }
+  }
+  m_earlier_marks.pop_back();
 }
 
 }  // namespace kurv

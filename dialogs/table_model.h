@@ -5,6 +5,7 @@
 #include <QAbstractTableModel>
 #include <functional>
 #include <optional>
+#include <vector>
 
 #include "control/control_state.h"
 #include "control/table_edits.h"
@@ -57,8 +58,8 @@ class TableModel final : public QAbstractTableModel {
   // been made, and the outcome is set.
   void commit(ControlState& state, const SetCells& set_cells, Outcome& outcome);
 
-  // Whether the last command has marked cells and changed no data, and the graph is as it was then.
-  // Its marks can be taken back; views are updated by the next refresh().
+  // Whether the last command whose marks have not been taken back has changed no data, and the
+  // graph is as it was then. Views are updated by the next refresh().
   bool can_take_back_marks() const;
   void take_back_marks();
 
@@ -69,25 +70,33 @@ class TableModel final : public QAbstractTableModel {
   void typed(int row, int column, const QString& text);
 
  private:
+  struct EarlierMark {
+    int point;
+    int column;
+    QString text;  // null where there was no mark
+  };
+  // What a command has replaced.
+  struct EarlierMarks {
+    std::vector<EarlierMark> cells;
+    unsigned last_step;
+  };
+
   ControlState* state() const;
   const QString* mark_at(int row, int column) const;
   QString text_at(int row, int column) const;
   QString reason(int row, int column, const QString& text) const;
   QVariant mark_data(int row, int column, const QString& text, int role) const;
+  QString marked_text(int point, int column) const;
+  void keep(EarlierMarks earlier);
   void set_rows(int rows);
   void set_columns(int columns);
   void emit_changes();
 
   const GraphWindow& m_window;
   TableSize m_size;
-  struct EarlierMarks {
-    CellMarks marks;
-    unsigned last_step;
-  };
-
   CellMarks m_marks;
-  std::optional<EarlierMarks> m_earlier_marks;  // before the last command
-  unsigned m_revision = 0;                      // of the data that the marks belong to
+  std::vector<EarlierMarks> m_earlier_marks;  // of the last commands, as long as none changes data
+  unsigned m_revision = 0;                    // of the data that the marks belong to
 };
 
 }  // namespace kurv

@@ -260,13 +260,17 @@ TEST(TableUndo, ATextThatIsNoNumberIsTakenBackFirst) {
   EXPECT_EQ(table.cell(1, 2), "30");
 }
 
-TEST(TableUndo, AnEarlierMarkStaysWhereALaterOneIsTakenBack) {
+TEST(TableUndo, TextsThatAreNoNumbersAreTakenBackOneAfterTheOther) {
   TableUndo table;
   table.type(1, 2, "abc");
   table.type(2, 2, "def");
   table.entry("mnuUndo").trigger();
   EXPECT_TRUE(table.is_marked(1, 2));
   EXPECT_FALSE(table.is_marked(2, 2));
+  EXPECT_EQ(table.entry("mnuUndo").text(), "&Undo Typing");
+  table.entry("mnuUndo").trigger();
+  EXPECT_FALSE(table.is_marked(1, 2));
+  EXPECT_FALSE(table.entry("mnuUndo").isEnabled());
 }
 
 // -- Curves ---------------------------------------------------------------------------------------
