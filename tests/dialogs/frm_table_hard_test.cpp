@@ -63,10 +63,7 @@ TEST(TableEdit, ShowsNoMoreMessagesWhenTheGraphGoesMeanwhile) {
 TEST(TableEdit, ShowsNoMoreMessagesWhenTheWindowGoesMeanwhile) {
   TableClient client;
   load_columns(client.host, {{3, 1, 2}, {30, 10, 20}});
-  auto* const window = new frmTable(nullptr);
-  window->set_client(&client);
-  window->init(0);
-  window->show();
+  frmTable* const window = open_table(client);
   client.host.shell.while_message_box = [&] { delete window; };
   QApplication::clipboard()->setText("1\tx\n1\n1\n1");
   window->mnuEditItem_Click(2);
@@ -76,10 +73,7 @@ TEST(TableEdit, ShowsNoMoreMessagesWhenTheWindowGoesMeanwhile) {
 
 TEST(TableEdit, TheWindowMayGoDuringItsOwnEdit) {
   auto table = std::make_unique<Table>();
-  auto* const window = new frmTable(nullptr);
-  window->set_client(&table->client);
-  window->init(0);
-  window->show();
+  frmTable* const window = open_table(table->client);
   table->client.handled = [&] {
     table->client.handled = {};
     delete window;

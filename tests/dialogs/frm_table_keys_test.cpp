@@ -221,10 +221,7 @@ TEST(TableKeys, ARowOfNumbersIsTypedWithoutTheMouse) {
 TEST(TableKeys, AWindowThatGoesWhileEnterIsTakenDoesNoHarm) {
   TableClient client;
   load_columns(client.host, {{3, 1, 2}, {30, 10, 20}});
-  auto* const window = new frmTable(nullptr);
-  window->set_client(&client);
-  window->init(0);
-  window->show();
+  frmTable* const window = open_table(client);
   auto* const grid = window->findChild<QTableView*>("grdTable");
   grid->setFocus();
   QTest::keyClick(grid, Qt::Key_9);

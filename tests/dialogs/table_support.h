@@ -69,6 +69,15 @@ inline void load_columns(TestHost& host, const std::vector<std::vector<Double>>&
   host.surface.clear_log();
 }
 
+// A window without a parent, for tests that delete it.
+inline frmTable* open_table(TableClient& client) {
+  auto* const window = new frmTable(nullptr);
+  window->set_client(&client);
+  window->init(0);
+  window->show();
+  return window;
+}
+
 struct Table {
   // Three points, two curves: x 3 1 2, curve1 30 10 20, curve2 -3 -1 -2.
   Table() : Table({{3, 1, 2}, {30, 10, 20}, {-3, -1, -2}}) {}
