@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "app/window/recent_files.h"
+#include "app/window/settings_file.h"
 
 namespace kurv::app {
 
@@ -69,7 +69,7 @@ std::optional<QString> export_refusal(const ExportChoice& choice) {
 }
 
 ExportChoice last_export() {
-  const QSettings settings(recent_files_place(), QSettings::IniFormat);
+  const QSettings settings(settings_file(), QSettings::IniFormat);
   ExportChoice choice;
   const std::string format = settings.value(kFormatKey).toString().toStdString();
   choice.format = picture_format("picture." + format).value_or(choice.format);
@@ -87,7 +87,7 @@ ExportChoice last_export() {
 }
 
 void remember_export(const ExportChoice& choice) {
-  QSettings settings(recent_files_place(), QSettings::IniFormat);
+  QSettings settings(settings_file(), QSettings::IniFormat);
   settings.setValue(kFormatKey, QString::fromStdString(picture_extension(choice.format)).mid(1));
   if (!choice.size) {
     for (const char* key : kSizeKeys) settings.remove(key);

@@ -6,7 +6,7 @@
 #include <string>
 
 #include "app/csv/table_options.h"
-#include "app/window/recent_files.h"
+#include "app/window/settings_file.h"
 
 namespace kurv::app {
 
@@ -15,7 +15,7 @@ namespace kurv::app {
 // that cannot be read or written are not an error.
 class FolderOptions {
  public:
-  explicit FolderOptions(QString place = recent_files_place()) : m_place(std::move(place)) {}
+  explicit FolderOptions(QString place = settings_file()) : m_place(std::move(place)) {}
 
   // Without a selection.
   TableOptions options_for(const std::string& table_path) const;

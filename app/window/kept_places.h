@@ -4,7 +4,7 @@
 #include <QString>
 #include <QWidget>
 
-#include "app/window/recent_files.h"
+#include "app/window/settings_file.h"
 
 namespace kurv::app {
 
@@ -12,7 +12,7 @@ namespace kurv::app {
 // the recent files, settings that cannot be read or written are not an error.
 class KeptPlaces {
  public:
-  explicit KeptPlaces(QString place = recent_files_place());
+  explicit KeptPlaces(QString place = settings_file());
   ~KeptPlaces();
   KeptPlaces(const KeptPlaces&) = delete;
   KeptPlaces& operator=(const KeptPlaces&) = delete;
@@ -25,8 +25,8 @@ class KeptPlaces {
 // Before an import window is shown: puts it where the last one was, and the first one beside the
 // plot.
 void place_import(QWidget& window, const QWidget& plot,
-                  const QString& place = recent_files_place());
+                  const QString& place = settings_file());
 // When it has been closed.
-void keep_import_place(const QWidget& window, const QString& place = recent_files_place());
+void keep_import_place(const QWidget& window, const QString& place = settings_file());
 
 }  // namespace kurv::app

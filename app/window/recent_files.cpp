@@ -1,7 +1,6 @@
 #include "app/window/recent_files.h"
 
 #include <QSettings>
-#include <QStandardPaths>
 #include <QStringList>
 #include <algorithm>
 #include <filesystem>
@@ -29,11 +28,6 @@ std::string absolute(const std::string& path) {
 }
 
 }  // namespace
-
-QString recent_files_place() {
-  return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
-         QStringLiteral("/kurv/kurv.ini");
-}
 
 std::vector<std::string> RecentFiles::paths() const {
   const QSettings settings(m_place, QSettings::IniFormat);

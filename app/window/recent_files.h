@@ -5,16 +5,15 @@
 #include <string>
 #include <vector>
 
-namespace kurv::app {
+#include "app/window/settings_file.h"
 
-// The file that holds the list, in the user's folder for settings.
-QString recent_files_place();
+namespace kurv::app {
 
 // All windows and running programs of a user share one list, so it is read anew each time. A file
 // that cannot be written leaves the list empty and is not an error.
 class RecentFiles {
  public:
-  explicit RecentFiles(QString place = recent_files_place()) : m_place(std::move(place)) {}
+  explicit RecentFiles(QString place = settings_file()) : m_place(std::move(place)) {}
 
   // Absolute paths, newest first, ten at most.
   std::vector<std::string> paths() const;

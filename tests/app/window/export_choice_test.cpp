@@ -8,7 +8,7 @@
 #include <QFileInfo>
 #include <QTemporaryDir>
 
-#include "app/window/recent_files.h"
+#include "app/window/settings_file.h"
 
 namespace kurv::app {
 namespace {
@@ -58,8 +58,8 @@ class LastExport : public testing::Test {
   LastExport() { qputenv("XDG_CONFIG_HOME", QFile::encodeName(m_folder.path())); }
 
   static void write_settings(const QByteArray& text) {
-    QDir().mkpath(QFileInfo(recent_files_place()).path());
-    QFile file(recent_files_place());
+    QDir().mkpath(QFileInfo(settings_file()).path());
+    QFile file(settings_file());
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.write(text);
   }
