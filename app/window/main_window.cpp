@@ -15,6 +15,7 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "app/base/absolute_path.h"
 #include "app/csv/table_survey.h"
 #include "app/window/main_menu.h"
 #include "app/window/main_window_graph.h"
@@ -204,7 +205,8 @@ void MainWindow::replace_graph(KurvGraph* graph, const QByteArray& saved, const 
   graph->set_zoom_enabled(true);
   m_path = path;
   if (graph->FileName().empty() && is_regular_file(path)) {
-    graph->set_proposed_file(std::filesystem::path(path).replace_extension(".gdf").string());
+    graph->set_proposed_file(
+        absolute_path(std::filesystem::path(path).replace_extension(".gdf").string()));
   }
   m_accepted_changes.clear();
   // A message about the graph before; while one grows, the bar says what is read.

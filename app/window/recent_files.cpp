@@ -3,7 +3,8 @@
 #include <QSettings>
 #include <QStringList>
 #include <algorithm>
-#include <filesystem>
+
+#include "app/base/absolute_path.h"
 
 namespace kurv::app {
 
@@ -19,12 +20,6 @@ QString as_text(const std::string& path) {
 
 std::string as_path(const QString& text) {
   return QByteArray::fromPercentEncoding(text.toLatin1()).toStdString();
-}
-
-std::string absolute(const std::string& path) {
-  std::error_code error;
-  const std::filesystem::path result = std::filesystem::absolute(path, error);
-  return error ? path : result.lexically_normal().string();
 }
 
 }  // namespace
@@ -43,7 +38,7 @@ std::vector<std::string> RecentFiles::paths() const {
 }
 
 void RecentFiles::add(const std::string& path) {
-  const std::string added = absolute(path);
+  const std::string added = absolute_path(path);
   std::vector<std::string> all = paths();
   std::erase(all, added);
   all.insert(all.begin(), added);

@@ -100,6 +100,21 @@ TEST_F(MainWindowStatus, AnExistingFileUnderTheProposedNameIsAskedAbout) {
   QFile file(m_folder.filePath("small.gdf"));
   ASSERT_TRUE(file.open(QIODevice::ReadOnly));
   EXPECT_EQ(file.readAll(), "old");
+TEST_F(MainWindowStatus, TheFirstSaveProposesTheFolderOfARelativePath) {
+  ASSERT_TRUE(QDir(m_folder.path()).mkdir("tables"));
+  written(path("tables/small.csv"), "x,y\n1,2\n2,3\n");
+  const QString before = QDir::currentPath();
+  ASSERT_TRUE(QDir::setCurrent(m_folder.path()));
+  MainWindow* const kurv = window_of("tables/small.csv");
+  answer<QFileDialog>([&](QFileDialog& dialog) {
+    EXPECT_EQ(dialog.directory().path(), m_folder.filePath("tables"));
+    EXPECT_EQ(dialog.findChild<QLineEdit*>("fileNameEdit")->text(), "small.gdf");
+    dialog.reject();
+  });
+  press(kurv, "mnuSave");
+  QDir::setCurrent(before);
+}
+
 }
 
 TEST_F(MainWindowStatus, TheContextMenuHasTheActionsOfTheWindow) {
