@@ -1,7 +1,11 @@
 #include "app/window/kept_places.h"
 
+#include <KurvGraph/screen_fit.h>
 #include <KurvGraph/window_places.h>
 
+#include <QCoreApplication>
+#include <QDialog>
+#include <QEvent>
 #include <QSettings>
 #include <utility>
 
@@ -11,33 +15,50 @@ namespace {
 
 constexpr const char* kGraphWindowsKey = "windows/graph";
 constexpr const char* kImportKey = "windows/import";
-
-QByteArray stored_value(const QString& place, const char* key) {
-  return QSettings(place, QSettings::IniFormat).value(key).toByteArray();
-}
-
-void store_value(const QString& place, const char* key, const QByteArray& value) {
-  QSettings(place, QSettings::IniFormat).setValue(key, value);
-}
+constexpr const char* kImportLineKey = "windows/import_line";  // the height of a line of its text
 
 }  // namespace
 
 KeptPlaces::KeptPlaces(QString place) : m_place(std::move(place)) {
-  set_window_places(stored_value(m_place, kGraphWindowsKey));
+  const QSettings settings(m_place, QSettings::IniFormat);
+  set_window_places(settings.value(kGraphWindowsKey).toByteArray());
   m_places = window_places();
+  m_delay.setSingleShot(true);
+  connect(&m_delay, &QTimer::timeout, this, [this] { store(); });
+  QCoreApplication::instance()->installEventFilter(this);
 }
 
 KeptPlaces::~KeptPlaces() {
+  store();
+}
+
+void KeptPlaces::store() {
   const QByteArray places = window_places();
-  if (places != m_places) store_value(m_place, kGraphWindowsKey, places);
+  if (places == std::exchange(m_places, places)) return;
+  QSettings(m_place, QSettings::IniFormat).setValue(kGraphWindowsKey, places);
+}
+
+// The place of a window that is closed is known when the event has been handled.
+bool KeptPlaces::eventFilter(QObject* watched, QEvent* event) {
+  const bool is_left = event->type() == QEvent::WindowDeactivate || event->type() == QEvent::Hide;
+  if (is_left && qobject_cast<QDialog*>(watched)) m_delay.start(0);
+  return false;
 }
 
 void place_import(QWidget& window, const QWidget& plot, const QString& place) {
-  if (!window.restoreGeometry(stored_value(place, kImportKey))) place_beside(window, plot);
+  const QSettings settings(place, QSettings::IniFormat);
+  const QSize own = window.size();
+  if (!window.restoreGeometry(settings.value(kImportKey).toByteArray())) {
+    return place_beside(window, plot);
+  }
+  const int line = settings.value(kImportLineKey).toInt();
+  if (line != window.fontMetrics().height()) resize_on_screen(window, own);
 }
 
 void keep_import_place(const QWidget& window, const QString& place) {
-  store_value(place, kImportKey, window.saveGeometry());
+  QSettings settings(place, QSettings::IniFormat);
+  settings.setValue(kImportKey, window.saveGeometry());
+  settings.setValue(kImportLineKey, window.fontMetrics().height());
 }
 
 }  // namespace kurv::app
