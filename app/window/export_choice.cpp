@@ -12,8 +12,8 @@ namespace kurv::app {
 
 namespace {
 
-constexpr double kMillimetresPerInch = 25.4;
-constexpr double kDocumentDotsPerInch = 96;
+// The sentence of export_refusal() says so.
+static_assert(kMaxPicturePixels == 15360.0 * 8640.0);
 
 constexpr const char* kFormatKey = "export/format";
 constexpr const char* kWidthKey = "export/width";

@@ -12,6 +12,10 @@ namespace kurv::app {
 
 enum class LengthUnit { kPixels, kMillimetres };
 
+inline constexpr double kMillimetresPerInch = 25.4;
+// A document of lines and text has no pixels of its own; its lengths are those of this resolution.
+inline constexpr double kDocumentDotsPerInch = 96;
+
 // In dots per inch.
 inline constexpr int kLeastResolution = 48;
 inline constexpr int kMostResolution = 1200;

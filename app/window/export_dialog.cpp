@@ -1,6 +1,5 @@
 #include "app/window/export_dialog.h"
 
-#include <KurvGraph/fault.h>
 #include <KurvGraph/screen_fit.h>
 #include <KurvGraph/wheel_guard.h>
 
@@ -17,18 +16,18 @@
 #include <QVBoxLayout>
 #include <algorithm>
 #include <cmath>
+#include <new>
 
 #include "app/window/check_box_style.h"
 #include "app/window/named_widget.h"
+#include "app/window/picture_view.h"
 
 namespace kurv::app {
 
 namespace {
 
-constexpr int kDrawingDelay = 100;  // ms
-constexpr double kLogicalDotsPerInch = 96;
-constexpr double kMetresPerInch = 0.0254;
-constexpr double kLongestSide = 99999;  // so that a refusal says which lengths are too large
+// More than a picture may have, so that the note can say why.
+constexpr double kLongestSide = 99999;
 
 struct FormatName {
   PictureFormat format;
@@ -57,17 +56,12 @@ QComboBox* new_list(const char* name, const QString& spoken) {
   return list;
 }
 
-QLabel* new_preview() {
-  auto* const label = named("imgExport", new QLabel);
-  label->setAccessibleName("The picture that is exported");
-  label->setAlignment(Qt::AlignCenter);
-  label->setWordWrap(true);
-  label->setTextFormat(Qt::PlainText);
-  // A picture that has been shown must not keep the window large.
-  label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
-  const QFontMetrics metrics = label->fontMetrics();
-  label->setMinimumSize(metrics.averageCharWidth() * 24, metrics.height() * 6);
-  return label;
+double scale_to_fit(const QSizeF& whole, const QSizeF& view) {
+  return std::min(whole.scaled(view, Qt::KeepAspectRatio).width() / whole.width(), 1.0);
+}
+
+QSize scaled_pixels(QSize whole, double scale) {
+  return (QSizeF(whole) * scale).toSize().expandedTo(QSize(1, 1));
 }
 
 double rounded(double length, LengthUnit unit) {
@@ -89,11 +83,12 @@ ExportDialog::ExportDialog(KurvGraph& graph, const ExportChoice& choice, QWidget
       m_resolution_label(new QLabel("&Resolution")),
       m_resolution(named("spnResolution", new QSpinBox)),
       m_note(named("lblNote", new QLabel)),
-      m_preview(new_preview()) {
+      m_preview(named("imgExport", new PictureView([this] { return drawn_preview(); }))) {
   setObjectName("ExportDialog");
   setWindowTitle("Export Picture");
   for (const FormatName& row : kFormatNames) m_format->addItem(row.name);
   m_unit->addItems({"Pixels", "Millimetres"});
+  m_preview->setAccessibleName("The picture that is exported");
   m_resolution->setAccessibleName("Resolution in dots per inch");
   m_resolution->setRange(kLeastResolution, kMostResolution);
   m_resolution->setSuffix(" dpi");
@@ -122,8 +117,6 @@ ExportDialog::ExportDialog(KurvGraph& graph, const ExportChoice& choice, QWidget
   m_format->setCurrentIndex(static_cast<int>(row - kFormatNames));
   m_as_in_window->setChecked(!choice.size);
   show_size(choice.size.value_or(window_size()));
-  m_delay.setSingleShot(true);
-  m_delay.setInterval(kDrawingDelay);
   connect_fields();
   update_fields();
   const QSize comfortable(fontMetrics().averageCharWidth() * 110, fontMetrics().height() * 24);
@@ -154,7 +147,6 @@ QWidget* ExportDialog::make_fields() {
 }
 
 void ExportDialog::connect_fields() {
-  connect(&m_delay, &QTimer::timeout, this, [this] { draw(); });
   connect(m_format, &QComboBox::currentIndexChanged, this, [this] { update_fields(); });
   connect(m_as_in_window, &QCheckBox::toggled, this, [this](bool on) { follow_window(on); });
   connect(m_width, &QDoubleSpinBox::valueChanged, this,
@@ -191,10 +183,10 @@ ExportSize ExportDialog::window_size() const {
   if (!m_graph) return shown_size();
   const QImage picture = m_graph->image();
   if (is_vector(kFormatNames[m_format->currentIndex()].format)) {
-    return {m_graph->plot_rect().size(), LengthUnit::kPixels, kLogicalDotsPerInch};
+    return {m_graph->plot_rect().size(), LengthUnit::kPixels, kDocumentDotsPerInch};
   }
   return {picture.size(), LengthUnit::kPixels,
-          std::round(picture.dotsPerMeterX() * kMetresPerInch)};
+          std::round(picture.dotsPerMeterX() * kMillimetresPerInch / 1000)};
 }
 
 void ExportDialog::show_size(const ExportSize& size) {
@@ -262,34 +254,30 @@ void ExportDialog::update_fields() {
       other(m_width->value()) + QStringLiteral(" \u00d7 ") + other(m_height->value()) +
       (m_shown_unit == LengthUnit::kPixels ? " millimetres" : " pixels")));
   m_export->setEnabled(!refusal);
-  m_delay.start();
+  m_preview->draw_later();
 }
 
-void ExportDialog::resizeEvent(QResizeEvent* event) {
-  QDialog::resizeEvent(event);
-  m_delay.start();
-}
-
-// The whole picture at the resolution at which it fits into the view.
-void ExportDialog::draw() {
-  const ExportChoice shown{choice().format, shown_size()};
-  m_preview->setPixmap({});
-  if (!m_graph || export_refusal(shown)) return;
-  const double resolution = dots_per_inch(shown);
-  const QSizeF whole = export_pixels(shown);
-  const double screen = devicePixelRatioF();
-  const QSizeF view = QSizeF(m_preview->contentsRect().size()) * screen;
-  const QSizeF fitted = whole.scaled(view, Qt::KeepAspectRatio);
-  const double scale = std::min(fitted.width() / whole.width(), 1.0);
-  if (!(scale > 0)) return;
-  try {
-    QImage picture =
-        m_graph->picture((whole * scale).toSize().expandedTo(QSize(1, 1)), resolution * scale);
-    picture.setDevicePixelRatio(screen);
-    m_preview->setPixmap(QPixmap::fromImage(picture));
-  } catch (const Fault& fault) {
-    m_preview->setText(QString("This cannot be drawn: ") + fault.what() + '.');
+// As in the window, the picture is what the window shows, though its layout may be another one than
+// that of a new picture. One of another size is drawn at the resolution at which it fits.
+QImage ExportDialog::drawn_preview() const {
+  const ExportChoice chosen = choice();
+  const ExportChoice shown{chosen.format, shown_size()};
+  if (!m_graph || export_refusal(shown)) return {};
+  const QSizeF view = QSizeF(m_preview->size()) * m_preview->devicePixelRatioF();
+  if (!chosen.size) {
+    const QImage picture = m_graph->image();
+    if (picture.isNull()) return {};
+    const double scale = scale_to_fit(picture.size(), view);
+    if (scale == 1) return picture;
+    return picture.scaled(scaled_pixels(picture.size(), scale), Qt::IgnoreAspectRatio,
+                          Qt::SmoothTransformation);
   }
+  const QSize whole = export_pixels(shown);
+  const double scale = scale_to_fit(whole, view);
+  const QImage picture =
+      m_graph->picture(scaled_pixels(whole, scale), dots_per_inch(shown) * scale);
+  if (picture.isNull()) throw std::bad_alloc();
+  return picture;
 }
 
 std::optional<ExportChoice> ask_for_export(KurvGraph& graph, QWidget* window) {

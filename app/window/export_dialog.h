@@ -5,7 +5,6 @@
 
 #include <QDialog>
 #include <QPointer>
-#include <QTimer>
 
 #include "app/window/export_choice.h"
 
@@ -18,6 +17,8 @@ class QSpinBox;
 
 namespace kurv::app {
 
+class PictureView;
+
 // Shows the picture as it would be drawn, a little after the last change. It begins with a choice,
 // and while the picture is as in the window, the fields say what that is.
 class ExportDialog final : public QDialog {
@@ -25,11 +26,6 @@ class ExportDialog final : public QDialog {
   ExportDialog(KurvGraph& graph, const ExportChoice& choice, QWidget* parent);
 
   ExportChoice choice() const;
-  // Whether the preview is that of the last change.
-  bool is_current() const { return !m_delay.isActive(); }
-
- protected:
-  void resizeEvent(QResizeEvent* event) override;
 
  private:
   QWidget* make_fields();
@@ -39,7 +35,7 @@ class ExportDialog final : public QDialog {
   void keep_proportions(double from, QDoubleSpinBox& other, double ratio);
   void follow_window(bool on);
   void update_fields();
-  void draw();
+  QImage drawn_preview() const;
   ExportSize window_size() const;
   ExportSize shown_size() const;
   LengthUnit unit() const;
@@ -54,12 +50,11 @@ class ExportDialog final : public QDialog {
   QLabel* m_resolution_label;
   QSpinBox* m_resolution;
   QLabel* m_note;
-  QLabel* m_preview;
+  PictureView* m_preview;
   QPushButton* m_export = nullptr;
   LengthUnit m_shown_unit = LengthUnit::kPixels;
   double m_ratio = 1;  // of width to height, that is kept
   bool m_is_changing = false;
-  QTimer m_delay;
 };
 
 // The choice of the user, which is remembered. Nothing where the user cancels or the window is

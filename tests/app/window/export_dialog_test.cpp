@@ -12,6 +12,8 @@
 #include <QTest>
 #include <memory>
 
+#include "app/window/picture_view.h"
+
 namespace kurv::app {
 namespace {
 
@@ -39,11 +41,17 @@ class Export : public testing::Test {
   QComboBox& unit() { return field<QComboBox>("cboUnit"); }
   QString note() { return field<QLabel>("lblNote").text(); }
   void take_own_size() { field<QCheckBox>("chkAsInWindow").setChecked(false); }
-  QSize preview() {
-    EXPECT_TRUE(QTest::qWaitFor([&] { return m_dialog->is_current(); }, 5000));
-    QApplication::processEvents();
-    return field<QLabel>("imgExport").pixmap().size();
+  static PictureView& view_of(ExportDialog& dialog) {
+    return *static_cast<PictureView*>(dialog.findChild<QWidget*>("imgExport"));
   }
+  PictureView& view() { return view_of(*m_dialog); }
+  QSize preview() {
+    EXPECT_TRUE(QTest::qWaitFor([&] { return view().is_current(); }, 5000));
+    QApplication::processEvents();
+    return view().picture().size();
+  }
+  QImage in_window() const { return m_graph.image().convertToFormat(QImage::Format_RGB32); }
+  QImage shown_picture() { return view().picture().convertToFormat(QImage::Format_RGB32); }
 
   KurvGraph m_graph;
   std::unique_ptr<ExportDialog> m_dialog;
@@ -120,12 +128,25 @@ TEST_F(Export, ThePreviewFollows) {
   EXPECT_NEAR(narrow.width() * 8.0, narrow.height() * 5.0, 10);
 }
 
+TEST_F(Export, ThePreviewOfThePictureInTheWindowIsThatPicture) {
+  dialog();
+  m_dialog->resize(1300, 900);
+  m_graph.set_Title("Not drawn yet");
+  preview();
+  EXPECT_EQ(shown_picture(), in_window());
+  take_own_size();
+  preview();
+  EXPECT_EQ(shown_picture().size(), in_window().size());
+  EXPECT_NE(shown_picture(), in_window()) << "drawn anew, with the title";
+}
+
 TEST_F(Export, WhatCannotBeDrawnIsSaidInThePreview) {
   m_graph.set_xmax(m_graph.xmin());
   dialog();
+  take_own_size();
   preview();
-  EXPECT_THAT(field<QLabel>("imgExport").text().toStdString(),
-              testing::StartsWith("This cannot be drawn: "));
+  EXPECT_THAT(view().text().toStdString(),
+              testing::StartsWith("This cannot be drawn: an axis has equal limits or no ticks; "));
 }
 
 TEST_F(Export, BeginsWithTheLastChoice) {
@@ -142,7 +163,7 @@ TEST_F(Export, OutlivesItsGraph) {
   ExportDialog dialog(*graph, {}, nullptr);
   graph.reset();
   dialog.findChild<QComboBox*>("cboFormat")->setCurrentIndex(1);
-  EXPECT_TRUE(QTest::qWaitFor([&] { return dialog.is_current(); }, 5000));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return view_of(dialog).is_current(); }, 5000));
 }
 
 }  // namespace
