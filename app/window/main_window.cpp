@@ -209,8 +209,11 @@ void MainWindow::replace_graph(KurvGraph* graph, const QByteArray& saved, const 
         absolute_path(std::filesystem::path(path).replace_extension(".gdf").string()));
   }
   m_accepted_changes.clear();
-  // A message about the graph before; while one grows, the bar says what is read.
-  if (!m_is_following) show_status({});
+  // Messages about the graph before; while one grows, the bar says what is read.
+  if (!m_is_following) {
+    end_note();
+    show_status({});
+  }
   // A pasted table is in no file, so it is unsaved as it is; no content has an empty fingerprint.
   m_clean_state.set_clean(path.empty() ? QByteArray("") : saved);
   if (!path.empty()) RecentFiles().add(path);

@@ -1,4 +1,4 @@
-// What the status bar of the main window says: notes for a while, and below them what holds on.
+// What the status bar of the main window says: notes for a while, and the lasting message.
 #include <QFile>
 #include <QStatusBar>
 #include <utility>
@@ -37,15 +37,14 @@ void MainWindow::show_file_note(const char* what, const std::string& path) {
 }
 
 void MainWindow::end_note() {
+  m_note_timer.stop();
   const QString ended = std::exchange(m_note, {});
   if (statusBar()->currentMessage() == ended) statusBar()->clearMessage();
 }
 
 void MainWindow::show_status(const QString& text) {
   m_status = text;
-  m_note_timer.stop();
-  m_note.clear();
-  statusBar()->showMessage(text);
+  if (m_note.isEmpty()) statusBar()->showMessage(text);
 }
 
 }  // namespace kurv::app
