@@ -104,8 +104,8 @@ class MainWindow final : public QMainWindow {
   void graph_filed();
   void update_paste();
 
-  void run_guarded(const std::function<void()>& work);
-  void run_command(const char* word);
+  bool run_guarded(const std::function<void()>& work);
+  bool run_command(const char* word);
   void new_window();
   void choose_files();
   bool open_in(Target target, const std::string& path);

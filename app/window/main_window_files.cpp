@@ -93,37 +93,35 @@ void MainWindow::show_error(const QString& text) {
   show_message(this, QMessageBox::Critical, "kurv", text);
 }
 
-// Runs a command that the graph may fail at, and shows its errors in boxes.
-void MainWindow::run_guarded(const std::function<void()>& work) {
+// Runs a command that the graph may fail at, and shows its errors in boxes. Returns whether it has
+// succeeded.
+bool MainWindow::run_guarded(const std::function<void()>& work) {
   const QPointer<MainWindow> alive(this);
-  std::optional<Fault> failure;
+  std::optional<FaultKind> failure;
   std::string file;
   try {
     work();
   } catch (const FileFault& fault) {
-    failure = fault;
+    failure = fault.kind();
     file = fault.path();
   } catch (const Fault& fault) {
-    failure = fault;
+    failure = fault.kind();
   }
-  if (!alive) return;
-  update_actions();
-  if (!failure) return;
-  const QString reason = failure->what();
-  const QString text = file.empty() ? reason : failed_label(file, {}) + ": " + reason;
-  show_error(run_time_error(failure->number(), text, m_path));
+  if (alive) update_actions();
+  if (alive && failure) show_error(run_time_error(*failure, file, m_path));
+  return !failure;
 }
 
-void MainWindow::run_command(const char* word) {
-  run_guarded([this, word] { m_graph->ChartOptions(word); });
+bool MainWindow::run_command(const char* word) {
+  return run_guarded([this, word] { m_graph->ChartOptions(word); });
 }
 
 // The clipboard is empty where there was no picture to copy.
 void MainWindow::copy_picture() {
   const QPointer<MainWindow> alive(this);
-  run_command("copy");
+  if (!run_command("copy") || !alive) return;
   const QMimeData* const mime = QGuiApplication::clipboard()->mimeData();
-  if (alive && mime && mime->hasImage()) show_note("Copied");
+  if (mime && mime->hasImage()) show_note("Copied");
 }
 
 // -- Opening --------------------------------------------------------------------------------------

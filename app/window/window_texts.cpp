@@ -29,17 +29,21 @@ QString failed_label(const std::string& file, const std::string& path) {
   return path.empty() ? QString("The graph") : file_label(path);
 }
 
+QString run_time_error(FaultKind kind, const std::string& file, const std::string& path) {
+  const Attempt attempt = attempt_at(kind, !file.empty());
+  return failed_label(file, path) + QString::fromStdString(fault_clause(attempt, kind));
+}
+
 // The text is more than that of the number where it names a file, which may be the graph's own.
 QString run_time_error(int number, const QString& text, const std::string& path) {
   const auto kind = static_cast<FaultKind>(number);
   const QString reason = fault_text(kind);
+  if (text == reason) return run_time_error(kind, {}, path);
   const QString end = ": " + reason;
-  const bool has_file = text.endsWith(end);
-  if (!has_file && text != reason) return text + '.';
-  const QString file = has_file ? text.chopped(end.size()) : QString();
-  const bool is_own = !has_file || file == QFile::decodeName(path.c_str());
-  return (is_own ? failed_label({}, path) : file) +
-         QString::fromStdString(fault_clause(attempt_at(kind, has_file), kind));
+  if (!text.endsWith(end)) return text + '.';
+  const QString file = text.chopped(end.size());
+  if (file == QFile::decodeName(path.c_str())) return run_time_error(kind, path, path);
+  return file + QString::fromStdString(fault_clause(attempt_at(kind, true), kind));
 }
 
 QString menu_label(const QString& text) {

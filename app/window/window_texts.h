@@ -1,6 +1,8 @@
 // The texts of the main window.
 #pragma once
 
+#include <KurvGraph/fault.h>
+
 #include <QString>
 #include <string>
 
@@ -18,7 +20,9 @@ QString window_title(const std::string& path, bool has_data);
 // shown as file_label() does.
 QString failed_label(const std::string& file, const std::string& path);
 
-// The sentence for a runTimeError() of the graph from `path`.
+// The sentence for a fault of the graph from `path`; `file` is the one that the fault names.
+QString run_time_error(FaultKind kind, const std::string& file, const std::string& path);
+// The same for the arguments of a runTimeError().
 QString run_time_error(int number, const QString& text, const std::string& path);
 
 // For menus: with ampersands escaped, which would mark a mnemonic.
