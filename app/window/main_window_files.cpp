@@ -1,6 +1,7 @@
 // Opening files and text, and exporting pictures, in the main window.
 #include <KurvGraph/file_fault.h>
 #include <KurvGraph/screen_fit.h>
+#include <KurvGraph/wheel_guard.h>
 
 #include <QApplication>
 #include <QClipboard>
@@ -133,6 +134,7 @@ void MainWindow::new_window() {
 void MainWindow::choose_files() {
   const QPointer<QFileDialog> dialog(new QFileDialog(this, "Open"));
   fit_to_screen(*dialog);
+  guard_wheel(*dialog);
   dialog->setFileMode(QFileDialog::ExistingFiles);
   dialog->setNameFilters({"Tables and graphs (*.csv *.tsv *.txt *.ods *.xlsx *.json *.jsonl *.gdf)",
                           "Tables (*.csv *.tsv *.txt *.ods *.xlsx *.json *.jsonl)",

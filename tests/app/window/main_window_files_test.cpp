@@ -3,6 +3,7 @@
 #include <QMenu>
 #include <QMimeData>
 #include <QUrl>
+#include <QWheelEvent>
 #include <QWindow>
 #include <algorithm>
 
@@ -264,6 +265,19 @@ TEST_F(MainWindowFilesTest, ANewWindowIsEmpty) {
   for (const MainWindow* each : all()) {
     EXPECT_EQ(each->graph().has_graph(), each == kurv);
   }
+}
+
+TEST_F(MainWindowFilesTest, TheWheelChangesNoKindOfFileInPassing) {
+  MainWindow* const kurv = window();
+  answer<QFileDialog>([](QFileDialog& dialog) {
+    auto* const kinds = dialog.findChild<QComboBox*>("fileTypeCombo");
+    QWheelEvent turn(QPointF(5, 5), kinds->mapToGlobal(QPointF(5, 5)), {}, {0, -120}, Qt::NoButton,
+                     Qt::NoModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(kinds, &turn);
+    EXPECT_EQ(kinds->currentIndex(), 0);
+    dialog.reject();
+  });
+  press(kurv, "mnuOpen");
 }
 
 }  // namespace
