@@ -30,9 +30,8 @@ namespace {
 constexpr int kRowNumber = -1;
 constexpr const char* kRowNumberText = "Row number";
 
-// The styles, in the order of their box; the third is both.
-constexpr int kLines = 0;
-constexpr int kMarkers = 1;
+// In the order of their box.
+enum class Style { kLines, kMarkers, kBoth };
 
 // Of the box of rows: the entry that takes the N below. The other one takes all, or what a graph
 // can hold of them.
@@ -279,8 +278,9 @@ bool DrawingFields::offers_curves() const {
 void DrawingFields::write_title_and_style(GraphChoice& choice) const {
   choice.title = on_one_line(m_title->text().toStdString());
   choice.sort = m_sort->isChecked();
-  choice.lines = m_style->currentIndex() != kMarkers;
-  choice.markers = m_style->currentIndex() != kLines;
+  const auto style = static_cast<Style>(m_style->currentIndex());
+  choice.lines = style != Style::kMarkers;
+  choice.markers = style != Style::kLines;
 }
 
 void DrawingFields::show_order(bool is_unsorted) {
@@ -291,7 +291,8 @@ void DrawingFields::show_order(bool is_unsorted) {
 void DrawingFields::select_style() {
   if (m_has_chosen_style) return;
   const QSignalBlocker not_the_user(m_style);
-  m_style->setCurrentIndex(m_is_unsorted && !m_sort->isChecked() ? kMarkers : kLines);
+  const bool has_markers = m_is_unsorted && !m_sort->isChecked();
+  m_style->setCurrentIndex(static_cast<int>(has_markers ? Style::kMarkers : Style::kLines));
 }
 
 void DrawingFields::focus_first() {

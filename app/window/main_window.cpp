@@ -60,7 +60,7 @@ bool is_regular_file(const std::string& path) {
   return std::filesystem::is_regular_file(path, ignored);
 }
 
-NotTheUsers not_the_users(const KurvGraph& graph, bool is_following) {
+IgnoredFields ignored_fields(const KurvGraph& graph, bool is_following) {
   const bool limits_follow = is_following && graph.Autoscale();
   return {is_following, limits_follow, limits_follow && graph.round_limits(),
           graph.has_items_in_fitted_places()};
@@ -112,7 +112,7 @@ MainWindow::~MainWindow() = default;
 
 QByteArray MainWindow::content_hash(const KurvGraph& graph) const {
   const TextSource text = [&graph](const auto& sink) { graph.graph_text(sink); };
-  const QByteArray hash = fingerprint(settings_text(text, not_the_users(graph, m_is_following)));
+  const QByteArray hash = fingerprint(settings_text(text, ignored_fields(graph, m_is_following)));
   if (!m_is_following || hash.isEmpty()) return hash;
   return hash + QByteArray::number(graph.cell_edits());
 }

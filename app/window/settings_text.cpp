@@ -30,14 +30,14 @@ bool is_in(const std::array<std::string_view, count>& names, std::string_view na
 // Passes on the lines that are wanted, as they come.
 class LineFilter {
  public:
-  explicit LineFilter(const NotTheUsers& dropped) : m_drops_values(dropped.data) {
+  explicit LineFilter(const IgnoredFields& ignored) : m_drops_values(ignored.data) {
     for (const GraphFileField& field : graph_file_fields()) {
       if (is_in(kSize, field.name)) continue;
       if (field.name == "NumY") m_curves_line = m_drops.size();
-      m_drops.push_back((dropped.data && is_in(kOfData, field.name)) ||
-                        (dropped.limits && is_in(kLimits, field.name)) ||
-                        (dropped.ticks && field.name == "NumTicks") ||
-                        (dropped.places && is_in(kPlaces, field.name)));
+      m_drops.push_back((ignored.data && is_in(kOfData, field.name)) ||
+                        (ignored.limits && is_in(kLimits, field.name)) ||
+                        (ignored.ticks && field.name == "NumTicks") ||
+                        (ignored.places && is_in(kPlaces, field.name)));
     }
   }
 
@@ -46,14 +46,14 @@ class LineFilter {
       const std::size_t size = std::min(piece.find('\n'), piece.size() - 1) + 1;
       const std::string_view part = piece.substr(0, size);
       piece.remove_prefix(size);
-      if (!is_dropped()) sink(part);
+      if (!is_ignored()) sink(part);
       if (m_line == m_curves_line) m_curves += part;
       if (part.back() == '\n') ++m_line;
     }
   }
 
  private:
-  bool is_dropped() const {
+  bool is_ignored() const {
     if (m_line < m_drops.size()) return m_drops[m_line];
     if (!m_drops_values) return false;
     // The values follow the fields, a line for x and for each curve.
@@ -70,9 +70,9 @@ class LineFilter {
 
 }  // namespace
 
-TextSource settings_text(TextSource text, const NotTheUsers& dropped) {
-  return [text = std::move(text), dropped](const std::function<void(std::string_view)>& sink) {
-    LineFilter filter(dropped);
+TextSource settings_text(TextSource text, const IgnoredFields& ignored) {
+  return [text = std::move(text), ignored](const std::function<void(std::string_view)>& sink) {
+    LineFilter filter(ignored);
     text([&](std::string_view piece) { filter.pass(piece, sink); });
   };
 }

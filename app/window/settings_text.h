@@ -5,8 +5,8 @@
 
 namespace kurv::app {
 
-// What is not the user's.
-struct NotTheUsers {
+// Fields that are left out of the comparison with the saved graph.
+struct IgnoredFields {
   // The number of points, their values, and the formats of the labels: they come by themselves.
   bool data = false;
   bool limits = false;
@@ -15,7 +15,7 @@ struct NotTheUsers {
   bool places = false;
 };
 
-// The text of a graph file without the lines that are not the user's.
-TextSource settings_text(TextSource text, const NotTheUsers& dropped);
+// The text of a graph file without the lines of these fields.
+TextSource settings_text(TextSource text, const IgnoredFields& ignored);
 
 }  // namespace kurv::app
