@@ -82,6 +82,7 @@ QString getting_started() {
          "\u2022 Drag the title, the subtitle or the legend to move it.\n"
          "\u2022 Double-click the title, the legend, an axis or its numbers to change it.\n"
          "\u2022 Turn the wheel to zoom, hold the middle button to move, Ctrl+0 shows all again.\n"
+         "\u2022 Ctrl+Z takes back the last change, Ctrl+Shift+Z makes it again.\n"
          "\u2022 Right-click the graph for settings, formulas and functions.\n"
          "\u2022 Graph > Curves and Functions hides, renames and adds curves.\n"
          "\u2022 Edit > Data Table shows the numbers and lets you edit them.\n"
