@@ -26,9 +26,18 @@ testing::AssertionResult comes_to_front(const QString& title);
 void press(const QStringList& keys);
 void type(const QString& text);
 
-// Drags with the left button from one point to another; on the screen, in pixels. The pointer
-// then leaves, and takes its tool tips with it.
-void drag(QPoint from, QPoint to);
+// Places of the mouse are on the screen, in pixels. Where nobody says otherwise, the pointer then
+// leaves, and takes its tool tips with it.
+enum class Button { kLeft = 1, kMiddle, kRight, kWheelUp, kWheelDown };
+void point_at(QPoint at);  // stays there
+void point_away();
+void click(QPoint at, Button button);  // stays there
+// Turns the wheel by one notch.
+void turn_wheel(QPoint at, Button direction);
+// Drags from one point to another, perhaps with a key held, such as "ctrl".
+void drag(QPoint from, QPoint to, Button button = Button::kLeft, const QString& key = {});
+
+QImage screen_image();
 
 // The window in front, without its frame.
 struct FrontWindow {
@@ -39,5 +48,8 @@ FrontWindow front_window();
 
 // The part of the window with a picture on a white background, from its left to its right edge.
 QRect paper_in(const QImage& window);
+
+// The middle of the black lines around the plot in such a picture.
+QRect frame_in(const QImage& paper);
 
 }  // namespace kurv::test

@@ -1,65 +1,21 @@
 // The whole story of a new user, from the data to a finished graph, by keys and mouse alone.
 #include <gmock/gmock.h>
 
-#include <QFile>
-#include <QProcess>
-#include <QProcessEnvironment>
-#include <QTemporaryDir>
 #include <QTest>
 
 #include "tests/story/desktop.h"
+#include "tests/story/story.h"
 
 namespace kurv::test {
 namespace {
 
 using testing::HasSubstr;
 
-// Lines of a graph file, counted from 1.
-constexpr int kTitle = 2, kLegendTop = 19, kLegendLeft = 20;
-constexpr int kLimits = 23, kColumns = 48;
-
-constexpr int kTwipsPerPixel = 15;
 constexpr QPoint kDragged(-300, 120);  // pixels
 
-QStringList lines_of(const QString& path) {
-  QFile file(path);
-  EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString();
-  return QString::fromUtf8(file.readAll()).split("\r\n");
-}
-
-// For the messages of failures.
-std::string text_of(const QStringList& lines) {
-  return lines.join(u'\n').toStdString();
-}
-
-class Newcomer : public testing::Test {
+class Newcomer : public Story {
  protected:
-  void SetUp() override {
-    QFile table(m_table);
-    ASSERT_TRUE(table.open(QIODevice::WriteOnly));
-    table.write(
-        "number,time,up,down,noise\n"
-        "1,10,2,90,7\n2,11,4,81,3\n3,12,6,72,9\n4,13,8,63,1\n5,14,10,54,5\n");
-    table.close();
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert("XDG_CONFIG_HOME", m_folder.path());
-    m_kurv.setProcessEnvironment(environment);
-  }
-  void TearDown() override {
-    m_kurv.kill();
-    m_kurv.waitForFinished();
-  }
-
-  void start(const QStringList& files) { m_kurv.start(KURV_PROGRAM, files); }
-
-  // Without a question and without an error message.
-  void expect_its_end() {
-    ASSERT_TRUE(comes_true("the program has ended",
-                           [&] { return m_kurv.state() == QProcess::NotRunning; }));
-    EXPECT_EQ(m_kurv.exitStatus(), QProcess::NormalExit);
-    EXPECT_EQ(m_kurv.exitCode(), 0);
-    EXPECT_EQ(m_kurv.readAllStandardError(), "");
-  }
+  Newcomer() : Story("kept.gdf") {}
 
   void import_two_of_the_columns();
   void hide_and_rename();
@@ -68,44 +24,16 @@ class Newcomer : public testing::Test {
   void save_as_a_new_file();
   void drag_the_legend();
   void edit_a_cell();
-
-  QStringList saved_lines() const { return lines_of(m_graph); }
-  // A length of the graph file.
-  int pixels(int line) const {
-    return saved_lines().value(line - 1).trimmed().toInt() / kTwipsPerPixel;
-  }
-  // Where on the screen the plot is, once the window in front shows what the program draws of the
-  // graph file without a window.
-  void find_plot(QPoint& on_screen) const {
-    QSize drawn_size;
-    QImage drawn;
-    ASSERT_TRUE(comes_true("the window shows what is in the graph file", [&] {
-      const FrontWindow window = front_window();
-      const QRect plot = paper_in(window.image);
-      if (plot.isEmpty()) return false;
-      if (plot.size() != drawn_size) drawn = drawn_from_file(drawn_size = plot.size());
-      on_screen = window.place + plot.topLeft();
-      return window.image.copy(plot) == drawn;
-    }));
-  }
-  QImage drawn_from_file(QSize size) const {
-    const QString picture = m_folder.filePath("drawn.png");
-    printed_by(KURV_PROGRAM, {"render", m_graph, "-o", picture, "--size",
-                              QString("%1x%2").arg(size.width()).arg(size.height())});
-    return QImage(picture).convertToFormat(QImage::Format_RGB32);
-  }
-
-  QTemporaryDir m_folder;
-  const QString m_table = m_folder.filePath("flows.csv");
-  const QString m_graph = m_folder.filePath("kept.gdf");
-  QProcess m_kurv;
 };
 
 // File > Open, the path, the second column as x, and not the first one as a curve.
 void Newcomer::import_two_of_the_columns() {
+  write("flows.csv",
+        "number,time,up,down,noise\n"
+        "1,10,2,90,7\n2,11,4,81,3\n3,12,6,72,9\n4,13,8,63,1\n5,14,10,54,5\n");
   press({"alt+f", "o"});
   ASSERT_TRUE(comes_to_front("Open"));
-  type(m_table);
+  type(path("flows.csv"));
   press({"Return"});
   ASSERT_TRUE(comes_to_front("Import flows.csv"));
   press({"Down", "alt+c", "space", "alt+t"});
@@ -153,18 +81,17 @@ void Newcomer::set_limits() {
 void Newcomer::save_as_a_new_file() {
   press({"ctrl+s"});
   ASSERT_TRUE(comes_to_front("Save As"));
-  type(m_folder.filePath("kept"));
+  type(path("kept"));
   press({"Return"});
-  ASSERT_TRUE(comes_to_front("kept.gdf \u2013 kurv"));
+  ASSERT_TRUE(comes_to_front(saved_title()));
 }
 
 // It is where the graph file says.
 void Newcomer::drag_the_legend() {
-  QPoint plot;
+  Plot plot;
   ASSERT_NO_FATAL_FAILURE(find_plot(plot));
-  const QPoint grab = plot + QPoint(pixels(kLegendLeft), pixels(kLegendTop)) + QPoint(12, 12);
-  drag(grab, grab + kDragged);
-  ASSERT_TRUE(comes_to_front("kept.gdf* \u2013 kurv"));
+  drag(legend_in(plot), legend_in(plot) + kDragged);
+  ASSERT_TRUE(comes_to_front(changed_title()));
 }
 
 // The third point of the first curve.
@@ -174,7 +101,7 @@ void Newcomer::edit_a_cell() {
   press({"Down", "Down", "Right"});
   type("44.5");
   press({"Return", "alt+c"});
-  ASSERT_TRUE(comes_to_front("kept.gdf* \u2013 kurv"));
+  ASSERT_TRUE(comes_to_front(changed_title()));
 }
 
 TEST_F(Newcomer, FindsEverythingAgainThatWasDoneToTheGraph) {
@@ -188,9 +115,8 @@ TEST_F(Newcomer, FindsEverythingAgainThatWasDoneToTheGraph) {
   QStringList expected = saved_lines();
   ASSERT_NO_FATAL_FAILURE(drag_the_legend());
   ASSERT_NO_FATAL_FAILURE(edit_a_cell());
-  press({"ctrl+s"});
-  ASSERT_TRUE(comes_to_front("kept.gdf \u2013 kurv"));
-  QPoint plot;
+  ASSERT_NO_FATAL_FAILURE(save());
+  Plot plot;
   ASSERT_NO_FATAL_FAILURE(find_plot(plot));
   // The status bar says for five seconds that it was saved.
   QTest::qWait(6000);
@@ -214,16 +140,16 @@ TEST_F(Newcomer, FindsEverythingAgainThatWasDoneToTheGraph) {
   EXPECT_EQ(text_of(saved_lines()), text_of(expected));
 
   // So do the other commands of the program.
-  const std::string info = printed_by(KURV_PROGRAM, {"info", m_graph}).toStdString();
+  const std::string info = printed_by(KURV_PROGRAM, {"info", graph()}).toStdString();
   EXPECT_THAT(info, HasSubstr("\"outflow\", 5 values, visible\n"));
   EXPECT_THAT(info, HasSubstr("\"noise\", 5 values, hidden\n"));
   EXPECT_THAT(info, HasSubstr("3*x+sin(x)\n"));
-  const QString copy = m_folder.filePath("copy.gdf");
-  printed_by(KURV_PROGRAM, {"convert", m_graph, "-o", copy});
+  const QString copy = path("copy.gdf");
+  printed_by(KURV_PROGRAM, {"convert", graph(), "-o", copy});
   EXPECT_EQ(text_of(lines_of(copy).mid(kLimits - 1)), text_of(expected.mid(kLimits - 1)));
 
-  start({m_graph});
-  ASSERT_TRUE(comes_to_front("kept.gdf \u2013 kurv"));
+  start({graph()});
+  ASSERT_TRUE(comes_to_front(saved_title()));
   ASSERT_NO_FATAL_FAILURE(find_plot(plot));
   EXPECT_TRUE(comes_true("the window looks as it did before",
                          [&] { return front_window().image == before; }));
