@@ -1,12 +1,10 @@
 #include "dialogs/shared_windows.h"
 
-#include <KurvGraph/screen_fit.h>
 #include <KurvGraph/window_places.h>
 
 #include <QDataStream>
 #include <QIODevice>
 #include <QPointer>
-#include <algorithm>
 #include <array>
 
 #include "control/control_state.h"
@@ -23,8 +21,7 @@ struct SharedWindow {
   Client* client = nullptr;
   // Created when it is shown; null again when it has been closed.
   QPointer<GraphWindow> window;
-  QByteArray geometry;     // where the user left it
-  qint32 line_height = 0;  // of its letters then; 0 where it is unknown
+  QByteArray place;  // where the user left it
 };
 
 using SharedWindows = std::array<SharedWindow, 3>;
@@ -37,18 +34,12 @@ SharedWindows& all_windows() {
   return all;
 }
 
-void keep_place(SharedWindow& shared) {
-  if (!shared.window) return;
-  shared.geometry = shared.window->saveGeometry();
-  shared.line_height = shared.window->fontMetrics().height();
-}
-
 // The window may be in a handler, so it is deleted by the event loop.
 void unload(SharedWindow& shared) {
   shared.client = nullptr;
   GraphWindow* const window = shared.window;
   if (!window) return;
-  keep_place(shared);
+  shared.place = window_place(*window);
   shared.window.clear();
   window->set_client(nullptr);
   window->hide();
@@ -86,17 +77,11 @@ QRect titles_of(const ControlState& state, const QWidget& plot) {
   return (shown(state.layout.imgTitle) | shown(state.layout.imgSubTitle)).toAlignedRect();
 }
 
-// Where the user left it, or beside the plot. A window that was left with other letters gets at
-// least the size that it needs with those of now, in which it is before this.
+// Where the user left it, or beside the plot.
 void place(GraphWindow& window, const SharedWindow& shared) {
-  const QSize needed = window.testAttribute(Qt::WA_Resized) ? window.size() : window.sizeHint();
   const QWidget* const plot = shared.client->plot();
-  if (window.restoreGeometry(shared.geometry)) {
-    if (shared.line_height != window.fontMetrics().height())
-      resize_on_screen(window, window.size().expandedTo(needed));
-  } else if (plot) {
-    place_beside(window, *plot, titles_of(shared.client->control().state(), *plot));
-  }
+  if (restore_window_place(window, shared.place) || !plot) return;
+  place_beside(window, *plot, titles_of(shared.client->control().state(), *plot));
 }
 
 // Creates the window, also where its client has moved to another parent window. False where it
@@ -122,13 +107,8 @@ QByteArray window_places() {
   QByteArray places;
   QDataStream stream(&places, QIODevice::WriteOnly);
   stream.setVersion(kPlacesVersion);
-  for (SharedWindow& shared : all_windows()) {
-    keep_place(shared);
-    stream << shared.geometry;
-  }
-  const auto is_known = [](const SharedWindow& shared) { return shared.line_height > 0; };
-  if (std::any_of(all_windows().begin(), all_windows().end(), is_known)) {
-    for (const SharedWindow& shared : all_windows()) stream << shared.line_height;
+  for (const SharedWindow& shared : all_windows()) {
+    stream << (shared.window ? window_place(*shared.window) : shared.place);
   }
   return places;
 }
@@ -136,17 +116,10 @@ QByteArray window_places() {
 void set_window_places(const QByteArray& places) {
   QDataStream stream(places);
   stream.setVersion(kPlacesVersion);
-  std::array<QByteArray, std::tuple_size_v<SharedWindows>> geometries;
-  for (QByteArray& geometry : geometries) stream >> geometry;
-  std::array<qint32, std::tuple_size_v<SharedWindows>> line_heights{};
-  if (!stream.atEnd()) {
-    for (qint32& line_height : line_heights) stream >> line_height;
-  }
+  std::array<QByteArray, std::tuple_size_v<SharedWindows>> read;
+  for (QByteArray& place : read) stream >> place;
   if (stream.status() != QDataStream::Ok) return;
-  for (std::size_t i = 0; i < geometries.size(); ++i) {
-    all_windows()[i].geometry = geometries[i];
-    all_windows()[i].line_height = line_heights[i];
-  }
+  for (std::size_t i = 0; i < read.size(); ++i) all_windows()[i].place = read[i];
 }
 
 void load_windows(Client& client) {

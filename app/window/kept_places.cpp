@@ -1,6 +1,5 @@
 #include "app/window/kept_places.h"
 
-#include <KurvGraph/screen_fit.h>
 #include <KurvGraph/window_places.h>
 
 #include <QCoreApplication>
@@ -15,7 +14,6 @@ namespace {
 
 constexpr const char* kGraphWindowsKey = "windows/graph";
 constexpr const char* kImportKey = "windows/import";
-constexpr const char* kImportLineKey = "windows/import_line";  // the height of a line of its text
 
 }  // namespace
 
@@ -47,18 +45,12 @@ bool KeptPlaces::eventFilter(QObject* watched, QEvent* event) {
 
 void place_import(QWidget& window, const QWidget& plot, const QString& place) {
   const QSettings settings(place, QSettings::IniFormat);
-  const QSize own = window.size();
-  if (!window.restoreGeometry(settings.value(kImportKey).toByteArray())) {
-    return place_beside(window, plot);
-  }
-  const int line = settings.value(kImportLineKey).toInt();
-  if (line != window.fontMetrics().height()) resize_on_screen(window, own);
+  if (restore_window_place(window, settings.value(kImportKey).toByteArray())) return;
+  place_beside(window, plot);
 }
 
 void keep_import_place(const QWidget& window, const QString& place) {
-  QSettings settings(place, QSettings::IniFormat);
-  settings.setValue(kImportKey, window.saveGeometry());
-  settings.setValue(kImportLineKey, window.fontMetrics().height());
+  QSettings(place, QSettings::IniFormat).setValue(kImportKey, window_place(window));
 }
 
 }  // namespace kurv::app

@@ -14,6 +14,14 @@ namespace kurv {
 /// Does nothing where the plot is not visible.
 KURV_EXPORT void place_beside(QWidget& window, const QWidget& plot);
 
+/// Where a window is, with its size, for restore_window_place().
+KURV_EXPORT QByteArray window_place(const QWidget& window);
+/// Puts a window that is not shown yet where window_place() was called for it or for one before it,
+/// with that size. Its own size is kept where its font has another height now, because its contents
+/// would not fit. Returns false, and does nothing, where this is not what window_place() has
+/// returned.
+KURV_EXPORT bool restore_window_place(QWidget& window, const QByteArray& place);
+
 /// Where the windows for curves, properties and the table are, or were when they were closed, with
 /// their sizes. A program that has settings can keep them there until it runs again.
 KURV_EXPORT QByteArray window_places();
