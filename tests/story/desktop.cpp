@@ -80,10 +80,13 @@ testing::AssertionResult comes_true(const QString& what, const std::function<boo
 
 testing::AssertionResult comes_to_front(const QString& title) {
   QString front;
+  // The focus may follow later, and keys until then would go to the window before.
   const auto is_in_front = [&] {
+    const QString active = answer_of({"getactivewindow"});
     front = answer_of({"getactivewindow", "getwindowname"});
-    if (front != title) QTest::qWait(kTitlesTick);
-    return front == title;
+    if (front == title && active == answer_of({"getwindowfocus"})) return true;
+    QTest::qWait(kTitlesTick);
+    return false;
   };
   return comes_true('"' + title + "\" is in front", is_in_front)
          << "; last seen: \"" << front.toStdString() << '"';

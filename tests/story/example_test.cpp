@@ -145,6 +145,7 @@ void Example::export_picture() {
   press({"Return"});
   // The dialog for the name, which has the same title.
   ASSERT_TRUE(comes_to_show("Files of type:"));
+  ASSERT_TRUE(comes_to_front("Export Picture"));
   press({"Return"});
   ASSERT_TRUE(comes_to_front(saved_title()));
   // Exporting is no step. The menu opens once the picture has been written.

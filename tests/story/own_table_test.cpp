@@ -153,9 +153,11 @@ void OwnTable::derive_needlessly() {
   ASSERT_TRUE(comes_to_front("Curves"));
   press({"alt+d", "alt+v"});
   ASSERT_TRUE(comes_to_show("Step 1 of 2."));
+  ASSERT_TRUE(comes_to_front("Add derived scatter curve"));
   type("total");
   press({"Return"});
   ASSERT_TRUE(comes_to_show("Step 2 of 2."));
+  ASSERT_TRUE(comes_to_front("Add derived scatter curve"));
   type("up+down");
   press({"Return"});
   ASSERT_TRUE(comes_to_front("Curves"));
