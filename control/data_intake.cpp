@@ -177,11 +177,15 @@ bool has_repaired_data(const GraphDocument& document) {
 
 // GraphValid is set before anything can throw, so that a fault is reported once, like that of any
 // redraw.
-void show_repaired_data(ControlState& state) {
-  const StepRecorder step(state, {.name = "Edit Cells", .is_part_of_last = true});
+void draw_repaired_data(ControlState& state) {
   state.document.GraphValid = true;
   compute_limits(state);
   draw_first_time(state);
+}
+
+void show_repaired_data(ControlState& state) {
+  const StepRecorder step(state, {.name = "Edit Cells", .is_part_of_last = true});
+  draw_repaired_data(state);
 }
 
 void load_demonstration_graph(ControlState& state) {

@@ -47,6 +47,8 @@ void load_data(ControlState& state, const IntakeSettings& settings, Matrix<Doubl
 // At least one curve has to be visible, because the limits are computed from visible curves.
 bool has_repaired_data(const GraphDocument& document);
 // Draws such data as an intake would.
+void draw_repaired_data(ControlState& state);
+// The same, as a part of the last step: for edits that were steps, which are undone with it.
 void show_repaired_data(ControlState& state);
 
 // The data set that a fresh control holds, random each time. It is neither validated nor drawn, and

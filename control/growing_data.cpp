@@ -80,7 +80,7 @@ void store_points(ControlState& state, int kept, const Matrix<Double>& added) {
 void draw(ControlState& state) {
   state.history.notify();
   GraphDocument& document = state.document;
-  if (has_repaired_data(document)) return show_repaired_data(state);
+  if (has_repaired_data(document)) return draw_repaired_data(state);
   // Limits that no picture has are worse than those of the points before.
   if (document.Autoscale && !validate_points(document)) {
     basKurvGraph01::compute_axis_range(document, *state.services.numeric);

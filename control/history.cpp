@@ -33,6 +33,7 @@ void History::end(const ControlState& state, const StepLabel& label, GraphChange
 void History::add(const ControlState& state, const StepLabel& label, GraphChanges changes) {
   m_has_changed = true;
   m_steps.erase(m_steps.begin() + static_cast<std::ptrdiff_t>(m_done), m_steps.end());
+  if (label.is_part_of_last && m_done == 0) return;
   const bool continues = !label.key.empty() && m_can_merge && last_done()->key == label.key;
   if (m_done > 0 && (continues || label.is_part_of_last)) {
     GraphChanges& all = m_steps.back().changes;

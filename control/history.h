@@ -19,7 +19,8 @@ struct StepLabel {
   // Steps with the same key that follow each other are one, such as the letters that are typed into
   // a field. Empty for a step of its own.
   std::string_view key = {};
-  // What follows from the last step by itself, and is undone with it.
+  // What follows from the last step by itself, and is undone with it. Not recorded where there is
+  // no step.
   bool is_part_of_last = false;
 };
 

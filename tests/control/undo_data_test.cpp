@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "control/data_intake.h"
+#include "model/data_set.h"
 #include "tests/control/undo_fixture.h"
 
 namespace kurv {
@@ -188,6 +189,43 @@ TEST(Undo, OtherNamesOfAHostBeginANewHistory) {
   host.control.replace_points(points, test::names({"x", "a", "b", "c"}));
   EXPECT_THAT(host.step_names(), ElementsAre("Rename Curve"));
   host.control.replace_points(points, test::names({"x", "a", "b", "d"}));
+  EXPECT_THAT(host.step_names(), ElementsAre());
+}
+
+// -- Points that a host appends -------------------------------------------------------------------
+
+struct RefusedUndoHost : UndoHost {
+  RefusedUndoHost() {
+    control.scatter_graph2("Title", test::columns({{1}, {4}}), test::names({"x", "a"}), 1, 1,
+                           test::flags({true}), 0, {});
+    EXPECT_FALSE(document().GraphValid);
+  }
+};
+
+TEST(Undo, PointsOfAHostThatRepairTheDataAreNoStep) {
+  RefusedUndoHost host;
+  host.control.append_points(test::columns({{2, 3}, {5, 6}}));
+  EXPECT_TRUE(host.document().GraphValid);
+  EXPECT_THAT(host.step_names(), ElementsAre());
+}
+
+TEST(Undo, PointsOfAHostThatRepairTheDataAreNoPartOfTheStepBefore) {
+  RefusedUndoHost host;
+  host.rename("other");
+  host.control.append_points(test::columns({{2, 3}, {5, 6}}));
+  EXPECT_TRUE(host.control.undo());
+  EXPECT_TRUE(host.document().GraphValid);
+  EXPECT_EQ(host.document().yVarName(2), "a");
+}
+
+TEST(Undo, DataThatAreRepairedWithoutAStepAreNone) {
+  RefusedUndoHost host;
+  GraphDocument& document = host.document();
+  document.xyArr = test::columns({{1, 2}, {4, 5}});
+  document.NumData = 2;
+  refresh_sorted_data(document, *host.services.swap);
+  show_repaired_data(host.state());
+  EXPECT_TRUE(host.document().GraphValid);
   EXPECT_THAT(host.step_names(), ElementsAre());
 }
 
