@@ -7,6 +7,7 @@
 #include "control/control_state.h"
 #include "control/data_intake.h"
 #include "control/redraw.h"
+#include "control/undo.h"
 #include "model/axis_range.h"
 #include "model/data_set.h"
 #include "model/vzeroupper.h"
@@ -124,9 +125,10 @@ void exchange_sources_with_x(ControlState& state, int column) {
 void append_points(ControlState& state, const Matrix<Double>& points) {
   check_columns(state, points);
   if (points.upper_point() < 1) return;
-  state.history.forget_data();
   const int first = std::max(1, points.upper_point() - kMaxPoints + 1);
   const Matrix<Double> added = with_derived(state, points, first);
+  const UndoNotification notification(state.history);
+  state.history.forget_data();
   store_points(state, std::min<int>(state.document.NumData, kMaxPoints - added.upper_point()),
                added);
   draw(state);
@@ -134,9 +136,11 @@ void append_points(ControlState& state, const Matrix<Double>& points) {
 
 void replace_points(ControlState& state, const Matrix<Double>& points, const List<String>& names) {
   check_columns(state, points);
-  state.history.forget_data();
   const int first = std::max(1, points.upper_point() - kMaxPoints + 1);
-  store_points(state, 0, with_derived(state, points, first));
+  const Matrix<Double> added = with_derived(state, points, first);
+  const UndoNotification notification(state.history);
+  state.history.forget_data();
+  store_points(state, 0, added);
   ColumnSources& columns = state.columns;
   for (int c = 1; c <= static_cast<int>(columns.numbers.size()); ++c) {
     const int number = columns.numbers[static_cast<std::size_t>(c) - 1];

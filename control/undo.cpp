@@ -14,18 +14,6 @@ namespace kurv {
 
 namespace {
 
-// Calls the listeners when the graph is drawn, also where that has failed.
-class Notification {
- public:
-  explicit Notification(History& history) : m_history(history) {}
-  ~Notification() { m_history.notify(); }
-  Notification(const Notification&) = delete;
-  Notification& operator=(const Notification&) = delete;
-
- private:
-  History& m_history;
-};
-
 void compute_followed_limits(ControlState& state) {
   const GraphDocument& document = state.document;
   if (!document.Autoscale || validate_points(document)) return;
@@ -50,7 +38,7 @@ void draw_exchanged(ControlState& state) {
 
 bool exchange_step(ControlState& state, Step* step) {
   if (!step) return false;
-  const Notification notification(state.history);
+  const UndoNotification notification(state.history);
   step->changes.exchange_with(state);
   if (step->has_old_limits) compute_followed_limits(state);
   draw_exchanged(state);

@@ -34,6 +34,18 @@ class StepRecorder {
   std::optional<GraphChanges> m_before;
 };
 
+// Calls the listeners at its end, also where that is a fault.
+class UndoNotification {
+ public:
+  explicit UndoNotification(History& history) : m_history(history) {}
+  ~UndoNotification() { m_history.notify(); }
+  UndoNotification(const UndoNotification&) = delete;
+  UndoNotification& operator=(const UndoNotification&) = delete;
+
+ private:
+  History& m_history;
+};
+
 // While it lives the graph gets other data: no step before its end can be undone.
 class NewHistory {
  public:

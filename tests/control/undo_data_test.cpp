@@ -2,6 +2,9 @@
 #include <gmock/gmock.h>
 
 #include <cmath>
+#include <memory>
+#include <new>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -227,6 +230,43 @@ TEST(Undo, DataThatAreRepairedWithoutAStepAreNone) {
   show_repaired_data(host.state());
   EXPECT_TRUE(host.document().GraphValid);
   EXPECT_THAT(host.step_names(), ElementsAre());
+}
+
+// A host's service that may fail.
+struct FailingSwap final : SwapService {
+  explicit FailingSwap(std::unique_ptr<SwapService> other) : swap(std::move(other)) {}
+  void exchange(Double& first, Double& second) const override {
+    if (fails) throw std::bad_alloc();
+    swap->exchange(first, second);
+  }
+
+  std::unique_ptr<SwapService> swap;
+  bool fails = false;
+};
+
+TEST(Undo, ListenersAreToldOfForgottenStepsAlsoWherePointsCannotBeStored) {
+  UndoHost host;
+  auto swap = std::make_unique<FailingSwap>(std::move(host.services.swap));
+  FailingSwap& failing = *swap;
+  host.services.swap = std::move(swap);
+  std::optional<String> text;
+  host.control.add_undo_listener([&] { text = host.control.undo_text(); });
+  const Matrix<Double> points = test::columns({{2, 1}, {3, 4}, {5, 6}, {7, 8}});
+  for (const bool appended : {true, false}) {
+    host.load_three();
+    host.rename("one");
+    host.edit(2, 1, 31);
+    ASSERT_EQ(text, "Edit Cells");
+    failing.fails = true;
+    if (appended) {
+      EXPECT_THROW(host.control.append_points(points), std::bad_alloc);
+    } else {
+      EXPECT_THROW(host.control.replace_points(points, test::names({"x", "a", "b", "c"})),
+                   std::bad_alloc);
+    }
+    EXPECT_EQ(text, host.control.undo_text());
+    failing.fails = false;
+  }
 }
 
 }  // namespace
