@@ -213,7 +213,7 @@ std::optional<String> Control::redo_text() const {
   return name_of(m_state->history.first_undone());
 }
 void Control::clear_undo() {
-  m_state->history.clear();
+  m_state->history.forget_steps();
   m_state->history.notify();
 }
 void Control::make_step(const String& name, const std::function<void()>& work) {

@@ -85,6 +85,14 @@ void History::clear() {
   end_merging();
 }
 
+void History::forget_steps() {
+  m_is_outdated = true;
+  m_has_changed = m_has_changed || !m_steps.empty();
+  m_steps.erase(m_steps.begin() + static_cast<std::ptrdiff_t>(m_done), m_steps.end());
+  forget_first(std::exchange(m_done, 0));
+  end_merging();
+}
+
 void History::forget_data() {
   const auto has_data = [](const Step& step) { return step.changes.has_data(); };
   const auto at = [this](std::size_t index) {

@@ -70,6 +70,8 @@ class History {
   // -- Forgetting -----------------------------------------------------------------------------
   // The graph has other data.
   void clear();
+  // All steps of the data that there are.
+  void forget_steps();
   // Points have come. Forgets the steps that have changed data, and those that cannot be reached
   // without them.
   void forget_data();

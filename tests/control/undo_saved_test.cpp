@@ -93,5 +93,14 @@ TEST_F(SavedGraph, SavingAndOpeningAreNoSteps) {
   EXPECT_EQ(host.control.undo_text(), std::nullopt);
 }
 
+TEST_F(SavedGraph, IsSavedAgainWhereTheStepsWereForgottenSince) {
+  host.rename("other");
+  save();
+  host.control.clear_undo();
+  host.rename("third");
+  host.control.undo();
+  EXPECT_TRUE(is_saved());
+}
+
 }  // namespace
 }  // namespace kurv
