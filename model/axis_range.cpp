@@ -55,8 +55,8 @@ int count_visible_curves(const GraphDocument& document) {
 }
 
 void compute_axis_range(GraphDocument& document, const NumericService& numeric) {
-  if (count_visible_curves(document) == 0) return;
   if (document.round_limits.is_on) return round_axis_range(document);
+  if (count_visible_curves(document) == 0) return;
 
   Limits x{document.xmin, document.xmax};
   Limits y{document.ymin, document.ymax};

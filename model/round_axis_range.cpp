@@ -5,6 +5,7 @@
 #include <limits>
 #include <optional>
 
+#include "model/axis_range.h"
 #include "model/round_limits.h"
 #include "model/tick_labels.h"
 
@@ -83,6 +84,7 @@ void end_round_limits(GraphDocument& document) {
 }
 
 void round_axis_range(GraphDocument& document) {
+  if (basKurvGraph01::count_visible_curves(document) == 0) return;
   const DataRange x = x_range(document);
   const DataRange y = y_range(document);
   RoundLimitsSwitch& rounding = document.round_limits;

@@ -18,7 +18,8 @@ void keep_settings_as_chosen(GraphDocument& document);
 bool has_exact_labels(const GraphDocument& document);
 
 // Sets the limits of the axes that are not exact as choose_round_limits() says, and NumTicks where
-// the user has not set it since. Infinities do not count. Where all x values are equal, both limits
+// the user has not set it since. With no visible curve all of them stay. Infinities do not count.
+// Where all x values are equal, both limits
 // of x are this value, so that an intake refuses the data.
 void round_axis_range(GraphDocument& document);
 

@@ -240,5 +240,15 @@ TEST_F(RoundLimitsSwitch, OnceRoundsBothAxesAndLeavesItOff) {
   EXPECT_FALSE(document.YLimitsExact);
 }
 
+TEST_F(RoundLimitsSwitch, OnceWithNoVisibleCurveLeavesTheLimits) {
+  load_example();
+  set_curve_visible(control.state(), 1, false);
+  set_curve_visible(control.state(), 2, false);
+  const std::vector<Double> before = limits();
+  basKurvGraph01::round_limits_once(control.state());
+  EXPECT_EQ(limits(), before);
+  EXPECT_EQ(control.NumTicks(), 10);
+}
+
 }  // namespace
 }  // namespace kurv
