@@ -8,6 +8,7 @@
 
 #include "control/control_state.h"
 #include "control/hit_test.h"
+#include "model/data_set.h"
 #include "render/legend_titles.h"
 #include "render/mapping.h"
 
@@ -65,7 +66,7 @@ class DistanceToCurves {
  private:
   std::span<const Double> column(int number) const {
     const auto values = m_document.xyArr.column(number);
-    return {&values(1), &values(m_document.NumData) + 1};
+    return {&values(1), &values(points_in(m_document, m_document.xyArr)) + 1};
   }
   Offset offset(std::size_t i) const { return {Double(m_x[i]) - m_at.x, Double(m_y[i]) - m_at.y}; }
   // False where the segment to this point is too far left or right, which most of them are.
@@ -87,8 +88,9 @@ class DistanceToCurves {
 bool can_be_measured(const ControlState& state) {
   const GraphDocument& document = state.document;
   const PlotRect& plot = state.layout.plot;
-  return document.GraphValid && document.NumData > 0 && document.xmin != document.xmax &&
-         document.ymin != document.ymax && plot.PlotWidth > 0 && plot.PlotHeight > 0;
+  return document.GraphValid && points_in(document, document.xyArr) > 0 &&
+         document.xmin != document.xmax && document.ymin != document.ymax && plot.PlotWidth > 0 &&
+         plot.PlotHeight > 0;
 }
 
 std::optional<int> nearest_curve(const ControlState& state, SurfacePoint at, Double reach) {
@@ -96,7 +98,8 @@ std::optional<int> nearest_curve(const ControlState& state, SurfacePoint at, Dou
   DistanceToCurves distance(state, at);
   Double least = reach * reach;
   std::optional<int> nearest;
-  for (int curve = 1; curve <= state.document.NumY; ++curve) {
+  const int curves = curves_in(state.document, state.document.xyArr);
+  for (int curve = 1; curve <= curves; ++curve) {
     if (!state.document.y_visible(curve)) continue;
     const Double squared = distance.squared(curve, least);
     if (squared > least) continue;
@@ -106,13 +109,18 @@ std::optional<int> nearest_curve(const ControlState& state, SurfacePoint at, Dou
   return nearest;
 }
 
+// An intake that has failed midway may leave curves without a flag or a name.
+bool has_complete_legend(const GraphDocument& document) {
+  return document.y_visible.upper() >= document.NumY && document.yVarName.upper() > document.NumY;
+}
+
 }  // namespace
 
 std::optional<int> curve_at(const ControlState& state, SurfacePoint at, Double reach) {
   if (!state.document.GraphValid) return std::nullopt;
   const std::optional<Item> item = item_at(state, at);
   if (!item) return nearest_curve(state, at, reach);
-  if (item != Item::kLegend) return std::nullopt;
+  if (item != Item::kLegend || !has_complete_legend(state.document)) return std::nullopt;
   return legend_curve_at(state.document, rect_of(state, *item), at.y);
 }
 

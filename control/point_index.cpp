@@ -5,6 +5,8 @@
 #include <limits>
 #include <numeric>
 
+#include "model/data_set.h"
+
 namespace kurv {
 
 namespace {
@@ -28,22 +30,15 @@ Double squared(Double value) {
   return value * value;
 }
 
-// A count may exceed the arrays; a redraw then fails, but a search must not.
 int points_of(const GraphDocument& document) {
-  return std::min(
-      {int{document.NumData}, document.xyArrSorted.upper_point(), document.sorted_places.upper()});
-}
-
-int curves_of(const GraphDocument& document) {
-  return std::min(
-      {int{document.NumY}, document.xyArrSorted.upper_column() - 1, document.y_visible.upper()});
+  return std::min(points_in(document, document.xyArrSorted), document.sorted_places.upper());
 }
 
 }  // namespace
 
 void PointIndex::follow(const GraphDocument& document) {
   const int points = std::max(points_of(document), 0);
-  const int curves = points > 0 ? std::max(curves_of(document), 0) : 0;
+  const int curves = points > 0 ? curves_in(document, document.xyArrSorted) : 0;
   if (m_revision == document.data_revision && m_points == points && m_curves == curves) return;
   m_order.clear();
   if (curves > 0) {

@@ -56,6 +56,15 @@ std::optional<String> validation_message(bool x_varies, int points) {
 
 }  // namespace
 
+int points_in(const GraphDocument& document, const Matrix<Double>& data) {
+  return std::max(0, std::min<int>(document.NumData, data.upper_point()));
+}
+
+int curves_in(const GraphDocument& document, const Matrix<Double>& data) {
+  return std::max(
+      0, std::min({int{document.NumY}, data.upper_column() - 1, document.y_visible.upper()}));
+}
+
 void Sort_xy(GraphDocument& document, const SwapService& swap) {
   sort_points(document, swap);
 }

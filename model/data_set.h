@@ -22,6 +22,12 @@ void store_both_orders(GraphDocument& document, const SwapService& swap);
 // The same, but leaves in xyArr the copy that SortXY selects.
 void refresh_sorted_data(GraphDocument& document, const SwapService& swap);
 
+// How many points and curves a matrix of the document has. The counts of the document are larger
+// after an intake that has failed midway. A redraw fails then; what goes through the data at any
+// other time asks these functions.
+int points_in(const GraphDocument& document, const Matrix<Double>& data);
+int curves_in(const GraphDocument& document, const Matrix<Double>& data);
+
 // Nothing when the data can be plotted, otherwise the message for the user. Checks the limits.
 std::optional<String> Validate(const GraphDocument& document);
 

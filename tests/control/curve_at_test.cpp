@@ -116,5 +116,36 @@ TEST_F(CurveAt, IsNoneWhereNothingCanBeDrawn) {
   EXPECT_EQ(at({2000, 2000}, 1e9), std::nullopt);
 }
 
+// Fewer points, columns, flags and names than the counts say.
+TEST_F(CurveAt, IsNoneOrOneThatIsThereAfterAnIntakeThatHasFailedMidway) {
+  const Rect legend = host.layout().picLegend;
+  const SurfacePoint row{legend.left + legend.width / 2, legend.top + legend.height / 2};
+  const auto x = test::points({0, 5, 10});
+  const auto y = test::columns({{0, 5, 10}, {10, 5, 0}});
+  const auto intake = [&](Integer points, Integer curves, const List<String>& names) {
+    EXPECT_THROW(
+        host.control.scatter_graph(y, x, points, curves, Variant("Title"), "x", names, 0, {}),
+        Fault);
+    ASSERT_TRUE(host.document().GraphValid);
+    EXPECT_NO_THROW(at(place(2, 2)));
+    EXPECT_NO_THROW(at(row));
+  };
+  intake(3, 3, test::names({"up", "down", "more"}));
+  intake(4, 2, test::names({"up", "down"}));
+  intake(3, 2, test::names({"up"}));
+  intake(3, 200, test::names({"up", "down"}));
+}
+
+TEST_F(CurveAt, IsNoneAfterAnIntakeOfAMatrixThatHasFailedMidway) {
+  const Rect legend = host.layout().picLegend;
+  const SurfacePoint row{legend.left + legend.width / 2, legend.top + legend.height / 2};
+  const Matrix<Double> all = test::columns({{0, 5, 10}, {0, 5, 10}, {10, 5, 0}});
+  EXPECT_THROW(host.control.scatter_graph2("Title", all, test::names({"x"}), 3, 3,
+                                           test::flags({true}), 0, {}),
+               Fault);
+  EXPECT_NO_THROW(at(place(2, 2)));
+  EXPECT_NO_THROW(at(row));
+}
+
 }  // namespace
 }  // namespace kurv

@@ -187,5 +187,17 @@ TEST_F(PointFinderTest, RenewsAPointThatHasChanged) {
   EXPECT_FALSE(moved(point, PointMove::kNext));
 }
 
+TEST_F(PointFinderTest, FindsWhatIsThereAfterAnIntakeThatHasFailedMidway) {
+  load({{1, 5, 9}, {2, 6, 4}}, {"x"});
+  const auto all = test::columns({{1, 5}, {2, 6}});
+  for (const Integer curves : {Integer{3}, Integer{200}}) {
+    EXPECT_THROW(host.control.scatter_graph2("Title", all, test::names({"x"}), 2, curves,
+                                             test::flags({true}), 0, {}),
+                 Fault);
+    EXPECT_NO_THROW(nearest({5, 6}));
+    EXPECT_NO_THROW(finder.first(state()));
+  }
+}
+
 }  // namespace
 }  // namespace kurv
