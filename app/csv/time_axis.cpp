@@ -90,6 +90,11 @@ double days_of_year(double year) {
   return start + (year - std::floor(year)) * (end - start);
 }
 
+// Dates have years of four digits: so many, and the first of January of the year 0.
+constexpr double kYears = 10000;
+constexpr double kDaysOfYears = 365.2425 * kYears;
+constexpr double kFirstDay = -719528;
+
 bool has_no_dates(const TimeScale& scale) {
   return scale.unit == TimeUnit::kNone || scale.unit == TimeUnit::kElapsedHours ||
          (scale.unit == TimeUnit::kDays && scale.kind == DateKind::kTimeOfDay);
@@ -110,7 +115,7 @@ double days_per_number(const TimeScale& scale) {
 std::string month_text(double months) {
   const double year = std::floor(months / 12);
   const auto month = static_cast<unsigned>(months - year * 12);
-  return padded(static_cast<unsigned>(std::max(year, 0.0)), 4) + '-' + padded(month + 1, 2);
+  return padded(static_cast<unsigned>(year), 4) + '-' + padded(month + 1, 2);
 }
 
 // The time of day "12:34", or with seconds and their fraction where they are wanted.
@@ -233,13 +238,15 @@ std::vector<int> roll_over_midnights(Column<Double> times) {
 }
 
 std::string date_text(const TimeScale& scale, double number, double resolution) {
-  // No calendar has other years.
-  constexpr double kMostDays = 365.2425 * 20000;
   if (has_no_dates(scale) || !std::isfinite(number)) return {};
-  if (scale.unit == TimeUnit::kMonths) return month_text(std::floor(number + scale.start));
-  if (scale.unit == TimeUnit::kYears && std::abs(number) > 20000) return {};
+  if (scale.unit == TimeUnit::kMonths) {
+    const double months = std::floor(number + scale.start);
+    return 0 <= months && months < 12 * kYears ? month_text(months) : std::string();
+  }
+  if (scale.unit == TimeUnit::kYears && !(0 <= number && number < kYears)) return {};
   const double days = days_of(scale, number);
-  if (std::abs(days) > kMostDays) return {};
+  // Some of the texts below are of the nearest day.
+  if (!(kFirstDay <= days && days + 0.5 < kFirstDay + kDaysOfYears)) return {};
   // Half a day from the first of the month is what a rounded number may be off.
   if (scale.kind == DateKind::kMonth) return iso_date_text(days + 0.5).substr(0, 7);
 

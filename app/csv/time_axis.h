@@ -40,7 +40,7 @@ struct TimeScale {
 // The date that a number of an axis with this scale stands for, such as "2012-01-31" or "2012-01-31
 // 12:34:56": a month where the dates are months, a time alone where they are times of day, and no
 // finer than numbers that differ by `resolution`, which is 0 for the number of a date of the table.
-// Empty for elapsed times.
+// Empty for elapsed times, and for dates outside of the years 0 to 9999.
 std::string date_text(const TimeScale& scale, double number, double resolution);
 
 // What the numbers of an axis with this scale count.

@@ -154,6 +154,32 @@ TEST(TimeAxis, GivesThePlaceOnAnAxisNoFinerThanItIs) {
   EXPECT_EQ(date_text(years, std::nan(""), 0), "");
 }
 
+// An axis may be zoomed out to them.
+TEST(TimeAxis, GivesNoDateBeyondTheYearsOfFourDigits) {
+  const TimeScale years{TimeUnit::kYears, 0, 1, "", DateKind::kDay};
+  EXPECT_EQ(date_text(years, 0, 0.5), "0000-01-01");
+  EXPECT_EQ(date_text(years, -3.2, 0.5), "");
+  EXPECT_EQ(date_text(years, 9999, 0.5), "9999-01-01");
+  EXPECT_EQ(date_text(years, 10000, 0.5), "");
+  EXPECT_EQ(date_text(years, 9999.9999, 0), "");
+  const TimeScale days{TimeUnit::kDays, 0, 1, "", DateKind::kDay};
+  EXPECT_EQ(date_text(days, -719528, 1), "0000-01-01");
+  EXPECT_EQ(date_text(days, -719529, 1), "");
+  EXPECT_EQ(date_text(days, -1e6, 1), "");
+  EXPECT_EQ(date_text(days, 2932896, 1), "9999-12-31");
+  EXPECT_EQ(date_text(days, 2932897, 1), "");
+  const TimeScale months{TimeUnit::kMonths, 0, 1, "", DateKind::kMonth};
+  EXPECT_EQ(date_text(months, 0, 1), "0000-01");
+  EXPECT_EQ(date_text(months, -1, 1), "");
+  EXPECT_EQ(date_text(months, 119999, 1), "9999-12");
+  EXPECT_EQ(date_text(months, 120000, 1), "");
+  EXPECT_EQ(date_text(months, 1e12, 1), "");
+  const TimeScale years_of_months{TimeUnit::kYears, 0, 1, "", DateKind::kMonth};
+  EXPECT_EQ(date_text(years_of_months, 12345, 0), "");
+  const TimeScale clock{TimeUnit::kClock, 0, 3600, "", DateKind::kInstant};
+  EXPECT_EQ(date_text(clock, 1e8, 1), "");
+}
+
 TEST(TimeAxis, HasTheUnitOfItsScale) {
   const auto unit = [](TimeUnit of, double step = 1) {
     TimeScale scale;
