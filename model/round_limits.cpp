@@ -79,11 +79,16 @@ bool is_whole(const Step& step) {
   return step.exponent >= 0 || (step.exponent == -1 && step.digits % 10 == 0);
 }
 
+// The power of ten below which steps have more digits than limits.
+int smallest_power(const DataRange& range) {
+  const Double magnitude = std::max(std::abs(range.min), std::abs(range.max));
+  return std::max(decimal_exponent(magnitude) - kMostDigits + 1, kSmallestExponent);
+}
+
 // Round numbers from the smallest that `ticks` of them reach over the range to those that are
 // larger than the range.
 std::vector<Step> round_steps(const DataRange& range, int ticks) {
-  const Double magnitude = std::max(std::abs(range.min), std::abs(range.max));
-  const int smallest = std::max(decimal_exponent(magnitude) - kMostDigits + 1, kSmallestExponent);
+  const int smallest = smallest_power(range);
   const int first = decimal_exponent((range.max - range.min) / ticks);
   const int last = decimal_exponent(range.max - range.min) + 1;
   std::vector<Step> steps;
@@ -93,26 +98,29 @@ std::vector<Step> round_steps(const DataRange& range, int ticks) {
   return steps;
 }
 
-void add(std::vector<Step>& steps, std::initializer_list<int> sizes, int rank) {
-  for (const int size : sizes) steps.push_back({size, 0, rank});
+void add(std::vector<Step>& steps, std::initializer_list<int> sizes, int rank, int smallest) {
+  for (const int size : sizes) {
+    if (decimal_exponent(size) >= smallest) steps.push_back({size, 0, rank});
+  }
 }
 
 // Whole units; the round numbers that are fractions of the unit, or larger than these, come last.
 std::vector<Step> time_steps(const DataRange& range, int ticks) {
   std::vector<Step> steps = round_steps(range, ticks);
+  const int smallest = smallest_power(range);
   const bool is_calendar = range.unit == AxisUnit::kYears || range.unit == AxisUnit::kDays;
   for (Step& step : steps) {
     if (!is_calendar || !is_whole(step)) step.rank = 2;
   }
   if (range.unit == AxisUnit::kMonths) {
-    add(steps, {1, 2, 3, 6, 12, 24, 60, 120}, 0);
-    add(steps, {4}, 1);
+    add(steps, {1, 2, 3, 6, 12, 24, 60, 120}, 0, smallest);
+    add(steps, {4}, 1, smallest);
   } else if (range.unit == AxisUnit::kHours) {
-    add(steps, {1, 2, 3, 6, 12, 24, 48, 120, 240}, 0);
-    add(steps, {4, 8, 72, 96}, 1);
+    add(steps, {1, 2, 3, 6, 12, 24, 48, 120, 240}, 0, smallest);
+    add(steps, {4, 8, 72, 96}, 1, smallest);
   } else if (!is_calendar) {
-    add(steps, {1, 2, 5, 10, 15, 30, 60}, 0);
-    add(steps, {3, 4, 6, 20, 120}, 1);
+    add(steps, {1, 2, 5, 10, 15, 30, 60}, 0, smallest);
+    add(steps, {3, 4, 6, 20, 120}, 1, smallest);
   }
   return steps;
 }

@@ -303,5 +303,19 @@ TEST(RoundLimits, YearsAreFractionsWhereWholeOnesWouldLeaveTooMuchEmpty) {
   EXPECT_EQ(time_step(AxisUnit::kYears, 1958.21, 2001.95, {313, 374}), 4);
 }
 
+TEST(RoundLimits, TimeBeyondTheDigitsOfLabelsHasLabelsThatDiffer) {
+  for (const AxisUnit unit :
+       {AxisUnit::kSeconds, AxisUnit::kMinutes, AxisUnit::kHours, AxisUnit::kMonths}) {
+    for (const Double start : {1.36e16, 2.5e15, 1.2e17}) {
+      for (const Double span : {150.0, 1000.0, 12345.0}) {
+        const RoundLimits chosen = choose_round_limits({start, start + span, unit}, {0, 1});
+        const std::vector<String> texts = labels(chosen.x, chosen.ticks);
+        EXPECT_EQ(std::adjacent_find(texts.begin(), texts.end()), texts.end())
+            << start << " + " << span << ", " << texts.front();
+      }
+    }
+  }
+}
+
 }  // namespace
 }  // namespace kurv
