@@ -35,12 +35,19 @@ void store(GraphDocument& document, Field GraphDocument::*field, const Value& va
   }
 }
 
-// A format that is set is the user's, also where it is the one that round limits have chosen.
+// A format that is set is the user's, also where it is the one that round limits or a zoom have
+// chosen.
 template <class Field>
-void keep_format(GraphDocument& document, Field GraphDocument::*field) {
+void keep_format(ControlState& state, Field GraphDocument::*field) {
   if constexpr (std::is_same_v<Field, String>) {
-    if (field == &GraphDocument::AxisLabelFormatX) document.round_limits.x_format.clear();
-    if (field == &GraphDocument::AxisLabelFormatY) document.round_limits.y_format.clear();
+    if (field == &GraphDocument::AxisLabelFormatX) {
+      state.document.round_limits.x_format.clear();
+      state.zoom.x_format = {};
+    }
+    if (field == &GraphDocument::AxisLabelFormatY) {
+      state.document.round_limits.y_format.clear();
+      state.zoom.y_format = {};
+    }
   }
 }
 
@@ -52,7 +59,7 @@ void keep_format(GraphDocument& document, Field GraphDocument::*field) {
   }                                                                            \
   void Control::set_##name(PropertyArgument<Type> value) {                     \
     store<PropertyRule::rule>(m_state->document, &GraphDocument::name, value); \
-    keep_format(m_state->document, &GraphDocument::name);                      \
+    keep_format(*m_state, &GraphDocument::name);                               \
   }
 KURV_PROPERTIES(KURV_DEFINE)
 #undef KURV_DEFINE

@@ -262,5 +262,16 @@ TEST_F(Zoom, AnUndoAfterPointsHaveComeFollowsTheData) {
   EXPECT_TRUE(control.Autoscale());
 }
 
+TEST_F(Zoom, AFormatThatIsSetToTheFittedOneStays) {
+  for (int i = 0; i < 30; ++i) zoom_at(state, point(0.31, 0.5), {0.8, 0.8});
+  const String x_format = control.AxisLabelFormatX();
+  const String y_format = control.AxisLabelFormatY();
+  control.set_AxisLabelFormatX(x_format);
+  control.set_AxisLabelFormatY(y_format);
+  show_all(state);
+  EXPECT_EQ(control.AxisLabelFormatX(), x_format);
+  EXPECT_EQ(control.AxisLabelFormatY(), y_format);
+}
+
 }  // namespace
 }  // namespace kurv
