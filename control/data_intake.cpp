@@ -117,7 +117,7 @@ void validate_and_draw(ControlState& state) {
   draw_first_time(state);
 }
 
-// Dimensions and names from one matrix; the data come next.
+// Dimensions and names from one matrix; the data come next, and then the rest.
 void begin_combined(GraphDocument& document, const IntakeSettings& settings,
                     const List<String>& names, const List<String>& functions) {
   document.DataFromHost = true;
@@ -133,7 +133,6 @@ void finish_combined(ControlState& state, const List<Boolean>& visible) {
   refresh_sorted_data(document, *state.services.swap);
   for (int k = 1; k <= document.NumY; ++k) document.y_visible(k) = visible(k);
   reset_column_sources(state);
-  validate_and_draw(state);
 }
 
 }  // namespace
@@ -142,9 +141,9 @@ void scatter_graph(ControlState& state, const IntakeSettings& settings, const Ma
                    const List<Double>& xarr, const String& x_name, const List<String>& y_names,
                    const List<String>& functions) {
   const NewHistory history(state.history);
-  end_zoom(state);
   store_settings(state.document, settings, functions);
   store_separate(state, kUpperColumn, yarr, xarr, x_name, y_names);
+  end_zoom(state);
   validate_and_draw(state);
 }
 
@@ -152,22 +151,24 @@ void scatter_graph2(ControlState& state, const IntakeSettings& settings,
                     const Matrix<Double>& xyarr, const List<String>& names,
                     const List<Boolean>& visible, const List<String>& functions) {
   const NewHistory history(state.history);
-  end_zoom(state);
   begin_combined(state.document, settings, names, functions);
   copy_columns(state.document, xyarr, 1, state.document.NumY + 1, 1);
   finish_combined(state, visible);
+  end_zoom(state);
+  validate_and_draw(state);
 }
 
 void load_data(ControlState& state, const IntakeSettings& settings, Matrix<Double> xyarr,
                const List<String>& names, const List<Boolean>& visible,
                const List<String>& functions) {
   const NewHistory history(state.history);
-  forget_zoom(state);  // the formats are already those of the file
   begin_combined(state.document, settings, names, functions);
   share_columns(state.document, xyarr, state.document.NumY + 1);
   xyarr = {};  // from here on the document alone has them
   const RoundLimitsPause pause(state.document);
   finish_combined(state, visible);
+  forget_zoom(state);  // the formats are already those of the file
+  validate_and_draw(state);
 }
 
 bool has_repaired_data(const GraphDocument& document) {

@@ -45,7 +45,7 @@ bool is_zoomed(const ControlState& state);
 // Returns to the limits of before the first zoom, Autoscale included.
 void show_all(ControlState& state);
 
-// Before other data are loaded: Autoscale is again what it was before the first zoom. Draws and
+// When other data have been stored: Autoscale is again what it was before the first zoom. Draws and
 // computes nothing.
 void forget_zoom(ControlState& state);
 // The same, and the label formats too.

@@ -273,5 +273,20 @@ TEST_F(Zoom, AFormatThatIsSetToTheFittedOneStays) {
   EXPECT_EQ(control.AxisLabelFormatY(), y_format);
 }
 
+TEST_F(Zoom, StaysWhereDataCannotBeCopied) {
+  zoom_at(state, point(0.5, 0.5), {0.5, 0.5});
+  const auto zoomed = limits();
+  EXPECT_THROW(control.scatter_graph2("Title", test::columns({{1}, {2}}), test::names({"x", "a"}),
+                                      2, 1, test::flags({true}), 0, {}),
+               Fault);
+  EXPECT_TRUE(is_zoomed(state));
+  EXPECT_THROW(control.scatter_graph(test::columns({{1}}), test::points({1}), 2, 1,
+                                     Variant("Title"), "x", test::names({"y"}), 0, {}),
+               Fault);
+  EXPECT_TRUE(is_zoomed(state));
+  EXPECT_FALSE(control.Autoscale());
+  EXPECT_EQ(limits(), zoomed);
+}
+
 }  // namespace
 }  // namespace kurv
