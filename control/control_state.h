@@ -53,10 +53,11 @@ struct ControlState {
   LazyEvaluator wizard_evaluator{};    // checks names and expressions of derived curves
   MouseState mouse{};
   ZoomState zoom{};
-  // What has to be known when more points come.
+  // What has to be known when more points come: the columns, and the label formats that the control
+  // has chosen to suit the data.
   ColumnSources columns{};
-  ChosenFormat x_format{};
-  ChosenFormat y_format{};
+  FittedSetting<String> x_format{};
+  FittedSetting<String> y_format{};
   unsigned cell_edits = 0;  // since the last intake
   History history{};
   bool is_terminated = false;

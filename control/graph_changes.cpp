@@ -38,7 +38,13 @@ constexpr auto kFields = std::make_tuple(
     Place{&Layout::imgTitle, &Rect::left}, Place{&Layout::imgTitle, &Rect::top},
     Place{&Layout::imgSubTitle, &Rect::left}, Place{&Layout::imgSubTitle, &Rect::top},
     Place{&Layout::picLegend, &Rect::left}, Place{&Layout::picLegend, &Rect::top},
-    &Layout::fitted_places, &ControlState::columns, &ControlState::cell_edits, &ControlState::zoom);
+    &Layout::fitted_places, &ControlState::columns, &ControlState::cell_edits, &ControlState::zoom,
+    &ControlState::x_format, &ControlState::y_format);
+
+// Which formats count as chosen is not seen, so it is no change by itself.
+using FormatField = decltype(&ControlState::x_format);
+template <class Field>
+constexpr bool kIsSeen = !std::is_same_v<std::decay_t<Field>, FormatField>;
 
 struct AnyValue {
   template <class T>
@@ -231,7 +237,9 @@ void GraphChanges::merge_into(GraphChanges& earlier) {
 
 bool GraphChanges::is_empty() const {
   bool found = false;
-  m_fields->for_each([&](const auto& value, const auto&) { found = found || value; });
+  m_fields->for_each([&](const auto& value, const auto& field) {
+    found = found || (kIsSeen<decltype(field)> && value);
+  });
   return !found;
 }
 
@@ -242,6 +250,7 @@ bool GraphChanges::has_data() const {
 bool GraphChanges::agrees_with(const ControlState& state) const {
   bool agrees = true;
   m_fields->for_each([&](const auto& value, const auto& field) {
+    if (!kIsSeen<decltype(field)>) return;
     agrees = agrees && (!value || m_fields->agrees(*value, state, field));
   });
   return agrees;

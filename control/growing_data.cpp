@@ -162,21 +162,21 @@ void choose_first_formats(ControlState& state) {
   state.x_format.before = document.AxisLabelFormatX;
   state.y_format.before = document.AxisLabelFormatY;
   choose_label_formats(document, *state.services.numeric);
-  state.x_format.after = document.AxisLabelFormatX;
-  state.y_format.after = document.AxisLabelFormatY;
+  state.x_format.fitted = document.AxisLabelFormatX;
+  state.y_format.fitted = document.AxisLabelFormatY;
 }
 
 void choose_formats_again(ControlState& state) {
   GraphDocument& document = state.document;
   const String x = document.AxisLabelFormatX;
   const String y = document.AxisLabelFormatY;
-  const bool was_x_chosen = x == state.x_format.after;
-  const bool was_y_chosen = y == state.y_format.after;
+  const bool was_x_chosen = x == state.x_format.fitted;
+  const bool was_y_chosen = y == state.y_format.fitted;
   if (was_x_chosen) document.AxisLabelFormatX = state.x_format.before;
   if (was_y_chosen) document.AxisLabelFormatY = state.y_format.before;
   choose_label_formats(document, *state.services.numeric);
-  if (was_x_chosen) state.x_format.after = document.AxisLabelFormatX;
-  if (was_y_chosen) state.y_format.after = document.AxisLabelFormatY;
+  if (was_x_chosen) state.x_format.fitted = document.AxisLabelFormatX;
+  if (was_y_chosen) state.y_format.fitted = document.AxisLabelFormatY;
   if (!was_x_chosen) document.AxisLabelFormatX = x;
   if (!was_y_chosen) document.AxisLabelFormatY = y;
 }

@@ -37,13 +37,6 @@ struct ColumnSources {
   friend bool operator==(const ColumnSources&, const ColumnSources&) = default;
 };
 
-// The label format of an axis before the control chose one that suits the data, and after. A format
-// that is neither was set by the user.
-struct ChosenFormat {
-  String before;
-  String after;
-};
-
 // After an intake: the columns are those of the host.
 void reset_column_sources(ControlState& state);
 // After x and another column have been exchanged.

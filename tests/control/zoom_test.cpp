@@ -262,6 +262,19 @@ TEST_F(Zoom, AnUndoAfterPointsHaveComeFollowsTheData) {
   EXPECT_TRUE(control.Autoscale());
 }
 
+TEST_F(Zoom, UndoRestoresWhichFormatsWereChosen) {
+  zoom_at(state, point(0.5, 0.5), {0.5, 0.5});
+  control.append_points(test::columns({{20}, {5e6}, {1}}));
+  const String format = control.AxisLabelFormatY();
+  show_all(state);
+  ASSERT_EQ(control.AxisLabelFormatY(), "0.00E+0");
+  control.undo();
+  ASSERT_EQ(control.AxisLabelFormatY(), format);
+  control.set_Autoscale(true);
+  control.append_points(test::columns({{21}, {6e6}, {1}}));
+  EXPECT_EQ(control.AxisLabelFormatY(), "0.00E+0");
+}
+
 TEST_F(Zoom, AFormatThatIsSetToTheFittedOneStays) {
   for (int i = 0; i < 30; ++i) zoom_at(state, point(0.31, 0.5), {0.8, 0.8});
   const String x_format = control.AxisLabelFormatX();
