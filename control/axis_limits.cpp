@@ -41,6 +41,7 @@ void set_YLimitsExact(ControlState& state, Boolean exact) {
 }
 
 void set_round_limits(ControlState& state, bool on) {
+  state.round_limits_after_load = on;
   if (std::exchange(state.document.round_limits.is_on, on) == on) return;
   if (on) {
     begin_round_limits(state.document);

@@ -59,6 +59,8 @@ struct ControlState {
   FittedSetting<String> x_format{};
   FittedSetting<String> y_format{};
   unsigned cell_edits = 0;  // since the last intake
+  // What round limits are after the graph file that is being loaded.
+  bool round_limits_after_load = false;
   History history{};
   bool is_terminated = false;
   std::vector<EventListener> listeners = {};

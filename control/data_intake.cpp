@@ -77,22 +77,6 @@ void store_separate(ControlState& state, int upper_column, const Matrix<Double>&
   reset_column_sources(state);
 }
 
-// The limits, the ticks and the formats of a file are its own.
-class RoundLimitsPause {
- public:
-  explicit RoundLimitsPause(GraphDocument& document)
-      : m_is_on(document.round_limits.is_on), m_was_on(std::exchange(m_is_on, false)) {
-    document.round_limits.x_unit = AxisUnit::kNumbers;
-  }
-  ~RoundLimitsPause() { m_is_on = m_was_on; }
-  RoundLimitsPause(const RoundLimitsPause&) = delete;
-  RoundLimitsPause& operator=(const RoundLimitsPause&) = delete;
-
- private:
-  bool& m_is_on;
-  bool m_was_on;
-};
-
 void compute_limits(ControlState& state) {
   if (state.document.NumTicks == 0) state.document.NumTicks = kDefaultNumTicks;
   basKurvGraph01::compute_axis_range(state.document, *state.services.numeric);
@@ -165,7 +149,6 @@ void load_data(ControlState& state, const IntakeSettings& settings, Matrix<Doubl
   begin_combined(state.document, settings, names, functions);
   share_columns(state.document, xyarr, state.document.NumY + 1);
   xyarr = {};  // from here on the document alone has them
-  const RoundLimitsPause pause(state.document);
   finish_combined(state, visible);
   forget_zoom(state);  // the formats are already those of the file
   validate_and_draw(state);

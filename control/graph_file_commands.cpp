@@ -48,24 +48,42 @@ void restore_view(ControlState& state, const GraphFile& graph) {
   apply_deferred(graph, state.document, state.layout);
 }
 
-struct LabelFormats {
-  String x;
-  String y;
-};
+// While it lives no limits are rounded, because the limits, the ticks and the formats of a file are
+// its own. Begins when the label formats are those of the file.
+class RoundLimitsPause {
+ public:
+  explicit RoundLimitsPause(ControlState& state)
+      : m_state(state),
+        m_x_format(state.document.AxisLabelFormatX),
+        m_y_format(state.document.AxisLabelFormatY) {
+    RoundLimitsSwitch& rounding = state.document.round_limits;
+    state.round_limits_after_load = std::exchange(rounding.is_on, false);
+    rounding.x_unit = AxisUnit::kNumbers;
+  }
+  // After a fault they are on as before, unless a handler has turned them off meanwhile.
+  ~RoundLimitsPause() { m_state.document.round_limits.is_on = m_state.round_limits_after_load; }
+  RoundLimitsPause(const RoundLimitsPause&) = delete;
+  RoundLimitsPause& operator=(const RoundLimitsPause&) = delete;
 
-// The intake has chosen formats as without round limits. Those of the file return where it was
-// saved with round limits.
-void restore_round_limits(GraphDocument& document, const LabelFormats& of_file) {
-  bool& is_on = document.round_limits.is_on;
-  const LabelFormats chosen{document.AxisLabelFormatX, document.AxisLabelFormatY};
-  if (!is_on) return;
-  document.AxisLabelFormatX = of_file.x;
-  document.AxisLabelFormatY = of_file.y;
-  is_on = has_exact_labels(document);
-  if (is_on) return keep_settings_as_chosen(document);
-  document.AxisLabelFormatX = chosen.x;
-  document.AxisLabelFormatY = chosen.y;
-}
+  // When the limits and the ticks are those of the file. The intake has chosen formats as without
+  // round limits. Those of the file return where it was saved with round limits; any other file
+  // turns them off.
+  void restore_formats() {
+    GraphDocument& document = m_state.document;
+    if (!m_state.round_limits_after_load) return;
+    std::swap(document.AxisLabelFormatX, m_x_format);
+    std::swap(document.AxisLabelFormatY, m_y_format);
+    m_state.round_limits_after_load = has_exact_labels(document);
+    if (m_state.round_limits_after_load) return keep_settings_as_chosen(document);
+    document.AxisLabelFormatX = m_x_format;
+    document.AxisLabelFormatY = m_y_format;
+  }
+
+ private:
+  ControlState& m_state;
+  String m_x_format;
+  String m_y_format;
+};
 
 bool begins_as_graph_file(const String& path) {
   InputFile file(path);
@@ -79,10 +97,12 @@ bool begins_as_graph_file(const String& path) {
 void file_load(ControlState& state, const String& path) {
   state.used_file = path;
   GraphFile graph = read_from(state, path);
-  const LabelFormats formats{state.document.AxisLabelFormatX, state.document.AxisLabelFormatY};
-  pass_to_intake(state, graph);
-  restore_view(state, graph);
-  restore_round_limits(state.document, formats);
+  {
+    RoundLimitsPause pause(state);
+    pass_to_intake(state, graph);
+    restore_view(state, graph);
+    pause.restore_formats();
+  }
   build_the_graph(state);
   mark_saved(state, path);
   state.used_file.clear();

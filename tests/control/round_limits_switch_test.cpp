@@ -1,11 +1,15 @@
 #include <gmock/gmock.h>
 
 #include <filesystem>
+#include <fstream>
 #include <limits>
+#include <memory>
+#include <optional>
 
 #include "control/axis_limits.h"
 #include "control/control_state.h"
 #include "control/curve_edits.h"
+#include "tests/control/counting_evaluator.h"
 #include "tests/support/test_host.h"
 
 namespace kurv {
@@ -196,6 +200,8 @@ class RoundLimitsOfFiles : public RoundLimitsSwitch {
     other.control.file_load(m_path);
   }
 
+  const std::string& path() const { return m_path; }
+
   test::TestHost other;
 
  private:
@@ -228,6 +234,25 @@ TEST_F(RoundLimitsOfFiles, AGraphThatWasSavedWithThemKeepsThem) {
   EXPECT_EQ(other.control.ymax(), control.ymax());
   set_curve_visible(other.control.state(), 1, false);
   EXPECT_EQ(other.control.ymax(), 3);
+}
+
+// As by a handler that is called while the graph is drawn.
+TEST_F(RoundLimitsOfFiles, WhatIsSetWhileAFileIsLoadedStays) {
+  control.set_round_limits(true);
+  load_example();
+  ASSERT_EQ(control.add_function("x"), std::nullopt);
+  const test::HostsEvaluator handler([this]() -> std::unique_ptr<Service> {
+    other.control.set_round_limits(false);
+    return make_evaluator();
+  });
+  save_and_load();
+  EXPECT_FALSE(other.control.round_limits());
+}
+
+TEST_F(RoundLimitsOfFiles, AreOnAfterAFileThatFails) {
+  std::ofstream(path()) << "no graph";
+  EXPECT_THROW(other.control.file_load(path()), Fault);
+  EXPECT_TRUE(other.control.round_limits());
 }
 
 TEST_F(RoundLimitsSwitch, OnceRoundsBothAxesAndLeavesItOff) {
