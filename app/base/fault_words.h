@@ -25,7 +25,9 @@ std::string fault_advice(Attempt attempt, FaultKind kind);
 // full; make room on the disk or choose another one."
 std::string fault_clause(Attempt attempt, FaultKind kind);
 
-// What a user of the window has tried, as far as the kind of the fault shows it.
+// What a user of the window has tried, as far as the kind of the fault shows it. A fault that
+// reading and writing share, such as a refused permission, counts as one of writing: kurv loads
+// graph files by itself and reports their faults as Attempt::kLoad, so only writing leads here.
 Attempt attempt_at(FaultKind kind, bool names_file);
 
 }  // namespace kurv::app
