@@ -185,7 +185,7 @@ class Program {
         ->type_name("WxH");
     command.add_option("--every", m_texts.every, "Take each N-th row: 1, N+1, 2N+1 and so on")
         ->type_name("N");
-    command.add_flag("--sort", m_choice.sort, "Sort the points by x");
+    command.add_flag("--sort", m_choice.table.selection.sort, "Sort the points by x");
     command
         .add_option("--limits", m_texts.limits,
                     "The limits of a table: round, with ticks at round numbers, or rule, as the "

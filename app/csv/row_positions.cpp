@@ -2,35 +2,25 @@
 
 #include <algorithm>
 
-#include "app/csv/cell_value.h"
+#include "app/csv/x_order.h"
 
 namespace kurv::app {
 
 RowPositions::RowPositions(const Matrix<Double>& values)
-    : m_x(&values(1, 1)), m_rows(values.upper_point()) {
-  bool rises = false;
-  bool falls = false;
-  double first = kNoValue;
-  double last = kNoValue;
-  for (int row = 0; row < m_rows; ++row) {
-    const double x = m_x[row];
-    if (std::isnan(x)) {
-      m_is_complete = false;
-      continue;
-    }
-    if (std::isnan(first)) first = x;
-    rises = rises || x > last;
-    falls = falls || x < last;
-    last = x;
-  }
-  const double extent = std::abs(last - first);
-  if (rises != falls && std::isfinite(extent)) {
-    m_sign = rises ? 1 : -1;
-    m_first = m_sign * first;
-    m_extent = extent;
-  } else {
-    m_extent = std::max(1, m_rows - 1);
-  }
+    : m_x(&values(1, 1)), m_rows(values.upper_point()), m_extent(std::max(1, m_rows - 1)) {
+  const auto is_missing = [this](int row) { return std::isnan(m_x[row]); };
+  int first = 0;
+  int last = m_rows - 1;
+  while (first < last && is_missing(first)) ++first;
+  while (first < last && is_missing(last)) --last;
+  m_is_complete = std::none_of(m_x, m_x + m_rows, [](double x) { return std::isnan(x); });
+  const XOrder order = x_order(values.column(1));
+  const double extent = std::abs(m_x[last] - m_x[first]);
+  if (order != XOrder::kAscending && order != XOrder::kDescending) return;
+  if (!std::isfinite(extent)) return;
+  m_sign = order == XOrder::kAscending ? 1 : -1;
+  m_first = m_sign * m_x[first];
+  m_extent = extent;
 }
 
 }  // namespace kurv::app

@@ -30,11 +30,11 @@ class RowPositions {
  private:
   const Double* m_x;
   int m_rows;
-  bool m_is_complete = true;
+  bool m_is_complete;
   // What x is multiplied by to ascend; zero where it goes back and forth.
   double m_sign = 0;
   double m_first = 0;
-  double m_extent = 0;
+  double m_extent;
 };
 
 }  // namespace kurv::app

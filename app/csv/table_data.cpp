@@ -19,6 +19,7 @@
 #include "app/csv/row_thinning.h"
 #include "app/csv/table_file.h"
 #include "app/csv/time_axis.h"
+#include "app/csv/x_order.h"
 
 namespace kurv::app {
 
@@ -209,8 +210,9 @@ void warn_of_lone_points(TableData& data) {
 }
 
 // The warning is the first one, because it is about all curves.
-void thin_out(TableData& data) {
+void thin_out(const Selection& selection, TableData& data) {
   const int rows = data.values.upper_point();
+  if (selection.sort && has_unsorted_x(data)) sort_by_x(data.values);
   ThinnedRows kept = thinned(data.values);
   data.values = std::move(kept.values);
   data.warnings.insert(
@@ -263,17 +265,7 @@ AxisUnit x_unit(const TableData& data) {
 }
 
 bool has_unsorted_x(const TableData& data) {
-  const Column<const Double> x = data.values.column(1);
-  bool rises = false;
-  bool falls = false;
-  double last = std::numeric_limits<double>::quiet_NaN();
-  for (int i = 1; i <= x.upper(); ++i) {
-    if (std::isnan(x(i))) continue;
-    rises = rises || x(i) > last;
-    falls = falls || x(i) < last;
-    last = x(i);
-  }
-  return rises && falls;
+  return x_order(data.values.column(1)) == XOrder::kUnsorted;
 }
 
 TableData make_table_data(TableColumns& columns, const Selection& selection,
@@ -299,7 +291,7 @@ TableData make_table_data(TableColumns& columns, const Selection& selection,
     add_column(columns, choice.y[static_cast<std::size_t>(curve) - 1], data, curve + 1);
   }
   warn_of_missing_x(columns, data);
-  if (rows.size() > std::size_t{kMaxPoints}) thin_out(data);
+  if (rows.size() > std::size_t{kMaxPoints}) thin_out(selection, data);
   warn_of_lone_points(data);
   remove_commas(data);
   return data;

@@ -35,6 +35,8 @@ struct Selection {
   std::vector<std::string> y;
   // Each n-th row is drawn, beginning with the first one.
   std::size_t every = 1;
+  // The points are sorted by x, so more rows than a graph holds are thinned out in that order.
+  bool sort = false;
 };
 
 // What is set here is not guessed.

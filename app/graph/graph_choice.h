@@ -38,7 +38,6 @@ struct GraphChoice {
   // is given, lines are on and markers off otherwise.
   std::optional<bool> lines;
   std::optional<bool> markers;
-  bool sort = false;
   std::optional<bool> round_limits;  // yes; no is the control's own rule for limits
   std::vector<Derivation> derivations;
   std::vector<std::string> functions;  // expressions of x

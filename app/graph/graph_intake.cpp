@@ -154,7 +154,7 @@ void refuse_table_options(const TableOptions& table, const std::string& path) {
 GraphSource load(const std::string& path, const GraphChoice& choice) {
   if (is_graph_file(path)) {
     refuse_table_options(choice.table, path);
-    if (choice.sort) refuse_for_graph_file("--sort", path);
+    if (choice.table.selection.sort) refuse_for_graph_file("--sort", path);
     if (choice.round_limits) refuse_for_graph_file("--limits", path);
     return {path, std::nullopt};
   }

@@ -52,13 +52,14 @@ void plot_table(const GraphChoice& choice, const std::string& path, const TableD
   List<Boolean> visible(1, curves);
   for (int curve = 1; curve <= curves; ++curve) visible(curve) = true;
   const std::string title = choice.title.value_or(std::filesystem::path(path).stem().string());
-  set_property_value(graph, *find_property("SortXY"), Variant(Boolean(choice.sort)));
+  set_property_value(graph, *find_property("SortXY"),
+                     Variant(Boolean(choice.table.selection.sort)));
   set_property_value(graph, *find_property("SubTitle"), Variant(choice.subtitle.value_or("")));
   graph.set_round_limits(choice.round_limits.value_or(true));
   graph.set_x_unit(x_unit(data));
   graph.set_fitted_items(true);
   const bool is_scattered =
-      !choice.lines && !choice.markers && !choice.sort && has_unsorted_x(data);
+      !choice.lines && !choice.markers && !choice.table.selection.sort && has_unsorted_x(data);
   graph.scatter_graph2(title, data.values, data.names,
                        static_cast<Integer>(data.values.upper_point()),
                        static_cast<Integer>(curves), visible, 0, {},

@@ -166,7 +166,7 @@ void DrawingFields::connect_fields() {
   connect(m_title, &QLineEdit::textChanged, this, [this] { m_title_or_style_changed(); });
   connect(m_sort, &QCheckBox::toggled, this, [this] {
     select_style();
-    m_title_or_style_changed();
+    m_selection_changed();
   });
   connect(m_style, &QComboBox::currentIndexChanged, this, [this] {
     m_has_chosen_style = true;
@@ -256,6 +256,7 @@ Selection DrawingFields::selection() const {
   Selection selection;
   const bool is_each = m_rows->currentIndex() != kEvery;
   selection.every = is_each ? 1 : static_cast<std::size_t>(m_every->value());
+  selection.sort = m_sort->isChecked();
   const int x = m_x->currentData().toInt();
   selection.row_numbers = x < 0;
   if (x >= 0) selection.x = m_names[static_cast<std::size_t>(x)];
@@ -277,7 +278,6 @@ bool DrawingFields::offers_curves() const {
 
 void DrawingFields::write_title_and_style(GraphChoice& choice) const {
   choice.title = on_one_line(m_title->text().toStdString());
-  choice.sort = m_sort->isChecked();
   const auto style = static_cast<Style>(m_style->currentIndex());
   choice.lines = style != Style::kMarkers;
   choice.markers = style != Style::kLines;

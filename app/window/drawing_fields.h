@@ -33,7 +33,7 @@ class DrawingFields final : public QWidget {
   // chosen the style.
   void show_order(bool is_unsorted);
 
-  // Called when other data are to be drawn, and when only title, order or style changes.
+  // Called when other data are to be drawn, and when only title or style changes.
   void on_selection(std::function<void()> changed) { m_selection_changed = std::move(changed); }
   void on_title_or_style(std::function<void()> changed) {
     m_title_or_style_changed = std::move(changed);

@@ -201,7 +201,7 @@ void Follower::replace_columns(const TableData& data) {
   choice.subtitle = graph.SubTitle().toStdString();
   choice.lines = graph.Connected();
   choice.markers = graph.DrawMarkers();
-  choice.sort = graph.SortXY();
+  choice.table.selection.sort = graph.SortXY();
   choice.round_limits = graph.round_limits();
   choice.functions.clear();
   for (const QString& function : graph.functions()) {

@@ -56,7 +56,7 @@ TEST(CommandLine, HasADefaultForEverythingButTheFiles) {
   EXPECT_FALSE(request.lines);
   EXPECT_FALSE(request.markers);
   EXPECT_FALSE(request.locale);
-  EXPECT_FALSE(request.sort);
+  EXPECT_FALSE(request.table.selection.sort);
   EXPECT_THAT(request.settings, IsEmpty());
 }
 
@@ -71,7 +71,7 @@ TEST(CommandLine, TakesAllOptions) {
   EXPECT_EQ(request.subtitle, "below");
   EXPECT_EQ(request.lines, false);
   EXPECT_EQ(request.markers, true);
-  EXPECT_TRUE(request.sort);
+  EXPECT_TRUE(request.table.selection.sort);
   EXPECT_EQ(request.table.selection.every, 3u);
 }
 
@@ -205,7 +205,7 @@ TEST(CommandLine, FilesWithoutACommandAreForWindowsWithTheSameChoices) {
   EXPECT_EQ(request.subtitle, "S");
   EXPECT_EQ(request.lines, false);
   EXPECT_EQ(request.markers, true);
-  EXPECT_TRUE(request.sort);
+  EXPECT_TRUE(request.table.selection.sort);
   ASSERT_EQ(request.settings.size(), 1u);
   EXPECT_THAT(misuse_of({"a.csv", "--set", "Nonsense=1"}), HasSubstr("no property"));
   EXPECT_THAT(misuse_of({"a.csv", "-o", "a.png"}), HasSubstr("kurv --help"));

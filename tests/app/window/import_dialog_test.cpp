@@ -119,7 +119,7 @@ TEST(ImportDialog, EveryNthRowAndSortAndTitleAreTaken) {
   import.get<QLineEdit>("txtTitle").setText("New");
   EXPECT_EQ(import.taken().data->values.upper_point(), 2);
   const GraphChoice choice = import.dialog.choice();
-  EXPECT_TRUE(choice.sort);
+  EXPECT_TRUE(choice.table.selection.sort);
   EXPECT_EQ(choice.title, "New");
 }
 
