@@ -1,4 +1,4 @@
-// The rows of a table, four and four together.
+// Merges the rows of each bucket into four points.
 #pragma once
 
 #include <KurvGraph/arrays.h>

@@ -10,7 +10,6 @@ void RowScores::raise(int row, std::uint8_t value) {
   std::uint8_t& current = score(row);
   if (value <= current) return;
   if (current <= kAny) ++m_useful;
-  if (value >= kLeastExtreme && current < kLeastExtreme) ++m_essential;
   current = value;
 }
 

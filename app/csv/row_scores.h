@@ -22,9 +22,7 @@ class RowScores {
   void raise_extreme(int row, double share) { raise(row, scaled(kLeastExtreme, share)); }
   void raise_neighbour(int row, double share) { raise(row, scaled(kLeastNeighbour, share)); }
 
-  // The number of extremes and of rows that are needed.
-  int essential_rows() const { return m_essential; }
-  // These and their neighbours.
+  // The number of rows that are needed, of extremes and of their neighbours.
   int useful_rows() const { return m_useful; }
   // The `count` rows with the highest scores, in ascending order. Those with the last score that
   // is taken are taken evenly.
@@ -44,7 +42,6 @@ class RowScores {
   void raise(int row, std::uint8_t value);
 
   std::vector<std::uint8_t> m_scores;
-  int m_essential = 0;
   int m_useful = 0;
 };
 

@@ -79,28 +79,30 @@ class VertexBuckets {
 class Thinning {
  public:
   explicit Thinning(const Matrix<Double>& values)
-      : m_values(values),
-        m_at(values),
-        m_may_mix(m_at.are_x() && values.upper_column() - 1 > kMaxPoints / (4 * kWindows)),
-        m_gap(m_at.extent() / kGaps) {}
+      : m_values(values), m_at(values), m_gap(m_at.extent() / kGaps) {}
 
   ThinnedRows thinned() {
     std::vector<WindowScores> windows;
-    if (!m_may_mix) windows.push_back({m_at.extent() / kFineWindows, drawable_rows()});
-    windows.push_back({m_at.extent() / kWindows, drawable_rows()});
+    for (const int count : {kFineWindows, kWindows}) {
+      windows.push_back({m_at.extent() / count, drawable_rows()});
+    }
     for (int column = m_at.are_x() ? 2 : 1; column <= m_values.upper_column(); ++column) {
       read_vertices(column, windows);
       score_outline(m_vertices, windows);
-      if (m_may_mix && windows.back().scores.essential_rows() > kMaxPoints) {
+      // Further curves need no fewer rows.
+      if (has_too_many(windows.front()) && windows.size() > 1) windows.erase(windows.begin());
+      if (m_at.are_x() && has_too_many(windows.front())) {
         return {mixed_rows(m_values, m_at, kMaxPoints), true};
       }
     }
-    const bool are_fine = windows.front().scores.useful_rows() <= kMaxPoints;
-    const RowScores& scores = (are_fine ? windows.front() : windows.back()).scores;
-    return {values_of(scores.best(kMaxPoints)), false};
+    return {values_of(windows.front().scores.best(kMaxPoints)), false};
   }
 
  private:
+  static bool has_too_many(const WindowScores& window) {
+    return window.scores.useful_rows() > kMaxPoints;
+  }
+
   RowScores drawable_rows() const {
     RowScores scores(m_at.rows());
     for (int row = 0; row < m_at.rows() && !m_at.are_complete(); ++row) {
@@ -185,8 +187,6 @@ class Thinning {
 
   const Matrix<Double>& m_values;
   RowPositions m_at;
-  // There are too many curves for the first, least, largest and last row of each window and curve.
-  bool m_may_mix;
   double m_gap;
   std::vector<Vertex> m_vertices;  // of one curve
 };

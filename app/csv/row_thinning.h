@@ -19,8 +19,9 @@ struct ThinnedRows {
 // keeps its extremes in every stretch of a 2048th of x, or a 1024th where those are too many rows.
 // A stretch without values stays a gap where it is wider than an 8192nd of x; in a narrower one, a
 // row that is chosen has the nearest value of the curve. Where no such rows are few enough, because
-// many curves have their extremes in different rows, each of 8191 buckets of equal width has four
-// points with the first, the least, the largest and the last value of each curve in their order.
+// several curves have their extremes in different rows, each of 8191 buckets of equal width has
+// four points with the first, the least, the largest and the last value of each curve in their
+// order.
 //
 // Where x goes back and forth, the same is done along the rows, x is treated as one of the curves,
 // and half of the rows are evenly spaced, so that a cloud of points stays as dense inside as it is
