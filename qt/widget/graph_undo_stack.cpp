@@ -35,9 +35,13 @@ GraphUndoStack::GraphUndoStack(Client& client, QObject* parent)
   connect(this, &QUndoStack::indexChanged, this, &GraphUndoStack::on_index);
 }
 
-// The destructor of the base clears the stack, which would forget the steps.
 GraphUndoStack::~GraphUndoStack() {
-  disconnect(this, &QUndoStack::indexChanged, this, nullptr);
+  leave_graph();
+}
+
+void GraphUndoStack::leave_graph() {
+  m_has_left = true;
+  clear();
 }
 
 const History& GraphUndoStack::history() const {
@@ -50,7 +54,7 @@ unsigned GraphUndoStack::last_done() const {
 }
 
 void GraphUndoStack::run(bool (Control::*work)()) {
-  if (m_is_following) return;
+  if (m_is_following || m_has_left) return;
   const QScopedValueRollback running(m_is_running, true);
   m_client.handle([work](Control& control) { (control.*work)(); });
 }
@@ -78,7 +82,7 @@ void GraphUndoStack::make_anew() {
 }
 
 bool GraphUndoStack::follow() {
-  if (m_is_running) return false;
+  if (m_is_running || m_has_left) return false;
   const QScopedValueRollback following(m_is_following, true);
   const std::span<const Step> steps = history().steps();
   const auto done = static_cast<int>(history().done());
@@ -111,7 +115,7 @@ void GraphUndoStack::note_saved() {
 
 // Somebody has used the stack.
 void GraphUndoStack::on_index() {
-  if (m_is_following || m_is_running) return;
+  if (m_is_following || m_is_running || m_has_left) return;
   if (count() == 0 && !history().steps().empty()) {
     m_client.handle([](Control& control) { control.clear_undo(); });
   }

@@ -14,9 +14,10 @@ namespace kurv {
 // the two undoes a step, the other follows.
 class GraphUndoStack final : public QUndoStack {
  public:
-  // The destructor makes no use of the client.
   GraphUndoStack(Client& client, QObject* parent);
   ~GraphUndoStack() override;
+  // Before the graph goes: empties the stack, which makes no use of the client from then on.
+  void leave_graph();
 
   // Brings the commands to the steps of the control. Returns whether there was a difference.
   bool follow();
@@ -38,6 +39,7 @@ class GraphUndoStack final : public QUndoStack {
   Client& m_client;
   bool m_is_following = false;
   bool m_is_running = false;
+  bool m_has_left = false;
   bool m_is_saved_now = false;  // until the commands are as the steps
   unsigned m_generation = 0;
   unsigned m_saved_step = 0;  // the last one that is in the file; 0 where it is none of them

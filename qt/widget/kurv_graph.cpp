@@ -91,6 +91,7 @@ KurvGraph::KurvGraph(PlotSurface* lent, QWidget* parent) : QWidget(parent) {
 
 KurvGraph::~KurvGraph() {
   const QExplicitlySharedDataPointer<State> state = m_state;
+  if (state->steps) state->steps->leave_graph();
   // The control may ask whether to save. That box gets no parent: the window around may already be
   // half destroyed.
   state->widget.clear();

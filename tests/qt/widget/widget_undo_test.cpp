@@ -149,6 +149,31 @@ TEST_F(WidgetUndo, TheStackIsCleanWhereTheGraphIsSaved) {
   EXPECT_EQ(stack.count(), 0);
 }
 
+// It is a child of the widget, which Qt deletes after the graph.
+TEST_F(WidgetUndo, TheStackIsEmptiedWhileThereIsAGraph) {
+  QUndoStack& stack = *m_graph->undo_stack();
+  hide(1);
+  int emptied = 0;
+  QObject::connect(&stack, &QUndoStack::indexChanged, [&] {
+    ++emptied;
+    auto* const graph = qobject_cast<KurvGraph*>(stack.parent());
+    ASSERT_NE(graph, nullptr);
+    EXPECT_FALSE(graph->GraphSaved());
+    EXPECT_EQ(graph->undo_stack(), &stack);
+    graph->build_the_graph();
+  });
+  int ended = 0;
+  QObject::connect(m_graph.get(), &QObject::destroyed, [&] {
+    ++ended;
+    EXPECT_EQ(stack.count(), 0);
+    stack.undo();
+    stack.clear();
+  });
+  m_graph.reset();
+  EXPECT_EQ(emptied, 1);
+  EXPECT_EQ(ended, 1);
+}
+
 TEST_F(WidgetUndo, AGroupOfTheHostUndoesInTheActiveGraph) {
   QUndoGroup group;
   const std::unique_ptr<QAction> undo(group.createUndoAction(nullptr, "Undo"));
