@@ -35,6 +35,8 @@ class PlotView final : public QWidget {
   void set_busy(bool busy);
   // The pointer of a gesture that others follow; nothing after it.
   void set_gesture_cursor(std::optional<Qt::CursorShape> shape);
+  // The mouse has done this, which was for another object.
+  void note_mouse(const QMouseEvent& event);
   // After the picture may have changed.
   void picture_changed();
   // After the document may have changed; costs next to nothing where it has not.

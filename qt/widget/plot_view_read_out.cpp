@@ -74,6 +74,12 @@ void PlotView::follow_mouse(const QEvent& event) {
   read_out_again();
 }
 
+void PlotView::note_mouse(const QMouseEvent& event) {
+  m_mouse = event.position();
+  update_cursor();
+  if (m_read_out.is_on) follow_mouse(event);
+}
+
 // A redraw, an edit or other limits may have moved the point.
 void PlotView::read_out_again() {
   if (!m_read_out.is_on) return;

@@ -54,6 +54,7 @@ bool PlotZoom::take_press(const QMouseEvent& event) {
                 view_limits(state()),
                 std::unique_ptr<QMouseEvent>(event.clone())};
   update_cursor();
+  m_view.note_mouse(event);
   return true;
 }
 
@@ -64,6 +65,7 @@ bool PlotZoom::take_move(const QMouseEvent& event) {
     end_drag();
     return false;
   }
+  m_view.note_mouse(event);
   m_drag->to = event.position();
   const QPointF distance = m_drag->to - m_drag->from;
   if (std::max(std::abs(distance.x()), std::abs(distance.y())) >= kLeastDistance) {
@@ -84,6 +86,7 @@ bool PlotZoom::take_move(const QMouseEvent& event) {
 bool PlotZoom::take_release(const QMouseEvent& event) {
   if (m_ignored_buttons.testFlag(event.button())) {
     m_ignored_buttons &= ~event.button();
+    m_view.note_mouse(event);
     return true;
   }
   if (!m_drag || event.button() != m_drag->button) return false;
@@ -92,16 +95,18 @@ bool PlotZoom::take_release(const QMouseEvent& event) {
     return false;
   }
   m_drag->to = event.position();
+  // What hears of the drawing may delete the widget.
+  const QPointer<PlotZoom> alive(this);
   if (m_drag->draws_rect) {
     zoom_to_rect();
-    return true;
+  } else {
+    m_pending.drag_has_moved = true;
+    draw();
   }
-  m_pending.drag_has_moved = true;
-  const QPointer<PlotZoom> alive(this);
-  draw();
   if (!alive) return true;
   end_drag();
   end_gesture();
+  m_view.note_mouse(event);
   return true;
 }
 
