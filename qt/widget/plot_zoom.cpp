@@ -65,6 +65,7 @@ ControlState& PlotZoom::state() const {
 
 bool PlotZoom::eventFilter(QObject*, QEvent* event) {
   if (m_is_passing) return false;
+  if (event->isInputEvent()) end_drag_of_other_data();
   switch (event->type()) {
     case QEvent::Wheel:
       return take_wheel(*static_cast<QWheelEvent*>(event));
@@ -228,6 +229,7 @@ void PlotZoom::draw_later() {
 
 void PlotZoom::draw() {
   m_pending.is_queued = false;
+  end_drag_of_other_data();
   const ZoomFactors factors{factor_of(take_notches(m_pending.x_notches)),
                             factor_of(take_notches(m_pending.y_notches))};
   const SurfacePoint at = m_view.twips(m_pending.at);

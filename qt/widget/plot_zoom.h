@@ -44,8 +44,9 @@ class PlotZoom final : public QObject {
     bool draws_rect;
     QPointF from;
     QPointF to;
-    ViewLimits limits;                   // at the press
     std::unique_ptr<QMouseEvent> press;  // for the plot, until the pointer has moved far enough
+    ViewLimits limits = {};              // when it had moved so far
+    unsigned generation = 0;             // of the data at that time
   };
   // What is done at the next drawing.
   struct Pending {
@@ -69,7 +70,10 @@ class PlotZoom final : public QObject {
   bool pan_by_key(const QKeyEvent& event);
   void press_space(bool is_pressed);
   void pass_press_on();
-  // Of the rectangle that is drawn, in the plot.
+  void begin_drag();
+  // Limits of other data mean nothing.
+  void end_drag_of_other_data();
+  // The rectangle that is being drawn, clipped to the plot.
   QRectF drawn_rect() const;
   void zoom_to_rect();
   void end_drag();
@@ -84,8 +88,8 @@ class PlotZoom final : public QObject {
   PlotView& m_view;
   bool m_is_on = false;
   bool m_has_space = false;
-  bool m_is_passing = false;           // a press that has not become a drag
-  bool m_has_native_pinch = false;     // of which the toolkit may make another gesture
+  bool m_is_passing = false;           // a delayed press is being sent to the plot
+  bool m_has_native_pinch = false;     // the toolkit may report the same pinch as a QPinchGesture
   Qt::MouseButtons m_ignored_buttons;  // that were pressed during a drag
   std::optional<Drag> m_drag;
   Pending m_pending;

@@ -47,12 +47,7 @@ bool PlotZoom::take_press(const QMouseEvent& event) {
   if (m_pending.is_queued) draw();
   end_gesture();
   const QPointF at = event.position();
-  m_drag = Drag{event.button(),
-                draws_rect,
-                at,
-                at,
-                view_limits(state()),
-                std::unique_ptr<QMouseEvent>(event.clone())};
+  m_drag = Drag{event.button(), draws_rect, at, at, std::unique_ptr<QMouseEvent>(event.clone())};
   update_cursor();
   m_view.note_mouse(event);
   return true;
@@ -68,9 +63,8 @@ bool PlotZoom::take_move(const QMouseEvent& event) {
   m_view.note_mouse(event);
   m_drag->to = event.position();
   const QPointF distance = m_drag->to - m_drag->from;
-  if (std::max(std::abs(distance.x()), std::abs(distance.y())) >= kLeastDistance) {
-    m_drag->press.reset();
-  }
+  const double longer = std::max(std::abs(distance.x()), std::abs(distance.y()));
+  if (m_drag->press && longer >= kLeastDistance) begin_drag();
   if (m_drag->press) return true;
   if (!m_drag->draws_rect) {
     m_pending.drag_has_moved = true;
@@ -108,6 +102,17 @@ bool PlotZoom::take_release(const QMouseEvent& event) {
   end_gesture();
   m_view.note_mouse(event);
   return true;
+}
+
+void PlotZoom::begin_drag() {
+  m_drag->press.reset();
+  m_drag->limits = view_limits(state());
+  m_drag->generation = state().history.generation();
+}
+
+void PlotZoom::end_drag_of_other_data() {
+  if (!m_drag || m_drag->press || m_drag->generation == state().history.generation()) return;
+  end_drag();
 }
 
 // The plot gets the press late, and then the release.

@@ -26,6 +26,10 @@ class ZoomDrag : public WidgetZoom {
     QTest::mouseRelease(&m_plot, button, modifiers, kEnd);
     process_all();
   }
+  void load_other_data() {
+    m_graph.plot({.title = "Other", .x = {1000, 2000, 3000}, .y = {{"c", {1, 4, 5}}}});
+    m_before = limits();
+  }
   void expect_read_out_at(QPoint at) {
     const QPointF under = data_under(at);
     ASSERT_TRUE(m_said.place);
@@ -78,6 +82,61 @@ TEST_F(ZoomDrag, APanLeavesTheCurvesThatTheKeyboardIsOn) {
   ASSERT_TRUE(m_plot.focused_point());
   press(Qt::MiddleButton);
   EXPECT_FALSE(m_plot.focused_point());
+  release(Qt::MiddleButton);
+}
+
+TEST_F(ZoomDrag, OtherDataEndAPan) {
+  press(Qt::MiddleButton);
+  move(Qt::MiddleButton, kPlain + QPoint(30, 0));
+  process_all();
+  load_other_data();
+  move(Qt::MiddleButton, kPlain + QPoint(40, 0));
+  process_all();
+  EXPECT_EQ(limits(), m_before);
+  EXPECT_TRUE(m_graph.Autoscale());
+  EXPECT_NE(m_plot.cursor().shape(), Qt::ClosedHandCursor);
+  release(Qt::MiddleButton);
+  EXPECT_EQ(limits(), m_before);
+}
+
+TEST_F(ZoomDrag, OtherDataEndAPanThatIsNotDrawnYet) {
+  press(Qt::MiddleButton);
+  move(Qt::MiddleButton, kPlain + QPoint(30, 0));
+  load_other_data();
+  process_all();
+  EXPECT_EQ(limits(), m_before);
+}
+
+TEST_F(ZoomDrag, OtherDataEndARectangle) {
+  press(Qt::LeftButton, Qt::ControlModifier);
+  move(Qt::LeftButton, kEnd, Qt::ControlModifier);
+  load_other_data();
+  release(Qt::LeftButton, Qt::ControlModifier);
+  EXPECT_EQ(outline(), nullptr);
+  EXPECT_EQ(limits(), m_before);
+}
+
+TEST_F(ZoomDrag, OtherDataBeforeItBeginsArePanned) {
+  press(Qt::MiddleButton);
+  load_other_data();
+  const QPointF value = data_under(kPlain);
+  move(Qt::MiddleButton, kEnd);
+  release(Qt::MiddleButton);
+  EXPECT_NEAR(place_of(value).x(), kEnd.x(), 1);
+  EXPECT_NEAR(place_of(value).y(), kEnd.y(), 1);
+}
+
+TEST_F(ZoomDrag, GoesOnWhilePointsAreAdded) {
+  Matrix<Double> point(1, 3, 1, 1);
+  point(1, 1) = 4;
+  press(Qt::MiddleButton);
+  move(Qt::MiddleButton, kPlain + QPoint(30, 0));
+  process_all();
+  const double xmin = m_graph.xmin();
+  m_graph.append_points(point);
+  move(Qt::MiddleButton, kEnd);
+  process_all();
+  EXPECT_LT(m_graph.xmin(), xmin);
   release(Qt::MiddleButton);
 }
 
