@@ -54,6 +54,7 @@ void PlotZoom::turn(bool on) {
   m_view.ungrabGesture(Qt::PinchGesture);
   end_drag();
   end_gesture();
+  m_pending.key_pan = {};
   press_space(false);
 }
 

@@ -248,6 +248,18 @@ TEST_F(WidgetZoom, APinchOfATouchpadZooms) {
 }
 
 // As the toolkit reports two fingers on a screen.
+TEST_F(WidgetZoom, WhatIsNotDrawnYetIsDroppedWhereItIsTurnedOff) {
+  m_plot.setFocus();
+  QTest::keyClick(&m_plot, Qt::Key_Right, Qt::ControlModifier);
+  wheel(120);
+  m_graph.set_zoom_enabled(false);
+  process_all();
+  EXPECT_EQ(limits(), m_before);
+  m_graph.set_zoom_enabled(true);
+  key(Qt::Key_Plus);
+  EXPECT_NE(limits(), m_before);
+}
+
 TEST_F(WidgetZoom, TheMenuShowsAll) {
   const auto entry = [this] {
     QTest::mouseClick(&m_plot, Qt::RightButton, {}, kPlain);
