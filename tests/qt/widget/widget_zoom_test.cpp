@@ -3,6 +3,7 @@
 
 #include <QAction>
 #include <QMenu>
+#include <QPinchGesture>
 #include <QPointingDevice>
 
 #include "tests/qt/widget/zoom_test.h"
@@ -248,6 +249,41 @@ TEST_F(WidgetZoom, APinchOfATouchpadZooms) {
 }
 
 // As the toolkit reports two fingers on a screen.
+TEST_F(WidgetZoom, APinchOfTwoFingersZooms) {
+  const double span = m_before[1] - m_before[0];
+  const QPointF value = data_under(kPlain);
+  QPinchGesture gesture;
+  gesture.setCenterPoint(m_plot.mapToGlobal(QPointF(kPlain)));
+  const auto pinch = [&](double factor) {
+    gesture.setScaleFactor(factor);
+    QGestureEvent event({&gesture});
+    QApplication::sendEvent(&m_plot, &event);
+    EXPECT_TRUE(event.isAccepted(&gesture));
+  };
+  pinch(1.6);
+  pinch(1.25);
+  pinch(0);
+  process_all();
+  EXPECT_NEAR(m_graph.xmax() - m_graph.xmin(), span / 2, span * 0.005);
+  EXPECT_NEAR(place_of(value).x(), kPlain.x(), 1);
+  EXPECT_NEAR(place_of(value).y(), kPlain.y(), 1);
+}
+
+TEST_F(WidgetZoom, TheWheelBesideThePlotZoomsOneAxis) {
+  const PlotRect& plot = m_graph.layout().plot;
+  const QPoint below(kPlain.x(), static_cast<int>((plot.PlotTop + plot.PlotHeight) / 15) + 10);
+  EXPECT_TRUE(wheel(120, {}, below));
+  process_all();
+  EXPECT_NE(m_graph.xmax(), m_before[1]);
+  EXPECT_EQ(m_graph.ymax(), m_before[3]);
+  m_stack->undo();
+  const QPoint left(static_cast<int>(plot.PlotLeft / 15) - 10, kPlain.y());
+  EXPECT_TRUE(wheel(120, {}, left));
+  process_all();
+  EXPECT_EQ(m_graph.xmax(), m_before[1]);
+  EXPECT_NE(m_graph.ymax(), m_before[3]);
+}
+
 TEST_F(WidgetZoom, WhatIsNotDrawnYetIsDroppedWhereItIsTurnedOff) {
   m_plot.setFocus();
   QTest::keyClick(&m_plot, Qt::Key_Right, Qt::ControlModifier);
