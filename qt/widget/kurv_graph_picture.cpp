@@ -1,10 +1,12 @@
 // The picture for hosts: as pixels, as a vector document, and the mapping between pixels and data.
+#include <algorithm>
 #include <cmath>
 #include <memory>
 #include <new>
 
 #include "control/control_state.h"
 #include "control/resized_picture.h"
+#include "pixels/resolution.h"
 #include "qt/surface/image_store.h"
 #include "qt/surface/qt_text_painter.h"
 #include "qt/widget/kurv_graph_state.h"
@@ -16,17 +18,26 @@ namespace {
 
 constexpr double kLogicalDotsPerInch = 96;
 constexpr double kMetresPerInch = 0.0254;
+constexpr double kMostDotsPerMetre = 1e9;
 
-// Pixels whose size need not be a whole number of logical pixels.
+// A picture whose size in pixels is given.
 class ExportPicture final : public PixelPicture {
  public:
   ExportPicture(QSizeF logical_size, double ratio)
       : PixelPicture(std::make_unique<ImageStore>(), std::make_shared<QtTextPainter>(),
                      logical_size.width(), logical_size.height(), ratio) {}
 
-  QSize size() const { return {pixels().width, pixels().height}; }
   QImage image() const { return static_cast<const ImageStore&>(store()).image(); }
 };
+
+// Whether a picture of this many pixels would have them. Asked before it allocates its memory: it
+// has fewer of too many pixels, and more at a resolution that is too low.
+bool is_possible(QSize pixels, double ratio) {
+  if (pixels.isEmpty() || !(ratio > 0) || !std::isfinite(ratio)) return false;
+  const QSizeF logical = QSizeF(pixels) / ratio;
+  const Resolution resolution = resolution_of(logical.width(), logical.height(), ratio);
+  return QSize(resolution.width, resolution.height) == pixels;
+}
 
 std::optional<QPointF> finite(double x, double y) {
   if (!std::isfinite(x) || !std::isfinite(y)) return std::nullopt;
@@ -62,15 +73,15 @@ QByteArray KurvGraph::State::document_in(VectorFormat format) const {
   return document.take_document();
 }
 
-// Null where the picture has been given fewer pixels than these, to limit its memory.
 QImage KurvGraph::picture(QSize pixels, double dots_per_inch) const {
   const double ratio = dots_per_inch / kLogicalDotsPerInch;
+  if (!is_possible(pixels, ratio)) return {};
   try {
     ExportPicture picture(QSizeF(pixels) / ratio, ratio);
-    if (picture.size() != pixels) return {};
     draw_resized_on(m_state->graph.state(), picture);
     QImage image = picture.image();
-    const int dots_per_metre = static_cast<int>(std::lround(dots_per_inch / kMetresPerInch));
+    const int dots_per_metre =
+        static_cast<int>(std::lround(std::min(dots_per_inch / kMetresPerInch, kMostDotsPerMetre)));
     image.setDotsPerMeterX(dots_per_metre);
     image.setDotsPerMeterY(dots_per_metre);
     return image;

@@ -2,8 +2,10 @@
 #include <KurvGraph/vector_picture.h>
 #include <gmock/gmock.h>
 
+#include <QElapsedTimer>
 #include <QXmlStreamReader>
 #include <cstdlib>
+#include <limits>
 
 #include "tests/qt/widget/widget_support.h"
 
@@ -101,6 +103,31 @@ TEST(WidgetPictures, WithTooManyPixelsAreNull) {
   KurvGraph graph;
   graph.plot(small_graph());
   EXPECT_TRUE(graph.picture({32767, 32767}, 96).isNull());
+}
+
+TEST(WidgetPictures, WithoutPixelsOrWithoutAResolutionAreNull) {
+  KurvGraph graph;
+  graph.plot(small_graph());
+  for (const QSize size : {QSize(), QSize(0, 0), QSize(100, 0), QSize(-5, 10)}) {
+    EXPECT_TRUE(graph.picture(size, 96).isNull());
+  }
+  constexpr double kInfinity = std::numeric_limits<double>::infinity();
+  const double resolutions[] = {0, -96, std::numeric_limits<double>::quiet_NaN(), kInfinity};
+  for (const double resolution : resolutions) {
+    EXPECT_TRUE(graph.picture({100, 100}, resolution).isNull()) << resolution;
+  }
+}
+
+// Without memory for the largest picture there is, which would not be this one.
+TEST(WidgetPictures, OfTooLowAResolutionAreNullAtOnce) {
+  KurvGraph graph;
+  graph.plot(small_graph());
+  for (const double resolution : {1e-300, 1e-5}) {
+    QElapsedTimer clock;
+    clock.start();
+    EXPECT_TRUE(graph.picture({100, 100}, resolution).isNull()) << resolution;
+    EXPECT_LT(clock.elapsed(), 1000) << resolution;
+  }
 }
 
 TEST(WidgetVectors, AFaultReachesTheCaller) {
