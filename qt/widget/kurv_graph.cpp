@@ -390,12 +390,10 @@ void KurvGraph::open_menu(QPoint at, bool is_by_keyboard) {
     handle([&command](State& state) { command(state.graph); });
   };
   Control& graph = m_state->graph;
+  if (!m_state->extended_menu) return new_plot_menu(*this, graph, zoom_enabled(), run)->popup(at);
   const PlotView& view = *m_state->view;
-  QMenu* const menu =
-      !m_state->extended_menu ? new_plot_menu(*this, graph, zoom_enabled(), run)
-      : is_by_keyboard ? new_extended_menu(*this, graph, zoom_enabled(), {{}, view.focused()}, run)
-                       : new_extended_menu(*this, graph, zoom_enabled(), view.clicked_at(at), run);
-  menu->popup(at);
+  const Clicked clicked = is_by_keyboard ? view.clicked_by_key() : view.clicked_at(at);
+  new_extended_menu(*this, graph, zoom_enabled(), clicked, run)->popup(at);
 }
 
 }  // namespace kurv

@@ -52,8 +52,11 @@ class PlotView final : public QWidget {
   std::optional<HitTarget> target_under(QPointF at) const;
   // What is at a point of the screen.
   Clicked clicked_at(QPoint on_screen) const;
+  // What the keyboard is on.
+  Clicked clicked_by_key() const;
   SurfacePoint twips(QPointF pixel) const;
-  // Where the keyboard opens the menu, on the screen: at the focused target, else in the middle.
+  // Where the keyboard opens the menu, on the screen: at the point of a curve or the target that it
+  // is on, else in the middle.
   QPoint menu_point() const;
 
   bool readout_enabled() const { return m_read_out.is_on; }

@@ -163,7 +163,16 @@ void PlotView::move_focused(SurfacePoint step) {
   });
 }
 
+Clicked PlotView::clicked_by_key() const {
+  if (!is_on_curves()) return {{}, focused()};
+  const FoundPoint& point = *m_read_out.point;
+  // A function curve is neither renamed nor hidden in the menu.
+  if (point.is_function) return {};
+  return {point.curve, {}};
+}
+
 QPoint PlotView::menu_point() const {
+  if (is_on_curves() && hasFocus()) return mapToGlobal(ring().center());
   const std::optional<HitTarget> target = focused();
   if (!target || !hasFocus()) return mapToGlobal(rect().center());
   const QRect bounds = bounds_of(*target) & rect();

@@ -190,6 +190,37 @@ TEST_F(ExtendedMenu, OfTheKeyboardIsAboutTheFocusedPart) {
   EXPECT_EQ(top(), "Axes…");
 }
 
+TEST_F(ExtendedMenu, OfTheKeyboardIsAboutTheCurveThatItIsOn) {
+  m_graph.set_readout_enabled(true);
+  QApplication::setActiveWindow(&m_graph);
+  m_plot.focus_on(Region::kFrame);
+  QTest::keyClick(&m_plot, Qt::Key_Tab);
+  QTest::keyClick(&m_plot, Qt::Key_Down);
+  ASSERT_TRUE(m_plot.focused_point());
+  QTest::keyClick(&m_graph, Qt::Key_F10, Qt::ShiftModifier);
+  ASSERT_NE(open_menu(), nullptr);
+  EXPECT_EQ(top(), "Rename “b”…");
+  const QPoint ring = m_plot.mapToGlobal(m_plot.ring().center());
+  EXPECT_LT((open_menu()->pos() - ring).manhattanLength(), 3);
+  trigger("mnuHideCurve");
+  EXPECT_FALSE(m_graph.document().y_visible(2));
+}
+
+TEST_F(ExtendedMenu, OfAFunctionCurveBeginsWithUndo) {
+  EXPECT_EQ(m_graph.add_function("4.5"), std::nullopt);
+  right_click(pixel(1.5, 4.5));
+  EXPECT_EQ(top(), "Undo Add Function");
+  open_menu()->close();
+  m_graph.set_readout_enabled(true);
+  QApplication::setActiveWindow(&m_graph);
+  m_plot.focus_on(Region::kFrame);
+  for (const Qt::Key key : {Qt::Key_Tab, Qt::Key_Down, Qt::Key_Down}) QTest::keyClick(&m_plot, key);
+  ASSERT_TRUE(m_plot.focused_point() && m_plot.focused_point()->nearest->is_function);
+  QTest::keyClick(&m_graph, Qt::Key_F10, Qt::ShiftModifier);
+  ASSERT_NE(open_menu(), nullptr);
+  EXPECT_EQ(top(), "Undo Add Function");
+}
+
 TEST_F(ExtendedMenu, IsOffByDefault) {
   EXPECT_FALSE(KurvGraph().extended_menu());
 }
