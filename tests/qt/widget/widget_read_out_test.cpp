@@ -1,76 +1,10 @@
-// What the widget says about the point under the mouse or the keyboard.
+// What the widget says about the point under the mouse.
 #include <gmock/gmock.h>
 
-#include <QAccessible>
-#include <QHelpEvent>
-#include <QLineEdit>
-#include <QToolTip>
-#include <QVBoxLayout>
-#include <cmath>
-
-#include "tests/qt/widget/plot_test.h"
+#include "tests/qt/widget/read_out_test.h"
 
 namespace kurv::test {
 namespace {
-
-constexpr QRgb kRing = 0xFF003C8C;
-
-// small_graph(): a is 1, 4, 2 and b is 3, 1, 5 at x 1, 2, 3.
-class WidgetReadOut : public PlotTest {
- protected:
-  void SetUp() override {
-    PlotTest::SetUp();
-    QObject::connect(&m_graph, &KurvGraph::pointed, &m_graph,
-                     [this](const ReadOut& read_out) { m_read_outs.push_back(read_out); });
-  }
-  void TearDown() override { QToolTip::hideText(); }
-
-  QPointF at(double x, double y) const {
-    return *m_graph.pixel_of(x, y) - m_graph.plot_rect().topLeft();
-  }
-  void point(QPointF pixel) {
-    m_mouse.move(pixel, false);
-    process_all();
-  }
-  void key(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
-    QTest::keyClick(&m_plot, key, modifiers);
-    process_all();
-  }
-  // As a mouse that rests.
-  QString tip_at(QPointF pixel) {
-    QHelpEvent event(QEvent::ToolTip, pixel.toPoint(), m_plot.mapToGlobal(pixel.toPoint()));
-    QApplication::sendEvent(&m_plot, &event);
-    return QToolTip::text();
-  }
-  bool has_ring(QPointF centre) {
-    const QImage image = m_plot.grab().toImage();
-    // Its edge is blended where the centre is no whole pixel.
-    const auto has_ink = [&](QPointF edge) {
-      const QRect around(edge.toPoint() - QPoint(1, 1), QSize(3, 3));
-      for (int y = around.top(); y <= around.bottom(); ++y) {
-        for (int x = around.left(); x <= around.right(); ++x) {
-          if (image.pixel(x, y) == kRing) return true;
-        }
-      }
-      return false;
-    };
-    return has_ink(centre + QPointF(6, 0)) && has_ink(centre - QPointF(0, 6));
-  }
-  void go_to_curves() {
-    QApplication::setActiveWindow(&m_graph);
-    m_plot.focus_on(Region::kFrame);
-    key(Qt::Key_Tab);
-  }
-  std::string said() {
-    const auto& last = m_read_outs.back();
-    return last.nearest
-               ? last.nearest->name.toStdString() + ' ' + std::to_string(last.nearest->point) +
-                     ": " + last.x_text.toStdString() + ' ' + last.y_text.toStdString()
-               : last.x_text.toStdString() + ' ' + last.y_text.toStdString();
-  }
-
-  std::vector<ReadOut> m_read_outs;
-};
 
 TEST_F(WidgetReadOut, SaysNothingWhereItIsOff) {
   EXPECT_FALSE(m_graph.readout_enabled());
@@ -215,6 +149,7 @@ TEST_F(WidgetReadOut, WritesXAsTheHostDoes) {
 
 TEST_F(WidgetReadOut, SurvivesASlotThatDeletesTheWidget) {
   auto* const graph = new OpenGraph;
+  const QPointer<OpenGraph> alive = graph;
   graph->plot(small_graph());
   graph->show();
   graph->set_readout_enabled(true);
@@ -222,102 +157,11 @@ TEST_F(WidgetReadOut, SurvivesASlotThatDeletesTheWidget) {
   QObject::connect(graph, &KurvGraph::pointed, &m_graph, [graph] { delete graph; });
   const QPointF place = *graph->pixel_of(2, 4) - graph->plot_rect().topLeft();
   Mouse(graph->view()).move(place, false);
+  EXPECT_TRUE(alive) << "during the event";
   process_all();
+  EXPECT_FALSE(alive);
 }
 
-TEST_F(WidgetReadOut, GoesFromPointToPointByTheKeyboard) {
-  m_graph.set_readout_enabled(true);
-  go_to_curves();
-  EXPECT_EQ(said(), "a 1: 1.00 1.0");
-  EXPECT_TRUE(has_ring(at(1, 1)));
-  EXPECT_TRUE(QToolTip::text().contains("<b>a</b>"));
-  key(Qt::Key_Right);
-  EXPECT_EQ(said(), "a 2: 2.00 4.0");
-  EXPECT_TRUE(has_ring(at(2, 4)));
-  key(Qt::Key_Down);
-  EXPECT_EQ(said(), "b 2: 2.00 1.0");
-  key(Qt::Key_End);
-  EXPECT_EQ(said(), "b 3: 3.00 5.0");
-  key(Qt::Key_PageUp);
-  EXPECT_EQ(said(), "b 2: 2.00 1.0");
-  key(Qt::Key_Home);
-  key(Qt::Key_Up);
-  EXPECT_EQ(said(), "a 1: 1.00 1.0");
-  key(Qt::Key_Escape);
-  EXPECT_EQ(m_read_outs.back(), ReadOut());
-  EXPECT_TRUE(m_plot.ring().isEmpty());
-  EXPECT_TRUE(m_plot.hasFocus());
-}
-
-TEST_F(WidgetReadOut, IsLeftByTabAndByTheMouse) {
-  m_graph.set_readout_enabled(true);
-  go_to_curves();
-  key(Qt::Key_Backtab, Qt::ShiftModifier);
-  EXPECT_EQ(m_plot.focused(), HitTarget(Region::kFrame));
-  EXPECT_FALSE(m_plot.focused_point());
-  key(Qt::Key_Tab);
-  EXPECT_TRUE(m_plot.focused_point());
-  key(Qt::Key_Tab);
-  EXPECT_FALSE(m_plot.focused_point());
-  go_to_curves();
-  point(at(3, 5));
-  EXPECT_FALSE(m_plot.focused_point());
-  EXPECT_EQ(said(), "b 3: 3.00 5.0");
-}
-
-TEST_F(WidgetReadOut, LeavesAPointThatIsGone) {
-  m_graph.set_readout_enabled(true);
-  go_to_curves();
-  m_graph.document().y_visible(1) = false;
-  m_graph.build_the_graph();
-  process_all();
-  EXPECT_FALSE(m_plot.focused_point());
-  EXPECT_EQ(m_read_outs.back(), ReadOut());
-}
-
-TEST_F(WidgetReadOut, IsSpokenPointByPoint) {
-  QAccessible::setActive(true);
-  m_graph.set_readout_enabled(true);
-  QAccessibleInterface& plot = *QAccessible::queryAccessibleInterface(&m_plot);
-  const int children = plot.childCount();
-  go_to_curves();
-  ASSERT_EQ(plot.childCount(), children + 1);
-  QAccessibleInterface* const first = plot.focusChild();
-  ASSERT_NE(first, nullptr);
-  EXPECT_EQ(plot.child(children), first);
-  EXPECT_EQ(plot.indexOfChild(first), children);
-  EXPECT_EQ(first->text(QAccessible::Name), "a, x 1.00, y 1.0");
-  EXPECT_TRUE(first->state().focused);
-  const QAccessible::Id id = QAccessible::uniqueId(first);
-  key(Qt::Key_Right);
-  EXPECT_EQ(plot.focusChild()->text(QAccessible::Name), "a, x 2.00, y 4.0");
-  EXPECT_NE(QAccessible::uniqueId(plot.focusChild()), id);
-  key(Qt::Key_Escape);
-  EXPECT_EQ(plot.childCount(), children);
-  QAccessible::setActive(false);
-}
-
-TEST_F(WidgetReadOut, IsTheLastTabStop) {
-  QWidget window;
-  auto* const layout = new QVBoxLayout(&window);
-  QLineEdit before, after;
-  layout->addWidget(&before);
-  layout->addWidget(&m_graph);
-  layout->addWidget(&after);
-  m_graph.set_readout_enabled(true);
-  window.show();
-  QApplication::setActiveWindow(&window);
-  after.setFocus();
-  process_all();
-  QTest::keyClick(window.windowHandle(), Qt::Key_Backtab, Qt::ShiftModifier);
-  EXPECT_TRUE(m_plot.focused_point());
-  QTest::keyClick(window.windowHandle(), Qt::Key_Tab);
-  EXPECT_TRUE(after.hasFocus());
-  EXPECT_FALSE(m_plot.focused_point());
-  for (QWidget* child : {static_cast<QWidget*>(&before), static_cast<QWidget*>(&m_graph),
-                         static_cast<QWidget*>(&after)})
-    child->setParent(nullptr);
-}
 
 }  // namespace
 }  // namespace kurv::test
