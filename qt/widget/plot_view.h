@@ -118,8 +118,8 @@ class PlotView final : public QWidget {
   void read_out_at_mouse();
   void show_read_out(const std::optional<FoundPoint>& point, const std::optional<DataPoint>& place);
   // What the finder says; nothing where it fails.
-  std::optional<FoundPoint> found(
-      const std::function<std::optional<FoundPoint>(PointFinder&)>& search);
+  template <class Search>
+  std::optional<FoundPoint> found(Search search);
   void show_point_tip();
   bool is_on_curves() const { return m_read_out.is_by_keyboard; }
   // Returns whether there is a point to go to.

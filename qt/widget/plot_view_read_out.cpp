@@ -3,6 +3,7 @@
 
 #include <QMouseEvent>
 #include <QToolTip>
+#include <new>
 #include <utility>
 
 #include "control/control_state.h"
@@ -44,6 +45,18 @@ QRect PlotView::ring() const {
 
 void PlotView::paint_ring(QPainter& painter) const {
   if (m_read_out.ring) ring_point(painter, *m_read_out.ring);
+}
+
+template <class Search>
+std::optional<FoundPoint> PlotView::found(Search search) {
+  try {
+    return search(m_read_out.finder);
+  } catch (const Fault&) {
+    // A redraw has reported it. No exception may reach the event loop.
+    return std::nullopt;
+  } catch (const std::bad_alloc&) {
+    return std::nullopt;
+  }
 }
 
 // -- Mouse ----------------------------------------------------------------------------------------
@@ -104,16 +117,6 @@ void PlotView::read_out_at_mouse() {
     return is_on_item ? std::nullopt : finder.nearest(state(), at, kReach * scale());
   });
   show_read_out(point, data_at(state(), at));
-}
-
-std::optional<FoundPoint> PlotView::found(
-    const std::function<std::optional<FoundPoint>(PointFinder&)>& search) {
-  try {
-    return search(m_read_out.finder);
-  } catch (const Fault&) {
-    // A redraw has reported it. No exception may reach the event loop.
-    return std::nullopt;
-  }
 }
 
 // -- What is shown --------------------------------------------------------------------------------

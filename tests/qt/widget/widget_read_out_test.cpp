@@ -1,7 +1,43 @@
 // What the widget says about the point under the mouse.
 #include <gmock/gmock.h>
 
+#include <cstdlib>
+#include <new>
+
 #include "tests/qt/widget/read_out_test.h"
+
+namespace {
+
+// While it is set there is no memory for an array of the points.
+bool fails_large = false;
+constexpr std::size_t kLarge = 100'000;
+
+void* allocated(std::size_t size) {
+  if (fails_large && size >= kLarge) throw std::bad_alloc();
+  if (void* const memory = std::malloc(size > 0 ? size : 1)) return memory;
+  throw std::bad_alloc();
+}
+
+}  // namespace
+
+void* operator new(std::size_t size) {
+  return allocated(size);
+}
+void* operator new[](std::size_t size) {
+  return allocated(size);
+}
+void operator delete(void* memory) noexcept {
+  std::free(memory);
+}
+void operator delete[](void* memory) noexcept {
+  std::free(memory);
+}
+void operator delete(void* memory, std::size_t) noexcept {
+  std::free(memory);
+}
+void operator delete[](void* memory, std::size_t) noexcept {
+  std::free(memory);
+}
 
 namespace kurv::test {
 namespace {
@@ -162,6 +198,23 @@ TEST_F(WidgetReadOut, SurvivesASlotThatDeletesTheWidget) {
   EXPECT_FALSE(alive);
 }
 
+TEST_F(WidgetReadOut, FindsNoPointWithoutMemoryForTheSearch) {
+  constexpr int kPoints = 32767;
+  std::vector<double> x(kPoints), y(kPoints);
+  for (std::size_t i = 0; i < x.size(); ++i) {
+    x[i] = static_cast<double>(i);
+    y[i] = 4;
+  }
+  m_graph.plot({.title = "t", .x = x, .y = {{"c", y}}});
+  m_graph.set_readout_enabled(true);
+  const QPointF place = at(x[100], 4);
+  fails_large = true;
+  point(place);
+  fails_large = false;
+  EXPECT_FALSE(m_read_outs.back().nearest);
+  point(place + QPointF(1, 0));
+  EXPECT_TRUE(m_read_outs.back().nearest) << "there is memory again";
+}
 
 }  // namespace
 }  // namespace kurv::test
