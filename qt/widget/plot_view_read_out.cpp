@@ -99,11 +99,13 @@ void PlotView::read_out_again() {
   if (!is_on_curves()) return read_out_at_mouse();
   const std::optional<FoundPoint> point =
       found([this](PointFinder& finder) { return finder.renewed(state(), *m_read_out.point); });
-  if (point) {
-    show_read_out(point, std::nullopt);
-  } else {
-    leave_curves();
-  }
+  if (!point) return leave_curves();
+  const QRect ring_before = ring();
+  const ReadOut said_before = m_read_out.shown;
+  show_read_out(point, std::nullopt);
+  const bool has_changed = m_read_out.shown != said_before;
+  if (QToolTip::isVisible() && (has_changed || ring() != ring_before)) show_point_tip();
+  if (has_changed) notify_focus(*this);
 }
 
 void PlotView::read_out_at_mouse() {
@@ -145,9 +147,12 @@ void PlotView::show_point_tip() {
   if (!m_read_out.shown.nearest) return;
   const QRect around = ring();
   // Beside the ring, also where the keyboard is the pointer.
-  QToolTip::showText(mapToGlobal(around.bottomRight()),
-                     tip_text(*m_read_out.shown.nearest, m_read_out.shown), this,
-                     is_on_curves() ? QRect() : around);
+  const QPoint at = mapToGlobal(around.bottomRight());
+  const QString text = tip_text(*m_read_out.shown.nearest, m_read_out.shown);
+  if (!is_on_curves()) return QToolTip::showText(at, text, this, around);
+  // Without a rectangle the toolkit moves a tip only where its text changes.
+  if (QToolTip::isVisible()) QToolTip::showText(at, QStringLiteral(" "), this);
+  QToolTip::showText(at, text, this);
 }
 
 // -- Keyboard -------------------------------------------------------------------------------------

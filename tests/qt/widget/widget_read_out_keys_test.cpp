@@ -10,6 +10,14 @@
 namespace kurv::test {
 namespace {
 
+// Where the toolkit shows it; null without one.
+QPoint tip_position() {
+  for (const QWidget* window : QApplication::topLevelWidgets()) {
+    if (window->inherits("QTipLabel")) return window->pos();
+  }
+  return {};
+}
+
 TEST_F(WidgetReadOut, GoesFromPointToPointByTheKeyboard) {
   m_graph.set_readout_enabled(true);
   go_to_curves();
@@ -48,6 +56,31 @@ TEST_F(WidgetReadOut, IsLeftByTabAndByTheMouse) {
   point(at(3, 5));
   EXPECT_FALSE(m_plot.focused_point());
   EXPECT_EQ(said(), "b 3: 3.00 5.0");
+}
+
+TEST_F(WidgetReadOut, SaysAgainWhereTheKeyboardIsWhenTheGraphHasChanged) {
+  m_graph.set_readout_enabled(true);
+  go_to_curves();
+  key(Qt::Key_Right);
+  EXPECT_TRUE(QToolTip::text().contains("y: 4.0"));
+  m_graph.plot({.title = "t", .x = {1, 2, 3}, .y = {{"a", {1, 3.5, 2}}, {"b", {3, 1, 5}}}});
+  process_all();
+  EXPECT_EQ(said(), "a 2: 2.00 3.5");
+  EXPECT_TRUE(QToolTip::text().contains("y: 3.5")) << QToolTip::text().toStdString();
+}
+
+TEST_F(WidgetReadOut, TheTipOfTheKeyboardMovesWithThePoint) {
+  m_graph.set_readout_enabled(true);
+  go_to_curves();
+  key(Qt::Key_Right);
+  ASSERT_TRUE(QToolTip::isVisible());
+  const QPoint tip = tip_position(), ring = m_plot.ring().topLeft();
+  m_graph.set_ymax(8);
+  m_graph.build_the_graph();
+  process_all();
+  const QPoint moved = m_plot.ring().topLeft() - ring;
+  EXPECT_GT(moved.y(), 20);
+  EXPECT_EQ(tip_position() - tip, moved);
 }
 
 TEST_F(WidgetReadOut, LeavesAPointThatIsGone) {
