@@ -63,7 +63,6 @@ std::optional<HitTarget> PlotView::target_under(QPointF at) const {
 }
 
 Clicked PlotView::clicked_at(QPoint on_screen) const {
-  constexpr double kReach = 8;  // logical pixels
   const SurfacePoint at = twips(mapFromGlobal(on_screen));
   return {curve_at(state(), at, kReach * scale()), hit_test(state(), at)};
 }

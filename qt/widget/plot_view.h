@@ -33,7 +33,7 @@ class PlotView final : public QWidget {
 
   // While the surrounding widget shows the hourglass, the plot sets no cursor of its own.
   void set_busy(bool busy);
-  // The pointer of a gesture that others follow; nothing after it.
+  // The cursor while another object handles a drag; nullopt ends it.
   void set_gesture_cursor(std::optional<Qt::CursorShape> shape);
   // The mouse has done this, which was for another object.
   void note_mouse(const QMouseEvent& event);

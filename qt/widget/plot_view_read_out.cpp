@@ -13,13 +13,6 @@
 
 namespace kurv {
 
-namespace {
-
-// How near the pointer has to be to a point, in logical pixels.
-constexpr double kReach = 8;
-
-}  // namespace
-
 void PlotView::set_readout_enabled(bool on) {
   if (!on) {
     leave_curves();

@@ -10,6 +10,9 @@
 
 namespace kurv {
 
+// How near the pointer has to be to a point or a curve, in logical pixels.
+inline constexpr double kReach = 8;
+
 struct PlotReadOut {
   bool is_on = false;
   PointFinder finder = {};
