@@ -15,8 +15,10 @@ namespace {
 
 struct MenuEntry {
   const char* name;
-  const char* text;  // null: a separator
-  void (*command)(Control&);
+  const char* text;            // null: a separator
+  void (*command)(Control&);   // null: the word is the command
+  const char* word = nullptr;  // for ChartOptions()
+  bool needs_free_curve = false;
 };
 
 template <PromptedSetting setting>
@@ -27,34 +29,6 @@ void prompt_for(Control& control) {
 template <Region region>
 void open_editor_of(Control& control) {
   open_editor(control.state(), region);
-}
-
-void copy(Control& control) {
-  control.ChartOptions("copy");
-}
-
-void save_as(Control& control) {
-  control.ChartOptions("saveas");
-}
-
-void print(Control& control) {
-  control.ChartOptions("print");
-}
-
-void properties(Control& control) {
-  control.ChartOptions("setup");
-}
-
-void curves(Control& control) {
-  control.ChartOptions("curves");
-}
-
-void titles(Control& control) {
-  control.ChartOptions("titles");
-}
-
-void table(Control& control) {
-  control.ChartOptions("table");
 }
 
 void add_function(Control& control) {
@@ -80,11 +54,11 @@ void show_whole_graph(Control& control) {
 constexpr MenuEntry kSeparator{nullptr, nullptr, nullptr};
 // No mnemonic is used twice.
 constexpr MenuEntry kMenuEntries[] = {
-    {"mnuCurves", "&Curves and Functions…", curves},
-    {"mnuTitles", "Titles and F&onts…", titles},
+    {"mnuCurves", "&Curves and Functions…", nullptr, "curves"},
+    {"mnuTitles", "Titles and F&onts…", nullptr, "titles"},
     {"mnuAxes", "Ax&es…", open_editor_of<Region::kXLabels>},
     {"mnuLines", "Li&nes and Markers…", open_editor_of<Region::kFrame>},
-    {"mnuTable", "&Table…", table},
+    {"mnuTable", "&Table…", nullptr, "table"},
     kSeparator,
     {"mnuMarkerSize", "&Marker Size…", prompt_for<PromptedSetting::kMarkerSize>},
     kSeparator,
@@ -99,7 +73,7 @@ constexpr MenuEntry kMenuEntries[] = {
     {"mnuSubTitleFont", "&Subtitle Font…", prompt_for<PromptedSetting::kSubtitleFont>},
     kSeparator,
     {"mnuAddFunction", "Add &Function…", add_function},
-    {"mnuAddDerivedCurve", "Add &Derived Curve…", add_derived_curve},
+    {"mnuAddDerivedCurve", "Add &Derived Curve…", add_derived_curve, nullptr, true},
 };
 
 // No letter is left for the mnemonic of redo.
@@ -111,22 +85,22 @@ constexpr MenuEntry kShowAll{"mnuShowAll", "Sho&w All", show_whole_graph};
 // With these, no mnemonic is used twice either, nor with "Copy", "Export" and "Print" of a host.
 
 constexpr MenuEntry kRedoWithMnemonic{"mnuRedo", "Re&do", redo_next};
-constexpr MenuEntry kTitles{"mnuTitles", "T&itles and Fonts…", titles};
+constexpr MenuEntry kTitles{"mnuTitles", "T&itles and Fonts…", nullptr, "titles"};
 constexpr MenuEntry kAxes{"mnuAxes", "Axe&s…", open_editor_of<Region::kXLabels>};
 constexpr MenuEntry kLines{"mnuLines", "&Lines and Markers…", open_editor_of<Region::kFrame>};
 constexpr MenuEntry kXAxisTitle{"mnuXAxisTitle", "&X Axis Title…",
                                 prompt_for<PromptedSetting::kXAxisTitle>};
-constexpr MenuEntry kCurves{"mnuCurves", "Curves and &Functions…", curves};
+constexpr MenuEntry kCurves{"mnuCurves", "Curves and &Functions…", nullptr, "curves"};
 
 constexpr MenuEntry kPictureEntries[] = {
-    {"mnuCopy", "&Copy Picture", copy},
-    {"mnuSaveAs", "Sa&ve As…", save_as},
-    {"mnuPrint", "&Print…", print},
+    {"mnuCopy", "&Copy Picture", nullptr, "copy"},
+    {"mnuSaveAs", "Sa&ve As…", nullptr, "saveas"},
+    {"mnuPrint", "&Print…", nullptr, "print"},
 };
 constexpr MenuEntry kWindowEntries[] = {
-    {"mnuProperties", "Pr&operties…", properties},
+    {"mnuProperties", "Pr&operties…", nullptr, "setup"},
     kCurves,
-    {"mnuTable", "Data Ta&ble…", table},
+    {"mnuTable", "Data Ta&ble…", nullptr, "table"},
 };
 constexpr MenuEntry kFontEntries[] = {
     {"mnuAxisFont", "&Axis Font…", prompt_for<PromptedSetting::kAxisFont>},
@@ -143,7 +117,7 @@ constexpr MenuEntry kMarkerSize{"mnuMarkerSize", "Marker Si&ze…",
                                 prompt_for<PromptedSetting::kMarkerSize>};
 constexpr MenuEntry kAddEntries[] = {
     {"mnuAddFunction", "&Add Function…", add_function},
-    {"mnuAddDerivedCurve", "Add De&rived Curve…", add_derived_curve},
+    {"mnuAddDerivedCurve", "Add De&rived Curve…", add_derived_curve, nullptr, true},
 };
 
 // Where the target is edited.
@@ -193,10 +167,12 @@ class MenuFiller {
       : m_menu(menu), m_owner(owner), m_graph(graph), m_run(run) {}
 
   QAction* add(const MenuEntry& entry) const {
-    QAction* const action = add_action(m_menu, entry.name, QString::fromUtf8(entry.text), m_owner,
-                                       m_run, entry.command);
-    const bool can_derive = m_graph.state().document.NumY < kMaxCurves;
-    action->setEnabled(can_derive || entry.command != add_derived_curve);
+    PlotCommand command = entry.command;
+    if (entry.word) command = [word = entry.word](Control& graph) { graph.ChartOptions(word); };
+    QAction* const action =
+        add_action(m_menu, entry.name, QString::fromUtf8(entry.text), m_owner, m_run, command);
+    const bool has_free_curve = m_graph.state().document.NumY < kMaxCurves;
+    action->setEnabled(has_free_curve || !entry.needs_free_curve);
     return action;
   }
   void add_all(std::span<const MenuEntry> entries) const {
