@@ -18,12 +18,9 @@ bool has_name_of_x(const GraphDocument& document) {
   return document.yVarName.lower() <= 1 && document.yVarName.upper() >= 1;
 }
 
-// One hit target, which has no QObject.
-class TargetAccessible final : public QAccessibleInterface, public QAccessibleActionInterface {
+// A part of the plot, which has neither a QObject nor children.
+class PartAccessible : public QAccessibleInterface {
  public:
-  TargetAccessible(PlotView& view, const HitTarget& target) : m_view(&view), m_target(target) {}
-
-  bool isValid() const override { return m_view && is_shown(m_view->state(), m_target); }
   QObject* object() const override { return nullptr; }
   QWindow* window() const override { return m_view ? m_view->window()->windowHandle() : nullptr; }
   QAccessibleInterface* parent() const override {
@@ -33,9 +30,23 @@ class TargetAccessible final : public QAccessibleInterface, public QAccessibleAc
   QAccessibleInterface* childAt(int, int) const override { return nullptr; }
   int childCount() const override { return 0; }
   int indexOfChild(const QAccessibleInterface*) const override { return -1; }
+  void setText(QAccessible::Text, const QString&) override {}
+
+ protected:
+  explicit PartAccessible(PlotView& view) : m_view(&view) {}
+
+  QPointer<PlotView> m_view;
+};
+
+// One hit target.
+class TargetAccessible final : public PartAccessible, public QAccessibleActionInterface {
+ public:
+  TargetAccessible(PlotView& view, const HitTarget& target)
+      : PartAccessible(view), m_target(target) {}
+
+  bool isValid() const override { return m_view && is_shown(m_view->state(), m_target); }
 
   QString text(QAccessible::Text kind) const override;
-  void setText(QAccessible::Text, const QString&) override {}
   QRect rect() const override;
   QAccessible::Role role() const override {
     return std::holds_alternative<Item>(m_target) ? QAccessible::StaticText : QAccessible::Graphic;
@@ -51,7 +62,6 @@ class TargetAccessible final : public QAccessibleInterface, public QAccessibleAc
   QStringList keyBindingsForAction(const QString&) const override { return {}; }
 
  private:
-  QPointer<PlotView> m_view;
   HitTarget m_target;
 };
 
@@ -95,25 +105,15 @@ void TargetAccessible::doAction(const QString& name) {
 
 // The point that the keyboard is at. Each point has an interface of its own, because a screen
 // reader speaks what gets the focus, and not what becomes of it.
-class PointAccessible final : public QAccessibleInterface {
+class PointAccessible final : public PartAccessible {
  public:
-  PointAccessible(PlotView& view, const ReadOut& point) : m_view(&view), m_point(point) {}
+  PointAccessible(PlotView& view, const ReadOut& point) : PartAccessible(view), m_point(point) {}
 
   bool isValid() const override { return m_view && m_view->focused_point() == m_point; }
-  QObject* object() const override { return nullptr; }
-  QWindow* window() const override { return m_view ? m_view->window()->windowHandle() : nullptr; }
-  QAccessibleInterface* parent() const override {
-    return QAccessible::queryAccessibleInterface(m_view);
-  }
-  QAccessibleInterface* child(int) const override { return nullptr; }
-  QAccessibleInterface* childAt(int, int) const override { return nullptr; }
-  int childCount() const override { return 0; }
-  int indexOfChild(const QAccessibleInterface*) const override { return -1; }
 
   QString text(QAccessible::Text kind) const override {
     return kind == QAccessible::Name ? spoken_text(m_point) : QString();
   }
-  void setText(QAccessible::Text, const QString&) override {}
   QRect rect() const override {
     if (!isValid()) return {};
     return {m_view->mapToGlobal(m_view->ring().topLeft()), m_view->ring().size()};
@@ -129,7 +129,6 @@ class PointAccessible final : public QAccessibleInterface {
   const ReadOut& point() const { return m_point; }
 
  private:
-  QPointer<PlotView> m_view;
   ReadOut m_point;
 };
 
