@@ -115,7 +115,7 @@ class KURV_EXPORT KurvGraph : public QWidget {
   /// Limits that are computed from data at round numbers, with labels that show them exactly; see
   /// Control::set_round_limits(). Off by default.
   bool round_limits() const;
-  /// Turns round limits on or off.
+  /// Turns round limits on or off. Does not redraw.
   void set_round_limits(bool on);
   /// What the x values count that are loaded next.
   void set_x_unit(AxisUnit unit);
@@ -191,7 +191,7 @@ class KURV_EXPORT KurvGraph : public QWidget {
   /// The path last loaded or written, empty before the first, as the bytes of the file system,
   /// which need not be UTF-8.
   String FileName() const;
-  /// Does what file_load() does, for a path as FileName() returns it.
+  /// The same as file_load(), for a path as FileName() returns it.
   void load_path(const String& path);
   /// Writes the graph to the path, which becomes FileName(). Writes also where GraphSaved() is
   /// True, because a property that was set and not drawn does not change that. Throws as
@@ -203,9 +203,8 @@ class KURV_EXPORT KurvGraph : public QWidget {
   void reset_file();
   /// Whether data have been loaded that can be plotted. Without them nothing is drawn.
   bool has_graph() const;
-  /// Data of a graph file or of scatter_graph2() that were refused are kept, and the table window
-  /// can repair them. Draws them if they can be plotted by now, with limits from the data;
-  /// otherwise does nothing.
+  /// Refused data of a graph file or of scatter_graph2() are kept, for the table window to repair.
+  /// Draws them if they can be plotted by now, with limits from the data; else does nothing.
   void show_mended_data();
   /// The expressions of the function curves, in the order of their slots.
   std::vector<QString> functions() const;
@@ -234,10 +233,11 @@ class KURV_EXPORT KurvGraph : public QWidget {
   /// The same as a PDF document of one page.
   QByteArray pdf() const;
   /// The graph in a picture of another size: as image() would be in a window with a plot of this
-  /// size, on a screen of this resolution. A resolution of 96 dots per inch has one pixel for each
-  /// logical pixel of the window. Made from copies, like svg(). Title, subtitle and legend that the
-  /// user or a file has placed keep their places in proportion. A null image where there is not
-  /// enough memory, or there would be more pixels than a PixelPicture has.
+  /// size, on a screen of this resolution. At 96 dots per inch there is one pixel for each logical
+  /// pixel of the window. Made from copies, like svg(). Title, subtitle and legend that the user or
+  /// a file has placed keep their places in proportion. A null image where there is not enough
+  /// memory, for more pixels than a PixelPicture has, for none, and for a resolution that is not a
+  /// finite number above 0, or so low that the window would be too large.
   QImage picture(QSize pixels, double dots_per_inch) const;
   /// The same as a document of lines and text, of this size in logical pixels.
   QByteArray document(VectorFormat format, QSize logical_size) const;
@@ -289,32 +289,30 @@ class KURV_EXPORT KurvGraph : public QWidget {
   /// The changes by the user, to be undone and done again: for the Edit menu or a QUndoGroup of the
   /// host. The first call turns them on, see Control::set_undo_enabled(). While they are on, the
   /// context menu has them too, and so do Ctrl+Z, Ctrl+Y and Ctrl+Shift+Z. The stack belongs to the
-  /// widget; it is clean where the graph is as it was last loaded or saved. Clearing it forgets all
-  /// steps. A host must not push commands of its own.
+  /// widget. It is clean where its steps lead to the graph as it was last loaded or saved; points
+  /// and properties that the host sets do not count. Clearing it forgets all steps. A host must not
+  /// push commands of its own. The stack's signals come while the graph changes or ends: a slot of
+  /// them must not delete the widget, unless it is queued.
   QUndoStack* undo_stack();
   /// Runs a change of the host's own as one step of this name. Does the same without undo, too.
   void make_step(const QString& name, const std::function<void()>& work);
 
-  /// For hosts that bind late. A listener is called after the signal of the same name, as long as
-  /// the widget exists. It may delete the widget; a Fault that it throws is reported by
-  /// runTimeError().
+  /// For hosts that bind late. A listener is called after the signal of the same name while the
+  /// widget exists, and may delete it; a Fault that it throws is reported by runTimeError().
   void add_listener(EventListener listener);
 
   /// Whether the context menu begins with what was clicked. Off by default.
   bool extended_menu() const;
   /// With this on, the context menu has at its top what can be done to the curve, the axis, the
-  /// title or the legend under the pointer: a curve is renamed and hidden. Copying, saving and
-  /// printing follow, then the windows, with fonts and margins in menus of their own. Actions that
-  /// the host has added to the widget, see QWidget::addAction(), take the places of copying, saving
-  /// and printing.
+  /// title or the legend that was clicked: a curve is renamed and hidden. Copying, saving and
+  /// printing follow, or the host's own actions, see QWidget::addAction(); then the windows, with
+  /// fonts and margins in menus of their own.
   void set_extended_menu(bool on);
 
-  /// The file that the save dialog proposes for a graph that has none, as the bytes of the file
-  /// system. Empty for none, which is the default.
+  /// The file that the save dialog proposes for a graph without one, as the file system's bytes.
   void set_proposed_file(const String& path);
 
-  /// For a form editor: in design mode the graph redraws at every resize, and showing the widget
-  /// does not draw. Off by default.
+  /// For a form editor: redraws at every resize, and not when it is shown. Off by default.
   bool design_mode() const;
   /// Switches the design mode on or off.
   void set_design_mode(bool on);
@@ -338,7 +336,7 @@ class KURV_EXPORT KurvGraph : public QWidget {
   /// slot may read the graph but must not change it, unless it is connected with
   /// Qt::QueuedConnection.
   void filed();
-  /// The picture is printed: a printer has taken it, or it is in this PDF file. Emitted after the
+  /// The picture is printed: into this PDF file, or by a printer, without a file. Emitted after the
   /// event in which that has happened, and not where the user cancels the print.
   void printed(const QString& file);
   /// Emitted once after each event in which the graph may have changed, drawn or not.

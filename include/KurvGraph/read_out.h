@@ -15,8 +15,8 @@ struct CurvePoint {
   bool is_function = false;  ///< a function curve
   int curve = 0;             ///< the curve, counted from 1; function curves are counted apart
   int point = 0;             ///< in the order of the host, counted from 1; 0 on a function curve
-  double x = 0;              ///< its values
-  double y = 0;              ///< its values
+  double x = 0;              ///< its x
+  double y = 0;              ///< its y
 
   /// Whether all members are equal.
   friend bool operator==(const CurvePoint&, const CurvePoint&) = default;
