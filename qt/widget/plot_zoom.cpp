@@ -164,6 +164,7 @@ void PlotZoom::zoom(double x_notches, double y_notches, QPointF at) {
 
 bool PlotZoom::take_key(const QKeyEvent& event) {
   if (m_drag && event.key() == Qt::Key_Escape) {
+    m_ignored_buttons |= m_drag->button;
     end_drag();
     return true;
   }

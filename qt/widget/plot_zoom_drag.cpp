@@ -112,6 +112,7 @@ void PlotZoom::begin_drag() {
 
 void PlotZoom::end_drag_of_other_data() {
   if (!m_drag || m_drag->press || m_drag->generation == state().history.generation()) return;
+  m_ignored_buttons |= m_drag->button;
   end_drag();
 }
 

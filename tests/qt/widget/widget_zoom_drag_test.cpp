@@ -6,6 +6,8 @@
 namespace kurv::test {
 namespace {
 
+using testing::ElementsAre;
+
 constexpr QPoint kEnd = kPlain + QPoint(80, 40);
 
 class ZoomDrag : public WidgetZoom {
@@ -114,6 +116,7 @@ TEST_F(ZoomDrag, OtherDataEndARectangle) {
   release(Qt::LeftButton, Qt::ControlModifier);
   EXPECT_EQ(outline(), nullptr);
   EXPECT_EQ(limits(), m_before);
+  EXPECT_THAT(m_mouse_ups, ElementsAre());
 }
 
 TEST_F(ZoomDrag, OtherDataBeforeItBeginsArePanned) {

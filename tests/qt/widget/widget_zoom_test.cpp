@@ -190,6 +190,7 @@ TEST_F(WidgetZoom, EscapeAndSmallRectanglesZoomNothing) {
   drag(Qt::LeftButton, {150, 100}, {350, 102}, Qt::ControlModifier);
   drag(Qt::LeftButton, {150, 100}, {151, 250}, Qt::ControlModifier);
   process_all();
+  EXPECT_THAT(m_mouse_ups, ElementsAre());
   EXPECT_EQ(limits(), m_before);
   EXPECT_EQ(m_stack->count(), 0);
 }
