@@ -107,8 +107,8 @@ void redraw(const GraphSource& source, AnyGraph& graph) {
 void add_curves(const GraphChoice& choice, Control& graph);
 void add_curves(const GraphChoice& choice, KurvGraph& graph);
 
-// Round limits of a table are fitted to the number of ticks that was chosen; limits that were chosen
-// too come after that, and a graph file has limits of its own.
+// Round limits of a table are fitted to the number of ticks that was chosen; limits that were
+// chosen too come after that, and a graph file has limits of its own.
 template <class AnyGraph>
 void fit_to_ticks(const GraphChoice& choice, const GraphSource& source, AnyGraph& graph) {
   if (!source.data || !graph.round_limits()) return;

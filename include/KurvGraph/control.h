@@ -186,12 +186,12 @@ class KURV_EXPORT Control {
   /// Whether "refresh" puts title, subtitle and legend where they fit, instead of in their home
   /// places. Off by default. The legend goes where it hides the fewest points and lines, or to the
   /// right of the plot where it would hide more than a tenth of the points; then the right margin
-  /// grows, and names that would take half of the width are cut. Names that have no room are counted
-  /// in its last row. A subtitle that has no room beside the title goes below it, and the top margin
-  /// grows; a title that is too long has a smaller font, but not below 9 points. Tick labels that
-  /// are wider than the left margin make it grow, to a third of the width at most. What was changed
-  /// returns with the next "refresh" that does not need it, and when this is turned off. Does not
-  /// redraw.
+  /// grows, and names that would take half of the width are cut. Names that have no room are
+  /// counted in its last row. A subtitle that has no room beside the title goes below it, and the
+  /// top margin grows; a title that is too long has a smaller font, but not below 9 points. Tick
+  /// labels that are wider than the left margin make it grow, to a third of the width at most. What
+  /// was changed returns with the next "refresh" that does not need it, and when this is turned
+  /// off. Does not redraw.
   bool fitted_items() const;
   /// Turns them on or off.
   void set_fitted_items(bool on);
