@@ -135,7 +135,7 @@ void MainMenu::make_graph_menu() {
       "Change axes, limits, grids, lines and markers", command("setup"));
   graph->addSeparator();
   add(graph, "mnuRefresh", "&Refresh", QKeySequence("F5"), Needs::kGraph,
-      "Move the titles and the legend back to their places, and redraw", command("refresh"));
+      "Put the titles and the legend where they fit, and redraw", command("refresh"));
   m_show_all =
       add(graph, "mnuShowAll", "Show &All", QKeySequence("Ctrl+0"), Needs::kNothing,
           "Take back all zooming and moving: show the limits of before", m_commands.show_all);

@@ -86,7 +86,7 @@ QString getting_started() {
          "\u2022 Right-click the graph for settings, formulas and functions.\n"
          "\u2022 Graph > Curves and Functions hides, renames and adds curves.\n"
          "\u2022 Edit > Data Table shows the numbers and lets you edit them.\n"
-         "\u2022 Graph > Refresh moves the titles and the legend back to their places.\n\n"
+         "\u2022 Graph > Refresh puts the titles and the legend where they fit.\n\n"
          "File > Save keeps everything in a graph file; File > Export Picture saves a picture of "
          "it.";
 }
