@@ -3,6 +3,7 @@
 #include <KurvGraph/KurvGraph.h>
 #include <KurvGraph/file_fault.h>
 #include <KurvGraph/replace_file.h>
+#include <KurvGraph/wheel_guard.h>
 
 #include <QApplication>
 #include <QBuffer>
@@ -37,6 +38,7 @@ bool is_accepted(QPrinter& printer) {
   const QPointer<QPrintDialog> dialog = new QPrintDialog(&printer, dialog_parent(g_printing_for));
   // There is one page, and nothing that could be selected on it.
   dialog->setOptions(QAbstractPrintDialog::PrintToFile | QAbstractPrintDialog::PrintShowPageSize);
+  guard_wheel(*dialog);
   const bool accepted = dialog->exec() == QDialog::Accepted;
   // The window may have been destroyed meanwhile, and its dialog with it; that is no answer.
   const bool answered = accepted && dialog;

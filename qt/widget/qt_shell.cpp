@@ -1,6 +1,7 @@
 #include "qt/widget/qt_shell.h"
 
 #include <KurvGraph/screen_fit.h>
+#include <KurvGraph/wheel_guard.h>
 
 #include <QApplication>
 #include <QClipboard>
@@ -37,8 +38,9 @@ class Modal {
   // What exec() returned, or `gone`.
   int answer(int gone) {
     // The dialog exists now; it may be destroyed when its event loop ends.
-    // cppcheck-suppress nullPointerRedundantCheck
-    const int result = m_dialog->exec();
+    Dialog* const dialog = m_dialog.data();
+    guard_wheel(*dialog);
+    const int result = dialog->exec();
     return m_dialog ? result : gone;
   }
   bool accepted() { return answer(QDialog::Rejected) == QDialog::Accepted; }

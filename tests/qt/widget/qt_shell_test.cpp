@@ -19,6 +19,7 @@
 #include <QMessageBox>
 #include <QTemporaryDir>
 #include <QTimer>
+#include <QWheelEvent>
 #include <functional>
 
 #include "qt/widget/font_dialog.h"
@@ -134,6 +135,18 @@ TEST_F(QtShellTest, ANameWithoutExtensionGetsThatOfTheChosenFilter) {
   const FileChoice choice = m_shell.save_file(save_settings());
   EXPECT_EQ(choice.path, path("plain.gdf").toStdString());
   EXPECT_EQ(choice.filter, 1);
+}
+
+TEST_F(QtShellTest, TheWheelChangesNoKindOfFileInPassing) {
+  const Answering<QFileDialog> answering([](QFileDialog& dialog) {
+    auto* const kinds = dialog.findChild<QComboBox*>("fileTypeCombo");
+    QWheelEvent turn(QPointF(5, 5), kinds->mapToGlobal(QPointF(5, 5)), {}, {0, -120}, Qt::NoButton,
+                     Qt::NoModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(kinds, &turn);
+    EXPECT_EQ(kinds->currentIndex(), 0);
+    dialog.reject();
+  });
+  EXPECT_EQ(m_shell.save_file(save_settings()).path, "");
 }
 
 TEST_F(QtShellTest, AnExtensionThatIsTypedStays) {
